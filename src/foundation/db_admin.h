@@ -1,0 +1,48 @@
+#pragma once
+// Every read and write of every database: four operations over a connection, and the three text routines that
+// make a statement out of a template.
+#include <QVariant>
+#include <vector>
+
+#include "platform/sql/conexion.h"
+
+struct Puesto;
+
+class clsDBAdmin {
+ public:
+  enum class Espera {
+    Normal,  // 20 seconds
+    Venta    // 2 seconds, and a server that timed out is not asked again for 60
+  };
+
+  explicit clsDBAdmin(Puesto& puesto) : p_(puesto) {}
+  clsDBAdmin(const clsDBAdmin&) = delete;
+  clsDBAdmin& operator=(const clsDBAdmin&) = delete;
+
+  // Opens `cnn`. On failure false; with `flagMensaje` a box tells the engine's words.
+  bool AbrirBD(Conexion& cnn, const QString& cadena, bool flagMensaje = false, Espera espera = Espera::Normal);
+  // Closes; closing what is closed is nothing.
+  void CerrarBD(Conexion& cnn);
+  // Fills `rs` with all rows. On failure false, `rs` empty, and always a box with the engine's words and the
+  // statement.
+  [[nodiscard]] bool EjecutarConsulta(Conexion& cnn, const QString& sql, Recordset& rs);
+  // Runs a statement. On failure false; with `flagMensaje` a box as above, but none for a duplicate key.
+  bool EjecutarSentencia(Conexion& cnn, const QString& sql, bool flagMensaje = false);
+
+ private:
+  Puesto& p_;
+};
+
+// The statement made of `plantilla`: each "$" takes the next value's text, trimmed of blanks. A Null takes the
+// template's own wrapping away ("'$'", "CONVERT(DATETIME,'$')") and stands as a bare Null. Numbers come as TextoDe.
+// No quoting is added; the caller escapes texts with ReemplazarComilla. Too few values break the promise.
+QString FormatearSQL(const QString& plantilla, const std::vector<QVariant>& valores);
+
+// A text safe to stand between single quotes: each quote becomes ' + Chr(39) + '.
+QString ReemplazarComilla(const QString& cadena);
+
+// The value's text, blanks off both ends; "" for Null. Numbers as TextoDe, dates as "dd/mm/yyyy hh:mm:ss".
+QString LimpiarNulo(const QVariant& valor);
+
+// The value's number; 0 for Null and for a text without one.
+double Numero(const QVariant& valor);

@@ -1,0 +1,24 @@
+#pragma once
+// Routines that the screens share.
+#include <QChar>
+#include <QString>
+#include <initializer_list>
+
+struct Puesto;
+
+enum class ClaseTecla { Letras = 0, Decimal = 1, Mayusculas = 2, Minusculas = 3, Digitos = 4 };
+
+// What may be typed: each class in order looks at the character; one that is refused comes back as QChar(0), which
+// types nothing. Backspace (8) passes.
+QChar FiltrarTecla(QChar tecla, std::initializer_list<ClaseTecla> clases);
+
+// The same for names: the second blank in a row shows a box and becomes a backspace. `blancos` counts the blanks in
+// a row and belongs to the session.
+QChar FiltrarTeclaNombre(Puesto& p, QChar tecla, std::initializer_list<ClaseTecla> clases, int& blancos);
+
+// Whether the path exists; else, with `mensaje` on, shows `texto`.
+bool ExisteArchivo(Puesto& p, const QString& ruta, const QString& texto, bool mensaje);
+
+// Today is not earlier than the last operation and the last parallel operation in the store. True as well when the
+// central database or the store can't be asked.
+bool VerificarFechaSistema(Puesto& p);

@@ -1,0 +1,59 @@
+#pragma once
+// The values that live for one session, by the names every room uses. Texts are empty and numbers zero until set.
+#include <QDateTime>
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <vector>
+
+// One card payment of the sale under way: kind of card, its name, amount in soles.
+struct PagoTarjeta {
+  QString cod_tar, descrip;
+  double pago = 0;
+};
+
+struct Sesion {
+  // Connections
+  bool pbClienteConectado = false;  // poCnnCliente is open now
+  bool pbClienteCaido = false;      // the last attempt to reach the client database failed
+  bool bCentralCaida = false;       // the same of the central database, for the status line
+  QHash<QString, QDateTime> tiempoAgotado;  // connection string -> when it last timed out inside a sale
+  bool bAvisoCliente = false;       // the box about the client database was shown in this outage
+
+  // Paths and connection strings
+  QString psRutaBD, psArchivoCfg;
+  QString psUserName, psPassWord, psDataBase, psDataServer, psConexionCentral;
+  QString psServidorSQL, psUserSQL, psPwdUserSQL, psBaseDatosSQL, psConexionCliente;
+  QString psIdiomaSQL, psFORMATO_FECHA_SQL_SERVER_INS, psRutaBDCliente;
+
+  // Till, user and day
+  QString psCaja, psAlmacen;
+  QString psPorcServ;  // percentage as text: "10" is ten per cent
+  QString psTurno;     // blank while the desk is closed
+  QString psUsuario, psClaveUsuario, psPerfilUsuario;
+  double pnIGV = 0;         // a fraction: 0.18
+  double pnTipoCambio = 0;  // soles per dollar of the day; 0 while not known
+  QDateTime pdUltimaSincronizacion;
+  QString psIdZ1;
+  bool pbSincronizaMaestros = false, pbSincronizaCierre = false;
+
+  // Documents and series
+  QString psOpeB, psOpeF, psNC, psOC, psPADE, psPADV, psLIQ;
+  QString psSerieBoleta, psSerieFactura;
+  QString psDFlag;  // "S" lets the cashier type a discount
+
+  // Printing
+  QString kPAR_IMPRESORA, kPAR_IMPRESORA_ALTERNA;
+  int pnCortaPapel = 0, pnCortaPapelAlterna = 0;  // 0 driver, 1 raw port with cut
+  QString psSerieImpresora, psSerieImpresoraAlterna;
+  QString psPuertoPrint;
+  QStringList psCabeceraImpresion;
+  QString impresoraActual;  // device name that SeleccionarImpresora chose last
+  QString ultimoPapel;      // printer and correlative of the last paper, for the status line
+
+  // Points rule and card payments
+  int pnImpoMaxi = 0, pnPuntImpo = 0, pnPuntCant = 0;
+  bool pbVoucher = false;
+  std::vector<PagoTarjeta> poVoucher;
+  double poVoucherTotal = 0;
+};

@@ -1,0 +1,31 @@
+#pragma once
+// Ports and the system's printers.
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+struct ImpresoraSistema {
+  QString nombre;  // DeviceName
+  QString puerto;  // port text, such as "LPT1" or "COM1:"
+};
+
+class Puertos {
+ public:
+  virtual ~Puertos() = default;
+
+  // Copies the bytes of `archivo` to a port ("LPT1", "COM1:", a network printer's path). Gives the words of the
+  // failure, nothing when it went well. What reaches a port that is a file is on the disk when this returns.
+  virtual std::optional<QString> copiar(const QString& archivo, const QString& puerto) = 0;
+  // The same, started and not awaited: its failure is known to nobody.
+  virtual void enviarSinEsperar(const QString& archivo, const QString& puerto) = 0;
+
+  // The system's printers in its order; never empty. `impresoraPorDefecto` is the name of its default printer.
+  virtual QList<ImpresoraSistema> impresoras() = 0;
+  virtual QString impresoraPorDefecto() = 0;
+
+  // Prints lines through the driver of that printer and ends the document; each item may hold several lines, ended
+  // by CR LF or LF. Font by name and size in points. Gives the words of the failure, nothing when it went well.
+  virtual std::optional<QString> imprimir(const QString& impresora, const QString& letra, int tamano,
+                                          const QStringList& textos) = 0;
+};

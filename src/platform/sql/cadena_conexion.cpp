@@ -1,0 +1,33 @@
+#include "platform/sql/cadena_conexion.h"
+
+#include <QHash>
+
+CadenaConexion leerCadenaConexion(const QString& cadena) {
+  QHash<QString, QString> valores;
+  for (const QString& par : cadena.split(u';', Qt::SkipEmptyParts)) {
+    const auto igual = par.indexOf(u'=');
+    if (igual < 0) continue;
+    valores.insert(par.left(igual).trimmed().toLower(), par.mid(igual + 1).trimmed());
+  }
+
+  CadenaConexion c;
+  c.usuario = valores.value(QStringLiteral("user id"));
+  c.clave = valores.value(QStringLiteral("password"));
+  c.catalogo = valores.value(QStringLiteral("initial catalog"));
+  if (valores.value(QStringLiteral("driver")).contains(u"Microsoft Access")) {
+    c.tipo = TipoMotor::Local;
+    c.archivo = valores.value(QStringLiteral("dbq"));
+    return c;
+  }
+  const QString fuente = valores.value(QStringLiteral("data source"));
+  if (fuente.startsWith(u"sqlite:", Qt::CaseInsensitive)) {
+    c.tipo = TipoMotor::Embebido;
+    c.archivo = fuente.mid(7);
+  } else if (fuente.startsWith(u"postgres:", Qt::CaseInsensitive)) {
+    c.tipo = TipoMotor::Postgres;
+    c.servidor = fuente.mid(9);
+  } else {
+    c.servidor = fuente;
+  }
+  return c;
+}

@@ -1,0 +1,22 @@
+#pragma once
+// A connection as the session holds it: a value, closed until it is opened. Copying is not possible; closing and
+// opening again is. Every call on a closed connection fails with words of its own and changes nothing.
+#include "platform/sql/motor.h"
+
+class Conexion {
+ public:
+  // Opens; what was open before is closed first. On failure the connection stays closed and gives the error.
+  std::optional<ErrorBD> abrir(Motores& motores, const QString& cadena, int espera_ms);
+  void cerrar() { motor_.reset(); }
+  bool abierta() const { return motor_ != nullptr; }
+
+  std::optional<ErrorBD> consultar(const QString& sql, Recordset& rs);
+  std::optional<ErrorBD> ejecutar(const QString& sql, qint64* afectadas = nullptr);
+  std::optional<ErrorBD> iniciar();
+  std::optional<ErrorBD> confirmar();
+  std::optional<ErrorBD> deshacer();
+  QString traducir(const QString& sql);
+
+ private:
+  std::unique_ptr<Motor> motor_;
+};

@@ -1,0 +1,40 @@
+#pragma once
+// The engine under a connection. One Motor is one open connection; it closes when it is destroyed.
+#include <memory>
+#include <optional>
+
+#include "platform/sql/error_bd.h"
+#include "platform/sql/recordset.h"
+
+class Motor {
+ public:
+  virtual ~Motor() = default;
+
+  // Runs one statement in the connection's dialect. On failure gives the error; `rs` is then empty (consultar) and
+  // `afectadas` untouched. A statement that gives no rows leaves an empty recordset.
+  virtual std::optional<ErrorBD> consultar(const QString& sql, Recordset& rs) = 0;
+  virtual std::optional<ErrorBD> ejecutar(const QString& sql, qint64* afectadas) = 0;
+
+  virtual std::optional<ErrorBD> iniciar() = 0;
+  virtual std::optional<ErrorBD> confirmar() = 0;
+  virtual std::optional<ErrorBD> deshacer() = 0;
+
+  // The statement as it goes to the engine; the statement itself when it is passed on unchanged or can't be read.
+  virtual QString traducir(const QString& sql) = 0;
+};
+
+// Opens engines. Kept behind an interface so that a play or a test can put faults between the till and its data.
+class Motores {
+ public:
+  virtual ~Motores() = default;
+
+  // Opens `cadena` (the connection strings are told in cadena_conexion.h), waiting `espera_ms` at most for a server.
+  // Gives nothing and fills `error` on failure; `error.numero` is kErrorTiempo when the server did not answer in time.
+  // Never creates a database.
+  virtual std::unique_ptr<Motor> abrir(const QString& cadena, int espera_ms, ErrorBD& error) = 0;
+};
+
+constexpr qint64 kErrorTiempo = 0x80040E31;  // a time-out
+
+// The engines of the machine. `carpeta` is the program folder, where embedded servers ("sqlite:name") lie.
+std::unique_ptr<Motores> motoresDelSistema(const QString& carpeta);
