@@ -1,0 +1,68 @@
+#include "loyalty/cliente_bd.h"
+
+#include "foundation/puesto.h"
+#include "platform/text/numero.h"
+
+namespace {
+
+const QString kRegla = QStringLiteral("SELECT * FROM Regla_Punto");
+
+int entero(const QVariant& v) { return static_cast<int>(AEntero(Numero(v))); }
+
+bool tomarRegla(Sesion& ses, const Recordset& rs) {
+  if (rs.Eof()) return false;
+  ses.pnImpoMaxi = entero(rs[u"nImpoMaxi"]);
+  ses.pnPuntImpo = entero(rs[u"nPuntImpo"]);
+  ses.pnPuntCant = entero(rs[u"nPuntCant"]);
+  return true;
+}
+
+void copiarReglaAlPuesto(Puesto& p) {
+  p.poDBAdmin.EjecutarSentencia(
+      p.poCnnLocal,
+      FormatearSQL(QStringLiteral(" UPDATE Regla_Punto "
+                                  "    SET nImpoMaxi = $, "
+                                  "        nPuntImpo = $, "
+                                  "        nPuntCant = $"),
+                   {p.ses.pnImpoMaxi, p.ses.pnPuntImpo, p.ses.pnPuntCant}));
+}
+
+}  // namespace
+
+bool ConectarCliente(Puesto& p, bool mensaje, clsDBAdmin::Espera espera) {
+  const bool abrio = p.poDBAdmin.AbrirBD(p.poCnnCliente, p.ses.psConexionCliente, false, espera);
+  p.ses.pbClienteConectado = abrio;
+  p.ses.pbClienteCaido = !abrio;
+  if (abrio) {
+    p.ses.bAvisoCliente = false;
+  } else if (mensaje && !p.ses.bAvisoCliente) {
+    p.ses.bAvisoCliente = true;
+    p.mensajes.mostrar(
+        QStringLiteral("No se pudo conectar a la Base de Datos Cliente.\n"
+                       "Las Operaciones se guardaran temporalmente hasta que se restablesca la conexión."),
+        Mensajes::kTitulo, Icono::Aviso);
+  }
+  return abrio;
+}
+
+void DesconectarCliente(Puesto& p) {
+  p.poDBAdmin.CerrarBD(p.poCnnCliente);
+  p.ses.pbClienteConectado = false;
+}
+
+void LeerReglaPunto(Puesto& p) {
+  if (!p.ses.pbClienteCaido) ConectarCliente(p, true);
+  Recordset rs;
+  bool hay = false;
+  if (p.ses.pbClienteConectado) {
+    const bool leida = p.poDBAdmin.EjecutarConsulta(p.poCnnCliente, kRegla, rs);
+    DesconectarCliente(p);
+    if (!leida) return;
+    hay = tomarRegla(p.ses, rs);
+    if (hay) copiarReglaAlPuesto(p);
+  } else {
+    if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, kRegla, rs)) return;
+    hay = tomarRegla(p.ses, rs);
+  }
+  if (!hay) p.mensajes.mostrar(QStringLiteral("Reglas en relación a los puntos no han sido establecidos"));
+}

@@ -1,0 +1,19 @@
+#pragma once
+// The client database: its connection, which comes and goes with each task, and the points rule.
+#include "foundation/db_admin.h"
+
+struct Puesto;
+
+// Opens poCnnCliente anew and sets pbClienteConectado and pbClienteCaido as a pair. A caller inside a sale keeps the
+// short wait; the start-up passes Espera::Normal.
+//   Returns  false when the database can't be reached; the sale goes on without it.
+//   Shows    with `mensaje`, the box about the client database: once, until a later attempt has succeeded.
+bool ConectarCliente(Puesto& p, bool mensaje, clsDBAdmin::Espera espera = clsDBAdmin::Espera::Venta);
+
+// Closes poCnnCliente and clears pbClienteConectado. Nothing happens when it is closed.
+void DesconectarCliente(Puesto& p);
+
+// Loads the points rule into pnImpoMaxi, pnPuntImpo, pnPuntCant: from the client database, which also refreshes the
+// store's copy for the days on which it is away, otherwise from that copy. Leaves poCnnCliente closed. Without any
+// rule a box says so and the three values stay as they were.
+void LeerReglaPunto(Puesto& p);
