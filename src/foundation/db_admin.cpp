@@ -1,0 +1,124 @@
+#include "foundation/db_admin.h"
+
+#include "foundation/puesto.h"
+#include "platform/text/fecha.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+
+namespace {
+
+constexpr int kEsperaNormal_ms = 20'000;
+constexpr int kEsperaVenta_ms = 2'000;
+constexpr int kDescanso_s = 60;
+
+const QString kConvert = QStringLiteral("CONVERT(DATETIME,'");
+
+// A value as the statements carry it: trimmed text, numbers without a mask.
+QString textoDe(const QVariant& valor) {
+  switch (valor.typeId()) {
+    case QMetaType::Double:
+    case QMetaType::Float:
+      return TextoDe(valor.toDouble());
+    case QMetaType::QDateTime:
+      return FormatearFecha(valor.toDateTime(), u"dd/mm/yyyy hh:nn:ss");
+    case QMetaType::Bool:
+      return valor.toBool() ? QStringLiteral("1") : QStringLiteral("0");
+    default:
+      return Recortar(valor.toString());
+  }
+}
+
+}  // namespace
+
+bool clsDBAdmin::AbrirBD(Conexion& cnn, const QString& cadena, bool flagMensaje, Espera espera) {
+  auto& agotados = p_.ses.tiempoAgotado;
+  const bool venta = espera == Espera::Venta;
+  if (venta) {
+    const auto ultimo = agotados.constFind(cadena);
+    if (ultimo != agotados.constEnd()) {
+      const qint64 hace = ultimo->secsTo(p_.reloj.now());
+      if (hace >= 0 && hace < kDescanso_s) {
+        cnn.cerrar();
+        return false;
+      }
+      agotados.erase(ultimo);
+    }
+  }
+  const auto error = cnn.abrir(p_.motores, cadena, venta ? kEsperaVenta_ms : kEsperaNormal_ms);
+  if (cadena == p_.ses.psConexionCentral) p_.ses.bCentralCaida = error.has_value();
+  if (!error) {
+    agotados.remove(cadena);
+    return true;
+  }
+  if (venta && error->numero == kErrorTiempo) agotados.insert(cadena, p_.reloj.now());
+  if (flagMensaje) {
+    p_.mensajes.mostrar(QStringLiteral("No se pudo conectar a la BD de Logistica en SQL SERVER. \n") +
+                        error->descripcion);
+  }
+  return false;
+}
+
+void clsDBAdmin::CerrarBD(Conexion& cnn) { cnn.cerrar(); }
+
+bool clsDBAdmin::EjecutarConsulta(Conexion& cnn, const QString& sql, Recordset& rs) {
+  const auto error = cnn.consultar(sql, rs);
+  if (!error) return true;
+  p_.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + sql);
+  return false;
+}
+
+bool clsDBAdmin::EjecutarSentencia(Conexion& cnn, const QString& sql, bool flagMensaje) {
+  const auto error = cnn.ejecutar(sql);
+  if (!error) return true;
+  if (flagMensaje && !error->claveDuplicada()) {
+    p_.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + sql);
+  }
+  return false;
+}
+
+QString FormatearSQL(const QString& plantilla, const std::vector<QVariant>& valores) {
+  QString sale;
+  sale.reserve(plantilla.size() + 16 * static_cast<qsizetype>(valores.size()));
+  size_t n = 0;
+  for (qsizetype i = 0; i < plantilla.size(); ++i) {
+    if (plantilla[i] != u'$') {
+      sale += plantilla[i];
+      continue;
+    }
+    Q_ASSERT_X(n < valores.size(), "FormatearSQL", "fewer values than places");
+    const QVariant valor = n < valores.size() ? valores[n++] : QVariant();
+    if (!valor.isNull()) {
+      sale += textoDe(valor);
+      continue;
+    }
+    const QStringView antes = QStringView(plantilla).left(i);
+    const QStringView despues = QStringView(plantilla).mid(i + 1);
+    if (antes.endsWith(kConvert) && despues.startsWith(u"')")) {
+      sale.chop(kConvert.size());
+      i += 2;
+    } else if (antes.endsWith(u'\'') && despues.startsWith(u'\'')) {
+      sale.chop(1);
+      ++i;
+    }
+    sale += QStringLiteral("Null");
+  }
+  return sale;
+}
+
+QString ReemplazarComilla(const QString& cadena) {
+  QString sale = cadena;
+  return sale.replace(u'\'', QStringLiteral("' + Chr(39) + '"));
+}
+
+QString LimpiarNulo(const QVariant& valor) { return valor.isNull() ? QString() : textoDe(valor); }
+
+double Numero(const QVariant& valor) {
+  switch (valor.typeId()) {
+    case QMetaType::Double:
+    case QMetaType::LongLong:
+    case QMetaType::Int:
+      return valor.toDouble();
+    default:
+      return valor.isNull() ? 0 : Val(valor.toString());
+  }
+}

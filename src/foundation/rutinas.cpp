@@ -1,0 +1,75 @@
+#include "foundation/rutinas.h"
+
+#include <QFileInfo>
+
+#include "foundation/puesto.h"
+
+namespace {
+
+constexpr QChar kRetroceso(8);
+
+bool letraAscii(QChar c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z'); }
+bool digito(QChar c) { return c >= u'0' && c <= u'9'; }
+
+QChar filtrar(QChar tecla, ClaseTecla clase) {
+  if (clase == ClaseTecla::Mayusculas) return tecla.toUpper();
+  if (clase == ClaseTecla::Minusculas) return tecla.toLower();
+  if (tecla == kRetroceso) return tecla;
+  bool pasa = false;
+  switch (clase) {
+    case ClaseTecla::Letras:
+      pasa = letraAscii(tecla) || tecla == u'.' || QStringView(u"ÑñáéíóúÁÉÍÓÚ ").contains(tecla);
+      break;
+    case ClaseTecla::Decimal:
+      pasa = digito(tecla) || tecla == u'.' || tecla == u' ';
+      break;
+    default:
+      pasa = digito(tecla) || tecla == u' ';
+      break;
+  }
+  return pasa ? tecla : QChar();
+}
+
+}  // namespace
+
+QChar FiltrarTecla(QChar tecla, std::initializer_list<ClaseTecla> clases) {
+  for (ClaseTecla c : clases) tecla = filtrar(tecla, c);
+  return tecla;
+}
+
+QChar FiltrarTeclaNombre(Puesto& p, QChar tecla, std::initializer_list<ClaseTecla> clases, int& blancos) {
+  if (tecla != u' ') {
+    blancos = 0;
+  } else if (++blancos == 2) {
+    p.mensajes.mostrar(QStringLiteral("No esta permitido dos espacios en blanco"));
+    blancos = 0;
+    tecla = kRetroceso;
+  }
+  return FiltrarTecla(tecla, clases);
+}
+
+bool ExisteArchivo(Puesto& p, const QString& ruta, const QString& texto, bool mensaje) {
+  if (!ruta.isEmpty() && QFileInfo::exists(ruta)) return true;
+  if (mensaje) p.mensajes.mostrar(texto);
+  return false;
+}
+
+bool VerificarFechaSistema(Puesto& p) {
+  Conexion central;
+  if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, false, clsDBAdmin::Espera::Venta)) return true;
+  p.poDBAdmin.CerrarBD(central);
+
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(
+          p.poCnnLocal,
+          QStringLiteral("SELECT 1 as Orden,Max(dOperFech) AS FechaMaximaOperacion FROM Operacion UNION SELECT 2 as "
+                         "Orden,  Max(dOperFech) AS FechaMaximaOperacionPar From Operacionparalela ORDER BY orden"),
+          rs)) {
+    return true;
+  }
+  for (const auto& fila : rs) {
+    const QDate ultima = fila[u"FechaMaximaOperacion"].toDateTime().date();
+    if (ultima.isValid() && p.reloj.today() < ultima) return false;
+  }
+  return true;
+}
