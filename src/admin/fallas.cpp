@@ -1,0 +1,142 @@
+#include "admin/fallas.h"
+
+#include <csignal>
+#include <cstdlib>
+
+namespace {
+
+[[noreturn]] void morir() {
+#ifdef SIGKILL
+  std::raise(SIGKILL);
+#endif
+  std::abort();
+}
+
+QString nombrePuerto(QString puerto) {
+  puerto = puerto.trimmed().toUpper();
+  while (puerto.endsWith(u':')) puerto.chop(1);
+  return puerto;
+}
+
+bool esPragma(const QString& sql) { return sql.trimmed().startsWith(QStringLiteral("PRAGMA"), Qt::CaseInsensitive); }
+
+// One open connection.
+class MotorConFallas final : public Motor {
+ public:
+  MotorConFallas(std::unique_ptr<Motor> real, QString cadena, Fallas& fallas)
+      : real_(std::move(real)), cadena_(std::move(cadena)), fallas_(fallas) {}
+
+  std::optional<ErrorBD> consultar(const QString& sql, Recordset& rs) override {
+    if (esPragma(sql)) return real_->consultar(sql, rs);
+    return paso([&] { return real_->consultar(sql, rs); });
+  }
+  std::optional<ErrorBD> ejecutar(const QString& sql, qint64* afectadas) override {
+    if (esPragma(sql)) return real_->ejecutar(sql, afectadas);
+    return paso([&] { return real_->ejecutar(sql, afectadas); });
+  }
+  std::optional<ErrorBD> iniciar() override { return paso([&] { return real_->iniciar(); }); }
+  std::optional<ErrorBD> confirmar() override { return paso([&] { return real_->confirmar(); }); }
+  std::optional<ErrorBD> deshacer() override { return paso([&] { return real_->deshacer(); }); }
+  QString traducir(const QString& sql) override { return real_->traducir(sql); }
+
+ private:
+  template <typename Llamada>
+  std::optional<ErrorBD> paso(Llamada llamada) {
+    if (fallas_.apagado()) return ErrorBD{kErrorGeneral, 0, QStringLiteral("El programa se está cerrando.")};
+    const Fallas::Paso p(fallas_);
+    const bool falla = fallas_.tocaFallar();
+    if (fallas_.caido(cadena_)) {
+      return ErrorBD{kErrorGeneral, 0, QStringLiteral("Se perdió la conexión con el servidor.")};
+    }
+    if (falla) return ErrorBD{kErrorGeneral, 0, QStringLiteral("Falla pedida por el guion.")};
+    return llamada();
+  }
+
+  std::unique_ptr<Motor> real_;
+  const QString cadena_;
+  Fallas& fallas_;
+};
+
+}  // namespace
+
+void Fallas::caerPuerto(const QString& puerto, bool caido) {
+  if (caido) {
+    puertos_.insert(nombrePuerto(puerto));
+  } else {
+    puertos_.remove(nombrePuerto(puerto));
+  }
+}
+
+void Fallas::fallar(int n, Alcance alcance) {
+  fallaEn_ = n;
+  alcance_ = alcance;
+}
+
+void Fallas::matar(int n, Momento momento) {
+  mataEn_ = n;
+  momento_ = momento;
+}
+
+bool Fallas::caido(const QString& cadena) const {
+  return cadenaDe && ((central_ && cadena == cadenaDe(Servidor::Central)) ||
+                      (cliente_ && cadena == cadenaDe(Servidor::Cliente)));
+}
+
+bool Fallas::puertoCaido(const QString& puerto) const { return puertos_.contains(nombrePuerto(puerto)); }
+
+bool Fallas::tocaFallar() {
+  if (fallaEn_ == 0) return false;
+  if (fallaEn_ > 1) {
+    --fallaEn_;
+    return false;
+  }
+  if (alcance_ == Alcance::UnaVez) fallaEn_ = 0;
+  return true;
+}
+
+Fallas::Paso::Paso(Fallas& f) {
+  if (f.mataEn_ == 0 || --f.mataEn_ > 0) return;
+  if (f.momento_ == Momento::Antes) morir();
+  muereAlSalir_ = true;
+}
+
+Fallas::Paso::~Paso() {
+  if (muereAlSalir_) morir();
+}
+
+std::unique_ptr<Motor> MotoresConFallas::abrir(const QString& cadena, int espera_ms, ErrorBD& error) {
+  if (fallas_.apagado() || fallas_.caido(cadena)) {
+    error = {kErrorGeneral, 0, QStringLiteral("El servidor no existe o se ha denegado el acceso al mismo.")};
+    return nullptr;
+  }
+  std::unique_ptr<Motor> real = real_.abrir(cadena, espera_ms, error);
+  if (!real) return nullptr;
+  return std::make_unique<MotorConFallas>(std::move(real), cadena, fallas_);
+}
+
+std::optional<QString> PuertosConFallas::caida(const QString& puerto) const {
+  if (!fallas_.apagado() && !fallas_.puertoCaido(puerto)) return {};
+  return QStringLiteral("El puerto %1 no está listo.").arg(puerto);
+}
+
+std::optional<QString> PuertosConFallas::copiar(const QString& archivo, const QString& puerto) {
+  const Fallas::Paso p(fallas_);
+  if (auto error = caida(puerto)) return error;
+  return real_.copiar(archivo, puerto);
+}
+
+void PuertosConFallas::enviarSinEsperar(const QString& archivo, const QString& puerto) {
+  const Fallas::Paso p(fallas_);
+  if (!caida(puerto)) real_.enviarSinEsperar(archivo, puerto);
+}
+
+std::optional<QString> PuertosConFallas::imprimir(const QString& impresora, const QString& letra, int tamano,
+                                                  const QStringList& textos) {
+  const Fallas::Paso p(fallas_);
+  if (auto error = caida(impresora)) return error;
+  for (const ImpresoraSistema& i : real_.impresoras()) {
+    if (i.nombre.compare(impresora, Qt::CaseInsensitive) != 0) continue;
+    if (auto error = caida(i.puerto)) return error;
+  }
+  return real_.imprimir(impresora, letra, tamano, textos);
+}
