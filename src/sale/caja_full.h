@@ -6,7 +6,10 @@
 #include <optional>
 #include <vector>
 
+#include "sale/tipo_venta.h"
+
 struct Puesto;
+class PantallasVenta;
 
 // Columns of the lines grid TDBGrid1.
 enum Columna {
@@ -15,19 +18,22 @@ enum Columna {
 };
 using FilaVenta = std::array<QString, kColumnas>;
 
-// Kinds of sale as the list cboTipoVenta numbers them.
-enum TipoVenta {
-  kEfectivo = 1, kVoucher = 2, kOC = 4, kNC = 5, kPADE = 6, kPADV = 7, kLIQPAD = 8, kAnular = 9, kRecaudacion = 10
-};
-
 // A line of one of the two lists of the third tab.
 struct LineaTX {
   QString tx, tipo, doc, tarjeta, total, fecha, original, clienteGlosa, pade;
 };
 
+// A site of the list dcbLocal.
+struct LocalCliente {
+  int id = 0;
+  QString nombre;
+};
+
 struct CajaRegistradoraFull {
   // State
   int nTipoVenta = kEfectivo;
+  std::vector<TipoVenta> tipos;  // entries of cboTipoVenta, in its order
+  int pestana = 0;               // tab of SSTab1 in front
   bool bVoucherListo = false, bAcceso = false, bLiquidando = false, bConservarLineas = false;
   int nIdLocal = 0;
   bool efectivoTecleado = false;  // the Tag of txtEfectivoSoles
@@ -35,6 +41,9 @@ struct CajaRegistradoraFull {
   // Till, sale and customer
   QString txtCajero, txtCaja, txtTurno, txtRUC, txtTC, lblFecha;
   QString txtTarjeta, txtNombres, txtLocal;
+  std::vector<LocalCliente> locales;  // entries of dcbLocal
+  bool localVisible = false;          // lblLocal and dcbLocal are shown
+  QString tarjetaHallada;             // the card that txtNombres and txtLocal were found by; "" when typed
   QString txtsupervisor;
 
   // Lines: never without a row; an empty grid holds one empty row
@@ -51,3 +60,47 @@ struct CajaRegistradoraFull {
   QString txtTotalPA, txtTotalNC;
   QString txtLiq, txtliqefectivosoles, txtliqefectivodolares, txtliqvueltosoles, ttxliqvueltodolares, txtliqpade;
 };
+
+// Makes the screen ready for a new sale: everything that belongs to a sale is emptied and the kind is EFECTIVO, unless
+// bConservarLineas is on; the flag stays as it is. Reads sites and points rule where the client database answers.
+void Inicio(Puesto& p, CajaRegistradoraFull& v);
+
+// What a change of kind does to every kind: amounts of cash to "0.00", fields of advance payments and notes empty, the
+// kind's first tab in front, the RUC emptied where there is none.
+void PonerTipo(CajaRegistradoraFull& v, TipoVenta tipo);
+
+// The cashier's choice in cboTipoVenta. A kind whose screen isn't there yet says so and goes back to the first entry.
+void CambiarTipo(CajaRegistradoraFull& v, PantallasVenta& pantallas, TipoVenta tipo);
+
+enum class ResultadoTarjeta { SinTarjeta, SinServidor, NoExiste, Hallada, VariosLocales };
+
+// Looks the typed card up in the client database, within the chosen site if there is one, and fills name and site.
+// Without the database the card stays and the sale goes on without a name. The connection is closed again.
+ResultadoTarjeta BuscaTarjeta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas);
+
+// Takes name and site of the card found before out, once another card stands in txtTarjeta: they would narrow the
+// search, or stand on another customer's ticket.
+void SoltarOtroCliente(CajaRegistradoraFull& v);
+
+// Where the cashier has to look next: a control by name and, for the grid, a row counted from 0.
+struct Foco {
+  QString control;
+  int fila = -1;
+};
+
+// The checks before a commit. Gives nothing when the sale may be committed; otherwise the box has been shown.
+std::optional<Foco> ValidaVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas);
+
+// Holds today's date against the last operation. An earlier one shows the box and ends the process.
+void ExigirFechaSistema(Puesto& p);
+
+// The action of cmdTecla index 0 without a pending liquidation: empties the grid and runs Inicio.
+void CancelarVenta(Puesto& p, CajaRegistradoraFull& v);
+
+struct TrasTecla {
+  bool cierra = false;  // the screen is to be closed
+  Foco foco;            // empty: where it was
+};
+
+// A button of the array cmdTecla, 0 to 4.
+TrasTecla PulsarTecla(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, int indice);

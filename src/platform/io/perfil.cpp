@@ -154,7 +154,9 @@ std::optional<QString> EscribirPerfil(const QString& archivo, const QString& sec
   if (tieneControl(valor)) return conRuta(archivo, QStringLiteral("el valor de %1 ocupa más de una línea").arg(clave));
   Contenido c;
   if (auto e = leer(archivo, c)) return conRuta(archivo, *e);
+  const QStringList antes = c.lineas;
   ponerClave(c.lineas, seccion, clave, valor);
+  if (c.lineas == antes) return {};  // settings are written far more often than they change
   const QByteArray bytes = (c.conMarca ? kMarcaUtf8 : QByteArray()) + AUnByte(c.lineas.join(QString()));
   if (auto e = SustituirArchivo(archivo, bytes)) return conRuta(archivo, *e);
   return {};

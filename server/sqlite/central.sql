@@ -1,0 +1,289 @@
+-- Central database, embedded engine.
+
+-- Catalogue
+CREATE TABLE UnidadMedida (
+  cUndmedid TEXT PRIMARY KEY, vDscundmd TEXT, vDscCrta TEXT, dFechCrea DATETIME, dFechModi DATETIME
+);
+CREATE TABLE Proveedor (cCodProve TEXT PRIMARY KEY, vRazSocPrv TEXT);
+CREATE TABLE LINEA (CCODLINEA TEXT PRIMARY KEY, vDscLinea TEXT);
+CREATE TABLE Articulo (
+  cCodartic TEXT PRIMARY KEY,
+  vDscartic TEXT,
+  cCodCatal TEXT,
+  vDscartCt TEXT,
+  bSwActivo INTEGER DEFAULT 0,
+  bswensamb INTEGER DEFAULT 0,
+  bswCtrlStck INTEGER DEFAULT 0,
+  cFlagCanje INTEGER DEFAULT 0,
+  nPtosxItem INTEGER DEFAULT 0,
+  nFlagServ INTEGER DEFAULT 0,
+  cUndSalida TEXT,
+  bFlagDetracc INTEGER DEFAULT 0,
+  bFlagVenta INTEGER DEFAULT 1,
+  bFlagDesc INTEGER DEFAULT 0,
+  cCodProve TEXT,
+  CCODLINEA TEXT,
+  dFechCrea DATETIME,
+  dFechModi DATETIME
+);
+CREATE TABLE ArticuloPrecioVenta (
+  cCodArtic TEXT NOT NULL, nNumItem INTEGER NOT NULL, nPrecioVtaNew REAL DEFAULT 0, PRIMARY KEY (cCodArtic, nNumItem)
+);
+CREATE TABLE Almacen (cCodAlmac TEXT PRIMARY KEY, vDscAlmac TEXT);
+CREATE TABLE parametro (cCodParam TEXT PRIMARY KEY, nmonto1 REAL, vtexto1 TEXT);
+
+-- Customers and cards, from where the desks pull them
+CREATE TABLE Cliente (
+  cClieCode INTEGER NOT NULL,
+  IdLocal INTEGER NOT NULL DEFAULT 0,
+  sClieApel TEXT, sClieName TEXT, sClieAddr TEXT,
+  cDepaCode INTEGER, cProvCode INTEGER, cDistCode INTEGER,
+  sDepaDesc TEXT, sProvDesc TEXT, sDistDesc TEXT,
+  sClieTelf TEXT, sClieMail TEXT,
+  dNacmDate DATETIME, dUltTDate DATETIME,
+  cTranCode INTEGER,
+  sClieRout TEXT,
+  iTipo INTEGER,
+  nPuntCant INTEGER DEFAULT 0,
+  nTickCant INTEGER DEFAULT 0,
+  dFechCrea DATETIME, dFechModi DATETIME,
+  PRIMARY KEY (cClieCode, IdLocal)
+);
+CREATE TABLE Tarjeta (
+  cClieCode INTEGER,
+  IdLocal INTEGER NOT NULL DEFAULT 0,
+  nTarjNumb TEXT NOT NULL,
+  cTarjActi INTEGER DEFAULT 1,
+  dEmisDate DATETIME, dCaduDate DATETIME,
+  sUserDesc TEXT,
+  dUltOper DATETIME,
+  dFechCrea DATETIME, dFechModi DATETIME,
+  PRIMARY KEY (nTarjNumb, IdLocal)
+);
+CREATE TABLE local (idlocal INTEGER PRIMARY KEY, dsclocal TEXT, Activo INTEGER DEFAULT 0);
+
+-- Credit accounts
+CREATE TABLE TipoCredito (cCodTipoCredito TEXT PRIMARY KEY, vDscTipoCredito TEXT);
+CREATE TABLE tipoformapago (cCodTipoPago TEXT PRIMARY KEY, vDscTipoPago TEXT);
+CREATE TABLE banco (cCodBanco TEXT PRIMARY KEY, vDscBanco TEXT);
+CREATE TABLE tipo_tarjeta (cod_tar TEXT PRIMARY KEY, descrip TEXT);
+CREATE TABLE Venta01 (
+  cCodVta INTEGER PRIMARY KEY,
+  TipoDoc TEXT,
+  cSerieDoc TEXT,
+  NroDoc TEXT,
+  cCodCaja TEXT,
+  cClienteCode TEXT,
+  IdLocal INTEGER,
+  DscCliente TEXT,
+  NroRuc TEXT,
+  ValorVta REAL DEFAULT 0,
+  Igv REAL DEFAULT 0,
+  Serv REAL DEFAULT 0,
+  TotVta REAL DEFAULT 0,
+  nPorcIGV REAL DEFAULT 0,
+  TotVtaUSD REAL DEFAULT 0,
+  cCodMoneda TEXT,
+  nTipoCambio REAL DEFAULT 0,
+  cCodTipoCredito TEXT,
+  fechaemision DATETIME,
+  FechaAnulacion DATETIME,
+  FechaVencimiento DATETIME,
+  cCodCabVtaRef TEXT,
+  bTieneDetraccion INTEGER DEFAULT 0,
+  bLiquidado INTEGER DEFAULT 0
+);
+CREATE INDEX Venta01_serie ON Venta01 (cSerieDoc, NroDoc);
+CREATE INDEX Venta01_caja ON Venta01 (cCodCaja, TipoDoc, NroDoc);
+CREATE TABLE Venta02 (
+  cCodVta INTEGER NOT NULL,
+  NroItem INTEGER NOT NULL,
+  cCodartic TEXT,
+  sProdDscCrta TEXT,
+  nPrecioOrig REAL DEFAULT 0,
+  nQtdVendida REAL DEFAULT 0,
+  nDescuento REAL DEFAULT 0,
+  nServicio REAL DEFAULT 0,
+  PRIMARY KEY (cCodVta, NroItem)
+);
+CREATE TABLE Pagos (
+  idpago INTEGER PRIMARY KEY AUTOINCREMENT,
+  cSerieDocPago TEXT,
+  NroDocPago TEXT,
+  TipoDoc TEXT,
+  cSerieDoc TEXT,
+  NroDoc TEXT,
+  NroItem INTEGER,
+  FormaPago TEXT,
+  FechaPago DATETIME,
+  Monto REAL DEFAULT 0,
+  Moneda TEXT,
+  nTipoCambio REAL DEFAULT 0,
+  IdTarjeta TEXT,
+  IdBanco TEXT,
+  NroCtaBancaria TEXT,
+  NroOperacion TEXT,
+  NroCertificadoRetencion TEXT,
+  NroDepositoDetraccion TEXT,
+  cClieCode INTEGER,
+  idLocal INTEGER,
+  bEsPagoDetraccion INTEGER DEFAULT 0,
+  FechaAnulacion DATETIME
+);
+CREATE INDEX Pagos_recibo ON Pagos (cSerieDocPago, NroDocPago);
+CREATE INDEX Pagos_documento ON Pagos (cSerieDoc, NroDoc);
+CREATE INDEX Pagos_cliente ON Pagos (cClieCode, idLocal);
+CREATE TABLE Detraccion (
+  SerieDoc TEXT,
+  NroDoc TEXT,
+  MontoDetracc REAL DEFAULT 0,
+  PorcDetracc REAL DEFAULT 0,
+  Estado TEXT,
+  Observaciones TEXT
+);
+CREATE INDEX Detraccion_documento ON Detraccion (SerieDoc, NroDoc);
+-- Documents that the accounts have posted: what stands here is not taken up a second time.
+CREATE TABLE Cuentacte (
+  cSerieDoc TEXT, cNroDoc TEXT, cCodCaja TEXT, cTipoDoc TEXT, dFecha DATETIME, nMonto REAL DEFAULT 0
+);
+CREATE INDEX Cuentacte_documento ON Cuentacte (cSerieDoc, cNroDoc, cCodCaja);
+
+-- What the desks send. The row number is the server's own, one run a desk.
+CREATE TABLE Operacion (
+  cOperID INTEGER NOT NULL,
+  cOperCode INTEGER,
+  cUserDesc TEXT,
+  nTarjNumb TEXT,
+  cAlmaCode TEXT,
+  cProdCode TEXT,
+  nProdCant REAL DEFAULT 0,
+  nProdPrecUnit REAL DEFAULT 0,
+  nMontoSoles REAL DEFAULT 0,
+  nMontoDolares REAL DEFAULT 0,
+  nVueltoDolares REAL DEFAULT 0,
+  dOperFech DATETIME,
+  cOperTipo INTEGER DEFAULT 0,
+  cCajaCodi TEXT NOT NULL,
+  cTurnoCodi TEXT,
+  nDscto REAL DEFAULT 0,
+  nServicio REAL DEFAULT 0,
+  cDocTipo TEXT,
+  cDocSerie TEXT,
+  cDocCodigo TEXT,
+  cRuc TEXT,
+  cEmisor TEXT,
+  cSupervisor TEXT,
+  cOperCodeAnula INTEGER DEFAULT 0,
+  cOperFlagAnula INTEGER DEFAULT 0,
+  cOperFlagAbierto INTEGER DEFAULT 1,
+  cFlagSincronizacion TEXT DEFAULT '0',
+  IdLocal INTEGER,
+  cCodiCLie TEXT,
+  vDescClie TEXT,
+  iTipoCliente INTEGER DEFAULT 0,
+  PRIMARY KEY (cCajaCodi, cOperID)
+);
+CREATE INDEX Operacion_serie ON Operacion (cCajaCodi, cDocSerie, cDocCodigo);
+CREATE INDEX Operacion_fecha ON Operacion (dOperFech);
+CREATE TABLE OperacionParalela (
+  cCajaCodi TEXT NOT NULL,
+  cOperCode INTEGER NOT NULL,
+  cOperTipo INTEGER DEFAULT 0,
+  dOperFech DATETIME,
+  nTarjNumb TEXT,
+  nMoneda INTEGER DEFAULT 0,
+  nMontoSoles REAL DEFAULT 0,
+  nMontoDolares REAL DEFAULT 0,
+  nEfectivoSoles REAL DEFAULT 0,
+  nEfectivoDolares REAL DEFAULT 0,
+  nVueltoSoles REAL DEFAULT 0,
+  nVueltoDolares REAL DEFAULT 0,
+  sGlosa TEXT,
+  cEstado TEXT,
+  cTurnoCodi TEXT,
+  cUserDesc TEXT,
+  cFlagSincronizacion TEXT DEFAULT '0',
+  cOperCodeRela INTEGER DEFAULT 0,
+  cOperCodeAnul INTEGER DEFAULT 0,
+  cOperFlagAbierto INTEGER DEFAULT 1,
+  cDocSerie TEXT,
+  cDocCodigo TEXT,
+  cDocTipo TEXT,
+  cCodiCLie TEXT,
+  vDescClie TEXT,
+  iTipoCliente INTEGER DEFAULT 0
+);
+CREATE INDEX OperacionParalela_codigo ON OperacionParalela (cCajaCodi, cOperCode);
+CREATE INDEX OperacionParalela_serie ON OperacionParalela (cCajaCodi, cDocSerie, cDocCodigo);
+CREATE TABLE OperacionParalelaProducto (
+  cCajaCodi TEXT NOT NULL,
+  cOperCode INTEGER NOT NULL,
+  nItem INTEGER,
+  cAlmaCode TEXT,
+  cProdCode TEXT,
+  nProdCant REAL DEFAULT 0,
+  nProdPrecUnit REAL DEFAULT 0,
+  nDscto REAL DEFAULT 0,
+  nServicio REAL DEFAULT 0,
+  cSupervisor TEXT
+);
+CREATE INDEX OperacionParalelaProducto_codigo ON OperacionParalelaProducto (cCajaCodi, cOperCode);
+CREATE TABLE CabeceraZ (
+  IdZ INTEGER NOT NULL,
+  Caja TEXT NOT NULL,
+  CantidadTotal REAL DEFAULT 0,
+  MontoTotal REAL DEFAULT 0,
+  Fecha DATETIME,
+  RangoTKBOL TEXT,
+  RangoTKFAC TEXT,
+  CodigoRep TEXT,
+  cOperIdIni INTEGER DEFAULT 0,
+  cOperIdFin INTEGER DEFAULT 0,
+  cOperIdPIni INTEGER DEFAULT 0,
+  cOperIdPFin INTEGER DEFAULT 0,
+  obs TEXT,
+  PRIMARY KEY (IdZ, Caja)
+);
+CREATE TABLE DetalleZ (
+  IdZ INTEGER NOT NULL, Caja TEXT NOT NULL, nItem INTEGER, CodProd INTEGER, DscProd TEXT, Cantidad REAL DEFAULT 0
+);
+CREATE INDEX DetalleZ_id ON DetalleZ (IdZ, Caja);
+-- nidEstado: -1 a closing runs, -2 made by a synchronisation, 0 the closing has ended.
+CREATE TABLE TCABECERAZ1 (
+  idZ1 INTEGER PRIMARY KEY AUTOINCREMENT, cCajaCodi TEXT, nidEstado INTEGER DEFAULT 0, dFecha DATETIME
+);
+CREATE INDEX TCABECERAZ1_estado ON TCABECERAZ1 (nidEstado);
+CREATE TABLE TDETALLEZ1 (
+  nidZ1 INTEGER,
+  cCajaCodi TEXT,
+  dOperFech DATETIME,
+  cAlmaCode TEXT,
+  cdocTipo TEXT,
+  cProdCode TEXT,
+  nProdCant REAL DEFAULT 0,
+  nMonto REAL DEFAULT 0,
+  nPrecioProm REAL
+);
+CREATE INDEX TDETALLEZ1_id ON TDETALLEZ1 (nidZ1);
+CREATE TABLE SincronizacionCaja (cCajaCodi TEXT, dFecha DATETIME);
+
+-- Sales movements of a day, rebuilt from Operacion, and the stock that the warehouse counted
+CREATE TABLE ZANKEBMOVIVNTA (
+  dFecha DATETIME,
+  cCajaCodi TEXT,
+  cAlmaCode TEXT,
+  cDocTipo TEXT,
+  cDocSerie TEXT,
+  cProdCode TEXT,
+  nCantidad REAL DEFAULT 0,
+  nMonto REAL DEFAULT 0
+);
+CREATE INDEX ZANKEBMOVIVNTA_fecha ON ZANKEBMOVIVNTA (dFecha);
+CREATE TABLE SaldoArticulo (
+  cCodAlmac TEXT NOT NULL, cCodArtic TEXT NOT NULL, dFecha DATETIME NOT NULL, nSaldo REAL DEFAULT 0,
+  PRIMARY KEY (cCodAlmac, cCodArtic, dFecha)
+);
+
+-- Alarms of the cross-check; values arrive in this order, without column names
+CREATE TABLE MsgErrorRegistroVentas (cFecha TEXT, vAsunto TEXT, vMensaje TEXT);
+CREATE TABLE CorreoSalida (dFecha DATETIME, vDe TEXT, vPara TEXT, vAsunto TEXT, vCuerpo TEXT);

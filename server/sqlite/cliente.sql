@@ -1,0 +1,45 @@
+-- Client database, embedded engine.
+CREATE TABLE Cliente (
+  cClieCode INTEGER NOT NULL,
+  IdLocal INTEGER NOT NULL,
+  sClieApel TEXT, sClieName TEXT, sClieAddr TEXT,
+  cDepaCode INTEGER, cProvCode INTEGER, cDistCode INTEGER,
+  sDepaDesc TEXT, sProvDesc TEXT, sDistDesc TEXT,
+  sClieTelf TEXT, sClieMail TEXT,
+  dNacmDate DATETIME, dUltTDate DATETIME,
+  cTranCode INTEGER,
+  sClieRout TEXT,
+  iTipo INTEGER,
+  nPuntCant INTEGER DEFAULT 0,
+  nTickCant INTEGER DEFAULT 0,
+  bFlagSincro INTEGER DEFAULT 0,
+  PRIMARY KEY (cClieCode, IdLocal)
+);
+CREATE TABLE Tarjeta (
+  cClieCode INTEGER,
+  IdLocal INTEGER NOT NULL,
+  nTarjNumb TEXT NOT NULL,
+  cTarjActi INTEGER DEFAULT 1,
+  dEmisDate DATETIME, dCaduDate DATETIME,
+  sUserDesc TEXT,
+  dUltOper DATETIME,
+  bFlagSincro INTEGER DEFAULT 0,
+  PRIMARY KEY (nTarjNumb, IdLocal)
+);
+CREATE INDEX Tarjeta_cliente ON Tarjeta (cClieCode, IdLocal);
+-- No key on the code: two desks that draw the same number at once must both keep their points.
+CREATE TABLE Acumulacion_Punto (
+  cClieCode INTEGER, cAcumCode INTEGER, nTarjNumb TEXT,
+  nAcumImpo REAL DEFAULT 0, nPuntCant INTEGER DEFAULT 0,
+  sUserDesc TEXT, dAcumDate DATETIME,
+  cDocTipo TEXT, cDocSerie TEXT, cDocCodigo INTEGER,
+  IdLocal INTEGER
+);
+CREATE INDEX Acumulacion_Punto_codigo ON Acumulacion_Punto (cClieCode, IdLocal, cAcumCode);
+CREATE INDEX Acumulacion_Punto_documento ON Acumulacion_Punto (cDocSerie, cDocCodigo);
+CREATE TABLE Regla_Punto (nImpoMaxi INTEGER DEFAULT 0, nPuntImpo INTEGER DEFAULT 0, nPuntCant INTEGER DEFAULT 0);
+CREATE TABLE local (idlocal INTEGER PRIMARY KEY, dsclocal TEXT, Activo INTEGER DEFAULT 0);
+CREATE TABLE Localidad (
+  cDepaCode INTEGER NOT NULL, cProvCode INTEGER NOT NULL, cDistCode INTEGER NOT NULL, sLocaName TEXT,
+  PRIMARY KEY (cDepaCode, cProvCode, cDistCode)
+);

@@ -1,0 +1,148 @@
+#include "platform/ui/campo.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+
+#include "platform/ui/tema.h"
+
+Campo::Campo(const QString& nombre, QWidget* padre) : QLineEdit(padre) {
+  setObjectName(nombre);
+  setContextMenuPolicy(Qt::NoContextMenu);
+  connect(this, &QLineEdit::textChanged, this, [this] { quitarMal(this); });
+}
+
+void Campo::keyPressEvent(QKeyEvent* e) {
+  const QString t = e->text();
+  const bool escribe = t.size() == 1 && t[0].isPrint() && !(e->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+  if (!filtro || !escribe || isReadOnly()) {
+    QLineEdit::keyPressEvent(e);
+    return;
+  }
+  const QChar c = filtro(t[0]);
+  if (c == QChar(8)) backspace();
+  else if (!c.isNull()) insert(QString(c));
+  e->accept();
+}
+
+void Campo::focusInEvent(QFocusEvent* e) {
+  QLineEdit::focusInEvent(e);
+  if (e->reason() == Qt::ActiveWindowFocusReason || e->reason() == Qt::PopupFocusReason) return;
+  selectAll();
+  // The press that brought the keyboard is still to come and would take the selection away.
+  if (e->reason() == Qt::MouseFocusReason) QMetaObject::invokeMethod(this, &QLineEdit::selectAll, Qt::QueuedConnection);
+}
+
+void Campo::focusOutEvent(QFocusEvent* e) {
+  QLineEdit::focusOutEvent(e);
+  if (e->reason() == Qt::ActiveWindowFocusReason || e->reason() == Qt::PopupFocusReason) return;
+  if (alSalir && !isReadOnly()) alSalir();
+}
+
+Campo* nuevoImporte(const QString& nombre, QWidget* padre) {
+  auto* c = new Campo(nombre, padre);
+  c->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  return c;
+}
+
+Campo* nuevoFijo(const QString& nombre, QWidget* padre) {
+  auto* c = new Campo(nombre, padre);
+  c->setReadOnly(true);
+  c->setFocusPolicy(Qt::NoFocus);
+  return c;
+}
+
+QPushButton* nuevoBoton(const QString& nombre, const QString& rotulo, const QString& papel, QWidget* padre) {
+  auto* b = new QPushButton(rotulo, padre);
+  b->setObjectName(nombre);
+  b->setAutoDefault(false);
+  if (!papel.isEmpty()) b->setProperty("papel", papel);
+  return b;
+}
+
+QLabel* nuevoTexto(const QString& texto, const QString& papel, QWidget* padre) {
+  auto* l = new QLabel(texto, padre);
+  if (!papel.isEmpty()) l->setProperty("papel", papel);
+  return l;
+}
+
+QHBoxLayout* filaBotones(const std::vector<QPushButton*>& botones) {
+  auto* fila = new QHBoxLayout;
+  fila->setSpacing(4 * tema::kPaso);
+  fila->addStretch();
+  for (auto* b : botones) fila->addWidget(b);
+  return fila;
+}
+
+void marcarMal(QWidget* campo) {
+  tema::aplicarRol(campo, "estado", QStringLiteral("mal"));
+  campo->setFocus(Qt::OtherFocusReason);
+}
+
+void quitarMal(QWidget* campo) {
+  if (campo->property("estado").isValid()) tema::aplicarRol(campo, "estado", QVariant());
+}
+
+Panel::Panel(const QString& titulo, int pares, QWidget* padre) : QFrame(padre), pares_(pares) {
+  setProperty("papel", "tarjeta");
+  auto* todo = new QVBoxLayout(this);
+  todo->setContentsMargins(16, 12, 16, 12);
+  todo->setSpacing(2 * tema::kPaso);
+  if (!titulo.isEmpty()) todo->addWidget(nuevoTexto(titulo, QStringLiteral("titulo")));
+  rejilla_ = new QGridLayout;
+  rejilla_->setHorizontalSpacing(3 * tema::kPaso);
+  rejilla_->setVerticalSpacing(3 * tema::kPaso);
+  for (int i = 0; i < pares_; ++i) rejilla_->setColumnStretch(2 * i + 1, 1);
+  todo->addLayout(rejilla_);
+}
+
+void Panel::agregar(const QString& etiqueta, QWidget* control) {
+  if (etiqueta.isEmpty()) {
+    rejilla_->addWidget(control, fila_, 2 * par_, 1, 2);
+  } else {
+    QLabel* l = nuevoTexto(etiqueta);
+    l->setBuddy(control);
+    rejilla_->addWidget(l, fila_, 2 * par_);
+    rejilla_->addWidget(control, fila_, 2 * par_ + 1);
+  }
+  if (++par_ == pares_) saltar();
+}
+
+void Panel::saltar() {
+  if (par_ == 0) return;
+  par_ = 0;
+  ++fila_;
+}
+
+Campo* Panel::campo(const QString& nombre, const QString& etiqueta) {
+  auto* c = new Campo(nombre);
+  agregar(etiqueta, c);
+  return c;
+}
+
+Campo* Panel::importe(const QString& nombre, const QString& etiqueta) {
+  auto* c = nuevoImporte(nombre);
+  agregar(etiqueta, c);
+  return c;
+}
+
+Campo* Panel::fijo(const QString& nombre, const QString& etiqueta) {
+  auto* c = nuevoFijo(nombre);
+  agregar(etiqueta, c);
+  return c;
+}
+
+void Enlaces::mostrar() const {
+  for (const auto& [control, campo] : lineas_)
+    if (control->text() != *campo) control->setText(*campo);
+  for (const auto& [control, campo] : rotulos_)
+    if (control->text() != *campo) control->setText(*campo);
+  for (const auto& [control, campo] : marcas_) control->setChecked(*campo);
+}
+
+void Enlaces::recoger() const {
+  for (const auto& [control, campo] : lineas_) *campo = control->text();
+  for (const auto& [control, campo] : marcas_) *campo = control->isChecked();
+}

@@ -1,0 +1,37 @@
+#include "sale/autorizar.h"
+
+#include "foundation/puesto.h"
+#include "platform/text/texto.h"
+
+std::optional<QString> RechazoAutorizacion(Puesto& p, const QString& usuario, const QString& clave) {
+  const QString enUsuario = QStringLiteral("txtUsuario"), enClave = QStringLiteral("txtPassword");
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
+                                    FormatearSQL(QStringLiteral("SELECT * FROM Usuario WHERE TRIM(sUserDesc) = '$'"),
+                                                 {ReemplazarComilla(Recortar(usuario))}),
+                                    rs)) {
+    return QString();
+  }
+  const auto rechazo = [&p](const QString& texto, const QString& control) {
+    p.mensajes.mostrar(texto);
+    return control;
+  };
+  if (rs.Eof()) return rechazo(QStringLiteral("Usuario no válido"), enUsuario);
+  if (Numero(rs[u"cUserActi"]) != 1) {
+    return rechazo(QStringLiteral("Usuario no activo. Contactar al supervisor."), enClave);
+  }
+  if (Recortar(clave) != LimpiarNulo(rs[u"suserPass"])) return rechazo(QStringLiteral("Password no válido"), enClave);
+  if (Numero(rs[u"cPerfCode"]) != 1) {
+    return rechazo(QStringLiteral("Usuario no autorizado. Sólo el SUPERVISOR puede autorizar esta operación"),
+                   enUsuario);
+  }
+  return {};
+}
+
+void CerrarAutorizacion(const std::optional<QString>& nombre, bool& bAcceso, QString& txtsupervisor) {
+  if (nombre) {
+    txtsupervisor = *nombre;
+    bAcceso = true;
+  }
+  if (Recortar(txtsupervisor).isEmpty()) bAcceso = false;
+}

@@ -1,0 +1,202 @@
+#include "sale/caja_lineas.h"
+
+#include <algorithm>
+
+#include "foundation/puesto.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+#include "sale/caja_full.h"
+#include "sale/caja_totales.h"
+
+namespace {
+
+constexpr QStringView kImporte = u"0.00";
+constexpr double kCantidadMaxima = 2147483647;  // quantities are stored as 32-bit numbers
+
+const QString kColumnasArticulo =
+    QStringLiteral(" SELECT sProdDescCrta, nProdPrecUnit, cProdEstd, cFlagCanje, nPuntos, cFlagServicio, nActivo,"
+                   " ccodcatalogo, cProdCode FROM Producto"
+                   " WHERE cAlmaCode = '%1'");
+
+QString consultaArticulos(const Puesto& p) { return kColumnasArticulo.arg(ReemplazarComilla(p.ses.psAlmacen)); }
+
+bool vacia(const FilaVenta& f) { return f[kCod].isEmpty(); }
+
+void numerar(CajaRegistradoraFull& v) {
+  for (size_t i = 0; i < v.lineas.size(); ++i) {
+    QString& item = v.lineas[i][kItem];
+    if (!vacia(v.lineas[i]) || !item.isEmpty()) item = QString::number(i + 1);
+  }
+}
+
+bool seVende(const Recordset::Fila& r) { return Numero(r[u"cProdEstd"]) == 1 && Numero(r[u"nActivo"]) == 1; }
+
+void avisarNoExiste(Puesto& p) { p.mensajes.mostrar(QStringLiteral("Articulo No Existe...!!!")); }
+
+// The article goes into the row as one piece with discount 0, or nothing when it is not on sale.
+bool llenarFila(Puesto& p, CajaRegistradoraFull& v, int fila, const Recordset::Fila& r) {
+  if (!seVende(r)) {
+    p.mensajes.mostrar(QStringLiteral("El Producto no se encuentra activo."));
+    return false;
+  }
+  FilaVenta& f = v.lineas[static_cast<size_t>(fila)];
+  const double puntos = Numero(r[u"nPuntos"]);
+  f[kItem] = QString::number(fila + 1);
+  f[kCod] = Formatear(Numero(r[u"cProdCode"]), u"000000");
+  f[kCatalogo] = LimpiarNulo(r[u"ccodcatalogo"]);
+  f[kDescripcion] = LimpiarNulo(r[u"sProdDescCrta"]);
+  f[kCant] = QStringLiteral("1.00");
+  f[kPrecio] = Formatear(Numero(r[u"nProdPrecUnit"]), kImporte);
+  f[kSigno] = QStringLiteral("-");
+  f[kPorc] = QStringLiteral("0.00");
+  f[kCanje] = puntos == 0                              ? QStringLiteral("NO")
+              : Numero(r[u"cFlagCanje"]) == 1 ? QStringLiteral("PTOS")
+                                                       : QStringLiteral("VNTA");
+  f[kPtos] = TextoDe(puntos);
+  f[kConServ] = Numero(r[u"cFlagServicio"]) == 1 ? QStringLiteral("SI") : QStringLiteral("NO");
+  return true;
+}
+
+bool soloDigitos(const QString& t) {
+  return std::all_of(t.begin(), t.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+}
+
+bool salirCodigo(Puesto& p, CajaRegistradoraFull& v, int fila, const QString& texto) {
+  const QString codigo = Ceros(texto, 6);
+  // A longer code must not lose its head: what is left could be another article.
+  if (!soloDigitos(texto) || codigo.toInt() != texto.toLongLong()) {
+    avisarNoExiste(p);
+    return false;
+  }
+  if (codigo == v.lineas[static_cast<size_t>(fila)][kCod]) return true;
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
+                                    consultaArticulos(p) + QStringLiteral(" AND cProdCode = ") + codigo, rs)) {
+    return false;
+  }
+  if (rs.RecordCount() != 1) {
+    avisarNoExiste(p);
+    return false;
+  }
+  return llenarFila(p, v, fila, *rs.begin());
+}
+
+// Of the articles that hold the text: one with exactly this code, otherwise the lowest; in each case one that the
+// server has withdrawn only when there is no other, and it is then refused by its words.
+std::optional<Recordset::Fila> elegirPorTexto(const Recordset& rs, const QString& texto) {
+  std::optional<Recordset::Fila> mejor;
+  int rango = 4;
+  for (const auto& r : rs) {
+    const bool exacto = LimpiarNulo(r[u"ccodcatalogo"]).compare(texto, Qt::CaseInsensitive) == 0;
+    const int suyo = (exacto ? 0 : 2) + (Numero(r[u"nActivo"]) == 1 ? 0 : 1);
+    if (suyo >= rango) continue;
+    rango = suyo;
+    mejor = r;
+  }
+  return mejor;
+}
+
+QString sinPuntos(QString t) { return t.remove(u'.'); }
+
+// A catalogue code typed with its points at other places: compared as the number that is left without them.
+std::optional<Recordset::Fila> elegirPorNumero(const Recordset& rs, const QString& texto) {
+  const double buscado = LeerImporte(sinPuntos(texto));
+  for (const auto& r : rs) {
+    const QString catalogo = sinPuntos(LimpiarNulo(r[u"ccodcatalogo"]));
+    if (EsNumerico(catalogo) && LeerImporte(catalogo) == buscado) return r;
+  }
+  return {};
+}
+
+bool salirCatalogo(Puesto& p, CajaRegistradoraFull& v, int fila, const QString& texto) {
+  if (texto == v.lineas[static_cast<size_t>(fila)][kCatalogo]) return true;
+  const QString orden = QStringLiteral(" ORDER BY cProdCode");
+  Recordset rs;
+  std::optional<Recordset::Fila> elegido;
+  bool leido = p.poDBAdmin.EjecutarConsulta(
+      p.poCnnLocal,
+      consultaArticulos(p) + QStringLiteral(" AND ccodcatalogo like  '%") + ReemplazarComilla(texto) +
+          QStringLiteral("%' ") + orden,
+      rs);
+  if (leido) elegido = elegirPorTexto(rs, texto);
+  if (leido && !elegido && EsNumerico(sinPuntos(texto))) {
+    leido = p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
+                                         consultaArticulos(p) + QStringLiteral(" and nactivo=1") + orden, rs);
+    if (leido) elegido = elegirPorNumero(rs, texto);
+  }
+  if (!leido) {
+    p.mensajes.mostrar(QStringLiteral("No se pudo seleccionar el artìculo"));
+    return false;
+  }
+  if (!elegido) {
+    avisarNoExiste(p);
+    return false;
+  }
+  return llenarFila(p, v, fila, *elegido);
+}
+
+bool conValor(const FilaVenta& f) {
+  return Redondear(LeerImporte(f[kCant]) * LeerImporte(f[kPrecio]), 2) != 0;
+}
+
+// Columns 6 to 10: the masked text that the cell takes, nothing when it is refused.
+std::optional<QString> importeAceptado(Puesto& p, int columna, const QString& texto) {
+  if (columna == kSigno) return texto == u"+" ? QStringLiteral("+") : QStringLiteral("-");
+  if (texto.isEmpty()) return columna == kCant ? QStringLiteral("1.00") : QStringLiteral("0.00");
+  if (!EsNumerico(texto)) return {};
+  const double valor = LeerImporte(texto);
+  if (columna == kCant) {
+    const double entera = Redondear(valor, 0);
+    if (entera < 1 || entera > kCantidadMaxima) return {};
+    return Formatear(entera, kImporte);
+  }
+  if (valor < 0) return {};
+  if (columna == kPorc && valor > 100) {
+    p.mensajes.mostrar(QStringLiteral("Porcentaje Recargo/ Descuento incorrecto "));
+    return {};
+  }
+  return Formatear(valor, kImporte);
+}
+
+}  // namespace
+
+int AgregarFila(CajaRegistradoraFull& v) {
+  if (!vacia(v.lineas.back())) v.lineas.emplace_back();
+  v.lineas.back()[kItem] = QString::number(v.lineas.size());
+  return static_cast<int>(v.lineas.size()) - 1;
+}
+
+void EliminarFila(const Puesto& p, CajaRegistradoraFull& v, int fila) {
+  if (fila < 0 || fila >= static_cast<int>(v.lineas.size())) return;
+  v.lineas.erase(v.lineas.begin() + fila);
+  if (v.lineas.empty()) v.lineas.emplace_back();
+  numerar(v);
+  CalculaTotales(p, v);
+}
+
+bool CeldaEditable(const Puesto& p, const CajaRegistradoraFull& v, int fila, int columna) {
+  if (columna == kCod || columna == kCatalogo) return true;
+  if (columna < kCant || columna > kSubTotal || vacia(v.lineas[static_cast<size_t>(fila)])) return false;
+  return columna != kPorc || p.ses.psDFlag.compare(u"S", Qt::CaseInsensitive) == 0;
+}
+
+bool SalirCelda(Puesto& p, CajaRegistradoraFull& v, int fila, int columna, const QString& texto) {
+  if (!CeldaEditable(p, v, fila, columna)) return false;
+  const QString tecleado = Recortar(texto);
+  FilaVenta& f = v.lineas[static_cast<size_t>(fila)];
+  if (columna == kCod || columna == kCatalogo) {
+    // An emptied code changes nothing: a line goes away by its own key.
+    if (tecleado.isEmpty()) return true;
+    if (!(columna == kCod ? salirCodigo : salirCatalogo)(p, v, fila, tecleado)) return false;
+  } else {
+    const auto aceptado = importeAceptado(p, columna, tecleado);
+    if (!aceptado) return false;
+    if (*aceptado == f[static_cast<size_t>(columna)]) return true;
+    f[static_cast<size_t>(columna)] = *aceptado;
+    // A percentage holds for the line it was given to, not for another quantity or the other sign.
+    const bool otraLinea = columna == kCant || (columna == kSigno && *aceptado == u"+");
+    if (otraLinea && conValor(f)) f[kPorc] = QStringLiteral("0.00");
+  }
+  CalculaTotales(p, v);
+  return true;
+}

@@ -1,0 +1,244 @@
+#include "store/numeracion.h"
+
+#include <QFile>
+
+#include "foundation/puesto.h"
+#include "platform/io/archivo.h"
+#include "platform/text/fecha.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+
+namespace {
+
+const struct { const char *tipo, *serie; } kSeries[] = {
+    {"01", "F01"}, {"02", "B01"}, {"10", "OC1"}, {"11", "NC1"}, {"12", "PA1"}, {"13", "PV1"}, {"14", "LQ1"},
+};
+
+QString serieInicial(const QString& tipo) {
+  for (const auto& s : kSeries) {
+    if (tipo == QLatin1String(s.tipo)) return QString::fromLatin1(s.serie);
+  }
+  return {};
+}
+
+// Boletas and facturas share one run of numbers, kept in the row "02".
+QString filaDe(const QString& tipo) { return tipo == u"01" ? QStringLiteral("02") : tipo; }
+
+bool crearFila(Puesto& p, const QString& tipo) {
+  return p.poDBAdmin.EjecutarSentencia(
+      p.poCnnLocal,
+      QStringLiteral("INSERT INTO Config_Documento (cTipoDoc,cOperCode,nDocCodigo,cSerieDoc,cUserDesc,dUltAct,observacion) "
+                     " VALUES ('%1',0, 0, '%2','',#%3#,'Primer Registro') ")
+          .arg(tipo, serieInicial(tipo), FormatearFecha(p.reloj.now(), u"mm/dd/yyyy")),
+      true);
+}
+
+// A single figure of a query, 0 for Null and for no row.
+bool consultarCifra(Puesto& p, Conexion& cnn, const QString& sql, QStringView campo, qint64& cifra) {
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(cnn, sql, rs)) return false;
+  cifra = AEntero(Numero(rs[campo]));
+  return true;
+}
+
+// The highest number that the central database has seen of this desk; 0 when it is away or knows none.
+qint64 maximoCentral(Puesto& p) {
+  Conexion central;
+  if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, false, clsDBAdmin::Espera::Venta)) return 0;
+  qint64 maximo = 0;
+  const bool bien = consultarCifra(
+      p, central,
+      QStringLiteral("select isnull(max(cast(NroDoc as int)),0) as maximo from venta01  WHERE cCodCaja='") +
+          p.ses.psCaja + QStringLiteral("' AND TipoDoc in ('01','02')"),
+      u"maximo", maximo);
+  p.poDBAdmin.CerrarBD(central);
+  return bien ? maximo : 0;
+}
+
+void dejarLog(Puesto& p, const QString& nombre, qint64 viejo, qint64 nuevo) {
+  const QString linea = QStringLiteral("Codigo generado %1\rNuevo Codigo %2\r%3\r\n")
+      .arg(viejo).arg(nuevo).arg(FormatearFecha(p.reloj.now(), u"dd/mm/yyyy hh:nn:ss"));
+  (void)EscribirBytes(p.rutas.enTemp(nombre), AUnByte(linea));  // the box tells the same
+}
+
+// What the two repairs at start differ in.
+struct Reparacion {
+  QString tabla;
+  bool paralela;
+};
+
+void terminarSinCentral(Puesto& p) {
+  p.mensajes.mostrar(QStringLiteral("Error"));
+  p.mensajes.mostrar(QStringLiteral("No se pudo comprobar la numeración de documentos con la base de datos central. "
+                                    "El sistema no puede iniciar: verifique la red y vuelva a abrirlo."));
+  p.salida.terminar(1);
+}
+
+// The number in use here for a series and its document type; of several rows the one with the highest number.
+bool numeroLocal(Puesto& p, const QString& serie, qint64& numero, QString& tipo) {
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(
+          p.poCnnLocal, QStringLiteral("select nDocCodigo, cTipoDoc from config_documento where cSerieDoc='") +
+                            ReemplazarComilla(serie) + QStringLiteral("'"), rs)) {
+    return false;
+  }
+  numero = 0;
+  for (const auto& fila : rs) {
+    const qint64 uno = AEntero(Numero(fila[u"nDocCodigo"]));
+    if (uno <= numero) continue;
+    numero = uno;
+    tipo = LimpiarNulo(fila[u"cTipoDoc"]);
+  }
+  return numero > 0;
+}
+
+bool codigoDeReparacion(Puesto& p, const Reparacion& r, const QString& serie, qint64& codigo) {
+  if (!r.paralela) {
+    return consultarCifra(p, p.poCnnCentral,
+                          QStringLiteral("SELECT MAX(cOperCode) as ncOperCode From operacion where cCajaCodi='") +
+                              p.ses.psCaja + QStringLiteral("' and CDocSerie = '") + serie + QStringLiteral("'"),
+                          u"ncOperCode", codigo);
+  }
+  if (!consultarCifra(p, p.poCnnLocal,
+                      QStringLiteral("SELECT MAX(cOperCode) + 1 as ncOperCode From operacionparalela "), u"ncOperCode",
+                      codigo)) {
+    return false;
+  }
+  if (codigo == 0) codigo = 1;
+  return true;
+}
+
+// The marker row: the MAX queries see the number, no report of the day does.
+QString filaMarca(const Puesto& p, const Reparacion& r, qint64 codigo, qint64 numero, const QString& serie,
+                  const QString& tipo) {
+  const QString ahora = FormatearFecha(p.reloj.now(), u"dd/mm/yyyy hh:nn");
+  if (r.paralela) {
+    return FormatearSQL(QStringLiteral("INSERT INTO OPERACIONPARALELA (cOperCode,cOperTipo,dOperFech,"
+                                       "cEstado,cCajaCodi,cFlagSincronizacion,cTurnoCodi,cUserDesc,cOperFlagAbierto,"
+                                       "cDoccodigo,cdocSerie, cDocTipo) "
+                                       "VALUES ($,'0','$','0','$','0','01','ROVEL','0',$,'$','$')"),
+                        {codigo, ahora, p.ses.psCaja, numero, ReemplazarComilla(serie), tipo});
+  }
+  return FormatearSQL(QStringLiteral("INSERT INTO OPERACION (cOperCode,cUserDesc,dOperFech,"
+                                     "cOperFlagAnula,cOperCodeAnula, cOperFlagAbierto,"
+                                     "cCajaCodi,cFlagSincronizacion,cAlmaCode,cDocCodigo,cDocSerie,cDocTipo)"
+                                     "VALUES ($,'rovel','$',0,0,0,'$','0','$',$,'$','$')"),
+                      {codigo, ahora, p.ses.psCaja, p.ses.psAlmacen, numero, ReemplazarComilla(serie), tipo});
+}
+
+// A series that is behind gets its marker first: without one the next sale would take the number back again.
+void repararSerie(Puesto& p, const Reparacion& r, const QString& serie, qint64 central) {
+  qint64 local = 0, codigo = 0;
+  QString tipo;
+  if (!numeroLocal(p, serie, local, tipo) || central <= local) return;
+  if (!codigoDeReparacion(p, r, serie, codigo)) return;
+  if (!p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, filaMarca(p, r, codigo, central, serie, tipo), true)) return;
+  p.poDBAdmin.EjecutarSentencia(
+      p.poCnnLocal,
+      FormatearSQL(QStringLiteral("UPDATE CONFIG_DOCUMENTO set copercode='$', ndoccodigo= '$' where cseriedoc='$'"),
+                   {codigo, central, ReemplazarComilla(serie)}),
+      true);
+}
+
+void reparar(Puesto& p, const Reparacion& r) {
+  if (!p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral)) {
+    p.mensajes.mostrar(QStringLiteral("No se pudo conectar a la base de datos central."));
+  }
+  Recordset series;
+  if (!p.poDBAdmin.EjecutarConsulta(
+          p.poCnnCentral,
+          QStringLiteral("select CDocSerie, MAX(cDoccodigo) as nDoccodigo From ") + r.tabla +
+              QStringLiteral(" where cCajaCodi='") + p.ses.psCaja +
+              QStringLiteral("' and ltrim(rtrim(isnull(CDocSerie,''))) <> '' group by CDocSerie"),
+          series)) {
+    terminarSinCentral(p);
+    return;
+  }
+  for (const auto& fila : series) {
+    repararSerie(p, r, LimpiarNulo(fila[u"CDocSerie"]), AEntero(Numero(fila[u"nDoccodigo"])));
+  }
+}
+
+}  // namespace
+
+bool esFiscal(const QString& tipo) { return tipo == u"01" || tipo == u"02"; }
+
+bool CodigoOperacion(Puesto& p, bool paralela, qint64& codigo) {
+  if (!consultarCifra(p, p.poCnnLocal,
+                      QStringLiteral("SELECT MAX(cOperCode) AS maximo FROM ") +
+                          (paralela ? QStringLiteral("OperacionParalela") : QStringLiteral("Operacion")),
+                      u"maximo", codigo)) {
+    return false;
+  }
+  ++codigo;
+  return true;
+}
+
+bool LeerNumeroDocumento(Puesto& p, const QString& tipo, NumeroDocumento& n) {
+  Recordset rs;
+  const QString fila = filaDe(tipo);
+  if (!p.poDBAdmin.EjecutarConsulta(
+          p.poCnnLocal, QStringLiteral("SELECT  * FROM Config_Documento WHERE cTipoDoc='") + fila + QStringLiteral("'"),
+          rs)) {
+    return false;
+  }
+  if (rs.Eof() && !crearFila(p, fila)) return false;
+  NumeroDocumento nuevo;
+  nuevo.numero = AEntero(Numero(rs[u"nDocCodigo"])) + 1;
+  nuevo.serie = LimpiarNulo(rs[u"cSerieDoc"]);
+  if (nuevo.serie.isEmpty()) nuevo.serie = esFiscal(tipo) ? u'0' + Derecha(p.ses.psCaja, 2) : serieInicial(tipo);
+  if (tipo == u"01") p.ses.psSerieFactura = nuevo.serie;
+  if (tipo == u"02") p.ses.psSerieBoleta = nuevo.serie;
+  n = nuevo;
+  return true;
+}
+
+bool VerificarNumeroDocumento(Puesto& p, const QString& tipo, const NombreLog& log, NumeroDocumento& n) {
+  const bool fiscal = esFiscal(tipo);
+  const qint64 central = fiscal ? maximoCentral(p) : 0;
+  qint64 maximo = 0;
+  const QString sql = fiscal
+      ? QStringLiteral("SELECT MAX(cDocCodigo) AS maximo FROM Operacion WHERE cDocTipo IN ('01','02')")
+      : QStringLiteral("SELECT MAX(cDocCodigo) AS maximo FROM OperacionParalela WHERE cDocTipo = '%1'").arg(tipo);
+  if (!consultarCifra(p, p.poCnnLocal, sql, u"maximo", maximo)) return false;
+  maximo = std::max(maximo, central);
+  if (maximo <= 0 || maximo + 1 == n.numero) return true;
+  const qint64 viejo = n.numero;
+  n.numero = maximo + 1;
+  dejarLog(p, (central != 0 ? log.conCentral : log.sinCentral) + tipo + QString::number(viejo) + QStringLiteral(".log"),
+           viejo, n.numero);
+  p.mensajes.mostrar(QStringLiteral("Ocurrio un error en la numeración, se asignará el ") + QString::number(n.numero) +
+                     QStringLiteral(" al documento "));
+  return true;
+}
+
+bool GuardarNumeroDocumento(Puesto& p, const QString& tipo, const NumeroDocumento& n) {
+  return p.poDBAdmin.EjecutarSentencia(
+      p.poCnnLocal,
+      QStringLiteral("UPDATE Config_Documento  SET cSerieDoc='%1', nDocCodigo=%2  WHERE cTipodoc='%3'")
+          .arg(ReemplazarComilla(n.serie), QString::number(n.numero), filaDe(tipo)),
+      true);
+}
+
+bool ReservarDocumento(Puesto& p, const QString& tipo, const NombreLog& log, NumeroDocumento& n) {
+  NumeroDocumento nuevo;
+  if (!LeerNumeroDocumento(p, tipo, nuevo) || !VerificarNumeroDocumento(p, tipo, log, nuevo) ||
+      !GuardarNumeroDocumento(p, tipo, nuevo)) {
+    return false;
+  }
+  n = nuevo;
+  return true;
+}
+
+bool GuardarUltimaOperacion(Puesto& p, const QString& tipo, qint64 codigo, qint64 numero) {
+  const QString documento = esFiscal(tipo) ? QString() : QStringLiteral(" nDocCodigo=%1, ").arg(numero);
+  return p.poDBAdmin.EjecutarSentencia(
+      p.poCnnLocal,
+      QStringLiteral("UPDATE Config_Documento  SET cOperCode=%1,%2 cUserDesc='%3'  WHERE cTipodoc='%4'")
+          .arg(QString::number(codigo), documento, ReemplazarComilla(p.ses.psUsuario), tipo),
+      true);
+}
+
+void RepararNumeracion(Puesto& p) { reparar(p, {QStringLiteral("operacion"), false}); }
+
+void RepararNumeracionParalela(Puesto& p) { reparar(p, {QStringLiteral("operacionparalela"), true}); }
