@@ -33,7 +33,7 @@ bool siNo(const QString& palabra) {
 }  // namespace
 
 std::deque<PasoGuion> AccionesGuion::pasos(const Accion& a) {
-  static const struct { const char16_t* verbo; Metodo metodo; } kMetodos[] = {
+  static const struct { QStringView verbo; Metodo metodo; } kMetodos[] = {
       {u"reloj", &AccionesGuion::reloj},       {u"pasa", &AccionesGuion::pasa},
       {u"inicia", &AccionesGuion::inicia},     {u"termina", &AccionesGuion::termina},
       {u"espera", &AccionesGuion::espera},     {u"escribe", &AccionesGuion::escribe},

@@ -61,6 +61,12 @@ bool tieneElFoco(const QWidget& w) {
   return f && (f == &w || w.isAncestorOf(f) || f == w.focusProxy());
 }
 
+QWidget* editorAbierto(const Rejilla& rejilla) {
+  for (QLineEdit* e : rejilla.viewport()->findChildren<QLineEdit*>())
+    if (e->isVisible() && e->property("editorDeCelda").toBool()) return e;
+  throw ErrorGuion{QStringLiteral("%1 no muestra su celda").arg(rejilla.objectName())};
+}
+
 QString sinMnemonico(QString rotulo) { return rotulo.remove(u'&'); }
 
 int entradaDe(const QComboBox& lista, const QString& texto) {
@@ -167,11 +173,28 @@ void elegirEntrada(const ControlGuion& c, const QString& texto) {
 void irACelda(QAbstractItemView& vista, const QString& nombre, int fila, int columna, bool vaciar) {
   const QModelIndex celda = filaNumero(vista, nombre, fila).siblingAtColumn(columna);
   if (!celda.isValid()) throw ErrorGuion{QStringLiteral("%1 no tiene la columna %2").arg(nombre).arg(columna)};
-  if (!(celda.flags() & Qt::ItemIsEditable) || vista.editTriggers() == QAbstractItemView::NoEditTriggers) {
-    throw ErrorGuion{QStringLiteral("la columna %2 de %1 no se puede editar").arg(nombre).arg(columna)};
+  auto* rejilla = qobject_cast<Rejilla*>(&vista);
+  const bool editable = rejilla ? rejilla->esEditable(columna) && !rejilla->isColumnHidden(columna)
+                                : celda.flags().testFlag(Qt::ItemIsEditable) &&
+                                      vista.editTriggers() != QAbstractItemView::NoEditTriggers;
+  if (!editable) throw ErrorGuion{QStringLiteral("la columna %1 de %2 no se puede editar").arg(columna).arg(nombre)};
+  if (!rejilla) {
+    vista.setFocus(Qt::TabFocusReason);
+    vista.setCurrentIndex(celda);
+    vista.scrollTo(celda);
+    if (vaciar) vista.edit(celda);
+    return;
   }
-  vista.setFocus(Qt::TabFocusReason);
-  vista.setCurrentIndex(celda);
-  vista.scrollTo(celda);
-  if (vaciar) vista.edit(celda);
+  const CeldaRejilla destino{celda.row(), columna};
+  if (rejilla->editando() && rejilla->celda() == destino) {  // refused before: typed over again
+    QWidget* editor = editorAbierto(*rejilla);
+    editor->setFocus(Qt::TabFocusReason);
+    seleccionarTodo(editor);
+    if (vaciar) pulsarTecla(editor, *leerTecla(QStringLiteral("Delete")));
+    return;
+  }
+  if (!rejilla->irA(destino) || !(rejilla->celda() == destino)) {
+    throw ErrorGuion{QStringLiteral("no se puede salir de la celda que se está editando en %1").arg(nombre)};
+  }
+  if (vaciar) rejilla->editar(QString());
 }

@@ -7,10 +7,10 @@
 namespace {
 
 struct FormaAccion {
-  const char16_t* verbo;
+  QStringView verbo;
   int minimo, maximo;  // number of arguments
   bool texto;          // the last of `maximo` is free text and may be empty where it is optional
-  const char16_t* uso;
+  QStringView uso;
 };
 
 const FormaAccion kAcciones[] = {
@@ -86,19 +86,19 @@ std::optional<Accion> leerAccion(const QString& linea, int numero) {
     }
     if (resto.front() == u'#') break;
     if (a.argumentos.size() == forma.maximo) {
-      throw ErrorGuion{QStringLiteral("sobra «%1»; se escribe: %2").arg(resto.toString(), QString(forma.uso))};
+      throw ErrorGuion{QStringLiteral("sobra «%1»; se escribe: %2").arg(resto, forma.uso)};
     }
     a.argumentos << tomarPalabra(resto);
   }
   if (a.argumentos.size() < forma.minimo) {
-    throw ErrorGuion{QStringLiteral("faltan datos; se escribe: %1").arg(QString(forma.uso))};
+    throw ErrorGuion{QStringLiteral("faltan datos; se escribe: %1").arg(forma.uso)};
   }
   return a;
 }
 
 QStringList usosDeAcciones() {
   QStringList usos;
-  for (const FormaAccion& f : kAcciones) usos << QString(f.uso);
+  for (const FormaAccion& f : kAcciones) usos << f.uso.toString();
   return usos;
 }
 

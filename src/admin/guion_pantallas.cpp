@@ -20,6 +20,7 @@
 #include <QTextEdit>
 
 #include "admin/guion_lexico.h"
+#include "platform/ui/rejilla.h"
 
 namespace {
 
@@ -128,6 +129,11 @@ bool ControlGuion::editable() const {
   if (auto* t = qobject_cast<const QPlainTextEdit*>(w)) return !t->isReadOnly();
   if (auto* t = qobject_cast<const QTextEdit*>(w)) return !t->isReadOnly();
   if (auto* s = qobject_cast<const QAbstractSpinBox*>(w)) return !s->isReadOnly();
+  if (auto* r = qobject_cast<const Rejilla*>(w)) {
+    for (int c = 0; c < r->model()->columnCount(); ++c)
+      if (r->esEditable(c) && !r->isColumnHidden(c)) return true;
+    return false;
+  }
   if (auto* v = qobject_cast<const QAbstractItemView*>(w)) {
     if (v->editTriggers() == QAbstractItemView::NoEditTriggers || !v->model()) return false;
     for (int c = 0; c < v->model()->columnCount(v->rootIndex()); ++c)
@@ -236,7 +242,9 @@ QWidget* PantallasGuion::destinoDeTeclas() const {
 
 QString PantallasGuion::foco() const {
   for (QWidget* w = QApplication::focusWidget(); w; w = w->parentWidget()) {
-    if (!w->objectName().isEmpty() && !w->objectName().startsWith(QStringLiteral("qt_"))) return w->objectName();
+    const QString nombre = w->objectName();
+    const bool interno = nombre.startsWith(QStringLiteral("qt_")) || w->property("editorDeCelda").toBool();
+    if (!nombre.isEmpty() && !interno) return nombre;
     if (w->isWindow()) break;
   }
   return {};
