@@ -1,0 +1,10 @@
+#include "documento/linea.h"
+
+ImportesLinea ImportesDe(const LineaDocumento& linea) {
+  ImportesLinea i;
+  i.precio = linea.precio;
+  if (linea.porcentaje > 0) i.precio += linea.precio * linea.porcentaje / 100;
+  i.importe = linea.cantidad * i.precio;
+  if (linea.porcentaje < 0) i.descuento = i.importe * linea.porcentaje / 100;
+  return i;
+}

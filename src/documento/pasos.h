@@ -1,0 +1,21 @@
+#pragma once
+// The one shape of a commit: named steps over the commit's own data, in the order in which they must happen. A kind of
+// document is a list of steps; kinds that differ share the steps that don't.
+#include <span>
+
+struct Puesto;
+
+template <class Datos>
+struct Paso {
+  const char* nombre;
+  bool (*hacer)(Puesto&, Datos&);  // false ends the commit; what was done stays done, and any box has been shown
+};
+
+// Gives the name of the step that ended the commit, nullptr when all were done.
+template <class Datos>
+const char* EjecutarPasos(Puesto& p, Datos& datos, std::span<const Paso<Datos>> pasos) {
+  for (const auto& paso : pasos) {
+    if (!paso.hacer(p, datos)) return paso.nombre;
+  }
+  return nullptr;
+}

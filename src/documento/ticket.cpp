@@ -1,0 +1,130 @@
+#include "documento/ticket.h"
+
+#include "platform/text/fecha.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+
+namespace {
+
+const QString kFin = QStringLiteral("\r\n");
+constexpr int kAncho = 40;
+
+QString aLaIzquierda(const QString& texto, int ancho) { return Izquierda(texto + Espacios(ancho), ancho); }
+QString aLaDerecha(const QString& texto, int ancho) { return Derecha(Espacios(ancho) + texto, ancho); }
+
+QString cabecera(const DatosTicket& t) {
+  QString s;
+  if (esParalela(t.clase)) return s;
+  for (const QString& linea : t.cabecera) {
+    if (!Recortar(linea).isEmpty()) s += LineaCentrada(linea);
+  }
+  return s;
+}
+
+QString cliente(const DatosTicket& t) {
+  const QString raya(28, u'_');
+  QString s;
+  if (!t.tarjeta.isEmpty()) s += kFin + QStringLiteral(" COD.TARJ.: ") + t.tarjeta + u' ';
+  if (t.factura) {  // the name is filled in by hand
+    return s + kFin + QStringLiteral(" NOMBRE: ") + raya + kFin + kFin + Espacios(9) + raya + kFin + kFin +
+           QStringLiteral(" RUC Cliente: ") + Recortar(t.ruc) + kFin;
+  }
+  if (!t.tarjeta.isEmpty()) return s + kFin + QStringLiteral(" NOMBRE: ") + t.nombre + kFin;
+  const QString nombre = Recortar(t.nombre).toUpper();
+  return nombre.isEmpty() ? s : s + kFin + QStringLiteral(" NOMBRE: ") + nombre + kFin;
+}
+
+QString numero(const DatosTicket& t) {
+  return QStringLiteral(" TK NRO: ") + t.serie + u'-' + Ceros(QString::number(t.numero), 6) + QStringLiteral(" NS:") +
+         t.serieImpresora;
+}
+
+QString palabra(const DatosTicket& t) {
+  QString p = datosDe(t.clase).palabra;
+  if (p.isEmpty() && t.dolares) {
+    p = QStringLiteral("U$(TC: ") + Formatear(t.tipoCambio, u"###,##0.00") + QStringLiteral(")");
+  }
+  return (p.isEmpty() ? QString() : LineaCentrada(p)) + kFin;
+}
+
+QString lineas(const DatosTicket& t) {
+  if (!datosDe(t.clase).llevaLineas) return {};
+  QStringList articulos;
+  for (const auto& l : t.lineas) articulos << LineasArticulo(l, t.forma);
+  return t.forma.titulo + kFin + Separador() + kFin + articulos.join(kFin);
+}
+
+QString separador(const DatosTicket&) { return Separador(); }
+
+QString totales(const DatosTicket& t) {
+  QString s;
+  for (const auto& r : t.totales) s += LineaTotal(r);
+  return s;
+}
+
+QString cantidad(const DatosTicket& t) {
+  double suma = 0;
+  for (const auto& l : t.lineas) suma += l.cantidad;
+  if (suma <= 0) return {};
+  return LineaTotal({QStringLiteral(" ITEM"), Formatear(suma, t.forma.mascaraItem)}) + kFin;
+}
+
+QString momento(const DatosTicket& t) {
+  return Espacios(9) + FormatearFecha(t.momento, u"(DDD) DD/MM/YYYY ") + FormatearFecha(t.momento, u"hh:mm") + kFin;
+}
+
+QString supervisor(const DatosTicket& t) {
+  return t.supervisor.isEmpty() ? QString() : QStringLiteral("       SUPERVISOR: ") + t.supervisor + kFin;
+}
+
+QString caja(const DatosTicket& t) {
+  return Espacios(3) + Izquierda(t.usuario, 10) + QStringLiteral("  Cj:") + t.caja + QStringLiteral(" T:") + t.turno +
+         QStringLiteral(" v%1.%2.%3").arg(TARVOPOS_VERSION_MAYOR).arg(TARVOPOS_VERSION_MENOR).arg(TARVOPOS_VERSION_REVISION) +
+         kFin;
+}
+
+QString correlativo(const DatosTicket& t) { return QStringLiteral("         Correlativo: ") + t.correlativo; }
+
+QString lema(const DatosTicket& t) {
+  return esParalela(t.clase) ? QString() : kFin + kFin + Espacios(3) + QStringLiteral("...LA FINCA ALDEBRA ES EL LUGAR!!!");
+}
+
+}  // namespace
+
+QString Separador() { return QString(39, u'-'); }
+
+QString LineaCentrada(const QString& texto) {
+  return Derecha(Espacios(60) + texto, (kAncho + static_cast<int>(texto.size())) / 2) + kFin;
+}
+
+QString LineaTotal(const RenglonTotal& r) {
+  const int etiqueta = r.ancho ? 19 : 23, valor = r.ancho ? 19 : 15;
+  return aLaIzquierda(r.etiqueta, etiqueta) + aLaDerecha(r.valor, valor) + kFin;
+}
+
+RenglonTotal Total(const QString& etiqueta, double valor) { return {etiqueta, Formatear(valor, u"0.00")}; }
+
+QString LineasArticulo(const LineaDocumento& linea, const FormaLineas& f) {
+  const ImportesLinea i = ImportesDe(linea);
+  const auto fila = [&f](const QString& a, const QString& b, const QString& c, const QString& d) {
+    return aLaIzquierda(a, f.descripcion) + u' ' + aLaDerecha(b, f.cantidad) + u' ' + aLaDerecha(c, f.precio) + u' ' +
+           aLaDerecha(d, f.importe);
+  };
+  QString s = fila(linea.descripcion, QString::number(linea.cantidad), Formatear(i.precio, f.mascara),
+                   Formatear(i.importe, f.mascara));
+  if (linea.porcentaje < 0) {
+    s += kFin + fila(QStringLiteral("*Dscto ") + TextoDe(-linea.porcentaje) + QStringLiteral(" %"), {}, {},
+                     Formatear(i.descuento, f.mascara));
+  }
+  return s;
+}
+
+QString TextoTicket(const DatosTicket& t) {
+  QString texto;
+  for (const auto item : {cabecera, cliente, numero, palabra, lineas, separador, totales, cantidad, momento, supervisor,
+                          caja, correlativo, lema}) {
+    const QString s = item(t);
+    if (!s.isEmpty()) texto += kFin + s;
+  }
+  return texto;
+}

@@ -1,0 +1,55 @@
+#pragma once
+// The printed ticket: fixed-column text for a roll of 40 characters, line ends CR LF. Building blocks first, then the
+// whole. Everything here is plain functions over plain data and cannot fail.
+#include <QDateTime>
+#include <QStringList>
+#include <vector>
+
+#include "documento/clase.h"
+#include "documento/linea.h"
+
+// 39 dashes, without a line end.
+QString Separador();
+// Centred in 40 columns; a text longer than that loses characters on its left.
+QString LineaCentrada(const QString& texto);
+
+// A line of the totals. The value is a finished text.
+struct RenglonTotal {
+  QString etiqueta, valor;
+  bool ancho = false;  // value in 19 columns instead of 15
+};
+QString LineaTotal(const RenglonTotal& renglon);
+// A total with mask "0.00".
+RenglonTotal Total(const QString& etiqueta, double valor);
+
+// The columns of the article lines.
+struct FormaLineas {
+  QString titulo = QStringLiteral("Producto         Cant Precio  SubTotal ");
+  int descripcion = 16, cantidad = 4, precio = 6, importe = 9;
+  QString mascara = QStringLiteral("0.00"), mascaraItem = QStringLiteral("0.00");
+};
+// The article line and, with a discount, the line below it. No line end behind the last of them.
+QString LineasArticulo(const LineaDocumento& linea, const FormaLineas& forma);
+
+struct DatosTicket {
+  ClaseDocumento clase = kVentaExacta;
+  // Customer and document
+  bool factura = false;
+  QStringList cabecera;
+  QString tarjeta, nombre, ruc;
+  QString serie, serieImpresora;
+  qint64 numero = 0;
+  bool dolares = false;    // a cash sale in which dollars were taken
+  double tipoCambio = 0;
+  // Body
+  FormaLineas forma;
+  std::vector<LineaDocumento> lineas;
+  std::vector<RenglonTotal> totales;
+  // Close
+  QDateTime momento;
+  QString supervisor;      // "" when nothing had to be authorised
+  QString usuario, caja, turno, correlativo;
+};
+
+// The whole ticket. An item that prints nothing brings no line end either.
+QString TextoTicket(const DatosTicket& t);

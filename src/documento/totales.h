@@ -1,0 +1,30 @@
+#pragma once
+// The totals of a ticket, kind by kind. Amounts in soles unless the name says dollars, not rounded before the mask.
+#include <optional>
+#include <vector>
+
+#include "documento/ticket.h"
+#include "foundation/sesion.h"
+
+// Cash taken and change given.
+struct EfectivoDocumento {
+  double soles = 0, dolares = 0, vueltoSoles = 0, vueltoDolares = 0;
+};
+
+// How a liquidation was paid; printed on the sale document that closes it.
+struct CifrasLiquidacion {
+  EfectivoDocumento efectivo;
+  double adelanto = 0;
+};
+
+struct CifrasVenta {
+  bool factura = false;
+  double total = 0, igv = 0, servicio = 0;
+  QString porcServ;
+  EfectivoDocumento efectivo;
+  std::vector<PagoTarjeta> voucher;  // the card payments to print
+  std::optional<CifrasLiquidacion> liquidacion;
+};
+
+// The totals of a sale; `clase` is one of the three sales.
+std::vector<RenglonTotal> TotalesVenta(ClaseDocumento clase, const CifrasVenta& c);
