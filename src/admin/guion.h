@@ -3,18 +3,20 @@
 #include <QStringList>
 #include <functional>
 
+class EscritorGuion;
 struct EscenaGuion;
 
-// `argumentos` are those behind the word "guion". Gives the exit status: 0 the play is over, 1 an action could not be
-// done, 2 the call is wrong (words on standard error); does not return when the till ends itself (its status) or
-// when an action fails.
-int ordenGuion(const QStringList& argumentos);
-
 struct OpcionesGuion {
-  QString guion;    // file, "-" for standard input, or a resource of the program
-  QString puesto;   // the desk's folder
-  QString salida;   // pictures go there
+  QString guion;   // file, "-" for standard input, or a resource of the program
+  QString puesto;  // the desk's folder
+  QString salida;  // pictures go there
 };
 
-// Plays on a desk; needs an application object. As ordenGuion. `prepara`, if any, is called before the first action.
-int tocarGuion(const OpcionesGuion& opciones, const std::function<void(EscenaGuion&)>& prepara = {});
+// Plays on a desk; needs an AplicacionGrafica. `prepara`, if any, is called before the first action. Gives 0 when the
+// play is over and 2 when desk or play can't be read (words on standard error); does not return when the till ends
+// itself (the process ends with its status) or when an action cannot be done (1).
+int tocarGuion(const OpcionesGuion& opciones, EscritorGuion& escritor,
+               const std::function<void(EscenaGuion&)>& prepara = {});
+
+// `palabras` are those behind the word "guion". Gives the exit status, as tocarGuion.
+int ordenGuion(const QStringList& palabras);

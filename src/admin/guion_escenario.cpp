@@ -23,7 +23,9 @@ bool sinPantalla() {
 // The in-memory screen says at each window what it lacks; nobody who reads a play wants to know.
 QtMessageHandler siguiente = nullptr;
 void callarPantalla(QtMsgType tipo, const QMessageLogContext& contexto, const QString& texto) {
-  if (!texto.startsWith(QStringLiteral("This plugin does not support"))) siguiente(tipo, contexto, texto);
+  for (const char* ruido : {"This plugin does not support", "QStandardPaths: XDG_RUNTIME_DIR"})
+    if (texto.startsWith(QLatin1String(ruido))) return;
+  siguiente(tipo, contexto, texto);
 }
 
 }  // namespace

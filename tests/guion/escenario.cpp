@@ -204,7 +204,7 @@ class Programa final : public ProgramaGuion {
   explicit Programa(Utiles u) : u_(u) {}
   void iniciar() override {
     ventana_ = std::make_unique<frmPrincipal>(u_);
-    ventana_->showMaximized();
+    ventana_->showFullScreen();
   }
   void cerrar() override {
     while (QWidget* modal = QApplication::activeModalWidget()) {

@@ -105,7 +105,7 @@ TEST(Obras, PicturesShowTheActiveScreenOnOneOf1024By768) {
   const QTemporaryDir carpeta;
   const QString fotos = carpeta.filePath(QStringLiteral("a/b"));
   EXPECT_EQ(enEscena({QStringLiteral("-"), fotos}, "inicia\ncaptura todo\nclic mnu(1)\ncaptura hija\n"),
-            "ok\nok\nok\nok\n[estado 0]\n");
+            QStringLiteral("ok\nok\nok\nok\n* hija 1 cerró con 0\n[estado 0]\n"));
   EXPECT_EQ(medidas(fotos + QStringLiteral("/todo.png")), "1024x768");
   EXPECT_NE(medidas(fotos + QStringLiteral("/hija.png")), "");
   EXPECT_NE(medidas(fotos + QStringLiteral("/hija.png")), "1024x768");
