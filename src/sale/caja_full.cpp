@@ -13,15 +13,10 @@ namespace {
 
 const QString kCero = QStringLiteral("0.00");
 
-void ponerLocal(CajaRegistradoraFull& v, int id) {
-  v.nIdLocal = id;
-  v.txtLocal = id > 0 ? QString::number(id) : QString();
-}
-
 void olvidarCliente(CajaRegistradoraFull& v) {
   v.txtNombres.clear();
   v.tarjetaHallada.clear();
-  ponerLocal(v, 0);
+  ElegirLocal(v, 0);
 }
 
 // The sites don't change during a session, so one reading serves the screen's life.
@@ -118,11 +113,22 @@ void CambiarTipo(CajaRegistradoraFull& v, PantallasVenta& pantallas, TipoVenta t
   PonerTipo(v, v.tipos.front());
 }
 
-void SoltarOtroCliente(CajaRegistradoraFull& v) {
+void AjustarCliente(CajaRegistradoraFull& v) {
   const QString tarjeta = Recortar(v.txtTarjeta);
   const bool otra = tarjeta.isEmpty() || Ceros(tarjeta, 8) != v.tarjetaHallada;
-  if (otra && !v.tarjetaHallada.isEmpty()) olvidarCliente(v);
+  if (otra && !v.tarjetaHallada.isEmpty()) {
+    olvidarCliente(v);
+  } else {
+    ElegirLocal(v, static_cast<int>(AEntero(Val(v.txtLocal))));
+  }
 }
+
+void ElegirLocal(CajaRegistradoraFull& v, int id) {
+  v.nIdLocal = id;
+  v.txtLocal = id > 0 ? QString::number(id) : QString();
+}
+
+bool VentaVacia(const CajaRegistradoraFull& v) { return v.lineas.size() == 1 && v.lineas.front()[kCod].isEmpty(); }
 
 ResultadoTarjeta BuscaTarjeta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
   const QString tecleada = Recortar(v.txtTarjeta);
@@ -132,10 +138,9 @@ ResultadoTarjeta BuscaTarjeta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta
     return ResultadoTarjeta::SinTarjeta;
   }
   v.txtTarjeta = Ceros(tecleada, 8);
-  SoltarOtroCliente(v);
+  AjustarCliente(v);
   if (!ConectarCliente(p, true)) return ResultadoTarjeta::SinServidor;
 
-  const int local = static_cast<int>(AEntero(Val(v.txtLocal)));
   QString sql = FormatearSQL(
       QStringLiteral(" SELECT a.cClieCode, a.IdLocal, a.sClieApel, a.sClieName"
                      " FROM Cliente a INNER JOIN Tarjeta b"
@@ -143,7 +148,7 @@ ResultadoTarjeta BuscaTarjeta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta
                      " WHERE b.cTarjActi = 1 AND b.dcadudate >= CONVERT(DATETIME,'$',120)"
                      "    AND nTarjNumb = '$'"),
       {FormatearFecha(p.reloj.now(), u"yyyy-mm-dd") + QStringLiteral(" 00:00:00"), ReemplazarComilla(v.txtTarjeta)});
-  if (local > 0) sql += FormatearSQL(QStringLiteral("    AND a.IdLocal = $ "), {local});
+  if (v.nIdLocal > 0) sql += FormatearSQL(QStringLiteral("    AND a.IdLocal = $ "), {v.nIdLocal});
   Recordset rs;
   const bool leido = p.poDBAdmin.EjecutarConsulta(p.poCnnCliente, sql, rs);
   DesconectarCliente(p);
@@ -163,7 +168,7 @@ ResultadoTarjeta BuscaTarjeta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta
     return ResultadoTarjeta::VariosLocales;
   }
   v.txtNombres = LimpiarNulo(rs[u"sClieApel"]) + u' ' + LimpiarNulo(rs[u"sClieName"]);
-  ponerLocal(v, static_cast<int>(AEntero(Numero(rs[u"IdLocal"]))));
+  ElegirLocal(v, static_cast<int>(AEntero(Numero(rs[u"IdLocal"]))));
   return ResultadoTarjeta::Hallada;
 }
 

@@ -78,9 +78,15 @@ enum class ResultadoTarjeta { SinTarjeta, SinServidor, NoExiste, Hallada, Varios
 // Without the database the card stays and the sale goes on without a name. The connection is closed again.
 ResultadoTarjeta BuscaTarjeta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas);
 
-// Takes name and site of the card found before out, once another card stands in txtTarjeta: they would narrow the
-// search, or stand on another customer's ticket.
-void SoltarOtroCliente(CajaRegistradoraFull& v);
+// Makes the customer's fields agree: name and site of the card found before go, once another card stands in
+// txtTarjeta, since they would narrow a search or stand on another customer's ticket; nIdLocal follows txtLocal.
+void AjustarCliente(CajaRegistradoraFull& v);
+
+// The cashier chose an entry of dcbLocal.
+void ElegirLocal(CajaRegistradoraFull& v, int id);
+
+// Nothing has been entered in the grid.
+bool VentaVacia(const CajaRegistradoraFull& v);
 
 // Where the cashier has to look next: a control by name and, for the grid, a row counted from 0.
 struct Foco {

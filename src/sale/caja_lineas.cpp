@@ -181,9 +181,10 @@ bool CeldaEditable(const Puesto& p, const CajaRegistradoraFull& v, int fila, int
 }
 
 bool SalirCelda(Puesto& p, CajaRegistradoraFull& v, int fila, int columna, const QString& texto) {
-  if (!CeldaEditable(p, v, fila, columna)) return false;
   const QString tecleado = Recortar(texto);
   FilaVenta& f = v.lineas[static_cast<size_t>(fila)];
+  if (tecleado == f[static_cast<size_t>(columna)]) return true;
+  if (!CeldaEditable(p, v, fila, columna)) return false;
   if (columna == kCod || columna == kCatalogo) {
     // An emptied code changes nothing: a line goes away by its own key.
     if (tecleado.isEmpty()) return true;

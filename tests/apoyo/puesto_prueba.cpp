@@ -15,9 +15,41 @@ namespace {
 const QString kConexionServidor =
     QStringLiteral("Provider=SQLOLEDB.1;User ID=;Password=;Initial Catalog=%1;Data Source=sqlite:%1.db");
 
-void crear(const QString& archivo, const QStringList& sentencias) {
-  const auto error = crearBaseSqlite(archivo, sentencias);
-  ASSERT_FALSE(error) << qPrintable(error->descripcion);
+const QString kConexionLocal = QStringLiteral("driver={Microsoft Access Driver (*.mdb)};DBQ=");
+const QString kLocal = QStringLiteral("TarvoPos.mdb"), kCentral = QStringLiteral("central.db"),
+              kCliente = QStringLiteral("cliente.db");
+
+// The rows of a new desk 00001, beside its tables, in SQLite's own language.
+QStringList filasDelPuesto() {
+  QStringList s{QStringLiteral("INSERT INTO Configuracion (Caja, Almacen, PorcServ, GAVETA, PRINTER, DFlag, iCierreCaja, "
+                               "cCodiTurno, cOperId, cOperIdP) VALUES ('00001','01','10','S','EPSON','S',0,'01',0,0)")};
+  const struct { const char *tipo, *serie; } series[] = {{"01", "F01"}, {"02", "001"}, {"10", "OC1"}, {"11", "NC1"},
+                                                         {"12", "PA1"}, {"13", "PV1"}, {"14", "LQ1"}};
+  for (const auto& f : series) {
+    s += QStringLiteral("INSERT INTO Config_Documento (cTipoDoc, cOperCode, nDocCodigo, cSerieDoc) "
+                        "VALUES ('%1',0,0,'%2')").arg(QString::fromLatin1(f.tipo), QString::fromLatin1(f.serie));
+  }
+  for (int n : {1, 2}) {
+    s += QStringLiteral("INSERT INTO _Tmp1 (prn, idct, maxid, nsmr, idz, Imac) VALUES (%1,0,999999,'SER-%1',0,0)").arg(n);
+  }
+  return s;
+}
+
+// The three databases of a new desk, made once a test program; each desk works on its own copy.
+const QDir& modelo() {
+  static const QTemporaryDir carpeta;
+  static const QDir dir = [] {
+    const QDir d(carpeta.path());
+    const std::pair<QString, QStringList> bases[] = {{kLocal, tablasDelPuesto() + filasDelPuesto()},
+                                                     {kCentral, tablasDelCentral()},
+                                                     {kCliente, tablasDelCliente()}};
+    for (const auto& [archivo, sentencias] : bases) {
+      const auto error = crearBaseSqlite(d.filePath(archivo), sentencias);
+      EXPECT_FALSE(error) << qPrintable(error ? error->descripcion : QString());
+    }
+    return d;
+  }();
+  return dir;
 }
 
 QString celda(const QVariant& v) {
@@ -97,11 +129,11 @@ PuestoPrueba::PuestoPrueba(const Envolver& envolver)
     : PartesPrueba(envolver),
       Puesto(losMotores(), registroPuertos, relojFijo, guion, salidaPrueba, rutasDe(carpeta.path())) {
   QDir(rutas.programa).mkpath(rutas.temp);
-  ses.psRutaBD = rutas.enPrograma(QStringLiteral("TarvoPos.mdb"));
+  for (const QString& archivo : {kLocal, kCentral, kCliente}) {
+    EXPECT_TRUE(QFile::copy(modelo().filePath(archivo), rutas.enPrograma(archivo)));
+  }
+  ses.psRutaBD = rutas.enPrograma(kLocal);
   ses.psArchivoCfg = rutas.enPrograma(QStringLiteral("KEB.cfg"));
-  crear(ses.psRutaBD, tablasDelPuesto());
-  crear(rutas.enPrograma(QStringLiteral("central.db")), tablasDelCentral());
-  crear(rutas.enPrograma(QStringLiteral("cliente.db")), tablasDelCliente());
   ses.psConexionCentral = kConexionServidor.arg(QStringLiteral("central"));
   ses.psConexionCliente = kConexionServidor.arg(QStringLiteral("cliente"));
   ses.psFORMATO_FECHA_SQL_SERVER_INS = QStringLiteral("yyyy/mm/dd hh:nn:ss");
@@ -120,24 +152,8 @@ PuestoPrueba::PuestoPrueba(const Envolver& envolver)
   ses.psSerieImpresora = QStringLiteral("SER-1");
   ses.psSerieImpresoraAlterna = QStringLiteral("SER-2");
 
-  const auto error =
-      poCnnLocal.abrir(motoresReales(), QStringLiteral("driver={Microsoft Access Driver (*.mdb)};DBQ=") + ses.psRutaBD,
-                       1000);
+  const auto error = poCnnLocal.abrir(motores, kConexionLocal + ses.psRutaBD, 1000);
   EXPECT_FALSE(error) << qPrintable(error ? error->descripcion : QString());
-  ejecuta(QStringLiteral("INSERT INTO Configuracion (Caja, Almacen, PorcServ, GAVETA, PRINTER, DFlag, iCierreCaja, "
-                         "cCodiTurno, cOperId, cOperIdP) VALUES ('00001','01','10','S','EPSON','S',0,'01',0,0)"));
-  const struct { const char *tipo, *serie; } series[] = {{"01", "F01"}, {"02", "001"}, {"10", "OC1"}, {"11", "NC1"},
-                                                         {"12", "PA1"}, {"13", "PV1"}, {"14", "LQ1"}};
-  for (const auto& s : series) {
-    ejecuta(QStringLiteral("INSERT INTO Config_Documento (cTipoDoc, cOperCode, nDocCodigo, cSerieDoc) "
-                           "VALUES ('%1',0,0,'%2')").arg(QString::fromLatin1(s.tipo), QString::fromLatin1(s.serie)));
-  }
-  for (int n : {1, 2}) {
-    ejecuta(QStringLiteral("INSERT INTO _Tmp1 (prn, idct, maxid, nsmr, idz, Imac) VALUES (%1,0,999999,'SER-%1',0,0)")
-                .arg(n));
-  }
-  // The double, when there is one, counts from here on.
-  if (envueltos) poCnnLocal.abrir(*envueltos, QStringLiteral("driver={Microsoft Access Driver (*.mdb)};DBQ=") + ses.psRutaBD, 1000);
 }
 
 QString PuestoPrueba::filas(Conexion& cnn, const QString& sql) {

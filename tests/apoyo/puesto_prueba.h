@@ -97,7 +97,6 @@ class PuestoPrueba : private PartesPrueba, public Puesto {
   RelojFijo& elReloj() { return relojFijo; }
   MensajesGuion& persona() { return guion; }
   PuertosRegistro& papeles() { return registroPuertos; }
-  Motores& motoresReales() { return *reales; }
   QString ruta() const { return carpeta.path(); }
 
   // The rows of a query, cells joined by "|", one a line; "error: ..." when it fails.

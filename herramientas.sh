@@ -1,0 +1,28 @@
+# Shared by run, test and .ci/run: what is installed and how it is built.
+
+PAQUETES_PROGRAMA=(g++ cmake ninja-build pkg-config qt6-base-dev libqt6svg6-dev libgl1-mesa-dev libsqlite3-dev
+  fonts-dejavu-core)
+PAQUETES_PRUEBAS=(libgtest-dev librapidcheck-dev libbenchmark-dev sqlite3)
+
+# Installs the Debian packages that are missing; nothing when all are there.
+instalar() {
+  local faltan=() p
+  for p in "$@"; do
+    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'ok installed' || faltan+=("$p")
+  done
+  [ ${#faltan[@]} -eq 0 ] && return 0
+  local sudo=""
+  [ "$(id -u)" -eq 0 ] || sudo="sudo"
+  echo "Instalando: ${faltan[*]}"
+  export DEBIAN_FRONTEND=noninteractive
+  $sudo apt-get update -qq
+  $sudo apt-get install -y -qq --no-install-recommends "${faltan[@]}" >/dev/null
+}
+
+# compilar FOLDER CMAKE-ARGUMENTS...
+compilar() {
+  local carpeta=$1
+  shift
+  cmake -G Ninja -S . -B "$carpeta" "$@" >/dev/null
+  cmake --build "$carpeta"
+}

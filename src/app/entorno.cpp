@@ -1,0 +1,31 @@
+#include "app/entorno.h"
+
+#include <QCoreApplication>
+#include <cstdio>
+#include <cstdlib>
+
+#include "platform/io/puertos_sistema.h"
+#include "platform/io/reloj_sistema.h"
+#include "platform/ui/impresoras.h"
+#include "platform/ui/mensajes_ventana.h"
+
+void SalidaSistema::terminar(int estado) {
+  std::fflush(nullptr);
+  std::_Exit(estado);
+}
+
+EntornoSistema::EntornoSistema(const QString& carpeta)
+    : rutas(rutasDe(carpeta)),
+      impresoras(std::make_unique<ImpresorasQt>()),
+      motores(motoresDelSistema(rutas.programa)),
+      puertos(std::make_unique<PuertosSistema>(rutas.programa, impresoras.get())),
+      reloj(std::make_unique<RelojSistema>()),
+      mensajes(std::make_unique<MensajesVentana>()),
+      salida(std::make_unique<SalidaSistema>()) {}
+
+EntornoSistema::~EntornoSistema() = default;
+
+QString carpetaDelPrograma() {
+  const QString casa = qEnvironmentVariable("TARVOPOS_HOME");
+  return casa.isEmpty() ? QCoreApplication::applicationDirPath() : casa;
+}

@@ -1,0 +1,35 @@
+#pragma once
+// The machine's own engines, ports, clock, boxes and end of process: what a desk is built on outside of tests.
+#include <memory>
+
+#include "foundation/rutas.h"
+#include "platform/io/mensajes.h"
+#include "platform/io/puertos.h"
+#include "platform/io/reloj.h"
+#include "platform/io/salida.h"
+#include "platform/sql/motor.h"
+
+class ImpresorasSistema;
+
+// Ends the process at once; what was written to standard output has reached it.
+class SalidaSistema final : public Salida {
+ public:
+  [[noreturn]] void terminar(int estado) override;
+};
+
+struct EntornoSistema {
+  // Of the desk whose program folder is `carpeta`. Needs a QApplication for printers and boxes.
+  explicit EntornoSistema(const QString& carpeta);
+  ~EntornoSistema();
+
+  Rutas rutas;
+  std::unique_ptr<ImpresorasSistema> impresoras;
+  std::unique_ptr<Motores> motores;
+  std::unique_ptr<Puertos> puertos;
+  std::unique_ptr<Reloj> reloj;
+  std::unique_ptr<Mensajes> mensajes;
+  std::unique_ptr<Salida> salida;
+};
+
+// The program folder: TARVOPOS_HOME, else the folder of the program.
+QString carpetaDelPrograma();

@@ -1,0 +1,424 @@
+#include "sale/frm_caja_full.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QTabWidget>
+
+#include "foundation/puesto.h"
+#include "foundation/rutinas.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+#include "platform/ui/linea_estado.h"
+#include "platform/ui/tema.h"
+#include "sale/caja_lineas.h"
+#include "sale/caja_totales.h"
+#include "sale/pantallas_venta.h"
+
+namespace {
+
+QString tituloPorcentaje(bool recargo) {
+  return recargo ? QStringLiteral("Recar(S/.)") : QStringLiteral("Dscto(S/.)");
+}
+
+std::vector<ColumnaRejilla> columnasDeLineas(bool conPorcentaje) {
+  //            title                            width  right  typed  button
+  return {
+      {QStringLiteral("Item"),                    46,   true,  false, false, false},
+      {QStringLiteral("Cod."),                    88,   false, true,  false, false},
+      {QStringLiteral("Cod. Catalog"),            124,  false, true,  false, false},
+      {QStringLiteral("Descripción"),             0,    false, false, false, false},
+      {QString(),                                 30,   false, false, true,  false},
+      {QString(),                                 0,    false, false, false, true},
+      {QStringLiteral("Cant."),                   78,   true,  true,  false, false},
+      {QStringLiteral("Prec.Unit."),              98,   true,  true,  false, false},
+      {QString(),                                 28,   false, true,  false, false},
+      {tituloPorcentaje(false),                   104,  true,  conPorcentaje, false, false},
+      {QStringLiteral("SubTotal"),                104,  true,  true,  false, false},
+      {QStringLiteral("Canje"),                   70,   false, false, false, false},
+      {QStringLiteral("Ptos."),                   60,   true,  false, false, false},
+      {QStringLiteral("(%) Serv."),               92,   false, false, false, false},
+      {QStringLiteral("Serv"),                    80,   true,  false, false, false},
+      {QStringLiteral("Igv"),                     80,   true,  false, false, false},
+  };
+}
+
+QChar soloDigitos(QChar tecla) { return FiltrarTecla(tecla, {ClaseTecla::Digitos}); }
+
+}  // namespace
+
+frmCajaRegistradoraFull::frmCajaRegistradoraFull(Puesto& p, PantallasVenta& pantallas, QWidget* padre)
+    : Forma(QStringLiteral("frmCajaRegistradoraFull"), QStringLiteral(" Caja Registradora - Versión FULL "), padre),
+      p_(p), pantallas_(pantallas) {
+  ExigirFechaSistema(p_);
+  cuerpo()->setContentsMargins(10, 8, 10, 6);
+  cuerpo()->setSpacing(6);
+  cuerpo()->addWidget(nuevaCabecera());
+  cuerpo()->addWidget(nuevoCliente());
+  pestanas_ = new QTabWidget;
+  pestanas_->setObjectName(QStringLiteral("SSTab1"));
+  pago_ = nuevoPanelPago(enlaces_, v_);
+  adelanto_ = nuevosPanelesAdelanto(enlaces_, v_);
+  pestanas_->addTab(nuevosArticulos(), QStringLiteral(" Artículos "));
+  pestanas_->addTab(adelanto_.pestana, QStringLiteral("Pago Adelantado"));
+  cuerpo()->addWidget(pestanas_, 1);
+  cuerpo()->addWidget(nuevoPago());
+  cuerpo()->addWidget(nuevaBotonera());
+  estado_ = new LineaEstado;
+  ponerPie(estado_);
+  nuevasTeclas();
+  enlazarPagos();
+  resize(1024, 768);
+
+  Inicio(p_, v_);
+  mostrar();
+  txtTarjeta_->setFocus();
+}
+
+QWidget* frmCajaRegistradoraFull::nuevaCabecera() {
+  auto* fila = new QWidget;
+  auto* h = new QHBoxLayout(fila);
+  h->setContentsMargins(0, 0, 0, 0);
+  h->setSpacing(8);
+  auto* caja = new Panel(QStringLiteral("Datos de la Caja"), 3);
+  enlaces_.texto(caja->fijo(QStringLiteral("txtCajero"), QStringLiteral("Cajero:")), v_.txtCajero);
+  enlaces_.texto(caja->fijo(QStringLiteral("txtCaja"), QStringLiteral("Caja:")), v_.txtCaja);
+  enlaces_.texto(caja->fijo(QStringLiteral("txtTurno"), QStringLiteral("Turno:")), v_.txtTurno);
+  h->addWidget(caja, 2);
+
+  auto* venta = new Panel(QStringLiteral("Datos de la Venta"), 4);
+  cboTipoVenta_ = new QComboBox;
+  cboTipoVenta_->setObjectName(QStringLiteral("cboTipoVenta"));
+  venta->agregar(QStringLiteral("Tip&o:"), cboTipoVenta_);
+  txtRUC_ = venta->campo(QStringLiteral("txtRUC"), QStringLiteral("&RUC:"));
+  txtRUC_->setMinimumWidth(132);
+  txtRUC_->filtro = soloDigitos;
+  enlaces_.texto(txtRUC_, v_.txtRUC);
+  enlaces_.texto(venta->fijo(QStringLiteral("txtTC"), QStringLiteral("T.C.:")), v_.txtTC);
+  auto* fecha = nuevoTexto({});
+  fecha->setObjectName(QStringLiteral("lblFecha"));
+  venta->agregar(QStringLiteral("Fecha:"), fecha);
+  enlaces_.rotulo(fecha, v_.lblFecha);
+  h->addWidget(venta, 3);
+  connect(cboTipoVenta_, &QComboBox::currentIndexChanged, this, [this](int n) {
+    if (mostrando_ || n < 0) return;
+    con([this, n] { CambiarTipo(v_, pantallas_, v_.tipos[static_cast<size_t>(n)]); });
+  });
+  return fila;
+}
+
+QWidget* frmCajaRegistradoraFull::nuevoCliente() {
+  auto* panel = new Panel({}, 6);
+  txtTarjeta_ = panel->campo(QStringLiteral("txtTarjeta"), QStringLiteral("Nro. &Tarjeta:"));
+  txtTarjeta_->setFixedWidth(120);
+  txtTarjeta_->filtro = soloDigitos;
+  enlaces_.texto(txtTarjeta_, v_.txtTarjeta);
+  auto* nombres = panel->campo(QStringLiteral("txtNombres"), QStringLiteral("&Nombres:"));
+  nombres->setProperty("textoLibre", true);
+  nombres->setMinimumWidth(240);
+  enlaces_.texto(nombres, v_.txtNombres);
+  txtLocal_ = panel->campo(QStringLiteral("txtLocal"), QStringLiteral("&Local:"));
+  txtLocal_->setFixedWidth(56);
+  txtLocal_->filtro = soloDigitos;
+  enlaces_.texto(txtLocal_, v_.txtLocal);
+  lblLocal_ = nuevoTexto(QStringLiteral("Elija local:"), QStringLiteral("suave"));
+  lblLocal_->setObjectName(QStringLiteral("lblLocal"));
+  panel->agregar({}, lblLocal_);
+  dcbLocal_ = new QComboBox;
+  dcbLocal_->setObjectName(QStringLiteral("dcbLocal"));
+  panel->agregar({}, dcbLocal_);
+  auto* busca = nuevoBoton(QStringLiteral("txtBuscaCliente"), QStringLiteral("Buscar (F2)"));
+  panel->agregar({}, busca);
+
+  const auto ajustar = [this] { con([this] { AjustarCliente(v_); }); };
+  txtTarjeta_->alSalir = ajustar;
+  txtLocal_->alSalir = ajustar;
+  connect(busca, &QPushButton::clicked, this, [this] { faltaPantalla(QStringLiteral("Búsqueda de clientes")); });
+  connect(dcbLocal_, &QComboBox::currentIndexChanged, this, [this](int n) {
+    if (mostrando_ || n < 0) return;
+    con([this, n] {
+      ElegirLocal(v_, v_.locales[static_cast<size_t>(n)].id);
+      BuscaTarjeta(p_, v_, pantallas_);
+    });
+  });
+  return panel;
+}
+
+QWidget* frmCajaRegistradoraFull::nuevosArticulos() {
+  auto* hoja = new QWidget;
+  auto* v = new QVBoxLayout(hoja);
+  v->setContentsMargins(6, 6, 6, 6);
+  v->setSpacing(6);
+  const bool conPorcentaje = p_.ses.psDFlag.compare(u"S", Qt::CaseInsensitive) == 0;
+  rejilla_ = new Rejilla(
+      QStringLiteral("TDBGrid1"), columnasDeLineas(conPorcentaje),
+      {[this] { return static_cast<int>(v_.lineas.size()); },
+       [this](int f, int c) { return v_.lineas[static_cast<size_t>(f)][static_cast<size_t>(c)]; }});
+  rejilla_->textoVacio = QStringLiteral("Sin artículos: F5 para agregar");
+  rejilla_->salir = [this](int f, int c, QString& texto) { return salirCelda(f, c, texto); };
+  rejilla_->siguiente = [this](int f, int c) { return siguienteCelda(f, c); };
+  rejilla_->filtro = [this](int f, int c, QChar tecla) { return CeldaEditable(p_, v_, f, c) ? tecla : QChar(); };
+  rejilla_->pulsar = [this](int, int) { faltaPantalla(QStringLiteral("Búsqueda de artículos")); };
+  v->addWidget(rejilla_, 1);
+
+  auto* fila = new QHBoxLayout;
+  auto* agregar = nuevoBoton(QStringLiteral("CmdAddArt"), QStringLiteral("A&dicionar"));
+  auto* eliminar = nuevoBoton(QStringLiteral("CmdDelArt"), QStringLiteral("E&liminar"));
+  fila->addWidget(agregar);
+  fila->addWidget(eliminar);
+  fila->addStretch();
+  v->addLayout(fila);
+  connect(agregar, &QPushButton::clicked, this, [this] { agregarFila(); });
+  connect(eliminar, &QPushButton::clicked, this, [this] { eliminarFila(); });
+  return hoja;
+}
+
+QWidget* frmCajaRegistradoraFull::nuevoPago() {
+  auto* fila = new QWidget;
+  auto* h = new QHBoxLayout(fila);
+  h->setContentsMargins(0, 0, 0, 0);
+  h->setSpacing(8);
+  auto* izquierda = new QVBoxLayout;
+  izquierda->setSpacing(6);
+  for (QFrame* panel : {pago_.frmVuelto, adelanto_.frapade, adelanto_.fraPagoAdelantado}) izquierda->addWidget(panel);
+  izquierda->addStretch();
+  h->addLayout(izquierda, 5);
+  h->addWidget(pago_.fraTotal, 4);
+  for (auto* b : adelanto_.buscan) {
+    connect(b, &QPushButton::clicked, this, [this] { faltaPantalla(QStringLiteral("Pago Adelantado")); });
+  }
+  return fila;
+}
+
+QWidget* frmCajaRegistradoraFull::nuevaBotonera() {
+  const struct { int indice; QStringView rotulo, tecla; } kBotones[] = {
+      {0, u"&Cancelar ", u""}, {1, u"Caja &Registradora", u"SPACE"}, {2, u"&Imprimir Tickets", u"CTRL+ENTER"},
+      {3, u"&Salir", u""},     {4, u"&AC/TC", u""}};
+  auto* fila = new QWidget;
+  auto* h = new QHBoxLayout(fila);
+  h->setContentsMargins(0, 0, 0, 0);
+  h->setSpacing(10);
+  for (const auto& b : kBotones) {
+    auto* boton = nuevoBoton(QStringLiteral("cmdTecla(%1)").arg(b.indice), b.rotulo.toString(),
+                             b.indice == 2 ? QStringLiteral("principal") : QString());
+    h->addWidget(boton);
+    if (!b.tecla.isEmpty()) h->addWidget(nuevoTexto(b.tecla.toString(), QStringLiteral("suave")));
+    connect(boton, &QPushButton::clicked, this, [this, n = b.indice] { pulsar(n); });
+    cmdTecla_[static_cast<size_t>(b.indice)] = boton;
+  }
+  h->addStretch();
+  return fila;
+}
+
+void frmCajaRegistradoraFull::nuevasTeclas() {
+  tecla(Qt::Key_Space, [this] { espacio(); }, {}, true);
+  tecla(Qt::Key_F2, [this] { faltaPantalla(QStringLiteral("Búsqueda de clientes")); }, QStringLiteral("cliente"));
+  tecla(Qt::Key_F5, [this] {
+    agregarFila();
+    faltaPantalla(QStringLiteral("Búsqueda de artículos"));
+  }, QStringLiteral("artículo"));
+  tecla(Qt::Key_F3, [this] {
+    v_.recargo = !v_.recargo;
+    mostrar();
+  }, QStringLiteral("Dscto/Recar"));
+  tecla(Qt::CTRL | Qt::Key_Return, [this] { pulsar(2); });
+  tecla(Qt::ALT | Qt::Key_R, [this] { enfocar(txtRUC_); }, QStringLiteral("RUC"));
+  tecla(Qt::ALT | Qt::Key_E, [this] { enfocar(pago_.txtEfectivoSoles); }, QStringLiteral("efectivo"));
+  tecla(Qt::ALT | Qt::Key_V, [this] { enfocar(pago_.txtVueltoDolares); }, QStringLiteral("vuelto US$"));
+  tecla(Qt::ALT | Qt::Key_T, [this] { enfocar(txtTarjeta_); }, QStringLiteral("tarjeta"));
+  tecla(Qt::ALT | Qt::Key_X, [this] {
+    verPestana(1);
+    enfocar(adelanto_.txtTX);
+  });
+  // On the grid's side the same letter belongs to "Eliminar".
+  tecla(Qt::ALT | Qt::Key_L, [this] {
+    if (pestanas_->isAncestorOf(focusWidget())) eliminarFila();
+    else enfocar(txtLocal_);
+  });
+  for (int n = 0; n < 3; ++n) {
+    tecla(QKeyCombination(Qt::ALT, static_cast<Qt::Key>(Qt::Key_1 + n)), [this, n] { verPestana(n); });
+  }
+  tecla(Qt::ALT | Qt::Key_F4, [this] { pulsar(3); });
+  // A slip of the finger must not take a sale off the screen.
+  tecla(Qt::Key_Escape, [this] {
+    if (VentaVacia(v_)) pulsar(3);
+  });
+  indicio(QStringLiteral("Alt+D línea nueva"));
+}
+
+void frmCajaRegistradoraFull::enlazarPagos() {
+  connect(pago_.txtEfectivoSoles, &QLineEdit::textEdited, this, [this] { v_.efectivoTecleado = true; });
+  pago_.txtEfectivoSoles->alSalir = [this] { con([this] { SalirEfectivoSoles(p_, v_); }); };
+  const auto dolares = [this] { con([this] { SalirDolares(p_, v_); }); };
+  pago_.txtEfectivoDolares->alSalir = dolares;
+  pago_.txtVueltoDolares->alSalir = dolares;
+  // The soles come behind the dollars, since those decide what is left to pay in soles.
+  const QList<QWidget*> orden{rejilla_, pago_.txtEfectivoDolares, pago_.txtVueltoDolares, pago_.txtEfectivoSoles,
+                              cmdTecla_[2]};
+  for (int i = 1; i < orden.size(); ++i) setTabOrder(orden[i - 1], orden[i]);
+}
+
+void frmCajaRegistradoraFull::recoger() { enlaces_.recoger(); }
+
+void frmCajaRegistradoraFull::mostrar() {
+  const QScopedValueRollback<bool> guarda(mostrando_, true);
+  enlaces_.mostrar();
+  mostrarTipos();
+  mostrarLocales();
+  mostrarPaneles();
+  rejilla_->ponerTitulo(kPorc, tituloPorcentaje(v_.recargo));
+  rejilla_->refrescar();
+  mostrarEstado();
+}
+
+void frmCajaRegistradoraFull::mostrarTipos() {
+  QStringList entradas;
+  int actual = -1;
+  for (const TipoVenta t : v_.tipos) {
+    if (t == v_.nTipoVenta) actual = static_cast<int>(entradas.size());
+    entradas << pantallaDe(t).entrada;
+  }
+  QStringList puestas;
+  for (int i = 0; i < cboTipoVenta_->count(); ++i) puestas << cboTipoVenta_->itemText(i);
+  if (puestas != entradas) {
+    cboTipoVenta_->clear();
+    cboTipoVenta_->addItems(entradas);
+  }
+  cboTipoVenta_->setCurrentIndex(actual);
+}
+
+void frmCajaRegistradoraFull::mostrarLocales() {
+  if (dcbLocal_->count() != static_cast<int>(v_.locales.size())) {
+    dcbLocal_->clear();
+    for (const auto& l : v_.locales) dcbLocal_->addItem(l.nombre, l.id);
+  }
+  dcbLocal_->setCurrentIndex(v_.nIdLocal > 0 ? dcbLocal_->findData(v_.nIdLocal) : -1);
+  lblLocal_->setVisible(v_.localVisible);
+  dcbLocal_->setVisible(v_.localVisible);
+}
+
+void frmCajaRegistradoraFull::mostrarPaneles() {
+  const PantallaTipo& t = pantallaDe(v_.nTipoVenta);
+  pago_.frmVuelto->setVisible(t.verEfectivo);
+  pago_.fraTotal->setVisible(t.verTotal);
+  adelanto_.frapade->setVisible(t.panel == PanelTipo::DatosPago);
+  adelanto_.fraPagoAdelantado->setVisible(t.panel == PanelTipo::MontoAdelantado);
+  for (Campo* c : {pago_.txtEfectivoDolares, pago_.txtVueltoDolares}) c->setReadOnly(!t.dolaresEditables);
+  txtRUC_->setReadOnly(!t.rucEditable);
+  for (int i = 0; i < pestanas_->count(); ++i) {
+    pestanas_->setTabEnabled(i, t.unicaPestana < 0 || t.unicaPestana == i);
+  }
+  pestanas_->setCurrentIndex(v_.pestana);
+}
+
+void frmCajaRegistradoraFull::mostrarEstado() {
+  LineaEstado::Datos d;
+  d.caja = p_.ses.psCaja;
+  d.turno = p_.ses.psTurno;
+  d.usuario = p_.ses.psUsuario;
+  d.tipoCambio = p_.ses.pnTipoCambio > 0 ? Formatear(p_.ses.pnTipoCambio, u"0.00") : QString();
+  d.central = !p_.ses.bCentralCaida;
+  d.clientes = !p_.ses.pbClienteCaido;
+  d.papel = p_.ses.ultimoPapel;
+  estado_->mostrar(d);
+}
+
+bool frmCajaRegistradoraFull::alEntrar(QWidget* campo) {
+  if (campo == txtTarjeta_ || campo == txtLocal_) {
+    buscarTarjeta();
+    return true;
+  }
+  return false;
+}
+
+bool frmCajaRegistradoraFull::puedeCerrar() {
+  if (!v_.bLiquidando) return true;
+  pulsar(3);
+  return false;
+}
+
+void frmCajaRegistradoraFull::pulsar(int indice) {
+  // What stands in an open cell is part of the sale, unless the sale is given up anyway.
+  if (indice == 2 && !rejilla_->dejarCelda()) return;
+  rejilla_->abandonarCelda();
+  cmdTecla_[static_cast<size_t>(indice)]->setFocus();
+  recoger();
+  const TrasTecla tras = PulsarTecla(p_, v_, pantallas_, indice);
+  mostrar();
+  if (tras.cierra) accept();
+  else enfocar(tras.foco);
+}
+
+void frmCajaRegistradoraFull::agregarFila() {
+  if (!rejilla_->dejarCelda()) return;
+  verPestana(0);
+  const int fila = AgregarFila(v_);
+  mostrar();
+  rejilla_->irA({fila, kCod});
+}
+
+void frmCajaRegistradoraFull::eliminarFila() {
+  rejilla_->abandonarCelda();
+  const int fila = rejilla_->celda().fila;
+  con([this, fila] { EliminarFila(p_, v_, fila); });
+  rejilla_->irA({qMin(qMax(fila, 0), static_cast<int>(v_.lineas.size()) - 1), kCod});
+}
+
+bool frmCajaRegistradoraFull::salirCelda(int fila, int columna, QString& texto) {
+  recoger();
+  const bool acepta = SalirCelda(p_, v_, fila, columna, texto);
+  if (!acepta) QApplication::beep();
+  else texto = v_.lineas[static_cast<size_t>(fila)][static_cast<size_t>(columna)];
+  mostrar();
+  return acepta;
+}
+
+std::optional<CeldaRejilla> frmCajaRegistradoraFull::siguienteCelda(int fila, int columna) const {
+  const bool conArticulo = !v_.lineas[static_cast<size_t>(fila)][kCod].isEmpty();
+  if (conArticulo && (columna == kCod || columna == kCatalogo)) return CeldaRejilla{fila, kCant};
+  return {};
+}
+
+void frmCajaRegistradoraFull::buscarTarjeta() {
+  ResultadoTarjeta r{};
+  con([this, &r] { r = BuscaTarjeta(p_, v_, pantallas_); });
+  if (r == ResultadoTarjeta::NoExiste) enfocar(txtTarjeta_);
+  else if (r == ResultadoTarjeta::VariosLocales && dcbLocal_->count() > 0) enfocar(dcbLocal_);
+  else irALineas();
+}
+
+void frmCajaRegistradoraFull::faltaPantalla(const QString& nombre) {
+  pantallas_.noDisponible(nombre);
+  activateWindow();
+}
+
+void frmCajaRegistradoraFull::espacio() {
+  auto* campo = qobject_cast<QLineEdit*>(focusWidget());
+  if (campo && campo->property("textoLibre").toBool()) campo->insert(QStringLiteral(" "));
+  else if (v_.nTipoVenta != kPADE && v_.nTipoVenta != kPADV) pulsar(1);
+}
+
+void frmCajaRegistradoraFull::verPestana(int n) {
+  if (!pestanas_->isTabEnabled(n) || !rejilla_->dejarCelda()) return;
+  v_.pestana = n;
+  pestanas_->setCurrentIndex(n);
+  if (n == 0) rejilla_->setFocus();
+}
+
+void frmCajaRegistradoraFull::enfocar(QWidget* control) {
+  if (control->isVisibleTo(this) && control->isEnabled()) control->setFocus(Qt::ShortcutFocusReason);
+}
+
+void frmCajaRegistradoraFull::enfocar(const Foco& foco) {
+  if (foco.control == rejilla_->objectName()) rejilla_->irA({foco.fila, kCod});
+  else if (auto* control = findChild<QWidget*>(foco.control); control && !foco.control.isEmpty()) enfocar(control);
+}
+
+void frmCajaRegistradoraFull::irALineas() {
+  verPestana(0);
+  const int ultima = static_cast<int>(v_.lineas.size()) - 1;
+  rejilla_->irA({ultima, kCod});
+}

@@ -1,0 +1,78 @@
+#pragma once
+#include "platform/ui/forma.h"
+#include "platform/ui/rejilla.h"
+#include "sale/caja_full.h"
+#include "sale/frm_caja_paneles.h"
+
+class LineaEstado;
+class QComboBox;
+class QLabel;
+class QTabWidget;
+
+// The full register. The desk and the screens that it opens outlive it.
+class frmCajaRegistradoraFull final : public Forma {
+  Q_OBJECT
+ public:
+  // Holds the date against the last operation and runs Inicio.
+  frmCajaRegistradoraFull(Puesto& p, PantallasVenta& pantallas, QWidget* padre = nullptr);
+
+  // The sale on the screen. Call mostrar() after a change.
+  CajaRegistradoraFull& venta() { return v_; }
+  // The struct to the controls.
+  void mostrar();
+
+ protected:
+  bool alEntrar(QWidget* campo) override;
+  bool puedeCerrar() override;
+
+ private:
+  QWidget* nuevaCabecera();
+  QWidget* nuevoCliente();
+  QWidget* nuevosArticulos();
+  QWidget* nuevoPago();
+  QWidget* nuevaBotonera();
+  void nuevasTeclas();
+  void enlazarPagos();
+
+  void recoger();
+  void mostrarTipos();
+  void mostrarLocales();
+  void mostrarPaneles();
+  void mostrarEstado();
+
+  // Runs `accion` on the struct between the controls' texts in and out.
+  template <class Accion>
+  void con(Accion accion) {
+    recoger();
+    accion();
+    mostrar();
+  }
+  void pulsar(int indice);
+  void agregarFila();
+  void eliminarFila();
+  bool salirCelda(int fila, int columna, QString& texto);
+  std::optional<CeldaRejilla> siguienteCelda(int fila, int columna) const;
+  void buscarTarjeta();
+  void faltaPantalla(const QString& nombre);
+  void espacio();
+  void verPestana(int n);
+  void enfocar(QWidget* control);
+  void enfocar(const Foco& foco);
+  void irALineas();
+
+  Puesto& p_;
+  PantallasVenta& pantallas_;
+  CajaRegistradoraFull v_;
+  Enlaces enlaces_;
+  bool mostrando_ = false;  // lists are being filled, not chosen from
+
+  Rejilla* rejilla_ = nullptr;
+  QComboBox *cboTipoVenta_ = nullptr, *dcbLocal_ = nullptr;
+  QLabel* lblLocal_ = nullptr;
+  Campo *txtTarjeta_ = nullptr, *txtLocal_ = nullptr, *txtRUC_ = nullptr;
+  QTabWidget* pestanas_ = nullptr;
+  PanelPago pago_;
+  PanelesAdelanto adelanto_;
+  std::array<QPushButton*, 5> cmdTecla_{};
+  LineaEstado* estado_ = nullptr;
+};

@@ -1,0 +1,110 @@
+#include "sale/frm_caja_paneles.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "foundation/rutinas.h"
+#include "platform/ui/tema.h"
+
+QChar filtroImporte(QChar tecla) { return FiltrarTecla(tecla, {ClaseTecla::Decimal}); }
+
+namespace {
+
+constexpr int kAnchoImporte = 124;
+
+Campo* importe(Panel* panel, const QString& nombre, const QString& etiqueta, Enlaces& enlaces, QString& campo) {
+  Campo* c = panel->importe(nombre, etiqueta);
+  c->setMinimumWidth(kAnchoImporte);
+  c->filtro = filtroImporte;
+  enlaces.texto(c, campo);
+  return c;
+}
+
+QLabel* cifra(const QString& nombre, const QString& papel, Enlaces& enlaces, const QString& campo) {
+  auto* l = nuevoTexto({}, papel);
+  l->setObjectName(nombre);
+  l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  enlaces.rotulo(l, campo);
+  return l;
+}
+
+QFrame* nuevaPantalla(Enlaces& enlaces, CajaRegistradoraFull& v) {
+  auto* marco = new QFrame;
+  marco->setObjectName(QStringLiteral("fraTotal"));
+  marco->setProperty("papel", "pantalla");
+  auto* g = new QGridLayout(marco);
+  g->setContentsMargins(16, 4, 16, 4);
+  g->setHorizontalSpacing(3 * tema::kPaso);
+  g->setVerticalSpacing(0);
+  const auto leyenda = [](const QString& t) { return nuevoTexto(t, QStringLiteral("leyenda")); };
+  g->addWidget(leyenda(QStringLiteral("TOTAL S/.")), 0, 0);
+  g->addWidget(cifra(QStringLiteral("txtSoles"), QStringLiteral("cifra"), enlaces, v.txtSoles), 0, 1, 1, 3);
+  g->addWidget(leyenda(QStringLiteral("US$")), 1, 0);
+  g->addWidget(cifra(QStringLiteral("txtDolares"), QStringLiteral("articulo"), enlaces, v.txtDolares), 1, 1);
+  g->addWidget(leyenda(QStringLiteral("VUELTO S/.")), 1, 2, Qt::AlignRight | Qt::AlignVCenter);
+  g->addWidget(cifra(QStringLiteral("lblVuelto"), QStringLiteral("vuelto"), enlaces, v.txtVueltoSoles), 1, 3);
+  g->setColumnStretch(1, 1);
+  g->setColumnStretch(3, 2);
+  return marco;
+}
+
+}  // namespace
+
+PanelPago nuevoPanelPago(Enlaces& enlaces, CajaRegistradoraFull& v) {
+  PanelPago r;
+  auto* panel = new Panel({}, 2);
+  panel->setObjectName(QStringLiteral("frmVuelto"));
+  r.frmVuelto = panel;
+  r.txtEfectivoSoles = importe(panel, QStringLiteral("txtEfectivoSoles"), QStringLiteral("&Efectivo:  S/."), enlaces,
+                               v.txtEfectivoSoles);
+  r.txtEfectivoDolares =
+      importe(panel, QStringLiteral("txtEfectivoDolares"), QStringLiteral("US$"), enlaces, v.txtEfectivoDolares);
+  r.txtVueltoSoles =
+      importe(panel, QStringLiteral("txtVueltoSoles"), QStringLiteral("Vuelto:  S/."), enlaces, v.txtVueltoSoles);
+  r.txtVueltoSoles->setReadOnly(true);
+  r.txtVueltoSoles->setFocusPolicy(Qt::NoFocus);
+  r.txtVueltoDolares =
+      importe(panel, QStringLiteral("txtVueltoDolares"), QStringLiteral("US$"), enlaces, v.txtVueltoDolares);
+  r.fraTotal = nuevaPantalla(enlaces, v);
+  return r;
+}
+
+PanelesAdelanto nuevosPanelesAdelanto(Enlaces& enlaces, CajaRegistradoraFull& v) {
+  PanelesAdelanto r;
+  const auto texto = [&enlaces](Panel* panel, const QString& nombre, const QString& etiqueta, QString& campo) {
+    Campo* c = panel->campo(nombre, etiqueta);
+    enlaces.texto(c, campo);
+    return c;
+  };
+  const auto busca = [&r](Panel* panel, const QString& nombre, const QString& rotulo) {
+    auto* b = nuevoBoton(nombre, rotulo);
+    r.buscan.push_back(b);
+    panel->agregar({}, b);
+  };
+
+  auto* adelantado = new Panel({}, 2);
+  adelantado->setObjectName(QStringLiteral("fraPagoAdelantado"));
+  r.fraPagoAdelantado = adelantado;
+  r.txtPagoAdelantado = importe(adelantado, QStringLiteral("txtPagoAdelantado"), QStringLiteral("&PAGO ADELANTADO:"),
+                                enlaces, v.txtPagoAdelantado);
+  r.txtPADEDolares =
+      importe(adelantado, QStringLiteral("txtPADEDolares"), QStringLiteral("US$"), enlaces, v.txtPADEDolares);
+
+  auto* datos = new Panel(QStringLiteral("Datos de Pago Adelantado"), 2);
+  datos->setObjectName(QStringLiteral("frapade"));
+  r.frapade = datos;
+  texto(datos, QStringLiteral("txtPADE"), QStringLiteral("TX"), v.txtPADE);
+  busca(datos, QStringLiteral("cmdBuscaPago"), QStringLiteral("ALT+&P"));
+  Campo* pago = datos->fijo(QStringLiteral("txtimportepago"), QStringLiteral("PAGO"));
+  enlaces.texto(pago, v.txtimportepago);
+  texto(datos, QStringLiteral("txtGlosa1"), QStringLiteral("GLOSA"), v.txtGlosa1);
+
+  auto* hoja = new Panel({}, 2);
+  r.pestana = hoja;
+  r.txtTX = texto(hoja, QStringLiteral("txtTX"), QStringLiteral("TX:"), v.txtTX);
+  busca(hoja, QStringLiteral("cmdPagoAdelantado"), QStringLiteral("Pago Adelantado"));
+  texto(hoja, QStringLiteral("txtGlosa"), QStringLiteral("Glosa:"), v.txtGlosa);
+  return r;
+}

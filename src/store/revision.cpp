@@ -1,0 +1,32 @@
+#include "store/revision.h"
+
+#include <QSet>
+
+#include "platform/sql/conexion.h"
+#include "store/tablas.h"
+
+namespace {
+
+// "CREATE TABLE name (" gives the name; "" for any other statement.
+QString tablaDe(const QString& sentencia) {
+  static const QString kInicio = QStringLiteral("CREATE TABLE ");
+  if (!sentencia.startsWith(kInicio, Qt::CaseInsensitive)) return {};
+  return sentencia.mid(kInicio.size(), sentencia.indexOf(u'(') - kInicio.size()).trimmed();
+}
+
+}  // namespace
+
+QStringList tablasQueFaltan(Conexion& local) {
+  Recordset rs;
+  QSet<QString> hay;
+  if (!local.consultar(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table'"), rs)) {
+    for (const auto& fila : rs) hay.insert(fila[0].toString().toLower());
+  }
+  QStringList faltan;
+  const QStringList sentencias = tablasDelPuesto();
+  for (const QString& s : sentencias) {
+    const QString tabla = tablaDe(s);
+    if (!tabla.isEmpty() && !hay.contains(tabla.toLower())) faltan += tabla;
+  }
+  return faltan;
+}

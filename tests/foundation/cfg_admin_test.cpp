@@ -1,0 +1,108 @@
+#include "foundation/cfg_admin.h"
+
+#include <gtest/gtest.h>
+
+#include "apoyo/puesto_prueba.h"
+#include "platform/io/perfil.h"
+
+namespace {
+
+const QString kParametros = QStringLiteral("PARAMETROS");
+
+// A desk whose settings are what the test says: every setting of the table blank, the file gone.
+void vaciar(PuestoPrueba& p) {
+  p.ejecuta(QStringLiteral("UPDATE Configuracion SET Caja='', Almacen='', PorcServ='', GAVETA='', PRINTER='', DFlag=''"));
+  QFile::remove(p.ses.psArchivoCfg);
+}
+
+void enArchivo(PuestoPrueba& p, const char* seccion, const char* clave, const QString& valor) {
+  ASSERT_FALSE(EscribirPerfil(p.ses.psArchivoCfg, QString::fromLatin1(seccion), QString::fromLatin1(clave), valor));
+}
+
+TEST(Parametros, TheTableWinsAndTheOtherIsRepaired) {
+  const struct { const char *porque, *tabla, *archivo, *leido, *quedaArchivo; } kCasos[] = {
+      {"the table hides the file, which keeps its value", "EPSON", "START", "EPSON", "START"},
+      {"a blank table takes the file's value", "", "START", "START", "START"},
+      {"blank everywhere is written blank", "", "", "", ""},
+      {"blanks round a value are cut", "  EPSON ", "x", "EPSON", "x"},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    PuestoPrueba p;
+    vaciar(p);
+    p.ejecuta(QStringLiteral("UPDATE Configuracion SET PRINTER='%1'").arg(QString::fromLatin1(c.tabla)));
+    enArchivo(p, "PARAMETROS", "PRINTER", QString::fromLatin1(c.archivo));
+    const QString leido = LeerParametro(p, kParametros, QStringLiteral("PRINTER"), p.ses.psArchivoCfg);
+    EXPECT_EQ(QString::fromLatin1(c.leido), leido);
+    EXPECT_EQ(leido, p.filas(QStringLiteral("SELECT TRIM(PRINTER) FROM Configuracion")));
+    EXPECT_EQ(QString::fromLatin1(c.quedaArchivo), LeerPerfil(p.ses.psArchivoCfg, kParametros, QStringLiteral("PRINTER")));
+  }
+}
+
+TEST(Parametros, AKeyThatIsNoColumnWorksFromTheFile) {
+  PuestoPrueba p;
+  enArchivo(p, "PARAMETROS", "Nueva", QStringLiteral("7"));
+  p.persona().espera(QStringLiteral("SELECT Nueva FROM CONFIGURACION"));
+  p.persona().espera(QStringLiteral("UPDATE CONFIGURACION SET CONFIGURACION.Nueva='7'"));
+  EXPECT_EQ(QStringLiteral("7"), LeerParametro(p, kParametros, QStringLiteral("Nueva"), p.ses.psArchivoCfg));
+}
+
+TEST(Configuracion, EachMissingKeyAndAnUnknownLanguageEndTheProcess) {
+  const struct { const char *porque, *caja, *almacen, *servicio, *idioma, *caja_; } kCasos[] = {
+      {"desk", "", "01", "10", "", "Debe ingresar parámetro de Caja en archivo de Configuración"},
+      {"warehouse", "00001", "", "10", "", "Debe ingresar parámetro de almacén en archivo de Configuración"},
+      {"service", "00001", "01", "", "",
+       "Debe ingresar parámetro de Porcentaje de Servicio en archivo de Configuración"},
+      {"the first of several", "", "", "", "", "Debe ingresar parámetro de Caja en archivo de Configuración"},
+      {"language", "00001", "01", "10", "french",
+       "Comuníquese con el Proveedor, indicando:\n\n- Idioma Servidor SQL Server no es: 'SPANISH', 'ENGLISH'"},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    PuestoPrueba p;
+    vaciar(p);
+    enArchivo(p, "PARAMETROS", "Caja", QString::fromLatin1(c.caja));
+    enArchivo(p, "PARAMETROS", "Almacen", QString::fromLatin1(c.almacen));
+    enArchivo(p, "PARAMETROS", "PorcServ", QString::fromLatin1(c.servicio));
+    enArchivo(p, "SQLServer", "IdionaSQLServer", QString::fromLatin1(c.idioma));
+    p.persona().espera(QString::fromUtf8(c.caja_));
+    try {
+      LeerConfiguracion(p);
+      ADD_FAILURE() << "the process went on";
+    } catch (const ProcesoTerminado& fin) {
+      EXPECT_NE(0, fin.estado);
+    }
+  }
+}
+
+TEST(Configuracion, ADeskWhoseStoreWasReplacedGetsItsSettingsFromTheFile) {
+  PuestoPrueba p;
+  vaciar(p);
+  enArchivo(p, "INICIO", "DataServer", QStringLiteral("sqlite:central.db"));
+  enArchivo(p, "INICIO", "UserName", QStringLiteral("ñu"));
+  enArchivo(p, "PARAMETROS", "Caja", QStringLiteral("00012"));
+  enArchivo(p, "PARAMETROS", "Almacen", QStringLiteral("02"));
+  enArchivo(p, "PARAMETROS", "PorcServ", QStringLiteral("13"));
+  enArchivo(p, "SQLServer", "IdionaSQLServer", QStringLiteral("spanish"));
+  enArchivo(p, "SQLServer", "ServidorSQL", QStringLiteral("sqlite:cliente.db"));
+  LeerConfiguracion(p);
+  EXPECT_EQ(QStringLiteral("00012"), p.ses.psCaja);
+  EXPECT_EQ(QStringLiteral("Provider=SQLOLEDB.1;User ID=ñu;Password=;Initial Catalog=;Data Source=sqlite:central.db"),
+            p.ses.psConexionCentral);
+  EXPECT_EQ(QStringLiteral("Provider=SQLOLEDB.1;User ID=;Password=;Initial Catalog=;Data Source=sqlite:cliente.db"),
+            p.ses.psConexionCliente);
+  EXPECT_EQ(QStringLiteral("yyyy/dd/mm hh:nn:ss"), p.ses.psFORMATO_FECHA_SQL_SERVER_INS);
+  EXPECT_EQ(QStringLiteral("ñu|00012|02|13"),
+            p.filas(QStringLiteral("SELECT UserName, Caja, Almacen, PorcServ FROM Configuracion")));
+}
+
+TEST(Configuracion, AFileThatCannotBeWrittenIsToldAndTheTableKeepsTheValue) {
+  PuestoPrueba p;
+  QFile::remove(p.ses.psArchivoCfg);
+  ASSERT_TRUE(QDir(p.rutas.programa).mkdir(QStringLiteral("KEB.cfg")));  // a folder stands in its place
+  p.persona().espera(QStringLiteral("KEB.cfg"));
+  EscribirParametro(p, kParametros, QStringLiteral("PRINTER"), p.ses.psArchivoCfg, QStringLiteral("START"));
+  EXPECT_EQ(QStringLiteral("START"), p.filas(QStringLiteral("SELECT PRINTER FROM Configuracion")));
+}
+
+}  // namespace

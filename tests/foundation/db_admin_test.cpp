@@ -1,0 +1,138 @@
+#include "foundation/db_admin.h"
+
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include "apoyo/puesto_prueba.h"
+#include "foundation/rutinas.h"
+
+namespace {
+
+TEST(FormatearSQL, ANullTakesItsWrappingAway) {
+  const struct { const char *porque, *plantilla; std::vector<QVariant> valores; const char* sale; } kCasos[] = {
+      {"date wrapping goes, the key keeps its quotes", "SET d = CONVERT(DATETIME,'$') WHERE k = '$'", {QVariant(), 7},
+       "SET d = Null WHERE k = '7'"},
+      {"quoted and bare", "('$', $)", {QVariant(), QVariant()}, "(Null, Null)"},
+      {"wrapping stays for a value", "CONVERT(DATETIME,'$')", {"2025/01/02"}, "CONVERT(DATETIME,'2025/01/02')"},
+      {"trimmed", "'$'", {"  a b  "}, "'a b'"},
+      {"an empty text is no Null", "'$'", {""}, "''"},
+      {"numbers without a mask", "$,$", {0.1 + 0.2, -27.0}, "0.3,-27"},
+      {"one quote alone is no wrapping", "'$ ", {QVariant()}, "'Null "},
+      {"a value's own $ is not a place", "$-$", {"a$b", "c"}, "a$b-c"},
+      {"only the whole date wrapping goes", "XCONVERT(DATETIME,'$' )", {QVariant()}, "XCONVERT(DATETIME,Null )"},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    EXPECT_EQ(QString::fromUtf8(c.sale), FormatearSQL(QString::fromUtf8(c.plantilla), c.valores));
+  }
+}
+
+RC_GTEST_PROP(FormatearSQL, AnyNameComesBackAsItWas, (const std::string& bruto)) {
+  static PuestoPrueba p;
+  QString nombre = QString::fromLatin1(QByteArray::fromStdString(bruto)).remove(QChar(0)).trimmed();
+  const QString sql = FormatearSQL(QStringLiteral("SELECT '$' as x"), {ReemplazarComilla(nombre)});
+  RC_ASSERT(sql.count(u'\'') % 2 == 0);
+  Recordset rs;
+  const auto error = p.poCnnLocal.consultar(sql, rs);
+  if (error) RC_FAIL(error->descripcion.toStdString() + " in " + sql.toStdString());
+  RC_ASSERT(rs[0].toString().toStdString() == nombre.toStdString());
+}
+
+TEST(DBAdmin, SaysWhatFailedAndKeepsQuietAboutDuplicates) {
+  PuestoPrueba p;
+  Recordset rs;
+  p.persona().espera(QStringLiteral(" - SELECT * FROM NoHay"));
+  EXPECT_FALSE(p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("SELECT * FROM NoHay"), rs));
+  EXPECT_EQ(0, rs.RecordCount());
+
+  const QString tipo = QStringLiteral("INSERT INTO Config_Documento (cTipoDoc) VALUES ('01')");
+  EXPECT_FALSE(p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, tipo, true));  // the row is there: no box
+  EXPECT_FALSE(p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, QStringLiteral("UPDATE NoHay SET a=1"), false));
+  p.persona().espera(QStringLiteral(" - UPDATE NoHay SET a=1"));
+  EXPECT_FALSE(p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, QStringLiteral("UPDATE NoHay SET a=1"), true));
+
+  Conexion otra;
+  p.persona().espera(QStringLiteral("No se pudo conectar a la BD de Logistica en SQL SERVER. \n"));
+  EXPECT_FALSE(p.poDBAdmin.AbrirBD(otra, QStringLiteral("Data Source=sqlite:noesta.db"), true));
+  EXPECT_FALSE(QFile::exists(p.ruta() + QStringLiteral("/noesta.db")));
+  p.poDBAdmin.CerrarBD(otra);
+}
+
+// A server that lets time pass: every open costs its wait.
+class MotoresMudos final : public Motores {
+ public:
+  int intentos = 0, espera = 0;
+  std::unique_ptr<Motor> abrir(const QString&, int espera_ms, ErrorBD& error) override {
+    ++intentos;
+    espera = espera_ms;
+    error = {kErrorTiempo, 0, QStringLiteral("tiempo agotado")};
+    return {};
+  }
+};
+
+TEST(DBAdmin, ASaleWaitsForASilentServerOnceAMinute) {
+  PuestoPrueba base;
+  MotoresMudos mudos;
+  Puesto p(mudos, base.puertos, base.reloj, base.mensajes, base.salida, base.rutas);
+  p.ses.psConexionCentral = QStringLiteral("Data Source=mudo");
+  Conexion c;
+  const auto abrir = [&](clsDBAdmin::Espera e) { p.poDBAdmin.AbrirBD(c, p.ses.psConexionCentral, false, e); };
+  abrir(clsDBAdmin::Espera::Venta);
+  EXPECT_EQ(2000, mudos.espera);
+  EXPECT_TRUE(p.ses.bCentralCaida);
+  base.elReloj().ahora = base.elReloj().ahora.addSecs(59);
+  abrir(clsDBAdmin::Espera::Venta);
+  EXPECT_EQ(1, mudos.intentos);
+  abrir(clsDBAdmin::Espera::Normal);  // a report asks all the same
+  EXPECT_EQ(2, mudos.intentos);
+  EXPECT_EQ(20000, mudos.espera);
+  base.elReloj().ahora = base.elReloj().ahora.addSecs(1);
+  abrir(clsDBAdmin::Espera::Venta);
+  EXPECT_EQ(3, mudos.intentos);
+}
+
+TEST(Rutinas, KeysPassOrAreRefused) {
+  const struct { const char *porque; std::initializer_list<ClaseTecla> clases; const char *escrito, *queda; } kCasos[] = {
+      {"letters raised", {ClaseTecla::Letras, ClaseTecla::Mayusculas}, "aÑo1.é,", "AÑO.É"},
+      {"decimal lets points pass", {ClaseTecla::Decimal}, "1.2.x-3 ", "1.2.3 "},
+      {"digits", {ClaseTecla::Digitos}, "0.a1 ", "01 "},
+      {"lower case refuses nothing", {ClaseTecla::Minusculas}, "A1!", "a1!"},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    QString queda;
+    for (QChar k : QString::fromUtf8(c.escrito)) {
+      const QChar r = FiltrarTecla(k, c.clases);
+      if (!r.isNull()) queda += r;
+    }
+    EXPECT_EQ(QString::fromUtf8(c.queda), queda);
+  }
+  PuestoPrueba p;
+  int blancos = 0;
+  p.persona().espera(QStringLiteral("No esta permitido dos espacios en blanco"));
+  for (QChar k : QStringLiteral("a b  c")) FiltrarTeclaNombre(p, k, {ClaseTecla::Letras}, blancos);
+  EXPECT_EQ(0, blancos);
+}
+
+TEST(Rutinas, TheClockMayNotStandBeforeTheLastOperation) {
+  const struct { const char *porque, *operacion, *paralela; bool bien; } kCasos[] = {
+      {"empty store", nullptr, nullptr, true},
+      {"the same day, later hour", "24/11/2026 23:00", nullptr, true},
+      {"a day ahead", "25/11/2026 08:00", nullptr, false},
+      {"a day ahead in the parallel table", "23/11/2026 08:00", "25/11/2026 08:00", false},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    PuestoPrueba p;
+    const QString fila = QStringLiteral("INSERT INTO %1 (cOperCode, dOperFech) VALUES (1, '%2')");
+    if (c.operacion) p.ejecuta(fila.arg(QStringLiteral("Operacion"), QString::fromLatin1(c.operacion)));
+    if (c.paralela) p.ejecuta(fila.arg(QStringLiteral("OperacionParalela"), QString::fromLatin1(c.paralela)));
+    EXPECT_EQ(c.bien, VerificarFechaSistema(p));
+    if (!c.bien) {
+      p.ses.psConexionCentral = QStringLiteral("Data Source=sqlite:noesta.db");
+      EXPECT_TRUE(VerificarFechaSistema(p));  // with the central database away nothing is checked
+    }
+  }
+}
+
+}  // namespace
