@@ -21,18 +21,6 @@ std::optional<QString> escribirTodo(QFileDevice& f, const QByteArray& bytes) {
   return PalabrasDeError(errno, f);
 }
 
-// A rename is on the disk once its folder is.
-void carpetaAlDisco(const QString& carpeta) {
-#ifdef Q_OS_WIN
-  Q_UNUSED(carpeta);
-#else
-  const int fd = ::open(QFile::encodeName(carpeta).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (fd < 0) return;
-  ::fsync(fd);
-  ::close(fd);
-#endif
-}
-
 }  // namespace
 
 QString PalabrasDeError(int error, const QFileDevice& f) {
@@ -63,6 +51,17 @@ bool AlDisco(QFileDevice& f) {
 #endif
 }
 
+void CarpetaAlDisco(const QString& carpeta) {
+#ifdef Q_OS_WIN
+  Q_UNUSED(carpeta);
+#else
+  const int fd = ::open(QFile::encodeName(carpeta).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (fd < 0) return;
+  ::fsync(fd);
+  ::close(fd);
+#endif
+}
+
 std::optional<QString> LeerBytes(const QString& ruta, QByteArray& bytes, qint64 maximo) {
   QFile f(ruta);
   errno = 0;
@@ -88,6 +87,6 @@ std::optional<QString> SustituirArchivo(const QString& ruta, const QByteArray& b
   if (auto e = escribirTodo(f, bytes)) return e;
   errno = 0;
   if (!AlDisco(f) || !f.commit()) return PalabrasDeError(errno, f);
-  carpetaAlDisco(QFileInfo(ruta).absolutePath());
+  CarpetaAlDisco(QFileInfo(ruta).absolutePath());
   return {};
 }

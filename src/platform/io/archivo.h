@@ -12,6 +12,9 @@ QString PalabrasDeError(int error, const QFileDevice& f);
 // Sends what was written to the disk itself. A device that knows no such thing counts as done.
 bool AlDisco(QFileDevice& f);
 
+// The same for a folder: a rename in it is on the disk once the folder is. Failures are passed over.
+void CarpetaAlDisco(const QString& carpeta);
+
 // Fills `bytes`; a file above `maximo` bytes is a failure.
 std::optional<QString> LeerBytes(const QString& ruta, QByteArray& bytes, qint64 maximo);
 

@@ -1,0 +1,32 @@
+#pragma once
+// A new desk folder, ready for the till.
+#include <QDateTime>
+#include <QStringList>
+#include <optional>
+
+struct DatosPuesto {
+  QString carpeta;
+  QString caja = QStringLiteral("00001");
+  QString almacen = QStringLiteral("01");
+  QString servicio = QStringLiteral("10");  // percentage
+  QString central = QStringLiteral("sqlite:central.db");
+  QString cliente = QStringLiteral("sqlite:cliente.db");
+  QString usuario = QStringLiteral("SUPERVISOR");
+  QString clave;      // of that user; must not be empty
+  bool demo = false;  // fills the store, and servers that are made, with the demo shop
+  QDateTime ahora;
+};
+
+// Makes KEB.cfg and TarvoPos.mdb in the folder, and the embedded servers named that don't exist yet; servers that do are
+// left as they are. The folder is made when missing. Gives Spanish words of a failure; then everything made by this
+// call is gone again. A folder that holds a store or settings already is refused.
+std::optional<QString> CrearPuesto(const DatosPuesto& d);
+
+// What the caller should tell the person about these data, in Spanish; no failure.
+QStringList AvisosDePuesto(const DatosPuesto& d);
+
+// The series of a document type ("01", "02", "10" to "14") on a new desk.
+QString SerieInicial(const QString& tipoDoc, const QString& caja);
+
+// A password of eight characters that can't be misread, from the system's random source.
+QString ClaveAlAzar();

@@ -1,0 +1,64 @@
+// tarvopos-admin: set-up and service of a desk.
+#include <QCoreApplication>
+
+#include "admin/ordenes.h"
+
+namespace {
+
+struct Orden {
+  const char16_t *nombre, *forma, *ayuda;
+  int (*hacer)(const QStringList&);
+  bool conVentanas = false;  // makes its own application object
+};
+
+constexpr Orden kOrdenes[] = {
+    {u"crear-puesto",
+     u"DIR [--caja C] [--almacen A] [--servicio P] [--central S] [--cliente S] [--usuario U --clave K] [--demo]",
+     u"crea la carpeta de un puesto: ajustes, tablas, primer supervisor y los servidores «sqlite:» que falten",
+     ordenCrearPuesto},
+    {u"crear-central", u"sqlite:ARCHIVO [--almacen A]", u"crea la base central", ordenCrearCentral},
+    {u"crear-cliente", u"sqlite:ARCHIVO", u"crea la base de clientes", ordenCrearCliente},
+    {u"respaldo", u"DIR ARCHIVO [--reemplazar]", u"copia la base del puesto, también con la caja en marcha", ordenRespaldo},
+    {u"verificar", u"DIR", u"revisa un puesto y escribe lo que encuentra", ordenVerificar},
+    {u"sql", u"--puesto DIR --base local|central|cliente [--traducir]",
+     u"lee sentencias de la entrada, una por línea, y responde cada una con una línea JSON", ordenSql},
+};
+
+void ayuda() {
+  Decir(QStringLiteral("Uso: tarvopos-admin ORDEN ...\n"));
+  for (const Orden& o : kOrdenes) {
+    Decir(QStringLiteral("  %1 %2\n      %3").arg(QString::fromUtf16(o.nombre), QString::fromUtf16(o.forma),
+                                                  QString::fromUtf16(o.ayuda)));
+  }
+  Decir(QStringLiteral("  ayuda\n      muestra esto\n\nSalida: 0 bien, 1 no se pudo hacer, 2 llamada incorrecta"));
+}
+
+QStringList palabrasDe(int argc, char** argv) {
+  QStringList palabras;
+#ifdef Q_OS_WIN
+  for (int i = 1; i < argc; ++i) palabras << QString::fromLocal8Bit(argv[i]);
+#else
+  for (int i = 1; i < argc; ++i) palabras << QString::fromUtf8(argv[i]);
+#endif
+  return palabras;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QStringList palabras = palabrasDe(argc, argv);
+  const QString nombre = palabras.isEmpty() ? QString() : palabras.takeFirst();
+  for (const Orden& o : kOrdenes) {
+    if (nombre != QStringView(o.nombre)) continue;
+    if (o.conVentanas) return o.hacer(palabras);
+    QCoreApplication app(argc, argv);
+    return o.hacer(palabras);
+  }
+  if (nombre == u"ayuda" || nombre == u"--ayuda" || nombre == u"--help" || nombre == u"-h") {
+    ayuda();
+    return kBien;
+  }
+  Quejarse(nombre.isEmpty() ? QStringLiteral("Falta la orden. Use «tarvopos-admin ayuda».")
+                            : QStringLiteral("No existe la orden «%1». Use «tarvopos-admin ayuda».").arg(nombre));
+  return kMalUso;
+}
