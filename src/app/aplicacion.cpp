@@ -45,16 +45,15 @@ void Aplicacion::Interno::exigirUnicaCopia() {
 
 void Aplicacion::Interno::login() {
   frmSplash splash;
-  splash.show();
-  splash.repaint();
+  splash.mostrar();
   puesto.reloj.dormir(kSplash_ms);
 
-  password = std::make_unique<frmPassword>(puesto);
-  password->aceptado = [this] { sesion(); };
-  password->rechazado = [this] {
-    puesto.poDBAdmin.CerrarBD(puesto.poCnnLocal);
-    puesto.salida.terminar(1);
-  };
+  password = std::make_unique<frmPassword>(
+      puesto, [this] { sesion(); },
+      [this] {
+        puesto.poDBAdmin.CerrarBD(puesto.poCnnLocal);
+        puesto.salida.terminar(1);
+      });
   password->show();
   password->repaint();
   splash.close();

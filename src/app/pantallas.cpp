@@ -30,8 +30,8 @@ void Pantallas::tipoCambioLista() {
 }
 
 void Pantallas::tipoCambioDetalle(int modo) {
-  frmTipoCambio f(p_, modo, {}, padre());
-  f.exec();
+  TipoCambio v;
+  abrirTipoCambio(p_, static_cast<ModoDetalle>(modo), {}, v, padre());
 }
 
 std::optional<QString> Pantallas::autorizar(const QString& acto) { return autorizarOperacion(p_, padre(), acto); }
