@@ -1,0 +1,70 @@
+#include "admin/guion_escenario.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QTemporaryFile>
+#include <cstdio>
+
+#include "admin/guion_entrada.h"
+#include "admin/guion_reproductor.h"
+
+namespace {
+
+// The in-memory screen takes its size from a file alone.
+const char kPantalla[] =
+    R"({"screens": [{"name": "pantalla", "x": 0, "y": 0, "width": 1024, "height": 768, "logicalDpi": 96, "dpr": 1}]})";
+
+bool sinPantalla() {
+  const QByteArray elegida = qgetenv("QT_QPA_PLATFORM");
+  if (!elegida.isEmpty()) return elegida == "offscreen";
+  return !qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+}
+
+// The in-memory screen says at each window what it lacks; nobody who reads a play wants to know.
+QtMessageHandler siguiente = nullptr;
+void callarPantalla(QtMsgType tipo, const QMessageLogContext& contexto, const QString& texto) {
+  for (const char* ruido : {"This plugin does not support", "QStandardPaths: XDG_RUNTIME_DIR"})
+    if (texto.startsWith(QLatin1String(ruido))) return;
+  siguiente(tipo, contexto, texto);
+}
+
+}  // namespace
+
+struct AplicacionGrafica::Interno {
+  int argc = 1;
+  char nombre[15] = "tarvopos-admin";
+  char* argv[2] = {nombre, nullptr};
+  std::unique_ptr<QApplication> app;
+};
+
+AplicacionGrafica::AplicacionGrafica() : d_(std::make_unique<Interno>()) {
+  QTemporaryFile pantalla;
+  if (sinPantalla() && pantalla.open()) {
+    pantalla.write(kPantalla);
+    pantalla.flush();
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(pantalla.fileName()));
+  }
+  if (qgetenv("QT_QPA_PLATFORM").startsWith("offscreen")) siguiente = qInstallMessageHandler(callarPantalla);
+  d_->app = std::make_unique<QApplication>(d_->argc, d_->argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+}
+
+AplicacionGrafica::~AplicacionGrafica() = default;
+
+int tocarEscena(const QString& guion, EscenaGuion& escena) {
+  FuenteGuion fuente;
+  std::unique_ptr<EntradaGuion> entrada;
+  ReproductorGuion reproductor(fuente, escena);
+  if (guion == u"-") {
+    entrada = std::make_unique<EntradaGuion>(fuente);
+  } else {
+    QFile archivo(guion);
+    if (!archivo.open(QIODevice::ReadOnly)) {
+      std::fprintf(stderr, "No se puede leer %s: %s\n", qUtf8Printable(guion), qUtf8Printable(archivo.errorString()));
+      return 2;
+    }
+    fuente.alimentar(archivo.readAll());
+    fuente.cerrar();
+  }
+  return reproductor.reproducir();
+}
