@@ -37,7 +37,7 @@ LineaEstado::LineaEstado(QWidget* padre) : QFrame(padre) {
   fila->setStretchFactor(papel_, 1);
 }
 
-void LineaEstado::mostrar(const Datos& d) {
+void LineaEstado::mostrar(const DatosEstado& d) {
   caja_->setText(QStringLiteral("Caja ") + d.caja);
   turno_->setText(d.turno.isEmpty() ? QStringLiteral("Sin turno") : QStringLiteral("Turno ") + d.turno);
   usuario_->setText(QStringLiteral("Usuario ") + d.usuario);

@@ -205,6 +205,8 @@ QIcon icono(const QString& nombre) {
   return ic;
 }
 
+QPixmap logo(int lado) { return dibujo(QStringLiteral(":/iconos/logo.svg"), lado, 1.0); }
+
 QString familiaPapel() {
   for (const QString& f : {QStringLiteral("Courier New"), QStringLiteral("DejaVu Sans Mono")})
     if (QFontDatabase::hasFamily(f)) return f;

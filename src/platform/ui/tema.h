@@ -14,6 +14,7 @@
 // After changing a role of a control that is already shown call tema::aplicarRol.
 #include <QColor>
 #include <QIcon>
+#include <QPixmap>
 #include <QString>
 
 class QApplication;
@@ -42,6 +43,9 @@ void aplicarRol(QWidget* control, const char* propiedad, const QVariant& valor);
 
 // The drawing of that name (":/iconos/<nombre>.svg"), 24 px, also for the off state. Empty when there is none.
 QIcon icono(const QString& nombre);
+
+// The program's own sign, `lado` px.
+QPixmap logo(int lado);
 
 // A family with figures of one width, for anything that is paper.
 QString familiaPapel();

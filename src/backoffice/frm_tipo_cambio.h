@@ -1,0 +1,21 @@
+#pragma once
+#include "backoffice/frm_mantenimiento.h"
+#include "backoffice/tipo_cambio.h"
+
+// The rate of one day. `v` has been loaded; it is the caller's and holds what was stored after Accepted.
+class frmTipoCambio final : public frmMantenimientoDetalle {
+  Q_OBJECT
+ public:
+  frmTipoCambio(Puesto& p, TipoCambio& v, QWidget* padre = nullptr);
+
+ protected:
+  bool guardar(QString& campoMal) override;
+
+ private:
+  Puesto& p_;
+  TipoCambio& v_;
+  Enlaces enlaces_;
+};
+
+// Loads and shows the detail. True when it was saved; `v` then holds what was stored.
+bool abrirTipoCambio(Puesto& p, ModoDetalle modo, const QString& fecha, TipoCambio& v, QWidget* padre);

@@ -1,0 +1,35 @@
+#include "backoffice/frm_tipo_cambio_lista.h"
+
+#include "backoffice/frm_tipo_cambio.h"
+
+namespace {
+
+Lista* nuevaLista() {
+  auto* l = new Lista(QStringLiteral("lvwTipoCambio"),
+                      {{QStringLiteral("Fecha"), 0.5, false, ColumnaLista::Fecha},
+                       {QStringLiteral("Tipo Cambio"), 0.48, true, ColumnaLista::Numero}});
+  l->textoVacio = QStringLiteral("Sin tipos de cambio: Insert para registrar el de hoy");
+  return l;
+}
+
+FilaLista filaDe(const FilaTipoCambio& f) { return {{f.fecha, f.monto}, f.fecha, true}; }
+
+}  // namespace
+
+frmTipoCambioLista::frmTipoCambioLista(Puesto& p, QWidget* padre)
+    : frmMantenimientoLista(QStringLiteral("frmTipoCambioLista"), QStringLiteral("Relación de Tipo de Cambio"),
+                            nuevaLista(), padre),
+      p_(p) {
+  std::vector<FilaTipoCambio> filas;
+  LeerTiposCambio(p_, filas);
+  std::vector<FilaLista> mostradas;
+  for (const auto& f : filas) mostradas.push_back(filaDe(f));
+  lista().llenar(std::move(mostradas));
+  lista().elegir(lista().filas() - 1);  // the latest day
+}
+
+std::optional<FilaLista> frmTipoCambioLista::detalle(ModoDetalle modo, const FilaLista* fila) {
+  TipoCambio v;
+  if (!abrirTipoCambio(p_, modo, fila ? fila->clave.toString() : QString(), v, this)) return {};
+  return filaDe(FilaDe(v));
+}

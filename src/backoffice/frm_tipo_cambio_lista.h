@@ -1,0 +1,17 @@
+#pragma once
+#include "backoffice/frm_mantenimiento.h"
+
+struct Puesto;
+
+// All rates by date.
+class frmTipoCambioLista final : public frmMantenimientoLista {
+  Q_OBJECT
+ public:
+  explicit frmTipoCambioLista(Puesto& p, QWidget* padre = nullptr);
+
+ protected:
+  std::optional<FilaLista> detalle(ModoDetalle modo, const FilaLista* fila) override;
+
+ private:
+  Puesto& p_;
+};

@@ -1,0 +1,149 @@
+#include "cashday/dia.h"
+
+#include "cashday/pantallas_principal.h"
+#include "cashday/principal.h"
+#include "foundation/puesto.h"
+#include "platform/text/fecha.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+
+namespace {
+
+// The highest codes among the closed rows: the reports of the day take what lies above them.
+struct Marcas {
+  QString cOperIdx, cOperCodex;
+};
+
+bool consultar(Puesto& p, const QString& sql, Recordset& rs) {
+  return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs);
+}
+
+bool leerMarcas(Puesto& p, Marcas& m) {
+  Recordset rs;
+  if (!consultar(p, QStringLiteral("SELECT IIF(ISNULL(MAX(cOperID)),0, MAX(cOperID)) as cOperIDx FROM Operacion "
+                                   "Where coperflagabierto = 0 "), rs)) return false;
+  m.cOperIdx = LimpiarNulo(rs[u"cOperIDx"]);
+  if (!consultar(p, QStringLiteral("SELECT IIF(ISNULL(MAX(cOperCode)),0, MAX(cOperCode)) as cOperCodex FROM "
+                                   "OperacionParalela Where coperflagabierto = 0 "), rs)) return false;
+  m.cOperCodex = LimpiarNulo(rs[u"cOperCodex"]);
+  return true;
+}
+
+// Closes what an earlier day left open in one of the two tables. `cerradas` tells whether there was any.
+bool cerrarAnteriores(Puesto& p, const QString& contar, const QString& cerrar, bool& cerradas) {
+  cerradas = false;
+  Recordset rs;
+  if (!consultar(p, contar, rs)) return false;
+  if (Numero(rs[u"nCount"]) <= 0) return true;
+  if (!p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, cerrar, true)) return false;
+  Marcas m;
+  if (!leerMarcas(p, m) ||
+      !p.poDBAdmin.EjecutarSentencia(p.poCnnLocal,
+                                     QStringLiteral("UPDATE Configuracion SET cOperId = ") + m.cOperIdx +
+                                         QStringLiteral(", cOperIdP = ") + m.cOperCodex,
+                                     true)) {
+    return false;
+  }
+  cerradas = true;
+  p.mensajes.mostrar(QStringLiteral("NO se cerraron operaciones anteriores. \r\nRecuerde que debe procesar el menu "
+                                    "SINCRONIZAR DATOS (DIA ANTERIOR) antes del mediodia!!! "),
+                     QStringLiteral("Mensaje"));
+  p.registro.RegistrarErrorLog(QStringLiteral("frmApertura.cmdGrabar_Click - No se cerraron operaciones"));
+  return true;
+}
+
+bool cerrarDiasAnteriores(Puesto& p, Principal& principal) {
+  bool cerradas = false;
+  if (!cerrarAnteriores(p,
+                        QStringLiteral("SELECT Count(*) As nCount FROM Operacion Where coperflagabierto = 1 "
+                                       "AND dOperFech < (SELECT max(fec) FROM _Tmp)"),
+                        QStringLiteral("UPDATE Operacion SET coperflagabierto = '0' "
+                                       "WHERE dOperFech < (SELECT max(fec) FROM _Tmp)"),
+                        cerradas)) {
+    return false;
+  }
+  if (cerradas) principal.sincronizarDiaAnt = true;
+  return cerrarAnteriores(p,
+                          QStringLiteral("SELECT count(*) as nCount FROM Operacionparalela Where coperflagabierto = 1 "
+                                         "AND  dOperFech < (SELECT max(fec) FROM _Tmp)"),
+                          QStringLiteral("UPDATE Operacionparalela SET coperflagabierto = '0' "
+                                         "WHERE dOperFech < (SELECT max(fec) FROM _Tmp)"),
+                          cerradas);
+}
+
+bool fallaApertura(Puesto& p) {
+  p.mensajes.mostrar(QStringLiteral("No se pudo aperturar la Caja."), QStringLiteral("Mensaje"));
+  return false;
+}
+
+// An amount as the statement carries it; nothing when the text is no number.
+bool leerImporte(const QString& texto, QString& importe) {
+  if (!EsNumerico(texto)) return false;
+  importe = TextoDe(LeerImporte(texto));
+  return true;
+}
+
+bool rechazarImporte(Puesto& p, FrmApertura& v, const QString& campo, const QString& moneda) {
+  v.campoMal = campo;
+  p.mensajes.mostrar(QStringLiteral("El importe en %1 no es un número.\nEscriba un importe como 150.00, o 0.00 si no "
+                                    "hay.").arg(moneda));
+  return false;
+}
+
+}  // namespace
+
+void CapturaTipoCambio(Puesto& p, PantallasPrincipal& pantallas) {
+  p.ses.pnTipoCambio = 0;
+  Recordset rs;
+  if (!consultar(p, QStringLiteral(" SELECT nTipoCambMont FROM Tipo_Cambio "
+                                   "WHERE FORMAT(dTipoCambFech, 'yyyy/mm/dd') = '") +
+                        FormatearFecha(p.reloj.now(), u"yyyy/mm/dd") + u'\'', rs)) return;
+  if (rs.RecordCount() == 1) {
+    p.ses.pnTipoCambio = Numero(rs[u"nTipoCambMont"]);
+    return;
+  }
+  p.mensajes.mostrar(QStringLiteral("Para registrar ventas en dólares debe registrar el tipo de cambio"));
+  pantallas.tipoCambioDetalle(0);
+}
+
+bool HayOperaciones(Puesto& p) {
+  Recordset rs;
+  QString marca;
+  if (consultar(p, QStringLiteral("SELECT cOperId FROM Configuracion"), rs)) marca = LimpiarNulo(rs[u"cOperId"]);
+  const QString condicion = marca.isEmpty() ? QStringLiteral("   and o.cOperflagabierto = 1 ")
+                                            : QStringLiteral("   and o.cOperId > ") + marca + u' ';
+  if (!consultar(p, QStringLiteral(" SELECT count(*) AS TOTAL FROM Operacion o WHERE o.cOperTipo in (1,2,3,4,5)") +
+                        condicion, rs)) return false;
+  return Numero(rs[u"TOTAL"]) >= 1;
+}
+
+QString MascaraApertura(const QString& texto) {
+  return EsNumerico(texto) ? Formatear(LeerImporte(texto), u"###,###,###,##0.00") : texto;
+}
+
+bool AbrirCaja(Puesto& p, FrmApertura& v, Principal& principal) {
+  v.campoMal.clear();
+  QString soles, dolares;
+  if (!leerImporte(v.txtimporsoles, soles)) {
+    return rechazarImporte(p, v, QStringLiteral("txtimporsoles"), QStringLiteral("soles"));
+  }
+  if (!leerImporte(v.TxtImporDolares, dolares)) {
+    return rechazarImporte(p, v, QStringLiteral("TxtImporDolares"), QStringLiteral("dólares"));
+  }
+  Marcas m;
+  if (!leerMarcas(p, m)) return fallaApertura(p);
+  const QString turno = QStringLiteral("01");
+  if (!p.poDBAdmin.EjecutarSentencia(
+          p.poCnnLocal,
+          QStringLiteral("UPDATE Configuracion SET cCodiTurno = '%1' , nImporApertSol=%2, nImporApertDol=%3, "
+                         "cOperId = %4, cOperIdP = %5").arg(turno, soles, dolares, m.cOperIdx, m.cOperCodex),
+          true)) {
+    return fallaApertura(p);
+  }
+  // Only now: a desk whose store refused the opening is still closed.
+  p.ses.psTurno = turno;
+  p.mensajes.mostrar(QStringLiteral("Se ha aperturado la caja."));
+  HabilitarBotonesDia(principal, true);
+  ProcesoCaja(principal, true);
+  return cerrarDiasAnteriores(p, principal) || fallaApertura(p);
+}

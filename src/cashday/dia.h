@@ -1,0 +1,31 @@
+#pragma once
+// The cash day: the rate of the day and the opening of the desk.
+#include <QString>
+
+struct Principal;
+struct Puesto;
+class PantallasPrincipal;
+
+// Reads the rate of today into pnTipoCambio (soles per dollar). Without one it stays 0 until the next capture: the
+// box says so and the detail of the exchange rate is opened. A query that fails has shown its message and leaves 0.
+void CapturaTipoCambio(Puesto& p, PantallasPrincipal& pantallas);
+
+// Whether the day has at least one sale: above the day's watermark, or still open when there is none. False as well
+// when the store can't be asked.
+bool HayOperaciones(Puesto& p);
+
+// The opening screen: amounts as typed.
+struct FrmApertura {
+  QString txtimporsoles = QStringLiteral("0.00");    // soles
+  QString TxtImporDolares = QStringLiteral("0.00");  // dollars
+  QString campoMal;                                  // name of the field that was refused
+};
+
+// An amount as the opening screen shows it after its field was left; a text that is no number stays as it is.
+QString MascaraApertura(const QString& texto);
+
+// Opens the day as turn 01 with the opening float, sets the watermarks, frees the menus, and closes rows that an
+// earlier day left open; the watermarks are then read and written again.
+//   Returns  true when the screen closes; false when it stays: an amount was no number (`campoMal` names the field
+//            and nothing was changed), or the store failed, which a box has told.
+bool AbrirCaja(Puesto& p, FrmApertura& v, Principal& principal);

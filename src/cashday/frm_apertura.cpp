@@ -1,0 +1,42 @@
+#include "cashday/frm_apertura.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "foundation/puesto.h"
+
+frmApertura::frmApertura(Puesto& p, Principal& principal, QWidget* padre)
+    : Forma(QStringLiteral("FrmApertura"), QStringLiteral("Información de Apertura de Caja"), padre),
+      p_(p),
+      principal_(principal) {
+  cuerpo()->addWidget(nuevoTexto(QStringLiteral("Ingrese Importe Inicial de Caja"), QStringLiteral("sentencia")));
+  auto* panel = new Panel;
+  const struct { const char *nombre, *etiqueta; QString* texto; } campos[] = {
+      {"txtimporsoles", "Importe Soles", &v_.txtimporsoles},
+      {"TxtImporDolares", "Importe Dolares", &v_.TxtImporDolares},
+  };
+  for (const auto& c : campos) {
+    Campo* campo = panel->importe(QString::fromLatin1(c.nombre), QString::fromLatin1(c.etiqueta));
+    campo->setMinimumWidth(200);
+    campo->alSalir = [campo] { campo->setText(MascaraApertura(campo->text())); };
+    enlaces_.texto(campo, *c.texto);
+  }
+  cuerpo()->addWidget(panel);
+  auto* si = nuevoBoton(QStringLiteral("CmdGrabar"), QStringLiteral("&Grabar"), QStringLiteral("principal"));
+  auto* no = nuevoBoton(QStringLiteral("Command1"), QStringLiteral("&Cancelar"));
+  connect(si, &QPushButton::clicked, this, &frmApertura::grabar);
+  connect(no, &QPushButton::clicked, this, &QDialog::reject);
+  cuerpo()->addLayout(filaBotones({si, no}));
+  enlaces_.mostrar();
+}
+
+void frmApertura::grabar() {
+  enlaces_.recoger();
+  const bool termino = AbrirCaja(p_, v_, principal_);
+  if (alCambiar) alCambiar();
+  if (termino) {
+    accept();
+  } else if (!v_.campoMal.isEmpty()) {
+    marcarMal(findChild<QWidget*>(v_.campoMal));
+  }
+}

@@ -1,0 +1,71 @@
+#pragma once
+#include <QMainWindow>
+#include <QPointer>
+#include <array>
+#include <functional>
+#include <memory>
+
+#include "cashday/principal.h"
+
+class LineaEstado;
+class QAction;
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QPushButton;
+class QToolButton;
+class QVBoxLayout;
+struct Puesto;
+class PantallasPrincipal;
+
+// The desk's home screen. Closing it closes the store and ends the process; deleting it does not.
+class frmPrincipal final : public QMainWindow {
+  Q_OBJECT
+ public:
+  // Both are owned by the caller and outlive the window.
+  frmPrincipal(Puesto& p, PantallasPrincipal& pantallas);
+  ~frmPrincipal() override;
+
+  // Shows the window and loads it; the boxes of the loading stand over it.
+  void iniciar();
+  // The state of the day as it stands now: menus, buttons, title, middle, status line.
+  void refrescar();
+
+ protected:
+  void closeEvent(QCloseEvent* e) override;
+  void keyPressEvent(QKeyEvent* e) override;
+  void changeEvent(QEvent* e) override;
+
+ private:
+  QAction* entrada(QMenu* menu, const QString& nombre, const QString& rotulo, std::function<void()> accion,
+                   bool oculta = false);
+  void crearMenus();
+  void crearMantenimiento();
+  void crearOperaciones();
+  void crearBarra();
+  void crearCentro();
+  void pintarCentro();
+  // An action of the clerk: runs it, then shows what it changed.
+  std::function<void()> acto(std::function<void()> accion);
+  void mantenimiento(int n);
+  void operacion(int n);
+  void boton(int n);
+  void abrirApertura();
+
+  Puesto& p_;
+  PantallasPrincipal& pantallas_;
+  Principal v_;
+  std::shared_ptr<void> tmrBDCliente_;
+
+  std::array<QAction*, 9> mantenimiento_{};
+  std::array<QAction*, 18> operaciones_{};
+  std::array<QToolButton*, 18> botones_{};
+  std::array<QAction*, 18> accionBoton_{};
+  std::vector<QAction*> demas_;
+  QAction *diaAnterior_ = nullptr, *usuarios_ = nullptr;
+  QLabel *titular_ = nullptr, *sentencia_ = nullptr;
+  std::vector<QPushButton*> abierta_;
+  QPushButton *iniciar_ = nullptr, *reporteZ_ = nullptr;
+  LineaEstado* estado_ = nullptr;
+  QPointer<QWidget> apertura_;
+};

@@ -1,0 +1,103 @@
+#include "cashday/principal.h"
+
+#include "cashday/dia.h"
+#include "foundation/puesto.h"
+#include "loyalty/cliente_bd.h"
+#include "platform/text/fecha.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+
+namespace {
+
+constexpr int kBotonesDia[] = {2, 6, 8, 9, 11};
+constexpr int kBotonesFecha[] = {15, 16, 17};
+constexpr int kSegundosEntreRevisiones = 60;
+
+bool turnoAbierto(const Puesto& p) { return !Recortar(p.ses.psTurno).isEmpty(); }
+
+void bloquearPorCierre(Principal& v) {
+  v.cierreInterrumpido = true;
+  v.botones.fill(false);
+  v.botones[kBotonReporteZ] = true;
+  v.mantenimiento.fill(false);
+  v.operaciones.fill(false);
+  v.operaciones[kReporteZ] = true;
+  v.demasMenus = false;
+}
+
+}  // namespace
+
+Principal::Principal() {
+  mantenimiento.fill(true);
+  operaciones.fill(true);
+  botones.fill(true);
+  botonVisible.fill(true);
+  for (int n : kBotonesFecha) botonVisible[static_cast<size_t>(n)] = false;
+}
+
+void ProcesoCaja(Principal& v, bool bApertura) {
+  v.operaciones.fill(bApertura);
+  v.mantenimiento.fill(bApertura);
+  v.mantenimiento[kIniciarCaja] = !bApertura;
+}
+
+void HabilitarBotonesDia(Principal& v, bool habilitados) {
+  for (int n : kBotonesDia) v.botones[static_cast<size_t>(n)] = habilitados;
+}
+
+void CargarPrincipal(Puesto& p, Principal& v) {
+  v.nIntentosReporte = 0;
+  if (Val(p.ses.psPerfilUsuario) == 3) v.usuariosVisible = false;
+  const bool abierto = turnoAbierto(p);
+  HabilitarBotonesDia(v, abierto);
+  ProcesoCaja(v, abierto);
+  if (!abierto) {
+    p.mensajes.mostrar(QStringLiteral("La caja se encuentra cerrada, debe aperturarla para empezar \r\n"
+                                      "registrar operaciones."));
+  }
+  // The name that support works under.
+  if (p.ses.psUsuario.toLower() == u"rovel" && p.ses.psPerfilUsuario == u"1") {
+    for (int n : kBotonesFecha) v.botonVisible[static_cast<size_t>(n)] = true;
+  }
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("select icierrecaja from configuracion"), rs)) {
+    p.mensajes.mostrar(QString());
+    return;
+  }
+  if (Numero(rs[u"icierrecaja"]) < 1) return;
+  bloquearPorCierre(v);
+  p.mensajes.mostrar(
+      QStringLiteral("Se ha habilitado la Opcion Reporte Z, porque algunas operaciones no han concluido"));
+}
+
+void PrepararOperacion(Puesto& p, Principal& v, PantallasPrincipal& pantallas) {
+  v.bAcceso = false;
+  v.nIntentosReporte = 0;
+  if (p.ses.pnTipoCambio == 0) CapturaTipoCambio(p, pantallas);
+}
+
+EstadoDia EstadoDelDia(const Puesto& p, const Principal& v) {
+  const QString caja = QStringLiteral("CAJA ") + p.ses.psCaja + QStringLiteral(" · ");
+  if (v.cierreInterrumpido) {
+    return {EstadoDia::CierreInterrumpido, caja + QStringLiteral("CIERRE SIN TERMINAR"),
+            QStringLiteral("El cierre de caja quedó a medias. Use Reporte Z para terminarlo desde el paso en que quedó.")};
+  }
+  if (!turnoAbierto(p)) {
+    return {EstadoDia::Cerrada, caja + QStringLiteral("CERRADA"),
+            QStringLiteral("Inicie la caja para empezar a registrar operaciones.")};
+  }
+  return {EstadoDia::Abierta, caja + QStringLiteral("ABIERTA · TURNO ") + Recortar(p.ses.psTurno), {}};
+}
+
+QString TituloPrincipal(const Puesto& p) {
+  return QStringLiteral("Control de Caja Registradora - Hoy: ") + FormatearFecha(p.reloj.now(), u"dd/mm/yyyy");
+}
+
+void RevisarCliente(Puesto& p) {
+  const QDateTime ahora = p.reloj.now();
+  const auto& ultima = p.ses.pdUltimaSincronizacion;
+  if (ultima.isValid() && ultima.secsTo(ahora) < kSegundosEntreRevisiones) return;
+  p.ses.pdUltimaSincronizacion = ahora;
+  // The short wait of a sale: a clerk who is about to press a key must not stand before a dead server.
+  if (ConectarCliente(p, false)) DesconectarCliente(p);
+}
