@@ -203,6 +203,7 @@ bool Rejilla::eventFilter(QObject* objeto, QEvent* evento) {
         [e = editor_] {
           e->devolverFoco = false;
           e->setFocus();
+          e->selectAll();
         },
         Qt::QueuedConnection);
   }

@@ -1,0 +1,194 @@
+#include "admin/crear_puesto.h"
+
+#include <QSet>
+
+#include "admin/argumentos.h"
+#include "apoyo_admin.h"
+#include "platform/io/perfil.h"
+
+namespace {
+
+using CrearPuestoPrueba = CarpetaTemporal;
+
+TEST_F(CrearPuestoPrueba, AFolderIsReadyForTheTill) {
+  DatosPuesto d = datos(en("tienda/caja12"));
+  d.caja = u8("00012");
+  d.almacen = u8("03");
+  d.servicio = u8("8");
+  creaPuesto(d);
+
+  const QString mdb = en("tienda/caja12/TarvoPos.mdb");
+  const struct { const char *porque, *sql, *sale; } kFilas[] = {
+      {"nothing counted yet, each kind with its series",
+       "SELECT cTipoDoc, cSerieDoc, cOperCode, nDocCodigo FROM Config_Documento ORDER BY 1",
+       "01|F01|0|0\n02|012|0|0\n10|OC12|0|0\n11|NC12|0|0\n12|PA12|0|0\n13|PV12|0|0\n14|LQ12|0|0"},
+      {"one row of settings", "SELECT Caja, Almacen, PorcServ, DFlag, DataServer, ServidorSQL FROM Configuracion",
+       "00012|03|8|S|sqlite:central.db|sqlite:cliente.db"},
+      {"a closed desk on driver printing",
+       "SELECT cCodiTurno, iCierreCaja, nFlagCortaPapel, nFlagCortaPapelALT, GAVETA FROM Configuracion", "|0|0|0|N"},
+      {"both printers count from one", "SELECT prn, idct, maxid, idz FROM _Tmp1", "1|0|999999|0\n2|0|999999|0"},
+      {"their serial marks differ", "SELECT count(DISTINCT nsmr) FROM _Tmp1", "2"},
+      {"the first user may do all", "SELECT sUserDesc, sUserPass, cPerfCode, cUserActi FROM Usuario",
+       "SUPERVISOR|secreta|1|1"},
+      {"keys can be assigned", "SELECT count(*), min(cTeclCode), max(cTeclCode), sum(cProdCode) FROM ConfiguracionTeclado",
+       "24|1|24|0"},
+      {"the first pull is a full one", "SELECT count(*), count(dFechSincro) FROM Sincronizacion", "1|0"},
+      {"the offline rule can be updated", "SELECT nPuntImpo, nPuntCant FROM Regla_Punto", "10|1"},
+  };
+  for (const auto& f : kFilas) {
+    SCOPED_TRACE(f.porque);
+    EXPECT_EQ(f.sale, texto(filas(mdb, f.sql)));
+  }
+  EXPECT_EQ("18.0", texto(filas(en("tienda/caja12/central.db"), "SELECT nmonto1 FROM parametro WHERE cCodParam='IGV'")));
+  EXPECT_EQ("03", texto(filas(en("tienda/caja12/central.db"), "SELECT cCodAlmac FROM Almacen")));
+  EXPECT_EQ("1", texto(filas(en("tienda/caja12/cliente.db"), "SELECT idlocal FROM local WHERE Activo=1")));
+  // Nothing of the making is left, and the files are plain ones: no log beside them.
+  EXPECT_EQ("KEB.cfg TarvoPos.mdb central.db cliente.db",
+            texto(QDir(en("tienda/caja12")).entryList(QDir::Files | QDir::Hidden, QDir::Name).join(u' ')));
+}
+
+TEST_F(CrearPuestoPrueba, FileAndTableAgreeOnEverySetting) {
+  DatosPuesto d = datos(en("p"));
+  d.demo = true;
+  creaPuesto(d);
+  int claves = 0;
+  for (const char* seccion : {"INICIO", "PARAMETROS", "SQLServer"}) {
+    for (const auto& [clave, valor] : LeerSeccionPerfil(en("p/KEB.cfg"), u8(seccion))) {
+      EXPECT_EQ(texto(valor), texto(filas(en("p/TarvoPos.mdb"), qPrintable(u8("SELECT %1 FROM Configuracion").arg(clave)))))
+          << texto(clave);
+      ++claves;
+    }
+  }
+  EXPECT_EQ(27, claves);
+}
+
+TEST_F(CrearPuestoPrueba, WhatStandsThereIsNotTouched) {
+  creaPuesto(datos(en("p")));
+  const QByteArray antes = bytes(en("p/TarvoPos.mdb")), ajustes = bytes(en("p/KEB.cfg"));
+  DatosPuesto d = datos(en("p"));
+  d.caja = u8("00002");
+  EXPECT_TRUE(CrearPuesto(d));
+  EXPECT_EQ(antes, bytes(en("p/TarvoPos.mdb")));
+  EXPECT_EQ(ajustes, bytes(en("p/KEB.cfg")));
+
+  // Settings alone are somebody's, too.
+  QFile::remove(en("p/TarvoPos.mdb"));
+  EXPECT_TRUE(CrearPuesto(d));
+  EXPECT_EQ(ajustes, bytes(en("p/KEB.cfg")));
+  EXPECT_FALSE(QFile::exists(en("p/TarvoPos.mdb")));
+}
+
+TEST_F(CrearPuestoPrueba, ASecondDeskSharesTheServersOfTheFirst) {
+  creaPuesto(datos(en("uno")));
+  const QByteArray central = bytes(en("uno/central.db"));
+  DatosPuesto d = datos(en("dos"));
+  d.caja = u8("00002");
+  d.central = u8("sqlite:") + en("uno/central.db");
+  creaPuesto(d);
+  EXPECT_EQ(central, bytes(en("uno/central.db")));
+  EXPECT_FALSE(QFile::exists(en("dos/central.db")));
+  EXPECT_TRUE(QFile::exists(en("dos/cliente.db")));
+}
+
+TEST_F(CrearPuestoPrueba, AFailureLeavesNothingHalfMade) {
+  const struct { const char* porque; void (*estorbo)(CrearPuestoPrueba&, DatosPuesto&); const char* queda; } kCasos[] = {
+      {"the first step fails", [](CrearPuestoPrueba&, DatosPuesto& d) { d.central = u8("sqlite:no/hay/c.db"); }, ""},
+      {"the second fails", [](CrearPuestoPrueba&, DatosPuesto& d) { d.cliente = u8("sqlite:no/hay/c.db"); }, ""},
+      // A folder that can't be removed stands where the last file is to be made.
+      {"the last fails",
+       [](CrearPuestoPrueba&, DatosPuesto& d) { QDir().mkpath(d.carpeta + u8("/TarvoPos.mdb.nuevo/x")); },
+       "TarvoPos.mdb.nuevo"},
+  };
+  int n = 0;
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    DatosPuesto d = datos(raiz.filePath(u8("f%1/dentro").arg(++n)));
+    c.estorbo(*this, d);
+    EXPECT_TRUE(CrearPuesto(d));
+    EXPECT_EQ(c.queda, texto(QDir(d.carpeta).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).join(u' ')));
+    // A folder made for it goes as well, with those above it.
+    EXPECT_EQ(*c.queda != '\0', QFile::exists(raiz.filePath(u8("f%1").arg(n))));
+  }
+}
+
+TEST_F(CrearPuestoPrueba, BadDataAreRefusedBeforeAnythingIsMade) {
+  const struct { const char* porque; void (*mal)(DatosPuesto&); } kCasos[] = {
+      {"no desk", [](DatosPuesto& d) { d.caja.clear(); }},
+      {"a quote in the desk", [](DatosPuesto& d) { d.caja = u8("0'1"); }},
+      {"an accent in the desk", [](DatosPuesto& d) { d.caja = u8("ñ1"); }},
+      {"a warehouse with a blank", [](DatosPuesto& d) { d.almacen = u8("0 1"); }},
+      {"service in letters", [](DatosPuesto& d) { d.servicio = u8("diez"); }},
+      {"service below nothing", [](DatosPuesto& d) { d.servicio = u8("-1"); }},
+      {"a server that would end the connection string", [](DatosPuesto& d) { d.central = u8("sqlite:a;b"); }},
+      {"a server without a file", [](DatosPuesto& d) { d.cliente = u8("sqlite:"); }},
+      {"no password", [](DatosPuesto& d) { d.clave = u8(" "); }},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    DatosPuesto d = datos(en("p"));
+    c.mal(d);
+    EXPECT_TRUE(CrearPuesto(d));
+    EXPECT_FALSE(QFile::exists(en("p")));
+  }
+}
+
+TEST(SerieInicialPrueba, NoTwoDesksShareASeries) {
+  QSet<QString> vistas;
+  for (int caja = 1; caja <= 99; ++caja) {
+    for (const char* tipo : {"02", "10", "11", "12", "13", "14"}) {
+      const QString serie = SerieInicial(u8(tipo), u8("%1").arg(caja, 5, 10, QChar(u'0')));
+      EXPECT_FALSE(serie.isEmpty());
+      EXPECT_FALSE(vistas.contains(serie)) << texto(serie);
+      vistas << serie;
+    }
+  }
+}
+
+TEST(SerieInicialPrueba, Forms) {
+  const struct { const char *caja, *boleta, *orden; } kCasos[] = {
+      {"00001", "001", "OC1"}, {"00012", "012", "OC12"}, {"7", "07", "OC7"}, {"00100", "000", "OC100"},
+      {"A1", "0A1", "OCA1"}};
+  for (const auto& c : kCasos) {
+    EXPECT_EQ(c.boleta, texto(SerieInicial(u8("02"), u8(c.caja))));
+    EXPECT_EQ(c.orden, texto(SerieInicial(u8("10"), u8(c.caja))));
+    DatosPuesto d = datos(u8("."));
+    d.caja = u8(c.caja);
+    EXPECT_EQ(d.caja == u8("00100") ? 1 : 0, AvisosDePuesto(d).size()) << c.caja;
+  }
+}
+
+TEST(ClaveAlAzarPrueba, IsNewEachTime) {
+  QSet<QString> claves;
+  for (int i = 0; i < 50; ++i) claves << ClaveAlAzar();
+  EXPECT_EQ(50, claves.size());
+  for (const QString& c : claves) EXPECT_EQ(8, c.size());
+}
+
+TEST(ArgumentosPrueba, WordsComeApart) {
+  const Forma forma{1, 2, {u8("--caja"), u8("--clave")}, {u8("--demo")}};
+  const struct { const char *porque, *palabras, *sale; } kCasos[] = {
+      {"places and options in any order", "a --caja 1 b --demo", "a,b caja=1 demo"},
+      {"a value with a sign", "a --clave=--x=y", "a clave=--x=y"},
+      {"standard input is a place", "-", "-"},
+      {"unknown", "a --kaja 1", "error"},
+      {"twice", "a --caja 1 --caja 2", "error"},
+      {"a value is missing", "a --caja", "error"},
+      {"an option instead of the value", "a --caja --demo", "error"},
+      {"a switch with a value", "a --demo=1", "error"},
+      {"too few", "--demo", "error"},
+      {"too many", "a b c", "error"},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    Argumentos a;
+    QString sale = u8("error");
+    if (!LeerArgumentos(u8(c.palabras).split(u' '), forma, a)) {
+      sale = a.lugares.join(u',');
+      for (const char* o : {"--caja", "--clave"}) if (a.tiene(u8(o))) sale += u8(" ") + u8(o).mid(2) + u8("=") + a.valor(u8(o), {});
+      if (a.tiene(u8("--demo"))) sale += u8(" demo");
+    }
+    EXPECT_EQ(c.sale, texto(sale));
+  }
+}
+
+}  // namespace

@@ -1,0 +1,65 @@
+#include "platform/ui/lista.h"
+
+#include <gtest/gtest.h>
+
+#include "apoyo/formas.h"
+
+namespace {
+
+QString orden(const Lista& l, int columna) {
+  QStringList r;
+  for (int n = 0; n < l.filas(); ++n) r << l.fila(n).celdas.value(columna);
+  return r.join(u' ');
+}
+
+}  // namespace
+
+TEST(Lista, SortsByTheClassOfTheColumn) {
+  Lista l("lvw", {{"Nombre", 0.4}, {"Fecha", 0.3, false, ColumnaLista::Fecha}, {"Monto", 0.3, true, ColumnaLista::Numero}});
+  l.llenar({{{"Ñandú", "02/01/2026", "1,000.00"}, 1, true},
+            {{"nube", "10/12/2025", "99.50"}, 2, true},
+            {{"Oso", "01/02/2026", "-3.00"}, 3, true},
+            {{"Árbol", "", "99.50"}, 4, true}});
+  const struct { const char *porque; int columna; const char* sale; } casos[] = {
+      {"accents and case aside, Ñ after N", 0, "Árbol nube Ñandú Oso"},
+      {"a second click turns it round", 0, "Oso Ñandú nube Árbol"},
+      {"day before month; no date comes first", 1, "Árbol nube Ñandú Oso"},
+      {"numbers, not texts; equal ones keep their order", 2, "Oso Árbol nube Ñandú"},
+  };
+  for (const auto& c : casos) {
+    SCOPED_TRACE(c.porque);
+    l.ordenar(c.columna);
+    EXPECT_EQ(QString::fromUtf8(c.sale), orden(l, 0));
+  }
+}
+
+TEST(Lista, TheSelectedRowStaysSelected) {
+  Lista l("lvw", {{"Nombre", 1.0}});
+  std::vector<int> avisos;
+  QObject::connect(&l, &Lista::cambioActual, [&](int n) { avisos.push_back(n); });
+  l.llenar({{{"b"}, 1, true}, {{"c"}, 2, true}, {{"a"}, 3, true}});
+  l.elegir(1);
+  l.ordenar(0);
+  EXPECT_EQ(2, l.actual()) << "c is the last now, and still the selected one";
+  l.quitar(2);
+  EXPECT_EQ(1, l.actual());
+  l.quitar(0);
+  l.quitar(0);
+  EXPECT_EQ(-1, l.actual());
+  ASSERT_FALSE(avisos.empty());
+  EXPECT_EQ(-1, avisos.back()) << "the buttons must learn that nothing is left";
+  l.agregar({{"z"}, 9, true});
+  EXPECT_EQ(0, l.actual());
+}
+
+TEST(Lista, EnterOpensTheRow) {
+  Lista l("lvw", {{"Nombre", 1.0}});
+  l.llenar({{{"a"}, 1, true}, {{"b"}, 2, true}});
+  mostrar(l);
+  l.setFocus();
+  int abierta = -1;
+  QObject::connect(&l, &Lista::elegida, [&](int n) { abierta = n; });
+  tecla(Qt::Key_Down);
+  tecla(Qt::Key_Return);
+  EXPECT_EQ(1, abierta);
+}
