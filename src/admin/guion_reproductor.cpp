@@ -71,7 +71,7 @@ bool ReproductorGuion::accionAcabada() {
   if (!enAccion_) return true;
   if (++reposo_ < kTurnosDeReposo) return false;
   enAccion_ = false;
-  if (!acabando_) escena_.escritor.linea(QStringLiteral("ok"));
+  if (!acabando_) escena_.escritor.ok();
   return true;
 }
 

@@ -8,6 +8,7 @@
 #include <QScopedValueRollback>
 #include <QTabWidget>
 
+#include "foundation/estado_linea.h"
 #include "foundation/puesto.h"
 #include "foundation/rutinas.h"
 #include "platform/text/numero.h"
@@ -314,17 +315,7 @@ void frmCajaRegistradoraFull::mostrarPaneles() {
   pestanas_->setCurrentIndex(v_.pestana);
 }
 
-void frmCajaRegistradoraFull::mostrarEstado() {
-  LineaEstado::Datos d;
-  d.caja = p_.ses.psCaja;
-  d.turno = p_.ses.psTurno;
-  d.usuario = p_.ses.psUsuario;
-  d.tipoCambio = p_.ses.pnTipoCambio > 0 ? Formatear(p_.ses.pnTipoCambio, u"0.00") : QString();
-  d.central = !p_.ses.bCentralCaida;
-  d.clientes = !p_.ses.pbClienteCaido;
-  d.papel = p_.ses.ultimoPapel;
-  estado_->mostrar(d);
-}
+void frmCajaRegistradoraFull::mostrarEstado() { estado_->mostrar(EstadoDelPuesto(p_)); }
 
 bool frmCajaRegistradoraFull::alEntrar(QWidget* campo) {
   if (campo == txtTarjeta_ || campo == txtLocal_) {
