@@ -52,6 +52,7 @@ QString reescribir(const QString& sql, bool jet) {
       if (m == u"format" && llama) w = QStringLiteral("jet_format");
       if (m == u"int" && !llama) w = QStringLiteral("integer");
       if (m == u"getdate" || m == u"now") w = QStringLiteral("tp_now");
+      if (m == u"datetime" && ultima == u"convert") w = QStringLiteral("'DATETIME'");
       if (ultima == u"set" && j < sql.size() && sql[j] == u'.') { i = j + 1; continue; }
       sale += w;
       ultima = m;
@@ -88,6 +89,8 @@ void fnChr(sqlite3_context* ctx, int, sqlite3_value** v) {
   sqlite3_result_text(ctx, &c, 1, SQLITE_TRANSIENT);
 }
 
+void fnConvert(sqlite3_context* ctx, int, sqlite3_value** v) { sqlite3_result_value(ctx, v[1]); }
+
 class MotorProvisional final : public Motor {
  public:
   MotorProvisional(sqlite3* db, bool jet) : db_(db), jet_(jet) {
@@ -95,6 +98,7 @@ class MotorProvisional final : public Motor {
     sqlite3_create_function(db_, "jet_format", 2, SQLITE_UTF8, nullptr, fnFormat, nullptr, nullptr);
     sqlite3_create_function(db_, "jet_isnull", 1, SQLITE_UTF8, nullptr, fnIsNull, nullptr, nullptr);
     sqlite3_create_function(db_, "tp_now", 0, SQLITE_UTF8, nullptr, fnNow, nullptr, nullptr);
+    sqlite3_create_function(db_, "convert", 3, SQLITE_UTF8, nullptr, fnConvert, nullptr, nullptr);
     sqlite3_create_function(db_, "chr", 1, SQLITE_UTF8, nullptr, fnChr, nullptr, nullptr);
   }
   ~MotorProvisional() override { sqlite3_close(db_); }
