@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <numeric>
 
 #include "admin/demo_papel.h"
 #include "obra.h"
@@ -78,7 +79,8 @@ void tocaComoSeEspera(const Puesto& p, const QString& obra) {
                                   p.toca(kPruebas + u'/' + obra + QStringLiteral(".guion"))));
 }
 
-const QString kContadores = QStringLiteral("SELECT cTipoDoc, cOperCode FROM Config_Documento WHERE cTipoDoc IN ('01','02')");
+const QString kContadores = QStringLiteral(
+    "SELECT cTipoDoc, cOperCode, nDocCodigo FROM Config_Documento WHERE cTipoDoc IN ('01','02')");
 const QString kCorrelativos = QStringLiteral("SELECT prn, idct FROM _Tmp1 ORDER BY prn");
 const QString kFilas = QStringLiteral(
     "SELECT cOperCode, cOperTipo, cDocTipo, cDocCodigo, cRuc, cProdCode, nProdCant, nProdPrecUnit, nMontoSoles, "
@@ -98,7 +100,7 @@ TEST(Caja, SalesAreOnPaperAndInTheStore) {
             "[1,1,\"02\",1,\"\",0,1,-18,0,30,\"CAJERO\",\"01\"],"
             "[2,1,\"01\",2,\"20999999991\",807,1,92,0,0,\"CAJERO\",\"01\"],"
             "[2,1,\"01\",2,\"20999999991\",0,1,0,92,0,\"CAJERO\",\"01\"]");
-  EXPECT_EQ(p.filas(kContadores), "[\"01\",2],[\"02\",1]");
+  EXPECT_EQ(p.filas(kContadores), "[\"01\",2,0],[\"02\",1,2]");
   EXPECT_EQ(p.filas(kCorrelativos), "[1,2],[2,0]");
   EXPECT_EQ(p.numeros().join(u' '), "000001 000002");
   for (const char* linea : {" VUELTO(S/)                      18.00\n", " RUC Cliente: 20999999991\n",
@@ -137,16 +139,17 @@ void exigirNumerosSanos(const Puesto& p) {
   QStringList numeros = p.numeros();
   EXPECT_EQ(numeros.removeDuplicates(), 0) << qUtf8Printable(p.papel());
   EXPECT_EQ(p.filas(QStringLiteral("SELECT COUNT(*) FROM Operacion WHERE cDocCodigo > "
-                                   "(SELECT MAX(cOperCode) FROM Config_Documento WHERE cTipoDoc IN ('01','02'))")),
+                                   "(SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc = '02')")),
             "[0]");
   EXPECT_TRUE(admin({QStringLiteral("verificar"), p.ruta()}).endsWith(u"[estado 0]\n"));
 }
 
-// A sale takes less than thirty steps; without the long run only those around the number and the rows have their turn.
+// Without the long run only the steps around the number and the rows have their turn; with it all that a sale has, up to
+// the first that is not there.
 std::vector<int> pasosDeLaVenta() {
   if (!qEnvironmentVariableIsSet("TARVOPOS_LARGO")) return {1, 9, 15, 16, 17};
-  std::vector<int> todos;
-  for (int n = 1; n <= 30; ++n) todos.push_back(n);
+  std::vector<int> todos(60);
+  std::iota(todos.begin(), todos.end(), 1);
   return todos;
 }
 
@@ -158,6 +161,7 @@ TEST(Caja, AFailedStatementLeavesADeskThatSellsOn) {
         p.tocaLineas(kHastaElPago + "falla " + QByteArray::number(n) +
                      "\ntecla Ctrl+Enter\nfalla 0\nclic cmdTecla(0)\ncelda TDBGrid1 1 1 101\ntecla Ctrl+Enter\n");
     EXPECT_TRUE(escrito.endsWith(u"ok\n[estado 0]\n")) << qUtf8Printable(escrito);
+    if (!escrito.contains(u"Falla pedida") && n > 20) return;  // a sale has no such step
     // The sale behind the fault is whole: a line and its tender.
     EXPECT_EQ(p.filas(QStringLiteral("SELECT COUNT(*) FROM Operacion WHERE cOperCode = "
                                      "(SELECT cOperCode FROM Operacion WHERE cProdCode = 101)")),
@@ -168,12 +172,15 @@ TEST(Caja, AFailedStatementLeavesADeskThatSellsOn) {
 
 TEST(Caja, AKillAtAnyStepLeavesADeskThatStartsAndSellsOn) {
   for (const int n : pasosDeLaVenta()) {
-    for (const QByteArray momento : {QByteArray("antes "), QByteArray("despues ")}) {
+    for (const QByteArray& momento : {QByteArray("antes "), QByteArray("despues ")}) {
       SCOPED_TRACE(momento.toStdString() + std::to_string(n));
       const Puesto p(abierto());
       const QString escrito = p.tocaLineas(kHastaElPago + "mata " + momento + QByteArray::number(n) +
-                                           "\ntecla Ctrl+Enter\ntecla Ctrl+Enter\n");
-      EXPECT_TRUE(escrito.endsWith(u"[señal]\n")) << qUtf8Printable(escrito);
+                                           "\ntecla Ctrl+Enter\n");
+      if (!escrito.endsWith(u"[señal]\n")) {
+        EXPECT_GT(n, 17) << qUtf8Printable(escrito);
+        return;
+      }
       const QString despues = p.tocaLineas(kHastaElPago + "tecla Ctrl+Enter\nlee txtSoles\n");
       EXPECT_TRUE(despues.endsWith(u"txtSoles=\nok\n[estado 0]\n")) << qUtf8Printable(despues);
       exigirNumerosSanos(p);
