@@ -1,7 +1,13 @@
 #pragma once
 // The central and client databases on the embedded engine.
 #include <QStringList>
+#include <memory>
+
+class Procedimientos;
 
 // The statements, in SQLite's own language, that make every table and index of an empty server database.
 QStringList tablasDelCentral();
 QStringList tablasDelCliente();
+
+// The procedures and functions that the central database offers.
+std::shared_ptr<const Procedimientos> procedimientosDeServidores();

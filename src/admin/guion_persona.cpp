@@ -12,6 +12,10 @@ void EscritorGuion::linea(const QString& texto) {
   std::fflush(stdout);
 }
 
+void EscritorGuion::ok() {
+  if (detalle_ == Detalle::Todo) linea(QStringLiteral("ok"));
+}
+
 void terminarGuion(int estado) {
   std::fflush(stdout);
   std::fflush(stderr);

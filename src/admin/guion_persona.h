@@ -8,7 +8,15 @@
 // Lines to standard output in UTF-8, each flushed at once.
 class EscritorGuion {
  public:
+  enum class Detalle { Todo, SinOk };  // SinOk: for a reader who wants to know what happened, not that all went well
+
+  explicit EscritorGuion(Detalle detalle = Detalle::Todo) : detalle_(detalle) {}
   void linea(const QString& texto);
+  // An action is over.
+  void ok();
+
+ private:
+  Detalle detalle_;
 };
 
 // Ends the process at once: no unwinding through the event loops that may be open.

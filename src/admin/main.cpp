@@ -1,6 +1,9 @@
 // tarvopos-admin: set-up and service of a desk.
 #include <QCoreApplication>
 
+#include "admin/demo.h"
+#include "admin/guion.h"
+#include "admin/guion_lexico.h"
 #include "admin/ordenes.h"
 
 namespace {
@@ -22,6 +25,10 @@ constexpr Orden kOrdenes[] = {
     {u"verificar", u"DIR", u"revisa un puesto y escribe lo que encuentra", ordenVerificar},
     {u"sql", u"--puesto DIR --base local|central|cliente [--traducir]",
      u"lee sentencias de la entrada, una por línea, y responde cada una con una línea JSON", ordenSql},
+    {u"guion", u"ARCHIVO --puesto DIR [--salida DIR]",
+     u"toca un guion en las pantallas de un puesto; ARCHIVO «-» es la entrada estándar; las imágenes van a --salida",
+     ordenGuion, true},
+    {u"demo", u"DIR", u"crea un puesto de demostración en DIR y toca en él el día de la tienda", ordenDemo, true},
 };
 
 void ayuda() {
@@ -31,6 +38,9 @@ void ayuda() {
                                                   QString::fromUtf16(o.ayuda)));
   }
   Decir(QStringLiteral("  ayuda\n      muestra esto\n\nSalida: 0 bien, 1 no se pudo hacer, 2 llamada incorrecta"));
+  Decir(QStringLiteral("        «guion» termina con el estado del programa cuando éste acaba por sí mismo\n"));
+  Decir(QStringLiteral("Acciones de un guion, una por línea; «#» comenta:"));
+  for (const QString& uso : usosDeAcciones()) Decir(QStringLiteral("  ") + uso);
 }
 
 QStringList palabrasDe(int argc, char** argv) {

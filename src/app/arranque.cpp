@@ -14,7 +14,7 @@
 
 namespace {
 
-[[noreturn]] void parar(Puesto& p, const QString& texto) {
+void parar(Puesto& p, const QString& texto) {
   p.mensajes.mostrar(texto);
   p.salida.terminar(1);
 }

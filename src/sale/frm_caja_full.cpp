@@ -1,17 +1,18 @@
 #include "sale/frm_caja_full.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QTabWidget>
 
+#include "foundation/estado_linea.h"
 #include "foundation/puesto.h"
 #include "foundation/rutinas.h"
-#include "platform/text/numero.h"
-#include "platform/text/texto.h"
 #include "platform/ui/linea_estado.h"
 #include "platform/ui/tema.h"
 #include "sale/caja_lineas.h"
@@ -25,28 +26,34 @@ QString tituloPorcentaje(bool recargo) {
 }
 
 std::vector<ColumnaRejilla> columnasDeLineas(bool conPorcentaje) {
-  //            title                            width  right  typed  button
+  //  title                            width right  typed  button hidden
   return {
-      {QStringLiteral("Item"),                    46,   true,  false, false, false},
-      {QStringLiteral("Cod."),                    88,   false, true,  false, false},
-      {QStringLiteral("Cod. Catalog"),            124,  false, true,  false, false},
-      {QStringLiteral("Descripción"),             0,    false, false, false, false},
-      {QString(),                                 30,   false, false, true,  false},
-      {QString(),                                 0,    false, false, false, true},
-      {QStringLiteral("Cant."),                   78,   true,  true,  false, false},
-      {QStringLiteral("Prec.Unit."),              98,   true,  true,  false, false},
-      {QString(),                                 28,   false, true,  false, false},
-      {tituloPorcentaje(false),                   104,  true,  conPorcentaje, false, false},
-      {QStringLiteral("SubTotal"),                104,  true,  true,  false, false},
-      {QStringLiteral("Canje"),                   70,   false, false, false, false},
-      {QStringLiteral("Ptos."),                   60,   true,  false, false, false},
-      {QStringLiteral("(%) Serv."),               92,   false, false, false, false},
-      {QStringLiteral("Serv"),                    80,   true,  false, false, false},
-      {QStringLiteral("Igv"),                     80,   true,  false, false, false},
+      {QStringLiteral("Item"), 54, true, false, false, false},
+      {QStringLiteral("Cod."), 94, false, true, false, false},
+      {QStringLiteral("Cod. Catalog"), 122, false, true, false, false},
+      {QStringLiteral("Descripción"), 222, false, false, false, false},
+      {QString(), 30, false, false, true, false},
+      {QString(), 0, false, false, false, true},
+      {QStringLiteral("Cant."), 76, true, true, false, false},
+      {QStringLiteral("Prec.Unit."), 112, true, true, false, false},
+      {QString(), 26, false, true, false, false},
+      {tituloPorcentaje(false), 104, true, conPorcentaje, false, false},
+      {QStringLiteral("SubTotal"), 112, true, true, false, false},
+      {QStringLiteral("Canje"), 70, false, false, false, false},
+      {QStringLiteral("Ptos."), 60, true, false, false, false},
+      {QStringLiteral("(%) Serv."), 92, false, false, false, false},
+      {QStringLiteral("Serv"), 86, true, false, false, false},
+      {QStringLiteral("Igv"), 86, true, false, false, false},
   };
 }
 
 QChar soloDigitos(QChar tecla) { return FiltrarTecla(tecla, {ClaseTecla::Digitos}); }
+
+// The two cards of the head stand side by side in 1024 pixels.
+void apretar(Panel* panel) {
+  panel->layout()->setContentsMargins(12, 8, 12, 10);
+  if (auto* g = panel->findChild<QGridLayout*>()) g->setHorizontalSpacing(2 * tema::kPaso);
+}
 
 }  // namespace
 
@@ -78,31 +85,43 @@ frmCajaRegistradoraFull::frmCajaRegistradoraFull(Puesto& p, PantallasVenta& pant
   txtTarjeta_->setFocus();
 }
 
+void frmCajaRegistradoraFull::fijo(Panel* panel, const QString& nombre, const QString& etiqueta, int ancho,
+                                   QString& campo) {
+  Campo* c = panel->fijo(nombre, etiqueta);
+  c->setFixedWidth(ancho);
+  enlaces_.texto(c, campo);
+}
+
 QWidget* frmCajaRegistradoraFull::nuevaCabecera() {
   auto* fila = new QWidget;
   auto* h = new QHBoxLayout(fila);
   h->setContentsMargins(0, 0, 0, 0);
   h->setSpacing(8);
   auto* caja = new Panel(QStringLiteral("Datos de la Caja"), 3);
-  enlaces_.texto(caja->fijo(QStringLiteral("txtCajero"), QStringLiteral("Cajero:")), v_.txtCajero);
-  enlaces_.texto(caja->fijo(QStringLiteral("txtCaja"), QStringLiteral("Caja:")), v_.txtCaja);
-  enlaces_.texto(caja->fijo(QStringLiteral("txtTurno"), QStringLiteral("Turno:")), v_.txtTurno);
-  h->addWidget(caja, 2);
+  fijo(caja, QStringLiteral("txtCajero"), {}, 112, v_.txtCajero);
+  fijo(caja, QStringLiteral("txtCaja"), QStringLiteral("Caja:"), 78, v_.txtCaja);
+  fijo(caja, QStringLiteral("txtTurno"), QStringLiteral("Turno:"), 46, v_.txtTurno);
+  apretar(caja);
+  h->addWidget(caja);
 
   auto* venta = new Panel(QStringLiteral("Datos de la Venta"), 4);
   cboTipoVenta_ = new QComboBox;
   cboTipoVenta_->setObjectName(QStringLiteral("cboTipoVenta"));
+  // Wide enough for a kind that stays chosen; the list itself shows the longer entries whole.
+  cboTipoVenta_->setFixedWidth(128);
+  cboTipoVenta_->view()->setMinimumWidth(230);
   venta->agregar(QStringLiteral("Tip&o:"), cboTipoVenta_);
   txtRUC_ = venta->campo(QStringLiteral("txtRUC"), QStringLiteral("&RUC:"));
-  txtRUC_->setMinimumWidth(132);
+  txtRUC_->setMinimumWidth(130);
   txtRUC_->filtro = soloDigitos;
   enlaces_.texto(txtRUC_, v_.txtRUC);
-  enlaces_.texto(venta->fijo(QStringLiteral("txtTC"), QStringLiteral("T.C.:")), v_.txtTC);
+  fijo(venta, QStringLiteral("txtTC"), QStringLiteral("T.C.:"), 66, v_.txtTC);
   auto* fecha = nuevoTexto({});
   fecha->setObjectName(QStringLiteral("lblFecha"));
-  venta->agregar(QStringLiteral("Fecha:"), fecha);
+  venta->agregar({}, fecha);
   enlaces_.rotulo(fecha, v_.lblFecha);
-  h->addWidget(venta, 3);
+  apretar(venta);
+  h->addWidget(venta, 1);
   connect(cboTipoVenta_, &QComboBox::currentIndexChanged, this, [this](int n) {
     if (mostrando_ || n < 0) return;
     con([this, n] { CambiarTipo(v_, pantallas_, v_.tipos[static_cast<size_t>(n)]); });
@@ -112,13 +131,14 @@ QWidget* frmCajaRegistradoraFull::nuevaCabecera() {
 
 QWidget* frmCajaRegistradoraFull::nuevoCliente() {
   auto* panel = new Panel({}, 6);
+  apretar(panel);
   txtTarjeta_ = panel->campo(QStringLiteral("txtTarjeta"), QStringLiteral("Nro. &Tarjeta:"));
   txtTarjeta_->setFixedWidth(120);
   txtTarjeta_->filtro = soloDigitos;
   enlaces_.texto(txtTarjeta_, v_.txtTarjeta);
   auto* nombres = panel->campo(QStringLiteral("txtNombres"), QStringLiteral("&Nombres:"));
   nombres->setProperty("textoLibre", true);
-  nombres->setMinimumWidth(240);
+  nombres->setMinimumWidth(150);
   enlaces_.texto(nombres, v_.txtNombres);
   txtLocal_ = panel->campo(QStringLiteral("txtLocal"), QStringLiteral("&Local:"));
   txtLocal_->setFixedWidth(56);
@@ -131,6 +151,7 @@ QWidget* frmCajaRegistradoraFull::nuevoCliente() {
   dcbLocal_->setObjectName(QStringLiteral("dcbLocal"));
   panel->agregar({}, dcbLocal_);
   auto* busca = nuevoBoton(QStringLiteral("txtBuscaCliente"), QStringLiteral("Buscar (F2)"));
+  busca->setMinimumWidth(132);
   panel->agregar({}, busca);
 
   const auto ajustar = [this] { con([this] { AjustarCliente(v_); }); };
@@ -185,8 +206,8 @@ QWidget* frmCajaRegistradoraFull::nuevoPago() {
   izquierda->setSpacing(6);
   for (QFrame* panel : {pago_.frmVuelto, adelanto_.frapade, adelanto_.fraPagoAdelantado}) izquierda->addWidget(panel);
   izquierda->addStretch();
-  h->addLayout(izquierda, 5);
-  h->addWidget(pago_.fraTotal, 4);
+  h->addLayout(izquierda);
+  h->addWidget(pago_.fraTotal, 1);
   for (auto* b : adelanto_.buscan) {
     connect(b, &QPushButton::clicked, this, [this] { faltaPantalla(QStringLiteral("Pago Adelantado")); });
   }
@@ -242,11 +263,16 @@ void frmCajaRegistradoraFull::nuevasTeclas() {
     tecla(QKeyCombination(Qt::ALT, static_cast<Qt::Key>(Qt::Key_1 + n)), [this, n] { verPestana(n); });
   }
   tecla(Qt::ALT | Qt::Key_F4, [this] { pulsar(3); });
+  // The buttons' own letters: a mnemonic would press them a moment later, when the next key has been typed already.
+  tecla(Qt::ALT | Qt::Key_D, [this] { agregarFila(); }, QStringLiteral("línea nueva"));
+  const std::pair<Qt::Key, int> letras[] = {{Qt::Key_C, 0}, {Qt::Key_I, 2}, {Qt::Key_S, 3}, {Qt::Key_A, 4}};
+  for (const auto& [letra, indice] : letras) {
+    tecla(Qt::ALT | letra, [this, n = indice] { pulsar(n); });
+  }
   // A slip of the finger must not take a sale off the screen.
   tecla(Qt::Key_Escape, [this] {
     if (VentaVacia(v_)) pulsar(3);
   });
-  indicio(QStringLiteral("Alt+D línea nueva"));
 }
 
 void frmCajaRegistradoraFull::enlazarPagos() {
@@ -271,7 +297,7 @@ void frmCajaRegistradoraFull::mostrar() {
   mostrarPaneles();
   rejilla_->ponerTitulo(kPorc, tituloPorcentaje(v_.recargo));
   rejilla_->refrescar();
-  mostrarEstado();
+  estado_->mostrar(EstadoDelPuesto(p_));
 }
 
 void frmCajaRegistradoraFull::mostrarTipos() {
@@ -312,18 +338,6 @@ void frmCajaRegistradoraFull::mostrarPaneles() {
     pestanas_->setTabEnabled(i, t.unicaPestana < 0 || t.unicaPestana == i);
   }
   pestanas_->setCurrentIndex(v_.pestana);
-}
-
-void frmCajaRegistradoraFull::mostrarEstado() {
-  LineaEstado::Datos d;
-  d.caja = p_.ses.psCaja;
-  d.turno = p_.ses.psTurno;
-  d.usuario = p_.ses.psUsuario;
-  d.tipoCambio = p_.ses.pnTipoCambio > 0 ? Formatear(p_.ses.pnTipoCambio, u"0.00") : QString();
-  d.central = !p_.ses.bCentralCaida;
-  d.clientes = !p_.ses.pbClienteCaido;
-  d.papel = p_.ses.ultimoPapel;
-  estado_->mostrar(d);
 }
 
 bool frmCajaRegistradoraFull::alEntrar(QWidget* campo) {

@@ -26,6 +26,7 @@ class frmCajaRegistradoraFull final : public Forma {
   bool puedeCerrar() override;
 
  private:
+  void fijo(Panel* panel, const QString& nombre, const QString& etiqueta, int ancho, QString& campo);
   QWidget* nuevaCabecera();
   QWidget* nuevoCliente();
   QWidget* nuevosArticulos();
@@ -38,7 +39,6 @@ class frmCajaRegistradoraFull final : public Forma {
   void mostrarTipos();
   void mostrarLocales();
   void mostrarPaneles();
-  void mostrarEstado();
 
   // Runs `accion` on the struct between the controls' texts in and out.
   template <class Accion>

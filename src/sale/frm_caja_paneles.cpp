@@ -12,7 +12,7 @@ QChar filtroImporte(QChar tecla) { return FiltrarTecla(tecla, {ClaseTecla::Decim
 
 namespace {
 
-constexpr int kAnchoImporte = 124;
+constexpr int kAnchoImporte = 112;
 
 Campo* importe(Panel* panel, const QString& nombre, const QString& etiqueta, Enlaces& enlaces, QString& campo) {
   Campo* c = panel->importe(nombre, etiqueta);
@@ -45,8 +45,10 @@ QFrame* nuevaPantalla(Enlaces& enlaces, CajaRegistradoraFull& v) {
   g->addWidget(cifra(QStringLiteral("txtDolares"), QStringLiteral("articulo"), enlaces, v.txtDolares), 1, 1);
   g->addWidget(leyenda(QStringLiteral("VUELTO S/.")), 1, 2, Qt::AlignRight | Qt::AlignVCenter);
   g->addWidget(cifra(QStringLiteral("lblVuelto"), QStringLiteral("vuelto"), enlaces, v.txtVueltoSoles), 1, 3);
-  g->setColumnStretch(1, 1);
-  g->setColumnStretch(3, 2);
+  // Room for any amount from the start: a figure must never be cut, nor move when it grows.
+  g->setColumnMinimumWidth(1, 124);
+  g->setColumnMinimumWidth(3, 196);
+  g->setColumnStretch(3, 1);
   return marco;
 }
 

@@ -1,0 +1,109 @@
+#include "platform/sql/procedimientos.h"
+
+#include "platform/text/fecha.h"
+#include "servidores.h"
+
+namespace {
+
+using Error = std::optional<ErrorBD>;
+
+constexpr int kFaltanArgumentos = 201;
+constexpr int kNoEsFecha = 241;
+
+// The first failure ends the rest.
+Error todas(AccesoMotor& bd, std::initializer_list<std::pair<const char*, QVariantList>> sentencias) {
+  for (const auto& [sql, valores] : sentencias) {
+    if (auto error = bd.ejecutar(QString::fromLatin1(sql), valores)) return error;
+  }
+  return {};
+}
+
+// The day as two bounds of ISO text, the second one outside it; nothing for a text that is no date.
+std::optional<QVariantList> limitesDelDia(const QVariant& texto) {
+  const auto fecha = LeerFecha(texto.toString());
+  if (!fecha) return {};
+  const QDateTime dia = fecha->date().startOfDay();
+  return QVariantList{FechaISO(dia), FechaISO(dia.addDays(1))};
+}
+
+Error noEsFecha(const QVariant& texto) {
+  return ErrorBD{kErrorSentencia, kNoEsFecha, QStringLiteral("«%1» no es una fecha.").arg(texto.toString())};
+}
+
+// A new head for the detail of a closing; gives its number.
+Error insertarCabeceraZ1(AccesoMotor& bd, const QVariantList& a, Recordset& rs) {
+  if (auto error = bd.ejecutar(QStringLiteral("INSERT INTO TCABECERAZ1 (cCajaCodi, nidEstado, dFecha) VALUES (?, ?, ?)"),
+                               {a[0], a[1], FechaISO(bd.ahora())})) return error;
+  return bd.consultar(QStringLiteral("SELECT last_insert_rowid() AS idZ1"), {}, rs);
+}
+
+// The mean price of each article over all its rows; Null where quantities cancel out.
+Error promediarMontosZ1(AccesoMotor& bd, const QVariantList& a, Recordset&) {
+  return bd.ejecutar(QStringLiteral("UPDATE TDETALLEZ1 SET nPrecioProm = (SELECT SUM(d.nMonto) / NULLIF(SUM(d.nProdCant), 0) "
+                                    "FROM TDETALLEZ1 d WHERE d.nidZ1 = ? AND d.cProdCode = TDETALLEZ1.cProdCode) "
+                                    "WHERE nidZ1 = ?"), {a[0], a[0]});
+}
+
+// One row for each till, day, warehouse, type of document and article: the first takes the sums, the others go.
+Error agruparZ1(AccesoMotor& bd, const QVariantList& a, Recordset&) {
+  return todas(bd, {
+      {"UPDATE TDETALLEZ1 SET (nProdCant, nMonto) = (SELECT SUM(d.nProdCant), SUM(d.nMonto) FROM TDETALLEZ1 d "
+       "WHERE d.nidZ1 = TDETALLEZ1.nidZ1 AND d.cCajaCodi IS TDETALLEZ1.cCajaCodi "
+       "AND date(d.dOperFech) IS date(TDETALLEZ1.dOperFech) AND d.cAlmaCode IS TDETALLEZ1.cAlmaCode "
+       "AND d.cdocTipo IS TDETALLEZ1.cdocTipo AND d.cProdCode IS TDETALLEZ1.cProdCode) "
+       "WHERE rowid IN (SELECT MIN(rowid) FROM TDETALLEZ1 WHERE nidZ1 = ? "
+       "GROUP BY cCajaCodi, date(dOperFech), cAlmaCode, cdocTipo, cProdCode)", {a[0]}},
+      {"DELETE FROM TDETALLEZ1 WHERE nidZ1 = ? AND rowid NOT IN (SELECT MIN(rowid) FROM TDETALLEZ1 WHERE nidZ1 = ? "
+       "GROUP BY cCajaCodi, date(dOperFech), cAlmaCode, cdocTipo, cProdCode)", {a[0], a[0]}},
+  });
+}
+
+Error insertaSincronizacion(AccesoMotor& bd, const QVariantList& a, Recordset&) {
+  return bd.ejecutar(QStringLiteral("INSERT INTO SincronizacionCaja (cCajaCodi, dFecha) VALUES (?, ?)"),
+                     {a[0], FechaISO(bd.ahora())});
+}
+
+// Takes away what a till has sent of one day: its operations, and its parallel documents with their lines. Z rows stay,
+// since they are not sent again.
+Error limpiarCajaDia(AccesoMotor& bd, const QVariantList& a, Recordset&) {
+  const auto dia = limitesDelDia(a[1]);
+  if (!dia) return noEsFecha(a[1]);
+  const QVariantList valores = QVariantList{a[0]} + *dia;
+  return todas(bd, {
+      {"DELETE FROM OperacionParalelaProducto WHERE cCajaCodi = ?1 AND cOperCode IN (SELECT cOperCode FROM OperacionParalela "
+       "WHERE cCajaCodi = ?1 AND dOperFech >= ?2 AND dOperFech < ?3)", valores},
+      {"DELETE FROM OperacionParalela WHERE cCajaCodi = ?1 AND dOperFech >= ?2 AND dOperFech < ?3", valores},
+      {"DELETE FROM Operacion WHERE cCajaCodi = ?1 AND dOperFech >= ?2 AND dOperFech < ?3", valores},
+  });
+}
+
+Error retornarIgv(AccesoMotor& bd, const QVariantList&, QVariant& valor) {
+  Recordset rs;
+  if (auto error = bd.consultar(QStringLiteral("SELECT nmonto1 FROM parametro WHERE cCodParam = 'IGV'"), {}, rs)) return error;
+  if (!rs[0].isNull()) valor = rs[0].toDouble() / 100;
+  return {};
+}
+
+}  // namespace
+
+std::shared_ptr<const Procedimientos> procedimientosDeServidores() {
+  auto todos = std::make_shared<Procedimientos>();
+  const struct { const char* nombre; int argumentos; Error (*hacer)(AccesoMotor&, const QVariantList&, Recordset&); } kTabla[] = {
+      {"spr_insertar_cabecera_z1", 2, insertarCabeceraZ1},
+      {"spr_promediar_montos_z1", 1, promediarMontosZ1},
+      {"spr_agrupar_z1", 1, agruparZ1},
+      {"spr_inserta_sincronizacion", 1, insertaSincronizacion},
+      {"spr_limpiar_caja_dia", 2, limpiarCajaDia},
+  };
+  for (const auto& p : kTabla) {
+    const QString nombre = QString::fromLatin1(p.nombre);
+    todos->agregar(nombre, [nombre, p](AccesoMotor& bd, const QVariantList& a, Recordset& rs) -> Error {
+      if (a.size() == p.argumentos) return p.hacer(bd, a, rs);
+      return ErrorBD{kErrorSentencia, kFaltanArgumentos,
+                     QStringLiteral("El procedimiento %1 lleva %2 argumentos y recibió %3.")
+                         .arg(nombre).arg(p.argumentos).arg(a.size())};
+    });
+  }
+  todos->agregarFuncion(QStringLiteral("fnRetornarIGV"), retornarIgv);
+  return todos;
+}

@@ -1,0 +1,101 @@
+#include "app/aplicacion.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QLockFile>
+
+#include "app/arranque.h"
+#include "app/frm_password.h"
+#include "app/frm_splash.h"
+#include "app/pantallas.h"
+#include "cashday/frm_principal.h"
+#include "platform/ui/tema.h"
+
+namespace {
+constexpr int kSplash_ms = 1000;
+}
+
+struct Aplicacion::Interno {
+  Interno(Motores& motores, Puertos& puertos, Reloj& reloj, Mensajes& mensajes, Salida& salida, const Rutas& rutas)
+      : puesto(motores, puertos, reloj, mensajes, salida, rutas),
+        pantallas(puesto),
+        unico(rutas.enPrograma(QStringLiteral("TarvoPos.lock"))) {
+    unico.setStaleLockTime(0);  // a till runs for days; only a process that has died leaves its lock free
+  }
+
+  void exigirUnicaCopia();
+  void login();
+  void sesion();
+
+  Puesto puesto;
+  Pantallas pantallas;
+  QLockFile unico;
+  std::unique_ptr<frmPassword> password;
+  std::unique_ptr<frmPrincipal> principal;
+};
+
+void Aplicacion::Interno::exigirUnicaCopia() {
+  if (unico.isLocked() || unico.tryLock(0)) return;
+  puesto.mensajes.mostrar(unico.error() == QLockFile::LockFailedError
+                              ? QStringLiteral("La aplicación ya se encuentra en uso")
+                              : QStringLiteral("No se puede escribir en la carpeta del programa: ") +
+                                    puesto.rutas.programa);
+  puesto.salida.terminar(1);
+}
+
+void Aplicacion::Interno::login() {
+  frmSplash splash;
+  splash.mostrar();
+  puesto.reloj.dormir(kSplash_ms);
+
+  password = std::make_unique<frmPassword>(
+      puesto, [this] { sesion(); },
+      [this] {
+        puesto.poDBAdmin.CerrarBD(puesto.poCnnLocal);
+        puesto.salida.terminar(1);
+      });
+  password->show();
+  password->repaint();
+  splash.close();
+  password->activateWindow();
+}
+
+void Aplicacion::Interno::sesion() {
+  principal = std::make_unique<frmPrincipal>(puesto, pantallas);
+  principal->iniciar();
+  MostrarAlmacen(puesto);
+}
+
+Aplicacion::Aplicacion(Motores& motores, Puertos& puertos, Reloj& reloj, Mensajes& mensajes, Salida& salida,
+                       const Rutas& rutas) {
+  tema::aplicar(*qApp);
+  d_ = std::make_unique<Interno>(motores, puertos, reloj, mensajes, salida, rutas);
+}
+
+Aplicacion::~Aplicacion() = default;
+
+void Aplicacion::iniciar() {
+  try {
+    d_->exigirUnicaCopia();
+    // Queue of points and synchronisation come with their rooms.
+    Arrancar(d_->puesto, {});
+    d_->login();
+  } catch (const std::exception& e) {
+    d_->puesto.mensajes.mostrar(QString::fromUtf8(e.what()));
+    d_->puesto.salida.terminar(1);
+  }
+}
+
+void Aplicacion::cerrar() {
+  // Modal screens unwind when their own loops go on; those below them follow then.
+  while (QWidget* modal = QApplication::activeModalWidget()) {
+    auto* dialogo = qobject_cast<QDialog*>(modal);
+    if (!dialogo) break;
+    dialogo->QDialog::done(QDialog::Rejected);
+    if (QApplication::activeModalWidget() == modal) break;
+  }
+  const auto ventanas = QApplication::topLevelWidgets();
+  for (QWidget* v : ventanas) v->hide();
+}
+
+Puesto& Aplicacion::puesto() { return d_->puesto; }

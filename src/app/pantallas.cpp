@@ -1,0 +1,42 @@
+#include "app/pantallas.h"
+
+#include <QApplication>
+
+#include "backoffice/frm_tipo_cambio.h"
+#include "backoffice/frm_tipo_cambio_lista.h"
+#include "foundation/puesto.h"
+#include "sale/frm_autorizar.h"
+#include "sale/frm_caja_full.h"
+
+namespace {
+
+QWidget* padre() {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal ? modal : QApplication::activeWindow();
+}
+
+}  // namespace
+
+void Pantallas::abrirRapida() { noDisponible(QStringLiteral("Caja Registradora")); }
+
+void Pantallas::abrirFull() {
+  frmCajaRegistradoraFull f(p_, *this, padre());
+  f.exec();
+}
+
+void Pantallas::tipoCambioLista() {
+  frmTipoCambioLista f(p_, padre());
+  f.exec();
+}
+
+void Pantallas::tipoCambioDetalle(int modo) {
+  TipoCambio v;
+  abrirTipoCambio(p_, static_cast<ModoDetalle>(modo), {}, v, padre());
+}
+
+std::optional<QString> Pantallas::autorizar(const QString& acto) { return autorizarOperacion(p_, padre(), acto); }
+
+void Pantallas::noDisponible(const QString& pantalla) {
+  p_.mensajes.mostrar(QStringLiteral("La opción «") + pantalla +
+                      QStringLiteral("» todavía no está disponible en esta versión."));
+}

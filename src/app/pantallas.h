@@ -1,0 +1,23 @@
+#pragma once
+// The screens that rooms open in each other, by the interfaces that the rooms declare.
+#include "cashday/pantallas_principal.h"
+#include "sale/pantallas_venta.h"
+
+class QWidget;
+struct Puesto;
+
+// Both interfaces over the real windows. Each screen stands over the window that is active when it opens.
+class Pantallas final : public PantallasPrincipal, public PantallasVenta {
+ public:
+  explicit Pantallas(Puesto& p) : p_(p) {}
+
+  void abrirRapida() override;
+  void abrirFull() override;
+  void tipoCambioLista() override;
+  void tipoCambioDetalle(int modo) override;
+  std::optional<QString> autorizar(const QString& acto) override;
+  void noDisponible(const QString& pantalla) override;
+
+ private:
+  Puesto& p_;
+};

@@ -1,0 +1,161 @@
+#include "app/arranque.h"
+
+#include <gtest/gtest.h>
+
+#include "apoyo/puesto_prueba.h"
+#include "platform/io/perfil.h"
+
+namespace {
+
+const QString kAlmacen = QStringLiteral("TarvoPos.mdb");
+
+// A desk as it lies on the disk before its program starts, with both servers embedded.
+class ArranqueTest : public testing::Test {
+ protected:
+  ArranqueTest() {
+    p.ejecuta(QStringLiteral("UPDATE Configuracion SET DataServer='sqlite:central.db', ServidorSQL='sqlite:cliente.db', "
+                             "cCodiTurno='02', sImpresora='Ticketera', sImpresoraAlterna='', nFlagCortaPapel=1, "
+                             "nFlagCortaPapelALT=0"));
+    Conexion central = abrir(p.ses.psConexionCentral);
+    p.ejecuta(central, QStringLiteral("DELETE FROM parametro"));
+    p.ejecuta(central, QStringLiteral("INSERT INTO parametro (cCodParam, nmonto1) VALUES ('IGV', 18)"));
+  }
+
+  Conexion abrir(const QString& cadena) {
+    Conexion c;
+    EXPECT_FALSE(c.abrir(p.motores, cadena, 1000));
+    return c;
+  }
+
+  void arrancar() {
+    p.poCnnLocal.cerrar();
+    Arrancar(p, pasos);
+  }
+
+  // Starts a program that must end, and by a failure.
+  void arrancaYTermina() {
+    try {
+      arrancar();
+      ADD_FAILURE() << "the start went on";
+    } catch (const ProcesoTerminado& fin) {
+      EXPECT_NE(0, fin.estado);
+    }
+  }
+
+  QString enCarpeta(const QString& nombre) { return p.rutas.enPrograma(nombre); }
+  QByteArray bytes(const QString& nombre) {
+    QFile f(enCarpeta(nombre));
+    EXPECT_TRUE(f.open(QIODevice::ReadOnly));
+    return f.readAll();
+  }
+  void escribir(const QString& nombre, const QByteArray& contenido) {
+    QFile f(enCarpeta(nombre));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(contenido);
+  }
+
+  PuestoPrueba p;
+  PasosArranque pasos;
+};
+
+TEST_F(ArranqueTest, TheSessionIsReadAndTheStepsOfOtherRoomsAreCalled) {
+  QStringList llamadas;
+  pasos.enviarPendientes = [&](Puesto& q) { llamadas += q.ses.pbClienteConectado ? u"pendientes"_qs : u"cerrado"_qs; };
+  pasos.sincronizar = [&](Puesto& q) {
+    EXPECT_TRUE(q.ses.pbSincronizaMaestros);
+    EXPECT_FALSE(q.ses.pbSincronizaCierre);
+    llamadas += u"sincronizar"_qs;
+  };
+  arrancar();
+  EXPECT_EQ((QStringList{u"pendientes"_qs, u"sincronizar"_qs}), llamadas);
+  EXPECT_DOUBLE_EQ(0.18, p.ses.pnIGV);
+  EXPECT_EQ(u"0.18"_qs, LeerPerfil(p.ses.psArchivoCfg, u"PARAMETROS"_qs, u"nIGV"_qs));
+  EXPECT_EQ(u"02"_qs, p.ses.psTurno);
+  EXPECT_EQ(u"Ticketera"_qs, p.ses.kPAR_IMPRESORA);
+  EXPECT_EQ(u"Ticketera"_qs, p.ses.kPAR_IMPRESORA_ALTERNA);  // blank: the system's default printer
+  EXPECT_EQ(1, p.ses.pnCortaPapel);
+  EXPECT_EQ(0, p.ses.pnCortaPapelAlterna);
+  EXPECT_EQ(u"SER-2"_qs, p.ses.psSerieImpresoraAlterna);
+  EXPECT_FALSE(p.ses.pbClienteConectado);
+}
+
+TEST_F(ArranqueTest, OnlyAFinishedOrUnknownClosingIsReset) {
+  const struct { const char *guardado, *queda; } kCasos[] = {{"6", "0"}, {"3", "3"}, {"Null", "0"}, {"0", "0"}};
+  for (const auto& c : kCasos) {
+    p.ejecuta(QStringLiteral("UPDATE Configuracion SET iCierreCaja=%1").arg(QString::fromLatin1(c.guardado)));
+    arrancar();
+    EXPECT_EQ(QString::fromLatin1(c.queda), p.filas(u"SELECT iCierreCaja FROM Configuracion"_qs)) << c.guardado;
+  }
+}
+
+TEST_F(ArranqueTest, AClientDatabaseThatIsAwayIsToldAndTheStartGoesOn) {
+  p.ejecuta(QStringLiteral("UPDATE Configuracion SET ServidorSQL='sqlite:noesta.db'"));
+  p.persona().espera(QStringLiteral("No se pudo conectar a la Base de Datos Cliente.\nLas Operaciones se guardaran "
+                                    "temporalmente hasta que se restablesca la conexión."));
+  arrancar();
+  EXPECT_TRUE(p.ses.pbClienteCaido);
+}
+
+TEST_F(ArranqueTest, ACentralDatabaseThatIsAwayEndsTheStartAtTheNumbering) {
+  p.ejecuta(QStringLiteral("UPDATE Configuracion SET DataServer='sqlite:noesta.db'"));
+  p.persona().espera(QStringLiteral("central"));           // the repair's own box
+  p.persona().espera(QStringLiteral(" - select CDocSerie"));  // the data layer's
+  p.persona().espera(QStringLiteral("Error"));
+  p.persona().espera(QStringLiteral("No se pudo comprobar la numeración"));
+  arrancaYTermina();
+}
+
+TEST_F(ArranqueTest, AStoreThatIsMissingBrokenOrForeignIsToldAndKeepsItsBytes) {
+  p.poCnnLocal.cerrar();
+  const QByteArray sano = bytes(kAlmacen);
+  ASSERT_GT(sano.size(), 8192);
+  const struct { const char* porque; QByteArray contenido; } kCasos[] = {
+      {"empty", {}},
+      {"cut inside the first page", sano.left(700)},
+      {"cut in the middle", sano.left(sano.size() / 2 / 4096 * 4096)},
+      {"a text", "no soy una base de datos, pero soy bastante largo para parecer una\n"},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    escribir(kAlmacen, c.contenido);
+    p.persona().espera(QStringLiteral("No se pudo conectar a la BD"));
+    arrancaYTermina();
+    EXPECT_EQ(c.contenido, bytes(kAlmacen));
+  }
+  QFile::remove(enCarpeta(kAlmacen));
+  p.persona().espera(QStringLiteral("Base de Datos TarvoPos.mdb no existe en la ruta de la aplicación"));
+  arrancaYTermina();
+  EXPECT_FALSE(QFile::exists(enCarpeta(kAlmacen)));
+}
+
+TEST_F(ArranqueTest, AStoreOfAnotherProgramNamesWhatItLacks) {
+  p.poCnnLocal.cerrar();
+  QFile::remove(enCarpeta(kAlmacen));
+  ASSERT_TRUE(QFile::copy(enCarpeta(QStringLiteral("cliente.db")), enCarpeta(kAlmacen)));
+  const QByteArray antes = bytes(kAlmacen);
+  p.persona().espera(QStringLiteral("Faltan las tablas: "));
+  arrancaYTermina();
+  EXPECT_EQ(antes, bytes(kAlmacen));
+}
+
+TEST_F(ArranqueTest, SettingsThatCannotBeReadEndTheStart) {
+  p.poCnnLocal.cerrar();
+  const QByteArray binario("\x7F" "ELF\0\1\2\3", 8);
+  escribir(QStringLiteral("KEB.cfg"), binario);
+  p.persona().espera(QStringLiteral("no es un archivo de texto"));
+  arrancaYTermina();
+  EXPECT_EQ(binario, bytes(QStringLiteral("KEB.cfg")));
+}
+
+TEST_F(ArranqueTest, TheWarehouseIsNamedWhereTheCentralDatabaseAnswers) {
+  Conexion central = abrir(p.ses.psConexionCentral);
+  p.ejecuta(central, QStringLiteral("DELETE FROM Almacen"));
+  p.ejecuta(central, QStringLiteral("INSERT INTO Almacen (cCodAlmac, vDscAlmac) VALUES ('01', 'TIENDA ÑAÑA')"));
+  p.persona().espera(QStringLiteral("El almacen seteado por defecto para esta caja es: TIENDA ÑAÑA"));
+  MostrarAlmacen(p);
+  p.ses.psConexionCentral = QStringLiteral("Data Source=sqlite:noesta.db");
+  p.persona().espera(QStringLiteral("El codigo de almacen seteado por defecto para esta caja es: 01"));
+  MostrarAlmacen(p);
+}
+
+}  // namespace

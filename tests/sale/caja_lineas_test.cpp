@@ -1,0 +1,180 @@
+#include "sale/caja_lineas.h"
+
+#include <gtest/gtest.h>
+
+#include "apoyo/puesto_prueba.h"
+#include "sale/caja_full.h"
+
+namespace {
+
+QString q(const char* t) { return QString::fromUtf8(t); }
+
+struct CajaLineas : testing::Test {
+  PuestoPrueba p;
+  CajaRegistradoraFull v;
+
+  void SetUp() override {
+    p.articulo(12, q("CAFE PASADO"), 4.5, true, q("CAF-01"));
+    p.articulo(13, q("CAFE CORTADO"), 6, false, q("CAF-010"));
+    p.articulo(14, q("TORTA"), 9.9, false, q("77.01.23"));
+    p.articulo(15, q("RETIRADO"), 1, false, q("OLD"));
+    p.articulo(16, q("SUSPENDIDO"), 1, false, q("SUS"));
+    p.articulo(17, q("VALE"), 20, false, q("VAL"));
+    p.articulo(18, q("CHOCOLATE D''ORO"), 3, false, q("D''ORO"));
+    p.ejecuta(q("UPDATE Producto SET nActivo = 0 WHERE cProdCode = 15"));
+    p.ejecuta(q("UPDATE Producto SET cProdEstd = 0 WHERE cProdCode = 16"));
+    p.ejecuta(q("UPDATE Producto SET nPuntos = 50, cFlagCanje = 1 WHERE cProdCode = 17"));
+  }
+  bool sale(int columna, const char* texto, int fila = 0) { return SalirCelda(p, v, fila, columna, q(texto)); }
+  QString celdas(int fila = 0) const {
+    QStringList t;
+    for (const auto& c : v.lineas[static_cast<size_t>(fila)]) t << c;
+    return t.join(u'|');
+  }
+};
+
+TEST_F(CajaLineas, ACodeFillsTheRow) {
+  ASSERT_TRUE(sale(kCod, "12"));
+  EXPECT_EQ(q("1|000012|CAF-01|CAFE PASADO|||1.00|4.50|-|0.00|4.50|NO|0|SI|0.35|0.63"), celdas());
+  EXPECT_EQ(q("4.50"), v.txtSoles);
+  EXPECT_EQ(q("4.50"), v.txtEfectivoSoles);
+  ASSERT_TRUE(sale(kCod, "17"));
+  EXPECT_EQ(q("PTOS"), v.lineas[0][kCanje]);
+  EXPECT_EQ(q("50"), v.lineas[0][kPtos]);
+  p.ejecuta(q("UPDATE Producto SET cFlagCanje = 0 WHERE cProdCode = 17"));
+  AgregarFila(v);
+  ASSERT_TRUE(sale(kCod, "17", 1));
+  EXPECT_EQ(q("VNTA"), v.lineas[1][kCanje]);
+}
+
+TEST_F(CajaLineas, CodesAndCatalogueCodes) {
+  const struct { const char* porque; int columna; const char *texto, *articulo, *caja; } kCasos[] = {
+      {"code with zeros",              kCod,      "000013",   "000013", ""},
+      {"unknown code",                 kCod,      "99",       "",       "Articulo No Existe...!!!"},
+      {"letters are no code",          kCod,      "12a",      "",       "Articulo No Existe...!!!"},
+      {"the head isn't cut off",       kCod,      "1000012",  "",       "Articulo No Existe...!!!"},
+      {"withdrawn by the server",      kCod,      "15",       "",       "El Producto no se encuentra activo."},
+      {"not for sale",                 kCod,      "16",       "",       "El Producto no se encuentra activo."},
+      {"nothing typed",                kCod,      " ",        "",       ""},
+      {"part: the lowest code",        kCatalogo, "CAF",      "000012", ""},
+      {"exact wins over lower",        kCatalogo, "caf-010",  "000013", ""},
+      {"points at other places",       kCatalogo, "7.70.123", "000014", ""},
+      {"catalogue code withdrawn",     kCatalogo, "OLD",      "",       "El Producto no se encuentra activo."},
+      {"catalogue code not for sale",  kCatalogo, "SUS",      "",       "El Producto no se encuentra activo."},
+      {"unknown catalogue code",       kCatalogo, "NADA",     "",       "Articulo No Existe...!!!"},
+      {"unknown number",               kCatalogo, "55.5",     "",       "Articulo No Existe...!!!"},
+      {"a quote is only a letter",     kCatalogo, "D'ORO",    "000018", ""},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    v = {};
+    if (*c.caja) p.persona().espera(q(c.caja));
+    EXPECT_EQ(!*c.caja, sale(c.columna, c.texto));
+    EXPECT_EQ(q(c.articulo), v.lineas[0][kCod]);
+    if (!*c.articulo) {
+      EXPECT_EQ(FilaVenta{}, v.lineas[0]);
+    }
+  }
+}
+
+TEST_F(CajaLineas, AmountsThatACellTakes) {
+  const struct { const char* porque; int columna; const char *texto, *queda, *caja; bool acepta; } kCasos[] = {
+      {"quantity",              kCant,   "3",     "3.00",  "", true},
+      {"half goes up",          kCant,   "2.5",   "3.00",  "", true},
+      {"blank is one",          kCant,   "",      "1.00",  "", true},
+      {"zero",                  kCant,   "0",     "2.00",  "", false},
+      {"rounds to zero",        kCant,   "0.4",   "2.00",  "", false},
+      {"negative",              kCant,   "-1",    "2.00",  "", false},
+      {"letters",               kCant,   "dos",   "2.00",  "", false},
+      {"a barcode by mistake",  kCant,   "7751234567890", "2.00", "", false},
+      {"price with a comma",    kPrecio, "1,250.5", "1250.50", "", true},
+      {"price for free",        kPrecio, "0",     "0.00",  "", true},
+      {"negative price",        kPrecio, "-1",    "10.00", "", false},
+      {"blank price",           kPrecio, "",      "0.00",  "", true},
+      {"plus",                  kSigno,  "+",     "+",     "", true},
+      {"anything is minus",     kSigno,  "x",     "-",     "", true},
+      {"percentage",            kPorc,   "12.345", "12.35", "", true},
+      {"all of it",             kPorc,   "100",   "100.00", "", true},
+      {"too much",              kPorc,   "100.01", "5.00", "Porcentaje Recargo/ Descuento incorrecto ", false},
+      {"negative percentage",   kPorc,   "-5",    "5.00",  "", false},
+  };
+  p.articulo(1, q("A"), 10);
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    v = {};
+    ASSERT_TRUE(sale(kCod, "1") && sale(kCant, "2") && sale(kPorc, "5"));
+    const FilaVenta antes = v.lineas[0];
+    if (*c.caja) p.persona().espera(q(c.caja));
+    EXPECT_EQ(c.acepta, sale(c.columna, c.texto));
+    EXPECT_EQ(q(c.queda), v.lineas[0][static_cast<size_t>(c.columna)]);
+    if (!c.acepta) {
+      EXPECT_EQ(antes, v.lineas[0]);
+    }
+  }
+}
+
+TEST_F(CajaLineas, WhenAPercentageGoesBackToZero) {
+  const struct { const char* porque; const char* precio; int columna; const char *texto, *queda; } kCasos[] = {
+      {"another quantity",           "10", kCant,  "3",  "0.00"},
+      {"the same quantity",          "10", kCant,  "1",  "5.00"},
+      {"to a surcharge",             "10", kSigno, "+",  "0.00"},
+      {"a line without value",       "0",  kCant,  "3",  "5.00"},
+      {"another price keeps it",     "10", kPrecio, "8", "5.00"},
+  };
+  p.articulo(1, q("A"), 10);
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    v = {};
+    ASSERT_TRUE(sale(kCod, "1") && sale(kPrecio, c.precio) && sale(kPorc, "5"));
+    EXPECT_TRUE(sale(c.columna, c.texto));
+    EXPECT_EQ(q(c.queda), v.lineas[0][kPorc]);
+  }
+}
+
+TEST_F(CajaLineas, WhatTheCashierMayTypeInto) {
+  EXPECT_TRUE(CeldaEditable(p, v, 0, kCatalogo));
+  EXPECT_FALSE(CeldaEditable(p, v, 0, kCant)) << "no article yet";
+  EXPECT_FALSE(sale(kCant, "3"));
+  ASSERT_TRUE(sale(kCod, "12"));
+  EXPECT_TRUE(CeldaEditable(p, v, 0, kPorc));
+  EXPECT_FALSE(CeldaEditable(p, v, 0, kDescripcion));
+  p.ses.psDFlag = q("N");
+  EXPECT_FALSE(sale(kPorc, "5"));
+  EXPECT_EQ(q("0.00"), v.lineas[0][kPorc]);
+}
+
+TEST_F(CajaLineas, RowsComeAndGo) {
+  EXPECT_EQ(0, AgregarFila(v)) << "an empty last row is used";
+  EXPECT_EQ(q("1"), v.lineas[0][kItem]);
+  ASSERT_TRUE(sale(kCod, "12"));
+  EXPECT_EQ(1, AgregarFila(v));
+  EXPECT_EQ(1, AgregarFila(v));
+  ASSERT_TRUE(sale(kCod, "13", 1));
+  EXPECT_EQ(2, AgregarFila(v));
+  ASSERT_TRUE(sale(kCod, "14", 2));
+  EXPECT_EQ(q("20.40"), v.txtSoles);
+  EliminarFila(p, v, 0);
+  EXPECT_EQ(q("1"), v.lineas[0][kItem]);
+  EXPECT_EQ(q("2"), v.lineas[1][kItem]);
+  EXPECT_EQ(q("15.90"), v.txtSoles);
+  EliminarFila(p, v, 1);
+  EliminarFila(p, v, 0);
+  EliminarFila(p, v, 0);
+  EXPECT_EQ(std::vector<FilaVenta>{FilaVenta{}}, v.lineas);
+  EXPECT_EQ(q("0.00"), v.txtSoles);
+  EXPECT_EQ(q("0.00"), v.txtEfectivoSoles);
+}
+
+TEST_F(CajaLineas, AFailedQueryLeavesTheRow) {
+  ASSERT_TRUE(sale(kCod, "12"));
+  const FilaVenta antes = v.lineas[0];
+  p.ejecuta(q("ALTER TABLE Producto RENAME TO Otro"));
+  p.persona().espera(q(" - "));
+  EXPECT_FALSE(sale(kCod, "13"));
+  p.persona().espera(q(" - "));
+  p.persona().espera(q("No se pudo seleccionar el artìculo"));
+  EXPECT_FALSE(sale(kCatalogo, "CAF-010"));
+  EXPECT_EQ(antes, v.lineas[0]);
+}
+
+}  // namespace

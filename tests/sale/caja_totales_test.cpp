@@ -1,0 +1,192 @@
+#include "sale/caja_totales.h"
+
+#include <gtest/gtest.h>
+#include <rapidcheck.h>
+
+#include "apoyo/puesto_prueba.h"
+#include "platform/text/numero.h"
+#include "sale/caja_full.h"
+
+namespace {
+
+QString q(const char* t) { return QString::fromUtf8(t); }
+
+FilaVenta linea(const QString& precio, const QString& cant, const QString& signo, const QString& porc,
+                const QString& servicio) {
+  FilaVenta f;
+  f[kCod] = QStringLiteral("000001");
+  f[kPrecio] = precio;
+  f[kCant] = cant;
+  f[kSigno] = signo;
+  f[kPorc] = porc;
+  f[kConServ] = servicio;
+  return f;
+}
+
+TEST(CajaTotales, OneLine) {
+  PuestoPrueba p;
+  const struct { const char* porque; int tipo; const char *precio, *cant, *signo, *porc, *servicio, *sub, *serv, *igv; } kCasos[] = {
+      //                                    price    qty     sign pct     serv  subtotal service igv
+      {"discount with service",     kEfectivo, "10.00", "3.00", "-", "10.00", "SI", "27.00", "2.11", "3.80"},
+      {"surcharge",                 kEfectivo, "10.00", "3.00", "+", "10.00", "SI", "33.00", "2.58", "4.64"},
+      {"no service",                kEfectivo, "10.00", "3.00", "-", "10.00", "NO", "27.00", "0.00", "4.12"},
+      {"a blank quantity is one",   kEfectivo, "10.00", "",     "-", "0.00",  "NO", "10.00", "0.00", "1.53"},
+      {"a comma is no end",         kEfectivo, "1,000.00", "2", "-", "",      "NO", "2000.00", "0.00", "305.08"},
+      {"another sign is a discount", kEfectivo, "10.00", "1.00", "", "50.00", "NO", "5.00", "0.00", "0.76"},
+      {"all of it off",             kEfectivo, "10.00", "1.00", "-", "100.00", "SI", "0.00", "0.00", "0.00"},
+      {"no service in this kind",   kPADE,     "12.80", "1.00", "-", "0.00",  "SI", "12.80", "0.00", "1.95"},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    CajaRegistradoraFull v;
+    v.nTipoVenta = c.tipo;
+    v.lineas = {linea(q(c.precio), q(c.cant), q(c.signo), q(c.porc), q(c.servicio))};
+    CalculaTotales(p, v);
+    EXPECT_EQ(q(c.sub), v.lineas[0][kSubTotal]);
+    EXPECT_EQ(q(c.serv), v.lineas[0][kServ]);
+    EXPECT_EQ(q(c.igv), v.lineas[0][kIgv]);
+    EXPECT_EQ(q(c.sub), v.txtSoles);
+  }
+}
+
+TEST(CajaTotales, SumsUnroundedLinesAndSkipsUnreadableOnes) {
+  PuestoPrueba p;
+  CajaRegistradoraFull v;
+  const FilaVenta tercio = linea(q("0.33"), q("1.00"), q("-"), q("50.00"), q("NO"));  // 0.165, shown as 0.17
+  v.lineas = {tercio, tercio, linea(q("x"), q("1.00"), q("-"), q("0.00"), q("NO")), FilaVenta{}};
+  CalculaTotales(p, v);
+  EXPECT_EQ(q("0.17"), v.lineas[0][kSubTotal]);
+  EXPECT_EQ(q("0.33"), v.txtSoles);
+  EXPECT_EQ(q("0.11"), v.txtDolares);
+  EXPECT_EQ(FilaVenta{}, v.lineas[3]) << "an empty row stays empty";
+
+  p.ses.pnTipoCambio = 0;
+  CalculaTotales(p, v);
+  EXPECT_EQ(q("0.00"), v.txtDolares);
+
+  v.nTipoVenta = kLIQPAD;
+  v.txtSoles = q("-7.00");
+  CalculaTotales(p, v);
+  EXPECT_EQ(q("-7.00"), v.txtSoles) << "a liquidation has its own sums";
+}
+
+// The fields in the order in which the cashier leaves them; "" is not touched.
+TEST(CajaPago, TheCashPanel) {
+  PuestoPrueba p;
+  const struct { const char *porque; int tipo; const char *total, *dolares, *corregido, *vueltoUS, *tecleado, *soles, *dolar, *vuelto; } kCajas[] = {
+      //                                      total     US$     then     back     typed    soles     US$      change   (3.00)
+      {"nothing typed",             kEfectivo, "100.00", "",     "",      "",      "",      "100.00", "0.00",  "0.00"},
+      {"dollars pay some",          kEfectivo, "100.00", "20",   "",      "",      "",      "40.00",  "20.00", "0.00"},
+      {"dollars too many",          kEfectivo, "100.00", "40",   "",      "",      "",      "0.00",   "40.00", "20.00"},
+      {"50 corrected to 20",        kEfectivo, "100.00", "50",   "20",    "",      "",      "40.00",  "20.00", "0.00"},
+      {"dollars back",              kEfectivo, "100.00", "40",   "",      "5",     "",      "0.00",   "40.00", "5.00"},
+      {"more back than paid",       kEfectivo, "100.00", "20",   "",      "30",    "",      "40.00",  "20.00", "0.00"},
+      {"typed soles stay",          kEfectivo, "100.00", "20",   "",      "",      "50",    "50.00",  "20.00", "10.00"},
+      {"typed soles are too few",   kEfectivo, "100.00", "",     "",      "",      "70",    "70.00",  "0.00",  "-30.00"},
+      {"dollars make soles idle",   kEfectivo, "100.00", "40",   "",      "",      "10",    "0.00",   "40.00", "20.00"},
+      {"zero is nothing typed",     kEfectivo, "100.00", "",     "",      "",      "0",     "100.00", "0.00",  "0.00"},
+      {"two points are no amount",  kEfectivo, "100.00", "1.2.3", "",     "",      "",      "100.00", "0.00",  "0.00"},
+      {"an order counts cash too",  kOC,       "100.00", "20",   "",      "",      "",      "40.00",  "20.00", "0.00"},
+      {"a note takes no cash",      kNC,       "100.00", "",     "",      "",      "",      "0.00",   "0.00",  "0.00"},
+  };
+  for (const auto& c : kCajas) {
+    SCOPED_TRACE(c.porque);
+    CajaRegistradoraFull v;
+    v.nTipoVenta = c.tipo;
+    v.txtSoles = q(c.total);
+    CuadraPago(p, v);
+    for (const char* d : {c.dolares, c.corregido}) {
+      if (!*d) continue;
+      v.txtEfectivoDolares = q(d);
+      SalirDolares(p, v);
+    }
+    if (*c.vueltoUS) {
+      v.txtVueltoDolares = q(c.vueltoUS);
+      SalirDolares(p, v);
+    }
+    if (*c.tecleado) {
+      v.txtEfectivoSoles = q(c.tecleado);
+      v.efectivoTecleado = true;
+      SalirEfectivoSoles(p, v);
+    }
+    EXPECT_EQ(q(c.soles), v.txtEfectivoSoles);
+    EXPECT_EQ(q(c.dolar), v.txtEfectivoDolares);
+    EXPECT_EQ(q(c.vuelto), v.txtVueltoSoles);
+  }
+}
+
+TEST(CajaPago, ANewTotalAsksTheFullAmountAgain) {
+  PuestoPrueba p;
+  CajaRegistradoraFull v;
+  v.lineas = {linea(q("30.00"), q("1.00"), q("-"), q("0.00"), q("NO"))};
+  CalculaTotales(p, v);
+  v.txtEfectivoSoles = q("50");
+  v.efectivoTecleado = true;
+  SalirEfectivoSoles(p, v);
+  EXPECT_EQ(q("20.00"), v.txtVueltoSoles);
+  CalculaTotales(p, v);
+  EXPECT_EQ(q("50.00"), v.txtEfectivoSoles) << "the same total leaves what was typed";
+  v.lineas.push_back(v.lineas[0]);
+  CalculaTotales(p, v);
+  EXPECT_EQ(q("60.00"), v.txtEfectivoSoles);
+  EXPECT_EQ(q("0.00"), v.txtVueltoSoles);
+}
+
+// Amounts as a cashier types them, in cents.
+rc::Gen<int> centimos(int hasta) { return rc::gen::inRange(0, hasta); }
+QString importe(int cent) { return Formatear(cent / 100.0, u"0.00"); }
+
+QString foto(const CajaRegistradoraFull& v) {
+  return QStringList{v.txtEfectivoSoles, v.txtEfectivoDolares, v.txtVueltoSoles, v.txtVueltoDolares}.join(u' ');
+}
+
+TEST(CajaPago, CashLessChangeIsTheTotalAndStaysSo) {
+  PuestoPrueba p;
+  EXPECT_TRUE(rc::check("cash - change = total, twice the same", [&p] {
+    p.ses.pnTipoCambio = *rc::gen::inRange(2500, 4500) / 1000.0;
+    CajaRegistradoraFull v;
+    v.txtSoles = importe(*centimos(200000));
+    v.txtEfectivoDolares = importe(*centimos(60000));
+    SalirDolares(p, v);
+    v.txtVueltoDolares = importe(*centimos(60000));
+    SalirDolares(p, v);
+    if (*rc::gen::arbitrary<bool>()) {
+      v.txtEfectivoSoles = importe(*centimos(200000));
+      v.efectivoTecleado = true;
+      SalirEfectivoSoles(p, v);
+    }
+    RC_PRE(LeerImporte(v.txtVueltoSoles) >= 0);  // too little money never reaches the commit
+    const double tc = p.ses.pnTipoCambio;
+    const double entra = Redondear(tc * LeerImporte(v.txtEfectivoDolares) + LeerImporte(v.txtEfectivoSoles), 2);
+    const double sale = Redondear(tc * LeerImporte(v.txtVueltoDolares) + LeerImporte(v.txtVueltoSoles), 2);
+    RC_ASSERT(importe(static_cast<int>(AEntero((entra - sale) * 100))) == v.txtSoles);
+    const QString antes = foto(v);
+    CuadraPago(p, v);
+    RC_ASSERT(foto(v).toStdString() == antes.toStdString());
+  }));
+}
+
+TEST(CajaTotales, TheTotalIsTheSumOfTheUnroundedLines) {
+  PuestoPrueba p;
+  EXPECT_TRUE(rc::check("lines add up to the total", [&p] {
+    CajaRegistradoraFull v;
+    v.lineas.clear();
+    double suma = 0;
+    const int n = *rc::gen::inRange(1, 20);
+    for (int i = 0; i < n; ++i) {
+      const int precio = *centimos(100000), cant = *rc::gen::inRange(1, 100), porc = *centimos(10001);
+      const bool recargo = *rc::gen::arbitrary<bool>();
+      v.lineas.push_back(linea(importe(precio), importe(cant * 100), recargo ? q("+") : q("-"), importe(porc), q("SI")));
+      suma += precio / 100.0 * cant * (1 + (recargo ? 1 : -1) * porc / 10000.0);
+    }
+    CalculaTotales(p, v);
+    RC_ASSERT(std::fabs(suma - LeerImporte(v.txtSoles)) < 0.0051);
+    for (const auto& f : v.lineas) {
+      const double neto = LeerImporte(f[kSubTotal]) / 1.28;
+      RC_ASSERT(std::fabs(neto * 0.18 - LeerImporte(f[kIgv])) < 0.0111);
+      RC_ASSERT(std::fabs(neto * 0.10 - LeerImporte(f[kServ])) < 0.0111);
+    }
+  }));
+}
+
+}  // namespace

@@ -1,0 +1,130 @@
+// What a sale stores, prints and leaves on the screen.
+#include <gtest/gtest.h>
+
+#include "venta_prueba.h"
+
+namespace {
+
+QString q(const char* s) { return QString::fromUtf8(s); }
+
+const QString kFilas = QStringLiteral(
+    "SELECT cOperCode, cProdCode, nProdCant, nProdPrecUnit, nDscto, nServicio, nMontoSoles, nMontoDolares, "
+    "nVueltoDolares, cOperTipo, cSupervisor FROM Operacion ORDER BY cOperID");
+
+struct Caja {
+  PuestoDeVenta p;
+  CajaRegistradoraFull v;
+  PantallasGuion pantallas;
+  Caja() { v.lineas = {filaVenta(101, q("Cafe"), 10, 3)}; }
+  void vender() { GrabarVenta(p, v, pantallas); }
+  QByteArray papel() { return p.papeles().papel[q("LPT1")]; }
+};
+
+TEST(Commit, ASaleIsLinesAndATenderRow) {
+  Caja c;
+  c.v.lineas.push_back(filaVenta(102, q("Torta"), 12.5, 1, 0, q("-"), true));
+  c.v.txtTarjeta = q(" 4521 ");
+  c.v.txtLocal = q("2");
+  c.v.txtRUC = q("20512345678 ");
+  c.vender();
+  EXPECT_EQ(q("1|101|3|10|0|0|0|0|0|1|\n"
+              "1|102|1|12.5|0|10|0|0|0|1|\n"
+              "1|0|1|0|0|0|42.5|0|0|1|Null"), c.p.filas(kFilas));
+  // Rows of one ticket differ only in their line fields.
+  EXPECT_EQ(q("1|00004521|2026-11-24 10:30:00|00001|01|CAJERO|01|001|1|20512345678|2|0|1|0||0"),
+            c.p.filas(q("SELECT DISTINCT cOperCode, nTarjNumb, dOperFech, cCajaCodi, cTurnoCodi, cUserDesc, cDocTipo, "
+                        "cDocSerie, cDocCodigo, cRuc, IdLocal, cOperFlagAnula, cOperFlagAbierto, cFlagSincronizacion, "
+                        "cEmisor, cOperCodeAnula FROM Operacion")));
+  EXPECT_EQ(q("01\n01\nNull"), c.p.filas(q("SELECT cAlmaCode FROM Operacion ORDER BY cOperID")));
+  EXPECT_EQ(q("01|1|0|CAJERO\n02|0|1|Null"),
+            c.p.filas(q("SELECT cTipoDoc, cOperCode, nDocCodigo, cUserDesc FROM Config_Documento WHERE cTipoDoc<'03' "
+                        "ORDER BY 1")));
+  EXPECT_TRUE(c.papel().startsWith(pulsoGaveta() + "\x1B@\r\n"));
+  EXPECT_EQ(q("Ticketera 000001"), c.p.ses.ultimoPapel);
+  // The screen is ready for the next customer.
+  ASSERT_EQ(1u, c.v.lineas.size());
+  EXPECT_EQ(QString(), c.v.lineas[0][kCod] + c.v.txtTarjeta + c.v.txtRUC);
+}
+
+TEST(Commit, TheTenderRowByWhatWasTyped) {
+  const struct { const char *porque, *soles, *dolares, *vueltoDolares, *fila; } kCasos[] = {
+      //                             tender: price = -change in soles | soles | dollars | change in dollars
+      {"nothing typed", "", "", "", "0|30|0|0"},
+      {"zeros typed", "0.00", "0.00", "", "0|30|0|0"},
+      {"change in soles", "50.00", "", "", "-20|50|0|0"},
+      {"dollars cover it, change in soles", "", "20.00", "", "-30|0|20|0"},
+      {"dollars back", "", "20.00", "10.00", "0|0|20|10"},
+      {"both", "", "5.00", "", "0|15|5|0"},
+      {"thousands with commas", "1,030.00", "", "", "-1000|1030|0|0"},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    Caja caja;
+    CalculaTotales(caja.p, caja.v);  // the total stands before cash is typed
+    caja.v.txtEfectivoSoles = q(c.soles);
+    caja.v.efectivoTecleado = *c.soles != '\0';
+    caja.v.txtEfectivoDolares = q(c.dolares);
+    caja.v.txtVueltoDolares = q(c.vueltoDolares);
+    caja.vender();
+    EXPECT_EQ(q(c.fila), caja.p.filas(q("SELECT nProdPrecUnit, nMontoSoles, nMontoDolares, nVueltoDolares "
+                                        "FROM Operacion WHERE cProdCode=0")));
+  }
+}
+
+TEST(Commit, APercentageNeedsItsSupervisor) {
+  Caja c;
+  c.v.lineas = {filaVenta(101, q("Cafe"), 10, 3, 10), filaVenta(102, q("Torta"), 10, 1, 5, q("+")),
+                filaVenta(103, q("Agua"), 2)};
+  c.vender();  // refused
+  EXPECT_EQ(QString(), c.p.filas(kFilas));
+  EXPECT_EQ(QByteArray(), c.papel());
+  EXPECT_EQ(3u, c.v.lineas.size());
+  c.pantallas.supervisor = q("O'Hara");
+  c.vender();
+  EXPECT_EQ(2, c.pantallas.pedidas);
+  EXPECT_EQ(q("1|101|3|10|-10|0|0|0|0|1|O'Hara\n1|102|1|10|5|0|0|0|0|1|O'Hara\n1|103|1|2|0|0|0|0|0|1|\n"
+              "1|0|1|0|0|0|39.5|0|0|1|Null"), c.p.filas(kFilas));
+  c.v.lineas = {filaVenta(103, q("Agua"), 2)};
+  c.vender();  // the next sale needs none
+  EXPECT_EQ(2, c.pantallas.pedidas);
+}
+
+TEST(Commit, BoletasAndFacturasShareOneRun) {
+  Caja c;
+  for (const char* ruc : {"20512345678", "", "20512345678"}) {
+    c.v.lineas = {filaVenta(101, q("Cafe"), 10)};
+    c.v.txtRUC = q(ruc);
+    c.vender();
+  }
+  EXPECT_EQ(q("1|01|001|1\n2|02|001|2\n3|01|001|3"),
+            c.p.filas(q("SELECT cOperCode, cDocTipo, cDocSerie, cDocCodigo FROM Operacion WHERE cProdCode<>0 ORDER BY cOperID")));
+  EXPECT_EQ(q("3|3"), c.p.filas(q("SELECT COUNT(*), (SELECT idct FROM _Tmp1 WHERE prn=1) FROM Operacion WHERE cProdCode=0")));
+}
+
+TEST(Commit, WhatIsAwayStopsNoSale) {
+  Caja c;
+  QFile::remove(c.p.rutas.enPrograma(q("central.db")));
+  QFile::remove(c.p.rutas.enPrograma(q("cliente.db")));
+  c.p.papeles().fallo = q("sin papel");
+  c.p.persona().dejaPasar();
+  c.vender();
+  EXPECT_EQ(q("2"), c.p.filas(q("SELECT COUNT(*) FROM Operacion")));
+  EXPECT_EQ(QString(), c.v.lineas[0][kCod]);
+}
+
+TEST(Commit, AVoucherSaleKeepsItsCards) {
+  Caja c;
+  c.v.nTipoVenta = kVoucher;
+  c.v.bVoucherListo = true;
+  c.v.txtSoles = q("30.00");
+  c.v.txtEfectivoSoles = q("10.00");
+  c.p.ses.poVoucher = {{q("01"), q("VISA"), 15}, {q("07"), q("OTRA"), 5}};
+  c.vender();
+  EXPECT_EQ(q("101|2|,01,07|0\n0|1|,01,07|10"),
+            c.p.filas(q("SELECT cProdCode, cOperTipo, cEmisor, nMontoSoles FROM Operacion ORDER BY cOperID")));
+  EXPECT_TRUE(c.papel().contains("                VOUCHER\r\n"));
+  EXPECT_TRUE(c.papel().contains("VISA                             15.00\r\n"));
+  EXPECT_TRUE(c.papel().contains(" EFECTIVO S/.                    10.00\r\n"));
+}
+
+}  // namespace

@@ -1,0 +1,171 @@
+#include "store/numeracion.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+
+#include "apoyo/puesto_prueba.h"
+
+namespace {
+
+QString q(const char* s) { return QString::fromUtf8(s); }
+
+void abrirCentral(PuestoPrueba& p) {
+  ASSERT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral));
+}
+
+QString reservar(PuestoPrueba& p, const char* tipo) {
+  NumeroDocumento n;
+  if (!ReservarDocumento(p, q(tipo), kLogCajaFull, n)) return q("failed");
+  return n.serie + u'-' + QString::number(n.numero);
+}
+
+QByteArray log(PuestoPrueba& p, const char* nombre) {
+  QFile f(p.rutas.enTemp(q(nombre)));
+  return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("(no file)");
+}
+
+TEST(Numeracion, EachNumberIsHeldAgainstStoreAndCentral) {
+  const struct {
+    const char* porque;
+    int config, local, central;  // last number of each; 0 none
+    int otraCaja;                // highest number of another desk in the central database
+    const char *tipo, *sale, *log;
+  } kCasos[] = {
+      {"first of all", 0, 0, 0, 0, "02", "001-1", nullptr},
+      {"in step", 5, 5, 5, 0, "02", "001-6", nullptr},
+      {"a factura uses the same run", 5, 5, 0, 0, "01", "001-6", nullptr},
+      {"an old copy of the store", 3, 7, 0, 0, "02", "001-8", "Error_Full_1024.log"},
+      {"ahead: rows were deleted", 9, 7, 0, 0, "02", "001-8", "Error_Full_10210.log"},
+      {"ahead with no rows at all stays", 9, 0, 0, 0, "02", "001-10", nullptr},
+      {"central beats a lower local", 5, 5, 8, 0, "01", "001-9", "Error_Full_1016.log"},
+      {"a higher local beats central", 5, 5, 3, 0, "02", "001-6", nullptr},
+      {"another desk's numbers are its own", 5, 5, 0, 90, "02", "001-6", nullptr},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    PuestoPrueba p;
+    p.ejecuta(q("UPDATE Config_Documento SET nDocCodigo=%1 WHERE cTipoDoc='02'").arg(c.config));
+    if (c.local) p.ejecuta(q("INSERT INTO Operacion (cOperCode, cDocTipo, cDocCodigo) VALUES (1,'01',%1)").arg(c.local));
+    abrirCentral(p);
+    for (const auto& [numero, caja] : {std::pair(c.central, "00001"), std::pair(c.otraCaja, "00002")}) {
+      if (numero == 0) continue;
+      p.ejecuta(p.poCnnCentral, q("INSERT INTO venta01 (cCodVta, TipoDoc, cSerieDoc, NroDoc, cCodCaja) "
+                                  "VALUES (%1,'02','001','%2','%3')").arg(numero).arg(numero, 6, 10, QChar(u'0')).arg(q(caja)));
+    }
+    p.poCnnCentral.cerrar();
+    if (c.log) p.persona().espera(q("Ocurrio un error en la numeración, se asignará el "));
+    EXPECT_EQ(q(c.sale), reservar(p, c.tipo));
+    EXPECT_EQ(q(c.sale).section(u'-', 1), p.filas(q("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='02'")));
+    EXPECT_EQ(q("0"), p.filas(q("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='01'")));
+    const QStringList logs = QDir(p.rutas.temp).entryList({q("*.log")});
+    EXPECT_EQ(c.log ? q(c.log) : QString(), logs.join(u' '));
+  }
+}
+
+TEST(Numeracion, ACorrectedNumberIsShownAndLogged) {
+  PuestoPrueba p;
+  p.ejecuta(q("INSERT INTO Operacion (cOperCode, cDocTipo, cDocCodigo) VALUES (1,'02',7)"));
+  p.persona().espera(q("Ocurrio un error en la numeración, se asignará el 8 al documento "));
+  EXPECT_EQ(q("001-8"), reservar(p, "02"));
+  EXPECT_EQ("Codigo generado 1\rNuevo Codigo 8\r24/11/2026 10:30:15\r\n", log(p, "Error_Full_1021.log"));
+  EXPECT_EQ(q("001"), p.ses.psSerieBoleta);
+}
+
+TEST(Numeracion, AMissingRowIsMade) {
+  const struct { const char *tipo, *sale, *fila; } kCasos[] = {
+      {"01", "045-1", "02|0|1|045|2026-11-24 00:00:00|Primer Registro"},
+      {"02", "045-1", "02|0|1|045|2026-11-24 00:00:00|Primer Registro"},
+      {"11", "NC1-1", "11|0|1|NC1|2026-11-24 00:00:00|Primer Registro"},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.tipo);
+    PuestoPrueba p;
+    p.ses.psCaja = q("12345");
+    p.ejecuta(q("DELETE FROM Config_Documento"));
+    EXPECT_EQ(q(c.sale), reservar(p, c.tipo));
+    EXPECT_EQ(q(c.fila),
+              p.filas(q("SELECT cTipoDoc, cOperCode, nDocCodigo, cSerieDoc, dUltAct, observacion FROM Config_Documento")));
+  }
+}
+
+TEST(Numeracion, TheParallelRunsKnowOnlyTheirOwnTable) {
+  PuestoPrueba p;
+  p.ejecuta(q("INSERT INTO Operacion (cOperCode, cDocTipo, cDocCodigo) VALUES (50,'02',70)"));
+  p.ejecuta(q("INSERT INTO OperacionParalela (cOperCode, cDocTipo, cDocCodigo) VALUES (4,'10',3)"));
+  p.persona().espera(q("se asignará el 4"));
+  EXPECT_EQ(q("OC1-4"), reservar(p, "10"));
+  EXPECT_EQ(q("NC1-1"), reservar(p, "11"));
+  qint64 codigo = 0;
+  EXPECT_TRUE(CodigoOperacion(p, true, codigo));
+  EXPECT_EQ(5, codigo);
+  EXPECT_TRUE(CodigoOperacion(p, false, codigo));
+  EXPECT_EQ(51, codigo);
+  p.ses.psUsuario = q("O'Brien");
+  EXPECT_TRUE(GuardarUltimaOperacion(p, q("01"), 51, 9));
+  EXPECT_TRUE(GuardarUltimaOperacion(p, q("11"), 5, 1));
+  EXPECT_EQ(q("01|51|0|O'Brien\n11|5|1|O'Brien"),
+            p.filas(q("SELECT cTipoDoc, cOperCode, nDocCodigo, cUserDesc FROM Config_Documento "
+                      "WHERE cTipoDoc IN ('01','11') ORDER BY cTipoDoc")));
+}
+
+TEST(Numeracion, CentralAwayOnlyLeavesItsFigureOut) {
+  PuestoPrueba p;
+  ASSERT_TRUE(QFile::remove(p.rutas.enPrograma(q("central.db"))));
+  EXPECT_EQ(q("001-1"), reservar(p, "02"));
+  EXPECT_TRUE(p.ses.bCentralCaida);
+}
+
+TEST(Reparacion, PullsUpWhatIsBehind) {
+  PuestoPrueba p;
+  abrirCentral(p);
+  const struct { const char* serie; int codigo, numero; const char* caja; } kFilas[] = {
+      {"001", 40, 12, "00001"}, {"001", 41, 15, "00001"}, {"001", 99, 80, "00002"},
+      {"XX1", 3, 9, "00001"}, {" ", 3, 8, "00001"}};
+  for (const auto& f : kFilas) {
+    p.ejecuta(p.poCnnCentral, q("INSERT INTO operacion (cOperID, cOperCode, cCajaCodi, CDocSerie, cDoccodigo) "
+                                "VALUES (%4,%1,'%2','%3',%4)")
+                                  .arg(f.codigo).arg(q(f.caja), q(f.serie)).arg(f.numero));
+    p.ejecuta(p.poCnnCentral,
+              q("INSERT INTO operacionparalela (cOperCode, cCajaCodi, CDocSerie, cDoccodigo) VALUES (%1,'%2','%3',%4)")
+                  .arg(f.codigo).arg(q(f.caja), QString(q(f.serie)).replace(q("001"), q("OC1"))).arg(f.numero));
+  }
+  p.ejecuta(q("UPDATE Config_Documento SET nDocCodigo=7 WHERE cTipoDoc IN ('02','10')"));
+  p.ejecuta(q("UPDATE Config_Documento SET cSerieDoc='001', nDocCodigo=2 WHERE cTipoDoc='01'"));  // lower: not its type
+  RepararNumeracion(p);
+  RepararNumeracionParalela(p);
+  EXPECT_EQ(q("41|rovel|2026-11-24 10:30:00|0|0|0|00001|0|01|15|001|02|Null"),
+            p.filas(q("SELECT cOperCode,cUserDesc,dOperFech,cOperFlagAnula,cOperCodeAnula,cOperFlagAbierto,cCajaCodi,"
+                      "cFlagSincronizacion,cAlmaCode,cDocCodigo,cDocSerie,cDocTipo,cProdCode FROM Operacion")));
+  EXPECT_EQ(q("1|0|2026-11-24 10:30:00|0|00001|0|01|ROVEL|0|15|OC1|10"),
+            p.filas(q("SELECT cOperCode,cOperTipo,dOperFech,cEstado,cCajaCodi,cFlagSincronizacion,cTurnoCodi,cUserDesc,"
+                      "cOperFlagAbierto,cDocCodigo,cDocSerie,cDocTipo FROM OperacionParalela")));
+  EXPECT_EQ(q("01|41|15\n02|41|15\n10|1|15\n11|0|0"),
+            p.filas(q("SELECT cTipoDoc, cOperCode, nDocCodigo FROM Config_Documento WHERE cTipoDoc < '12' ORDER BY 1")));
+  // Already level: a second start changes nothing.
+  RepararNumeracion(p);
+  EXPECT_EQ(q("1"), p.filas(q("SELECT COUNT(*) FROM Operacion")));
+  EXPECT_EQ(q("001-16"), reservar(p, "02"));
+}
+
+TEST(Reparacion, ANewDeskIsLeftAlone) {
+  PuestoPrueba p;
+  abrirCentral(p);
+  p.ejecuta(p.poCnnCentral, q("INSERT INTO operacion (cOperID, cOperCode, cCajaCodi, CDocSerie, cDoccodigo) "
+                              "VALUES (1,4,'00001','001',4)"));
+  RepararNumeracion(p);
+  EXPECT_EQ(q("0"), p.filas(q("SELECT COUNT(*) FROM Operacion")));
+}
+
+TEST(Reparacion, WithoutCentralTheProcessEnds) {
+  PuestoPrueba p;
+  ASSERT_TRUE(QFile::remove(p.rutas.enPrograma(q("central.db"))));
+  p.persona().espera(q("No se pudo conectar a la base de datos central"));
+  p.persona().espera(q("From operacion where cCajaCodi"));
+  p.persona().espera(q("Error"));
+  p.persona().espera(q("numeración de documentos"));
+  EXPECT_THROW(RepararNumeracion(p), ProcesoTerminado);
+}
+
+}  // namespace
