@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QDialog>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 
 #include "apoyo/formas.h"
@@ -15,7 +17,12 @@ void enElDetalle(std::function<void(QWidget&)> f) {
     QWidget* detalle = QApplication::activeModalWidget();
     ASSERT_NE(nullptr, detalle);
     EXPECT_EQ("frmTipoCambio", detalle->objectName());
+    QCoreApplication::processEvents();  // it becomes the active window only now
+    const QPointer<QWidget> vivo(detalle);
     f(*detalle);
+    if (!vivo || !vivo->isVisible()) return;
+    ADD_FAILURE() << "the detail stayed open";
+    qobject_cast<QDialog*>(detalle)->done(QDialog::Rejected);
   }, Qt::QueuedConnection);
 }
 

@@ -120,3 +120,16 @@ TEST(FrmPrincipal, AnInterruptedClosingLeavesReporteZ) {
   EXPECT_FALSE(control(e.ventana, "Toolbar1(14)")->isEnabled());
   EXPECT_TRUE(control(e.ventana, "cmdInicio(5)")->isVisible());
 }
+
+TEST(FrmPrincipal, TheDateButtonsFit) {
+  Escena e;
+  e.p.ses.psUsuario = QStringLiteral("rovel");
+  e.p.ses.psPerfilUsuario = QStringLiteral("1");
+  e.ventana.iniciar();
+  capturar(e.ventana, "principal_fechas");
+  for (int n : {1, 14, 15, 17}) {
+    QWidget* b = control(e.ventana, QStringLiteral("Toolbar1(%1)").arg(n));
+    EXPECT_TRUE(b->isVisible()) << n;
+    EXPECT_TRUE(e.ventana.rect().contains(QRect(b->mapTo(&e.ventana, QPoint()), b->size()))) << n;
+  }
+}
