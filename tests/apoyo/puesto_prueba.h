@@ -3,9 +3,13 @@
 #include <QHash>
 #include <QTemporaryDir>
 #include <deque>
+#include <ostream>
 #include <stdexcept>
 
 #include "foundation/puesto.h"
+
+// A text in a failed comparison reads as text.
+inline void PrintTo(const QString& s, std::ostream* o) { *o << '"' << s.toStdString() << '"'; }
 
 class RelojFijo final : public Reloj {
  public:

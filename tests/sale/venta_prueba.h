@@ -1,11 +1,14 @@
 #pragma once
 // A desk with a full register on it, whose supervisor is scripted.
+#include <gtest/gtest.h>
+
 #include <map>
 
 #include "apoyo/puesto_prueba.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 #include "sale/caja_full.h"
+#include "sale/caja_totales.h"
 #include "sale/commit.h"
 #include "sale/pantallas_venta.h"
 
@@ -33,6 +36,18 @@ inline FilaVenta filaVenta(int codigo, const QString& descripcion, double precio
   f[kConServ] = servicio ? QStringLiteral("SI") : QStringLiteral("NO");
   return f;
 }
+
+// A desk whose shop has a points rule, as every one has.
+class PuestoDeVenta : public PuestoPrueba {
+ public:
+  explicit PuestoDeVenta(const Envolver& envolver = {}) : PuestoPrueba(envolver) {
+    const QString regla = QStringLiteral("INSERT INTO Regla_Punto (nImpoMaxi, nPuntImpo, nPuntCant) VALUES (1000,10,1)");
+    ejecuta(regla);
+    EXPECT_TRUE(poDBAdmin.AbrirBD(poCnnCliente, ses.psConexionCliente));
+    ejecuta(poCnnCliente, regla);
+    poDBAdmin.CerrarBD(poCnnCliente);
+  }
+};
 
 // The paper that a raw print of `texto` leaves on the port.
 inline QByteArray conCorte(const QByteArray& texto) {

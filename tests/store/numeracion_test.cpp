@@ -122,9 +122,10 @@ TEST(Reparacion, PullsUpWhatIsBehind) {
   abrirCentral(p);
   const struct { const char* serie; int codigo, numero; const char* caja; } kFilas[] = {
       {"001", 40, 12, "00001"}, {"001", 41, 15, "00001"}, {"001", 99, 80, "00002"},
-      {"XX1", 3, 9, "00001"}, {" ", 3, 9, "00001"}};
+      {"XX1", 3, 9, "00001"}, {" ", 3, 8, "00001"}};
   for (const auto& f : kFilas) {
-    p.ejecuta(p.poCnnCentral, q("INSERT INTO operacion (cOperCode, cCajaCodi, CDocSerie, cDoccodigo) VALUES (%1,'%2','%3',%4)")
+    p.ejecuta(p.poCnnCentral, q("INSERT INTO operacion (cOperID, cOperCode, cCajaCodi, CDocSerie, cDoccodigo) "
+                                "VALUES (%4,%1,'%2','%3',%4)")
                                   .arg(f.codigo).arg(q(f.caja), q(f.serie)).arg(f.numero));
     p.ejecuta(p.poCnnCentral,
               q("INSERT INTO operacionparalela (cOperCode, cCajaCodi, CDocSerie, cDoccodigo) VALUES (%1,'%2','%3',%4)")
@@ -151,7 +152,8 @@ TEST(Reparacion, PullsUpWhatIsBehind) {
 TEST(Reparacion, ANewDeskIsLeftAlone) {
   PuestoPrueba p;
   abrirCentral(p);
-  p.ejecuta(p.poCnnCentral, q("INSERT INTO operacion (cOperCode, cCajaCodi, CDocSerie, cDoccodigo) VALUES (4,'00001','001',4)"));
+  p.ejecuta(p.poCnnCentral, q("INSERT INTO operacion (cOperID, cOperCode, cCajaCodi, CDocSerie, cDoccodigo) "
+                              "VALUES (1,4,'00001','001',4)"));
   RepararNumeracion(p);
   EXPECT_EQ(q("0"), p.filas(q("SELECT COUNT(*) FROM Operacion")));
 }
