@@ -315,10 +315,10 @@ void frmPrincipal::boton(int n) {
 }
 
 void frmPrincipal::abrirApertura() {
-  if (!apertura_ || !apertura_->isVisible()) {
-    delete apertura_;  // the one of an earlier opening; deleting it while it closes leaves its last repaint homeless
+  if (!apertura_) {
     auto* f = new frmApertura(p_, v_, this);
     f->alCambiar = [this] { refrescar(); };
+    f->setAttribute(Qt::WA_DeleteOnClose);
     apertura_ = f;
   }
   apertura_->show();
