@@ -1,5 +1,7 @@
 #pragma once
 // The engine under a connection. One Motor is one open connection; it closes when it is destroyed.
+#include <QDateTime>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -36,5 +38,13 @@ class Motores {
 
 constexpr qint64 kErrorTiempo = 0x80040E31;  // a time-out
 
+class Procedimientos;
+
+struct OpcionesMotores {
+  std::function<QDateTime()> ahora;  // what NOW(), DATE() and GETDATE() tell; the machine's time when not given
+  std::shared_ptr<const Procedimientos> procedimientos;  // of the embedded servers
+  std::function<bool()> interrumpir;  // asked while a statement runs; true stops it with an error
+};
+
 // The engines of the machine. `carpeta` is the program folder, where embedded servers ("sqlite:name") lie.
-std::unique_ptr<Motores> motoresDelSistema(const QString& carpeta);
+std::unique_ptr<Motores> motoresDelSistema(const QString& carpeta, const OpcionesMotores& opciones = {});

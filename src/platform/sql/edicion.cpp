@@ -1,0 +1,109 @@
+#include "platform/sql/edicion.h"
+
+#include "platform/text/fecha.h"
+#include "platform/text/numero.h"
+
+namespace {
+
+ErrorBD noCoincide(const QString& texto, QStringView que) {
+  return {kErrorSentencia, 0,
+          QStringLiteral("No coinciden los tipos de datos: '%1' no es %2.").arg(texto, que)};
+}
+
+// Both dialects read blank text beside a date or a number differently: the server takes it for its zero.
+ValorLiteral fechaDe(const QString& texto, OrdenFecha orden, Dialecto dialecto) {
+  if (const auto f = LeerFecha(texto, orden)) return {FechaISO(*f), {}};
+  if (dialecto == Dialecto::TSql && texto.trimmed().isEmpty()) return {QStringLiteral("1900-01-01 00:00:00"), {}};
+  return {{}, noCoincide(texto, u"una fecha")};
+}
+
+ValorLiteral numeroDe(const QString& texto, Dialecto dialecto) {
+  const QVariant n = leerNumero(texto);
+  if (n.isValid()) return {n, {}};
+  if (dialecto == Dialecto::TSql && texto.trimmed().isEmpty()) return {qint64(0), {}};
+  return {{}, noCoincide(texto, u"un número")};
+}
+
+}  // namespace
+
+QVariant leerNumero(const QString& texto) {
+  const QString t = texto.trimmed();
+  bool bien = false;
+  const qint64 entero = t.toLongLong(&bien);
+  if (bien) return entero;
+  for (const QChar c : t) {
+    if (!(c.isDigit() || c == u'.' || c == u'-' || c == u'+' || c == u'e' || c == u'E')) return {};
+  }
+  const double real = t.toDouble(&bien);
+  return bien ? QVariant(real) : QVariant();
+}
+
+ValorLiteral leerLiteral(const Token& token, Lectura lectura, Dialecto dialecto) {
+  if (token.tipo == TipoToken::Fecha) return fechaDe(contenido(token), OrdenFecha::MesDia, dialecto);
+  if (token.tipo == TipoToken::Numero) return {leerNumero(token.texto.toString()), {}};
+  const QString texto = contenido(token);
+  switch (lectura) {
+    case Lectura::FechaDiaMes: return fechaDe(texto, OrdenFecha::DiaMes, dialecto);
+    case Lectura::NumeroEstricto: return numeroDe(texto, dialecto);
+    case Lectura::TalCual: break;
+  }
+  return {texto, {}};
+}
+
+QString literalSql(const QVariant& valor) {
+  if (valor.typeId() == QMetaType::LongLong) return QString::number(valor.toLongLong());
+  if (valor.typeId() == QMetaType::Double) {
+    const QString n = QString::number(valor.toDouble(), 'g', QLocale::FloatingPointShortest);
+    return n.contains(u'.') || n.contains(u'e') ? n : n + QStringLiteral(".0");
+  }
+  QString t = valor.toString();
+  return u'\'' + t.replace(u'\'', QStringLiteral("''")) + u'\'';
+}
+
+Edicion::Edicion(QStringView sql, Dialecto dialecto)
+    : sql_(sql), dialecto_(dialecto), tokens_(separar(sql, dialecto)), ediciones_(tokens_.size()),
+      literalDe_(tokens_.size(), -1) {
+  for (size_t i = 0; i < tokens_.size(); ++i) {
+    if (!tokens_[i].literal()) continue;
+    literalDe_[i] = static_cast<int>(literales_.size());
+    literales_.push_back({static_cast<int>(i), false, Lectura::TalCual});
+  }
+}
+
+void Edicion::reemplazar(int token, const QString& texto) {
+  ediciones_[token].nuevo = texto;
+  ediciones_[token].cambiado = true;
+}
+
+Literal* Edicion::literal(int token) {
+  const int n = literalDe_[token];
+  return n < 0 ? nullptr : &literales_[n];
+}
+
+QString Edicion::deToken(int i, bool conLiterales, int& parametro) const {
+  const Token& t = tokens_[i];
+  if (ediciones_[i].cambiado) return ediciones_[i].nuevo;
+  if (!t.literal()) return t.texto.toString();
+  const Literal& l = literales_[literalDe_[i]];
+  if (l.ligado && !conLiterales) return u'?' + QString::number(++parametro);
+  const bool comoEsta = l.lectura == Lectura::TalCual && t.tipo != TipoToken::Fecha && t.texto[0] != u'"' &&
+                        t.texto[0] != u'N' && t.texto[0] != u'n';
+  if (comoEsta || t.abierto) return t.texto.toString();
+  const ValorLiteral v = leerLiteral(t, l.lectura, dialecto_);
+  return v.error ? t.texto.toString() : literalSql(v.valor);
+}
+
+QString Edicion::texto(bool conLiterales) const {
+  QString sale;
+  sale.reserve(sql_.size() + 64);
+  qsizetype hasta = 0;
+  int parametro = 0;
+  for (size_t i = 0; i < tokens_.size(); ++i) {
+    sale += sql_.mid(hasta, tokens_[i].ini - hasta);
+    sale += ediciones_[i].antes;
+    sale += deToken(static_cast<int>(i), conLiterales, parametro);
+    sale += ediciones_[i].despues;
+    hasta = tokens_[i].ini + tokens_[i].largo;
+  }
+  return sale;
+}

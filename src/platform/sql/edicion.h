@@ -1,0 +1,71 @@
+#pragma once
+// A statement being rewritten: its tokens, what is put before, behind or in the place of each, and what becomes of
+// its literals. Whatever no edit touches comes out byte for byte.
+#include <QVariant>
+
+#include "platform/sql/error_bd.h"
+#include "platform/sql/token.h"
+
+// How a literal is read when it reaches the engine.
+enum class Lectura {
+  TalCual,
+  FechaDiaMes,   // a text beside a date: day/month/year
+  NumeroEstricto // a text beside a number
+};
+
+struct Literal {
+  int token = 0;
+  bool ligado = false;  // goes as a bound value, so that statements of one shape share one prepared statement
+  Lectura lectura = Lectura::TalCual;
+};
+
+// What the engine gets for a literal, or why it can't be read.
+struct ValorLiteral {
+  QVariant valor;  // qint64, double or QString
+  std::optional<ErrorBD> error;
+};
+ValorLiteral leerLiteral(const Token& token, Lectura lectura, Dialecto dialecto);
+
+// The value as it stands in a statement of the engine.
+QString literalSql(const QVariant& valor);
+
+// A number text as qint64 or double; invalid for anything that is no number from end to end.
+QVariant leerNumero(const QString& texto);
+
+class Edicion {
+ public:
+  Edicion(QStringView sql, Dialecto dialecto);
+
+  const std::vector<Token>& tokens() const { return tokens_; }
+  const std::vector<Literal>& literales() const { return literales_; }
+  Dialecto dialecto() const { return dialecto_; }
+
+  // Of two texts before one token the later call stands further out, and so behind a token.
+  void antes(int token, const QString& texto) { ediciones_[token].antes.prepend(texto); }
+  void despues(int token, const QString& texto) { ediciones_[token].despues.append(texto); }
+  void envolver(int ini, int fin, const QString& abre, const QString& cierra = QStringLiteral(")")) {
+    antes(ini, abre);
+    despues(fin - 1, cierra);
+  }
+  void reemplazar(int token, const QString& texto);
+  void borrar(int token) { reemplazar(token, QString()); }
+  // The literal at that token, null for another token.
+  Literal* literal(int token);
+
+  // The rewritten statement, with its literals in it or, bound ones, as ?1, ?2 ... in their order.
+  QString texto(bool conLiterales) const;
+
+ private:
+  struct Cambio {
+    QString antes, despues, nuevo;
+    bool cambiado = false;
+  };
+  QString deToken(int i, bool conLiterales, int& parametro) const;
+
+  QStringView sql_;
+  Dialecto dialecto_;
+  std::vector<Token> tokens_;
+  std::vector<Cambio> ediciones_;
+  std::vector<Literal> literales_;
+  std::vector<int> literalDe_;  // by token, -1 for none
+};

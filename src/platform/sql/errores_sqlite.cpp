@@ -1,0 +1,59 @@
+#include "platform/sql/errores_sqlite.h"
+
+#include <sqlite3.h>
+
+namespace {
+
+struct Palabras {
+  int codigo;
+  const char16_t* texto;
+};
+
+// Words of our own where the engine's say too little to the person at the desk.
+const Palabras kPalabras[] = {
+    {SQLITE_BUSY, u"La base de datos está ocupada por otro programa. Intente de nuevo."},
+    {SQLITE_LOCKED, u"La base de datos está ocupada. Intente de nuevo."},
+    {SQLITE_FULL, u"El disco está lleno: no se pudo guardar."},
+    {SQLITE_IOERR, u"El disco no responde: no se pudo leer o guardar."},
+    {SQLITE_READONLY, u"La base de datos es de solo lectura: no se pudo guardar."},
+    {SQLITE_CORRUPT, u"La base de datos está dañada."},
+    {SQLITE_NOTADB, u"El archivo está truncado o es de otro programa."},
+    {SQLITE_CANTOPEN, u"No se pudo abrir el archivo de la base de datos."},
+    {SQLITE_NOMEM, u"No hay memoria suficiente."},
+    {SQLITE_INTERRUPT, u"La consulta fue interrumpida."},
+};
+
+bool deSentencia(int codigo) {
+  switch (codigo) {
+    case SQLITE_ERROR:
+    case SQLITE_CONSTRAINT:
+    case SQLITE_MISMATCH:
+    case SQLITE_TOOBIG:
+    case SQLITE_RANGE:
+    case SQLITE_AUTH:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+ErrorBD errorDe(sqlite3* base, int codigo) {
+  const int extendido = base ? sqlite3_extended_errcode(base) : codigo;
+  const int primario = codigo & 0xff;
+  const QString motor = QString::fromUtf8(base ? sqlite3_errmsg(base) : sqlite3_errstr(codigo));
+  if (extendido == SQLITE_CONSTRAINT_PRIMARYKEY || extendido == SQLITE_CONSTRAINT_UNIQUE ||
+      extendido == SQLITE_CONSTRAINT_ROWID) {
+    return {kErrorSentencia, kNativoClaveDuplicada,
+            QStringLiteral("Ya existe un registro con la misma clave: la operación duplicaría valores de un índice "
+                           "único. (%1)").arg(motor)};
+  }
+  if (deSentencia(primario)) return {kErrorSentencia, primario, motor};
+  for (const Palabras& p : kPalabras) {
+    if (p.codigo == primario) {
+      return {kErrorGeneral, extendido, QStringLiteral("%1 (%2)").arg(QString::fromUtf16(p.texto), motor)};
+    }
+  }
+  return {kErrorGeneral, extendido, motor};
+}

@@ -1,0 +1,241 @@
+#include "platform/sql/funciones_dialecto.h"
+
+#include "platform/sql/reescritor.h"
+
+namespace {
+
+using R = Resultado;
+constexpr auto kTexto0 = ReglaFuncion::PrimeroTexto;
+constexpr auto kParte = ReglaFuncion::Intervalo;
+
+const ReglaFuncion kReglas[] = {
+    // name        Jet    T-SQL  arguments  in the engine       result
+    {u"ABS",       true,  true,  1, 1, u"",              R::DelPrimero},
+    {u"ASC",       true,  false, 1, 1, u"tp_asc",        R::Entero},
+    {u"ASCII",     false, true,  1, 1, u"tp_asc",        R::Entero},
+    {u"AVG",       true,  true,  1, 1, u"",              R::Real},
+    {u"CCUR",      true,  false, 1, 1, u"tp_cdbl",       R::Real},
+    {u"CDATE",     true,  false, 1, 1, u"tp_cdate",      R::Fecha},
+    {u"CDBL",      true,  false, 1, 1, u"tp_cdbl",       R::Real},
+    {u"CHAR",      false, true,  1, 1, u"tp_chr",        R::Texto},
+    {u"CHARINDEX", false, true,  2, 3, u"tp_charindex",  R::Entero},
+    {u"CHR",       true,  true,  1, 1, u"tp_chr",        R::Texto},
+    {u"CINT",      true,  false, 1, 1, u"tp_aentero",    R::Entero},
+    {u"CLNG",      true,  false, 1, 1, u"tp_aentero",    R::Entero},
+    {u"COALESCE",  true,  true,  2, 99, u"",             R::Comun},
+    {u"COUNT",     true,  true,  1, 1, u"",              R::Entero},
+    {u"CSNG",      true,  false, 1, 1, u"tp_cdbl",       R::Real},
+    {u"CSTR",      true,  false, 1, 1, u"tp_texto",      R::Texto, kTexto0},
+    {u"DATE",      true,  false, 0, 0, u"tp_hoy",        R::Fecha},
+    {u"DATEADD",   true,  true,  3, 3, u"tp_dateadd",    R::Fecha, kParte},
+    {u"DATEDIFF",  true,  true,  3, 3, u"tp_datediff",   R::Entero, kParte},
+    {u"DATEPART",  true,  true,  2, 2, u"tp_datepart",   R::Entero, kParte},
+    {u"DATESERIAL", true, false, 3, 3, u"tp_dateserial", R::Fecha},
+    {u"DATEVALUE", true,  false, 1, 1, u"tp_datevalue",  R::Fecha},
+    {u"DAY",       true,  true,  1, 1, u"tp_day",        R::Entero},
+    {u"FIX",       true,  false, 1, 1, u"tp_fix",        R::Numero},
+    {u"FLOOR",     false, true,  1, 1, u"tp_int",        R::Numero},
+    {u"FORMAT",    true,  false, 1, 2, u"tp_format",     R::Texto},
+    {u"GETDATE",   false, true,  0, 0, u"tp_ahora",      R::Fecha},
+    {u"HOUR",      true,  false, 1, 1, u"tp_hour",       R::Entero},
+    {u"IIF",       true,  true,  3, 3, u"",              R::DelSegundo},
+    {u"INSTR",     true,  false, 2, 3, u"tp_instr",      R::Entero},
+    {u"INT",       true,  false, 1, 1, u"tp_int",        R::Numero},
+    {u"ISNULL",    true,  false, 1, 1, u"tp_isnull",     R::Logico},
+    {u"ISNULL",    false, true,  2, 2, u"ifnull",        R::Comun},
+    {u"ISNUMERIC", true,  true,  1, 1, u"tp_isnumeric",  R::Logico},
+    {u"LCASE",     true,  false, 1, 1, u"tp_minus",      R::Texto},
+    {u"LEFT",      true,  true,  2, 2, u"tp_izquierda",  R::Texto},
+    {u"LEN",       true,  true,  1, 1, u"tp_len",        R::Entero},
+    {u"LOWER",     false, true,  1, 1, u"tp_minus",      R::Texto},
+    {u"LTRIM",     true,  true,  1, 1, u"",              R::Texto, kTexto0},
+    {u"MAX",       true,  true,  1, 1, u"",              R::DelPrimero},
+    {u"MID",       true,  false, 2, 3, u"substr",        R::Texto, kTexto0},
+    {u"MIN",       true,  true,  1, 1, u"",              R::DelPrimero},
+    {u"MINUTE",    true,  false, 1, 1, u"tp_minute",     R::Entero},
+    {u"MONTH",     true,  true,  1, 1, u"tp_month",      R::Entero},
+    {u"NOW",       true,  false, 0, 0, u"tp_ahora",      R::Fecha},
+    {u"NULLIF",    false, true,  2, 2, u"",              R::DelPrimero},
+    {u"REPLACE",   true,  true,  3, 3, u"",              R::Texto, kTexto0},
+    {u"REPLICATE", false, true,  2, 2, u"tp_replicate",  R::Texto},
+    {u"RIGHT",     true,  true,  2, 2, u"tp_derecha",    R::Texto},
+    {u"ROUND",     true,  true,  1, 2, u"tp_round",      R::Real},
+    {u"RTRIM",     true,  true,  1, 1, u"",              R::Texto, kTexto0},
+    {u"SECOND",    true,  false, 1, 1, u"tp_second",     R::Entero},
+    {u"SPACE",     true,  true,  1, 1, u"tp_space",      R::Texto},
+    {u"STR",       true,  true,  1, 1, u"tp_texto",      R::Texto},
+    {u"SUBSTRING", false, true,  3, 3, u"substr",        R::Texto, kTexto0},
+    {u"SUM",       true,  true,  1, 1, u"",              R::Suma},
+    {u"TRIM",      true,  true,  1, 1, u"",              R::Texto, kTexto0},
+    {u"UCASE",     true,  false, 1, 1, u"tp_mayus",      R::Texto},
+    {u"UPPER",     false, true,  1, 1, u"tp_mayus",      R::Texto},
+    {u"VAL",       true,  false, 1, 1, u"tp_val",        R::Real},
+    {u"WEEKDAY",   true,  false, 1, 1, u"tp_weekday",    R::Entero},
+    {u"YEAR",      true,  true,  1, 1, u"tp_year",       R::Entero},
+};
+
+Tipo tipoResultado(Resultado r, const std::vector<Nodo>& args, Tipo comunDeTodos, Tipo comunDeRamas) {
+  switch (r) {
+    case R::Entero: return Tipo::Entero;
+    case R::Numero: return Tipo::Numero;
+    case R::Real: return Tipo::Real;
+    case R::Texto: return Tipo::Texto;
+    case R::Fecha: return Tipo::Fecha;
+    case R::Logico: return Tipo::Logico;
+    case R::DelPrimero: return args.empty() ? Tipo::Desconocido : args[0].tipo;
+    case R::DelSegundo: return comunDeRamas;
+    case R::Comun: return comunDeTodos;
+    case R::Suma: break;
+  }
+  const Tipo t = args.empty() ? Tipo::Desconocido : args[0].tipo;
+  return t == Tipo::Entero || t == Tipo::Real ? t : Tipo::Numero;
+}
+
+}  // namespace
+
+const ReglaFuncion* reglaDeFuncion(QStringView nombre, int argumentos, Dialecto dialecto) {
+  for (const ReglaFuncion& r : kReglas) {
+    if (!(dialecto == Dialecto::Jet ? r.jet : r.tsql)) continue;
+    if (argumentos < r.minimo || argumentos > r.maximo) continue;
+    if (nombre.compare(r.nombre, Qt::CaseInsensitive) == 0) return &r;
+  }
+  return nullptr;
+}
+
+// A call: p_ stands on the function's name and is left behind the closing parenthesis.
+Nodo Reescritor::llamada(int ini) {
+  const int nombre = p_;
+  if (es(u"CONVERT") && !jet_) return convertir(nombre);
+  if (es(u"CAST")) return moldear(nombre);
+  p_ += 2;
+  const bool partes = es(u"DISTINCT") || es(u"ALL");
+  if (partes) ++p_;
+  std::vector<Nodo> args;
+  while (!fin() && !tk(p_).op(u")")) {
+    const int de = p_;
+    if (tk(p_).op(u"*")) {
+      args.push_back({p_, p_ + 1});
+      ++p_;
+    } else if (es(u"SELECT")) {
+      Nodo n{p_, p_};
+      const std::vector<Columna> c = seleccion();
+      if (!c.empty()) n.tipo = c[0].tipo;
+      n.fin = p_;
+      args.push_back(n);
+    } else {
+      args.push_back(expresion());
+    }
+    if (!comeOp(u",") && !tk(p_).op(u")")) {
+      if (p_ > de) break;
+      ++p_;
+    }
+  }
+  if (!comeOp(u")")) hastaCerrar();
+
+  Nodo n{ini, p_, Tipo::Desconocido, true};
+  const ReglaFuncion* regla = reglaDeFuncion(tk(nombre).texto, static_cast<int>(args.size()), e_.dialecto());
+  if (!regla) return n;
+  if (regla->forma == kParte && !args.empty() && args[0].literal < 0 && args[0].fin == args[0].ini + 1) {
+    e_.reemplazar(args[0].ini, u'\'' + tk(args[0].ini).texto.toString() + u'\'');
+  }
+  if (regla->forma == kTexto0 && !args.empty()) comoTexto(args[0]);
+  if (!regla->nuevo.isEmpty()) e_.reemplazar(nombre, regla->nuevo.toString());
+  Tipo todos = Tipo::Nulo;
+  Tipo ramas = Tipo::Nulo;
+  for (size_t i = 0; i < args.size(); ++i) {
+    todos = comun(todos, args[i].tipo);
+    if (i > 0) ramas = comun(ramas, args[i].tipo);
+  }
+  n.tipo = tipoResultado(regla->resultado, args, todos, ramas);
+  return n;
+}
+
+// A type as CONVERT and CAST name it: name, and in parentheses a length or a precision with its decimals.
+Reescritor::TipoSql Reescritor::tipoSql() {
+  TipoSql t;
+  t.ini = p_;
+  if (!tk(p_).nombre()) {
+    t.fin = p_;
+    return t;
+  }
+  t.tipo = tipoDeclarado(contenido(tk(p_++)));
+  if (comeOp(u"(")) {
+    t.largo = tk(p_).texto.toString();
+    ++p_;
+    if (comeOp(u",")) {
+      t.decimales = tk(p_).texto.toString();
+      ++p_;
+    }
+    comeOp(u")");
+  }
+  t.fin = p_;
+  return t;
+}
+
+QString Reescritor::funcionDeTipo(const TipoSql& tipo) const {
+  switch (tipo.tipo) {
+    case Tipo::Fecha: return QStringLiteral("tp_afecha");
+    case Tipo::Entero: return QStringLiteral("tp_convint");
+    case Tipo::Texto: return QStringLiteral("tp_convtexto");
+    case Tipo::Real: return QStringLiteral("tp_cdbl");
+    case Tipo::Numero: return QStringLiteral("tp_decimal");
+    default: return {};
+  }
+}
+
+// CONVERT(type, value [, style]) becomes a call of the type's own function with the length, value and style.
+Nodo Reescritor::convertir(int ini) {
+  p_ = ini + 2;
+  const TipoSql tipo = tipoSql();
+  const QString funcion = funcionDeTipo(tipo);
+  if (!tk(p_).op(u",") || funcion.isEmpty()) {
+    hastaCerrar();
+    return {ini, p_, Tipo::Desconocido, true};
+  }
+  const bool conLargo = tipo.tipo == Tipo::Texto || tipo.tipo == Tipo::Numero;
+  for (int i = tipo.ini; i < tipo.fin; ++i) e_.borrar(i);
+  if (conLargo) {
+    const QString largo = tipo.tipo == Tipo::Texto ? tipo.largo : tipo.decimales;
+    e_.reemplazar(tipo.ini, largo.toInt() > 0 || tipo.tipo == Tipo::Numero ? QString::number(largo.toInt())
+                                                                          : QStringLiteral("30"));
+  } else {
+    e_.borrar(p_);
+  }
+  ++p_;
+  expresion();
+  const bool estilo = comeOp(u",");
+  if (estilo && !(tipo.tipo == Tipo::Texto || tipo.tipo == Tipo::Fecha)) {  // numbers have no style here
+    e_.borrar(p_ - 1);
+    e_.borrar(p_);
+  }
+  if (estilo) {
+    const bool antes = ligable_;
+    ligable_ = false;
+    expresion();
+    ligable_ = antes;
+  }
+  e_.reemplazar(ini, funcion);
+  if (!comeOp(u")")) hastaCerrar();
+  return {ini, p_, tipo.tipo, true};
+}
+
+// CAST(value AS type)
+Nodo Reescritor::moldear(int ini) {
+  p_ = ini + 2;
+  expresion();
+  const int como = p_;
+  if (!come(u"AS")) {
+    hastaCerrar();
+    return {ini, p_, Tipo::Desconocido, true};
+  }
+  const TipoSql tipo = tipoSql();
+  const QString funcion = funcionDeTipo(tipo);
+  if (!funcion.isEmpty() && tk(p_).op(u")")) {
+    for (int i = como; i < tipo.fin; ++i) e_.borrar(i);
+    e_.reemplazar(ini, funcion);
+    if (tipo.tipo == Tipo::Texto) e_.despues(ini + 1, QString::number(tipo.largo.isEmpty() ? 30 : tipo.largo.toInt()) + u',');
+    if (tipo.tipo == Tipo::Numero) e_.despues(ini + 1, QString::number(tipo.decimales.toInt()) + u',');
+  }
+  if (!comeOp(u")")) hastaCerrar();
+  return {ini, p_, tipo.tipo, true};
+}

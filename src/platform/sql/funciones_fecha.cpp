@@ -1,0 +1,269 @@
+#include <sqlite3.h>
+
+#include <cmath>
+
+#include "platform/sql/funciones_sqlite.h"
+#include "platform/text/fecha.h"
+#include "platform/text/numero.h"
+
+namespace {
+
+enum class Parte { Nada, Anio, Trimestre, Mes, Dia, DiaDelAnio, DiaSemana, Semana, Hora, Minuto, Segundo };
+
+Parte parteDe(const QString& nombre) {
+  static const struct { const char16_t* nombres; Parte parte; } kPartes[] = {
+      {u" yyyy yy year ", Parte::Anio},        {u" q qq quarter ", Parte::Trimestre}, {u" m mm month ", Parte::Mes},
+      {u" d dd day ", Parte::Dia},             {u" y dy dayofyear ", Parte::DiaDelAnio},
+      {u" w dw weekday ", Parte::DiaSemana},   {u" ww wk week ", Parte::Semana},      {u" h hh hour ", Parte::Hora},
+      {u" n mi minute ", Parte::Minuto},       {u" s ss second ", Parte::Segundo}};
+  const QString buscado = u' ' + nombre.trimmed().toLower() + u' ';
+  for (const auto& p : kPartes) {
+    if (QStringView(p.nombres).contains(buscado)) return p.parte;
+  }
+  return Parte::Nada;
+}
+
+void darFecha(sqlite3_context* c, const QDateTime& f) {
+  const QByteArray t = FechaISO(f).toUtf8();
+  sqlite3_result_text(c, t.constData(), static_cast<int>(t.size()), SQLITE_TRANSIENT);
+}
+
+// Day 0 of numbers that stand for dates.
+QDateTime deNumero(double dias, Dialecto dialecto) {
+  const QDate cero = dialecto == Dialecto::Jet ? QDate(1899, 12, 30) : QDate(1900, 1, 1);
+  const double entero = std::floor(dias);
+  if (std::fabs(entero) > 3000000) return {};
+  return QDateTime(cero.addDays(static_cast<qint64>(entero)), QTime(0, 0))
+      .addSecs(static_cast<qint64>(std::llround((dias - entero) * 86400)));
+}
+
+std::optional<QDateTime> instanteDe(sqlite3_context* c, sqlite3_value* v) {
+  const int tipo = sqlite3_value_type(v);
+  if (tipo == SQLITE_INTEGER || tipo == SQLITE_FLOAT) {
+    const QDateTime f = deNumero(sqlite3_value_double(v), entornoDe(c).dialecto);
+    if (f.isValid()) return f;
+    return {};
+  }
+  return leerInstante(textoDe(v));
+}
+
+// The argument as a moment; an error is given for anything that is no date.
+bool fecha(sqlite3_context* c, sqlite3_value* v, QDateTime& f) {
+  if (const auto leida = instanteDe(c, v)) {
+    f = *leida;
+    return true;
+  }
+  const QString t = textoDe(v);
+  if (entornoDe(c).dialecto == Dialecto::TSql && t.trimmed().isEmpty()) {
+    f = QDateTime(QDate(1900, 1, 1), QTime(0, 0));
+    return true;
+  }
+  darError(c, QStringLiteral("No se puede convertir '%1' a fecha.").arg(t));
+  return false;
+}
+
+void fAhora(sqlite3_context* c, int, sqlite3_value**) { darFecha(c, entornoDe(c).ahora()); }
+
+void fHoy(sqlite3_context* c, int, sqlite3_value**) {
+  darFecha(c, QDateTime(entornoDe(c).ahora().date(), QTime(0, 0)));
+}
+
+void fCdate(sqlite3_context* c, int n, sqlite3_value** v) {
+  QDateTime f;
+  if (!hayNulo(n, v) && fecha(c, v[0], f)) darFecha(c, f);
+}
+
+void fDatevalue(sqlite3_context* c, int n, sqlite3_value** v) {
+  QDateTime f;
+  if (!hayNulo(n, v) && fecha(c, v[0], f)) darFecha(c, QDateTime(f.date(), QTime(0, 0)));
+}
+
+// A date as a text: with its time, unless it is midnight.
+QString textoFecha(const QDateTime& f) {
+  const bool medianoche = f.time() == QTime(0, 0);
+  return FormatearFecha(f, medianoche ? u"dd/mm/yyyy" : u"dd/mm/yyyy hh:nn:ss");
+}
+
+void fTextofecha(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  const auto f = instanteDe(c, v[0]);
+  darTexto(c, f ? textoFecha(*f) : textoDe(v[0]));
+}
+
+// CONVERT(DATETIME, x [, style]): styles 1 and 101, 10 and 110 are month first, the others day first; a year in
+// front is year/month/day whatever the style, also without signs between.
+void fAfecha(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  const int estilo = n > 1 ? sqlite3_value_int(v[1]) : 0;
+  const bool mesPrimero = estilo == 1 || estilo == 101 || estilo == 10 || estilo == 110;
+  if (mesPrimero && sqlite3_value_type(v[0]) == SQLITE_TEXT) {
+    if (const auto f = LeerFecha(textoDe(v[0]), OrdenFecha::MesDia)) return darFecha(c, *f);
+  }
+  QDateTime f;
+  if (fecha(c, v[0], f)) darFecha(c, f);
+}
+
+const char16_t* mascaraDeEstilo(int estilo) {
+  switch (estilo) {
+    case 1: return u"mm/dd/yy";
+    case 3: return u"dd/mm/yy";
+    case 101: return u"mm/dd/yyyy";
+    case 102: return u"yyyy.mm.dd";
+    case 103: return u"dd/mm/yyyy";
+    case 104: return u"dd.mm.yyyy";
+    case 105: return u"dd-mm-yyyy";
+    case 108: return u"hh:nn:ss";
+    case 110: return u"mm-dd-yyyy";
+    case 111: return u"yyyy/mm/dd";
+    case 112: return u"yyyymmdd";
+    case 120: case 121: return u"yyyy-mm-dd hh:nn:ss";
+    default: return nullptr;
+  }
+}
+
+// CONVERT(VARCHAR(n), x [, style]), its length in front. A style speaks of dates; a stored date is one.
+void fConvtexto(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  QString t = textoDe(v[1]);
+  if (const char16_t* mascara = mascaraDeEstilo(n > 2 ? sqlite3_value_int(v[2]) : 0)) {
+    if (const auto f = instanteDe(c, v[1]); f && sqlite3_value_type(v[1]) == SQLITE_TEXT) t = FormatearFecha(*f, mascara);
+  }
+  darTexto(c, t.left(sqlite3_value_int(v[0])));
+}
+
+void sumarDias(sqlite3_context* c, sqlite3_value** v, double signo) {
+  if (hayNulo(2, v)) return;
+  QDateTime f;
+  const bool alReves = sqlite3_value_type(v[0]) != SQLITE_TEXT;  // 3 + date()
+  if (!fecha(c, v[alReves ? 1 : 0], f)) return;
+  const double dias = signo * numeroDe(v[alReves ? 0 : 1]);
+  if (std::fabs(dias) > 3000000) return darError(c, QStringLiteral("La fecha queda fuera de rango."));
+  darFecha(c, f.addSecs(static_cast<qint64>(std::llround(dias * 86400))));
+}
+
+void fMasdias(sqlite3_context* c, int, sqlite3_value** v) { sumarDias(c, v, 1); }
+void fMenosdias(sqlite3_context* c, int, sqlite3_value** v) { sumarDias(c, v, -1); }
+
+void fDias(sqlite3_context* c, int n, sqlite3_value** v) {
+  QDateTime a, b;
+  if (hayNulo(n, v) || !fecha(c, v[0], a) || !fecha(c, v[1], b)) return;
+  sqlite3_result_double(c, static_cast<double>(b.secsTo(a)) / 86400);
+}
+
+void fDateadd(sqlite3_context* c, int n, sqlite3_value** v) {
+  QDateTime f;
+  if (hayNulo(n, v) || !fecha(c, v[2], f)) return;
+  const double cuanto = numeroDe(v[1]);
+  if (std::fabs(cuanto) > 4e9) return darError(c, QStringLiteral("La fecha queda fuera de rango."));
+  const auto k = static_cast<qint64>(std::trunc(cuanto));
+  const Parte parte = parteDe(textoDe(v[0]));
+  if (std::abs(k) > 100000 && parte < Parte::Dia) return darError(c, QStringLiteral("La fecha queda fuera de rango."));
+  switch (parte) {
+    case Parte::Anio: f = f.addYears(static_cast<int>(k)); break;
+    case Parte::Trimestre: f = f.addMonths(static_cast<int>(3 * k)); break;
+    case Parte::Mes: f = f.addMonths(static_cast<int>(k)); break;
+    case Parte::Semana: f = f.addDays(7 * k); break;
+    case Parte::Dia:
+    case Parte::DiaDelAnio:
+    case Parte::DiaSemana: f = f.addDays(k); break;
+    case Parte::Hora: f = f.addSecs(3600 * k); break;
+    case Parte::Minuto: f = f.addSecs(60 * k); break;
+    case Parte::Segundo: f = f.addSecs(k); break;
+    case Parte::Nada: return darError(c, QStringLiteral("'%1' no es parte de una fecha.").arg(textoDe(v[0])));
+  }
+  if (f.date().year() < 1 || f.date().year() > 9999) return darError(c, QStringLiteral("La fecha queda fuera de rango."));
+  darFecha(c, f);
+}
+
+// Counts the borders passed, as both dialects do: from 31/12 to 1/1 is one year.
+void fDatediff(sqlite3_context* c, int n, sqlite3_value** v) {
+  QDateTime a, b;
+  if (hayNulo(n, v) || !fecha(c, v[1], a) || !fecha(c, v[2], b)) return;
+  const qint64 anios = b.date().year() - a.date().year();
+  const qint64 meses = anios * 12 + b.date().month() - a.date().month();
+  const qint64 dias = a.date().daysTo(b.date());
+  const auto tramo = [&](qint64 segundos) {
+    const auto borde = [&](const QDateTime& f) {
+      return (f.date().toJulianDay() * 86400 + f.time().msecsSinceStartOfDay() / 1000) / segundos;
+    };
+    return borde(b) - borde(a);
+  };
+  qint64 r = 0;
+  switch (parteDe(textoDe(v[0]))) {
+    case Parte::Anio: r = anios; break;
+    case Parte::Trimestre: r = anios * 4 + (b.date().month() - 1) / 3 - (a.date().month() - 1) / 3; break;
+    case Parte::Mes: r = meses; break;
+    case Parte::DiaSemana: r = dias / 7; break;
+    case Parte::Semana: r = (b.date().toJulianDay() + 1) / 7 - (a.date().toJulianDay() + 1) / 7; break;  // Sundays
+    case Parte::Dia:
+    case Parte::DiaDelAnio: r = dias; break;
+    case Parte::Hora: r = tramo(3600); break;
+    case Parte::Minuto: r = tramo(60); break;
+    case Parte::Segundo: r = tramo(1); break;
+    case Parte::Nada: return darError(c, QStringLiteral("'%1' no es parte de una fecha.").arg(textoDe(v[0])));
+  }
+  sqlite3_result_int64(c, r);
+}
+
+void darParte(sqlite3_context* c, Parte parte, sqlite3_value* v) {
+  QDateTime f;
+  if (sqlite3_value_type(v) == SQLITE_NULL || !fecha(c, v, f)) return;
+  const QDate d = f.date();
+  int r = 0;
+  switch (parte) {
+    case Parte::Anio: r = d.year(); break;
+    case Parte::Trimestre: r = (d.month() + 2) / 3; break;
+    case Parte::Mes: r = d.month(); break;
+    case Parte::Dia: r = d.day(); break;
+    case Parte::DiaDelAnio: r = d.dayOfYear(); break;
+    case Parte::DiaSemana: r = d.dayOfWeek() % 7 + 1; break;
+    case Parte::Semana: r = (d.dayOfYear() - 1 + QDate(d.year(), 1, 1).dayOfWeek() % 7) / 7 + 1; break;
+    case Parte::Hora: r = f.time().hour(); break;
+    case Parte::Minuto: r = f.time().minute(); break;
+    case Parte::Segundo: r = f.time().second(); break;
+    case Parte::Nada: return darError(c, QStringLiteral("No es parte de una fecha."));
+  }
+  sqlite3_result_int(c, r);
+}
+
+template <Parte parte>
+void fParte(sqlite3_context* c, int, sqlite3_value** v) { darParte(c, parte, v[0]); }
+
+void fDatepart(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v)) darParte(c, parteDe(textoDe(v[0])), v[1]);
+}
+
+void fDateserial(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  const int anio = sqlite3_value_int(v[0]), mes = sqlite3_value_int(v[1]), dia = sqlite3_value_int(v[2]);
+  if (anio < 100 || anio > 9999 || std::abs(mes) > 10000 || std::abs(dia) > 100000) {
+    return darError(c, QStringLiteral("La fecha queda fuera de rango."));
+  }
+  darFecha(c, QDateTime(QDate(anio, 1, 1).addMonths(mes - 1).addDays(dia - 1), QTime(0, 0)));
+}
+
+const EntradaFuncion kFunciones[] = {
+    {"tp_ahora", 0, fAhora},        {"tp_hoy", 0, fHoy},           {"tp_cdate", 1, fCdate},
+    {"tp_datevalue", 1, fDatevalue}, {"tp_textofecha", 1, fTextofecha}, {"tp_afecha", -1, fAfecha},
+    {"tp_convtexto", -1, fConvtexto}, {"tp_masdias", 2, fMasdias}, {"tp_menosdias", 2, fMenosdias},
+    {"tp_dias", 2, fDias},          {"tp_dateadd", 3, fDateadd},   {"tp_datediff", 3, fDatediff},
+    {"tp_datepart", 2, fDatepart},  {"tp_dateserial", 3, fDateserial},
+    {"tp_year", 1, fParte<Parte::Anio>},   {"tp_month", 1, fParte<Parte::Mes>}, {"tp_day", 1, fParte<Parte::Dia>},
+    {"tp_hour", 1, fParte<Parte::Hora>},   {"tp_minute", 1, fParte<Parte::Minuto>},
+    {"tp_second", 1, fParte<Parte::Segundo>}, {"tp_weekday", 1, fParte<Parte::DiaSemana>},
+    {nullptr, 0, nullptr}};
+
+}  // namespace
+
+std::optional<QDateTime> leerInstante(const QString& texto) {
+  const QString t = texto.trimmed();
+  if (t.size() == 8) {  // yyyymmdd
+    const QDate d = QDate::fromString(t, QStringLiteral("yyyyMMdd"));
+    if (d.isValid() && leerInstante(t.left(4) + u'/' + t.mid(4, 2) + u'/' + t.mid(6))) return QDateTime(d, QTime(0, 0));
+  }
+  QString conBlanco = t;
+  if (conBlanco.size() > 10 && conBlanco[10] == u'T') conBlanco[10] = u' ';
+  return LeerFecha(conBlanco);
+}
+
+const EntradaFuncion* funcionesDeFecha() { return kFunciones; }

@@ -1,0 +1,346 @@
+#include "platform/sql/funciones_sqlite.h"
+
+#include <sqlite3.h>
+
+#include <cmath>
+
+#include "platform/sql/edicion.h"
+#include "platform/text/fecha.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+
+bool hayNulo(int n, sqlite3_value** v) {
+  for (int i = 0; i < n; ++i) {
+    if (sqlite3_value_type(v[i]) == SQLITE_NULL) return true;
+  }
+  return false;
+}
+
+QString textoDe(sqlite3_value* v) {
+  if (sqlite3_value_type(v) == SQLITE_FLOAT) return TextoDe(sqlite3_value_double(v));
+  const auto* t = reinterpret_cast<const char*>(sqlite3_value_text(v));
+  return t ? QString::fromUtf8(t, sqlite3_value_bytes(v)) : QString();
+}
+
+double numeroDe(sqlite3_value* v) {
+  return sqlite3_value_type(v) == SQLITE_TEXT ? Val(textoDe(v)) : sqlite3_value_double(v);
+}
+
+void darTexto(sqlite3_context* c, const QString& texto) {
+  const QByteArray u = texto.toUtf8();
+  sqlite3_result_text(c, u.constData(), static_cast<int>(u.size()), SQLITE_TRANSIENT);
+}
+
+void darError(sqlite3_context* c, const QString& texto) {
+  const QByteArray u = texto.toUtf8();
+  sqlite3_result_error(c, u.constData(), static_cast<int>(u.size()));
+}
+
+EntornoFunciones& entornoDe(sqlite3_context* c) { return *static_cast<EntornoFunciones*>(sqlite3_user_data(c)); }
+
+namespace {
+
+void darNumero(sqlite3_context* c, const QVariant& n) {
+  if (n.typeId() == QMetaType::LongLong) sqlite3_result_int64(c, n.toLongLong());
+  else if (n.isValid()) sqlite3_result_double(c, n.toDouble());
+  else sqlite3_result_null(c);
+}
+
+// A number, read strictly: in T-SQL blank text is 0, anything else that is no number is an error.
+bool estricto(sqlite3_context* c, sqlite3_value* v, QVariant& n) {
+  if (sqlite3_value_type(v) == SQLITE_INTEGER) {
+    n = static_cast<qint64>(sqlite3_value_int64(v));
+    return true;
+  }
+  if (sqlite3_value_type(v) == SQLITE_FLOAT) {
+    n = sqlite3_value_double(v);
+    return true;
+  }
+  const QString t = textoDe(v);
+  n = leerNumero(t);
+  if (!n.isValid() && entornoDe(c).dialecto == Dialecto::TSql && t.trimmed().isEmpty()) n = qint64(0);
+  if (n.isValid()) return true;
+  darError(c, QStringLiteral("No se puede convertir '%1' a número.").arg(t));
+  return false;
+}
+
+void fTexto(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v)) darTexto(c, textoDe(v[0]));
+}
+
+void fUne(sqlite3_context* c, int, sqlite3_value** v) { darTexto(c, textoDe(v[0]) + textoDe(v[1])); }
+
+// Beside a number in a comparison: what is no number equals none.
+void fNum(sqlite3_context* c, int, sqlite3_value** v) {
+  if (sqlite3_value_type(v[0]) == SQLITE_TEXT) darNumero(c, leerNumero(textoDe(v[0])));
+  else sqlite3_result_value(c, v[0]);
+}
+
+void fCdbl(sqlite3_context* c, int n, sqlite3_value** v) {
+  QVariant x;
+  if (!hayNulo(n, v) && estricto(c, v[0], x)) sqlite3_result_double(c, x.toDouble());
+}
+
+void fAEntero(sqlite3_context* c, int n, sqlite3_value** v) {
+  QVariant x;
+  if (!hayNulo(n, v) && estricto(c, v[0], x)) sqlite3_result_int64(c, AEntero(x.toDouble()));
+}
+
+// CONVERT(INT, x): towards zero; a text must be whole.
+void fConvInt(sqlite3_context* c, int n, sqlite3_value** v) {
+  QVariant x;
+  if (hayNulo(n, v) || !estricto(c, v[0], x)) return;
+  if (x.typeId() == QMetaType::LongLong) return sqlite3_result_int64(c, x.toLongLong());
+  if (sqlite3_value_type(v[0]) == SQLITE_TEXT || std::fabs(x.toDouble()) > 9e18) {
+    return darError(c, QStringLiteral("No se puede convertir '%1' a entero.").arg(textoDe(v[0])));
+  }
+  sqlite3_result_int64(c, static_cast<qint64>(x.toDouble()));
+}
+
+void fDecimal(sqlite3_context* c, int n, sqlite3_value** v) {
+  QVariant x;
+  if (hayNulo(n, v) || !estricto(c, v[1], x)) return;
+  sqlite3_result_double(c, Redondear(x.toDouble(), sqlite3_value_int(v[0])));
+}
+
+void fRound(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v)) sqlite3_result_double(c, Redondear(numeroDe(v[0]), n > 1 ? sqlite3_value_int(v[1]) : 0));
+}
+
+void fInt(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  if (sqlite3_value_type(v[0]) == SQLITE_INTEGER) sqlite3_result_value(c, v[0]);
+  else sqlite3_result_double(c, Int(numeroDe(v[0])));
+}
+
+void fFix(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v)) sqlite3_result_double(c, std::trunc(numeroDe(v[0])));
+}
+
+void fDividir(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  const qint64 a = AEntero(numeroDe(v[0]));
+  const qint64 b = AEntero(numeroDe(v[1]));
+  if (b == 0) return sqlite3_result_null(c);
+  if (b == -1) return sqlite3_result_double(c, -static_cast<double>(a));
+  sqlite3_result_int64(c, a / b);
+}
+
+void fVal(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v)) sqlite3_result_double(c, Val(textoDe(v[0])));
+}
+
+void fIsNull(sqlite3_context* c, int n, sqlite3_value** v) { sqlite3_result_int(c, hayNulo(n, v)); }
+
+void fIsNumeric(sqlite3_context* c, int n, sqlite3_value** v) {
+  sqlite3_result_int(c, !hayNulo(n, v) && leerNumero(textoDe(v[0])).isValid());
+}
+
+void fChr(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v)) darTexto(c, DeUnByte(QByteArray(1, static_cast<char>(sqlite3_value_int(v[0])))));
+}
+
+void fAsc(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  const QByteArray b = AUnByte(textoDe(v[0]).left(1));
+  if (!b.isEmpty()) sqlite3_result_int(c, static_cast<unsigned char>(b[0]));
+}
+
+void fLen(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  QString t = textoDe(v[0]);
+  if (entornoDe(c).dialecto == Dialecto::TSql) {  // blanks at the end don't count there
+    while (t.endsWith(u' ')) t.chop(1);
+  }
+  sqlite3_result_int64(c, t.size());
+}
+
+void fMayus(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v)) darTexto(c, textoDe(v[0]).toUpper());
+}
+
+void fMinus(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v)) darTexto(c, textoDe(v[0]).toLower());
+}
+
+void fIzquierda(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v)) darTexto(c, Izquierda(textoDe(v[0]), sqlite3_value_int(v[1])));
+}
+
+void fDerecha(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v)) darTexto(c, Derecha(textoDe(v[0]), sqlite3_value_int(v[1])));
+}
+
+// A statement can ask for any number of copies; a shop never does.
+constexpr int kCopias = 10000;
+
+void fSpace(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v)) darTexto(c, Espacios(std::min(sqlite3_value_int(v[0]), kCopias)));
+}
+
+void fReplicate(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v)) darTexto(c, textoDe(v[0]).left(kCopias).repeated(std::clamp(sqlite3_value_int(v[1]), 0, kCopias)));
+}
+
+// INSTR([from,] text, wanted) of Jet and CHARINDEX(wanted, text [, from]) of T-SQL.
+void buscar(sqlite3_context* c, const QString& en, const QString& que, int desde) {
+  if (desde < 1) desde = 1;
+  sqlite3_result_int64(c, en.indexOf(que, desde - 1, Qt::CaseInsensitive) + 1);
+}
+
+void fInstr(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  if (n == 3) buscar(c, textoDe(v[1]), textoDe(v[2]), sqlite3_value_int(v[0]));
+  else buscar(c, textoDe(v[0]), textoDe(v[1]), 1);
+}
+
+void fCharindex(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v)) buscar(c, textoDe(v[1]), textoDe(v[0]), n == 3 ? sqlite3_value_int(v[2]) : 1);
+}
+
+void fLike(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  const QString escape = n > 2 ? textoDe(v[2]) : QString();
+  sqlite3_result_int(c, pareceSql(textoDe(v[0]), textoDe(v[1]), entornoDe(c).dialecto,
+                                  escape.isEmpty() ? QChar() : escape[0]));
+}
+
+// A mask of places formats a number, any other a date.
+void fFormat(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) {  // FORMAT of Null is a blank text there
+    return darTexto(c, QString());
+  }
+  const QString t = textoDe(v[0]);
+  if (n < 2) return darTexto(c, t);
+  const QString mascara = textoDe(v[1]);
+  if (mascara.contains(u'0') || mascara.contains(u'#')) {
+    const QVariant x = sqlite3_value_type(v[0]) == SQLITE_TEXT ? leerNumero(t) : QVariant(sqlite3_value_double(v[0]));
+    return darTexto(c, x.isValid() ? Formatear(x.toDouble(), mascara) : t);
+  }
+  const auto f = leerInstante(t);
+  darTexto(c, f ? FormatearFecha(*f, mascara) : t);
+}
+
+const EntradaFuncion kFunciones[] = {
+    {"tp_texto", 1, fTexto},       {"tp_une", 2, fUne},           {"tp_num", 1, fNum},
+    {"tp_cdbl", 1, fCdbl},         {"tp_aentero", 1, fAEntero},   {"tp_convint", 1, fConvInt},
+    {"tp_decimal", 2, fDecimal},   {"tp_round", -1, fRound},      {"tp_int", 1, fInt},
+    {"tp_fix", 1, fFix},           {"tp_dividir", 2, fDividir},   {"tp_val", 1, fVal},
+    {"tp_isnull", 1, fIsNull},     {"tp_isnumeric", 1, fIsNumeric}, {"tp_chr", 1, fChr},
+    {"tp_asc", 1, fAsc},           {"tp_len", 1, fLen},           {"tp_mayus", 1, fMayus},
+    {"tp_minus", 1, fMinus},       {"tp_izquierda", 2, fIzquierda}, {"tp_derecha", 2, fDerecha},
+    {"tp_space", 1, fSpace},       {"tp_replicate", 2, fReplicate}, {"tp_instr", -1, fInstr},
+    {"tp_charindex", -1, fCharindex}, {"tp_like", -1, fLike},     {"tp_format", -1, fFormat},
+    {nullptr, 0, nullptr}};
+
+int colacionJet(void*, int na, const void* a, int nb, const void* b) {
+  return compararTextosSql(QString::fromUtf8(static_cast<const char*>(a), na),
+                           QString::fromUtf8(static_cast<const char*>(b), nb), false);
+}
+
+int colacionTSql(void*, int na, const void* a, int nb, const void* b) {
+  return compararTextosSql(QString::fromUtf8(static_cast<const char*>(a), na),
+                           QString::fromUtf8(static_cast<const char*>(b), nb), true);
+}
+
+class Parecido {
+ public:
+  Parecido(QStringView texto, QStringView patron, bool jet, QChar escape)
+      : t_(texto), p_(patron), jet_(jet), escape_(escape) {}
+
+  // Backtracks only to the last run of any characters, so a long pattern can't hang the desk.
+  bool correr() {
+    qsizetype i = 0, k = 0, vuelveT = -1, vuelveP = -1;
+    while (i < t_.size()) {
+      qsizetype sigue = k;
+      if (k < p_.size() && cualquiera(k)) {
+        vuelveP = ++k;
+        vuelveT = i;
+      } else if (k < p_.size() && uno(t_[i], sigue)) {
+        k = sigue;
+        ++i;
+      } else if (vuelveP >= 0) {
+        k = vuelveP;
+        i = ++vuelveT;
+      } else {
+        return false;
+      }
+    }
+    while (k < p_.size() && cualquiera(k)) ++k;
+    return k == p_.size();
+  }
+
+ private:
+  bool cualquiera(qsizetype k) const { return p_[k] == u'%' || (jet_ && p_[k] == u'*'); }
+
+  // Whether the pattern's element at `k` takes `c`; k moves behind the element.
+  bool uno(QChar c, qsizetype& k) const {
+    const QChar q = p_[k++];
+    if (!escape_.isNull() && q == escape_ && k < p_.size()) return igual(p_[k++], c);
+    if (q == u'_' || (jet_ && q == u'?')) return true;
+    if (jet_ && q == u'#') return c >= u'0' && c <= u'9';
+    if (q == u'[') {
+      const qsizetype cierra = p_.indexOf(u']', k + 1);
+      if (cierra > 0) {
+        const QStringView clase = p_.mid(k, cierra - k);
+        k = cierra + 1;
+        return enClase(c, clase);
+      }
+    }
+    return igual(q, c);
+  }
+
+  static bool igual(QChar a, QChar b) { return a.toCaseFolded() == b.toCaseFolded(); }
+
+  static bool enClase(QChar c, QStringView clase) {
+    const bool no = clase.size() > 1 && (clase[0] == u'^' || clase[0] == u'!');
+    if (no) clase = clase.mid(1);
+    const QChar x = c.toCaseFolded();
+    for (qsizetype i = 0; i < clase.size(); ++i) {
+      const bool tramo = i + 2 < clase.size() && clase[i + 1] == u'-';
+      const QChar a = clase[i].toCaseFolded();
+      const QChar b = tramo ? clase[i + 2].toCaseFolded() : a;
+      if (x >= a && x <= b) return !no;
+      if (tramo) i += 2;
+    }
+    return no;
+  }
+
+  QStringView t_, p_;
+  bool jet_;
+  QChar escape_;
+};
+
+}  // namespace
+
+int compararTextosSql(QString a, QString b, bool sinFinales) {
+  if (sinFinales) {
+    while (a.endsWith(u' ')) a.chop(1);
+    while (b.endsWith(u' ')) b.chop(1);
+  }
+  if (a == b) return 0;
+  const QString fa = a.toCaseFolded();
+  const QString fb = b.toCaseFolded();
+  if (fa == fb) return 0;
+  const int orden = CompararEspanol(fa, fb);
+  return orden != 0 ? orden : fa.compare(fb);
+}
+
+bool pareceSql(QStringView texto, QStringView patron, Dialecto dialecto, QChar escape) {
+  return Parecido(texto, patron, dialecto == Dialecto::Jet, escape).correr();
+}
+
+int registrarFunciones(sqlite3* base, EntornoFunciones& entorno) {
+  int rc = SQLITE_OK;
+  for (const EntradaFuncion* tabla : {static_cast<const EntradaFuncion*>(kFunciones), funcionesDeFecha()}) {
+    for (const EntradaFuncion* f = tabla; f->nombre && rc == SQLITE_OK; ++f) {
+      const bool cambia = qstrcmp(f->nombre, "tp_ahora") == 0 || qstrcmp(f->nombre, "tp_hoy") == 0;
+      rc = sqlite3_create_function_v2(base, f->nombre, f->argumentos,
+                                      SQLITE_UTF8 | SQLITE_INNOCUOUS | (cambia ? 0 : SQLITE_DETERMINISTIC), &entorno,
+                                      f->funcion, nullptr, nullptr, nullptr);
+    }
+  }
+  if (rc != SQLITE_OK) return rc;
+  return sqlite3_create_collation_v2(base, "TARVO", SQLITE_UTF8, nullptr,
+                                     entorno.dialecto == Dialecto::Jet ? colacionJet : colacionTSql, nullptr);
+}

@@ -1,0 +1,49 @@
+#pragma once
+// The functions and the collation that the dialects need and the engine lacks. Their names begin with "tp_", since
+// several of the dialects' names mean something else there.
+#include <QDateTime>
+#include <QString>
+#include <functional>
+#include <optional>
+
+#include "platform/sql/token.h"
+
+struct sqlite3;
+struct sqlite3_context;
+struct sqlite3_value;
+
+// What the functions of one connection share; outlives the connection.
+struct EntornoFunciones {
+  Dialecto dialecto = Dialecto::Jet;
+  std::function<QDateTime()> ahora;
+};
+
+// Gives back an engine's code, 0 when all are in place.
+int registrarFunciones(sqlite3* base, EntornoFunciones& entorno);
+
+// Less, equal or more, as both dialects compare texts: without regard to case, with regard to accents, in Spanish
+// order. `sinFinales`: blanks at the end don't count.
+int compararTextosSql(QString a, QString b, bool sinFinales);
+
+// Whether `texto` is like `patron`: % and _, [a-z]; in Jet also *, ? and # (a digit). Case does not count.
+bool pareceSql(QStringView texto, QStringView patron, Dialecto dialecto, QChar escape = QChar());
+
+// The moment that a stored date or a date text (day/month/year) stands for.
+std::optional<QDateTime> leerInstante(const QString& texto);
+
+// Shared by the files of functions.
+using FuncionSql = void (*)(sqlite3_context*, int, sqlite3_value**);
+struct EntradaFuncion {
+  const char* nombre;
+  int argumentos;
+  FuncionSql funcion;
+};
+bool hayNulo(int n, sqlite3_value** v);
+QString textoDe(sqlite3_value* v);
+double numeroDe(sqlite3_value* v);
+void darTexto(sqlite3_context* c, const QString& texto);
+void darError(sqlite3_context* c, const QString& texto);
+EntornoFunciones& entornoDe(sqlite3_context* c);
+
+// The functions of dates (funciones_fecha.cpp), closed by a null name.
+const EntradaFuncion* funcionesDeFecha();

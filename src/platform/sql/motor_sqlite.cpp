@@ -1,0 +1,383 @@
+#include "platform/sql/motor_sqlite.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include "platform/sql/crear_sqlite.h"
+#include "platform/sql/errores_sqlite.h"
+
+namespace {
+
+constexpr int kEsperaBloqueo_ms = 5000;  // a backup or the support console may hold the file for a moment
+
+// A stored date, and nothing else: "YYYY-MM-DD hh:mm:ss".
+std::optional<QDateTime> fechaGuardada(const char* t, int largo) {
+  if (largo != 19) return {};
+  static const char kForma[] = "dddd-dd-dd dd:dd:dd";
+  int v[6] = {};
+  int campo = 0;
+  for (int i = 0; i < 19; ++i) {
+    if (kForma[i] != 'd') {
+      if (t[i] != kForma[i]) return {};
+      ++campo;
+    } else if (t[i] < '0' || t[i] > '9') {
+      return {};
+    } else {
+      v[campo] = v[campo] * 10 + (t[i] - '0');
+    }
+  }
+  const QDate d(v[0], v[1], v[2]);
+  const QTime h(v[3], v[4], v[5]);
+  if (!d.isValid() || !h.isValid()) return {};
+  return QDateTime(d, h);
+}
+
+QVariant celda(sqlite3_stmt* s, int i, bool fecha) {
+  switch (sqlite3_column_type(s, i)) {
+    case SQLITE_NULL: return {};
+    case SQLITE_INTEGER: return static_cast<qint64>(sqlite3_column_int64(s, i));
+    case SQLITE_FLOAT: return sqlite3_column_double(s, i);
+    default: break;
+  }
+  const auto* t = reinterpret_cast<const char*>(sqlite3_column_text(s, i));
+  const int largo = sqlite3_column_bytes(s, i);
+  if (fecha) {
+    if (const auto f = fechaGuardada(t, largo)) return *f;
+  }
+  return QString::fromUtf8(t, largo);
+}
+
+int ligarValor(sqlite3_stmt* s, int i, const QVariant& v) {
+  switch (v.typeId()) {
+    case QMetaType::UnknownType: return sqlite3_bind_null(s, i);
+    case QMetaType::Int:
+    case QMetaType::Bool:
+    case QMetaType::LongLong: return sqlite3_bind_int64(s, i, v.toLongLong());
+    case QMetaType::Double: return sqlite3_bind_double(s, i, v.toDouble());
+    case QMetaType::QDateTime: {
+      const QByteArray u = v.toDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toUtf8();
+      return sqlite3_bind_text(s, i, u.constData(), static_cast<int>(u.size()), SQLITE_TRANSIENT);
+    }
+    default: {
+      const QByteArray u = v.toString().toUtf8();
+      return sqlite3_bind_text(s, i, u.constData(), static_cast<int>(u.size()), SQLITE_TRANSIENT);
+    }
+  }
+}
+
+ErrorBD errorPropio(qint64 numero, const QString& palabras) { return {numero, 0, palabras}; }
+
+// The first bytes tell a database before anything opens the file for writing.
+std::optional<ErrorBD> revisarArchivo(const QString& archivo) {
+  const QFileInfo info(archivo);
+  if (!info.exists()) {
+    return errorPropio(kErrorGeneral, QStringLiteral("No se encuentra la base de datos '%1'.").arg(archivo));
+  }
+  QFile f(archivo);
+  if (!info.isFile() || !f.open(QIODevice::ReadOnly)) {
+    return errorPropio(kErrorGeneral, QStringLiteral("No se puede leer la base de datos '%1'.").arg(archivo));
+  }
+  static const QByteArray kFirma("SQLite format 3\0", 16);
+  if (f.read(16) == kFirma && f.size() >= 512) return {};
+  return errorPropio(kErrorGeneral,
+                     QStringLiteral("'%1' no es una base de datos: archivo truncado o de otro programa.").arg(archivo));
+}
+
+// A second statement behind a ";" would be lost.
+bool masDeUna(const std::vector<Token>& tokens) {
+  for (size_t i = 0; i + 1 < tokens.size(); ++i) {
+    if (tokens[i].op(u";") && !tokens[i + 1].op(u";") && tokens[i + 1].tipo != TipoToken::Fin) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+MotorSqlite::MotorSqlite(Dialecto dialecto, const OpcionesMotores& opciones)
+    : procedimientos_(opciones.procedimientos), interrumpir_(opciones.interrumpir) {
+  entorno_.dialecto = dialecto;
+  entorno_.ahora = opciones.ahora;
+}
+
+MotorSqlite::~MotorSqlite() {
+  formas_.vaciar();
+  sqlite3_close_v2(base_);
+}
+
+std::unique_ptr<MotorSqlite> MotorSqlite::abrir(const QString& archivo, Dialecto dialecto, int espera_ms,
+                                                const OpcionesMotores& opciones, ErrorBD& error) {
+  if (const auto e = revisarArchivo(archivo)) {
+    error = *e;
+    return {};
+  }
+  std::unique_ptr<MotorSqlite> m(new MotorSqlite(dialecto, opciones));
+  if (const auto e = m->preparar(archivo, espera_ms)) {
+    error = *e;
+    return {};
+  }
+  return m;
+}
+
+std::optional<ErrorBD> MotorSqlite::preparar(const QString& archivo, int espera_ms) {
+  const QByteArray ruta = archivo.toUtf8();
+  int rc = sqlite3_open_v2(ruta.constData(), &base_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  if (rc != SQLITE_OK) return errorDe(base_, rc);
+  sqlite3_extended_result_codes(base_, 1);
+  sqlite3_busy_timeout(base_, espera_ms);
+  sqlite3_db_config(base_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  sqlite3_db_config(base_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  sqlite3_db_config(base_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  sqlite3_db_config(base_, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_limit(base_, SQLITE_LIMIT_ATTACHED, 0);
+  // Reading the schema is what shows that the pages behind the first are those of a database.
+  if (auto e = directa("SELECT count(*) FROM sqlite_schema")) {
+    if ((e->nativo & 0xff) == SQLITE_BUSY) e->numero = kErrorTiempo;
+    return e;
+  }
+  for (const char* pragma : {"PRAGMA foreign_keys=OFF", "PRAGMA synchronous=FULL", "PRAGMA recursive_triggers=OFF"}) {
+    if (auto e = directa(pragma)) return e;
+  }
+  if (!entorno_.ahora) {
+    entorno_.ahora = [this] {
+      Recordset rs;
+      consultar(QStringLiteral("SELECT strftime('%Y-%m-%d %H:%M:%S','now','localtime')"), {}, rs);
+      return leerInstante(rs[0].toString()).value_or(QDateTime());
+    };
+  }
+  if (registrarFunciones(base_, entorno_) != SQLITE_OK) return errorDe(base_, SQLITE_ERROR);
+  if (auto e = registrarServidor()) return e;
+  if (interrumpir_) {
+    sqlite3_progress_handler(base_, 1000, [](void* yo) {
+      return static_cast<MotorSqlite*>(yo)->interrumpir_() ? 1 : 0;
+    }, this);
+  }
+  sqlite3_busy_timeout(base_, kEsperaBloqueo_ms);
+  return {};
+}
+
+// One function of the server as the engine calls it.
+struct FuncionRegistrada {
+  MotorSqlite* motor;
+  FuncionServidor funcion;
+
+  static void llamar(sqlite3_context* c, int n, sqlite3_value** v) {
+    auto* yo = static_cast<FuncionRegistrada*>(sqlite3_user_data(c));
+    QVariantList args;
+    for (int i = 0; i < n; ++i) {
+      switch (sqlite3_value_type(v[i])) {
+        case SQLITE_NULL: args << QVariant(); break;
+        case SQLITE_INTEGER: args << QVariant(static_cast<qint64>(sqlite3_value_int64(v[i]))); break;
+        case SQLITE_FLOAT: args << sqlite3_value_double(v[i]); break;
+        default: args << textoDe(v[i]);
+      }
+    }
+    QVariant valor;
+    if (const auto e = yo->funcion(*yo->motor, args, valor)) return darError(c, e->descripcion);
+    if (!valor.isValid()) sqlite3_result_null(c);
+    else if (valor.typeId() == QMetaType::Double) sqlite3_result_double(c, valor.toDouble());
+    else if (valor.canConvert<qint64>() && valor.typeId() != QMetaType::QString) sqlite3_result_int64(c, valor.toLongLong());
+    else darTexto(c, valor.toString());
+  }
+  static void soltar(void* yo) { delete static_cast<FuncionRegistrada*>(yo); }
+};
+
+std::optional<ErrorBD> MotorSqlite::registrarServidor() {
+  if (!procedimientos_ || entorno_.dialecto == Dialecto::Jet) return {};
+  const auto& funciones = procedimientos_->funciones();
+  for (auto f = funciones.cbegin(); f != funciones.cend(); ++f) {
+    auto* registrada = new FuncionRegistrada{this, f.value()};  // the engine lets go of it, also when this call fails
+    const int rc = sqlite3_create_function_v2(base_, f.key().toUtf8().constData(), -1, SQLITE_UTF8, registrada,
+                                              FuncionRegistrada::llamar, nullptr, nullptr, FuncionRegistrada::soltar);
+    if (rc != SQLITE_OK) return errorDe(base_, rc);
+  }
+  return {};
+}
+
+const Catalogo& MotorSqlite::catalogo() {
+  if (!catalogoLeido_) catalogo_.leer(base_);
+  catalogoLeido_ = true;
+  return catalogo_;
+}
+
+std::optional<ErrorBD> MotorSqlite::consultar(const QString& sql, Recordset& rs) {
+  rs.llenar({}, {});
+  return correr(sql, &rs, nullptr);
+}
+
+std::optional<ErrorBD> MotorSqlite::ejecutar(const QString& sql, qint64* afectadas) {
+  return correr(sql, nullptr, afectadas);
+}
+
+std::optional<ErrorBD> MotorSqlite::correr(const QString& sql, Recordset* rs, qint64* afectadas) {
+  if (entorno_.dialecto == Dialecto::TSql) {
+    if (const auto llamada = leerLlamada(sql)) return llamar(*llamada, rs);
+  }
+  return correrSentencia(sql, rs, afectadas, true);
+}
+
+std::optional<ErrorBD> MotorSqlite::correrSentencia(const QString& sql, Recordset* rs, qint64* afectadas,
+                                                    bool repetir) {
+  std::optional<ErrorBD> error;
+  bool catalogoDeAntes = catalogoLeido_;
+  const std::shared_ptr<Preparada> p = prepararForma(sql, error, catalogoDeAntes);
+  if (!p) {
+    // Another program may have changed the tables since they were read.
+    if (!error || !repetir || !catalogoDeAntes || error->nativo != SQLITE_ERROR) return error;
+    catalogoLeido_ = false;
+    formas_.vaciar();
+    return correrSentencia(sql, rs, afectadas, false);
+  }
+  error = ligar(*p, sql);
+  if (!error) error = recorrer(*p, rs, afectadas);
+  if (p->cambiaEsquema) {
+    catalogoLeido_ = false;
+    formas_.vaciar();
+  }
+  return error;
+}
+
+std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, std::optional<ErrorBD>& error, bool&) {
+  const std::vector<Token> tokens = separar(sql, entorno_.dialecto);
+  const QString forma = Formas::clave(sql, tokens, {});
+  if (const auto* fijos = formas_.fijos(forma)) {
+    auto p = formas_.buscar(fijos->empty() ? forma : Formas::clave(sql, tokens, *fijos));
+    if (p && !sqlite3_stmt_busy(p->sentencia)) return p;
+  }
+  if (masDeUna(tokens)) {
+    error = errorPropio(kErrorSentencia, QStringLiteral("Solo se puede ejecutar una sentencia a la vez."));
+    return {};
+  }
+  Edicion edicion(sql, entorno_.dialecto);
+  Reescritura r = reescribir(edicion, catalogo());
+  if (r.error) {
+    error = r.error;
+    return {};
+  }
+  auto p = std::make_shared<Preparada>();
+  p->literales = edicion.literales();
+  p->cambiaEsquema = r.cambiaEsquema;
+  const QByteArray texto = edicion.texto(false).toUtf8();
+  const int rc = sqlite3_prepare_v3(base_, texto.constData(), static_cast<int>(texto.size()), SQLITE_PREPARE_PERSISTENT,
+                                    &p->sentencia, nullptr);
+  if (rc != SQLITE_OK) {
+    error = errorDe(base_, rc);
+    return {};
+  }
+  if (!p->sentencia) {
+    error = errorPropio(kErrorSentencia, QStringLiteral("La sentencia está vacía."));
+    return {};
+  }
+  const int columnas = sqlite3_column_count(p->sentencia);
+  const bool conTipos = static_cast<int>(r.salida.size()) == columnas;
+  for (int i = 0; i < columnas; ++i) {
+    p->campos << QString::fromUtf8(sqlite3_column_name(p->sentencia, i));
+    const char* declarado = sqlite3_column_decltype(p->sentencia, i);
+    p->fechas.push_back((declarado && tipoDeclarado(QString::fromUtf8(declarado)) == Tipo::Fecha) ||
+                        (conTipos && r.salida[i].tipo == Tipo::Fecha));
+  }
+  std::vector<int> fijos;
+  for (size_t i = 0; i < p->literales.size(); ++i) {
+    if (!p->literales[i].ligado) fijos.push_back(static_cast<int>(i));
+  }
+  formas_.guardar(fijos.empty() ? forma : Formas::clave(sql, tokens, fijos), p);
+  formas_.recordarFijos(forma, std::move(fijos));
+  return p;
+}
+
+std::optional<ErrorBD> MotorSqlite::ligar(Preparada& p, const QString& sql) {
+  sqlite3_clear_bindings(p.sentencia);
+  if (p.literales.empty()) return {};
+  const std::vector<Token> tokens = separar(sql, entorno_.dialecto);
+  int parametro = 0;
+  for (const Literal& l : p.literales) {
+    const ValorLiteral v = leerLiteral(tokens[l.token], l.lectura, entorno_.dialecto);
+    if (v.error) return v.error;
+    if (!l.ligado) continue;
+    const int rc = ligarValor(p.sentencia, ++parametro, v.valor);
+    if (rc != SQLITE_OK) return errorDe(base_, rc);
+  }
+  return {};
+}
+
+// Reads all rows and finishes the statement, whatever comes of it: one left open would hold back later commits.
+std::optional<ErrorBD> MotorSqlite::recorrer(Preparada& p, Recordset* rs, qint64* afectadas) {
+  std::vector<std::vector<QVariant>> filas;
+  const int columnas = static_cast<int>(p.fechas.size());
+  int rc = SQLITE_ROW;
+  while ((rc = sqlite3_step(p.sentencia)) == SQLITE_ROW) {
+    if (!rs) continue;
+    std::vector<QVariant> fila;
+    fila.reserve(columnas);
+    for (int i = 0; i < columnas; ++i) fila.push_back(celda(p.sentencia, i, p.fechas[i]));
+    filas.push_back(std::move(fila));
+  }
+  std::optional<ErrorBD> error;
+  if (rc != SQLITE_DONE) error = errorDe(base_, rc);
+  const bool escribe = !sqlite3_stmt_readonly(p.sentencia);
+  sqlite3_reset(p.sentencia);
+  if (error) return error;
+  if (rs) rs->llenar(p.campos, std::move(filas));
+  if (afectadas) *afectadas = escribe && columnas == 0 ? sqlite3_changes64(base_) : 0;
+  return {};
+}
+
+std::optional<ErrorBD> MotorSqlite::llamar(const Llamada& llamada, Recordset* rs) {
+  if (llamada.error) return llamada.error;
+  const Procedimiento* p = procedimientos_ ? procedimientos_->procedimiento(llamada.nombre) : nullptr;
+  if (!p) {
+    return ErrorBD{kErrorSentencia, 2812,
+                   QStringLiteral("No se encuentra el procedimiento almacenado '%1'.").arg(llamada.nombre)};
+  }
+  if (const auto e = directa("SAVEPOINT procedimiento")) return e;
+  Recordset propio;
+  auto error = (*p)(*this, llamada.argumentos, rs ? *rs : propio);
+  if (error) {
+    directa("ROLLBACK TO procedimiento");
+    if (rs) rs->llenar({}, {});
+  }
+  if (const auto e = directa("RELEASE procedimiento"); e && !error) {
+    directa("ROLLBACK TO procedimiento");
+    directa("RELEASE procedimiento");
+    return e;
+  }
+  return error;
+}
+
+std::optional<ErrorBD> MotorSqlite::consultar(const QString& sql, const QVariantList& valores, Recordset& rs) {
+  Preparada p;
+  const QByteArray texto = sql.toUtf8();
+  int rc = sqlite3_prepare_v2(base_, texto.constData(), static_cast<int>(texto.size()), &p.sentencia, nullptr);
+  for (int i = 0; rc == SQLITE_OK && i < valores.size(); ++i) rc = ligarValor(p.sentencia, i + 1, valores[i]);
+  if (rc != SQLITE_OK) return errorDe(base_, rc);
+  const int columnas = sqlite3_column_count(p.sentencia);
+  for (int i = 0; i < columnas; ++i) {
+    p.campos << QString::fromUtf8(sqlite3_column_name(p.sentencia, i));
+    const char* declarado = sqlite3_column_decltype(p.sentencia, i);
+    p.fechas.push_back(declarado && tipoDeclarado(QString::fromUtf8(declarado)) == Tipo::Fecha);
+  }
+  return recorrer(p, &rs, nullptr);
+}
+
+std::optional<ErrorBD> MotorSqlite::ejecutar(const QString& sql, const QVariantList& valores, qint64* afectadas) {
+  Recordset rs;
+  auto error = consultar(sql, valores, rs);
+  if (!error && afectadas) *afectadas = sqlite3_changes64(base_);
+  return error;
+}
+
+std::optional<ErrorBD> MotorSqlite::directa(const char* sql) {
+  const int rc = sqlite3_exec(base_, sql, nullptr, nullptr, nullptr);
+  if (rc == SQLITE_OK) return {};
+  return errorDe(base_, rc);
+}
+
+std::optional<ErrorBD> MotorSqlite::iniciar() { return directa("BEGIN IMMEDIATE"); }
+std::optional<ErrorBD> MotorSqlite::confirmar() { return directa("COMMIT"); }
+std::optional<ErrorBD> MotorSqlite::deshacer() { return directa("ROLLBACK"); }
+
+QString MotorSqlite::traducir(const QString& sql) {
+  if (entorno_.dialecto == Dialecto::TSql && leerLlamada(sql)) return sql;
+  Edicion edicion(sql, entorno_.dialecto);
+  if (reescribir(edicion, catalogo()).error) return sql;
+  return edicion.texto(true);
+}

@@ -1,0 +1,51 @@
+#pragma once
+#include "platform/sql/formas.h"
+#include "platform/sql/funciones_sqlite.h"
+#include "platform/sql/motor.h"
+#include "platform/sql/procedimientos.h"
+
+// A SQLite file under either dialect.
+class MotorSqlite final : public Motor, public AccesoMotor {
+ public:
+  // Opens `archivo`, which must exist and be a SQLite database; nothing is written to one that isn't. Null on
+  // failure, with `error` filled.
+  static std::unique_ptr<MotorSqlite> abrir(const QString& archivo, Dialecto dialecto, int espera_ms,
+                                            const OpcionesMotores& opciones, ErrorBD& error);
+  ~MotorSqlite() override;
+  MotorSqlite(const MotorSqlite&) = delete;
+  MotorSqlite& operator=(const MotorSqlite&) = delete;
+
+  std::optional<ErrorBD> consultar(const QString& sql, Recordset& rs) override;
+  std::optional<ErrorBD> ejecutar(const QString& sql, qint64* afectadas) override;
+  std::optional<ErrorBD> iniciar() override;
+  std::optional<ErrorBD> confirmar() override;
+  std::optional<ErrorBD> deshacer() override;
+  QString traducir(const QString& sql) override;
+
+  // AccesoMotor: the engine's own language, for procedures.
+  std::optional<ErrorBD> consultar(const QString& sql, const QVariantList& valores, Recordset& rs) override;
+  std::optional<ErrorBD> ejecutar(const QString& sql, const QVariantList& valores, qint64* afectadas) override;
+  QDateTime ahora() const override { return entorno_.ahora(); }
+
+ private:
+  MotorSqlite(Dialecto dialecto, const OpcionesMotores& opciones);
+  std::optional<ErrorBD> preparar(const QString& archivo, int espera_ms);
+  std::optional<ErrorBD> registrarServidor();
+  std::optional<ErrorBD> correr(const QString& sql, Recordset* rs, qint64* afectadas);
+  std::optional<ErrorBD> correrSentencia(const QString& sql, Recordset* rs, qint64* afectadas, bool repetir);
+  std::optional<ErrorBD> llamar(const Llamada& llamada, Recordset* rs);
+  std::shared_ptr<Preparada> prepararForma(const QString& sql, std::optional<ErrorBD>& error, bool& deAntes);
+  std::optional<ErrorBD> ligar(Preparada& p, const QString& sql);
+  std::optional<ErrorBD> recorrer(Preparada& p, Recordset* rs, qint64* afectadas);
+  std::optional<ErrorBD> directa(const char* sql);
+  const Catalogo& catalogo();
+
+  friend struct FuncionRegistrada;
+  EntornoFunciones entorno_;
+  std::shared_ptr<const Procedimientos> procedimientos_;
+  std::function<bool()> interrumpir_;
+  Formas formas_{300};
+  Catalogo catalogo_;
+  bool catalogoLeido_ = false;
+  sqlite3* base_ = nullptr;
+};

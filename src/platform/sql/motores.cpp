@@ -1,0 +1,41 @@
+#include <QDir>
+
+#include "platform/sql/cadena_conexion.h"
+#include "platform/sql/motor_sqlite.h"
+
+namespace {
+
+class MotoresDelSistema final : public Motores {
+ public:
+  MotoresDelSistema(const QString& carpeta, const OpcionesMotores& opciones)
+      : carpeta_(carpeta), opciones_(opciones) {}
+
+  std::unique_ptr<Motor> abrir(const QString& cadena, int espera_ms, ErrorBD& error) override {
+    error = {};
+    const CadenaConexion c = leerCadenaConexion(cadena);
+    switch (c.tipo) {
+      case TipoMotor::Local:
+        return MotorSqlite::abrir(c.archivo, Dialecto::Jet, espera_ms, opciones_, error);
+      case TipoMotor::Embebido:
+        return MotorSqlite::abrir(QDir(carpeta_).filePath(c.archivo), Dialecto::TSql, espera_ms, opciones_, error);
+      case TipoMotor::Postgres:
+      case TipoMotor::SqlServer:
+        break;
+    }
+    error = {kErrorGeneral, 0,
+             c.servidor.isEmpty()
+                 ? QStringLiteral("La cadena de conexión no nombra ningún servidor.")
+                 : QStringLiteral("Este programa no tiene conector para el servidor '%1'.").arg(c.servidor)};
+    return {};
+  }
+
+ private:
+  QString carpeta_;
+  OpcionesMotores opciones_;
+};
+
+}  // namespace
+
+std::unique_ptr<Motores> motoresDelSistema(const QString& carpeta, const OpcionesMotores& opciones) {
+  return std::make_unique<MotoresDelSistema>(carpeta, opciones);
+}

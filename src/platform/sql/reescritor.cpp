@@ -1,0 +1,297 @@
+#include "platform/sql/reescritor.h"
+
+Reescritura reescribir(Edicion& edicion, const Catalogo& catalogo) { return Reescritor(edicion, catalogo).correr(); }
+
+Reescritura Reescritor::correr() {
+  Reescritura r;
+  if (es(u"SELECT") || tk(0).op(u"(")) {
+    r.salida = seleccion();
+  } else if (es(u"INSERT")) {
+    insertar();
+  } else if (es(u"UPDATE")) {
+    actualizar();
+  } else if (es(u"DELETE")) {
+    borrarFilas();
+  } else {
+    r.cambiaEsquema = es(u"CREATE") || es(u"ALTER") || es(u"DROP");
+    return r;
+  }
+  if (rendido_) {
+    r.error = ErrorBD{kErrorSentencia, 0, QStringLiteral("La sentencia es demasiado compleja.")};
+    return r;
+  }
+  while (comeOp(u";")) {
+  }
+  return r;
+}
+
+// SELECT ... [UNION [ALL] SELECT ...] [ORDER BY ...], and the closing parenthesis stays for the caller.
+std::vector<Columna> Reescritor::seleccion(const std::vector<Columna>* destino) {
+  const Nivel nivel(*this);
+  std::vector<Columna> salida;
+  bool primera = true;
+  while (!rendido_) {
+    if (tk(p_).op(u"(")) {
+      ++p_;
+      std::vector<Columna> de = seleccion(destino);
+      comeOp(u")");
+      if (primera) salida = std::move(de);
+    } else if (es(u"SELECT")) {
+      std::vector<Columna> de = nucleo(destino);
+      if (primera) {
+        salida = std::move(de);
+      } else if (de.size() == salida.size()) {
+        for (size_t i = 0; i < de.size(); ++i) salida[i].tipo = comun(salida[i].tipo, de[i].tipo);
+      }
+    }
+    primera = false;
+    if (!(come(u"UNION") || come(u"EXCEPT") || come(u"INTERSECT"))) break;
+    come(u"ALL");
+  }
+  return salida;
+}
+
+std::vector<Columna> Reescritor::nucleo(const std::vector<Columna>* destino) {
+  ++p_;
+  QString limite;
+  if (!come(u"DISTINCT") && !come(u"DISTINCTROW")) come(u"ALL");
+  const bool conTope = tope(limite);
+  const int lista = p_;
+  const int desde = buscarDesde(p_);
+
+  const bool ligableDeFuera = ligable_;
+  ambitos_.emplace_back();
+  std::vector<Columna> salida;
+  nucleoCompleto(lista, desde, salida, destino);
+  ambitos_.pop_back();
+  ligable_ = ligableDeFuera;
+
+  if (conTope && p_ > lista) e_.despues(p_ - 1, QStringLiteral(" LIMIT ") + limite);
+  return salida;
+}
+
+// The tables come first, since the list that stands before them speaks of their columns.
+void Reescritor::nucleoCompleto(int lista, int desde, std::vector<Columna>& salida,
+                                const std::vector<Columna>* destino) {
+  ligable_ = true;
+  p_ = desde;
+  if (come(u"FROM")) fuentes();
+  const int tras = p_;
+  p_ = lista;
+  ligable_ = false;
+  listaDeSalida(desde, salida, destino);
+  p_ = tras > desde ? tras : desde;
+  clausulas();
+}
+
+// TOP n before the list becomes LIMIT behind the whole.
+bool Reescritor::tope(QString& limite) {
+  if (!es(u"TOP")) return false;
+  const bool parentesis = tk(p_ + 1).op(u"(");
+  const int numero = parentesis ? p_ + 2 : p_ + 1;
+  if (tk(numero).tipo != TipoToken::Numero || tk(numero + 1).es(u"PERCENT")) return false;
+  limite = tk(numero).texto.toString();
+  const int fin = parentesis ? numero + 2 : numero + 1;
+  for (int i = p_; i < fin; ++i) e_.borrar(i);
+  p_ = fin;
+  return true;
+}
+
+// The FROM that belongs to the list at `i`, else where the list ends.
+int Reescritor::buscarDesde(int i) const {
+  int abiertos = 0;
+  for (; tk(i).tipo != TipoToken::Fin; ++i) {
+    if (tk(i).op(u"(")) ++abiertos;
+    if (tk(i).op(u")") && --abiertos < 0) return i;
+    if (abiertos > 0) continue;
+    if (tk(i).op(u";")) return i;
+    for (const QStringView palabra : {u"FROM", u"WHERE", u"UNION", u"EXCEPT", u"INTERSECT", u"ORDER"}) {
+      if (tk(i).es(palabra) && !tk(i - 1).op(u".")) return i;
+    }
+  }
+  return i;
+}
+
+void Reescritor::listaDeSalida(int fin, std::vector<Columna>& salida, const std::vector<Columna>* destino) {
+  while (p_ < fin && !rendido_) {
+    const int ini = p_;
+    // In T-SQL `name = expression` names the column; Jet compares.
+    int alias = -1;
+    if (!jet_ && (tk(p_).nombre() || tk(p_).tipo == TipoToken::Texto) && tk(p_ + 1).op(u"=")) {
+      alias = p_;
+      p_ += 2;
+    }
+    if (tk(p_).op(u"*")) {
+      todasLasColumnas(QString(), salida);
+      ++p_;
+    } else if (tk(p_).nombre() && tk(p_ + 1).op(u".") && tk(p_ + 2).op(u"*")) {
+      todasLasColumnas(contenido(tk(p_)), salida);
+      p_ += 3;
+    } else {
+      Nodo n = expresion();
+      if (n.vacio()) {
+        avanza();
+      } else {
+        if (destino && salida.size() < destino->size()) asignar((*destino)[salida.size()], n);
+        Columna c{n.nombre, n.tipo, n.sinCaso, n.columna};
+        if (alias >= 0) {
+          c.nombre = contenido(tk(alias));
+          QString citado = c.nombre;
+          citado.replace(u'"', QStringLiteral("\"\""));
+          e_.borrar(alias);
+          e_.borrar(alias + 1);
+          e_.despues(n.fin - 1, QStringLiteral(" AS \"") + citado + u'"');
+        } else if (come(u"AS") || tk(p_).nombre() || tk(p_).tipo == TipoToken::Texto) {
+          if (p_ < fin) c.nombre = contenido(tk(p_++));
+        }
+        salida.push_back(std::move(c));
+      }
+    }
+    while (p_ < fin && !tk(p_).op(u",") && !rendido_) {  // something unknown: on to the next item
+      if (tk(p_).op(u"(")) hastaCerrar(); else ++p_;
+    }
+    if (!comeOp(u",") && p_ == ini) ++p_;
+  }
+  p_ = fin;
+}
+
+void Reescritor::todasLasColumnas(const QString& alias, std::vector<Columna>& salida) const {
+  for (const Fuente& f : ambitos_.back().fuentes) {
+    if (!alias.isEmpty() && f.alias.compare(alias, Qt::CaseInsensitive) != 0) continue;
+    salida.insert(salida.end(), f.columnas.begin(), f.columnas.end());
+  }
+}
+
+// What follows the tables, up to the end of this selection.
+void Reescritor::clausulas() {
+  while (!fin() && !tk(p_).op(u")") && !tk(p_).op(u";")) {
+    if (es(u"UNION") || es(u"EXCEPT") || es(u"INTERSECT")) return;
+    if (come(u"WHERE")) {
+      ligable_ = true;
+      expresion();
+    } else if (come(u"HAVING")) {
+      ligable_ = false;
+      expresion();
+    } else if (es(u"GROUP") || es(u"ORDER")) {
+      ordenYGrupo();
+    } else if (const int antes = p_; tk(p_).op(u"(")) {
+      hastaCerrar();
+      if (p_ == antes) ++p_;
+    } else {
+      ++p_;
+    }
+  }
+}
+
+void Reescritor::ordenYGrupo() {
+  const bool orden = es(u"ORDER");
+  ++p_;
+  come(u"BY");
+  ligable_ = false;
+  do {
+    const Nodo n = expresion();
+    if (n.vacio()) return;
+    if (n.tipo == Tipo::Texto && n.literal < 0) {
+      // A list is read by people: Spanish order. A group is a matter of equality, which NOCASE columns have.
+      if (orden) {
+        e_.despues(n.fin - 1, QStringLiteral(" COLLATE TARVO"));
+      } else if (!n.sinCaso) {
+        e_.despues(n.fin - 1, QStringLiteral(" COLLATE TARVO"));
+      }
+    }
+    if (!come(u"ASC")) come(u"DESC");
+  } while (comeOp(u","));
+}
+
+void Reescritor::insertar() {
+  ++p_;
+  if (!come(u"INTO") && tk(p_).nombre()) e_.antes(p_, QStringLiteral("INTO "));
+  const Tabla* tabla = c_.tabla(nombreDeTabla());
+  const std::vector<Columna> columnas = columnasDeInsercion(tabla);
+  if (come(u"VALUES")) {
+    filasDeValores(columnas);
+  } else if (es(u"SELECT") || tk(p_).op(u"(")) {
+    seleccion(&columnas);
+  }
+}
+
+std::vector<Columna> Reescritor::columnasDeInsercion(const Tabla* tabla) {
+  if (!tk(p_).op(u"(") || tk(p_ + 1).es(u"SELECT")) return tabla ? tabla->columnas : std::vector<Columna>();
+  std::vector<Columna> columnas;
+  ++p_;
+  while (!fin() && !tk(p_).op(u")")) {
+    // A column may carry its table's name.
+    while (tk(p_ + 1).op(u".") && tk(p_).nombre()) {
+      e_.borrar(p_);
+      e_.borrar(p_ + 1);
+      p_ += 2;
+    }
+    Columna c;
+    c.nombre = contenido(tk(p_));
+    if (tabla) {
+      for (const Columna& de : tabla->columnas) {
+        if (de.nombre.compare(c.nombre, Qt::CaseInsensitive) == 0) c = de;
+      }
+    }
+    columnas.push_back(std::move(c));
+    ++p_;
+    comeOp(u",");
+  }
+  comeOp(u")");
+  return columnas;
+}
+
+void Reescritor::filasDeValores(const std::vector<Columna>& columnas) {
+  do {
+    if (!comeOp(u"(")) return;
+    ligable_ = true;
+    for (size_t i = 0; !fin() && !tk(p_).op(u")"); ++i) {
+      Nodo n = expresion();
+      if (n.vacio()) ++p_;
+      else if (i < columnas.size()) asignar(columnas[i], n);
+      comeOp(u",");
+    }
+    comeOp(u")");
+  } while (comeOp(u","));
+}
+
+void Reescritor::actualizar() {
+  ++p_;
+  ambitos_.emplace_back();
+  const QString nombre = nombreDeTabla();
+  const Tabla* tabla = c_.tabla(nombre);
+  agregarFuente(nombre, aliasDeFuente(true));
+  if (!come(u"SET")) return;
+  ligable_ = true;
+  do {
+    while (tk(p_ + 1).op(u".") && tk(p_).nombre()) {  // no prefix before the column that is set
+      e_.borrar(p_);
+      e_.borrar(p_ + 1);
+      p_ += 2;
+    }
+    if (!tk(p_).nombre() || !tk(p_ + 1).op(u"=")) break;
+    const QString col = contenido(tk(p_));
+    p_ += 2;
+    Nodo n = expresion();
+    if (n.vacio() || !tabla) continue;
+    for (const Columna& c : tabla->columnas) {
+      if (c.nombre.compare(col, Qt::CaseInsensitive) == 0) asignar(c, n);
+    }
+  } while (comeOp(u","));
+  if (come(u"FROM")) fuentes();
+  clausulas();
+}
+
+void Reescritor::borrarFilas() {
+  ++p_;
+  ambitos_.emplace_back();
+  if (tk(p_).op(u"*")) {
+    e_.borrar(p_++);
+  } else if (tk(p_).nombre() && tk(p_ + 1).op(u".") && tk(p_ + 2).op(u"*")) {
+    for (int i = 0; i < 3; ++i) e_.borrar(p_++);
+  }
+  if (!come(u"FROM") && tk(p_).nombre()) e_.antes(p_, QStringLiteral("FROM "));
+  const QString nombre = nombreDeTabla();
+  agregarFuente(nombre, aliasDeFuente(true));
+  clausulas();
+}

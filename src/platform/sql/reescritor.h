@@ -1,0 +1,126 @@
+#pragma once
+// The walk behind reescribir(). Positions are indexes of tokens; ranges are half open.
+#include "platform/sql/funciones_dialecto.h"
+#include "platform/sql/reescritura.h"
+
+// An expression that has been walked over.
+struct Nodo {
+  int ini = 0, fin = 0;
+  Tipo tipo = Tipo::Desconocido;
+  bool primario = false;  // a name, literal, call or parenthesis: binds tighter than any operator
+  int literal = -1;       // the token, when the expression is one literal, in parentheses or not
+  bool columna = false;   // a plain column
+  bool sinCaso = false;   // ... declared without regard to case
+  QString nombre{};       // ... and its name
+
+  bool vacio() const { return ini == fin; }
+};
+
+class Reescritor {
+ public:
+  Reescritor(Edicion& edicion, const Catalogo& catalogo)
+      : e_(edicion), c_(catalogo), t_(edicion.tokens()), jet_(edicion.dialecto() == Dialecto::Jet) {}
+
+  Reescritura correr();
+
+ private:
+  struct Fuente {
+    QString alias;
+    std::vector<Columna> columnas;
+  };
+  struct Ambito {
+    std::vector<Fuente> fuentes;
+  };
+  // Deeper statements than this pass on as they are, before the walk or the engine runs out of stack.
+  static constexpr int kHondo = 150;
+  struct Nivel {
+    explicit Nivel(Reescritor& r) : r_(r) { if (++r_.hondo_ > kHondo) r_.rendido_ = true; }
+    ~Nivel() { --r_.hondo_; }
+    Reescritor& r_;
+  };
+
+  // Sentences (reescritor.cpp)
+  std::vector<Columna> seleccion(const std::vector<Columna>* destino = nullptr);
+  std::vector<Columna> nucleo(const std::vector<Columna>* destino);
+  void nucleoCompleto(int lista, int desde, std::vector<Columna>& salida, const std::vector<Columna>* destino);
+  bool tope(QString& limite);
+  int buscarDesde(int i) const;
+  void listaDeSalida(int fin, std::vector<Columna>& salida, const std::vector<Columna>* destino);
+  void todasLasColumnas(const QString& alias, std::vector<Columna>& salida) const;
+  void ordenYGrupo();
+  void clausulas();
+  void insertar();
+  std::vector<Columna> columnasDeInsercion(const Tabla* tabla);
+  void filasDeValores(const std::vector<Columna>& columnas);
+  void actualizar();
+  void borrarFilas();
+
+  // FROM (reescritor_fuentes.cpp)
+  void fuentes();
+  void fuente();
+  void fuenteEntreParentesis();
+  bool sigueJuntura() const;
+  QString nombreDeTabla();
+  QString aliasDeFuente(bool pedirAs = false);
+  void sinPistas();
+  void agregarFuente(const QString& tabla, const QString& alias);
+
+  // Expressions (reescritor_expresiones.cpp)
+  Nodo expresion(int minima = 0);
+  Nodo unario();
+  Nodo primario();
+  Nodo parentesis();
+  Nodo nombreOLlamada();
+  Nodo caso();
+  Nodo binario(Nodo izq, int op, int precedencia);
+  Nodo predicado(Nodo izq, int op);
+  Nodo enLista(Nodo izq, int op);
+  int precedencia(int i, bool& predicado) const;
+  void hastaCerrar();
+  bool finDeExpresion(int i) const;
+
+  // Functions (funciones_dialecto.cpp)
+  Nodo llamada(int ini);
+  Nodo convertir(int ini);
+  Nodo moldear(int ini);
+  struct TipoSql {
+    Tipo tipo = Tipo::Desconocido;
+    QString largo, decimales;
+    int ini = 0, fin = 0;
+  };
+  TipoSql tipoSql();
+  QString funcionDeTipo(const TipoSql& tipo) const;
+
+  // Types (reescritor_tipos.cpp)
+  Tipo comun(Tipo a, Tipo b) const;
+  void comparar(Nodo& a, Nodo& b);
+  void compararTextos(Nodo& a, Nodo& b);
+  void unaFechaUnTexto(Nodo& otro);
+  void unNumeroUnTexto(Nodo& texto);
+  Nodo sumar(Nodo a, int op, Nodo b);
+  void comoTexto(const Nodo& n);
+  void asignar(const Columna& destino, Nodo& n);
+  void colacion(const Nodo& n, bool propia);
+  bool asciiLiteral(const Nodo& n) const;
+  const Columna* columna(const QString& alias, const QString& nombre) const;
+
+  // Tokens
+  const Token& tk(int i) const { return t_[static_cast<size_t>(i) < t_.size() ? i : t_.size() - 1]; }
+  bool es(QStringView palabra) const { return tk(p_).es(palabra); }
+  bool fin() const { return tk(p_).tipo == TipoToken::Fin || rendido_; }
+  bool come(QStringView palabra) { return es(palabra) && avanza(); }
+  bool comeOp(QStringView signo) { return tk(p_).op(signo) && avanza(); }
+  bool avanza() { if (tk(p_).tipo != TipoToken::Fin) ++p_; return true; }
+  // Literals of lists that the engine matches as text against others stay in the shape.
+  void ligar(int token);
+
+  Edicion& e_;
+  const Catalogo& c_;
+  const std::vector<Token>& t_;
+  bool jet_;
+  int p_ = 0;
+  int hondo_ = 0;
+  bool rendido_ = false;
+  bool ligable_ = false;
+  std::vector<Ambito> ambitos_;
+};

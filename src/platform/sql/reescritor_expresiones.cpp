@@ -1,0 +1,320 @@
+#include "platform/sql/reescritor.h"
+
+namespace {
+
+// Tightness of the operators; what stands higher binds tighter.
+enum Precedencia { kO = 1, kY, kNo, kComparar, kUnir, kSuma, kModulo, kDivisionEntera, kProducto };
+
+}  // namespace
+
+bool Reescritor::finDeExpresion(int i) const {
+  const Token& t = tk(i);
+  if (t.tipo == TipoToken::Fin) return true;
+  if (t.tipo != TipoToken::Nombre) return false;
+  if ((t.es(u"LEFT") || t.es(u"RIGHT")) && tk(i + 1).op(u"(")) return false;
+  for (const QStringView palabra :
+       {u"FROM", u"WHERE", u"GROUP", u"ORDER", u"HAVING", u"UNION", u"EXCEPT", u"INTERSECT", u"LIMIT", u"ON", u"AS",
+        u"SET", u"VALUES", u"INNER", u"LEFT", u"RIGHT", u"FULL", u"CROSS", u"JOIN", u"NATURAL", u"WHEN", u"THEN",
+        u"ELSE", u"END", u"ASC", u"DESC", u"INTO", u"BY", u"AND", u"OR", u"SELECT", u"BETWEEN", u"LIKE", u"IN", u"IS",
+        u"WITH", u"USING", u"ESCAPE"}) {
+    if (t.es(palabra)) return true;
+  }
+  return false;
+}
+
+// The tightness of the operator at `i`, 0 for none. `predicado`: LIKE, IN, BETWEEN, IS, with NOT or without.
+int Reescritor::precedencia(int i, bool& predicado) const {
+  predicado = false;
+  const Token& t = tk(i);
+  if (t.tipo == TipoToken::Operador) {
+    for (const QStringView s : {u"=", u"<>", u"<", u">", u"<=", u">=", u"!=", u"=="}) {
+      if (t.texto == s) return kComparar;
+    }
+    if (t.texto == u"&") return jet_ ? kUnir : kSuma;
+    if (t.texto == u"+" || t.texto == u"-" || t.texto == u"||") return kSuma;
+    if (t.texto == u"*" || t.texto == u"/" || (t.texto == u"%" && !jet_)) return kProducto;
+    if (t.texto == u"\\" && jet_) return kDivisionEntera;
+    return 0;
+  }
+  if (t.tipo != TipoToken::Nombre) return 0;
+  if (t.es(u"OR") || (jet_ && t.es(u"XOR"))) return kO;
+  if (t.es(u"AND")) return kY;
+  if (jet_ && t.es(u"MOD")) return kModulo;
+  const Token& p = t.es(u"NOT") ? tk(i + 1) : t;
+  predicado = p.es(u"LIKE") || p.es(u"IN") || p.es(u"BETWEEN") || t.es(u"IS");
+  return predicado ? kComparar : 0;
+}
+
+Nodo Reescritor::expresion(int minima) {
+  const Nivel nivel(*this);
+  if (rendido_) return {p_, p_};
+  Nodo izq = unario();
+  while (!rendido_ && !izq.vacio()) {
+    bool esPredicado = false;
+    const int prec = precedencia(p_, esPredicado);
+    if (prec == 0 || prec < minima) break;
+    const int op = p_;
+    izq = esPredicado ? predicado(izq, op) : binario(izq, op, prec);
+  }
+  return izq;
+}
+
+Nodo Reescritor::unario() {
+  const int ini = p_;
+  if (es(u"NOT")) {
+    ++p_;
+    expresion(kNo);
+    return {ini, p_, Tipo::Logico};
+  }
+  if (tk(p_).op(u"-") || tk(p_).op(u"+")) {
+    // Two signs in a row would begin a comment there.
+    if (tk(p_).op(u"-") && tk(p_ + 1).op(u"-")) e_.despues(p_, QStringLiteral(" "));
+    ++p_;
+    const Nodo n = expresion(kProducto + 1);
+    return {ini, p_, esNumerico(n.tipo) ? n.tipo : Tipo::Numero};
+  }
+  return primario();
+}
+
+Nodo Reescritor::binario(Nodo izq, int op, int prec) {
+  ++p_;
+  // "5--3" takes three away from five, and would begin a comment there.
+  if (tk(op).op(u"-") && tk(p_).op(u"-")) e_.despues(op, QStringLiteral(" "));
+  Nodo der = expresion(prec + 1);
+  Nodo n{izq.ini, p_};
+  if (der.vacio()) return n;
+  switch (prec) {
+    case kO:
+    case kY:
+      n.tipo = Tipo::Logico;
+      if (tk(op).es(u"XOR")) e_.reemplazar(op, QStringLiteral("<>"));
+      return n;
+    case kComparar:
+      comparar(izq, der);
+      n.tipo = Tipo::Logico;
+      return n;
+    case kUnir:
+      e_.antes(n.ini, QStringLiteral("tp_une("));
+      e_.reemplazar(op, QStringLiteral(","));
+      e_.despues(n.fin - 1, QStringLiteral(")"));
+      n.tipo = Tipo::Texto;
+      n.primario = true;
+      return n;
+    case kSuma:
+      return sumar(izq, op, der);
+    case kModulo:
+      e_.reemplazar(op, QStringLiteral("%"));
+      n.tipo = Tipo::Entero;
+      return n;
+    case kDivisionEntera:
+      e_.envolver(n.ini, n.fin, QStringLiteral("tp_dividir("));
+      e_.reemplazar(op, QStringLiteral(","));
+      n.tipo = Tipo::Entero;
+      n.primario = true;
+      return n;
+    default:
+      break;
+  }
+  if (tk(op).op(u"/") && jet_) {
+    if (izq.tipo != Tipo::Real && der.tipo != Tipo::Real) e_.reemplazar(op, QStringLiteral("*1.0/"));
+    n.tipo = Tipo::Real;
+  } else {
+    const bool enteros = izq.tipo == Tipo::Entero && der.tipo == Tipo::Entero;
+    const bool reales = izq.tipo == Tipo::Real || der.tipo == Tipo::Real;
+    n.tipo = enteros ? Tipo::Entero : reales ? Tipo::Real : Tipo::Numero;
+  }
+  return n;
+}
+
+Nodo Reescritor::predicado(Nodo izq, int op) {
+  Nodo n{izq.ini, p_, Tipo::Logico};
+  const bool negado = es(u"NOT");
+  if (negado) ++p_;
+  if (come(u"IS")) {
+    come(u"NOT");
+    primario();
+  } else if (come(u"BETWEEN")) {
+    Nodo desde = expresion(kUnir);
+    comparar(izq, desde);
+    if (come(u"AND")) {
+      Nodo hasta = expresion(kUnir);
+      comparar(izq, hasta);
+    }
+  } else if (come(u"IN")) {
+    return enLista(izq, op);
+  } else if (come(u"LIKE")) {
+    const int signo = p_ - 1;
+    const Nodo patron = expresion(kUnir);
+    if (patron.vacio()) return {izq.ini, p_, Tipo::Logico};
+    if (es(u"ESCAPE")) {
+      e_.reemplazar(p_, QStringLiteral(","));
+      ++p_;
+      expresion(kUnir);
+    }
+    e_.antes(izq.ini, negado ? QStringLiteral("(0 = tp_like(") : QStringLiteral("tp_like("));
+    if (negado) e_.borrar(op);
+    e_.reemplazar(signo, QStringLiteral(","));
+    e_.despues(p_ - 1, negado ? QStringLiteral("))") : QStringLiteral(")"));
+    n.primario = true;
+  }
+  n.fin = p_;
+  return n;
+}
+
+Nodo Reescritor::enLista(Nodo izq, int op) {
+  Nodo n{izq.ini, p_, Tipo::Logico};
+  if (!comeOp(u"(")) return n;
+  if (es(u"SELECT") || tk(p_).op(u"(")) {
+    const std::vector<Columna> de = seleccion();
+    const Tipo otro = de.empty() ? Tipo::Desconocido : de[0].tipo;
+    const bool textos = izq.tipo == Tipo::Texto && otro == Tipo::Texto;
+    if (textos && !izq.sinCaso) e_.despues(op - 1, QStringLiteral(" COLLATE TARVO"));
+  } else {
+    bool soloAscii = true;
+    while (!fin() && !tk(p_).op(u")")) {
+      Nodo v = expresion();
+      if (v.vacio()) {
+        ++p_;
+        continue;
+      }
+      soloAscii = soloAscii && asciiLiteral(v);
+      if (izq.tipo == Tipo::Fecha && v.tipo == Tipo::Texto) unaFechaUnTexto(v);
+      if (esNumerico(izq.tipo) && v.tipo == Tipo::Texto) unNumeroUnTexto(v);
+      comeOp(u",");
+    }
+    if (izq.tipo == Tipo::Texto && !(izq.sinCaso && soloAscii)) {
+      e_.despues(op - 1, izq.columna && soloAscii ? QStringLiteral(" COLLATE NOCASE")
+                                                  : QStringLiteral(" COLLATE TARVO"));
+    }
+  }
+  comeOp(u")");
+  n.fin = p_;
+  return n;
+}
+
+Nodo Reescritor::primario() {
+  if (fin() || finDeExpresion(p_)) return {p_, p_};
+  const int ini = p_;
+  const Token& t = tk(p_);
+  switch (t.tipo) {
+    case TipoToken::Texto:
+    case TipoToken::Fecha:
+    case TipoToken::Numero: {
+      ++p_;
+      ligar(ini);
+      Tipo tipo = t.tipo == TipoToken::Texto ? Tipo::Texto : Tipo::Fecha;
+      if (t.tipo == TipoToken::Numero) {
+        const bool entero = leerNumero(t.texto.toString()).typeId() == QMetaType::LongLong;
+        tipo = entero ? Tipo::Entero : Tipo::Real;
+      }
+      return {ini, p_, tipo, true, ini};
+    }
+    case TipoToken::Nombre:
+    case TipoToken::NombreCitado:
+      return nombreOLlamada();
+    default:
+      break;
+  }
+  if (t.op(u"(")) return parentesis();
+  if (t.op(u")") || t.op(u",") || t.op(u";")) return {p_, p_};
+  if (bool predicado = false; precedencia(p_, predicado) > 0) return {p_, p_};
+  ++p_;
+  return {ini, p_};
+}
+
+void Reescritor::ligar(int token) {
+  if (Literal* l = e_.literal(token); l && ligable_ && !tk(token).abierto) l->ligado = true;
+}
+
+Nodo Reescritor::parentesis() {
+  const int ini = p_++;
+  Nodo n{ini, ini};
+  if (es(u"SELECT")) {
+    const std::vector<Columna> de = seleccion();
+    if (!de.empty()) n.tipo = de[0].tipo;
+  } else {
+    const Nodo dentro = expresion();
+    n.tipo = dentro.tipo;
+    n.literal = dentro.literal;
+    while (comeOp(u",")) expresion();
+  }
+  if (!comeOp(u")")) {
+    hastaCerrar();
+  }
+  n.fin = p_ > ini ? p_ : ini + 1;
+  n.primario = true;
+  return n;
+}
+
+// Over whatever stands up to the parenthesis that closes here, which is passed too.
+void Reescritor::hastaCerrar() {
+  int abiertos = tk(p_).op(u"(") ? 0 : 1;
+  for (; tk(p_).tipo != TipoToken::Fin; ++p_) {
+    if (tk(p_).op(u"(")) ++abiertos;
+    if (tk(p_).op(u")") && --abiertos <= 0) {
+      ++p_;
+      return;
+    }
+  }
+}
+
+Nodo Reescritor::nombreOLlamada() {
+  const int ini = p_;
+  if (tk(p_).tipo == TipoToken::Nombre) {
+    if (es(u"CASE")) return caso();
+    if (es(u"NULL")) return ++p_, Nodo{ini, p_, Tipo::Nulo, true};
+    if (jet_ && (es(u"TRUE") || es(u"FALSE")) && !tk(p_ + 1).op(u".")) {
+      e_.reemplazar(p_, es(u"TRUE") ? QStringLiteral("-1") : QStringLiteral("0"));
+      return ++p_, Nodo{ini, p_, Tipo::Entero, true};
+    }
+    if (es(u"EXISTS") && tk(p_ + 1).op(u"(")) {
+      ++p_;
+      parentesis();
+      return {ini, p_, Tipo::Logico, true};
+    }
+  }
+  int ultimo = p_;
+  while (tk(ultimo + 1).op(u".") && tk(ultimo + 2).nombre()) ultimo += 2;
+  const bool llama = tk(ultimo + 1).op(u"(");
+  // The owner before a function or a table says nothing here.
+  if (!jet_ && ultimo > p_ && (llama || ultimo - p_ > 2)) {
+    for (int i = p_; i < (llama ? ultimo : ultimo - 2); ++i) e_.borrar(i);
+  }
+  p_ = ultimo;
+  if (llama && tk(ultimo).tipo == TipoToken::Nombre) {
+    Nodo n = llamada(ini);
+    n.ini = ini;
+    return n;
+  }
+  ++p_;
+  Nodo n{ini, p_, Tipo::Desconocido, true};
+  n.nombre = contenido(tk(ultimo));
+  const QString alias = ultimo > ini ? contenido(tk(ultimo - 2)) : QString();
+  if (const Columna* c = columna(alias, n.nombre)) {
+    n.tipo = c->tipo;
+    n.columna = c->real;
+    n.sinCaso = c->sinCaso;
+  }
+  return n;
+}
+
+Nodo Reescritor::caso() {
+  const int ini = p_++;
+  Nodo sujeto{p_, p_};
+  if (!es(u"WHEN")) sujeto = expresion();
+  Tipo tipo = Tipo::Nulo;
+  bool ascii = true;
+  while (come(u"WHEN") && !fin()) {
+    Nodo cuando = expresion();
+    if (!sujeto.vacio()) {
+      ascii = ascii && asciiLiteral(cuando);
+      if (sujeto.tipo == Tipo::Fecha && cuando.tipo == Tipo::Texto) unaFechaUnTexto(cuando);
+      if (esNumerico(sujeto.tipo) && cuando.tipo == Tipo::Texto) unNumeroUnTexto(cuando);
+    }
+    if (come(u"THEN")) tipo = comun(tipo, expresion().tipo);
+  }
+  if (come(u"ELSE")) tipo = comun(tipo, expresion().tipo);
+  come(u"END");
+  if (sujeto.tipo == Tipo::Texto && !(sujeto.sinCaso && ascii)) colacion(sujeto, true);
+  return {ini, p_, tipo, true};
+}

@@ -1,0 +1,101 @@
+#include "platform/sql/reescritor.h"
+
+void Reescritor::agregarFuente(const QString& tabla, const QString& alias) {
+  Fuente f;
+  f.alias = alias.isEmpty() ? tabla : alias;
+  if (const Tabla* t = c_.tabla(tabla)) f.columnas = t->columnas;
+  ambitos_.back().fuentes.push_back(std::move(f));
+}
+
+// A table's name without its owner or database: dbo.x and base..x are x. Gives the name, "" for none.
+QString Reescritor::nombreDeTabla() {
+  if (!tk(p_).nombre()) return {};
+  int ultimo = p_;
+  while (tk(ultimo + 1).op(u".")) {
+    int siguiente = ultimo + 2;
+    while (tk(siguiente).op(u".")) ++siguiente;
+    if (!tk(siguiente).nombre()) break;
+    ultimo = siguiente;
+  }
+  if (!jet_) {
+    for (int i = p_; i < ultimo; ++i) e_.borrar(i);
+  }
+  p_ = ultimo + 1;
+  return contenido(tk(ultimo));
+}
+
+// The alias that may follow a table. `pedirAs`: where the engine wants the AS that the dialects leave out.
+QString Reescritor::aliasDeFuente(bool pedirAs) {
+  const bool conAs = come(u"AS");
+  if (!tk(p_).nombre() || (!conAs && finDeExpresion(p_))) return {};
+  if (!conAs && pedirAs) e_.antes(p_, QStringLiteral("AS "));
+  return contenido(tk(p_++));
+}
+
+// Lock hints, which say nothing to this engine: WITH (NOLOCK), (NOLOCK).
+void Reescritor::sinPistas() {
+  const int ini = es(u"WITH") ? p_ + 1 : p_;
+  if (jet_ || !tk(ini).op(u"(") || !tk(ini + 1).nombre() || !tk(ini + 2).op(u")")) return;
+  for (int i = p_; i < ini + 3; ++i) e_.borrar(i);
+  p_ = ini + 3;
+}
+
+bool Reescritor::sigueJuntura() const {
+  for (const QStringView palabra : {u"INNER", u"LEFT", u"RIGHT", u"FULL", u"CROSS", u"JOIN", u"OUTER", u"NATURAL"}) {
+    if (tk(p_).es(palabra)) return true;
+  }
+  return false;
+}
+
+void Reescritor::fuentes() {
+  const Nivel nivel(*this);
+  fuente();
+  while (!fin()) {
+    if (comeOp(u",")) {
+      fuente();
+    } else if (sigueJuntura()) {
+      while (sigueJuntura()) ++p_;
+      fuente();
+    } else if (come(u"ON")) {
+      ligable_ = true;
+      expresion();
+    } else {
+      return;
+    }
+  }
+}
+
+void Reescritor::fuente() {
+  if (tk(p_).op(u"(")) {
+    fuenteEntreParentesis();
+    return;
+  }
+  const QString tabla = nombreDeTabla();
+  if (tabla.isEmpty()) return;
+  sinPistas();
+  const QString alias = aliasDeFuente();
+  sinPistas();
+  agregarFuente(tabla, alias);
+}
+
+void Reescritor::fuenteEntreParentesis() {
+  const int abre = p_++;
+  if (!es(u"SELECT")) {
+    fuentes();
+    if (!tk(p_).op(u")")) return;
+    // Joins lean to the left, so the parentheses round the first of them say nothing.
+    const bool primera = tk(abre - 1).es(u"FROM") || tk(abre - 1).op(u"(");
+    if (primera) {
+      e_.borrar(abre);
+      e_.borrar(p_);
+    }
+    ++p_;
+    return;
+  }
+  Fuente f;
+  f.columnas = seleccion();
+  for (Columna& c : f.columnas) c.real = false;
+  comeOp(u")");
+  f.alias = aliasDeFuente();
+  ambitos_.back().fuentes.push_back(std::move(f));
+}
