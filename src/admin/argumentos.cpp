@@ -1,6 +1,6 @@
 #include "admin/argumentos.h"
 
-std::optional<QString> LeerArgumentos(const QStringList& palabras, const FormaLlamada& forma, Argumentos& a) {
+std::optional<QString> LeerArgumentos(const QStringList& palabras, const FormaOrden& forma, Argumentos& a) {
   for (int i = 0; i < palabras.size(); ++i) {
     const QString& palabra = palabras[i];
     if (!palabra.startsWith(u"--")) {

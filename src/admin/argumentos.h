@@ -13,11 +13,11 @@ struct Argumentos {
 };
 
 // What a subcommand takes: the number of places, and its options by name.
-struct FormaLlamada {
+struct FormaOrden {
   int lugaresMinimo = 0, lugaresMaximo = 0;
   QStringList conValor, interruptores;
 };
 
 // Takes `palabras` apart; "--x valor" and "--x=valor" are both understood, "-" alone is a place. Gives Spanish words of
 // what is wrong: an unknown option, one told twice or without its value, too few or too many places.
-std::optional<QString> LeerArgumentos(const QStringList& palabras, const FormaLlamada& forma, Argumentos& a);
+std::optional<QString> LeerArgumentos(const QStringList& palabras, const FormaOrden& forma, Argumentos& a);

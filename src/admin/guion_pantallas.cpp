@@ -197,6 +197,15 @@ void PantallasGuion::activar() const {
   QApplication::setActiveWindow(w);  // at once, also where no window manager answers
 }
 
+bool PantallasGuion::botonHundido() const {
+  for (const auto& f : formas_) {
+    if (!f || !f->isVisible()) continue;
+    for (const QAbstractButton* b : f->findChildren<QAbstractButton*>())
+      if (b->isDown() && b->isVisible()) return true;
+  }
+  return false;
+}
+
 void PantallasGuion::cerrarDesplegables() {
   for (int i = 0; i < 10; ++i) {
     QWidget* p = QApplication::activePopupWidget();

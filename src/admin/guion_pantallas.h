@@ -37,6 +37,8 @@ class PantallasGuion final : public QObject {
   QString nombreActiva() const;
   // Gives the active screen the keyboard where no window or another one has it.
   void activar() const;
+  // Whether a button of a visible form is held down at present, as one is for a moment when a key presses it.
+  bool botonHundido() const;
   // Closes menus and lists that hang open.
   static void cerrarDesplegables();
 

@@ -6,6 +6,7 @@
 namespace {
 
 constexpr int kReintento_ms = 20;
+constexpr int kBotonHundido_ms = 1'000;  // one that stays down longer hangs on its menu
 constexpr int kTurnosDeReposo = 2;  // what the first one sets off, such as a repaint, has been done by the second
 
 int nivelDeBucle() { return QThread::currentThread()->loopLevel(); }
@@ -37,6 +38,7 @@ void ReproductorGuion::turno() {
   // A routine that only lets events run has not come to rest.
   if (!niveles_.empty() && nivelDeBucle() <= niveles_.back()) return armar(kReintento_ms);
   if (!pasos_.empty()) return darPaso();
+  if (botonPorSoltar()) return armar(kReintento_ms);
   if (!accionAcabada()) return armar(0);
   if (acabando_) return QCoreApplication::exit(0);
   try {
@@ -50,6 +52,7 @@ void ReproductorGuion::darPaso() {
   PasoGuion paso = std::move(pasos_.front());
   pasos_.pop_front();
   reposo_ = 0;
+  plazoBoton_ = QDeadlineTimer(kBotonHundido_ms);
   armar(0);
   const quint64 armado = turno_;
   // The play has gone on inside the step: its action is over, whatever the step finds when its screen closes.
@@ -65,6 +68,13 @@ void ReproductorGuion::darPaso() {
     if (!superado()) fallar(e);
   }
   niveles_.pop_back();
+}
+
+// A key presses a button for a tenth of a second; its click comes when it is let go.
+bool ReproductorGuion::botonPorSoltar() {
+  if (!enAccion_ || plazoBoton_.hasExpired() || !escena_.pantallas.botonHundido()) return false;
+  reposo_ = 0;
+  return true;
 }
 
 bool ReproductorGuion::accionAcabada() {

@@ -1,5 +1,6 @@
 #pragma once
 // Plays a screenplay: takes lines as they come, runs their steps between events and writes "ok" for each action.
+#include <QDeadlineTimer>
 #include <deque>
 
 #include "admin/guion_acciones.h"
@@ -20,6 +21,7 @@ class ReproductorGuion final : public QObject {
   void armar(int ms);
   void turno();
   void darPaso();
+  bool botonPorSoltar();
   // True when the action under way, if any, is over.
   bool accionAcabada();
   // Takes lines up to the next action. False while none has come.
@@ -37,6 +39,7 @@ class ReproductorGuion final : public QObject {
   bool acabando_ = false;     // the lines are used up
   bool esperandoLinea_ = false;
   int reposo_ = 0;            // turns at rest since the last step
+  QDeadlineTimer plazoBoton_;
   int linea_ = 0;             // of the action under way
   quint64 turno_ = 0;         // only the turn armed last counts
 };

@@ -4,8 +4,6 @@
 #include "admin/demo.h"
 #include "admin/guion.h"
 #include "admin/guion_lexico.h"
-#include "admin/demo.h"
-#include "admin/guion.h"
 #include "admin/ordenes.h"
 
 namespace {

@@ -54,7 +54,7 @@ void Quejarse(const QString& linea) { escribir(stderr, linea); }
 
 int ordenCrearPuesto(const QStringList& palabras) {
   Argumentos a;
-  const FormaLlamada forma{1, 1,
+  const FormaOrden forma{1, 1,
                     {QStringLiteral("--caja"), QStringLiteral("--almacen"), QStringLiteral("--servicio"),
                      QStringLiteral("--central"), QStringLiteral("--cliente"), QStringLiteral("--usuario"),
                      QStringLiteral("--clave")},
@@ -111,7 +111,7 @@ int ordenVerificar(const QStringList& palabras) {
 
 int ordenSql(const QStringList& palabras) {
   Argumentos a;
-  const FormaLlamada forma{0, 0, {QStringLiteral("--puesto"), QStringLiteral("--base")}, {QStringLiteral("--traducir")}};
+  const FormaOrden forma{0, 0, {QStringLiteral("--puesto"), QStringLiteral("--base")}, {QStringLiteral("--traducir")}};
   if (const auto error = LeerArgumentos(palabras, forma, a)) return malUso(*error);
   const QHash<QString, BasePuesto> bases{{QStringLiteral("local"), BasePuesto::Local},
                                          {QStringLiteral("central"), BasePuesto::Central},

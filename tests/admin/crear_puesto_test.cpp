@@ -165,7 +165,7 @@ TEST(ClaveAlAzarPrueba, IsNewEachTime) {
 }
 
 TEST(ArgumentosPrueba, WordsComeApart) {
-  const FormaLlamada forma{1, 2, {u8("--caja"), u8("--clave")}, {u8("--demo")}};
+  const FormaOrden forma{1, 2, {u8("--caja"), u8("--clave")}, {u8("--demo")}};
   const struct { const char *porque, *palabras, *sale; } kCasos[] = {
       {"places and options in any order", "a --caja 1 b --demo", "a,b caja=1 demo"},
       {"a value with a sign", "a --clave=--x=y", "a clave=--x=y"},
