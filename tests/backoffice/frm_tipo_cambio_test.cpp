@@ -15,6 +15,7 @@ void enElDetalle(std::function<void(QWidget&)> f) {
     QWidget* detalle = QApplication::activeModalWidget();
     ASSERT_NE(nullptr, detalle);
     EXPECT_EQ("frmTipoCambio", detalle->objectName());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(detalle));
     f(*detalle);
   }, Qt::QueuedConnection);
 }
