@@ -17,7 +17,6 @@ struct Preparada {
 
   sqlite3_stmt* sentencia = nullptr;
   std::vector<Literal> literales;
-  std::vector<Tipo> salida;   // by column of the result; empty when it couldn't be told
   std::vector<bool> fechas;   // columns that come back as dates
   QStringList campos;
   bool cambiaEsquema = false;

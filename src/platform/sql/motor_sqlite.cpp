@@ -212,21 +212,13 @@ std::optional<ErrorBD> MotorSqlite::correr(const QString& sql, Recordset* rs, qi
   if (entorno_.dialecto == Dialecto::TSql) {
     if (const auto llamada = leerLlamada(sql)) return llamar(*llamada, rs);
   }
-  return correrSentencia(sql, rs, afectadas, true);
+  return correrSentencia(sql, rs, afectadas);
 }
 
-std::optional<ErrorBD> MotorSqlite::correrSentencia(const QString& sql, Recordset* rs, qint64* afectadas,
-                                                    bool repetir) {
+std::optional<ErrorBD> MotorSqlite::correrSentencia(const QString& sql, Recordset* rs, qint64* afectadas) {
   std::optional<ErrorBD> error;
-  bool catalogoDeAntes = catalogoLeido_;
-  const std::shared_ptr<Preparada> p = prepararForma(sql, error, catalogoDeAntes);
-  if (!p) {
-    // Another program may have changed the tables since they were read.
-    if (!error || !repetir || !catalogoDeAntes || error->nativo != SQLITE_ERROR) return error;
-    catalogoLeido_ = false;
-    formas_.vaciar();
-    return correrSentencia(sql, rs, afectadas, false);
-  }
+  const std::shared_ptr<Preparada> p = prepararForma(sql, error);
+  if (!p) return error;
   error = ligar(*p, sql);
   if (!error) error = recorrer(*p, rs, afectadas);
   if (p->cambiaEsquema) {
@@ -236,7 +228,7 @@ std::optional<ErrorBD> MotorSqlite::correrSentencia(const QString& sql, Recordse
   return error;
 }
 
-std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, std::optional<ErrorBD>& error, bool&) {
+std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, std::optional<ErrorBD>& error) {
   const std::vector<Token> tokens = separar(sql, entorno_.dialecto);
   const QString forma = Formas::clave(sql, tokens, {});
   if (const auto* fijos = formas_.fijos(forma)) {
@@ -247,16 +239,22 @@ std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, std::o
     error = errorPropio(kErrorSentencia, QStringLiteral("Solo se puede ejecutar una sentencia a la vez."));
     return {};
   }
-  Edicion edicion(sql, entorno_.dialecto);
-  Reescritura r = reescribir(edicion, catalogo());
+  std::optional<Edicion> edicion(std::in_place, sql, entorno_.dialecto);
+  const bool catalogoDeAntes = catalogoLeido_;
+  Reescritura r = reescribir(*edicion, catalogo());
+  if (r.tablaAjena && catalogoDeAntes) {  // another program may have made it since the tables were read
+    catalogoLeido_ = false;
+    edicion.emplace(sql, entorno_.dialecto);
+    r = reescribir(*edicion, catalogo());
+  }
   if (r.error) {
     error = r.error;
     return {};
   }
   auto p = std::make_shared<Preparada>();
-  p->literales = edicion.literales();
+  p->literales = edicion->literales();
   p->cambiaEsquema = r.cambiaEsquema;
-  const QByteArray texto = edicion.texto(false).toUtf8();
+  const QByteArray texto = edicion->texto(false).toUtf8();
   const int rc = sqlite3_prepare_v3(base_, texto.constData(), static_cast<int>(texto.size()), SQLITE_PREPARE_PERSISTENT,
                                     &p->sentencia, nullptr);
   if (rc != SQLITE_OK) {

@@ -32,9 +32,9 @@ class MotorSqlite final : public Motor, public AccesoMotor {
   std::optional<ErrorBD> preparar(const QString& archivo, int espera_ms);
   std::optional<ErrorBD> registrarServidor();
   std::optional<ErrorBD> correr(const QString& sql, Recordset* rs, qint64* afectadas);
-  std::optional<ErrorBD> correrSentencia(const QString& sql, Recordset* rs, qint64* afectadas, bool repetir);
+  std::optional<ErrorBD> correrSentencia(const QString& sql, Recordset* rs, qint64* afectadas);
   std::optional<ErrorBD> llamar(const Llamada& llamada, Recordset* rs);
-  std::shared_ptr<Preparada> prepararForma(const QString& sql, std::optional<ErrorBD>& error, bool& deAntes);
+  std::shared_ptr<Preparada> prepararForma(const QString& sql, std::optional<ErrorBD>& error);
   std::optional<ErrorBD> ligar(Preparada& p, const QString& sql);
   std::optional<ErrorBD> recorrer(Preparada& p, Recordset* rs, qint64* afectadas);
   std::optional<ErrorBD> directa(const char* sql);

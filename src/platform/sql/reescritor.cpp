@@ -1,5 +1,7 @@
 #include "platform/sql/reescritor.h"
 
+#include <utility>
+
 Reescritura reescribir(Edicion& edicion, const Catalogo& catalogo) { return Reescritor(edicion, catalogo).correr(); }
 
 Reescritura Reescritor::correr() {
@@ -20,9 +22,15 @@ Reescritura Reescritor::correr() {
     r.error = ErrorBD{kErrorSentencia, 0, QStringLiteral("La sentencia es demasiado compleja.")};
     return r;
   }
-  while (comeOp(u";")) {
-  }
+  r.tablaAjena = tablaAjena_;
   return r;
+}
+
+// The catalogue's table; one that it lacks is noted, since another program may have made it meanwhile.
+const Tabla* Reescritor::buscarTabla(const QString& nombre) {
+  const Tabla* t = c_.tabla(nombre);
+  if (!t && !nombre.isEmpty()) tablaAjena_ = true;
+  return t;
 }
 
 // SELECT ... [UNION [ALL] SELECT ...] [ORDER BY ...], and the closing parenthesis stays for the caller.
@@ -54,7 +62,8 @@ std::vector<Columna> Reescritor::seleccion(const std::vector<Columna>* destino) 
 std::vector<Columna> Reescritor::nucleo(const std::vector<Columna>* destino) {
   ++p_;
   QString limite;
-  if (!come(u"DISTINCT") && !come(u"DISTINCTROW")) come(u"ALL");
+  const bool distinto = come(u"DISTINCT") || come(u"DISTINCTROW");
+  if (!distinto) come(u"ALL");
   const bool conTope = tope(limite);
   const int lista = p_;
   const int desde = buscarDesde(p_);
@@ -62,7 +71,9 @@ std::vector<Columna> Reescritor::nucleo(const std::vector<Columna>* destino) {
   const bool ligableDeFuera = ligable_;
   ambitos_.emplace_back();
   std::vector<Columna> salida;
+  const bool distintoDeFuera = std::exchange(distinto_, distinto);
   nucleoCompleto(lista, desde, salida, destino);
+  distinto_ = distintoDeFuera;
   ambitos_.pop_back();
   ligable_ = ligableDeFuera;
 
@@ -134,6 +145,11 @@ void Reescritor::listaDeSalida(int fin, std::vector<Columna>& salida, const std:
       } else {
         if (destino && salida.size() < destino->size()) asignar((*destino)[salida.size()], n);
         Columna c{n.nombre, n.tipo, n.sinCaso, n.columna};
+        if (distinto_ && n.tipo == Tipo::Texto && !n.sinCaso && n.literal < 0) {
+          colacion(n, true);
+          const bool conNombre = alias >= 0 || es(u"AS") || (tk(p_).nombre() && !finDeExpresion(p_));
+          if (n.columna && !conNombre) e_.despues(n.fin - 1, QStringLiteral(" AS ") + tk(n.fin - 1).texto.toString());
+        }
         if (alias >= 0) {
           c.nombre = contenido(tk(alias));
           QString citado = c.nombre;
@@ -206,7 +222,7 @@ void Reescritor::ordenYGrupo() {
 void Reescritor::insertar() {
   ++p_;
   if (!come(u"INTO") && tk(p_).nombre()) e_.antes(p_, QStringLiteral("INTO "));
-  const Tabla* tabla = c_.tabla(nombreDeTabla());
+  const Tabla* tabla = buscarTabla(nombreDeTabla());
   const std::vector<Columna> columnas = columnasDeInsercion(tabla);
   if (come(u"VALUES")) {
     filasDeValores(columnas);
@@ -259,7 +275,7 @@ void Reescritor::actualizar() {
   ++p_;
   ambitos_.emplace_back();
   const QString nombre = nombreDeTabla();
-  const Tabla* tabla = c_.tabla(nombre);
+  const Tabla* tabla = buscarTabla(nombre);
   agregarFuente(nombre, aliasDeFuente(true));
   if (!come(u"SET")) return;
   ligable_ = true;

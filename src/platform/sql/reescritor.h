@@ -63,6 +63,7 @@ class Reescritor {
   QString nombreDeTabla();
   QString aliasDeFuente(bool pedirAs = false);
   void sinPistas();
+  const Tabla* buscarTabla(const QString& nombre);
   void agregarFuente(const QString& tabla, const QString& alias);
 
   // Expressions (reescritor_expresiones.cpp)
@@ -111,7 +112,7 @@ class Reescritor {
   bool come(QStringView palabra) { return es(palabra) && avanza(); }
   bool comeOp(QStringView signo) { return tk(p_).op(signo) && avanza(); }
   bool avanza() { if (tk(p_).tipo != TipoToken::Fin) ++p_; return true; }
-  // Literals of lists that the engine matches as text against others stay in the shape.
+  // A literal is bound only where the walk has set ligable_: elsewhere the engine matches expressions by their text.
   void ligar(int token);
 
   Edicion& e_;
@@ -122,5 +123,7 @@ class Reescritor {
   int hondo_ = 0;
   bool rendido_ = false;
   bool ligable_ = false;
+  bool distinto_ = false;   // the list at hand is of a SELECT DISTINCT
+  bool tablaAjena_ = false;
   std::vector<Ambito> ambitos_;
 };

@@ -1,0 +1,189 @@
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QElapsedTimer>
+#include <csignal>
+
+#include "sql_banco.h"
+
+namespace {
+
+const QStringList kTabla = {u8("CREATE TABLE T (id INTEGER PRIMARY KEY, nombre TEXT COLLATE NOCASE UNIQUE, f DATETIME)")};
+
+TEST(Motor, TellsFailuresByNumber) {
+  Banco b(true, kTabla);
+  ASSERT_FALSE(b.cnn.ejecutar(u8("INSERT INTO T VALUES (1,'a',NULL)")));
+  const struct { const char *porque, *sql; qint64 numero; int nativo; } kCasos[] = {
+      {"a key twice", "INSERT INTO T VALUES (1,'b',NULL)", kErrorSentencia, kNativoClaveDuplicada},
+      {"a unique text twice, other case", "INSERT INTO T VALUES (2,'A',NULL)", kErrorSentencia, kNativoClaveDuplicada},
+      {"no such table", "SELECT * FROM Nada", kErrorSentencia, 1},
+      {"no such column", "UPDATE T SET nada=1", kErrorSentencia, 1},
+      {"no statement", "SELEC 1", kErrorSentencia, 1},
+      {"a text without end", "SELECT 'abc", kErrorSentencia, 1},
+      {"too few parentheses", "SELECT (1", kErrorSentencia, 1},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    Recordset rs;
+    rs.llenar({u8("x")}, {{QVariant(1)}});
+    qint64 afectadas = 77;
+    const auto e = b.cnn.ejecutar(u8(c.sql), &afectadas);
+    ASSERT_TRUE(e);
+    EXPECT_EQ(c.numero, e->numero);
+    EXPECT_EQ(c.nativo, e->nativo);
+    EXPECT_FALSE(e->descripcion.isEmpty());
+    EXPECT_EQ(77, afectadas);
+    EXPECT_TRUE(b.cnn.consultar(u8(c.sql), rs));
+    EXPECT_EQ(0, rs.RecordCount());
+  }
+  EXPECT_EQ("1|a|Null", b.respuesta("SELECT * FROM T"));
+  qint64 afectadas = 0;
+  EXPECT_FALSE(b.cnn.ejecutar(u8("UPDATE T SET nombre='z' WHERE id < 5"), &afectadas));
+  EXPECT_EQ(1, afectadas);
+}
+
+TEST(Motor, OpensOnlyWhatIsADatabase) {
+  Banco b(true, kTabla);
+  const auto abrir = [&](const QString& archivo) {
+    Conexion c;
+    const auto e = c.abrir(*b.motores, u8("driver={Microsoft Access Driver (*.mdb)};Password=x;DBQ=") + archivo, 100);
+    return e ? e->descripcion : QString();
+  };
+  EXPECT_EQ(QString(), abrir(b.archivo()));
+  const QString falta = b.carpeta.filePath(u8("falta.mdb"));
+  EXPECT_TRUE(abrir(falta).contains(u8("No se encuentra")));
+  EXPECT_FALSE(QFile::exists(falta)) << "opening never creates";
+  QFile original(b.archivo());
+  ASSERT_TRUE(original.open(QIODevice::ReadOnly));
+  const QByteArray bueno = original.readAll();
+  const struct { const char* porque; QByteArray bytes; } kAjenos[] = {
+      {"empty", {}}, {"text", "hola"}, {"cut in the header", bueno.left(60)}, {"cut behind the first page", bueno.left(4096)},
+      {"header, then noise", bueno.left(100) + QByteArray(8092, 'x')}};
+  for (const auto& a : kAjenos) {
+    SCOPED_TRACE(a.porque);
+    const QString ruta = b.carpeta.filePath(u8("ajeno.mdb"));
+    QFile f(ruta);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(a.bytes);
+    f.close();
+    EXPECT_FALSE(abrir(ruta).isEmpty());
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    EXPECT_EQ(a.bytes, f.readAll()) << "a foreign file is left as it is";
+    f.close();
+    f.remove();
+  }
+  Conexion c;
+  for (const char* servidor : {"Data Source=postgres:uno:5432", "Data Source=SRV01", ""}) {
+    const auto e = c.abrir(*b.motores, u8("Provider=SQLOLEDB.1;") + u8(servidor), 100);
+    ASSERT_TRUE(e);
+    EXPECT_EQ(kErrorGeneral, e->numero);
+  }
+}
+
+TEST(Motor, MakingAFileLeavesAllOrNothing) {
+  QTemporaryDir d;
+  const QString ruta = d.filePath(u8("x.db"));
+  EXPECT_TRUE(crearBaseSqlite(ruta, {u8("CREATE TABLE a (b)"), u8("CREATE TABL c")}));
+  EXPECT_TRUE(QDir(d.path()).isEmpty());
+  EXPECT_FALSE(crearBaseSqlite(ruta, {u8("CREATE TABLE a (b)")}));
+  EXPECT_TRUE(crearBaseSqlite(ruta, {u8("CREATE TABLE a (b)")})) << "a file that is there stays";
+  EXPECT_EQ(1, QDir(d.path()).entryList(QDir::Files).size());
+}
+
+TEST(Motor, TransactionsHoldTogether) {
+  Banco b(true, kTabla);
+  ASSERT_FALSE(b.cnn.iniciar());
+  EXPECT_TRUE(b.cnn.iniciar()) << "no transaction inside another";
+  ASSERT_FALSE(b.cnn.ejecutar(u8("INSERT INTO T VALUES (1,'a',NULL)")));
+  EXPECT_TRUE(b.cnn.ejecutar(u8("INSERT INTO T VALUES (1,'b',NULL)")));
+  EXPECT_EQ("1", b.respuesta("SELECT COUNT(*) FROM T")) << "a failed statement takes only itself back";
+  ASSERT_FALSE(b.cnn.deshacer());
+  EXPECT_EQ("0", b.respuesta("SELECT COUNT(*) FROM T"));
+  EXPECT_TRUE(b.cnn.confirmar());
+  ASSERT_FALSE(b.cnn.iniciar());
+  ASSERT_FALSE(b.cnn.ejecutar(u8("INSERT INTO T VALUES (2,'b',NULL)")));
+  ASSERT_FALSE(b.cnn.confirmar());
+  EXPECT_EQ("2", b.respuesta("SELECT id FROM T"));
+}
+
+// A query that was not read to its end would hold the insert back from the disk. SIGKILL does not try the flush
+// itself: the operating system lives on.
+TEST(Motor, TheFirstInsertSurvivesAKill) {
+  QTemporaryDir d;
+  const QString ruta = d.filePath(u8("x.db"));
+  ASSERT_FALSE(crearBaseSqlite(ruta, kTabla + QStringList{u8("INSERT INTO T VALUES (1,'a',NULL),(2,'b',NULL)")}));
+  const QString cadena = u8("driver={Microsoft Access Driver (*.mdb)};Password=x;DBQ=") + ruta;
+  const auto motores = motoresDelSistema(d.path());
+  const pid_t hijo = fork();
+  if (hijo == 0) {
+    Conexion c;
+    Recordset rs;
+    if (c.abrir(*motores, cadena, 1000) || c.consultar(u8("SELECT * FROM T"), rs) ||
+        c.ejecutar(u8("INSERT INTO T VALUES (3,'c','03/04/2025')"))) {
+      _exit(1);
+    }
+    kill(getpid(), SIGKILL);
+  }
+  int estado = 0;
+  ASSERT_EQ(hijo, waitpid(hijo, &estado, 0));
+  ASSERT_TRUE(WIFSIGNALED(estado)) << "the child failed before its end";
+  Conexion c;
+  Recordset rs;
+  ASSERT_FALSE(c.abrir(*motores, cadena, 1000));
+  ASSERT_FALSE(c.consultar(u8("SELECT f FROM T WHERE id=3"), rs));
+  EXPECT_EQ(QDateTime(QDate(2025, 4, 3), QTime(0, 0)), rs[u"F"].toDateTime());
+}
+
+TEST(Motor, SeesTablesThatAnotherProgramChanged) {
+  Banco b(true, kTabla);
+  EXPECT_EQ("0", b.respuesta("SELECT COUNT(*) FROM T"));
+  Conexion otra;
+  ASSERT_FALSE(otra.abrir(*b.motores, b.cadena, 1000));
+  ASSERT_FALSE(otra.ejecutar(u8("CREATE TABLE Nueva (d DATETIME, n INTEGER)")));
+  EXPECT_FALSE(b.cnn.ejecutar(u8("INSERT INTO Nueva VALUES ('03/04/2025','5')")));
+  EXPECT_EQ("<2025-04-03 00:00:00>|5", b.respuesta("SELECT * FROM Nueva"));
+}
+
+TEST(Motor, ALockIsWaitedForAndThenTold) {
+  Banco b(true, kTabla);
+  Conexion otra;
+  ASSERT_FALSE(otra.abrir(*b.motores, b.cadena, 1000));
+  ASSERT_FALSE(otra.iniciar());
+  QElapsedTimer reloj;
+  reloj.start();
+  const auto e = b.cnn.ejecutar(u8("INSERT INTO T VALUES (1,'a',NULL)"));
+  ASSERT_TRUE(e);
+  EXPECT_EQ(kErrorGeneral, e->numero);
+  EXPECT_GE(reloj.elapsed(), 1000);
+  EXPECT_EQ("0", b.respuesta("SELECT COUNT(*) FROM T")) << "readers go on";
+  ASSERT_FALSE(otra.deshacer());
+  EXPECT_FALSE(b.cnn.ejecutar(u8("INSERT INTO T VALUES (1,'a',NULL)")));
+}
+
+TEST(Motor, ARunawayQueryCanBeStopped) {
+  OpcionesMotores opciones;
+  bool parar = false;
+  opciones.interrumpir = [&] { return parar; };
+  Banco b(true, kTabla, opciones);
+  parar = true;
+  Recordset rs;
+  const auto e = b.cnn.consultar(
+      u8("WITH RECURSIVE r(n) AS (SELECT 1 UNION ALL SELECT n+1 FROM r) SELECT MAX(n) FROM r"), rs);
+  ASSERT_TRUE(e);
+  EXPECT_EQ(kErrorGeneral, e->numero);
+  parar = false;
+  EXPECT_EQ("0", b.respuesta("SELECT COUNT(*) FROM T"));
+}
+
+TEST(Motor, MachineClockWhenNoneIsGiven) {
+  QTemporaryDir d;
+  const QString ruta = d.filePath(u8("x.db"));
+  ASSERT_FALSE(crearBaseSqlite(ruta, kTabla));
+  Conexion c;
+  Recordset rs;
+  ASSERT_FALSE(c.abrir(*motoresDelSistema(d.path()), u8("driver={Microsoft Access Driver (*.mdb)};DBQ=") + ruta, 1000));
+  ASSERT_FALSE(c.consultar(u8("SELECT NOW() AS n"), rs));
+  EXPECT_LT(std::abs(rs[u"n"].toDateTime().secsTo(QDateTime::currentDateTime())), 5);
+}
+
+}  // namespace
