@@ -53,8 +53,8 @@ ValorLiteral leerLiteral(const Token& token, Lectura lectura, Dialecto dialecto)
 QString literalSql(const QVariant& valor) {
   if (valor.typeId() == QMetaType::LongLong) return QString::number(valor.toLongLong());
   if (valor.typeId() == QMetaType::Double) {
-    const QString n = QString::number(valor.toDouble(), 'g', QLocale::FloatingPointShortest);
-    return n.contains(u'.') || n.contains(u'e') ? n : n + QStringLiteral(".0");
+    const QString n = TextoDe(valor.toDouble());
+    return n.contains(u'.') ? n : n + QStringLiteral(".0");
   }
   QString t = valor.toString();
   return u'\'' + t.replace(u'\'', QStringLiteral("''")) + u'\'';
