@@ -15,7 +15,8 @@ void enElDetalle(std::function<void(QWidget&)> f) {
     QWidget* detalle = QApplication::activeModalWidget();
     ASSERT_NE(nullptr, detalle);
     EXPECT_EQ("frmTipoCambio", detalle->objectName());
-    EXPECT_TRUE(QTest::qWaitForWindowActive(detalle));
+    // A window counts as active while the one that it stands over is.
+    EXPECT_TRUE(QTest::qWaitFor([detalle] { return QApplication::activeWindow() == detalle; }));
     f(*detalle);
   }, Qt::QueuedConnection);
 }
