@@ -17,7 +17,8 @@ void enElDetalle(std::function<void(QWidget&)> f) {
     QWidget* detalle = QApplication::activeModalWidget();
     ASSERT_NE(nullptr, detalle);
     EXPECT_EQ("frmTipoCambio", detalle->objectName());
-    QCoreApplication::processEvents();  // it becomes the active window only now
+    // A window counts as active while the one that it stands over is.
+    EXPECT_TRUE(QTest::qWaitFor([detalle] { return QApplication::activeWindow() == detalle; }));
     const QPointer<QWidget> vivo(detalle);
     f(*detalle);
     if (!vivo || !vivo->isVisible()) return;
