@@ -114,6 +114,8 @@ TEST(Caja, SalesAreOnPaperAndInTheStore) {
   EXPECT_TRUE(ultimo.contains("MA\xCDZ SACO 50 KG     1  92.00     92.00\r\n"));
 }
 
+TEST(Caja, MenusAndASecondStartInOnePlay) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("menus")); }
+
 TEST(Caja, TheThirdWrongPasswordEndsTheProgram) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("clave")); }
 
 TEST(Caja, DoesNotStartWithoutTheCentralDatabase) {
