@@ -1,5 +1,6 @@
 #include "platform/sql/edicion.h"
 
+#include "platform/sql/funciones_sqlite.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 
@@ -12,7 +13,9 @@ ErrorBD noCoincide(const QString& texto, QStringView que) {
 
 // Both dialects read blank text beside a date or a number differently: the server takes it for its zero.
 ValorLiteral fechaDe(const QString& texto, OrdenFecha orden, Dialecto dialecto) {
-  if (const auto f = LeerFecha(texto, orden)) return {FechaISO(*f), {}};
+  // Between number signs the month comes first; a year in front or an impossible order overrides either.
+  const auto f = orden == OrdenFecha::MesDia ? LeerFecha(texto, orden) : leerInstante(texto);
+  if (f) return {FechaISO(*f), {}};
   if (dialecto == Dialecto::TSql && texto.trimmed().isEmpty()) return {QStringLiteral("1900-01-01 00:00:00"), {}};
   return {{}, noCoincide(texto, u"una fecha")};
 }

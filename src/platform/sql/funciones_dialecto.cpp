@@ -202,9 +202,11 @@ Nodo Reescritor::convertir(int ini) {
     e_.borrar(p_);
   }
   ++p_;
-  expresion();
+  const Nodo valor = expresion();
   const bool estilo = comeOp(u",");
-  if (estilo && !(tipo.tipo == Tipo::Texto || tipo.tipo == Tipo::Fecha)) {  // numbers have no style here
+  // Styles speak of dates: a number has none here, and a text stays as it is on its way to a text.
+  const bool conEstilo = tipo.tipo == Tipo::Fecha || (tipo.tipo == Tipo::Texto && valor.tipo != Tipo::Texto);
+  if (estilo && !conEstilo) {
     e_.borrar(p_ - 1);
     e_.borrar(p_);
   }

@@ -1,0 +1,47 @@
+select nmonto1 from parametro where cCodParam='IGV'
+ SELECT cCodAlmac, vDscAlmac FROM Almacen where cCodAlmac='01'
+select isnull(max(cast(NroDoc as int)),0) as maximo from venta01  WHERE cCodCaja='00012' AND TipoDoc in ('01','02')
+select CDocSerie, MAX(cDoccodigo) as nDoccodigo From operacion where cCajaCodi='00012' and ltrim(rtrim(isnull(CDocSerie,''))) <> '' group by CDocSerie
+SELECT MAX(cOperCode) as ncOperCode From operacion where cCajaCodi='00012' and CDocSerie = '012'
+SELECT idlocal,dsclocal FROM local
+select cCodTipoCredito,vDscTipoCredito from TipoCredito
+select cCodTipoPago,vDscTipoPago from tipoformapago order by vDscTipoPago
+SELECT isnull(max(CAST(cCodVta AS INT)),0) as maximo FROM venta01
+INSERT INTO venta01 (cCodVta,TipoDoc,cSerieDoc,NroDoc,cCodCaja,cClienteCode,IdLocal,DscCliente,NroRuc,ValorVta,Igv,Serv,TotVta,nPorcIGV,TotVtaUSD,cCodMoneda,nTipoCambio,cCodTipoCredito,fechaemision,FechaAnulacion,FechaVencimiento,cCodCabVtaRef,bTieneDetraccion) VALUES (900,'01','012','000033','00012','00000005',1,'Ñahui','20123456789',100,18,0,118,0.18,33.7,'N',3.5,'01','20261124',null,null,null,0)
+select cSerieDocPago,NroDocPago,fechapago,FormaPagoDsc=(select vDscTipoPago from tipoformapago where cCodTipoPago=P.FormaPago), DocFormaPago= Case FormaPago when '02' then (select descrip from tipo_tarjeta where cod_tar=P.IdTarjeta) when '03' then P.NroCertificadoRetencion when '04' then(select vDscBanco from banco where cCodBanco= P.IdBanco) Else '' end, monto, moneda= Case moneda when 'N' then 'Soles' Else 'Dolares' End, P.IdTarjeta,P.IdBanco,P.NroCtaBancaria,P.NroOperacion,P.NroCertificadoRetencion,P.NroDepositoDetraccion,P.cClieCode,p.idLocal from pagos P Where P.TipoDoc='01' and P.cSerieDoc='012' and P.NroDoc='000033' and P.FechaAnulacion is null order by P.NroItem 
+select MontoDetracc from detraccion where SerieDoc='012' and NroDoc='000033' and estado='P' 
+select nroitem,cCodArtic,sProdDscCrta,nPrecioOrig,nQtdVendida,nDescuento,nServicio from venta02 where ccodvta='900' order by nroitem
+Select cCodVta,v.TipoDoc, v.cSerieDoc,v.NroDoc,v.FechaEmision,Local=case v.IdLocal when 1 then 'SUR' when 2 then 'NORTE' end, v.DscCliente,v.cClienteCode,v.IdLocal, Moneda= Case v.cCodMoneda when 'N' then 'SOLES' when 'E' then 'DOLARES' end, v.TotVta,v.TotVtaUSD from venta01 v where v.TipoDoc='01'  and  v.fechaanulacion is null and v.bLiquidado=0 
+SELECT v.cClienteCode,v.IdLocal,v.DscCliente,'Local'=case when IdLocal =1 then 'Sur' when IdLocal =2 then 'Norte' end,'Tot.Ventas'=sum(v.TotVta),'Tot.Pagos'=cast(isnull((select sum(case p.moneda when 'N' then p.monto when 'E' then p.monto*p.ntipocambio end)  from pagos p Where p.cClieCode =v.cClienteCode and p.IdLocal=v.IdLocal),0) as numeric(13,2)),'Tot.Deuda'=sum(v.TotVta)-isnull((select sum(case p.moneda when 'N' then p.monto when 'E' then p.monto*p.ntipocambio end)  from pagos p Where p.cClieCode =v.cClienteCode and p.IdLocal=v.IdLocal),0) FROM venta01 v  WHERE FechaAnulacion is null  group by v.cClienteCode,v.IdLocal,v.DscCliente ORDER BY v.DscCliente 
+SELECT v.cSerieDoc,v.NroDoc,v.cClienteCode,v.IdLocal,'Vta Soles'=v.TotVta,'Vta USD'=v.TotVtaUSD,Moneda=case v.cCodMoneda when 'N' then 'Soles' when 'E' then 'Dolares' end, Credito=(select vDscTipoCredito from tipocredito where ccodtipocredito=v.cCodTipoCredito),'Fec Emision'=v.fechaemision, 'Pag Sol'=cast(isnull((select sum(case p.moneda when 'N' then p.monto when 'E' then p.monto*p.ntipocambio end) from pagos p where p.cSerieDoc=v.cSerieDoc and p.NroDoc=v.NroDoc and p.fechaanulacion is null),0) as numeric(13,2)), Estado=case when v.TotVta-round(0.004,2)=0 then 'Cancelado' else 'Pendiente' end FROM venta01 v WHERE FechaAnulacion is null ORDER BY fechaemision 
+SELECT cSerieDoc,NroDoc,cSerieDocPago,NroDocPago,'Fec Pago'=FechaPago,'Forma Pago'=(select vDscTipoPago from tipoformapago  where cCodTipoPago=pagos.FormaPago), Moneda=case Moneda when 'N' then 'Soles' else 'Dolares' end,  'Pag Sol'=cast(case Moneda when 'N' then Monto   else Monto*nTipoCambio  end as numeric(13,2)) , 'Pag USD'=cast(case Moneda when 'E' then Monto   else Monto/nTipoCambio  end as numeric(13,2))  from pagos where fechaanulacion is null order by fechapago 
+select v.DscCliente as Cliente, 'Local'=case v.idLocal when 1 then 'Sur' when 2 then 'Norte' end,Moneda=case v.cCodMoneda  when 'N' then 'Soles' when 'E' then 'Dolares' end, v.TotVta,v.TotVtaUSD,v.FechaEmision, TotalPagos=round(isnull((select sum(case p.moneda when 'N' then p.monto when 'E' then p.monto*p.ntipocambio end)from pagos p Where p.cSerieDoc = v.cSerieDoc and p.nrodoc=v.NroDoc and p.TipoDoc=v.TipoDoc and p.fechaanulacion is null),0),2) from venta01  v Where v.fechaanulacion Is Null and cSerieDoc='012' and CONVERT(INT,NroDoc)=33 and TipoDoc = '01' 
+select cSerieDoc,NroDoc,'Forma Pago'=(select vDscTipoPago from tipoformapago where cCodTipoPago=pagos.FormaPago), FechaPago as Fecha,Monto,Moneda=case Moneda  when 'N' then 'Soles' when 'E' then 'Dolares' end From pagos where fechaanulacion Is Null and cSerieDocPago='PA1'  and CONVERT(INT,NroDocPago)= 33 
+SELECT COUNT(1) TOTAL FROM venta01 WHERE FechaAnulacion IS NOT NULL AND cSerieDoc='012' AND CONVERT(INT,NroDoc)=33 AND TipoDoc='01' 
+UPDATE venta01 SET FechaAnulacion = getdate() WHERE cSerieDoc='012' AND CONVERT(INT,NroDoc)=33 AND TipoDoc='01' 
+UPDATE pagos SET FechaAnulacion = getdate() WHERE cSerieDocPago='PA1' AND CONVERT(INT,NroDocPago)=33
+ UPDATE TCABECERAZ1 SET nidEstado = 0 WHERE nidEstado = -1
+SELECT TipoDoc, sum(igv)  AS SumaIgv FROM VENTA01 WHERE cSerieDoc ='B12' or  cSerieDoc ='F12'  GROUP BY TipoDoc
+exec dbo.spr_insertar_cabecera_z1 '00012', -1
+INSERT INTO TDETALLEZ1(nidZ1,cCajaCodi,dOperFech,cAlmaCode,cdocTipo,cProdCode,nProdCant,nMonto) VALUES(7,'00012',CONVERT(DATETIME,'24/11/2026',103),'01','02','12',2,11)
+select count(NroDoc)-1 as cantidad from (select distinct cDocCodigo as NroDoc from operacion where  cDocSerie ='012' and year(doperfech)=2026 and month(doperfech)=11 and day(doperfech)=24 Union select NroDoc from venta01 where cSerieDoc='012' and year(fechaemision)=2026 and month(fechaemision)=11 and day(fechaemision)=24) o 
+select cast(min(NroDoc)as int)as nromin from (select distinct cDocCodigo as NroDoc from operacion where  cDocSerie ='012' Union select NroDoc from venta01 where cSerieDoc='012') o 
+INSERT INTO MsgErrorRegistroVentas VALUES ('20261124','Error Comparativo RegVta Correlativos SQL - Caja: Caja 12','Error en correlativo SQL Tipo Doc: 012')
+SELECT SUM(NPRODCANT) as SumaDeProdCant FROM OPERACION WHERE YEAR(DOPERFECH)=2026 AND MONTH(DOPERFECH)=11 AND DAY(DOPERFECH)=24 AND COPERFLAGANULA=0 AND CDOCSERIE IN ('012','F01')
+SELECT count (CPRODCODE) as CuentaDeProdCode FROM OPERACION WHERE YEAR(DOPERFECH)=2026
+select cDocSerie as SerieDoc, count(cDocCodigo) as CantNroDoc,ValVta = Sum(Round(Abs(nProdCant) * nProdPrecUnit / (1 + dbo.fnRetornarIGV()), 2)) From operacion Where cDocSerie in ('012','F01') and year(dOperFech)=2026 and month(dOperFech)=11 and day(dOperFech)=24 and   case cOperFlagAnula when 0 then 'N' when 1 then 'S' end='N' group by cDocSerie 
+select vdscalmac  from almacen where ccodalmac='01'
+SELECT COUNT(1) AS EXISTE FROM PAGOS WHERE FechaAnulacion is not null and cSerieDocPago='PA1' AND convert(int,NroDocPago)=33
+ SELECT cUndmedid, vDscundmd, vDscCrta FROM UnidadMedida WHERE dFechModi > CONVERT(DATETIME, '20261120',112) AND dFechCrea <= CONVERT(DATETIME, '20261120',112)
+SELECT * FROM Cliente where dFechCrea > CONVERT(DATETIME, '20261120',112)
+ SELECT A.cCodartic, A.vDscartic, A.cCodCatal, A.vDscartCt, A.bSwActivo, A.bswensamb, A.bswCtrlStck, P.vRazSocPrv, cFlagCanje, nPtosxItem, nFlagServ, cUndSalida, Linea = (SELECT L.vDscLinea FROM LINEA L WHERE L.CCODLINEA = A.CCODLINEA), nCostoArt = ISNULL((SELECT nPrecioVtaNew FROM ArticuloPrecioVenta B WHERE B.cCodArtic = A.cCodArtic AND nNumItem =  (SELECT MAX(nNumItem) FROM ArticuloPrecioVenta C WHERE C.cCodArtic = B.cCodArtic)),0),bFlagDetracc  FROM Articulo A LEFT JOIN Proveedor P ON A.cCodProve = P.cCodProve WHERE 1=1    AND bFlagVenta = 1   AND NOT bFlagDesc = 1 AND  ((convert(datetime,convert(varchar,A.dFechCrea,103),103) >= convert(datetime,CONVERT(varchar, '20261120',103),103)) or  (convert(datetime,convert(varchar,A.dFechModi,103),103) >= convert(datetime,CONVERT(varchar, '20261120',103),103))) 
+ SELECT cCodArtic   FROM Articulo   WHERE bFlagVenta = 0    OR bFlagDesc = 1
+SELECT  Count(*) as nroreg   FROM  Cuentacte  WHERE  cSerieDoc = '012'   AND  cNroDoc  = '000033'   AND  cCodCaja = '00012' 
+SELECT ISNULL(MAX(cOperId),0) + 1 cOperId FROM operacion WHERE cCajaCodi='00012'
+ INSERT INTO Operacion (cOperID, cOperCode, cUserDesc, nTarjNumb, cAlmaCode, cProdCode, nProdCant, nProdPrecUnit, dOperFech, cOperTipo, cOperFlagAnula, cOperCodeAnula, cOperFlagAbierto, nMontoDolares, cCajacodi, cFlagSincronizacion, cTurnoCodi, nDscto, nServicio, cCodiCLie, vDescClie, cDocCodigo, cdocserie, cdoctipo, cruc, iTipoCliente, idlocal) VALUES (1,45,'ana','','01','000012',2,5.5,CONVERT(DATETIME,'2026-11-24 17:05:00',120),1,0,0,0,0,'00012','0','01',0,10,'0','Público en General','000033','012','02','',0,1)
+DELETE FROM operacionparalelaproducto WHERE cOperCOde = 9 AND cCajaCodi='00012'
+Select * from CabeceraZ where IdZ=7 and caja='00012'
+UPDATE CabeceraZ SET obs='Ya existe registro' WHERE IdZ=7
+SELECT FECHA = GETDATE()
+exec dbo.spr_promediar_montos_z1 1
+dbo.spr_limpiar_caja_dia '00012','24/11/2026'

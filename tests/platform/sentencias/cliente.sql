@@ -1,0 +1,22 @@
+SELECT * FROM Regla_Punto
+ SELECT nTarjNumb, a.cClieCode, sClieApel , sClieName , dNacmDate, c.IdLocal,  nPuntCant , nTickCant, dUltTDate FROM Cliente a, Tarjeta c WHERE c.cTarjActi=1 AND dcadudate >= CONVERT(DATETIME,CONVERT(VARCHAR(10),GETDATE(),103),103) AND a.cClieCode = c.cClieCode AND a.IdLocal = c.IdLocal AND (sClieApel  LIKE '%ñahui%' OR nTarjNumb LIKE '%ñahui%')
+ SELECT a.cClieCode, sClieApel , sClieName , dNacmDate, a.IdLocal,  nPuntCant, nTickCant, dUltTDate FROM Cliente a, Tarjeta c  WHERE a.cClieCode = c.cClieCode AND c.cTarjActi=1 AND dcadudate>='2026/11/24 00:00:00'    AND nTarjNumb = '00000005'    AND a.IdLocal = 1 
+ SELECT cClieCode AS Codigo    FROM Tarjeta   WHERE nTarjNumb = '00000005'     AND IdLocal = 1 
+ SELECT nPuntcant FROM CLIENTE   WHERE iTipo=1 AND cClieCode = 5     AND IdLocal = 1
+ SELECT Cliente.cClieCode, Cliente.sClieApel, Cliente.sClieName, Cliente.iTipo  FROM Cliente INNER JOIN Tarjeta ON Cliente.cClieCode = Tarjeta.cClieCode WHERE Tarjeta.nTarjNumb = '00000005' AND Cliente.IdLocal='1'
+SELECT iTipo AS Tipo FROM Cliente WHERE cClieCode = 5 AND IdLocal=1 
+SELECT MAX(cAcumCode) AS Codigo FROM Acumulacion_Punto WHERE cClieCode = 5 AND IdLocal= 1 
+INSERT INTO Acumulacion_Punto (cClieCode, cAcumCode, nTarjNumb, nAcumImpo, nPuntCant, sUserDesc, dAcumDate, cDocTipo, cDocSerie, cDocCodigo, IdLocal) VALUES (5, 1, '00000005', 118, 11, 'ana', convert(datetime,'2026-11-24 17:05:30',120), '02', '012', 33, 1)
+UPDATE Cliente SET nPuntCant = ISNULL(nPuntCant,0) + 11, dUltTDate = convert(datetime,'2026-11-24 17:05:30',120), cTranCode = 2,bFlagSincro= 0 WHERE cClieCode = 5 AND IdLocal= 1 
+Delete From Acumulacion_Punto where cDocTipo='02' and cDocSerie='012' and cDocCodigo=33
+ Update Cliente set  nPuntCant= (nPuntCant - 11)  Where cClieCode=5 AND IdLocal = 1
+SELECT idlocal, dsclocal FROM local
+SELECT IdLocal FROM local WHERE Activo=1
+SELECT MAX(cClieCode) + 1  AS nume FROM Cliente WHERE IdLocal=1
+SELECT * FROM Localidad WHERE RTRIM(LTRIM(cDepaCode)) = RTRIM(LTRIM('15')) AND cProvCode <> 0 AND cDistCode = 0  UNION SELECT 999, 999, 999, 'OTRO' ORDER BY sLocaName
+Select count(*)  as existe from Cliente   where (sClieApel + ' ' + sClieName) LIKE '%D' + Chr(39) + 'Onofrio Ana%'  
+SELECT MAX(cClieCode) AS Codigo FROM Cliente where idLocal = 1
+INSERT INTO Cliente (cClieCode, sClieApel, sClieName, sClieAddr, cDepaCode, cProvCode, cDistCode, sDepaDesc, sProvDesc, sDistDesc, sClieTelf, sClieMail, dNacmDate, dUltTDate, cTranCode, sClieRout, itipo, IdLocal, nPuntCant, bFlagSincro) VALUES (900,'Ñahui','Ana','','15','01','01','','','','','','1990/05/31 00:00:00','2026/11/24 00:00:00',1,'',1,1,0,0)
+INSERT INTO Tarjeta (cClieCode, nTarjNumb, cTarjActi, dEmisDate, dCaduDate, sUserDesc, IdLocal,dUltOper) VALUES (900,'00000900',1,'2026/11/24 00:00:00','2026/11/24 00:00:00','ana',1,'2026/11/24 17:05:30')
+Update Tarjeta SET dCaduDate=dateadd(day, -1, (dateadd(year, 1, dEmisDate) )), bFlagSincro=0,dUltOper='2026/11/24 17:05:30' where ntarjnumb='00000900' AND IdLocal=1
+UPDATE Cliente    SET dUltTDate = '11/24/2026',        cTranCode = 2 WHERE cClieCode = 5   AND IdLocal = 1

@@ -1,0 +1,40 @@
+#include <QFile>
+
+#include "servidores.h"
+#include "sql_banco.h"
+#include "store/tablas.h"
+
+namespace {
+
+QStringList leerSentencias(const char* base) {
+  QFile f(QStringLiteral(TARVOPOS_FUENTES "/tests/platform/sentencias/%1.sql").arg(QString::fromLatin1(base)));
+  EXPECT_TRUE(f.open(QIODevice::ReadOnly));
+  QStringList s;
+  for (const QString& linea : QString::fromUtf8(f.readAll()).split(u'\n')) {
+    if (!linea.isEmpty() && !linea.startsWith(u'#')) s << linea;
+  }
+  return s;
+}
+
+// What the program says to its three databases, each statement on the tables that the program makes.
+TEST(Sentencias, AllOfThemRunOnTheirTables) {
+  OpcionesMotores opciones;
+  opciones.procedimientos = procedimientosDeServidores();
+  const struct { const char* base; bool jet; QStringList tablas; qsizetype almenos; } kBases[] = {
+      {"local", true, tablasDelPuesto(), 140}, {"central", false, tablasDelCentral(), 45}, {"cliente", false, tablasDelCliente(), 20}};
+  for (const auto& k : kBases) {
+    SCOPED_TRACE(k.base);
+    Banco b(k.jet, k.tablas, opciones);
+    const QStringList sentencias = leerSentencias(k.base);
+    EXPECT_GE(sentencias.size(), k.almenos);
+    for (const QString& s : sentencias) {
+      Recordset rs;
+      ASSERT_FALSE(b.cnn.iniciar());
+      const auto e = b.cnn.consultar(s, rs);
+      EXPECT_FALSE(e) << s.toStdString() << "\n" << b.cnn.traducir(s).toStdString() << "\n" << e.value_or(ErrorBD{}).descripcion.toStdString();
+      ASSERT_FALSE(b.cnn.deshacer());
+    }
+  }
+}
+
+}  // namespace
