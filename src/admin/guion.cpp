@@ -35,13 +35,13 @@ int tocarGuion(const OpcionesGuion& o, EscritorGuion& escritor, const std::funct
     Quejarse(QStringLiteral("No existe la carpeta del puesto: %1").arg(carpeta));
     return kMalUso;
   }
-  EntornoSistema entorno(carpeta);
+  RelojGuion reloj;
+  EntornoSistema entorno(carpeta, &reloj);
   Fallas fallas;
   MotoresConFallas motores(*entorno.motores, fallas);
   PuertosConFallas puertos(*entorno.puertos, fallas);
   PersonaDeGuion persona(escritor);
   SalidaGuion salida(escritor);
-  RelojGuion reloj;
   EscenaGuion escena{escritor, persona, reloj, fallas, QDir(o.salida).absolutePath(), {}};
 
   CajaDeGuion* caja = nullptr;  // asked only while the scene holds it

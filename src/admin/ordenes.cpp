@@ -120,7 +120,7 @@ int ordenSql(const QStringList& palabras) {
   if (!a.tiene(QStringLiteral("--puesto"))) return malUso(QStringLiteral("Falta --puesto."));
   if (base == bases.constEnd()) return malUso(QStringLiteral("--base es local, central o cliente."));
   const QString carpeta = QDir(a.opciones[QStringLiteral("--puesto")]).absolutePath();
-  const auto motores = motoresDelSistema(carpeta);
+  const auto motores = motoresDelSistema(carpeta, {{}, procedimientosDeServidores(), {}});
   Conexion cnn;
   if (const auto error = AbrirBase(*motores, carpeta, *base, cnn)) {
     return fallo(QStringLiteral("No se pudo abrir la base %1: %2").arg(base.key(), *error));

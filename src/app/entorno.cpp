@@ -8,16 +8,18 @@
 #include "platform/io/reloj_sistema.h"
 #include "platform/ui/impresoras.h"
 #include "platform/ui/mensajes_ventana.h"
+#include "servidores.h"
 
 void SalidaSistema::terminar(int estado) {
   std::fflush(nullptr);
   std::_Exit(estado);
 }
 
-EntornoSistema::EntornoSistema(const QString& carpeta)
+EntornoSistema::EntornoSistema(const QString& carpeta, Reloj* hora)
     : rutas(rutasDe(carpeta)),
       impresoras(std::make_unique<ImpresorasQt>()),
-      motores(motoresDelSistema(rutas.programa)),
+      motores(motoresDelSistema(rutas.programa, {[this, hora] { return (hora ? *hora : *reloj).now(); },
+                                                 procedimientosDeServidores(), {}})),
       puertos(std::make_unique<PuertosSistema>(rutas.programa, impresoras.get())),
       reloj(std::make_unique<RelojSistema>()),
       mensajes(std::make_unique<MensajesVentana>()),

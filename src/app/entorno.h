@@ -18,8 +18,9 @@ class SalidaSistema final : public Salida {
 };
 
 struct EntornoSistema {
-  // Of the desk whose program folder is `carpeta`. Needs a QApplication for printers and boxes.
-  explicit EntornoSistema(const QString& carpeta);
+  // Of the desk whose program folder is `carpeta`. Needs a QApplication for printers and boxes. `hora` is the clock
+  // that statements go by, owned by the caller; the machine's when it is null.
+  explicit EntornoSistema(const QString& carpeta, Reloj* hora = nullptr);
   ~EntornoSistema();
 
   Rutas rutas;

@@ -121,7 +121,8 @@ std::optional<QString> PuertosRegistro::imprimir(const QString& impresora, const
   return {};
 }
 
-PartesPrueba::PartesPrueba(const Envolver& envolver) : reales(motoresDelSistema(carpeta.path())) {
+PartesPrueba::PartesPrueba(const Envolver& envolver)
+    : reales(motoresDelSistema(carpeta.path(), {[this] { return relojFijo.now(); }, procedimientosDeServidores(), {}})) {
   if (envolver) envueltos = envolver(*reales);
 }
 
