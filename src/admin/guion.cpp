@@ -36,7 +36,7 @@ int tocarGuion(const OpcionesGuion& o, EscritorGuion& escritor, const std::funct
     return kMalUso;
   }
   RelojGuion reloj;
-  EntornoSistema entorno(carpeta, &reloj);
+  EntornoSistema entorno(carpeta, [&reloj] { return reloj.now(); });
   Fallas fallas;
   MotoresConFallas motores(*entorno.motores, fallas);
   PuertosConFallas puertos(*entorno.puertos, fallas);

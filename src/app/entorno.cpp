@@ -15,11 +15,10 @@ void SalidaSistema::terminar(int estado) {
   std::_Exit(estado);
 }
 
-EntornoSistema::EntornoSistema(const QString& carpeta, Reloj* hora)
+EntornoSistema::EntornoSistema(const QString& carpeta, std::function<QDateTime()> ahora)
     : rutas(rutasDe(carpeta)),
       impresoras(std::make_unique<ImpresorasQt>()),
-      motores(motoresDelSistema(rutas.programa, {[this, hora] { return (hora ? *hora : *reloj).now(); },
-                                                 procedimientosDeServidores(), {}})),
+      motores(motoresDelSistema(rutas.programa, {std::move(ahora), procedimientosDeServidores(), {}})),
       puertos(std::make_unique<PuertosSistema>(rutas.programa, impresoras.get())),
       reloj(std::make_unique<RelojSistema>()),
       mensajes(std::make_unique<MensajesVentana>()),

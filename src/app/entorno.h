@@ -1,5 +1,6 @@
 #pragma once
 // The machine's own engines, ports, clock, boxes and end of process: what a desk is built on outside of tests.
+#include <functional>
 #include <memory>
 
 #include "foundation/rutas.h"
@@ -18,9 +19,9 @@ class SalidaSistema final : public Salida {
 };
 
 struct EntornoSistema {
-  // Of the desk whose program folder is `carpeta`. Needs a QApplication for printers and boxes. `hora` is the clock
-  // that statements go by, owned by the caller; the machine's when it is null.
-  explicit EntornoSistema(const QString& carpeta, Reloj* hora = nullptr);
+  // Of the desk whose program folder is `carpeta`. Needs a QApplication for printers and boxes. `ahora` is what the
+  // engines take for the present time; the machine's when not given.
+  explicit EntornoSistema(const QString& carpeta, std::function<QDateTime()> ahora = {});
   ~EntornoSistema();
 
   Rutas rutas;

@@ -54,6 +54,8 @@ struct BotonBarra {
   const char *rotulo, *dibujo;  // "" is a separator
 };
 
+constexpr int kPrimerBotonFecha = 15;
+
 constexpr BotonBarra kBarra[] = {
     {1, "Productos", "productos"},  {2, "Tipo Cambio", "tipo_cambio"},   {3, "Botones", "botones"},
     {4, "Cabecera", "cabecera"},    {5, "", ""},                         {6, "Caja", "caja"},
@@ -169,13 +171,21 @@ void frmPrincipal::crearMenus() {
 }
 
 void frmPrincipal::crearBarra() {
-  auto* barra = new QToolBar(this);
-  barra->setObjectName(QStringLiteral("Toolbar1"));
-  barra->setMovable(false);
-  barra->setContextMenuPolicy(Qt::PreventContextMenu);
-  addToolBar(barra);
+  const auto nuevaBarra = [this](const char* nombre) {
+    auto* b = new QToolBar(this);
+    b->setObjectName(QLatin1String(nombre));
+    b->setMovable(false);
+    b->setContextMenuPolicy(Qt::PreventContextMenu);
+    addToolBar(b);
+    return b;
+  };
+  QToolBar* principal = nuevaBarra("Toolbar1");
+  // The date buttons have a row of their own: all seventeen don't fit into 1024 pixels.
+  addToolBarBreak();
+  barraFecha_ = nuevaBarra("Toolbar1Fecha");
   for (const auto& b : kBarra) {
     const auto i = static_cast<size_t>(b.n);
+    QToolBar* barra = b.n < kPrimerBotonFecha ? principal : barraFecha_;
     if (!*b.rotulo) {
       accionBoton_[i] = barra->addSeparator();
       continue;
@@ -257,6 +267,7 @@ void frmPrincipal::refrescar() {
     accionBoton_[n]->setVisible(v_.botonVisible[n]);
     if (botones_[n]) botones_[n]->setEnabled(v_.botones[n]);
   }
+  barraFecha_->setVisible(v_.botonVisible[kPrimerBotonFecha]);
   pintarCentro();
   estado_->mostrar(EstadoDelPuesto(p_));
 }

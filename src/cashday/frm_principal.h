@@ -13,6 +13,7 @@ class QLabel;
 class QLineEdit;
 class QMenu;
 class QPushButton;
+class QToolBar;
 class QToolButton;
 class QVBoxLayout;
 struct Puesto;
@@ -61,6 +62,7 @@ class frmPrincipal final : public QMainWindow {
   std::array<QAction*, 18> operaciones_{};
   std::array<QToolButton*, 18> botones_{};
   std::array<QAction*, 18> accionBoton_{};
+  QToolBar* barraFecha_ = nullptr;
   std::vector<QAction*> demas_;
   QAction *diaAnterior_ = nullptr, *usuarios_ = nullptr;
   QLabel *titular_ = nullptr, *sentencia_ = nullptr;

@@ -122,7 +122,8 @@ std::optional<QString> PuertosRegistro::imprimir(const QString& impresora, const
 }
 
 PartesPrueba::PartesPrueba(const Envolver& envolver)
-    : reales(motoresDelSistema(carpeta.path(), {[this] { return relojFijo.now(); }, procedimientosDeServidores(), {}})) {
+    : reales(motoresDelSistema(carpeta.path(),
+                               {[this] { return relojFijo.now(); }, procedimientosDeServidores(), {}})) {
   if (envolver) envueltos = envolver(*reales);
 }
 

@@ -29,7 +29,9 @@ void Campo::keyPressEvent(QKeyEvent* e) {
 
 void Campo::focusInEvent(QFocusEvent* e) {
   QLineEdit::focusInEvent(e);
-  if (e->reason() == Qt::ActiveWindowFocusReason || e->reason() == Qt::PopupFocusReason) return;
+  // A box or another window gives the keyboard back: half-typed text is not to be typed over.
+  const bool vuelve = e->reason() == Qt::ActiveWindowFocusReason || e->reason() == Qt::PopupFocusReason;
+  if (vuelve && isModified()) return;
   selectAll();
   // The press that brought the keyboard is still to come and would take the selection away.
   if (e->reason() == Qt::MouseFocusReason) QMetaObject::invokeMethod(this, &QLineEdit::selectAll, Qt::QueuedConnection);

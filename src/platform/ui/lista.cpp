@@ -105,6 +105,7 @@ Lista::Lista(const QString& nombre, std::vector<ColumnaLista> columnas, QWidget*
   horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setSectionsClickable(true);
+  horizontalHeader()->setStretchLastSection(true);
   connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &Lista::ordenar);
 }
 

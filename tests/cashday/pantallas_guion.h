@@ -1,0 +1,15 @@
+#pragma once
+#include <QStringList>
+
+#include "cashday/pantallas_principal.h"
+
+// Records which screens were asked for.
+struct PantallasGuion final : PantallasPrincipal {
+  QStringList abiertas;
+  void abrirRapida() override { abiertas << QStringLiteral("rápida"); }
+  void abrirFull() override { abiertas << QStringLiteral("full"); }
+  void tipoCambioLista() override { abiertas << QStringLiteral("lista T.C."); }
+  void tipoCambioDetalle(int modo) override { abiertas << QStringLiteral("T.C. %1").arg(modo); }
+  std::optional<QString> autorizar(const QString&) override { return {}; }
+  void noDisponible(const QString& nombre) override { abiertas << QStringLiteral("falta ") + nombre; }
+};

@@ -1,0 +1,116 @@
+#include "cashday/principal.h"
+
+#include <gtest/gtest.h>
+
+#include "apoyo/puesto_prueba.h"
+#include "cashday/pantallas_guion.h"
+
+namespace {
+
+const QString kCerrada = QStringLiteral("La caja se encuentra cerrada, debe aperturarla para empezar \r\nregistrar operaciones.");
+const QString kInterrumpido =
+    QStringLiteral("Se ha habilitado la Opcion Reporte Z, porque algunas operaciones no han concluido");
+
+template <size_t N>
+QString encendidos(const std::array<bool, N>& cuales) {
+  QStringList r;
+  for (size_t n = 1; n < N; ++n)
+    if (cuales[n]) r << QStringLiteral("%1").arg(n);
+  return r.join(u' ');
+}
+
+}  // namespace
+
+TEST(CargarPrincipal, FreesWhatTheDayAllows) {
+  const QString todosBotones = "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17";
+  const struct {
+    const char *porque, *turno; int cierre; QStringList cajas; QString botones, mantenimiento, operaciones;
+    bool demas; EstadoDia::Clase estado; QString titular;
+  } casos[] = {
+      {"no turn", "", 0, {kCerrada}, "1 3 4 5 7 10 12 13 14 15 16 17", "8", "", true, EstadoDia::Cerrada,
+       "CAJA 00001 · CERRADA"},
+      {"a blank turn is none", "  ", 0, {kCerrada}, "1 3 4 5 7 10 12 13 14 15 16 17", "8", "", true, EstadoDia::Cerrada,
+       "CAJA 00001 · CERRADA"},
+      {"turn open", "02", 0, {}, todosBotones, "1 2 3 4 5 6 7", todosBotones, true, EstadoDia::Abierta,
+       "CAJA 00001 · ABIERTA · TURNO 02"},
+      {"closing interrupted", "01", 1, {kInterrumpido}, "11", "", "8", false, EstadoDia::CierreInterrumpido,
+       "CAJA 00001 · CIERRE SIN TERMINAR"},
+      {"interrupted after the Z blanked the turn", "", 4, {kCerrada, kInterrumpido}, "11", "", "8", false,
+       EstadoDia::CierreInterrumpido, "CAJA 00001 · CIERRE SIN TERMINAR"},
+  };
+  for (const auto& c : casos) {
+    SCOPED_TRACE(c.porque);
+    PuestoPrueba p;
+    p.ses.psTurno = QString::fromLatin1(c.turno);
+    p.ejecuta(QStringLiteral("UPDATE Configuracion SET iCierreCaja = %1").arg(c.cierre));
+    for (const auto& caja : c.cajas) p.persona().espera(caja);
+    Principal v;
+    CargarPrincipal(p, v);
+    EXPECT_EQ(c.botones, encendidos(v.botones));
+    EXPECT_EQ(c.mantenimiento, encendidos(v.mantenimiento));
+    EXPECT_EQ(c.operaciones, encendidos(v.operaciones));
+    EXPECT_EQ(c.demas, v.demasMenus);
+    EXPECT_EQ(c.estado, EstadoDelDia(p, v).clase);
+    EXPECT_EQ(c.titular, EstadoDelDia(p, v).titular);
+  }
+}
+
+TEST(CargarPrincipal, WhoSeesWhat) {
+  const struct { const char *usuario, *perfil; bool fechas, usuarios; } casos[] = {
+      {"CAJERO", "2", false, true}, {"CAJERO", "3", false, false}, {"rovel", "1", true, true},
+      {"RoVel", "1", true, true},   {"rovel", "2", false, true},   {"rovel", "3", false, false},
+  };
+  for (const auto& c : casos) {
+    SCOPED_TRACE(std::string(c.usuario) + " " + c.perfil);
+    PuestoPrueba p;
+    p.ses.psUsuario = QString::fromLatin1(c.usuario);
+    p.ses.psPerfilUsuario = QString::fromLatin1(c.perfil);
+    Principal v;
+    CargarPrincipal(p, v);
+    for (size_t n : {15u, 16u, 17u}) EXPECT_EQ(c.fechas, v.botonVisible[n]);
+    EXPECT_TRUE(v.botonVisible[14]);
+    EXPECT_EQ(c.usuarios, v.usuariosVisible);
+  }
+}
+
+TEST(CargarPrincipal, AStoreThatCantBeAskedShowsTheEmptyBox) {
+  PuestoPrueba p;
+  p.ejecuta(QStringLiteral("DROP TABLE Configuracion"));
+  p.persona().dejaPasar();
+  Principal v;
+  CargarPrincipal(p, v);
+  ASSERT_FALSE(p.persona().vistas.empty());
+  EXPECT_EQ("", p.persona().vistas.back().texto);
+  EXPECT_TRUE(v.operaciones[4]);
+}
+
+TEST(PrepararOperacion, CapturesTheRateOnlyWhenItIsUnknown) {
+  PuestoPrueba p;
+  PantallasGuion pantallas;
+  Principal v;
+  v.bAcceso = true;
+  v.nIntentosReporte = 3;
+  PrepararOperacion(p, v, pantallas);
+  EXPECT_FALSE(v.bAcceso);
+  EXPECT_EQ(0, v.nIntentosReporte);
+  EXPECT_TRUE(pantallas.abiertas.isEmpty());
+  p.ses.pnTipoCambio = 0;
+  p.persona().espera("Para registrar ventas en dólares");
+  PrepararOperacion(p, v, pantallas);
+  EXPECT_EQ(QStringList{"T.C. 0"}, pantallas.abiertas);
+}
+
+TEST(RevisarCliente, AtMostOnceAMinute) {
+  PuestoPrueba p;
+  const QDateTime inicio = p.reloj.now();
+  p.ses.pdUltimaSincronizacion = inicio;
+  p.ses.psConexionCliente = QStringLiteral("Provider=SQLOLEDB.1;Data Source=sqlite:no_existe.db");
+  const struct { int segundos; bool prueba; } casos[] = {{25, false}, {50, false}, {75, true}, {100, false}, {135, true}};
+  for (const auto& c : casos) {
+    SCOPED_TRACE(c.segundos);
+    p.ses.pbClienteCaido = false;
+    p.elReloj().ahora = inicio.addSecs(c.segundos);
+    RevisarCliente(p);
+    EXPECT_EQ(c.prueba, p.ses.pbClienteCaido);
+  }
+}
