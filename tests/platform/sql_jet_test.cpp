@@ -71,7 +71,10 @@ const struct { const char *porque, *sql, *sale; } kJet[] = {
     {"no rows: SUM is Null", "SELECT IIF(SUM(nProdCant) IS NULL, 'Null', '0') FROM Operacion WHERE 1=0", "Null"},
     {"ISNULL of one", "SELECT IIF(ISNULL(MAX(cOperID)),0, MAX(cOperID)) FROM Operacion WHERE cOperFlagAbierto = 0", "0"},
     {"a minus after a minus", "SELECT 5--3, 5 - -3, --4", "8|8|4"},
-    {"True and False", "SELECT True, False", "-1|0"},
+    {"True and False", "SELECT True, False, 5-True", "-1|0|6"},
+    {"no parameters", "SELECT COUNT(*) FROM Operacion WHERE cOperCode = ? AND cProdCode = 1", "error: La sentencia espera valores que no se han dado."},
+    {"a placeholder left over", "SELECT COUNT(*) FROM Operacion WHERE cOperCode = $", "error: La sentencia espera valores que no se han dado."},
+    {"no comments", "SELECT 5 /* 2", "error: near \"*\": syntax error"},
     {"masks", "SELECT FORMAT(1234.5,'###,##0.00'), FORMAT(7,'000000'), VAL('12abc'), INT(-2.5), CINT(2.5), ROUND(1.005,2)",
      "1,234.50|000007|12|-3|3|1.01"},
     // a text beside a number

@@ -36,6 +36,7 @@ TEST(Motor, TellsFailuresByNumber) {
     EXPECT_TRUE(b.cnn.consultar(u8(c.sql), rs));
     EXPECT_EQ(0, rs.RecordCount());
   }
+  EXPECT_TRUE(b.cnn.ejecutar(u8("DELETE FROM T ") + QChar(0) + u8(" WHERE 1=0"))) << "cut by the engine at the zero";
   EXPECT_EQ("1|a|Null", b.respuesta("SELECT * FROM T"));
   qint64 afectadas = 0;
   EXPECT_FALSE(b.cnn.ejecutar(u8("UPDATE T SET nombre='z' WHERE id < 5"), &afectadas));

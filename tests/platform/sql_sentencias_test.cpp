@@ -1,20 +1,9 @@
-#include <QFile>
-
 #include "servidores.h"
 #include "sql_banco.h"
+#include "sql_sentencias.h"
 #include "store/tablas.h"
 
 namespace {
-
-QStringList leerSentencias(const char* base) {
-  QFile f(QStringLiteral(TARVOPOS_FUENTES "/tests/platform/sentencias/%1.sql").arg(QString::fromLatin1(base)));
-  EXPECT_TRUE(f.open(QIODevice::ReadOnly));
-  QStringList s;
-  for (const QString& linea : QString::fromUtf8(f.readAll()).split(u'\n')) {
-    if (!linea.isEmpty() && !linea.startsWith(u'#')) s << linea;
-  }
-  return s;
-}
 
 // What the program says to its three databases, each statement on the tables that the program makes.
 TEST(Sentencias, AllOfThemRunOnTheirTables) {

@@ -44,6 +44,7 @@ const struct { const char *porque, *sql, *sale; } kTSql[] = {
     {"a star is a star", "SELECT COUNT(*) FROM venta01 WHERE DscCliente LIKE '*'", "0"},
     {"first n", "select top 1 cCodVta from venta01 order by FechaEmision desc", "2"},
     {"comments", "SELECT 1 -- 'x\n /* y' */ + 1", "2"},
+    {"a comment without end", "SELECT COUNT(*) FROM pagos /* WHERE n=7", "error: La sentencia tiene un comentario sin fin."},
     {"blank text is zero beside a number", "SELECT COUNT(*) FROM venta01 WHERE IdLocal = ''", "0"},
     {"no such procedure", "exec dbo.nada 'x'", "error: No se encuentra el procedimiento almacenado 'nada'."},
 };

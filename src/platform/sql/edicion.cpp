@@ -67,6 +67,7 @@ Edicion::Edicion(QStringView sql, Dialecto dialecto)
     : sql_(sql), dialecto_(dialecto), tokens_(separar(sql, dialecto)), ediciones_(tokens_.size()),
       literalDe_(tokens_.size(), -1) {
   for (size_t i = 0; i < tokens_.size(); ++i) {
+    incompleta_ = incompleta_ || tokens_[i].abierto;
     if (!tokens_[i].literal()) continue;
     literalDe_[i] = static_cast<int>(literales_.size());
     literales_.push_back({static_cast<int>(i), false, Lectura::TalCual});
@@ -91,12 +92,13 @@ QString Edicion::deToken(int i, bool conLiterales, int& parametro) const {
   if (l.ligado && !conLiterales) return u'?' + QString::number(++parametro);
   const bool comoEsta = l.lectura == Lectura::TalCual && t.tipo != TipoToken::Fecha && t.texto[0] != u'"' &&
                         t.texto[0] != u'N' && t.texto[0] != u'n';
-  if (comoEsta || t.abierto) return t.texto.toString();
+  if (comoEsta) return t.texto.toString();
   const ValorLiteral v = leerLiteral(t, l.lectura, dialecto_);
   return v.error ? t.texto.toString() : literalSql(v.valor);
 }
 
 QString Edicion::texto(bool conLiterales) const {
+  if (incompleta_) return sql_.toString();
   QString sale;
   sale.reserve(sql_.size() + 64);
   qsizetype hasta = 0;

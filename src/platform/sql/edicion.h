@@ -38,6 +38,8 @@ class Edicion {
 
   const std::vector<Token>& tokens() const { return tokens_; }
   const std::vector<Literal>& literales() const { return literales_; }
+  // Has a text or a name without end: it goes to the engine as it is, which says so.
+  bool incompleta() const { return incompleta_; }
   Dialecto dialecto() const { return dialecto_; }
 
   // Of two texts before one token the later call stands further out, and so behind a token.
@@ -64,6 +66,7 @@ class Edicion {
 
   QStringView sql_;
   Dialecto dialecto_;
+  bool incompleta_ = false;
   std::vector<Token> tokens_;
   std::vector<Cambio> ediciones_;
   std::vector<Literal> literales_;

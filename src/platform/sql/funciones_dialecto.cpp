@@ -159,14 +159,13 @@ Reescritor::TipoSql Reescritor::tipoSql() {
     return t;
   }
   t.tipo = tipoDeclarado(contenido(tk(p_++)));
-  if (comeOp(u"(")) {
-    t.largo = tk(p_).texto.toString();
-    ++p_;
-    if (comeOp(u",")) {
-      t.decimales = tk(p_).texto.toString();
-      ++p_;
-    }
-    comeOp(u")");
+  const bool conLargo = tk(p_).op(u"(") && (tk(p_ + 1).tipo == TipoToken::Numero || tk(p_ + 1).es(u"MAX"));
+  const bool conDecimales = conLargo && tk(p_ + 2).op(u",") && tk(p_ + 3).tipo == TipoToken::Numero;
+  const int cierra = p_ + (conDecimales ? 4 : 2);
+  if (conLargo && tk(cierra).op(u")")) {
+    t.largo = tk(p_ + 1).es(u"MAX") ? QStringLiteral("1000000") : tk(p_ + 1).texto.toString();
+    if (conDecimales) t.decimales = tk(p_ + 3).texto.toString();
+    p_ = cierra + 1;
   }
   t.fin = p_;
   return t;
@@ -206,7 +205,7 @@ Nodo Reescritor::convertir(int ini) {
   const bool estilo = comeOp(u",");
   // Styles speak of dates: a number has none here, and a text stays as it is on its way to a text.
   const bool conEstilo = tipo.tipo == Tipo::Fecha || (tipo.tipo == Tipo::Texto && valor.tipo != Tipo::Texto);
-  if (estilo && !conEstilo) {
+  if (estilo && !conEstilo && tk(p_).tipo == TipoToken::Numero && tk(p_ + 1).op(u")")) {
     e_.borrar(p_ - 1);
     e_.borrar(p_);
   }

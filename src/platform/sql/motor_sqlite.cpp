@@ -255,6 +255,10 @@ std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, std::o
   p->literales = edicion->literales();
   p->cambiaEsquema = r.cambiaEsquema;
   const QByteArray texto = edicion->texto(false).toUtf8();
+  if (texto.contains('\0')) {  // the engine would read no further
+    error = errorPropio(kErrorSentencia, QStringLiteral("La sentencia contiene un carácter nulo."));
+    return {};
+  }
   const int rc = sqlite3_prepare_v3(base_, texto.constData(), static_cast<int>(texto.size()), SQLITE_PREPARE_PERSISTENT,
                                     &p->sentencia, nullptr);
   if (rc != SQLITE_OK) {

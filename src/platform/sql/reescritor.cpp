@@ -6,6 +6,16 @@ Reescritura reescribir(Edicion& edicion, const Catalogo& catalogo) { return Rees
 
 Reescritura Reescritor::correr() {
   Reescritura r;
+  if (t_.back().abierto) {
+    r.error = ErrorBD{kErrorSentencia, 0, QStringLiteral("La sentencia tiene un comentario sin fin.")};
+    return r;
+  }
+  if (e_.incompleta()) return r;
+  if (pideParametros()) {
+    r.error = ErrorBD{kErrorSentencia, 0, QStringLiteral("La sentencia espera valores que no se han dado.")};
+    return r;
+  }
+  if (jet_) separarSignos();
   if (es(u"SELECT") || tk(0).op(u"(")) {
     r.salida = seleccion();
   } else if (es(u"INSERT")) {
@@ -24,6 +34,25 @@ Reescritura Reescritor::correr() {
   }
   r.tablaAjena = tablaAjena_;
   return r;
+}
+
+// Nothing is ever bound to a statement's own parameters, which the engine would take for Null.
+bool Reescritor::pideParametros() const {
+  for (int i = 0; tk(i).tipo != TipoToken::Fin; ++i) {
+    const Token& t = tk(i);
+    if (t.op(u"?") || t.op(u":")) return true;
+    if (t.tipo == TipoToken::Nombre && (t.texto[0] == u'@' || t.texto[0] == u'$')) return true;
+  }
+  return false;
+}
+
+// Two signs in a row begin a comment in the engine, and would take the rest of the statement away.
+void Reescritor::separarSignos() {
+  for (int i = 0; tk(i).tipo != TipoToken::Fin; ++i) {
+    const bool juntos = tk(i).ini + tk(i).largo == tk(i + 1).ini;
+    const bool comentario = (tk(i).op(u"-") && tk(i + 1).op(u"-")) || (tk(i).op(u"/") && tk(i + 1).op(u"*"));
+    if (juntos && comentario) e_.despues(i, QStringLiteral(" "));
+  }
 }
 
 // The catalogue's table; one that it lacks is noted, since another program may have made it meanwhile.
@@ -164,7 +193,7 @@ void Reescritor::listaDeSalida(int fin, std::vector<Columna>& salida, const std:
       }
     }
     while (p_ < fin && !tk(p_).op(u",") && !rendido_) {  // something unknown: on to the next item
-      if (tk(p_).op(u"(")) hastaCerrar(); else ++p_;
+      if (tk(p_).op(u"(")) hastaCerrar(0); else ++p_;
     }
     if (!comeOp(u",") && p_ == ini) ++p_;
   }
@@ -190,9 +219,8 @@ void Reescritor::clausulas() {
       expresion();
     } else if (es(u"GROUP") || es(u"ORDER")) {
       ordenYGrupo();
-    } else if (const int antes = p_; tk(p_).op(u"(")) {
-      hastaCerrar();
-      if (p_ == antes) ++p_;
+    } else if (tk(p_).op(u"(")) {
+      hastaCerrar(0);
     } else {
       ++p_;
     }

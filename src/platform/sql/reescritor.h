@@ -40,6 +40,8 @@ class Reescritor {
   };
 
   // Sentences (reescritor.cpp)
+  bool pideParametros() const;
+  void separarSignos();
   std::vector<Columna> seleccion(const std::vector<Columna>* destino = nullptr);
   std::vector<Columna> nucleo(const std::vector<Columna>* destino);
   void nucleoCompleto(int lista, int desde, std::vector<Columna>& salida, const std::vector<Columna>* destino);
@@ -77,7 +79,7 @@ class Reescritor {
   Nodo predicado(Nodo izq, int op);
   Nodo enLista(Nodo izq, int op);
   int precedencia(int i, bool& predicado) const;
-  void hastaCerrar();
+  void hastaCerrar(int abiertos = 1);
   bool finDeExpresion(int i) const;
 
   // Functions (funciones_dialecto.cpp)

@@ -67,8 +67,6 @@ Nodo Reescritor::unario() {
     return {ini, p_, Tipo::Logico};
   }
   if (tk(p_).op(u"-") || tk(p_).op(u"+")) {
-    // Two signs in a row would begin a comment there.
-    if (tk(p_).op(u"-") && tk(p_ + 1).op(u"-")) e_.despues(p_, QStringLiteral(" "));
     ++p_;
     const Nodo n = expresion(kProducto + 1);
     return {ini, p_, esNumerico(n.tipo) ? n.tipo : Tipo::Numero};
@@ -78,8 +76,6 @@ Nodo Reescritor::unario() {
 
 Nodo Reescritor::binario(Nodo izq, int op, int prec) {
   ++p_;
-  // "5--3" takes three away from five, and would begin a comment there.
-  if (tk(op).op(u"-") && tk(p_).op(u"-")) e_.despues(op, QStringLiteral(" "));
   Nodo der = expresion(prec + 1);
   Nodo n{izq.ini, p_};
   if (der.vacio()) return n;
@@ -246,9 +242,8 @@ Nodo Reescritor::parentesis() {
   return n;
 }
 
-// Over whatever stands up to the parenthesis that closes here, which is passed too.
-void Reescritor::hastaCerrar() {
-  int abiertos = tk(p_).op(u"(") ? 0 : 1;
+// Behind the parenthesis that closes the one at hand (`abiertos` 1), or the one that opens here (0).
+void Reescritor::hastaCerrar(int abiertos) {
   for (; tk(p_).tipo != TipoToken::Fin; ++p_) {
     if (tk(p_).op(u"(")) ++abiertos;
     if (tk(p_).op(u")") && --abiertos <= 0) {
@@ -264,7 +259,7 @@ Nodo Reescritor::nombreOLlamada() {
     if (es(u"CASE")) return caso();
     if (es(u"NULL")) return ++p_, Nodo{ini, p_, Tipo::Nulo, true};
     if (jet_ && (es(u"TRUE") || es(u"FALSE")) && !tk(p_ + 1).op(u".")) {
-      e_.reemplazar(p_, es(u"TRUE") ? QStringLiteral("-1") : QStringLiteral("0"));
+      e_.reemplazar(p_, es(u"TRUE") ? QStringLiteral("(-1)") : QStringLiteral("0"));
       return ++p_, Nodo{ini, p_, Tipo::Entero, true};
     }
     if (es(u"EXISTS") && tk(p_ + 1).op(u"(")) {

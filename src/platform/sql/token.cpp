@@ -16,6 +16,7 @@ class Lector {
     while (saltar()) sale.push_back(uno());
     Token fin;
     fin.ini = s_.size();
+    fin.abierto = comentarioAbierto_;
     sale.push_back(fin);
     return sale;
   }
@@ -33,6 +34,7 @@ class Lector {
         i_ = fin < 0 ? s_.size() : fin + 1;
       } else if (!jet_ && s_[i_] == u'/' && en(i_ + 1) == u'*') {
         const qsizetype fin = s_.indexOf(QStringView(u"*/"), i_ + 2);
+        comentarioAbierto_ = fin < 0;
         i_ = fin < 0 ? s_.size() : fin + 2;
       } else {
         return true;
@@ -121,6 +123,7 @@ class Lector {
   QStringView s_;
   bool jet_;
   qsizetype i_ = 0;
+  bool comentarioAbierto_ = false;
 };
 
 }  // namespace

@@ -34,7 +34,7 @@ struct Token {
   }
 };
 
-// The tokens of `sql`, closed by one of type Fin.
+// The tokens of `sql`, closed by one of type Fin, which is open when a comment never ends.
 std::vector<Token> separar(QStringView sql, Dialecto dialecto);
 
 // What a literal or a name says without its quotes: 'O''Neil' gives O'Neil, [a b] gives a b, #1/2/2025# gives 1/2/2025.
