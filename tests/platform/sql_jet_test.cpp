@@ -41,6 +41,7 @@ const struct { const char *porque, *sql, *sale; } kJet[] = {
     // texts
     {"a text is no statement", "SELECT 'IIF(1,2) #01/02/2025# a+b'", "IIF(1,2) #01/02/2025# a+b"},
     {"double quotes are texts", "SELECT \"it's \"\"so\"\"\"", "it's \"so\""},
+    {"texts side by side stay two", "SELECT 'a'\"b\" AS x", "error: near \"AS\": syntax error"},
     {"quote by code", "SELECT 'O' + Chr(39) + 'Neil'", "O'Neil"},
     {"plus joins", "SELECT sProdDesc + '-' + cEstadoTexto FROM Producto WHERE cProdCode=2", "Lomo-2"},
     {"Null joins to Null", "SELECT 'a' + NULL, 'a' & NULL", "Null|a"},

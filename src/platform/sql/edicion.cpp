@@ -106,7 +106,9 @@ QString Edicion::texto(bool conLiterales) const {
   for (size_t i = 0; i < tokens_.size(); ++i) {
     sale += sql_.mid(hasta, tokens_[i].ini - hasta);
     sale += ediciones_[i].antes;
-    sale += deToken(static_cast<int>(i), conLiterales, parametro);
+    const QString nuevo = deToken(static_cast<int>(i), conLiterales, parametro);
+    if (sale.endsWith(u'\'') && nuevo.startsWith(u'\'')) sale += u' ';  // two texts side by side would become one
+    sale += nuevo;
     sale += ediciones_[i].despues;
     hasta = tokens_[i].ini + tokens_[i].largo;
   }
