@@ -2,7 +2,7 @@
 
 PAQUETES_PROGRAMA=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl1-mesa-dev libsqlite3-dev
   fonts-dejavu-core)
-PAQUETES_PRUEBAS=(libgtest-dev librapidcheck-dev libbenchmark-dev sqlite3)
+PAQUETES_PRUEBAS=(libgtest-dev librapidcheck-dev sqlite3)
 
 # Installs the Debian packages that are missing; nothing when all are there.
 instalar() {
