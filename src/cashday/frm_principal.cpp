@@ -14,6 +14,7 @@
 #include "cashday/frm_acerca_de.h"
 #include "cashday/frm_apertura.h"
 #include "cashday/pantallas_principal.h"
+#include "cashday/reportes.h"
 #include "foundation/estado_linea.h"
 #include "foundation/puesto.h"
 #include "platform/ui/anillo_foco.h"
@@ -303,8 +304,21 @@ void frmPrincipal::operacion(int n) {
     case 4:
       if (hayTipoCambio) pantallas_.abrirFull();
       return;
+    case 6: reporte(n, ReportesEspeciales); return;
+    case 16: reporte(n, ReportesEspeciales1); return;
     default: pantallas_.noDisponible(rotuloDe(kOperaciones, n));
   }
+}
+
+void frmPrincipal::reporte(int n, bool (*imprimir)(Puesto&, Principal&, const PedidoReporte&)) {
+  if (!AutorizarOperacion(v_, pantallas_, rotuloDe(kOperaciones, n))) return;
+  const CursorEspera espera;
+  imprimir(p_, v_, PedidoX());
+}
+
+void frmPrincipal::reporteDeFecha(bool (*imprimir)(Puesto&, Principal&, const QString&)) {
+  const CursorEspera espera;
+  imprimir(p_, v_, QStringLiteral("Z"));
 }
 
 void frmPrincipal::boton(int n) {
@@ -321,6 +335,8 @@ void frmPrincipal::boton(int n) {
     case 11: operacion(kReporteZ); return;
     case 12: operacion(7); return;
     case 14: p_.salida.terminar(0); return;
+    case 15: reporteDeFecha(ReportesEspecialesFecha); return;
+    case 16: reporteDeFecha(ReportesEspeciales1Fecha); return;
     default: pantallas_.noDisponible(botones_[static_cast<size_t>(n)]->text());
   }
 }
