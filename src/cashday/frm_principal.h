@@ -49,6 +49,7 @@ class frmPrincipal final : public QMainWindow {
   // An action of the clerk: runs it, then shows what it changed.
   std::function<void()> acto(std::function<void()> accion);
   void mantenimiento(int n);
+  void configurarParametros();
   void operacion(int n);
   void boton(int n);
   void abrirApertura();
