@@ -10,6 +10,9 @@ struct PantallasGuion final : PantallasPrincipal {
   void abrirFull() override { abiertas << QStringLiteral("full"); }
   void tipoCambioLista() override { abiertas << QStringLiteral("lista T.C."); }
   void tipoCambioDetalle(int modo) override { abiertas << QStringLiteral("T.C. %1").arg(modo); }
+  void mantenimiento(PantallaMantenimiento cual) override {
+    abiertas << QStringLiteral("mantenimiento %1").arg(static_cast<int>(cual));
+  }
   std::optional<QString> autorizar(const QString&) override { return {}; }
   void noDisponible(const QString& nombre) override { abiertas << QStringLiteral("falta ") + nombre; }
 };
