@@ -44,7 +44,7 @@ TEST(FrmPrincipal, EntriesOpenTheirScreens) {
       {"Toolbar1(3)", ""},
       {"Toolbar1(4)", ""},
       {"Toolbar1(6)", "rápida"},
-      {"Toolbar1(9)", "falta Reporte X"},
+      {"Toolbar1(9)", "autoriza Reporte X"},
       {"Toolbar1(12)", "falta Cuadre de Caja"},
       {"cmdInicio(2)", "full"},
   };

@@ -13,6 +13,9 @@ struct PantallasGuion final : PantallasPrincipal {
   void mantenimiento(PantallaMantenimiento cual) override {
     abiertas << QStringLiteral("mantenimiento %1").arg(static_cast<int>(cual));
   }
-  std::optional<QString> autorizar(const QString&) override { return {}; }
+  std::optional<QString> autorizar(const QString& acto) override {
+    abiertas << QStringLiteral("autoriza ") + acto;
+    return {};
+  }
   void noDisponible(const QString& nombre) override { abiertas << QStringLiteral("falta ") + nombre; }
 };
