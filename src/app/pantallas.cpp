@@ -34,6 +34,18 @@ void Pantallas::tipoCambioDetalle(int modo) {
   abrirTipoCambio(p_, static_cast<ModoDetalle>(modo), {}, v, padre());
 }
 
+void Pantallas::mantenimiento(PantallaMantenimiento cual) {
+  switch (cual) {
+    case PantallaMantenimiento::Productos: noDisponible(QStringLiteral("Productos")); return;
+    case PantallaMantenimiento::Teclado: noDisponible(QStringLiteral("Configuración del Teclado")); return;
+    case PantallaMantenimiento::Cabecera: noDisponible(QStringLiteral("Cabecera de Impresión")); return;
+    case PantallaMantenimiento::Impresora: noDisponible(QStringLiteral("Configuración Impresora")); return;
+    case PantallaMantenimiento::Usuarios: noDisponible(QStringLiteral("Usuarios")); return;
+    case PantallaMantenimiento::Parametros: noDisponible(QStringLiteral("Configuración Parámetros")); return;
+    case PantallaMantenimiento::TiposTarjeta: noDisponible(QStringLiteral("Tipo de Tarjeta")); return;
+  }
+}
+
 std::optional<QString> Pantallas::autorizar(const QString& acto) { return autorizarOperacion(p_, padre(), acto); }
 
 void Pantallas::noDisponible(const QString& pantalla) {

@@ -15,6 +15,7 @@ class Pantallas final : public PantallasPrincipal, public PantallasVenta {
   void abrirFull() override;
   void tipoCambioLista() override;
   void tipoCambioDetalle(int modo) override;
+  void mantenimiento(PantallaMantenimiento cual) override;
   std::optional<QString> autorizar(const QString& acto) override;
   void noDisponible(const QString& pantalla) override;
 

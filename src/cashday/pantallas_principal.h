@@ -4,6 +4,9 @@
 #include <QString>
 #include <optional>
 
+// The maintenance screens without a method of their own, by the menu entries that open them.
+enum class PantallaMantenimiento { Productos, Teclado, Cabecera, Impresora, Usuarios, Parametros, TiposTarjeta };
+
 class PantallasPrincipal {
  public:
   virtual ~PantallasPrincipal() = default;
@@ -13,6 +16,7 @@ class PantallasPrincipal {
   virtual void tipoCambioLista() = 0;
   // The detail of the exchange rate in mode 0 (new) to 3 (view).
   virtual void tipoCambioDetalle(int modo) = 0;
+  virtual void mantenimiento(PantallaMantenimiento cual) = 0;
 
   // The supervisor dialog. `acto` names in the title what is authorised. Gives the supervisor's name as typed;
   // nothing when it was refused.

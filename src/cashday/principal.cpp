@@ -1,6 +1,7 @@
 #include "cashday/principal.h"
 
 #include "cashday/dia.h"
+#include "cashday/pantallas_principal.h"
 #include "foundation/puesto.h"
 #include "loyalty/cliente_bd.h"
 #include "platform/text/fecha.h"
@@ -74,6 +75,16 @@ void PrepararOperacion(Puesto& p, Principal& v, PantallasPrincipal& pantallas) {
   v.bAcceso = false;
   v.nIntentosReporte = 0;
   if (p.ses.pnTipoCambio == 0) CapturaTipoCambio(p, pantallas);
+}
+
+bool AutorizarOperacion(Principal& v, PantallasPrincipal& pantallas, const QString& acto) {
+  if (const auto nombre = pantallas.autorizar(acto)) {
+    v.txtsupervisor = *nombre;
+    v.bAcceso = true;
+  }
+  // A window that already held a name keeps its flag as it was.
+  if (Recortar(v.txtsupervisor).isEmpty()) v.bAcceso = false;
+  return v.bAcceso;
 }
 
 EstadoDia EstadoDelDia(const Puesto& p, const Principal& v) {

@@ -48,6 +48,9 @@ void CargarPrincipal(Puesto& p, Principal& v);
 // not known.
 void PrepararOperacion(Puesto& p, Principal& v, PantallasPrincipal& pantallas);
 
+// Asks a supervisor; `acto` names in the title what is authorised. True, with v.bAcceso set, when there is one.
+bool AutorizarOperacion(Principal& v, PantallasPrincipal& pantallas, const QString& acto);
+
 EstadoDia EstadoDelDia(const Puesto& p, const Principal& v);
 QString TituloPrincipal(const Puesto& p);
 

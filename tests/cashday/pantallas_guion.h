@@ -10,6 +10,12 @@ struct PantallasGuion final : PantallasPrincipal {
   void abrirFull() override { abiertas << QStringLiteral("full"); }
   void tipoCambioLista() override { abiertas << QStringLiteral("lista T.C."); }
   void tipoCambioDetalle(int modo) override { abiertas << QStringLiteral("T.C. %1").arg(modo); }
-  std::optional<QString> autorizar(const QString&) override { return {}; }
+  void mantenimiento(PantallaMantenimiento cual) override {
+    abiertas << QStringLiteral("mantenimiento %1").arg(static_cast<int>(cual));
+  }
+  std::optional<QString> autorizar(const QString& acto) override {
+    abiertas << QStringLiteral("autoriza ") + acto;
+    return {};
+  }
   void noDisponible(const QString& nombre) override { abiertas << QStringLiteral("falta ") + nombre; }
 };
