@@ -7,6 +7,7 @@
 #include "foundation/cfg_admin.h"
 #include "foundation/puesto.h"
 #include "loyalty/cliente_bd.h"
+#include "loyalty/puntos.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
@@ -35,6 +36,8 @@ struct Venta {
   EfectivoDocumento efectivo;
 
   bool factura() const { return o.tipoDoc == u"01"; }
+  int local() const { return static_cast<int>(AEntero(Val(o.idLocal))); }  // 0 for none
+  ClavePuntos clave() const { return {o.tipoDoc, documento.serie, documento.numero}; }
 };
 
 double noNegativo(double valor) { return valor < 0 ? 0 : valor; }
@@ -190,6 +193,7 @@ bool imprimir(Puesto& p, Venta& c) {
   t.tipoCambio = p.ses.pnTipoCambio;
   t.lineas = c.lineas;
   t.totales = TotalesVenta(c.clase, cifrasDe(p, c));
+  t.puntos = PuntosDelTicket(p, c.clave(), c.tarjeta, c.local(), c.total);
   t.momento = p.reloj.now();
   if (c.v.bAcceso) t.supervisor = c.v.txtsupervisor;
   t.usuario = p.ses.psUsuario;
@@ -217,6 +221,11 @@ bool grabarLineas(Puesto& p, Venta& c) {
   return true;
 }
 
+bool acumular(Puesto& p, Venta& c) {
+  AcumularPuntos(p, c.tarjeta, c.clave(), LeerImporte(c.v.txtSoles), c.local());
+  return true;
+}
+
 bool grabarEfectivo(Puesto& p, Venta& c) {
   c.efectivo = efectivoDeLaCaja(c.v);
   if (c.efectivo.soles <= 0 && c.efectivo.dolares <= 0) return true;
@@ -235,7 +244,7 @@ const Paso<Venta> kPasosVenta[] = {
     {"gaveta", abrirGaveta},        {"exacto", completarEfectivo}, {"codigo", tomarCodigo},
     {"cuadre", cuadrar},            {"cabecera", cargarCabecera},  {"numero", reservar},
     {"ticket", imprimir},           {"verificar", verificar},      {"lineas", grabarLineas},
-    {"efectivo", grabarEfectivo},   {"limpiar", limpiar},
+    {"puntos", acumular},           {"efectivo", grabarEfectivo},  {"limpiar", limpiar},
 };
 
 const struct {
