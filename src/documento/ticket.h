@@ -40,6 +40,12 @@ struct PuntosTicket {
 // Two lines, with an empty one behind them.
 QString LineasPuntos(const PuntosTicket& puntos);
 
+// What a liquidation settles: a note and its lines.
+struct NotaTicket {
+  qint64 tx = 0;
+  std::vector<LineaDocumento> lineas;
+};
+
 struct DatosTicket {
   ClaseDocumento clase = kVentaExacta;
   // Customer and document
@@ -53,6 +59,7 @@ struct DatosTicket {
   // Body
   FormaLineas forma;
   std::vector<LineaDocumento> lineas;
+  std::vector<NotaTicket> notas;  // of a liquidation, in place of lines
   std::vector<RenglonTotal> totales;
   // Close
   std::optional<PuntosTicket> puntos;

@@ -100,6 +100,8 @@ void acumularEnCola(Puesto& p, Acumulacion& a) {
       true);
 }
 
+ClavePuntos clave(const CommitDocumento& c) { return {c.o.tipoDoc, c.documento.serie, c.documento.numero}; }
+
 // The statements of a take-back; `cliente` is filled as soon as it is known.
 bool extornar(Puesto& p, const QString& tarjeta, double total, int idLocal, const ClavePuntos& d, QString& cliente) {
   if (!TomarReglaPunto(p) || !p.ses.pbClienteConectado) return false;
@@ -167,6 +169,16 @@ void AcumularPuntos(Puesto& p, const QString& tarjeta, const ClavePuntos& docume
     else acumularEnCola(p, a);
   }
   DesconectarCliente(p);
+}
+
+bool LeerPuntos(Puesto& p, CommitDocumento& c) {
+  c.puntos = PuntosDelTicket(p, clave(c), c.tarjeta, c.idLocal, c.total);
+  return true;
+}
+
+bool Acumular(Puesto& p, CommitDocumento& c) {
+  AcumularPuntos(p, c.tarjeta, clave(c), c.total, c.idLocal);
+  return true;
 }
 
 ClienteTarjeta ClienteDeTarjeta(Puesto& p, const QString& tarjeta, int idLocal) {

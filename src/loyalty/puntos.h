@@ -4,7 +4,7 @@
 #include <QString>
 #include <optional>
 
-#include "documento/ticket.h"
+#include "documento/commit_documento.h"
 
 struct Puesto;
 
@@ -34,6 +34,10 @@ std::optional<PuntosTicket> PuntosDelTicket(Puesto& p, const ClavePuntos& docume
 // kind. Goes to the client database or, when that is away, to the queue in the store, the store's copies of cards and
 // customers standing in. Leaves poCnnCliente closed.
 void AcumularPuntos(Puesto& p, const QString& tarjeta, const ClavePuntos& documento, double importe, int idLocal);
+
+// The two as steps of a commit: before the ticket, and behind the rows. Neither ends a commit.
+bool LeerPuntos(Puesto& p, CommitDocumento& c);
+bool Acumular(Puesto& p, CommitDocumento& c);
 
 struct ClienteTarjeta {
   QString codigo = QStringLiteral("0");
