@@ -9,6 +9,7 @@
 #include "app/frm_splash.h"
 #include "app/pantallas.h"
 #include "cashday/frm_principal.h"
+#include "loyalty/pendientes.h"
 #include "platform/ui/tema.h"
 
 namespace {
@@ -40,8 +41,8 @@ struct Aplicacion::Interno {
 void Aplicacion::Interno::iniciar() {
   try {
     exigirUnicaCopia();
-    // Queue of points and synchronisation come with their rooms.
-    Arrancar(puesto, {});
+    // The synchronisation comes with its room.
+    Arrancar(puesto, {EnviarPendientesCliente, {}});
     login();
   } catch (const std::exception& e) {
     puesto.mensajes.mostrar(QString::fromUtf8(e.what()));

@@ -50,7 +50,7 @@ frmCuadre::frmCuadre(Puesto& p, ModoCuadre modo, bool bReporteImpreso, QWidget* 
     if (n == kProductos) lvwProductos_->setFocus();
     else findChild<QWidget*>(QStringLiteral("txtCaja(0)"))->setFocus();
   });
-  indicio(QStringLiteral("Enter siguiente  ·  Esc cerrar"));
+  indicio(v_.deCierre ? QStringLiteral("Enter siguiente") : QStringLiteral("Enter siguiente  ·  Esc cerrar"));
   caja_.mostrar();
   resize(1000, 640);
   findChild<QWidget*>(QStringLiteral("txtCaja(0)"))->setFocus();
@@ -158,6 +158,7 @@ QWidget* frmCuadre::nuevosProductos() {
   for (const auto& c : campos) {
     const QString nombre = QString::fromLatin1(c.nombre), etiqueta = QString::fromLatin1(c.etiqueta);
     Campo* campo = c.seEscribe ? panel->importe(nombre, etiqueta) : panel->fijo(nombre, etiqueta);
+    if (c.texto != &q.txtProductosNombre) campo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     producto_.texto(campo, *c.texto);
     if (!c.seEscribe) continue;
     campo->filtro = digitos;
@@ -196,6 +197,7 @@ QWidget* frmCuadre::nuevosProductos() {
 void frmCuadre::mostrarProducto(int fila) {
   TomarProducto(v_, fila < 0 ? -1 : lvwProductos_->fila(fila).clave.toInt());
   producto_.mostrar();
+  findChild<Campo*>(QStringLiteral("txtProductosNombre"))->home(false);
 }
 
 void frmCuadre::dejarCaja() {

@@ -4,17 +4,19 @@
 #include "platform/ui/forma.h"
 
 class Lista;
-class Panel;
 class QTabWidget;
 struct Puesto;
 
 // The cash count, as the step of a closing or as a plain view. Its button prints when `bReporteImpreso` says that the
 // day's report went to print, and closes the screen in any case but one: a count that is no number must be put right
-// first.
+// first. In a closing nothing else closes it.
 class frmCuadre final : public Forma {
   Q_OBJECT
  public:
   frmCuadre(Puesto& p, ModoCuadre modo, bool bReporteImpreso, QWidget* padre = nullptr);
+
+ protected:
+  bool puedeCerrar() override { return !v_.deCierre; }
 
  private:
   QWidget* nuevaCaja();
