@@ -31,6 +31,12 @@ struct FormaLineas {
 // The article line and, with a discount, the line below it. No line end behind the last of them.
 QString LineasArticulo(const LineaDocumento& linea, const FormaLineas& forma);
 
+// What a liquidation settles: a note and its lines.
+struct NotaTicket {
+  qint64 tx = 0;
+  std::vector<LineaDocumento> lineas;
+};
+
 struct DatosTicket {
   ClaseDocumento clase = kVentaExacta;
   // Customer and document
@@ -44,6 +50,7 @@ struct DatosTicket {
   // Body
   FormaLineas forma;
   std::vector<LineaDocumento> lineas;
+  std::vector<NotaTicket> notas;  // of a liquidation, in place of lines
   std::vector<RenglonTotal> totales;
   // Close
   QDateTime momento;

@@ -7,6 +7,8 @@
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
+#include "sale/caja_liquidacion.h"
+#include "sale/caja_totales.h"
 #include "sale/pantallas_venta.h"
 
 namespace {
@@ -37,10 +39,7 @@ void vaciarVenta(Puesto& p, CajaRegistradoraFull& v) {
   v.txtRUC.clear();
   olvidarCliente(v);
   v.bAcceso = false;
-  for (QString* campo : {&v.txtSoles, &v.txtDolares, &v.txtTotalPA, &v.txtTotalNC, &v.txtLiq, &v.txtliqefectivosoles,
-                         &v.txtliqefectivodolares, &v.txtliqvueltosoles, &v.ttxliqvueltodolares, &v.txtliqpade}) {
-    campo->clear();
-  }
+  for (QString* campo : {&v.txtSoles, &v.txtDolares, &v.txtTotalPA, &v.txtTotalNC}) campo->clear();
   PonerTipo(v, kEfectivo);
   if (!v.bVoucherListo) {
     p.ses.poVoucher.clear();
@@ -75,6 +74,7 @@ std::optional<Foco> lineaSinArticulo(CajaRegistradoraFull& v) {
 void Inicio(Puesto& p, CajaRegistradoraFull& v) {
   v.txtsupervisor.clear();
   for (auto& lista : v.lvwTX) lista.clear();
+  for (QString& codigo : v.txtTXL) codigo.clear();
   p.ses.pbVoucher = false;
   v.tipos.clear();
   for (const auto& t : tiposDeVenta()) v.tipos.push_back(t.tipo);
@@ -105,12 +105,15 @@ void PonerTipo(CajaRegistradoraFull& v, TipoVenta tipo) {
   if (!pantalla.rucEditable) v.txtRUC.clear();
 }
 
-void CambiarTipo(CajaRegistradoraFull& v, PantallasVenta& pantallas, TipoVenta tipo) {
+void CambiarTipo(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, TipoVenta tipo) {
+  if (tipo == kAnular || tipo == kRecaudacion) {
+    if (tipo == kAnular) pantallas.anular();
+    else pantallas.noDisponible(pantallaDe(tipo).entrada);
+    tipo = v.tipos.front();
+  }
   PonerTipo(v, tipo);
-  const PantallaTipo& pantalla = pantallaDe(tipo);
-  if (pantalla.listo) return;
-  pantallas.noDisponible(pantalla.entrada);
-  PonerTipo(v, v.tipos.front());
+  if (tipo == kLIQPAD) TotalesTX(p, v);
+  else SumarLineas(p, v);
 }
 
 void AjustarCliente(CajaRegistradoraFull& v) {

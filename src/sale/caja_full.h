@@ -57,6 +57,7 @@ struct CajaRegistradoraFull {
   // Advance payment, note, liquidation
   QString txtPagoAdelantado, txtPADEDolares, txtPADE, txtimportepago, txtGlosa1, txtTX, txtGlosa;
   std::array<std::vector<LineaTX>, 2> lvwTX;
+  std::array<QString, 2> txtTXL;
   QString txtTotalPA, txtTotalNC;
   QString txtLiq, txtliqefectivosoles, txtliqefectivodolares, txtliqvueltosoles, ttxliqvueltodolares, txtliqpade;
 };
@@ -69,8 +70,8 @@ void Inicio(Puesto& p, CajaRegistradoraFull& v);
 // kind's first tab in front, the RUC emptied where there is none.
 void PonerTipo(CajaRegistradoraFull& v, TipoVenta tipo);
 
-// The cashier's choice in cboTipoVenta. A kind whose screen isn't there yet says so and goes back to the first entry.
-void CambiarTipo(CajaRegistradoraFull& v, PantallasVenta& pantallas, TipoVenta tipo);
+// The cashier's choice in cboTipoVenta. The last two entries open a screen and go back to the first entry.
+void CambiarTipo(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, TipoVenta tipo);
 
 enum class ResultadoTarjeta { SinTarjeta, SinServidor, NoExiste, Hallada, VariosLocales };
 
