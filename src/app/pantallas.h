@@ -23,6 +23,12 @@ class Pantallas final : public PantallasPrincipal, public PantallasVenta {
   bool sincronizar(bool diaAnterior) override;
   void rearrancar() override { alRearrancar_(); }
   std::optional<QString> autorizar(const QString& acto) override;
+  std::optional<EfectivoVoucher> voucher(const PedidoVoucher& pedido) override;
+  std::optional<EfectivoDocumento> pagoEfectivo(double total) override;
+  std::optional<QString> buscarArticulo() override;
+  std::optional<TarjetaElegida> buscarCliente(const QString& texto) override;
+  std::optional<DocumentoElegido> buscarParalela(ListaParalela lista, bool soloVer) override;
+  void retiro() override;
   void noDisponible(const QString& pantalla) override;
 
  private:
