@@ -3,12 +3,19 @@
 #include "cashday/pantallas_principal.h"
 #include "cashday/principal.h"
 #include "cashday/reportes.h"
+#include "cashday/transaccion.h"
 #include "foundation/puesto.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 
 namespace {
+
+const char* const kMarca =
+    "SELECT IIF(ISNULL(MAX(cOperID)),0, MAX(cOperID)) as cOperIDx FROM Operacion Where coperflagabierto = 0 ";
+const char* const kMarcaP =
+    "SELECT IIF(ISNULL(MAX(cOperCode)),0, MAX(cOperCode)) as cOperCodex FROM OperacionParalela "
+    "Where coperflagabierto = 0 ";
 
 bool consultar(Puesto& p, const QString& sql, Recordset& rs) {
   return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs);
@@ -21,16 +28,13 @@ bool cerrarAnteriores(Puesto& p, const QString& contar, const QString& cerrar, b
   Recordset rs;
   if (!consultar(p, contar, rs)) return false;
   if (Numero(rs[u"nCount"]) <= 0) return true;
-  if (p.poCnnLocal.iniciar()) return false;
-  MarcasDia m;
-  const bool bien = p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, cerrar, true) && LeerMarcas(p, m) &&
-                    p.poDBAdmin.EjecutarSentencia(p.poCnnLocal,
-                                                  QStringLiteral("UPDATE Configuracion SET cOperId = ") + m.cOperIdx +
-                                                      QStringLiteral(", cOperIdP = ") + m.cOperCodex,
-                                                  true) &&
-                    !p.poCnnLocal.confirmar();
-  if (!bien) {
-    p.poCnnLocal.deshacer();
+  Lote lote(p.poCnnLocal);
+  lote.ejecutar(cerrar);
+  const QString cOperIdx = TextoDe(lote.numero(QString::fromLatin1(kMarca)));
+  const QString cOperCodex = TextoDe(lote.numero(QString::fromLatin1(kMarcaP)));
+  lote.ejecutar(QStringLiteral("UPDATE Configuracion SET cOperId = %1, cOperIdP = %2").arg(cOperIdx, cOperCodex));
+  if (const auto error = lote.terminar()) {
+    p.mensajes.mostrar(*error);
     return false;
   }
   cerradas = true;
@@ -96,18 +100,11 @@ void CapturaTipoCambio(Puesto& p, PantallasPrincipal& pantallas) {
 }
 
 bool LeerMarcas(Puesto& p, MarcasDia& m) {
-  const struct { const char *sql, *campo; QString& marca; } marcas[] = {
-      {"SELECT IIF(ISNULL(MAX(cOperID)),0, MAX(cOperID)) as cOperIDx FROM Operacion Where coperflagabierto = 0 ",
-       "cOperIDx", m.cOperIdx},
-      {"SELECT IIF(ISNULL(MAX(cOperCode)),0, MAX(cOperCode)) as cOperCodex FROM OperacionParalela "
-       "Where coperflagabierto = 0 ",
-       "cOperCodex", m.cOperCodex},
-  };
-  for (const auto& una : marcas) {
-    Recordset rs;
-    if (!consultar(p, QString::fromLatin1(una.sql), rs)) return false;
-    una.marca = LimpiarNulo(rs[QString::fromLatin1(una.campo)]);
-  }
+  Recordset rs;
+  if (!consultar(p, QString::fromLatin1(kMarca), rs)) return false;
+  m.cOperIdx = LimpiarNulo(rs[0]);
+  if (!consultar(p, QString::fromLatin1(kMarcaP), rs)) return false;
+  m.cOperCodex = LimpiarNulo(rs[0]);
   return true;
 }
 
