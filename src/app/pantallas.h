@@ -2,6 +2,7 @@
 // The screens that rooms open in each other, by the interfaces that the rooms declare.
 #include "cashday/pantallas_principal.h"
 #include "sale/pantallas_venta.h"
+#include "sale/traspaso.h"
 
 class QWidget;
 struct Puesto;
@@ -23,8 +24,17 @@ class Pantallas final : public PantallasPrincipal, public PantallasVenta {
   std::optional<TarjetaElegida> buscarCliente(const QString& texto) override;
   std::optional<DocumentoElegido> buscarParalela(ListaParalela lista, bool soloVer) override;
   void retiro() override;
+  bool irARapida(const VentaEnCurso& venta) override;
+  bool irAFull(const VentaEnCurso& venta) override;
   void noDisponible(const QString& pantalla) override;
 
  private:
+  enum class Registradora { Rapida, Full };
+  // Opens a register and, when it hands over, the other one, until one of them just closes.
+  void vender(Registradora cual);
+  bool pasarA(Registradora cual, const VentaEnCurso& venta);
+
   Puesto& p_;
+  // The register that is to open next, with its sale.
+  std::optional<std::pair<Registradora, VentaEnCurso>> siguiente_;
 };

@@ -3,6 +3,7 @@
 #include "sale/caja_full.h"
 #include "sale/commit.h"
 #include "sale/pantallas_venta.h"
+#include "sale/traspaso.h"
 
 namespace {
 
@@ -24,6 +25,14 @@ Foco exigirDocumento(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantall
   return emitir(p, v, pantallas);
 }
 
+// The sale goes along, unless the quick register couldn't hold it as it stands.
+bool irARapida(Puesto& p, const CajaRegistradoraFull& v, PantallasVenta& pantallas) {
+  if (CabeEnRapida(v)) return pantallas.irARapida(LlevarVenta(p, v));
+  p.mensajes.mostrar(QStringLiteral("La Caja Registradora no admite descuentos ni recargos.\n"
+                                    "Termine o cancele esta venta antes de cambiar."));
+  return false;
+}
+
 TrasTecla accionTecla(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, int indice) {
   switch (indice) {
     case 0:
@@ -32,8 +41,7 @@ TrasTecla accionTecla(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantal
       CancelarVenta(p, v);
       return {false, {QStringLiteral("txtTarjeta")}};
     case 1:
-      pantallas.noDisponible(QStringLiteral("Caja Registradora"));
-      return {};
+      return {irARapida(p, v, pantallas), {}};
     case 2: {
       AjustarCliente(v);
       const auto falta = ValidaVenta(p, v, pantallas);
