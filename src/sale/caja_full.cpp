@@ -7,6 +7,7 @@
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
+#include "sale/caja_adelanto.h"
 #include "sale/caja_liquidacion.h"
 #include "sale/caja_totales.h"
 #include "sale/pantallas_venta.h"
@@ -108,7 +109,7 @@ void PonerTipo(CajaRegistradoraFull& v, TipoVenta tipo) {
 void CambiarTipo(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, TipoVenta tipo) {
   if (tipo == kAnular || tipo == kRecaudacion) {
     if (tipo == kAnular) pantallas.anular();
-    else pantallas.noDisponible(pantallaDe(tipo).entrada);
+    else pantallas.retiro();
     tipo = v.tipos.front();
   }
   PonerTipo(v, tipo);
@@ -167,18 +168,27 @@ ResultadoTarjeta BuscaTarjeta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta
   if (rs.RecordCount() > 1) {
     v.txtNombres.clear();
     v.localVisible = true;
-    pantallas.noDisponible(QStringLiteral("Búsqueda de clientes"));
-    return ResultadoTarjeta::VariosLocales;
+    const auto elegida = pantallas.buscarCliente(v.txtTarjeta);
+    const bool conLocal = elegida && elegida->idLocal > 0;
+    return conLocal ? TomarCliente(p, v, pantallas, *elegida) : ResultadoTarjeta::VariosLocales;
   }
   v.txtNombres = LimpiarNulo(rs[u"sClieApel"]) + u' ' + LimpiarNulo(rs[u"sClieName"]);
   ElegirLocal(v, static_cast<int>(AEntero(Numero(rs[u"IdLocal"]))));
   return ResultadoTarjeta::Hallada;
 }
 
+ResultadoTarjeta TomarCliente(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas,
+                              const TarjetaElegida& elegida) {
+  v.tarjetaHallada.clear();
+  v.txtTarjeta = elegida.tarjeta;
+  ElegirLocal(v, elegida.idLocal);
+  return BuscaTarjeta(p, v, pantallas);
+}
+
 std::optional<Foco> ValidaVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
   const PantallaTipo& pantalla = pantallaDe(v.nTipoVenta);
   if (pantalla.panel == PanelTipo::DatosPago && v.txtPADE.isEmpty()) {
-    pantallas.noDisponible(QStringLiteral("Pago Adelantado"));
+    BuscarAdelanto(v, pantallas);
     return Foco{QStringLiteral("txtPADE")};
   }
   if (v.pestana == 2 && v.lvwTX[1].empty()) {

@@ -9,6 +9,7 @@
 #include "sale/tipo_venta.h"
 
 struct Puesto;
+struct TarjetaElegida;
 class PantallasVenta;
 
 // Columns of the lines grid TDBGrid1.
@@ -79,6 +80,10 @@ enum class ResultadoTarjeta { SinTarjeta, SinServidor, NoExiste, Hallada, Varios
 // Without the database the card stays and the sale goes on without a name. The connection is closed again.
 ResultadoTarjeta BuscaTarjeta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas);
 
+// A customer chosen in the search: card and site, then BuscaTarjeta.
+ResultadoTarjeta TomarCliente(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas,
+                              const TarjetaElegida& elegida);
+
 // Makes the customer's fields agree: name and site of the card found before go, once another card stands in
 // txtTarjeta, since they would narrow a search or stand on another customer's ticket; nIdLocal follows txtLocal.
 void AjustarCliente(CajaRegistradoraFull& v);
@@ -109,5 +114,8 @@ struct TrasTecla {
   Foco foco;            // empty: where it was
 };
 
-// A button of the array cmdTecla, 0 to 4.
+// A button of the array cmdTecla, 0 to 4. Whatever keeps a sale from being committed leaves it on the screen.
 TrasTecla PulsarTecla(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, int indice);
+
+// cmdVoucher: a liquidation paid by cards, from the voucher screen to the commit.
+TrasTecla PulsarVoucher(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas);
