@@ -22,6 +22,7 @@ using FilaVenta = std::array<QString, kColumnas>;
 // A line of one of the two lists of the third tab.
 struct LineaTX {
   QString tx, tipo, doc, tarjeta, total, fecha, original, clienteGlosa, pade;
+  bool operator==(const LineaTX&) const = default;
 };
 
 // A site of the list dcbLocal.
