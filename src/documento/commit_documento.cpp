@@ -69,6 +69,7 @@ bool ImprimirTicket(Puesto& p, CommitDocumento& c) {
   t.lineas = c.lineas;
   t.notas = c.notas;
   t.totales = c.totales;
+  t.puntos = c.puntos;
   t.momento = p.reloj.now();
   t.supervisor = c.supervisor;
   t.usuario = p.ses.psUsuario;

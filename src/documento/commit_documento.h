@@ -19,6 +19,7 @@ struct CommitDocumento {
   std::vector<NotaTicket> notas;  // of a liquidation, in place of lines
   FormaLineas forma;
   std::vector<RenglonTotal> totales;
+  std::optional<PuntosTicket> puntos;
 
   double total = 0;  // soles: the figure that earns points
   int idLocal = 0;   // the customer's site, 0 when there is none

@@ -87,6 +87,8 @@ QString cantidad(const DatosTicket& t) {
   return LineaTotal({QStringLiteral(" ITEM"), Formatear(suma, t.forma.mascaraItem)}) + kFin;
 }
 
+QString puntos(const DatosTicket& t) { return t.puntos ? LineasPuntos(*t.puntos) : QString(); }
+
 QString momento(const DatosTicket& t) {
   return Espacios(9) + FormatearFecha(t.momento, u"(DDD) DD/MM/YYYY ") + FormatearFecha(t.momento, u"hh:mm") + kFin;
 }
@@ -137,10 +139,16 @@ QString LineasArticulo(const LineaDocumento& linea, const FormaLineas& f) {
   return s;
 }
 
+QString LineasPuntos(const PuntosTicket& p) {
+  const QString acumulado = p.acumulado < 0 ? QStringLiteral("**") : TextoDe(p.acumulado);
+  return QStringLiteral(" UD. ACUMULO: ") + QString::number(p.ganados) + QStringLiteral(" PUNTOS") + kFin +
+         QStringLiteral(" TIENE ACUMULADO: ") + acumulado + QStringLiteral(" PUNTOS") + kFin + kFin;
+}
+
 QString TextoTicket(const DatosTicket& t) {
   QString texto;
-  for (const auto item : {cabecera, cliente, numero, palabra, lineas, separador, totales, cantidad, momento, supervisor,
-                          caja, correlativo, lema}) {
+  for (const auto item : {cabecera, cliente, numero, palabra, lineas, separador, totales, cantidad, puntos, momento,
+                          supervisor, caja, correlativo, lema}) {
     const QString s = item(t);
     if (!s.isEmpty()) texto += kFin + s;
   }

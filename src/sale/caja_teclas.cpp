@@ -1,6 +1,5 @@
 #include "foundation/puesto.h"
 #include "foundation/rutinas.h"
-#include "platform/text/texto.h"
 #include "sale/caja_full.h"
 #include "sale/caja_liquidacion.h"
 #include "sale/commit.h"
@@ -31,17 +30,8 @@ Emision emitir(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
   return {false, adelanto ? Foco{QStringLiteral("txtPagoAdelantado")} : Foco{}};
 }
 
-// A card that was typed and not looked up yet must not reach the rows when nobody has it.
-std::optional<Foco> tarjetaQueFalta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
-  AjustarCliente(v);
-  const QString tarjeta = Recortar(v.txtTarjeta);
-  if (tarjeta.isEmpty() || Ceros(tarjeta, 8) == v.tarjetaHallada) return {};
-  if (BuscaTarjeta(p, v, pantallas) == ResultadoTarjeta::NoExiste) return kAlCliente;
-  return {};
-}
-
 Emision comprobarYEmitir(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
-  if (const auto foco = tarjetaQueFalta(p, v, pantallas)) return {false, *foco};
+  if (!TarjetaAceptada(p, v, pantallas)) return {false, kAlCliente};
   if (const auto foco = ValidaVenta(p, v, pantallas)) return {false, *foco};
   return emitir(p, v, pantallas);
 }
@@ -80,7 +70,7 @@ Foco exigirDocumento(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantall
   if (!si) return {};
   if (!v.bVoucherListo) PonerTipo(v, v.tipos.front());  // paid by cards it stays a voucher sale
   v.txtRUC.clear();
-  if (const auto foco = tarjetaQueFalta(p, v, pantallas)) return *foco;
+  if (!TarjetaAceptada(p, v, pantallas)) return kAlCliente;
   return emitir(p, v, pantallas).foco;
 }
 

@@ -4,6 +4,7 @@
 #include "documento/totales.h"
 #include "foundation/puesto.h"
 #include "loyalty/cliente_bd.h"
+#include "loyalty/puntos.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 #include "sale/caja_totales.h"
@@ -171,10 +172,12 @@ const Paso<Venta> kPasosVenta[] = {
     {"cabecera", kComun<CargarCabecera>},
     {"numero", kComun<ReservarNumero>},
     {"totales", totalizar},
+    {"saldo", kComun<LeerPuntos>},
     {"ticket", kComun<ImprimirTicket>},
     {"verificar", kComun<VerificarNumero>},
     {"ultima", kComun<GuardarUltima>},
     {"lineas", grabarLineas},
+    {"puntos", kComun<Acumular>},
     {"efectivo", grabarEfectivo},
     {"limpiar", Limpiar},
 };
@@ -191,12 +194,14 @@ const Paso<Venta> kPasosOrden[] = {
     {"paralela", FijarParalela},
     {"cabecera", kComun<CargarCabecera>},
     {"numero", kComun<ReservarNumero>},
+    {"saldo", kComun<LeerPuntos>},
     {"ticket", kComun<ImprimirTicket>},
     {"ultima", kComun<GuardarUltima>},
     {"cabeza", GrabarCabeza},
     {"lineas", GrabarLineas},
     {"efectivo", pasos::GrabarEfectivo},
     {"tarjetas", GrabarTarjetas},
+    {"puntos", kComun<Acumular>},
     {"limpiar", Limpiar},
 };
 
@@ -211,10 +216,12 @@ const Paso<Venta> kPasosNota[] = {
     {"paralela", FijarParalela},
     {"cabecera", kComun<CargarCabecera>},
     {"numero", kComun<ReservarNumero>},
+    {"saldo", kComun<LeerPuntos>},
     {"ticket", kComun<ImprimirTicket>},
     {"ultima", kComun<GuardarUltima>},
     {"cabeza", GrabarCabeza},
     {"lineas", GrabarLineas},
+    {"puntos", kComun<Acumular>},
     {"limpiar", Limpiar},
 };
 
