@@ -21,7 +21,8 @@
 namespace {
 
 constexpr int kPorFila = 6;
-constexpr int kAnchoDerecha = 352;
+constexpr int kAltoAccion = 48;
+constexpr int kAnchoDerecha = 350;
 
 // The actions, from left to right.
 const struct {
@@ -165,25 +166,24 @@ QWidget* frmCajaRegistradora::nuevosCampos() {
 
 void frmCajaRegistradora::ponerBoton(QGridLayout* g, int columna, QPushButton* boton, const QString& nombreTecla,
                                      const QString& tecla) {
+  boton->setMinimumHeight(kAltoAccion);
   auto* rotulo = nuevoTexto(tecla, QStringLiteral("suave"));
   rotulo->setObjectName(nombreTecla);
   rotulo->setAlignment(Qt::AlignHCenter);
   g->addWidget(boton, 0, columna);
   g->addWidget(rotulo, 1, columna);
-  g->setColumnStretch(columna, 1);
 }
 
 QWidget* frmCajaRegistradora::nuevosBotones() {
   auto* fila = new QWidget;
   auto* g = new QGridLayout(fila);
   g->setContentsMargins(0, 0, 0, 0);
-  g->setHorizontalSpacing(8);
+  g->setHorizontalSpacing(tema::kPaso);
   g->setVerticalSpacing(2);
   int columna = 0;
   for (const auto& a : kAcciones) {
     auto* b = nuevoBoton(QStringLiteral("cmdTecla(%1)").arg(a.indice), a.rotulo.toString(),
                          a.papel.isEmpty() ? QStringLiteral("accion") : a.papel.toString());
-    b->setMinimumHeight(48);
     const bool conTecla = a.tecla.key() != Qt::Key_unknown;
     ponerBoton(g, columna++, b, QStringLiteral("lblTecla(%1)").arg(a.indice), conTecla ? nombreTecla(a.tecla) : QString());
     connect(b, &QPushButton::clicked, this, [this, n = a.indice] { pulsar(n); });
@@ -194,7 +194,6 @@ QWidget* frmCajaRegistradora::nuevosBotones() {
   connect(cmdCambio_, &QPushButton::clicked, this, [this] { cambiar(); });
   cmdSalir_ = nuevoBoton(QStringLiteral("cmdSalir"), QStringLiteral("Salir"), QStringLiteral("accion"));
   connect(cmdSalir_, &QPushButton::clicked, this, [this] { accept(); });
-  for (QPushButton* b : {cmdCambio_, cmdSalir_}) b->setMinimumHeight(48);
   ponerBoton(g, columna++, cmdCambio_, QStringLiteral("lblCambio"), nombreTecla(Qt::Key_Space));
   ponerBoton(g, columna, cmdSalir_, QStringLiteral("lblSalir"), nombreTecla(Qt::ALT | Qt::Key_F4));
   return fila;

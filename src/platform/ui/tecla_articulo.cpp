@@ -51,21 +51,18 @@ void TeclaArticulo::paintEvent(QPaintEvent*) {
   o.text.clear();
   p.drawControl(QStyle::CE_PushButton, o);
 
-  p.setPen(palette().color(QPalette::ButtonText));
   const QRect dentro = rect().adjusted(kMargen, kMargen, -kMargen, -kMargen);
   QString rotulo = text();
   rotulo.replace(QStringLiteral("&&"), QStringLiteral("&"));
+  const int alto = rotulo_->sizeHint().height();
   if (rotulo != articulo_) {
-    QRect arriba = dentro;
-    arriba.setLeft(rotulo_->geometry().right() + kMargen);
-    arriba.setHeight(rotulo_->sizeHint().height());
     QFont f = font();
     f.setPointSize(tema::kPtIndicio);
-    p.setFont(queQuepa(f, rotulo, arriba.width()));
-    p.drawText(arriba, Qt::AlignRight | Qt::AlignVCenter, rotulo);
+    p.setFont(queQuepa(f, rotulo, dentro.width()));
+    p.setPen(QColor(tema::kTintaSuave));
+    p.drawText(dentro, Qt::AlignRight | Qt::AlignBottom, rotulo);
   }
-  QRect debajo = dentro;
-  debajo.setTop(dentro.top() + rotulo_->sizeHint().height());
-  p.setFont(queQuepa(font(), articulo_, debajo.width()));
-  p.drawText(debajo, Qt::AlignCenter | Qt::TextWordWrap, articulo_);
+  p.setPen(palette().color(QPalette::ButtonText));
+  p.setFont(queQuepa(font(), articulo_, dentro.width()));
+  p.drawText(dentro.adjusted(0, alto, 0, -alto), Qt::AlignCenter | Qt::TextWordWrap, articulo_);
 }

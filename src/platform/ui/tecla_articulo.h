@@ -3,8 +3,8 @@
 
 class QLabel;
 
-// A key that stands for an article: the key's name small in its corner, beside it the caption, and the article's name
-// large below. A caption that is the article's name itself stands only once.
+// A key that stands for an article: the article's name large, above it in the corner the name of the key, below it the
+// caption. A caption that is the article's name itself stands only once.
 class TeclaArticulo final : public QPushButton {
   Q_OBJECT
  public:
