@@ -21,7 +21,6 @@
 namespace {
 
 constexpr int kPorFila = 6;
-constexpr int kAltoAccion = 48;
 constexpr int kAnchoDerecha = 350;
 
 // The actions, from left to right.
@@ -166,7 +165,7 @@ QWidget* frmCajaRegistradora::nuevosCampos() {
 
 void frmCajaRegistradora::ponerBoton(QGridLayout* g, int columna, QPushButton* boton, const QString& nombreTecla,
                                      const QString& tecla) {
-  boton->setMinimumHeight(kAltoAccion);
+  boton->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);
   auto* rotulo = nuevoTexto(tecla, QStringLiteral("suave"));
   rotulo->setObjectName(nombreTecla);
   rotulo->setAlignment(Qt::AlignHCenter);
