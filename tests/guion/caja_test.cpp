@@ -190,4 +190,62 @@ TEST(Caja, AKillAtAnyStepLeavesADeskThatStartsAndSellsOn) {
   }
 }
 
+const QByteArray kHastaElSupervisor =
+    "reloj 24/11/2026 21:00:00\ninicia\nespera frmPassword\nescribe txtPassword caja\ntecla Enter\nespera frmPrincipal\n"
+    "responde Sí\nclic Toolbar1(11)\nespera frmAutorizarOperacion\nescribe txtUsuario SUPERVISOR\nescribe txtPassword super\n";
+const QByteArray kElCuadre = "espera frmCuadre\nclic Command1\n";
+
+// The opened desk with one sale of 3.00.
+const Puesto& vendido() {
+  static const Puesto puesto = [] {
+    Puesto p(abierto());
+    EXPECT_TRUE(p.tocaLineas(kHastaElPago + "tecla Ctrl+Enter\n").endsWith(u"[estado 0]\n"));
+    return p;
+  }();
+  return puesto;
+}
+
+TEST(Caja, ADayOfTwoTurnsByKeysAlone) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, QStringLiteral("dia_completo"));
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT iCierreCaja, cCodiTurno FROM Configuracion")), "[6,\"\"]");
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT prn, idz, Imac FROM _Tmp1 ORDER BY prn")), "[1,1,41],[2,1,41]");
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT DISTINCT cTurnoCodi FROM Operacion WHERE cOperTipo = 1 ORDER BY 1")),
+            "[\"01\"],[\"02\"]");
+  for (const char* papel : {"X  CHECK ", "Z  CHECK ", "CUADRE CAJA Z1", "  CUADRE CAJA\n"}) {
+    EXPECT_EQ(p.papel().count(QLatin1String(papel)) > 0, true) << papel;
+  }
+}
+
+TEST(Caja, WhatTheClosingTellsLeavesTheWindowAlive) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("cierre_avisos")); }
+
+std::vector<int> pasosDelCierre() {
+  if (!qEnvironmentVariableIsSet("TARVOPOS_LARGO")) return {4, 30, 75, 110, 150};
+  std::vector<int> todos(400);
+  std::iota(todos.begin(), todos.end(), 1);
+  return todos;
+}
+
+TEST(Caja, AClosingThatWasKilledIsEndedAfterTheNextStart) {
+  for (const int n : pasosDelCierre()) {
+    SCOPED_TRACE(n);
+    const Puesto p(vendido());
+    const QString escrito =
+        p.tocaLineas(kHastaElSupervisor + "mata antes " + QByteArray::number(n) + "\ntecla Enter\n" + kElCuadre);
+    if (!escrito.endsWith(u"[señal]\n")) {
+      EXPECT_GT(n, 150) << qUtf8Printable(escrito);
+      return;
+    }
+    const int paso = p.filas(QStringLiteral("SELECT iCierreCaja FROM Configuracion")).mid(1, 1).toInt();
+    const QString despues = p.tocaLineas(kHastaElSupervisor + "tecla Enter\n" + (paso <= 4 ? kElCuadre : QByteArray()) +
+                                         "espera frmPrincipal\nestado mnuMantenimiento_Hijo(8)\n");
+    EXPECT_TRUE(despues.endsWith(u"visible activo fijo\nok\n[estado 0]\n")) << qUtf8Printable(despues);
+    EXPECT_EQ(paso > 0, despues.contains(u"Se ha habilitado la Opcion Reporte Z"));
+    EXPECT_EQ(p.filas(QStringLiteral("SELECT iCierreCaja FROM Configuracion")), "[6]");
+    EXPECT_EQ(p.filas(QStringLiteral("SELECT prn, idz, Imac FROM _Tmp1 ORDER BY prn")), "[1,1,3],[2,1,3]");
+    EXPECT_EQ(p.filas(QStringLiteral("SELECT COUNT(*), SUM(MontoTotal) FROM CabeceraZ")), "[1,3]");
+    exigirNumerosSanos(p);
+  }
+}
+
 }  // namespace
