@@ -107,12 +107,11 @@ bool BlanqueaTransacciones(Puesto& p, Principal& v, PantallasPrincipal& pantalla
   LeerMarcas(p, m);
   if (m.cOperIdx.isEmpty()) return fallaBlanqueo(p, QStringLiteral("No se pudo leer la última operación del día."));
   if (m.cOperCodex.isEmpty()) m.cOperCodex = QStringLiteral("NULL");
-  Lote fin(p.poCnnLocal);
-  fin.ejecutar(QStringLiteral("UPDATE Configuracion SET cOperId = %1, cOperIdP = %2").arg(m.cOperIdx, m.cOperCodex));
+  QStringList fin{QStringLiteral("UPDATE Configuracion SET cOperId = %1, cOperIdP = %2").arg(m.cOperIdx, m.cOperCodex)};
   // The main printer's Z has blanked it, unless it gave up: a closed day keeps no turn.
-  if (!Recortar(p.ses.psTurno).isEmpty()) fin.ejecutar(QStringLiteral("UPDATE Configuracion SET cCodiTurno = ''"));
-  fin.ejecutar(QStringLiteral("update configuracion set icierrecaja=6"));
-  if (const auto error = fin.terminar()) return fallaBlanqueo(p, *error);
+  if (!Recortar(p.ses.psTurno).isEmpty()) fin << QStringLiteral("UPDATE Configuracion SET cCodiTurno = ''");
+  fin << QStringLiteral("update configuracion set icierrecaja=6");
+  if (const auto error = EjecutarJuntas(p.poCnnLocal, fin)) return fallaBlanqueo(p, error->descripcion);
   p.ses.psTurno.clear();
   sincronizarCierre(p, pantallas);
   HabilitarBotonesDia(v, false);

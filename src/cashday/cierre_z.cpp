@@ -29,40 +29,36 @@ std::vector<BloqueZ::Ticket> leerTickets(LectorReporte& l, const char* tipo) {
 
 QString entreComillas(const QString& texto) { return u'\'' + ReemplazarComilla(texto) + u'\''; }
 
-void grabarContador(Lote& lote, const CierreZ& c, const QDateTime& momento) {
+void agregarContador(QStringList& sentencias, const CierreZ& c, const QDateTime& momento) {
   const QString numero = QString::number(c.contador.numero), prn = QString::number(c.impresora);
   const QString venta = TextoDe(c.venta);
-  lote.ejecutar(QStringLiteral(" UPDATE _Tmp1 SET idz=%1 , Imac= Imac + %2 WHERE prn=%3 ").arg(numero, venta, prn));
-  lote.ejecutar(QStringLiteral("INSERT INTO _Tmp (idz, tvd, fec, prn) VALUES(%1 , %2, '%3', %4 )")
-                    .arg(numero, venta, FormatearFecha(momento, u"DD/MM/YYYY hh:mm"), prn));
+  sentencias << QStringLiteral(" UPDATE _Tmp1 SET idz=%1 , Imac= Imac + %2 WHERE prn=%3 ").arg(numero, venta, prn)
+             << QStringLiteral("INSERT INTO _Tmp (idz, tvd, fec, prn) VALUES(%1 , %2, '%3', %4 )")
+                    .arg(numero, venta, FormatearFecha(momento, u"DD/MM/YYYY hh:mm"), prn);
 }
 
 struct RangoZ {
   double ini = 0, fin = 0, iniP = 0, finP = 0;
 };
 
-RangoZ leerRango(Lote& lote) {
+RangoZ leerRango(LectorReporte& l) {
   RangoZ r;
-  r.ini = lote.numero(QStringLiteral("select coperid from Configuracion"));
-  r.iniP = lote.numero(QStringLiteral("select coperidP from Configuracion"));
-  r.fin = lote.numero(QStringLiteral("select max(coperid) from operacion"));
-  r.finP = lote.numero(QStringLiteral("select max(copercode) from operacionParalela"));
+  r.ini = l.numero("select coperid from Configuracion");
+  r.iniP = l.numero("select coperidP from Configuracion");
+  r.fin = l.numero("select max(coperid) from operacion");
+  r.finP = l.numero("select max(copercode) from operacionParalela");
   return r;
 }
 
-// The Z row's number: that of an earlier report of this range, whose rows go, or the next one. A desk without watermarks
-// always begins at 0; there the range is the same while its operations are open.
-QString tomarIdZ(Lote& lote, const QString& caja, const RangoZ& r) {
-  const Recordset rs = lote.consultar(
+// The Z row's number: that of an earlier report of this range or the next one. A desk without watermarks always begins at
+// 0; there the range is the same while its operations are open.
+QString leerIdZ(LectorReporte& l, const QString& caja, const RangoZ& r) {
+  const Recordset rs = l.filas(
       QStringLiteral("SELECT MAX(IdZ) as MAXIMO FROM CabeceraZ WHERE Caja=%1 AND cOperIdIni=%2 AND cOperIdPIni=%3 "
                      "AND (cOperIdIni > 0 OR cOperIdFin >= (SELECT MIN(cOperID) FROM Operacion WHERE cOperFlagAbierto=1))")
           .arg(caja, TextoDe(r.ini), TextoDe(r.iniP)));
-  if (rs[u"MAXIMO"].isNull()) return TextoDe(lote.numero(QStringLiteral("SELECT MAX(IdZ) as MAXIMO FROM CabeceraZ")) + 1);
-  const QString id = LimpiarNulo(rs[u"MAXIMO"]);
-  for (const char* tabla : {"DetalleZ", "CabeceraZ"}) {
-    lote.ejecutar(QStringLiteral("DELETE FROM %1 WHERE IdZ=%2 AND Caja=%3").arg(QString::fromLatin1(tabla), id, caja));
-  }
-  return id;
+  if (!rs[u"MAXIMO"].isNull()) return LimpiarNulo(rs[u"MAXIMO"]);
+  return TextoDe(l.numero("SELECT MAX(IdZ) as MAXIMO FROM CabeceraZ") + 1);
 }
 
 QString enLineas(const std::vector<BloqueZ::Ticket>& tickets) {
@@ -73,25 +69,32 @@ QString enLineas(const std::vector<BloqueZ::Ticket>& tickets) {
   return s;
 }
 
-void grabarCabeceraZ(Lote& lote, const DatosReporte& d) {
+// The Z row and its detail, in the place of those of an earlier report of the range. False when the store can't be read.
+bool agregarCabeceraZ(Puesto& p, QStringList& sentencias, const DatosReporte& d) {
+  LectorReporte l(p, {}, {});
   const QString caja = entreComillas(d.caja);
-  const RangoZ r = leerRango(lote);
-  const QString id = tomarIdZ(lote, caja, r);
+  const RangoZ r = leerRango(l);
+  const QString id = leerIdZ(l, caja, r);
+  if (!l.bien()) return false;
+  for (const char* tabla : {"DetalleZ", "CabeceraZ"}) {
+    sentencias << QStringLiteral("DELETE FROM %1 WHERE IdZ=%2 AND Caja=%3").arg(QString::fromLatin1(tabla), id, caja);
+  }
   const QStringList valores = {
       id, caja, QString::number(d.cifras.nItems), TextoDe(d.cifras.nVenta),
       entreComillas(FormatearFecha(d.momento, u"yyyy-mm-dd")), entreComillas(enLineas(d.z->boletas)),
       entreComillas(enLineas(d.z->facturas)), entreComillas(d.z->codigo), TextoDe(r.ini), TextoDe(r.fin), TextoDe(r.iniP),
       TextoDe(r.finP)};
-  lote.ejecutar(QStringLiteral("INSERT INTO CabeceraZ(IdZ,Caja,CantidadTotal,MontoTotal,Fecha,RangoTKBOL,RangoTKFAC,"
+  sentencias << QStringLiteral("INSERT INTO CabeceraZ(IdZ,Caja,CantidadTotal,MontoTotal,Fecha,RangoTKBOL,RangoTKFAC,"
                                "CodigoRep,cOperIdIni,cOperIdFin,cOperIdPIni,cOperIdPFin) VALUES (") +
-                valores.join(u',') + u')');
+                    valores.join(u',') + u')';
   int nItem = 0;
   for (const auto& f : d.cifras.productos) {
     const QStringList fila = {id, caja, QString::number(++nItem), QString::number(f.cProdCode),
                               entreComillas(f.descripcion), TextoDe(f.cantidad)};
-    lote.ejecutar(QStringLiteral("INSERT INTO DetalleZ(IdZ,Caja,nItem,CodProd,DscProd,Cantidad) VALUES (") +
-                  fila.join(u',') + u')');
+    sentencias << QStringLiteral("INSERT INTO DetalleZ(IdZ,Caja,nItem,CodProd,DscProd,Cantidad) VALUES (") +
+                      fila.join(u',') + u')';
   }
+  return true;
 }
 
 }  // namespace
@@ -117,13 +120,18 @@ BloqueZ LeerBloqueZ(LectorReporte& l, NumeroImpresora impresora) {
   return z;
 }
 
-std::optional<QString> GrabarCierreZ(Puesto& p, const CierreZ& c, const DatosReporte& d) {
-  Lote lote(p.poCnnLocal);
-  if (c.impresora == kImpresoraAlterna) grabarCabeceraZ(lote, d);
-  else lote.ejecutar(QStringLiteral("UPDATE Configuracion SET cCodiTurno = ''"));
-  if (c.primerIntento) grabarContador(lote, c, d.momento);
-  if (c.iCierreCaja != 0) {
-    lote.ejecutar(QStringLiteral("update configuracion set icierrecaja=") + QString::number(c.iCierreCaja));
+bool GrabarCierreZ(Puesto& p, const CierreZ& c, const DatosReporte& d, QString& error) {
+  QStringList sentencias;
+  if (c.impresora == kImpresoraAlterna) {
+    if (!agregarCabeceraZ(p, sentencias, d)) return false;
+  } else {
+    sentencias << QStringLiteral("UPDATE Configuracion SET cCodiTurno = ''");
   }
-  return lote.terminar();
+  if (c.primerIntento) agregarContador(sentencias, c, d.momento);
+  if (c.iCierreCaja != 0) {
+    sentencias << QStringLiteral("update configuracion set icierrecaja=") + QString::number(c.iCierreCaja);
+  }
+  const auto fallo = EjecutarJuntas(p.poCnnLocal, sentencias);
+  if (fallo) error = fallo->descripcion;
+  return !fallo;
 }

@@ -2,8 +2,6 @@
 // What a closing leaves in the store: the report number and running total of a printer, and the Z row of the desk.
 #include "cashday/papel_reporte.h"
 
-class Conexion;
-struct ErrorBD;
 struct Puesto;
 
 // Number of the next Z of a printer and its running total so far, in soles.
@@ -27,7 +25,7 @@ struct CierreZ {
   int iCierreCaja = 0;         // 0 is not written
 };
 
-// Writes the rows of a closing, all of them or none; gives the words of the failure. On the main printer that is the
-// counter, the row of _Tmp, the blank turn and the step; on the alternate one CabeceraZ and DetalleZ in the place of the
-// turn, over those of an earlier report of the same range.
-std::optional<QString> GrabarCierreZ(Puesto& p, const CierreZ& c, const DatosReporte& d);
+// Writes the rows of a closing, all of them or none. On the main printer that is the counter, the row of _Tmp, the blank
+// turn and the step; on the alternate one CabeceraZ and DetalleZ in the place of the turn, over those of an earlier report
+// of the same range. False when they are not written; `error` then holds the words, unless a box has told them.
+bool GrabarCierreZ(Puesto& p, const CierreZ& c, const DatosReporte& d, QString& error);

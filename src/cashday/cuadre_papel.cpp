@@ -51,23 +51,26 @@ QString papel(Puesto& p, const QString& cabecera, const QStringList& lineas, int
          QStringLiteral("Correlativo: ") + CorrelativoImpresion(p, impresora);
 }
 
-// The words of the failure; nothing when all lines are stored.
-std::optional<QString> guardarLineas(Puesto& p, const QStringList& lineas) {
-  Lote lote(p.poCnnLocal);
-  const double id = lote.numero(QStringLiteral(" SELECT MAX(dCuadreID) AS TOTAL FROM CUADRE_CAJA")) + 1;
-  int n = 0;
-  for (const QString& linea : lineas) {
-    lote.ejecutar(FormatearSQL(QStringLiteral(" INSERT INTO CUADRE_CAJA(dCuadreFecha, dCuadreID, dCuadreLinea, "
-                                              "dCuadreDetalle) VALUES ('$', $, $, '$')"),
-                               {FormatearFecha(p.reloj.now(), u"dd/mm/yyyy"), id, ++n, linea}));
+std::optional<ErrorBD> guardarLineas(Puesto& p, const QStringList& lineas) {
+  Recordset rs;
+  if (const auto e = p.poCnnLocal.consultar(QStringLiteral(" SELECT MAX(dCuadreID) AS TOTAL FROM CUADRE_CAJA"), rs)) {
+    return e;
   }
-  return lote.terminar();
+  const double id = Numero(rs[u"TOTAL"]) + 1;
+  QStringList sentencias;
+  for (const QString& linea : lineas) {
+    sentencias << FormatearSQL(QStringLiteral(" INSERT INTO CUADRE_CAJA(dCuadreFecha, dCuadreID, dCuadreLinea, "
+                                              "dCuadreDetalle) VALUES ('$', $, $, '$')"),
+                               {FormatearFecha(p.reloj.now(), u"dd/mm/yyyy"), id, sentencias.size() + 1, linea});
+  }
+  return EjecutarJuntas(p.poCnnLocal, sentencias);
 }
 
 void imprimirZ1(Puesto& p, const Cuadre& v) {
   const QStringList lineas = lineasDe(v, kLadoZ1, QStringLiteral("CUADRE CAJA Z1"));
   if (const auto error = guardarLineas(p, lineas)) {
-    p.mensajes.mostrar(QStringLiteral("No se pudo guardar el CUADRE CAJA Z1, por eso no se imprime: ") + *error);
+    p.mensajes.mostrar(QStringLiteral("No se pudo guardar el CUADRE CAJA Z1, por eso no se imprime: ") +
+                       error->descripcion);
     return;
   }
   const QString texto = papel(p, {}, lineas, kImpresoraAlterna);

@@ -11,30 +11,28 @@
 
 namespace {
 
-const char* const kMarca =
-    "SELECT IIF(ISNULL(MAX(cOperID)),0, MAX(cOperID)) as cOperIDx FROM Operacion Where coperflagabierto = 0 ";
-const char* const kMarcaP =
-    "SELECT IIF(ISNULL(MAX(cOperCode)),0, MAX(cOperCode)) as cOperCodex FROM OperacionParalela "
-    "Where coperflagabierto = 0 ";
-
 bool consultar(Puesto& p, const QString& sql, Recordset& rs) {
   return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs);
 }
 
-// Closes what an earlier day left open in one of the two tables and writes the watermarks anew, both or neither.
-// `cerradas` tells whether there was any.
-bool cerrarAnteriores(Puesto& p, const QString& contar, const QString& cerrar, bool& cerradas) {
+// What an earlier day left open in one of the two tables.
+struct Sobrantes {
+  QString contar, cerrar, marca;  // `marca` reads the watermark as it will be
+  QString columna;                // of Configuracion, that holds it
+};
+
+const QString kAnteriores = QStringLiteral("dOperFech < (SELECT max(fec) FROM _Tmp)");
+
+// Closes them and writes the watermark anew, both or neither. `cerradas` tells whether there were any.
+bool cerrarAnteriores(Puesto& p, const Sobrantes& s, bool& cerradas) {
   cerradas = false;
   Recordset rs;
-  if (!consultar(p, contar, rs)) return false;
+  if (!consultar(p, s.contar, rs)) return false;
   if (Numero(rs[u"nCount"]) <= 0) return true;
-  Lote lote(p.poCnnLocal);
-  lote.ejecutar(cerrar);
-  const QString cOperIdx = TextoDe(lote.numero(QString::fromLatin1(kMarca)));
-  const QString cOperCodex = TextoDe(lote.numero(QString::fromLatin1(kMarcaP)));
-  lote.ejecutar(QStringLiteral("UPDATE Configuracion SET cOperId = %1, cOperIdP = %2").arg(cOperIdx, cOperCodex));
-  if (const auto error = lote.terminar()) {
-    p.mensajes.mostrar(*error);
+  if (!consultar(p, s.marca, rs)) return false;
+  const QString marca = QStringLiteral("UPDATE Configuracion SET %1 = %2").arg(s.columna, LimpiarNulo(rs[u"marca"]));
+  if (const auto error = EjecutarJuntas(p.poCnnLocal, {s.cerrar, marca})) {
+    p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + s.cerrar);
     return false;
   }
   cerradas = true;
@@ -46,22 +44,20 @@ bool cerrarAnteriores(Puesto& p, const QString& contar, const QString& cerrar, b
 }
 
 bool cerrarDiasAnteriores(Puesto& p, Principal& principal) {
+  const Sobrantes operaciones{
+      QStringLiteral("SELECT Count(*) As nCount FROM Operacion Where coperflagabierto = 1 AND ") + kAnteriores,
+      QStringLiteral("UPDATE Operacion SET coperflagabierto = '0' WHERE ") + kAnteriores,
+      QStringLiteral("SELECT MAX(cOperID) AS marca FROM Operacion Where coperflagabierto = 0 OR ") + kAnteriores,
+      QStringLiteral("cOperId")};
+  const Sobrantes paralelas{
+      QStringLiteral("SELECT count(*) as nCount FROM Operacionparalela Where coperflagabierto = 1 AND  ") + kAnteriores,
+      QStringLiteral("UPDATE Operacionparalela SET coperflagabierto = '0' WHERE ") + kAnteriores,
+      QStringLiteral("SELECT MAX(cOperCode) AS marca FROM OperacionParalela Where coperflagabierto = 0 OR ") + kAnteriores,
+      QStringLiteral("cOperIdP")};
   bool cerradas = false;
-  if (!cerrarAnteriores(p,
-                        QStringLiteral("SELECT Count(*) As nCount FROM Operacion Where coperflagabierto = 1 "
-                                       "AND dOperFech < (SELECT max(fec) FROM _Tmp)"),
-                        QStringLiteral("UPDATE Operacion SET coperflagabierto = '0' "
-                                       "WHERE dOperFech < (SELECT max(fec) FROM _Tmp)"),
-                        cerradas)) {
-    return false;
-  }
+  if (!cerrarAnteriores(p, operaciones, cerradas)) return false;
   if (cerradas) principal.sincronizarDiaAnt = true;
-  return cerrarAnteriores(p,
-                          QStringLiteral("SELECT count(*) as nCount FROM Operacionparalela Where coperflagabierto = 1 "
-                                         "AND  dOperFech < (SELECT max(fec) FROM _Tmp)"),
-                          QStringLiteral("UPDATE Operacionparalela SET coperflagabierto = '0' "
-                                         "WHERE dOperFech < (SELECT max(fec) FROM _Tmp)"),
-                          cerradas);
+  return cerrarAnteriores(p, paralelas, cerradas);
 }
 
 bool fallaApertura(Puesto& p) {
@@ -101,9 +97,11 @@ void CapturaTipoCambio(Puesto& p, PantallasPrincipal& pantallas) {
 
 bool LeerMarcas(Puesto& p, MarcasDia& m) {
   Recordset rs;
-  if (!consultar(p, QString::fromLatin1(kMarca), rs)) return false;
+  if (!consultar(p, QStringLiteral("SELECT IIF(ISNULL(MAX(cOperID)),0, MAX(cOperID)) as cOperIDx FROM Operacion "
+                                   "Where coperflagabierto = 0 "), rs)) return false;
   m.cOperIdx = LimpiarNulo(rs[0]);
-  if (!consultar(p, QString::fromLatin1(kMarcaP), rs)) return false;
+  if (!consultar(p, QStringLiteral("SELECT IIF(ISNULL(MAX(cOperCode)),0, MAX(cOperCode)) as cOperCodex FROM "
+                                   "OperacionParalela Where coperflagabierto = 0 "), rs)) return false;
   m.cOperCodex = LimpiarNulo(rs[0]);
   return true;
 }

@@ -115,10 +115,7 @@ bool cerrar(Trabajo& t) {
         p.poCnnLocal, QStringLiteral("UPDATE Configuracion SET cCodiTurno = '") + p.ses.psTurno + u'\'', true);
   }
   const CierreZ c{t.hoja.impresora, t.contador, t.d.cifras.nVenta, t.v.nIntentosReporte == 1, t.pedido.iCierreCaja};
-  if (const auto error = GrabarCierreZ(p, c, t.d)) {
-    t.error = *error;
-    return false;
-  }
+  if (!GrabarCierreZ(p, c, t.d, t.error)) return false;
   if (t.hoja.alterna()) return true;
   // Only now: a turn that still stands in the store is not over.
   p.ses.psTurno.clear();
