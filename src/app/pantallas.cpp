@@ -4,6 +4,8 @@
 
 #include "backoffice/frm_tipo_cambio.h"
 #include "backoffice/frm_tipo_cambio_lista.h"
+#include "cashday/frm_cuadre.h"
+#include "cashday/principal.h"
 #include "foundation/puesto.h"
 #include "sale/frm_autorizar.h"
 #include "sale/frm_busqueda_articulos.h"
@@ -49,6 +51,14 @@ void Pantallas::mantenimiento(PantallaMantenimiento cual) {
     case PantallaMantenimiento::TiposTarjeta: noDisponible(QStringLiteral("Tipo de Tarjeta")); return;
   }
 }
+
+void Pantallas::cuadreDeCaja(Principal& v, ModoCuadre modo) {
+  frmCuadre f(p_, modo, v.bReporteImpreso, padre());
+  f.exec();
+}
+
+// The room of the synchronisation is still to come.
+bool Pantallas::sincronizar(bool) { return false; }
 
 std::optional<QString> Pantallas::autorizar(const QString& acto) { return autorizarOperacion(p_, padre(), acto); }
 

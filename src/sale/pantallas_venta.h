@@ -66,13 +66,16 @@ class PantallasVenta {
 
   // The void screen.
   virtual void anular() { noDisponible(QStringLiteral("ANULAR TRANSACCION")); }
+
   // The reprint screen of the desk `caja`.
   virtual void reimprimir(const QString& /*caja*/) { noDisponible(QStringLiteral("AC/TC")); }
+
   // The quick register is to open once the full one has closed. False when there is none; the box has been shown.
   virtual bool irARapida() {
     noDisponible(QStringLiteral("Caja Registradora"));
     return false;
   }
+
   // Says in one plain box that the screen of that name is not there yet.
   virtual void noDisponible(const QString& pantalla) = 0;
 };
