@@ -125,12 +125,12 @@ FilaBusqueda filaDocumento(const Recordset::Fila& r) {
   const QString moneda = dolares ? QStringLiteral("US$") : QStringLiteral("S/.");
   const QString monto = Formatear(Numero(dolares ? r[u"nMontoDolares"] : r[u"nMontoSoles"]), kImporte);
   FilaBusqueda f;
-  f.documento = {AEntero(Numero(r[u"cOperCode"])), moneda + monto, LimpiarNulo(r[u"sGlosa"])};
+  f.documento = {AEntero(Numero(r[u"cOperCode"])), moneda + u' ' + monto, LimpiarNulo(r[u"sGlosa"])};
   f.codigo = Rellenar(entero(r[u"cOperCode"]), 6, u'0');
   f.celdas = {entero(r[u"cOperCode"]),
               tipo == 21 ? QStringLiteral("N/C") : tipo == 23 ? QStringLiteral("PADV") : QStringLiteral("PADE"),
               LimpiarNulo(r[u"nTarjNumb"]), LimpiarNulo(r[u"cDocSerie"]) + u'-' + entero(r[u"cDocCodigo"]),
-              LimpiarNulo(r[u"sName"]) + QStringLiteral(" - ") + f.documento.glosa, moneda + u' ' + monto,
+              LimpiarNulo(r[u"sName"]) + QStringLiteral(" - ") + f.documento.glosa, f.documento.importe,
               fechaCorta(r[u"dOperFech"]), monto, moneda};
   return f;
 }

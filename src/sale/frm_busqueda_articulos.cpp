@@ -44,6 +44,10 @@ frmBusquedaArticulos::frmBusquedaArticulos(Puesto& p, TipoBusqueda tipo, const Q
   tecla(Qt::Key_PageUp, [this] { paginar(Paginado::Anterior); }, QStringLiteral("página anterior"), true);
   tecla(Qt::CTRL | Qt::Key_Home, [this] { paginar(Paginado::Primera); }, QStringLiteral("primera"), true);
   tecla(Qt::CTRL | Qt::Key_End, [this] { paginar(Paginado::Ultima); }, QStringLiteral("última"), true);
+  // The buttons' letters: a mnemonic presses a moment later, when the next key has been typed already.
+  tecla(Qt::ALT | Qt::Key_B, [this] { buscar(); });
+  tecla(Qt::ALT | Qt::Key_S, [this] { seleccionar(); });
+  tecla(Qt::ALT | Qt::Key_A, [this] { reject(); });
   indicio(QStringLiteral("Enter buscar o seleccionar  ·  Esc cancelar"));
   connect(lista_, &Lista::elegida, this, &frmBusquedaArticulos::seleccionar);
   resize(1000, 720);

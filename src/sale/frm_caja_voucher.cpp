@@ -49,6 +49,9 @@ FrmCajaVoucher::FrmCajaVoucher(Puesto& p, const PedidoVoucher& pedido, QWidget* 
   tecla(Qt::Key_Delete, [this] { quitar(); }, QStringLiteral("quitar tarjeta"));
   tecla(Qt::Key_F5, [this] { if (grdPagTar_->dejarCelda()) cmdAceptar_->setFocus(); }, QStringLiteral("aceptar"));
   tecla(Qt::Key_Escape, [this] { cmdCancelar_->setFocus(); }, QStringLiteral("cancelar"));
+  // The buttons' letters: a mnemonic presses a moment later, when the next key has been typed already.
+  tecla(Qt::ALT | Qt::Key_A, [this] { aceptar(); });
+  tecla(Qt::ALT | Qt::Key_C, [this] { reject(); });
   txtEfectivoSoles_->alSalir = [this] { salirEfectivo(); };
   resize(860, 600);
   mostrar();

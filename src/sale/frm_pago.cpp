@@ -22,6 +22,9 @@ frmPago::frmPago(Puesto& p, QWidget* padre)
   cuerpo()->addLayout(filaBotones({cmdAceptar_, salir}));
   connect(cmdAceptar_, &QPushButton::clicked, this, &frmPago::aceptar);
   connect(salir, &QPushButton::clicked, this, &QDialog::reject);
+  // The buttons' letters: a mnemonic presses a moment later, when the next key has been typed already.
+  tecla(Qt::ALT | Qt::Key_A, [this] { aceptar(); });
+  tecla(Qt::ALT | Qt::Key_S, [this] { reject(); });
   indicio(QStringLiteral("Enter aceptar  ·  Esc salir"));
   setMinimumWidth(460);
   txtMonto_->setFocus();

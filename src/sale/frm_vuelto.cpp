@@ -35,6 +35,9 @@ frmVuelto::frmVuelto(Puesto& p, double total, QWidget* padre)
   tecla(Qt::CTRL | Qt::Key_Return, [this] { aceptar(); }, QStringLiteral("aceptar"));
   // The same letter belongs to the field and to a button; the field wins, Esc leaves.
   tecla(Qt::ALT | Qt::Key_S, [this] { txtEfectivo_->setFocus(Qt::ShortcutFocusReason); });
+  // The buttons' letters: a mnemonic presses a moment later, when the next key has been typed already.
+  tecla(Qt::ALT | Qt::Key_L, [this] { con([this] { CalculoVuelto(p_, v_); }); });
+  tecla(Qt::ALT | Qt::Key_A, [this] { aceptar(); });
   tecla(Qt::Key_Tab, [this] {
     if (esDeDolares(focusWidget())) txtEfectivo_->setFocus(Qt::TabFocusReason);
     else focusNextChild();
