@@ -168,22 +168,22 @@ const ClaseBusqueda& ClaseDe(TipoBusqueda tipo) {
   using S = std::vector<ColumnaBusqueda>;
   static const ClaseBusqueda articulos{
       QStringLiteral("Listado de Articulos"),
-      S{{QStringLiteral("Cod."), 0.06, true}, {QStringLiteral("Cod. Catálogo"), 0.12},
-        {QStringLiteral("Descripción"), 0.27}, {QStringLiteral("Descripción Corta"), 0.19},
-        {QStringLiteral("Precio Unitario"), 0.13, true}, {QStringLiteral("Linea"), 0.12}, {QStringLiteral("Estado"), 0.08},
-        {QStringLiteral("Canje"), 0.07}, {QStringLiteral("Puntos"), 0.07, true}, {QStringLiteral("(%)Serv"), 0.08},
-        {QStringLiteral("Proveedor"), 0.2}}};
+      S{{QStringLiteral("Cod."), 0.07, true}, {QStringLiteral("Cod. Catálogo"), 0.15},
+        {QStringLiteral("Descripción"), 0.28}, {QStringLiteral("Descripción Corta"), 0.19},
+        {QStringLiteral("Precio Unitario"), 0.16, true}, {QStringLiteral("Linea"), 0.14}, {QStringLiteral("Estado"), 0.09},
+        {QStringLiteral("Canje"), 0.08}, {QStringLiteral("Puntos"), 0.09, true}, {QStringLiteral("(%)Serv"), 0.1},
+        {QStringLiteral("Proveedor"), 0.25}}};
   static const ClaseBusqueda clientes{
       QStringLiteral("Listado de Clientes"),
-      S{{QStringLiteral("Tarjeta"), 0.12}, {QStringLiteral("Id Local"), 0.08, true}, {QStringLiteral("Cliente"), 0.34},
-        {QStringLiteral("Fecha Nacimiento"), 0.16}, {QStringLiteral("Puntos"), 0.07, true},
-        {QStringLiteral("Tickets"), 0.07, true}, {QStringLiteral("Ult.Transacción"), 0.16}}};
+      S{{QStringLiteral("Tarjeta"), 0.12}, {QStringLiteral("Id Local"), 0.1, true}, {QStringLiteral("Cliente"), 0.25},
+        {QStringLiteral("Fecha Nacimiento"), 0.18}, {QStringLiteral("Puntos"), 0.09, true},
+        {QStringLiteral("Tickets"), 0.09, true}, {QStringLiteral("Ult.Transacción"), 0.17}}};
   const auto documentos = [](const QString& titulo) {
     return ClaseBusqueda{
         titulo,
-        S{{QStringLiteral("Operacion"), 0.1, true}, {QStringLiteral("Tipo Venta"), 0.1},
-          {QStringLiteral("Nº Tarjeta"), 0.12}, {QStringLiteral("Documento"), 0.12},
-          {QStringLiteral("Cliente - Glosa"), 0.32}, {QStringLiteral("Monto"), 0.12, true},
+        S{{QStringLiteral("Operacion"), 0.12, true}, {QStringLiteral("Tipo Venta"), 0.12},
+          {QStringLiteral("Nº Tarjeta"), 0.12}, {QStringLiteral("Documento"), 0.13},
+          {QStringLiteral("Cliente - Glosa"), 0.27}, {QStringLiteral("Monto"), 0.12, true},
           {QStringLiteral("Fecha"), 0.12}, {QStringLiteral("MontoVal"), 0, true}, {QStringLiteral("Moneda"), 0}}};
   };
   static const ClaseBusqueda adelantos = documentos(QStringLiteral("Seleccione Pago Adelantado"));
