@@ -134,7 +134,7 @@ TEST(Caja, DollarsAndChangeOfTheQuickRegister) {
   tocaComoSeEspera(p, QStringLiteral("efectivo"));
   EXPECT_EQ(p.filas(QStringLiteral("SELECT nProdPrecUnit, nMontoSoles, nMontoDolares, nVueltoDolares FROM Operacion "
                                    "WHERE cProdCode = 0")),
-            "EFECTIVO");
+            "[-17.75,0,30,5],[0,36,0,0]");
 }
 
 TEST(Caja, WithdrawalsAndTheirReceipts) {
