@@ -116,6 +116,37 @@ TEST(Caja, SalesAreOnPaperAndInTheStore) {
 
 TEST(Caja, MenusAndASecondStartInOnePlay) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("menus")); }
 
+TEST(Caja, SearchesLeaveTheStoreAsItWas) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, QStringLiteral("busquedas"));
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT COUNT(*) FROM Operacion")), "[0]");
+}
+
+TEST(Caja, CardsAndCashPayASale) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, QStringLiteral("voucher"));
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT cOperTipo, cProdCode, nProdPrecUnit, nMontoSoles, cEmisor FROM Operacion")),
+            "[2,807,92,0,\",001,002\"],[1,0,0,12,\",001,002\"]");
+}
+
+TEST(Caja, DollarsAndChangeOfTheQuickRegister) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, QStringLiteral("efectivo"));
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT nProdPrecUnit, nMontoSoles, nMontoDolares, nVueltoDolares FROM Operacion "
+                                   "WHERE cProdCode = 0")),
+            "[-17.75,0,30,5],[0,36,0,0]");
+}
+
+TEST(Caja, WithdrawalsAndTheirReceipts) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, QStringLiteral("retiro"));
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT cOperCode, nProdPrecUnit FROM Operacion WHERE cOperTipo = 5")),
+            "[1,1500.5],[3,40]");
+  QFile recibo(p.ruta() + QStringLiteral("/impresos/Ticketera_000002.txt"));
+  ASSERT_TRUE(recibo.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(recibo.readAll().contains("          *40.00")) << "the refused and the failed ones left no receipt";
+}
+
 TEST(Caja, TheThirdWrongPasswordEndsTheProgram) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("clave")); }
 
 TEST(Caja, DoesNotStartWithoutTheCentralDatabase) {
