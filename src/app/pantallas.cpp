@@ -9,6 +9,7 @@
 #include "foundation/puesto.h"
 #include "sale/frm_autorizar.h"
 #include "sale/frm_caja_full.h"
+#include "sale/frm_caja_rapida.h"
 
 namespace {
 
@@ -19,12 +20,36 @@ QWidget* padre() {
 
 }  // namespace
 
-void Pantallas::abrirRapida() { noDisponible(QStringLiteral("Caja Registradora")); }
+void Pantallas::abrirRapida() { vender(Registradora::Rapida); }
 
-void Pantallas::abrirFull() {
-  frmCajaRegistradoraFull f(p_, *this, padre());
-  f.exec();
+void Pantallas::abrirFull() { vender(Registradora::Full); }
+
+void Pantallas::vender(Registradora cual) {
+  siguiente_ = {cual, {}};
+  while (siguiente_) {
+    const auto [registradora, venta] = *siguiente_;
+    siguiente_.reset();
+    if (registradora == Registradora::Rapida) {
+      frmCajaRegistradora f(p_, *this, padre());
+      f.recibir(venta);
+      f.exec();
+    } else {
+      frmCajaRegistradoraFull f(p_, *this, padre());
+      RecibirVenta(p_, f.venta(), venta);
+      f.mostrar();
+      f.exec();
+    }
+  }
 }
+
+bool Pantallas::pasarA(Registradora cual, const VentaEnCurso& venta) {
+  siguiente_ = {cual, venta};
+  return true;
+}
+
+bool Pantallas::irARapida(const VentaEnCurso& venta) { return pasarA(Registradora::Rapida, venta); }
+
+bool Pantallas::irAFull(const VentaEnCurso& venta) { return pasarA(Registradora::Full, venta); }
 
 void Pantallas::tipoCambioLista() {
   frmTipoCambioLista f(p_, padre());

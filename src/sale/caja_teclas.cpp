@@ -4,6 +4,7 @@
 #include "sale/caja_liquidacion.h"
 #include "sale/commit.h"
 #include "sale/pantallas_venta.h"
+#include "sale/traspaso.h"
 
 namespace {
 
@@ -74,6 +75,14 @@ Foco exigirDocumento(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantall
   return emitir(p, v, pantallas).foco;
 }
 
+// The sale goes along, unless the quick register couldn't hold it as it stands.
+bool irARapida(Puesto& p, const CajaRegistradoraFull& v, PantallasVenta& pantallas) {
+  if (CabeEnRapida(v)) return pantallas.irARapida(LlevarVenta(p, v));
+  p.mensajes.mostrar(QStringLiteral("La Caja Registradora no admite descuentos ni recargos.\n"
+                                    "Termine o cancele esta venta antes de cambiar."));
+  return false;
+}
+
 TrasTecla accionTecla(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, int indice) {
   if (v.bLiquidando && (indice == 0 || indice == 1 || indice == 3)) return {false, exigirDocumento(p, v, pantallas)};
   switch (indice) {
@@ -82,7 +91,7 @@ TrasTecla accionTecla(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantal
       CancelarVenta(p, v);
       return {false, kAlCliente};
     case 1:
-      return {pantallas.irARapida(), {}};
+      return {irARapida(p, v, pantallas), {}};
     case 2:
       return {false, imprimirTickets(p, v, pantallas)};
     case 3:

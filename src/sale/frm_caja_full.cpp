@@ -29,10 +29,10 @@ QString tituloPorcentaje(bool recargo) {
 std::vector<ColumnaRejilla> columnasDeLineas(bool conPorcentaje) {
   //  title                            width right  typed  button hidden
   return {
-      {QStringLiteral("Item"), 54, true, false, false, false},
+      {QStringLiteral("Item"), 88, true, false, false, false},
       {QStringLiteral("Cod."), 94, false, true, false, false},
       {QStringLiteral("Cod. Catalog"), 122, false, true, false, false},
-      {QStringLiteral("Descripción"), 222, false, false, false, false},
+      {QStringLiteral("Descripción"), 190, false, false, false, false},
       {QString(), 30, false, false, true, false},
       {QString(), 0, false, false, false, true},
       {QStringLiteral("Cant."), 76, true, true, false, false},
