@@ -3,7 +3,7 @@
 #include "apoyo/motor_que_falla.h"
 #include "platform/io/puertos_sistema.h"
 
-class PuertosQueMatan final : public Puertos {
+class PuertosQueMatan : public Puertos {
  public:
   PuertosQueMatan(const QString& carpeta, PlanFallas& plan) : real_(carpeta), plan_(plan) {}
   std::optional<QString> copiar(const QString& archivo, const QString& puerto) override {
