@@ -1,5 +1,6 @@
 #pragma once
 // The screens that rooms open in each other, by the interfaces that the rooms declare.
+#include "backoffice/pantallas_backoffice.h"
 #include "cashday/pantallas_principal.h"
 #include "sale/pantallas_venta.h"
 
@@ -7,7 +8,7 @@ class QWidget;
 struct Puesto;
 
 // Both interfaces over the real windows. Each screen stands over the window that is active when it opens.
-class Pantallas final : public PantallasPrincipal, public PantallasVenta {
+class Pantallas final : public PantallasPrincipal, public PantallasVenta, public PantallasBackoffice {
  public:
   explicit Pantallas(Puesto& p) : p_(p) {}
 
@@ -16,6 +17,7 @@ class Pantallas final : public PantallasPrincipal, public PantallasVenta {
   void tipoCambioLista() override;
   void tipoCambioDetalle(int modo) override;
   void mantenimiento(PantallaMantenimiento cual) override;
+  std::optional<QString> buscarProducto() override;
   std::optional<QString> autorizar(const QString& acto) override;
   void noDisponible(const QString& pantalla) override;
 
