@@ -46,6 +46,18 @@ bool EjecutarConAviso(Puesto& p, const QString& sql) {
   return !error;
 }
 
+bool EnTransaccion(Puesto& p, const std::function<bool()>& pasos) {
+  auto error = p.poCnnLocal.iniciar();
+  if (!error) {
+    const bool bien = pasos();
+    if (bien) error = p.poCnnLocal.confirmar();
+    if (bien && !error) return true;
+    p.poCnnLocal.deshacer();
+  }
+  if (error) p.mensajes.mostrar(error->descripcion);
+  return false;
+}
+
 bool PreguntarActivar(Puesto& p, bool activa, const QString& nombre) {
   return p.mensajes.preguntar(QStringLiteral("Se procederá a ") +
                                   (activa ? QStringLiteral("desactivar") : QStringLiteral("activar")) +

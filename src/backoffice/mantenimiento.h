@@ -2,6 +2,7 @@
 // What all maintenance screens share: a list with "&Nuevo", "&Editar", "&Borrar" and "&Ver", a detail in one of four
 // modes, and the way in which a detail is checked and stored.
 #include <QString>
+#include <functional>
 #include <initializer_list>
 
 #include "platform/io/mensajes.h"
@@ -43,6 +44,10 @@ struct SentenciasDetalle {
 // A statement on the store whose failure is always told, in the engine's words: the plain way stays silent when a row
 // with that key exists.
 [[nodiscard]] bool EjecutarConAviso(Puesto& p, const QString& sql);
+
+// Runs `pasos` on the store in one transaction: all that they write, or nothing when they give false or the store fails
+// (a box tells the latter).
+[[nodiscard]] bool EnTransaccion(Puesto& p, const std::function<bool()>& pasos);
 
 // "Se procederá a desactivar a X. Desea continuar?"; "No" is what Enter presses.
 [[nodiscard]] bool PreguntarActivar(Puesto& p, bool activa, const QString& nombre);

@@ -5,6 +5,7 @@
 #include "backoffice/mantenimiento.h"
 #include "foundation/cfg_admin.h"
 #include "foundation/puesto.h"
+#include "platform/io/perfil.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 
@@ -17,6 +18,15 @@ std::optional<double> entero(const QString& texto) {
   if (!EsNumerico(texto)) return {};
   const double n = LeerImporte(texto);
   return n == Int(n) ? std::optional(n) : std::nullopt;
+}
+
+// Writes a setting. False when the table, which wins at the next start, didn't take it; its box has been shown.
+bool escribir(Puesto& p, const QString& clave, const QString& valor) {
+  EscribirParametro(p, kSeccion, clave, p.ses.psArchivoCfg, valor);
+  Recordset rs;
+  return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("SELECT ") + clave + QStringLiteral(" FROM CONFIGURACION"),
+                                      rs) &&
+         (rs.Eof() || LimpiarNulo(rs[0]) == Recortar(valor));
 }
 
 bool consultar(Puesto& p, const QString& sql, Recordset& rs) { return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs); }
@@ -57,13 +67,17 @@ bool GrabarNumeracion(Puesto& p, Parametros& v) {
 
 bool GrabarAlmacen(Puesto& p, Parametros& v) {
   if (!Comprobar(p, {{v.dcbAlmacen.isEmpty(), u"dcbAlmacen", u"Debe elegir el almacén"}}, v.campoMal)) return false;
-  // The articles first: a desk whose catalogue stays behind would find none.
-  if (!EjecutarConAviso(p, QStringLiteral("UPDATE Producto set cAlmaCode='") + ReemplazarComilla(v.dcbAlmacen) + u'\'')) {
-    return false;
+  const QString clave = QStringLiteral("Almacen");
+  // Both or none: a desk whose catalogue stays behind would find no article.
+  if (EnTransaccion(p, [&] {
+        return EjecutarConAviso(p, QStringLiteral("UPDATE Producto set cAlmaCode='") + ReemplazarComilla(v.dcbAlmacen) + u'\'') &&
+               escribir(p, clave, v.dcbAlmacen);
+      })) {
+    p.ses.psAlmacen = v.dcbAlmacen;
+    return true;
   }
-  EscribirParametro(p, kSeccion, QStringLiteral("Almacen"), p.ses.psArchivoCfg, v.dcbAlmacen);
-  p.ses.psAlmacen = v.dcbAlmacen;
-  return true;
+  (void)EscribirPerfil(p.ses.psArchivoCfg, kSeccion, clave, p.ses.psAlmacen);
+  return false;
 }
 
 bool GrabarServicio(Puesto& p, Parametros& v) {
@@ -72,7 +86,7 @@ bool GrabarServicio(Puesto& p, Parametros& v) {
                      {LeerImporte(v.txtServicio) <= 0, u"txtServicio",
                       u"El numero ingresado en % Servicio no puede ser menor o igual que cero"}}, v.campoMal)) return false;
   const QString porcentaje = TextoDe(LeerImporte(v.txtServicio));
-  EscribirParametro(p, kSeccion, QStringLiteral("PorcServ"), p.ses.psArchivoCfg, porcentaje);
+  if (!escribir(p, QStringLiteral("PorcServ"), porcentaje)) return false;
   p.ses.psPorcServ = porcentaje;
   return true;
 }

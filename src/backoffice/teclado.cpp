@@ -24,29 +24,32 @@ TeclaMostrada conArticulo(const QString& nombre) {
   return {true, Izquierda(nombre, kLargoRotulo) + (larga ? QStringLiteral("..") : QString())};
 }
 
-// The short name of an article of the desk's warehouse; nothing when it has none of that code or can't be asked.
-std::optional<QString> nombreEnAlmacen(Puesto& p, const QString& codigo) {
+// The short name of the article in the desk's warehouse, nothing there when it has none. False when it can't be asked;
+// the message has been shown.
+bool nombreEnAlmacen(Puesto& p, const QString& codigo, std::optional<QString>& nombre) {
+  nombre.reset();
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
                                     FormatearSQL(QStringLiteral("SELECT sProdDescCrta FROM Producto WHERE cProdCode = $ "
                                                                 "AND cAlmaCode = '$'"),
-                                                 {codigo, ReemplazarComilla(p.ses.psAlmacen)}), rs) ||
-      rs.Eof()) return {};
-  return LimpiarNulo(rs[u"sProdDescCrta"]);
+                                                 {codigo, ReemplazarComilla(p.ses.psAlmacen)}), rs)) return false;
+  if (!rs.Eof()) nombre = LimpiarNulo(rs[u"sProdDescCrta"]);
+  return true;
 }
 
-// Brings the article from another warehouse; its name, nothing when there is none or the store refuses the move.
-std::optional<QString> traerArticulo(Puesto& p, const QString& codigo) {
+// Brings the article from another warehouse. False when there is none, or the store refuses the move; a box has told
+// it.
+bool traerArticulo(Puesto& p, const QString& codigo, std::optional<QString>& nombre) {
   Recordset rs;
-  const QString enOtro = QStringLiteral("SELECT cAlmaCode FROM Producto WHERE cProdCode=") + codigo;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, enOtro, rs)) return {};
+  const QString donde = QStringLiteral(" WHERE cProdCode=") + codigo;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("SELECT cAlmaCode FROM Producto") + donde, rs)) return false;
   if (rs.Eof()) {
     p.mensajes.mostrar(QStringLiteral("El artículo %1 no existe.").arg(codigo));
-    return {};
+    return false;
   }
-  if (!EjecutarConAviso(p, QStringLiteral("UPDATE PRODUCTO set cAlmaCode='") + ReemplazarComilla(p.ses.psAlmacen) +
-                               QStringLiteral("' WHERE cProdCode=") + codigo)) return {};
-  return nombreEnAlmacen(p, codigo);
+  return EjecutarConAviso(p, QStringLiteral("UPDATE PRODUCTO set cAlmaCode='") + ReemplazarComilla(p.ses.psAlmacen) + u'\'' +
+                                 donde) &&
+         nombreEnAlmacen(p, codigo, nombre);
 }
 
 // The code as the statements carry it; "0" for a blank one, "" for what is no code.
@@ -89,8 +92,9 @@ bool ElegirTecla(Puesto& p, ConfiguraBotonProducto& v, int tecla) {
 
 void MostrarProductoDeTecla(Puesto& p, ConfiguraBotonProducto& v) {
   const QString codigo = codigoEscrito(v.txtCodigoProducto);
-  const bool hay = !codigo.isEmpty() && codigo != u"0";
-  v.txtNombreProducto = hay ? nombreEnAlmacen(p, codigo).value_or(QString()) : QString();
+  std::optional<QString> nombre;
+  if (!codigo.isEmpty() && codigo != u"0" && !nombreEnAlmacen(p, codigo, nombre)) return;
+  v.txtNombreProducto = nombre.value_or(QString());
 }
 
 bool GrabarTecla(Puesto& p, ConfiguraBotonProducto& v) {
@@ -105,15 +109,13 @@ bool GrabarTecla(Puesto& p, ConfiguraBotonProducto& v) {
   }
   const bool conCodigo = !Recortar(v.txtCodigoProducto).isEmpty();
   std::optional<QString> nombre;
-  if (conCodigo) {
-    // The article first: a key must not be left with one that this warehouse doesn't get.
-    nombre = nombreEnAlmacen(p, codigo);
-    if (!nombre) nombre = traerArticulo(p, codigo);
-    if (!nombre) return false;
-  }
-  if (!EjecutarConAviso(p, FormatearSQL(QStringLiteral("UPDATE ConfiguracionTeclado SET cProdCode = $, "
-                                                       "cTeclFlagAsig = '1' WHERE cTeclCode = $ "),
-                                        {codigo, v.tecla}))) return false;
+  // Both or none: a key must not be left with an article that this warehouse doesn't get.
+  if (!EnTransaccion(p, [&] {
+        if (conCodigo && !nombreEnAlmacen(p, codigo, nombre)) return false;
+        if (conCodigo && !nombre && !traerArticulo(p, codigo, nombre)) return false;
+        return EjecutarConAviso(p, FormatearSQL(QStringLiteral("UPDATE ConfiguracionTeclado SET cProdCode = $, "
+                                                        "cTeclFlagAsig = '1' WHERE cTeclCode = $ "), {codigo, v.tecla}));
+      })) return false;
   v.txtNombreProducto = nombre.value_or(QString());
   v.cmdTecla[static_cast<size_t>(v.tecla)] =
       nombre ? conArticulo(*nombre) : TeclaMostrada{false, QStringLiteral("Producto%1").arg(v.tecla)};
