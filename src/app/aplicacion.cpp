@@ -9,6 +9,7 @@
 #include "app/frm_splash.h"
 #include "app/pantallas.h"
 #include "cashday/frm_principal.h"
+#include "loyalty/pendientes.h"
 #include "platform/ui/tema.h"
 
 namespace {
@@ -77,8 +78,8 @@ Aplicacion::~Aplicacion() = default;
 void Aplicacion::iniciar() {
   try {
     d_->exigirUnicaCopia();
-    // Queue of points and synchronisation come with their rooms.
-    Arrancar(d_->puesto, {});
+    // The synchronisation comes with its room.
+    Arrancar(d_->puesto, {EnviarPendientesCliente, {}});
     d_->login();
   } catch (const std::exception& e) {
     d_->puesto.mensajes.mostrar(QString::fromUtf8(e.what()));

@@ -4,6 +4,7 @@
 #include "cashday/pantallas_principal.h"
 #include "foundation/puesto.h"
 #include "loyalty/cliente_bd.h"
+#include "loyalty/pendientes.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
@@ -110,5 +111,7 @@ void RevisarCliente(Puesto& p) {
   if (ultima.isValid() && ultima.secsTo(ahora) < kSegundosEntreRevisiones) return;
   p.ses.pdUltimaSincronizacion = ahora;
   // The short wait of a sale: a clerk who is about to press a key must not stand before a dead server.
-  if (ConectarCliente(p, false)) DesconectarCliente(p);
+  if (!ConectarCliente(p, false)) return;
+  EnviarPendientesCliente(p);
+  DesconectarCliente(p);
 }
