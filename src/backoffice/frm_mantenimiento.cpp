@@ -237,6 +237,7 @@ QWidget* frmMantenimientoDetalle::crearEleccion(const CampoDetalle& c) {
   lista->setObjectName(c.nombre);
   for (const auto& [codigo, palabras] : c.ajustes.entradas) lista->addItem(palabras, codigo);
   lista->setCurrentIndex(c.texto->isEmpty() ? -1 : lista->findData(*c.texto));
+  connect(lista, &QComboBox::currentIndexChanged, lista, [lista] { quitarMal(lista); });
   recoger_.push_back([lista, v = c.texto] { *v = lista->currentData().toString(); });
   return lista;
 }

@@ -17,6 +17,7 @@ frmParametros::frmParametros(Puesto& p, QWidget* padre)
   numeracion->filtro = servicio->filtro = digitos;
   dcbAlmacen_->setObjectName(QStringLiteral("dcbAlmacen"));
   for (const auto& [codigo, nombre] : v_.almacenes) dcbAlmacen_->addItem(nombre, codigo);
+  connect(dcbAlmacen_, &QComboBox::currentIndexChanged, this, [this] { quitarMal(dcbAlmacen_); });
   dcbAlmacen_->setCurrentIndex(dcbAlmacen_->findData(v_.dcbAlmacen));
 
   const struct { const char *nombre, *rotulo; QWidget* campo; bool* marca; } filas[] = {
