@@ -60,6 +60,33 @@ std::optional<QString> Pantallas::buscarProducto() {
 
 std::optional<QString> Pantallas::autorizar(const QString& acto) { return autorizarOperacion(p_, padre(), acto); }
 
+std::optional<EfectivoVoucher> Pantallas::voucher(const PedidoVoucher&) {
+  noDisponible(QStringLiteral("Caja Voucher"));
+  return {};
+}
+
+std::optional<EfectivoDocumento> Pantallas::pagoEfectivo(double) {
+  noDisponible(QStringLiteral("Pago en Efectivo"));
+  return {};
+}
+
+std::optional<QString> Pantallas::buscarArticulo() {
+  noDisponible(QStringLiteral("Búsqueda de artículos"));
+  return {};
+}
+
+std::optional<TarjetaElegida> Pantallas::buscarCliente(const QString&) {
+  noDisponible(QStringLiteral("Búsqueda de clientes"));
+  return {};
+}
+
+std::optional<DocumentoElegido> Pantallas::buscarParalela(ListaParalela, bool) {
+  noDisponible(QStringLiteral("Pago Adelantado"));
+  return {};
+}
+
+void Pantallas::retiro() { noDisponible(QStringLiteral("RECAUDACION - PAGO")); }
+
 void Pantallas::noDisponible(const QString& pantalla) {
   p_.mensajes.mostrar(QStringLiteral("La opción «") + pantalla +
                       QStringLiteral("» todavía no está disponible en esta versión."));

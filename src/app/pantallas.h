@@ -19,6 +19,12 @@ class Pantallas final : public PantallasPrincipal, public PantallasVenta, public
   void mantenimiento(PantallaMantenimiento cual) override;
   std::optional<QString> buscarProducto() override;
   std::optional<QString> autorizar(const QString& acto) override;
+  std::optional<EfectivoVoucher> voucher(const PedidoVoucher& pedido) override;
+  std::optional<EfectivoDocumento> pagoEfectivo(double total) override;
+  std::optional<QString> buscarArticulo() override;
+  std::optional<TarjetaElegida> buscarCliente(const QString& texto) override;
+  std::optional<DocumentoElegido> buscarParalela(ListaParalela lista, bool soloVer) override;
+  void retiro() override;
   void noDisponible(const QString& pantalla) override;
 
  private:

@@ -55,12 +55,27 @@ ResultadoTarjeta BuscaTarjeta(Puesto& p, ClienteCaja& c, PantallasVenta& pantall
   if (rs.RecordCount() > 1) {
     c.txtNombres.clear();
     c.localVisible = true;
-    pantallas.noDisponible(QStringLiteral("Búsqueda de clientes"));
-    return ResultadoTarjeta::VariosLocales;
+    const auto elegida = pantallas.buscarCliente(c.txtTarjeta);
+    const bool conLocal = elegida && elegida->idLocal > 0;
+    return conLocal ? TomarCliente(p, c, pantallas, *elegida) : ResultadoTarjeta::VariosLocales;
   }
   c.txtNombres = LimpiarNulo(rs[u"sClieApel"]) + u' ' + LimpiarNulo(rs[u"sClieName"]);
   ElegirLocal(c, static_cast<int>(AEntero(Numero(rs[u"IdLocal"]))));
   return ResultadoTarjeta::Hallada;
+}
+
+ResultadoTarjeta TomarCliente(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas, const TarjetaElegida& elegida) {
+  c.tarjetaHallada.clear();
+  c.txtTarjeta = elegida.tarjeta;
+  ElegirLocal(c, elegida.idLocal);
+  return BuscaTarjeta(p, c, pantallas);
+}
+
+bool TarjetaAceptada(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas) {
+  AjustarCliente(c);
+  const QString tarjeta = Recortar(c.txtTarjeta);
+  if (tarjeta.isEmpty() || Ceros(tarjeta, 8) == c.tarjetaHallada) return true;
+  return BuscaTarjeta(p, c, pantallas) != ResultadoTarjeta::NoExiste;
 }
 
 void AjustarCliente(ClienteCaja& c) {

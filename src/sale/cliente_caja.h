@@ -5,6 +5,7 @@
 
 struct Puesto;
 class PantallasVenta;
+struct TarjetaElegida;
 
 // A site of the list dcbLocal.
 struct LocalCliente {
@@ -28,6 +29,13 @@ enum class ResultadoTarjeta { SinTarjeta, SinServidor, NoExiste, Hallada, Varios
 // Looks the typed card up in the client database, within the chosen site if there is one, and fills name and site.
 // Without the database the card stays and the sale goes on without a name. The connection is closed again.
 ResultadoTarjeta BuscaTarjeta(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas);
+
+// A customer chosen in the search: card and site, then BuscaTarjeta.
+ResultadoTarjeta TomarCliente(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas, const TarjetaElegida& elegida);
+
+// Before a commit: a card that was typed and not looked up yet must not reach the rows when nobody has it. False then,
+// and the box has been shown.
+bool TarjetaAceptada(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas);
 
 // Makes the customer's fields agree: name and site of the card found before go, once another card stands in
 // txtTarjeta, since they would narrow a search or stand on another customer's ticket; nIdLocal follows txtLocal.

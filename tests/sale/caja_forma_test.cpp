@@ -11,18 +11,11 @@
 #include "platform/ui/tema.h"
 #include "sale/frm_autorizar.h"
 #include "sale/frm_caja_full.h"
-#include "sale/pantallas_venta.h"
+#include "sale/pantallas_guion.h"
 
 namespace {
 
 QString q(const char* t) { return QString::fromUtf8(t); }
-
-struct PantallasGuion final : PantallasVenta {
-  QStringList faltan;
-  std::optional<QString> supervisor;
-  std::optional<QString> autorizar(const QString&) override { return supervisor; }
-  void noDisponible(const QString& pantalla) override { faltan << pantalla; }
-};
 
 struct CajaForma : testing::Test {
   PuestoPrueba p;

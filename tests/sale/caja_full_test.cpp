@@ -6,7 +6,7 @@
 #include "sale/autorizar.h"
 #include "sale/caja_lineas.h"
 #include "sale/caja_totales.h"
-#include "sale/pantallas_venta.h"
+#include "sale/pantallas_guion.h"
 
 namespace {
 
@@ -14,12 +14,6 @@ QString q(const char* t) { return QString::fromUtf8(t); }
 
 const QString kSinCliente = q("No se pudo conectar a la Base de Datos Cliente.\n"
                               "Las Operaciones se guardaran temporalmente hasta que se restablesca la conexión.");
-
-struct PantallasGuion final : PantallasVenta {
-  QStringList faltan;
-  std::optional<QString> autorizar(const QString&) override { return {}; }
-  void noDisponible(const QString& pantalla) override { faltan << pantalla; }
-};
 
 struct CajaFull : testing::Test {
   PuestoPrueba p;
