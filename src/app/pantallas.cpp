@@ -53,11 +53,6 @@ void Pantallas::mantenimiento(PantallaMantenimiento cual) {
   }
 }
 
-std::optional<QString> Pantallas::buscarProducto() {
-  noDisponible(QStringLiteral("Listado de Articulos"));
-  return {};
-}
-
 std::optional<QString> Pantallas::autorizar(const QString& acto) { return autorizarOperacion(p_, padre(), acto); }
 
 std::optional<EfectivoVoucher> Pantallas::voucher(const PedidoVoucher&) {

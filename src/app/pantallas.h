@@ -7,7 +7,7 @@
 class QWidget;
 struct Puesto;
 
-// Both interfaces over the real windows. Each screen stands over the window that is active when it opens.
+// The interfaces over the real windows. Each screen stands over the window that is active when it opens.
 class Pantallas final : public PantallasPrincipal, public PantallasVenta, public PantallasBackoffice {
  public:
   explicit Pantallas(Puesto& p) : p_(p) {}
@@ -17,7 +17,6 @@ class Pantallas final : public PantallasPrincipal, public PantallasVenta, public
   void tipoCambioLista() override;
   void tipoCambioDetalle(int modo) override;
   void mantenimiento(PantallaMantenimiento cual) override;
-  std::optional<QString> buscarProducto() override;
   std::optional<QString> autorizar(const QString& acto) override;
   std::optional<EfectivoVoucher> voucher(const PedidoVoucher& pedido) override;
   std::optional<EfectivoDocumento> pagoEfectivo(double total) override;

@@ -7,6 +7,7 @@
 
 #include "backoffice/pantallas_backoffice.h"
 #include "foundation/rutinas.h"
+#include "platform/text/numero.h"
 #include "platform/ui/tema.h"
 
 namespace {
@@ -99,9 +100,9 @@ void frmConfiguraBotonProducto::elegir(int tecla) {
 }
 
 void frmConfiguraBotonProducto::buscar() {
-  const auto codigo = pantallas_.buscarProducto();
+  const auto codigo = pantallas_.buscarArticulo();
   if (!codigo) return;
-  v_.txtCodigoProducto = *codigo;
+  v_.txtCodigoProducto = TextoDe(Val(*codigo));
   MostrarProductoDeTecla(p_, v_);
   mostrar();
 }

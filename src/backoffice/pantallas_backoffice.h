@@ -7,6 +7,6 @@ class PantallasBackoffice {
  public:
   virtual ~PantallasBackoffice() = default;
 
-  // The article search. The code of the article that was chosen; nothing when it was left without one.
-  virtual std::optional<QString> buscarProducto() = 0;
+  // The article search. Gives the code, six digits; nothing when none was chosen.
+  virtual std::optional<QString> buscarArticulo() = 0;
 };
