@@ -10,10 +10,13 @@
 #include "backoffice/frm_tipo_cambio.h"
 #include "backoffice/frm_tipo_cambio_lista.h"
 #include "backoffice/frm_usuario_lista.h"
+#include "cashday/frm_cuadre.h"
+#include "cashday/principal.h"
 #include "foundation/puesto.h"
 #include "printing/frm_configura_impresora.h"
 #include "sale/frm_autorizar.h"
 #include "sale/frm_caja_full.h"
+#include "sale/frm_caja_rapida.h"
 
 namespace {
 
@@ -24,12 +27,36 @@ QWidget* padre() {
 
 }  // namespace
 
-void Pantallas::abrirRapida() { noDisponible(QStringLiteral("Caja Registradora")); }
+void Pantallas::abrirRapida() { vender(Registradora::Rapida); }
 
-void Pantallas::abrirFull() {
-  frmCajaRegistradoraFull f(p_, *this, padre());
-  f.exec();
+void Pantallas::abrirFull() { vender(Registradora::Full); }
+
+void Pantallas::vender(Registradora cual) {
+  siguiente_ = {cual, {}};
+  while (siguiente_) {
+    const auto [registradora, venta] = *siguiente_;
+    siguiente_.reset();
+    if (registradora == Registradora::Rapida) {
+      frmCajaRegistradora f(p_, *this, padre());
+      f.recibir(venta);
+      f.exec();
+    } else {
+      frmCajaRegistradoraFull f(p_, *this, padre());
+      RecibirVenta(p_, f.venta(), venta);
+      f.mostrar();
+      f.exec();
+    }
+  }
 }
+
+bool Pantallas::pasarA(Registradora cual, const VentaEnCurso& venta) {
+  siguiente_ = {cual, venta};
+  return true;
+}
+
+bool Pantallas::irARapida(const VentaEnCurso& venta) { return pasarA(Registradora::Rapida, venta); }
+
+bool Pantallas::irAFull(const VentaEnCurso& venta) { return pasarA(Registradora::Full, venta); }
 
 void Pantallas::tipoCambioLista() {
   frmTipoCambioLista f(p_, padre());
@@ -52,6 +79,14 @@ void Pantallas::mantenimiento(PantallaMantenimiento cual) {
     case PantallaMantenimiento::TiposTarjeta: FrmTablas(p_, padre()).exec(); return;
   }
 }
+
+void Pantallas::cuadreDeCaja(Principal& v, ModoCuadre modo) {
+  frmCuadre f(p_, modo, v.bReporteImpreso, padre());
+  f.exec();
+}
+
+// The room of the synchronisation is still to come.
+bool Pantallas::sincronizar(bool) { return false; }
 
 std::optional<QString> Pantallas::autorizar(const QString& acto) { return autorizarOperacion(p_, padre(), acto); }
 

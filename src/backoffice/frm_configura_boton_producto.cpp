@@ -8,6 +8,7 @@
 #include "backoffice/pantallas_backoffice.h"
 #include "foundation/rutinas.h"
 #include "platform/text/numero.h"
+#include "platform/ui/tecla_articulo.h"
 #include "platform/ui/tema.h"
 
 namespace {
@@ -43,13 +44,10 @@ QWidget* frmConfiguraBotonProducto::crearTeclas() {
   rejilla->setContentsMargins(0, 0, 0, 0);
   rejilla->setSpacing(2 * tema::kPaso);
   for (int n = 1; n <= kTeclasConfigurables; ++n) {
-    auto* boton = nuevoBoton(QStringLiteral("cmdTecla(%1)").arg(n), {}, QStringLiteral("tecla"));
+    auto* boton = new TeclaArticulo(QStringLiteral("cmdTecla(%1)").arg(n), QStringLiteral("lblTecla(%1)").arg(n),
+                                    NombreTeclaRegistro(n));
     connect(boton, &QPushButton::clicked, this, [this, n] { elegir(n); });
-    auto* celda = new QVBoxLayout;
-    celda->setSpacing(0);
-    celda->addWidget(nuevoTexto(NombreTeclaRegistro(n), QStringLiteral("suave")));
-    celda->addWidget(boton, 1);
-    rejilla->addLayout(celda, (n - 1) / kColumnas, (n - 1) % kColumnas);
+    rejilla->addWidget(boton, (n - 1) / kColumnas, (n - 1) % kColumnas);
     rejilla->setColumnStretch((n - 1) % kColumnas, 1);
     cmdTecla_[static_cast<size_t>(n)] = boton;
   }
@@ -127,7 +125,7 @@ bool frmConfiguraBotonProducto::alEntrar(QWidget* campo) {
 void frmConfiguraBotonProducto::mostrar() {
   enlaces_.mostrar();
   for (size_t n = 1; n < cmdTecla_.size(); ++n) {
-    cmdTecla_[n]->setText(v_.cmdTecla[n].rotulo);
-    tema::aplicarRol(cmdTecla_[n], "asignada", v_.cmdTecla[n].asignada);
+    const TeclaMostrada& t = v_.cmdTecla[n];
+    cmdTecla_[n]->poner(t.rotulo, t.asignada ? t.rotulo : QString());
   }
 }

@@ -4,8 +4,8 @@
 #include "backoffice/teclado.h"
 #include "platform/ui/forma.h"
 
-class QPushButton;
 class PantallasBackoffice;
+class TeclaArticulo;
 struct Puesto;
 
 // The 24 function keys of the quick register and the article on each. On this screen a function key chooses itself.
@@ -30,7 +30,7 @@ class frmConfiguraBotonProducto final : public Forma {
   Puesto& p_;
   PantallasBackoffice& pantallas_;
   ConfiguraBotonProducto v_;
-  std::array<QPushButton*, kTeclasConfigurables + 1> cmdTecla_{};
+  std::array<TeclaArticulo*, kTeclasConfigurables + 1> cmdTecla_{};
   Campo* txtCodigoProducto_ = nullptr;
   Enlaces enlaces_;
 };
