@@ -7,6 +7,8 @@
 #include "foundation/puesto.h"
 #include "sale/frm_autorizar.h"
 #include "sale/frm_caja_full.h"
+#include "voiding/frm_anula_transaccion.h"
+#include "voiding/frm_reimpresion.h"
 
 namespace {
 
@@ -44,6 +46,16 @@ void Pantallas::mantenimiento(PantallaMantenimiento cual) {
     case PantallaMantenimiento::Parametros: noDisponible(QStringLiteral("Configuración Parámetros")); return;
     case PantallaMantenimiento::TiposTarjeta: noDisponible(QStringLiteral("Tipo de Tarjeta")); return;
   }
+}
+
+void Pantallas::anular() {
+  frmAnulaTransaccion f(p_, *this, padre());
+  f.exec();
+}
+
+void Pantallas::reimprimir(const QString& local) {
+  frmReimpresion f(p_, local, padre());
+  f.exec();
 }
 
 std::optional<QString> Pantallas::autorizar(const QString& acto) { return autorizarOperacion(p_, padre(), acto); }

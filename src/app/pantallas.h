@@ -2,12 +2,13 @@
 // The screens that rooms open in each other, by the interfaces that the rooms declare.
 #include "cashday/pantallas_principal.h"
 #include "sale/pantallas_venta.h"
+#include "voiding/pantallas_anulacion.h"
 
 class QWidget;
 struct Puesto;
 
-// Both interfaces over the real windows. Each screen stands over the window that is active when it opens.
-class Pantallas final : public PantallasPrincipal, public PantallasVenta {
+// All of them over the real windows. Each screen stands over the window that is active when it opens.
+class Pantallas final : public PantallasPrincipal, public PantallasVenta, public PantallasAnulacion {
  public:
   explicit Pantallas(Puesto& p) : p_(p) {}
 
@@ -23,6 +24,8 @@ class Pantallas final : public PantallasPrincipal, public PantallasVenta {
   std::optional<TarjetaElegida> buscarCliente(const QString& texto) override;
   std::optional<DocumentoElegido> buscarParalela(ListaParalela lista, bool soloVer) override;
   void retiro() override;
+  void anular() override;
+  void reimprimir(const QString& local) override;
   void noDisponible(const QString& pantalla) override;
 
  private:

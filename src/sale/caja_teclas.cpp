@@ -1,5 +1,6 @@
 #include "foundation/puesto.h"
 #include "foundation/rutinas.h"
+#include "platform/text/texto.h"
 #include "sale/caja_full.h"
 #include "sale/commit.h"
 #include "sale/pantallas_venta.h"
@@ -43,7 +44,7 @@ TrasTecla accionTecla(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantal
       if (v.bLiquidando) return {false, exigirDocumento(p, v, pantallas)};
       return {true, {}};
     default:
-      pantallas.noDisponible(QStringLiteral("AC/TC"));
+      pantallas.reimprimir(Recortar(v.txtLocal));
       return {};
   }
 }

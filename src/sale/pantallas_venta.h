@@ -66,8 +66,8 @@ class PantallasVenta {
 
   // The void screen.
   virtual void anular() { noDisponible(QStringLiteral("ANULAR TRANSACCION")); }
-  // The reprint screen of the desk `caja`.
-  virtual void reimprimir(const QString& /*caja*/) { noDisponible(QStringLiteral("AC/TC")); }
+  // The reprint screen; `local` is the site that stands on the register, "" for none.
+  virtual void reimprimir(const QString& /*local*/) { noDisponible(QStringLiteral("AC/TC")); }
   // The quick register is to open once the full one has closed. False when there is none; the box has been shown.
   virtual bool irARapida() {
     noDisponible(QStringLiteral("Caja Registradora"));
