@@ -4,9 +4,12 @@
 
 #include "backoffice/frm_tipo_cambio.h"
 #include "backoffice/frm_tipo_cambio_lista.h"
+#include "cashday/frm_cuadre.h"
+#include "cashday/principal.h"
 #include "foundation/puesto.h"
 #include "sale/frm_autorizar.h"
 #include "sale/frm_caja_full.h"
+#include "sale/frm_caja_rapida.h"
 #include "voiding/frm_anula_transaccion.h"
 #include "voiding/frm_reimpresion.h"
 
@@ -19,12 +22,36 @@ QWidget* padre() {
 
 }  // namespace
 
-void Pantallas::abrirRapida() { noDisponible(QStringLiteral("Caja Registradora")); }
+void Pantallas::abrirRapida() { vender(Registradora::Rapida); }
 
-void Pantallas::abrirFull() {
-  frmCajaRegistradoraFull f(p_, *this, padre());
-  f.exec();
+void Pantallas::abrirFull() { vender(Registradora::Full); }
+
+void Pantallas::vender(Registradora cual) {
+  siguiente_ = {cual, {}};
+  while (siguiente_) {
+    const auto [registradora, venta] = *siguiente_;
+    siguiente_.reset();
+    if (registradora == Registradora::Rapida) {
+      frmCajaRegistradora f(p_, *this, padre());
+      f.recibir(venta);
+      f.exec();
+    } else {
+      frmCajaRegistradoraFull f(p_, *this, padre());
+      RecibirVenta(p_, f.venta(), venta);
+      f.mostrar();
+      f.exec();
+    }
+  }
 }
+
+bool Pantallas::pasarA(Registradora cual, const VentaEnCurso& venta) {
+  siguiente_ = {cual, venta};
+  return true;
+}
+
+bool Pantallas::irARapida(const VentaEnCurso& venta) { return pasarA(Registradora::Rapida, venta); }
+
+bool Pantallas::irAFull(const VentaEnCurso& venta) { return pasarA(Registradora::Full, venta); }
 
 void Pantallas::tipoCambioLista() {
   frmTipoCambioLista f(p_, padre());
@@ -57,6 +84,14 @@ void Pantallas::reimprimir(const QString& local) {
   frmReimpresion f(p_, local, padre());
   f.exec();
 }
+
+void Pantallas::cuadreDeCaja(Principal& v, ModoCuadre modo) {
+  frmCuadre f(p_, modo, v.bReporteImpreso, padre());
+  f.exec();
+}
+
+// The room of the synchronisation is still to come.
+bool Pantallas::sincronizar(bool) { return false; }
 
 std::optional<QString> Pantallas::autorizar(const QString& acto) { return autorizarOperacion(p_, padre(), acto); }
 

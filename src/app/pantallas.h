@@ -1,7 +1,10 @@
 #pragma once
 // The screens that rooms open in each other, by the interfaces that the rooms declare.
+#include <functional>
+
 #include "cashday/pantallas_principal.h"
 #include "sale/pantallas_venta.h"
+#include "sale/traspaso.h"
 #include "voiding/pantallas_anulacion.h"
 
 class QWidget;
@@ -10,13 +13,17 @@ struct Puesto;
 // All of them over the real windows. Each screen stands over the window that is active when it opens.
 class Pantallas final : public PantallasPrincipal, public PantallasVenta, public PantallasAnulacion {
  public:
-  explicit Pantallas(Puesto& p) : p_(p) {}
+  // `alRearrancar` ends the session and starts the program again, after the event under way.
+  Pantallas(Puesto& p, std::function<void()> alRearrancar) : alRearrancar_(std::move(alRearrancar)), p_(p) {}
 
   void abrirRapida() override;
   void abrirFull() override;
   void tipoCambioLista() override;
   void tipoCambioDetalle(int modo) override;
   void mantenimiento(PantallaMantenimiento cual) override;
+  void cuadreDeCaja(Principal& v, ModoCuadre modo) override;
+  bool sincronizar(bool diaAnterior) override;
+  void rearrancar() override { alRearrancar_(); }
   std::optional<QString> autorizar(const QString& acto) override;
   std::optional<EfectivoVoucher> voucher(const PedidoVoucher& pedido) override;
   std::optional<EfectivoDocumento> pagoEfectivo(double total) override;
@@ -26,8 +33,18 @@ class Pantallas final : public PantallasPrincipal, public PantallasVenta, public
   void retiro() override;
   void anular() override;
   void reimprimir(const QString& local) override;
+  bool irARapida(const VentaEnCurso& venta) override;
+  bool irAFull(const VentaEnCurso& venta) override;
   void noDisponible(const QString& pantalla) override;
 
  private:
+  enum class Registradora { Rapida, Full };
+  // Opens a register and, when it hands over, the other one, until one of them just closes.
+  void vender(Registradora cual);
+  bool pasarA(Registradora cual, const VentaEnCurso& venta);
+
+  std::function<void()> alRearrancar_;
   Puesto& p_;
+  // The register that is to open next, with its sale.
+  std::optional<std::pair<Registradora, VentaEnCurso>> siguiente_;
 };

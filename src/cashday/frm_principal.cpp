@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 #include <span>
 
+#include "cashday/cierre.h"
 #include "cashday/dia.h"
 #include "cashday/frm_acerca_de.h"
 #include "cashday/frm_apertura.h"
@@ -119,9 +120,9 @@ void frmPrincipal::crearMantenimiento() {
   const auto abre = [this](PantallaMantenimiento cual) { return [this, cual] { pantallas_.mantenimiento(cual); }; };
   const struct { const char *nombre, *rotulo; QAction** guardar = nullptr; std::function<void()> accion = {}; } resto[] = {
       {"mnuraya", "-"},
-      {"mnu_sincronizar_DiaAnt", "Sincronizar Datos (Dia Anterior)", &diaAnterior_},
+      {"mnu_sincronizar_DiaAnt", "Sincronizar Datos (Dia Anterior)", &diaAnterior_, [this] { SincronizarDatos(p_, pantallas_, true); }},
       {"mnu_1", "-"},
-      {"mnu_sincronizar", "Sincronizar Datos"},
+      {"mnu_sincronizar", "Sincronizar Datos", nullptr, [this] { SincronizarDatos(p_, pantallas_, false); }},
       {"mnulin", "-"},
       {"mnuDepurarTablas", "Depurar Tablas"},
       {"mnuUsuarios", "&Usuarios", &usuarios_, abre(PantallaMantenimiento::Usuarios)},
@@ -318,10 +319,34 @@ void frmPrincipal::operacion(int n) {
     case 4:
       if (hayTipoCambio) pantallas_.abrirFull();
       return;
+    case 1: cambioTurno(); return;
     case 6: reporte(n, ReportesEspeciales); return;
+    case 7:
+      v_.bReporteImpreso = false;
+      pantallas_.cuadreDeCaja(v_, kCuadreVista);
+      return;
+    case kReporteZ: cerrarCaja(); return;
     case 16: reporte(n, ReportesEspeciales1); return;
     default: pantallas_.noDisponible(rotuloDe(kOperaciones, n));
   }
+}
+
+void frmPrincipal::cambioTurno() {
+  if (!p_.mensajes.preguntar(QStringLiteral("Esta Operación Cambiará el Turno\r Desea Continuar?"),
+                             QStringLiteral("Confirmar Cambio de Turno"), false)) {
+    return;
+  }
+  if (!AutorizarOperacion(v_, pantallas_, rotuloDe(kOperaciones, 1))) return;
+  CambioTurno(p_, v_, pantallas_);
+}
+
+void frmPrincipal::cerrarCaja() {
+  std::unique_ptr<CursorEspera> espera;
+  CerrarCaja(p_, v_, pantallas_, [&](const QString& texto) {
+    espera.reset();
+    if (!texto.isEmpty()) espera = std::make_unique<CursorEspera>();
+    estado_->ocupado(texto);
+  });
 }
 
 void frmPrincipal::reporte(int n, bool (*imprimir)(Puesto&, Principal&, const PedidoReporte&)) {

@@ -51,6 +51,8 @@ class frmPrincipal final : public QMainWindow {
   std::function<void()> acto(std::function<void()> accion);
   void mantenimiento(int n);
   void configurarParametros();
+  void cambioTurno();
+  void cerrarCaja();
   void operacion(int n);
   // One of the turn's reports, entry `n`, with its authorisation; and one of a past date.
   void reporte(int n, bool (*imprimir)(Puesto&, Principal&, const PedidoReporte&));

@@ -17,16 +17,6 @@ constexpr int kSegundosEntreRevisiones = 60;
 
 bool turnoAbierto(const Puesto& p) { return !Recortar(p.ses.psTurno).isEmpty(); }
 
-void bloquearPorCierre(Principal& v) {
-  v.cierreInterrumpido = true;
-  v.botones.fill(false);
-  v.botones[kBotonReporteZ] = true;
-  v.mantenimiento.fill(false);
-  v.operaciones.fill(false);
-  v.operaciones[kReporteZ] = true;
-  v.demasMenus = false;
-}
-
 }  // namespace
 
 Principal::Principal() {
@@ -45,6 +35,24 @@ void ProcesoCaja(Principal& v, bool bApertura) {
 
 void HabilitarBotonesDia(Principal& v, bool habilitados) {
   for (int n : kBotonesDia) v.botones[static_cast<size_t>(n)] = habilitados;
+}
+
+void BloquearPorCierre(Principal& v) {
+  v.cierreInterrumpido = true;
+  v.botones.fill(false);
+  v.botones[kBotonReporteZ] = true;
+  v.mantenimiento.fill(false);
+  v.operaciones.fill(false);
+  v.operaciones[kReporteZ] = true;
+  v.demasMenus = false;
+}
+
+void LiberarTrasCierre(Principal& v) {
+  v.cierreInterrumpido = false;
+  v.botones.fill(true);
+  HabilitarBotonesDia(v, false);
+  ProcesoCaja(v, false);
+  v.demasMenus = true;
 }
 
 void CargarPrincipal(Puesto& p, Principal& v) {
@@ -67,7 +75,7 @@ void CargarPrincipal(Puesto& p, Principal& v) {
     return;
   }
   if (Numero(rs[u"icierrecaja"]) < 1) return;
-  bloquearPorCierre(v);
+  BloquearPorCierre(v);
   p.mensajes.mostrar(
       QStringLiteral("Se ha habilitado la Opcion Reporte Z, porque algunas operaciones no han concluido"));
 }
@@ -103,6 +111,21 @@ EstadoDia EstadoDelDia(const Puesto& p, const Principal& v) {
 
 QString TituloPrincipal(const Puesto& p) {
   return QStringLiteral("Control de Caja Registradora - Hoy: ") + FormatearFecha(p.reloj.now(), u"dd/mm/yyyy");
+}
+
+void SincronizarDatos(Puesto& p, PantallasPrincipal& pantallas, bool diaAnterior) {
+  const QString titulo = QStringLiteral("Seleccione");
+  if (diaAnterior) {
+    if (!p.mensajes.preguntar(QStringLiteral("Seguro de Sincronizar Datos del dia anterior?"), titulo)) return;
+    p.ses.pbSincronizaMaestros = false;
+  } else {
+    p.ses.pbSincronizaMaestros =
+        p.mensajes.preguntar(QStringLiteral("¿Desea Sincronizar también las tablas maestras?"), titulo);
+  }
+  p.ses.pbSincronizaCierre = false;
+  const bool hay = pantallas.sincronizar(diaAnterior);
+  p.ses.pbSincronizaMaestros = true;
+  if (!hay) pantallas.noDisponible(QStringLiteral("Sincronizar Datos"));
 }
 
 void RevisarCliente(Puesto& p) {

@@ -5,6 +5,8 @@
 
 #include "documento/totales.h"
 
+struct VentaEnCurso;
+
 // What the voucher screen is opened with: the kind of sale and texts of the register.
 struct PedidoVoucher {
   int nTipoVenta = 0;
@@ -66,13 +68,21 @@ class PantallasVenta {
 
   // The void screen.
   virtual void anular() { noDisponible(QStringLiteral("ANULAR TRANSACCION")); }
+
   // The reprint screen; `local` is the site that stands on the register, "" for none.
   virtual void reimprimir(const QString& /*local*/) { noDisponible(QStringLiteral("AC/TC")); }
-  // The quick register is to open once the full one has closed. False when there is none; the box has been shown.
-  virtual bool irARapida() {
+
+  // The other register is to open with this sale, once the one that asks has closed. False when there is none; the box
+  // has been shown.
+  virtual bool irARapida(const VentaEnCurso&) {
     noDisponible(QStringLiteral("Caja Registradora"));
     return false;
   }
+  virtual bool irAFull(const VentaEnCurso&) {
+    noDisponible(QStringLiteral("Caja Registradora (Versión Full)"));
+    return false;
+  }
+
   // Says in one plain box that the screen of that name is not there yet.
   virtual void noDisponible(const QString& pantalla) = 0;
 };

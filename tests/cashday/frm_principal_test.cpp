@@ -45,7 +45,7 @@ TEST(FrmPrincipal, EntriesOpenTheirScreens) {
       {"Toolbar1(4)", ""},
       {"Toolbar1(6)", "rápida"},
       {"Toolbar1(9)", "autoriza Reporte X"},
-      {"Toolbar1(12)", "falta Cuadre de Caja"},
+      {"Toolbar1(12)", "cuadre 2"},
       {"cmdInicio(2)", "full"},
   };
   Escena e;

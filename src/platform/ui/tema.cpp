@@ -130,7 +130,13 @@ QPushButton[papel="tecla"][asignada="true"] { background: @teclaAsignada; }
 QPushButton[papel="tecla"]:pressed { border: 2px solid @tinta; }
 
 QCheckBox, QRadioButton { spacing: 8px; background: transparent; }
-QCheckBox::indicator, QRadioButton::indicator { width: 18px; height: 18px; }
+QCheckBox::indicator, QRadioButton::indicator { width: 16px; height: 16px; border: 1px solid @lineaCampo; background: @superficie; }
+QCheckBox::indicator { border-radius: 3px; }
+QRadioButton::indicator { border-radius: 8px; }
+QCheckBox::indicator:checked { background: @accion; border-color: @accion; image: url(:/iconos/marca.svg); }
+QRadioButton::indicator:checked { border: 5px solid @accion; width: 8px; height: 8px; }
+QCheckBox::indicator:disabled, QRadioButton::indicator:disabled { background: @fondoFijo; border-color: @linea; }
+QCheckBox::indicator:checked:disabled { background: @fijo; }
 
 QTableView {
   background: @superficie; border: 1px solid @lineaCampo; gridline-color: @linea; font-size: 12pt;
@@ -146,6 +152,7 @@ QHeaderView::section {
 
 QTabWidget::pane { background: @superficie; border: 1px solid @linea; border-radius: 4px; top: -1px; }
 QTabBar::tab { background: @fondoFijo; color: @tintaSuave; border: 1px solid @linea; padding: 6px 16px; font-size: 12pt; }
+QTabBar::tab:disabled { color: @lineaCampo; font-style: italic; }
 QTabBar::tab:selected { background: @superficie; color: @tinta; border-bottom-color: @superficie; font-weight: 600; }
 QGroupBox { background: @superficie; border: 1px solid @linea; border-radius: 6px; margin-top: 12px; padding-top: 10px; }
 QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0px 4px; color: @tintaSuave; }
