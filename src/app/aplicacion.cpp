@@ -9,6 +9,7 @@
 #include "app/frm_splash.h"
 #include "app/pantallas.h"
 #include "cashday/frm_principal.h"
+#include "loyalty/pendientes.h"
 #include "platform/ui/tema.h"
 
 namespace {
@@ -18,11 +19,13 @@ constexpr int kSplash_ms = 1000;
 struct Aplicacion::Interno {
   Interno(Motores& motores, Puertos& puertos, Reloj& reloj, Mensajes& mensajes, Salida& salida, const Rutas& rutas)
       : puesto(motores, puertos, reloj, mensajes, salida, rutas),
-        pantallas(puesto),
+        pantallas(puesto, [this] { rearrancar(); }),
         unico(rutas.enPrograma(QStringLiteral("TarvoPos.lock"))) {
     unico.setStaleLockTime(0);  // a till runs for days; only a process that has died leaves its lock free
   }
 
+  void iniciar();
+  void rearrancar();
   void exigirUnicaCopia();
   void login();
   void sesion();
@@ -32,7 +35,32 @@ struct Aplicacion::Interno {
   QLockFile unico;
   std::unique_ptr<frmPassword> password;
   std::unique_ptr<frmPrincipal> principal;
+  QObject contexto;  // what is still to be called ends with the program
 };
+
+void Aplicacion::Interno::iniciar() {
+  try {
+    exigirUnicaCopia();
+    // The synchronisation comes with its room.
+    Arrancar(puesto, {EnviarPendientesCliente, {}});
+    login();
+  } catch (const std::exception& e) {
+    puesto.mensajes.mostrar(QString::fromUtf8(e.what()));
+    puesto.salida.terminar(1);
+  }
+}
+
+// The main window has asked for it from one of its own acts, so it goes once that has returned.
+void Aplicacion::Interno::rearrancar() {
+  principal->hide();
+  QMetaObject::invokeMethod(
+      &contexto,
+      [this] {
+        principal.reset();
+        iniciar();
+      },
+      Qt::QueuedConnection);
+}
 
 void Aplicacion::Interno::exigirUnicaCopia() {
   if (unico.isLocked() || unico.tryLock(0)) return;
@@ -74,17 +102,7 @@ Aplicacion::Aplicacion(Motores& motores, Puertos& puertos, Reloj& reloj, Mensaje
 
 Aplicacion::~Aplicacion() = default;
 
-void Aplicacion::iniciar() {
-  try {
-    d_->exigirUnicaCopia();
-    // Queue of points and synchronisation come with their rooms.
-    Arrancar(d_->puesto, {});
-    d_->login();
-  } catch (const std::exception& e) {
-    d_->puesto.mensajes.mostrar(QString::fromUtf8(e.what()));
-    d_->puesto.salida.terminar(1);
-  }
-}
+void Aplicacion::iniciar() { d_->iniciar(); }
 
 void Aplicacion::cerrar() {
   // Modal screens unwind when their own loops go on; those below them follow then.

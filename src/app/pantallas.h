@@ -1,5 +1,7 @@
 #pragma once
 // The screens that rooms open in each other, by the interfaces that the rooms declare.
+#include <functional>
+
 #include "cashday/pantallas_principal.h"
 #include "sale/pantallas_venta.h"
 
@@ -9,15 +11,27 @@ struct Puesto;
 // Both interfaces over the real windows. Each screen stands over the window that is active when it opens.
 class Pantallas final : public PantallasPrincipal, public PantallasVenta {
  public:
-  explicit Pantallas(Puesto& p) : p_(p) {}
+  // `alRearrancar` ends the session and starts the program again, after the event under way.
+  Pantallas(Puesto& p, std::function<void()> alRearrancar) : alRearrancar_(std::move(alRearrancar)), p_(p) {}
 
   void abrirRapida() override;
   void abrirFull() override;
   void tipoCambioLista() override;
   void tipoCambioDetalle(int modo) override;
+  void mantenimiento(PantallaMantenimiento cual) override;
+  void cuadreDeCaja(Principal& v, ModoCuadre modo) override;
+  bool sincronizar(bool diaAnterior) override;
+  void rearrancar() override { alRearrancar_(); }
   std::optional<QString> autorizar(const QString& acto) override;
+  std::optional<EfectivoVoucher> voucher(const PedidoVoucher& pedido) override;
+  std::optional<EfectivoDocumento> pagoEfectivo(double total) override;
+  std::optional<QString> buscarArticulo() override;
+  std::optional<TarjetaElegida> buscarCliente(const QString& texto) override;
+  std::optional<DocumentoElegido> buscarParalela(ListaParalela lista, bool soloVer) override;
+  void retiro() override;
   void noDisponible(const QString& pantalla) override;
 
  private:
+  std::function<void()> alRearrancar_;
   Puesto& p_;
 };

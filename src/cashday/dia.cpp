@@ -2,6 +2,7 @@
 
 #include "cashday/pantallas_principal.h"
 #include "cashday/principal.h"
+#include "cashday/reportes.h"
 #include "foundation/puesto.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -9,39 +10,27 @@
 
 namespace {
 
-// The highest codes among the closed rows: the reports of the day take what lies above them.
-struct Marcas {
-  QString cOperIdx, cOperCodex;
-};
-
 bool consultar(Puesto& p, const QString& sql, Recordset& rs) {
   return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs);
 }
 
-bool leerMarcas(Puesto& p, Marcas& m) {
-  Recordset rs;
-  if (!consultar(p, QStringLiteral("SELECT IIF(ISNULL(MAX(cOperID)),0, MAX(cOperID)) as cOperIDx FROM Operacion "
-                                   "Where coperflagabierto = 0 "), rs)) return false;
-  m.cOperIdx = LimpiarNulo(rs[u"cOperIDx"]);
-  if (!consultar(p, QStringLiteral("SELECT IIF(ISNULL(MAX(cOperCode)),0, MAX(cOperCode)) as cOperCodex FROM "
-                                   "OperacionParalela Where coperflagabierto = 0 "), rs)) return false;
-  m.cOperCodex = LimpiarNulo(rs[u"cOperCodex"]);
-  return true;
-}
-
-// Closes what an earlier day left open in one of the two tables. `cerradas` tells whether there was any.
+// Closes what an earlier day left open in one of the two tables and writes the watermarks anew, both or neither.
+// `cerradas` tells whether there was any.
 bool cerrarAnteriores(Puesto& p, const QString& contar, const QString& cerrar, bool& cerradas) {
   cerradas = false;
   Recordset rs;
   if (!consultar(p, contar, rs)) return false;
   if (Numero(rs[u"nCount"]) <= 0) return true;
-  if (!p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, cerrar, true)) return false;
-  Marcas m;
-  if (!leerMarcas(p, m) ||
-      !p.poDBAdmin.EjecutarSentencia(p.poCnnLocal,
-                                     QStringLiteral("UPDATE Configuracion SET cOperId = ") + m.cOperIdx +
-                                         QStringLiteral(", cOperIdP = ") + m.cOperCodex,
-                                     true)) {
+  if (p.poCnnLocal.iniciar()) return false;
+  MarcasDia m;
+  const bool bien = p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, cerrar, true) && LeerMarcas(p, m) &&
+                    p.poDBAdmin.EjecutarSentencia(p.poCnnLocal,
+                                                  QStringLiteral("UPDATE Configuracion SET cOperId = ") + m.cOperIdx +
+                                                      QStringLiteral(", cOperIdP = ") + m.cOperCodex,
+                                                  true) &&
+                    !p.poCnnLocal.confirmar();
+  if (!bien) {
+    p.poCnnLocal.deshacer();
     return false;
   }
   cerradas = true;
@@ -106,6 +95,39 @@ void CapturaTipoCambio(Puesto& p, PantallasPrincipal& pantallas) {
   pantallas.tipoCambioDetalle(0);
 }
 
+bool LeerMarcas(Puesto& p, MarcasDia& m) {
+  const struct { const char *sql, *campo; QString& marca; } marcas[] = {
+      {"SELECT IIF(ISNULL(MAX(cOperID)),0, MAX(cOperID)) as cOperIDx FROM Operacion Where coperflagabierto = 0 ",
+       "cOperIDx", m.cOperIdx},
+      {"SELECT IIF(ISNULL(MAX(cOperCode)),0, MAX(cOperCode)) as cOperCodex FROM OperacionParalela "
+       "Where coperflagabierto = 0 ",
+       "cOperCodex", m.cOperCodex},
+  };
+  for (const auto& una : marcas) {
+    Recordset rs;
+    if (!consultar(p, QString::fromLatin1(una.sql), rs)) return false;
+    una.marca = LimpiarNulo(rs[QString::fromLatin1(una.campo)]);
+  }
+  return true;
+}
+
+bool AvisarRelojAtrasado(Puesto& p) {
+  for (const char* tabla : {"Operacion", "OperacionParalela"}) {
+    Recordset rs;
+    // Straight to the connection: what can't be read is told by the statements that follow.
+    if (p.poCnnLocal.consultar(QStringLiteral("SELECT Max(dOperFech) AS Ultima FROM ") + QLatin1String(tabla), rs)) {
+      continue;
+    }
+    const QDate ultima = rs[u"Ultima"].toDateTime().date();
+    if (!ultima.isValid() || p.reloj.today() >= ultima) continue;
+    p.mensajes.mostrar(QStringLiteral("La fecha del sistema no puede ser posterior a al ultima operacion "
+                                      "realizada...Verifique!!"),
+                       QStringLiteral("Mensaje"));
+    return true;
+  }
+  return false;
+}
+
 bool HayOperaciones(Puesto& p) {
   Recordset rs;
   QString marca;
@@ -130,8 +152,9 @@ bool AbrirCaja(Puesto& p, FrmApertura& v, Principal& principal) {
   if (!leerImporte(v.TxtImporDolares, dolares)) {
     return rechazarImporte(p, v, QStringLiteral("TxtImporDolares"), QStringLiteral("dólares"));
   }
-  Marcas m;
-  if (!leerMarcas(p, m)) return fallaApertura(p);
+  if (AvisarRelojAtrasado(p)) return false;
+  MarcasDia m;
+  if (!LeerMarcas(p, m)) return fallaApertura(p);
   const QString turno = QStringLiteral("01");
   if (!p.poDBAdmin.EjecutarSentencia(
           p.poCnnLocal,
@@ -146,4 +169,19 @@ bool AbrirCaja(Puesto& p, FrmApertura& v, Principal& principal) {
   HabilitarBotonesDia(principal, true);
   ProcesoCaja(principal, true);
   return cerrarDiasAnteriores(p, principal) || fallaApertura(p);
+}
+
+void CambioTurno(Puesto& p, Principal& v, PantallasPrincipal& pantallas) {
+  PrepararOperacion(p, v, pantallas);
+  if (AutorizarOperacion(v, pantallas, QStringLiteral("Reporte X"))) ReportesEspeciales(p, v, PedidoX());
+  const QString turno = Derecha(QStringLiteral("00") + TextoDe(Val(p.ses.psTurno) + 1), 2);
+  if (!p.poDBAdmin.EjecutarSentencia(
+          p.poCnnLocal, QStringLiteral("UPDATE Configuracion SET cCodiTurno = '") + turno + u'\'', true)) {
+    return;
+  }
+  p.ses.psTurno = turno;
+  p.ses.pbSincronizaMaestros = p.ses.pbSincronizaCierre = false;
+  pantallas.sincronizar(false);
+  p.ses.pbSincronizaMaestros = true;
+  pantallas.rearrancar();
 }

@@ -10,6 +10,19 @@ class PantallasPrincipal;
 // box says so and the detail of the exchange rate is opened. A query that fails has shown its message and leaves 0.
 void CapturaTipoCambio(Puesto& p, PantallasPrincipal& pantallas);
 
+// The highest codes among the closed rows: the reports of the day take what lies above them.
+struct MarcasDia {
+  QString cOperIdx;    // of Operacion
+  QString cOperCodex;  // of OperacionParalela
+};
+
+// False when one of them can't be read: a box has told it, and the one that was not read is blank.
+bool LeerMarcas(Puesto& p, MarcasDia& m);
+
+// Whether today is earlier than the last operation in the store; a box has then told it. False as well when the store
+// can't be asked.
+bool AvisarRelojAtrasado(Puesto& p);
+
 // Whether the day has at least one sale: above the day's watermark, or still open when there is none. False as well
 // when the store can't be asked.
 bool HayOperaciones(Puesto& p);
@@ -27,5 +40,11 @@ QString MascaraApertura(const QString& texto);
 // Opens the day as turn 01 with the opening float, sets the watermarks, frees the menus, and closes rows that an
 // earlier day left open; the watermarks are then read and written again.
 //   Returns  true when the screen closes; false when it stays: an amount was no number (`campoMal` names the field
-//            and nothing was changed), or the store failed, which a box has told.
+//            and nothing was changed), the clock stands before the last operation (nothing was changed), or the store
+//            failed, which a box has told.
 bool AbrirCaja(Puesto& p, FrmApertura& v, Principal& principal);
+
+// Prints the X of the turn that ends, with its own authorisation, then moves the turn on (after "99" comes "00"),
+// synchronises and starts the program again for the next clerk. The turn moves also when the report was refused; when
+// the store refuses it, a box has told so and everything is as before.
+void CambioTurno(Puesto& p, Principal& v, PantallasPrincipal& pantallas);

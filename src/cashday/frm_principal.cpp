@@ -10,10 +10,12 @@
 #include <QVBoxLayout>
 #include <span>
 
+#include "cashday/cierre.h"
 #include "cashday/dia.h"
 #include "cashday/frm_acerca_de.h"
 #include "cashday/frm_apertura.h"
 #include "cashday/pantallas_principal.h"
+#include "cashday/reportes.h"
 #include "foundation/estado_linea.h"
 #include "foundation/puesto.h"
 #include "platform/ui/anillo_foco.h"
@@ -115,22 +117,23 @@ void frmPrincipal::crearMantenimiento() {
         entrada(m, deArreglo("mnuMantenimiento_Hijo", e.n), QString::fromUtf8(e.rotulo), [this, n = e.n] { mantenimiento(n); },
                 e.oculta);
   }
-  const struct { const char *nombre, *rotulo; QAction** guardar; } resto[] = {
-      {"mnuraya", "-", nullptr},
-      {"mnu_sincronizar_DiaAnt", "Sincronizar Datos (Dia Anterior)", &diaAnterior_},
-      {"mnu_1", "-", nullptr},
-      {"mnu_sincronizar", "Sincronizar Datos", nullptr},
-      {"mnulin", "-", nullptr},
-      {"mnuDepurarTablas", "Depurar Tablas", nullptr},
-      {"mnuUsuarios", "&Usuarios", &usuarios_},
-      {"mnuConfigParam", "Configuración Parámetros", nullptr},
-      {"mnu_rayita", "-", nullptr},
-      {"mnu_tiptar", "Tipo de Tarjeta", nullptr},
+  const auto abre = [this](PantallaMantenimiento cual) { return [this, cual] { pantallas_.mantenimiento(cual); }; };
+  const struct { const char *nombre, *rotulo; QAction** guardar = nullptr; std::function<void()> accion = {}; } resto[] = {
+      {"mnuraya", "-"},
+      {"mnu_sincronizar_DiaAnt", "Sincronizar Datos (Dia Anterior)", &diaAnterior_, [this] { SincronizarDatos(p_, pantallas_, true); }},
+      {"mnu_1", "-"},
+      {"mnu_sincronizar", "Sincronizar Datos", nullptr, [this] { SincronizarDatos(p_, pantallas_, false); }},
+      {"mnulin", "-"},
+      {"mnuDepurarTablas", "Depurar Tablas"},
+      {"mnuUsuarios", "&Usuarios", &usuarios_, abre(PantallaMantenimiento::Usuarios)},
+      {"mnuConfigParam", "Configuración Parámetros", nullptr, [this] { configurarParametros(); }},
+      {"mnu_rayita", "-"},
+      {"mnu_tiptar", "Tipo de Tarjeta", nullptr, abre(PantallaMantenimiento::TiposTarjeta)},
   };
   for (const auto& r : resto) {
     const QString rotulo = QString::fromUtf8(r.rotulo);
-    QAction* a = entrada(m, QString::fromLatin1(r.nombre), rotulo,
-                         [this, rotulo] { pantallas_.noDisponible(sinMnemonico(rotulo)); });
+    const auto falta = [this, rotulo] { pantallas_.noDisponible(sinMnemonico(rotulo)); };
+    QAction* a = entrada(m, QString::fromLatin1(r.nombre), rotulo, r.accion ? r.accion : falta);
     if (r.guardar) *r.guardar = a;
     if (a != diaAnterior_) demas_.push_back(a);
   }
@@ -287,10 +290,23 @@ void frmPrincipal::iniciar() {
 
 void frmPrincipal::mantenimiento(int n) {
   switch (n) {
+    case 1: pantallas_.mantenimiento(PantallaMantenimiento::Productos); return;
     case 2: pantallas_.tipoCambioLista(); return;
+    case 4: pantallas_.mantenimiento(PantallaMantenimiento::Teclado); return;
+    case 5: pantallas_.mantenimiento(PantallaMantenimiento::Cabecera); return;
+    case 7: pantallas_.mantenimiento(PantallaMantenimiento::Impresora); return;
     case kIniciarCaja: abrirApertura(); return;
     default: pantallas_.noDisponible(rotuloDe(kMantenimiento, n));
   }
+}
+
+void frmPrincipal::configurarParametros() {
+  v_.bAcceso = false;  // an earlier consent doesn't open protected settings
+  if (const auto supervisor = pantallas_.autorizar(QStringLiteral("Configuración Parámetros"))) {
+    v_.txtsupervisor = *supervisor;
+    v_.bAcceso = true;
+  }
+  if (v_.bAcceso) pantallas_.mantenimiento(PantallaMantenimiento::Parametros);
 }
 
 void frmPrincipal::operacion(int n) {
@@ -303,8 +319,45 @@ void frmPrincipal::operacion(int n) {
     case 4:
       if (hayTipoCambio) pantallas_.abrirFull();
       return;
+    case 1: cambioTurno(); return;
+    case 6: reporte(n, ReportesEspeciales); return;
+    case 7:
+      v_.bReporteImpreso = false;
+      pantallas_.cuadreDeCaja(v_, kCuadreVista);
+      return;
+    case kReporteZ: cerrarCaja(); return;
+    case 16: reporte(n, ReportesEspeciales1); return;
     default: pantallas_.noDisponible(rotuloDe(kOperaciones, n));
   }
+}
+
+void frmPrincipal::cambioTurno() {
+  if (!p_.mensajes.preguntar(QStringLiteral("Esta Operación Cambiará el Turno\r Desea Continuar?"),
+                             QStringLiteral("Confirmar Cambio de Turno"), false)) {
+    return;
+  }
+  if (!AutorizarOperacion(v_, pantallas_, rotuloDe(kOperaciones, 1))) return;
+  CambioTurno(p_, v_, pantallas_);
+}
+
+void frmPrincipal::cerrarCaja() {
+  std::unique_ptr<CursorEspera> espera;
+  CerrarCaja(p_, v_, pantallas_, [&](const QString& texto) {
+    espera.reset();
+    if (!texto.isEmpty()) espera = std::make_unique<CursorEspera>();
+    estado_->ocupado(texto);
+  });
+}
+
+void frmPrincipal::reporte(int n, bool (*imprimir)(Puesto&, Principal&, const PedidoReporte&)) {
+  if (!AutorizarOperacion(v_, pantallas_, rotuloDe(kOperaciones, n))) return;
+  const CursorEspera espera;
+  imprimir(p_, v_, PedidoX());
+}
+
+void frmPrincipal::reporteDeFecha(bool (*imprimir)(Puesto&, Principal&, const QString&)) {
+  const CursorEspera espera;
+  imprimir(p_, v_, QStringLiteral("Z"));
 }
 
 void frmPrincipal::boton(int n) {
@@ -321,6 +374,8 @@ void frmPrincipal::boton(int n) {
     case 11: operacion(kReporteZ); return;
     case 12: operacion(7); return;
     case 14: p_.salida.terminar(0); return;
+    case 15: reporteDeFecha(ReportesEspecialesFecha); return;
+    case 16: reporteDeFecha(ReportesEspeciales1Fecha); return;
     default: pantallas_.noDisponible(botones_[static_cast<size_t>(n)]->text());
   }
 }

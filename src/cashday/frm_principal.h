@@ -16,6 +16,7 @@ class QPushButton;
 class QToolBar;
 class QToolButton;
 class QVBoxLayout;
+struct PedidoReporte;
 struct Puesto;
 class PantallasPrincipal;
 
@@ -49,7 +50,13 @@ class frmPrincipal final : public QMainWindow {
   // An action of the clerk: runs it, then shows what it changed.
   std::function<void()> acto(std::function<void()> accion);
   void mantenimiento(int n);
+  void configurarParametros();
+  void cambioTurno();
+  void cerrarCaja();
   void operacion(int n);
+  // One of the turn's reports, entry `n`, with its authorisation; and one of a past date.
+  void reporte(int n, bool (*imprimir)(Puesto&, Principal&, const PedidoReporte&));
+  void reporteDeFecha(bool (*imprimir)(Puesto&, Principal&, const QString&));
   void boton(int n);
   void abrirApertura();
 

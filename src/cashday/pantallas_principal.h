@@ -1,8 +1,16 @@
 #pragma once
-// The screens of other rooms that the main window opens; wired where the program is put together, scripted in a
-// test. All of them return when the screen has closed.
+// What the main window opens and starts beside itself; wired where the program is put together, scripted in a test.
+// Screens return when they have closed.
 #include <QString>
 #include <optional>
+
+struct Principal;
+
+// How the cash count is opened: as the step of a closing or as a plain view.
+enum ModoCuadre { kCuadreCierre = 1, kCuadreVista = 2 };
+
+// The maintenance screens without a method of their own, by the menu entries that open them.
+enum class PantallaMantenimiento { Productos, Teclado, Cabecera, Impresora, Usuarios, Parametros, TiposTarjeta };
 
 class PantallasPrincipal {
  public:
@@ -13,6 +21,15 @@ class PantallasPrincipal {
   virtual void tipoCambioLista() = 0;
   // The detail of the exchange rate in mode 0 (new) to 3 (view).
   virtual void tipoCambioDetalle(int modo) = 0;
+  virtual void mantenimiento(PantallaMantenimiento cual) = 0;
+  // The cash count, which prints when v.bReporteImpreso says that the day's report went to print.
+  virtual void cuadreDeCaja(Principal& v, ModoCuadre modo) = 0;
+
+  // The synchronisation by the session's two flags, of today or of the day before; it shows itself what it does. False
+  // when this version has none: nothing was done and nothing was said.
+  virtual bool sincronizar(bool diaAnterior) = 0;
+  // Ends this session and starts the program again from its first step, once the act under way has returned.
+  virtual void rearrancar() = 0;
 
   // The supervisor dialog. `acto` names in the title what is authorised. Gives the supervisor's name as typed;
   // nothing when it was refused.

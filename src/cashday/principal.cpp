@@ -1,8 +1,10 @@
 #include "cashday/principal.h"
 
 #include "cashday/dia.h"
+#include "cashday/pantallas_principal.h"
 #include "foundation/puesto.h"
 #include "loyalty/cliente_bd.h"
+#include "loyalty/pendientes.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
@@ -14,16 +16,6 @@ constexpr int kBotonesFecha[] = {15, 16, 17};
 constexpr int kSegundosEntreRevisiones = 60;
 
 bool turnoAbierto(const Puesto& p) { return !Recortar(p.ses.psTurno).isEmpty(); }
-
-void bloquearPorCierre(Principal& v) {
-  v.cierreInterrumpido = true;
-  v.botones.fill(false);
-  v.botones[kBotonReporteZ] = true;
-  v.mantenimiento.fill(false);
-  v.operaciones.fill(false);
-  v.operaciones[kReporteZ] = true;
-  v.demasMenus = false;
-}
 
 }  // namespace
 
@@ -43,6 +35,24 @@ void ProcesoCaja(Principal& v, bool bApertura) {
 
 void HabilitarBotonesDia(Principal& v, bool habilitados) {
   for (int n : kBotonesDia) v.botones[static_cast<size_t>(n)] = habilitados;
+}
+
+void BloquearPorCierre(Principal& v) {
+  v.cierreInterrumpido = true;
+  v.botones.fill(false);
+  v.botones[kBotonReporteZ] = true;
+  v.mantenimiento.fill(false);
+  v.operaciones.fill(false);
+  v.operaciones[kReporteZ] = true;
+  v.demasMenus = false;
+}
+
+void LiberarTrasCierre(Principal& v) {
+  v.cierreInterrumpido = false;
+  v.botones.fill(true);
+  HabilitarBotonesDia(v, false);
+  ProcesoCaja(v, false);
+  v.demasMenus = true;
 }
 
 void CargarPrincipal(Puesto& p, Principal& v) {
@@ -65,7 +75,7 @@ void CargarPrincipal(Puesto& p, Principal& v) {
     return;
   }
   if (Numero(rs[u"icierrecaja"]) < 1) return;
-  bloquearPorCierre(v);
+  BloquearPorCierre(v);
   p.mensajes.mostrar(
       QStringLiteral("Se ha habilitado la Opcion Reporte Z, porque algunas operaciones no han concluido"));
 }
@@ -74,6 +84,16 @@ void PrepararOperacion(Puesto& p, Principal& v, PantallasPrincipal& pantallas) {
   v.bAcceso = false;
   v.nIntentosReporte = 0;
   if (p.ses.pnTipoCambio == 0) CapturaTipoCambio(p, pantallas);
+}
+
+bool AutorizarOperacion(Principal& v, PantallasPrincipal& pantallas, const QString& acto) {
+  if (const auto nombre = pantallas.autorizar(acto)) {
+    v.txtsupervisor = *nombre;
+    v.bAcceso = true;
+  }
+  // A window that already held a name keeps its flag as it was.
+  if (Recortar(v.txtsupervisor).isEmpty()) v.bAcceso = false;
+  return v.bAcceso;
 }
 
 EstadoDia EstadoDelDia(const Puesto& p, const Principal& v) {
@@ -93,11 +113,28 @@ QString TituloPrincipal(const Puesto& p) {
   return QStringLiteral("Control de Caja Registradora - Hoy: ") + FormatearFecha(p.reloj.now(), u"dd/mm/yyyy");
 }
 
+void SincronizarDatos(Puesto& p, PantallasPrincipal& pantallas, bool diaAnterior) {
+  const QString titulo = QStringLiteral("Seleccione");
+  if (diaAnterior) {
+    if (!p.mensajes.preguntar(QStringLiteral("Seguro de Sincronizar Datos del dia anterior?"), titulo)) return;
+    p.ses.pbSincronizaMaestros = false;
+  } else {
+    p.ses.pbSincronizaMaestros =
+        p.mensajes.preguntar(QStringLiteral("¿Desea Sincronizar también las tablas maestras?"), titulo);
+  }
+  p.ses.pbSincronizaCierre = false;
+  const bool hay = pantallas.sincronizar(diaAnterior);
+  p.ses.pbSincronizaMaestros = true;
+  if (!hay) pantallas.noDisponible(QStringLiteral("Sincronizar Datos"));
+}
+
 void RevisarCliente(Puesto& p) {
   const QDateTime ahora = p.reloj.now();
   const auto& ultima = p.ses.pdUltimaSincronizacion;
   if (ultima.isValid() && ultima.secsTo(ahora) < kSegundosEntreRevisiones) return;
   p.ses.pdUltimaSincronizacion = ahora;
   // The short wait of a sale: a clerk who is about to press a key must not stand before a dead server.
-  if (ConectarCliente(p, false)) DesconectarCliente(p);
+  if (!ConectarCliente(p, false)) return;
+  EnviarPendientesCliente(p);
+  DesconectarCliente(p);
 }

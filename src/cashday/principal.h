@@ -40,6 +40,11 @@ void ProcesoCaja(Principal& v, bool bApertura);
 // The day buttons of the toolbar: positions 2, 6, 8, 9 and 11.
 void HabilitarBotonesDia(Principal& v, bool habilitados);
 
+// The menus and buttons of a desk whose closing is half done: only "Reporte Z" and "&Salir" are left.
+void BloquearPorCierre(Principal& v);
+// Those of a desk whose closing has ended: as with no turn open.
+void LiberarTrasCierre(Principal& v);
+
 // What the window does when it loads; its boxes are shown here. The menus of a desk whose closing was interrupted
 // leave only "Reporte Z" and "&Salir".
 void CargarPrincipal(Puesto& p, Principal& v);
@@ -48,8 +53,15 @@ void CargarPrincipal(Puesto& p, Principal& v);
 // not known.
 void PrepararOperacion(Puesto& p, Principal& v, PantallasPrincipal& pantallas);
 
+// Asks a supervisor; `acto` names in the title what is authorised. True, with v.bAcceso set, when there is one.
+bool AutorizarOperacion(Principal& v, PantallasPrincipal& pantallas, const QString& acto);
+
 EstadoDia EstadoDelDia(const Puesto& p, const Principal& v);
 QString TituloPrincipal(const Puesto& p);
+
+// The menu entries "Sincronizar Datos" (which asks about the master tables) and, with `diaAnterior`, "Sincronizar Datos
+// (Dia Anterior)" (which asks whether at all).
+void SincronizarDatos(Puesto& p, PantallasPrincipal& pantallas, bool diaAnterior);
 
 // One tick of tmrBDCliente: at most once a minute the client database is tried and the queued points are sent.
 void RevisarCliente(Puesto& p);

@@ -11,6 +11,12 @@ struct Paso {
   bool (*hacer)(Puesto&, Datos&);  // false ends the commit; what was done stays done, and any box has been shown
 };
 
+// A step that several commits share, written over what their data have in common: a base of `Datos`.
+template <auto hacer, class Datos>
+bool Comun(Puesto& p, Datos& datos) {
+  return hacer(p, datos);
+}
+
 // Gives the name of the step that ended the commit, nullptr when all were done.
 template <class Datos>
 const char* EjecutarPasos(Puesto& p, Datos& datos, std::span<const Paso<Datos>> pasos) {

@@ -47,11 +47,26 @@ QString palabra(const DatosTicket& t) {
   return (p.isEmpty() ? QString() : LineaCentrada(p)) + kFin;
 }
 
+QString articulos(const std::vector<LineaDocumento>& lineas, const FormaLineas& forma) {
+  QStringList s;
+  for (const auto& l : lineas) s << LineasArticulo(l, forma);
+  return s.join(kFin);
+}
+
+// Each note with the quantity of its last line behind it.
+QString notas(const DatosTicket& t) {
+  QString s;
+  for (const auto& n : t.notas) {
+    s += QStringLiteral("TX") + QString::number(n.tx) + kFin;
+    if (n.lineas.empty()) continue;
+    s += articulos(n.lineas, t.forma) + kFin + LineaTotal(Total(QStringLiteral(" AV./ITEM"), n.lineas.back().cantidad));
+  }
+  return s;
+}
+
 QString lineas(const DatosTicket& t) {
   if (!datosDe(t.clase).llevaLineas) return {};
-  QStringList articulos;
-  for (const auto& l : t.lineas) articulos << LineasArticulo(l, t.forma);
-  return t.forma.titulo + kFin + Separador() + kFin + articulos.join(kFin);
+  return t.forma.titulo + kFin + Separador() + kFin + notas(t) + articulos(t.lineas, t.forma);
 }
 
 QString separador(const DatosTicket&) { return Separador(); }
@@ -65,9 +80,14 @@ QString totales(const DatosTicket& t) {
 QString cantidad(const DatosTicket& t) {
   double suma = 0;
   for (const auto& l : t.lineas) suma += l.cantidad;
+  for (const auto& n : t.notas) {
+    for (const auto& l : n.lineas) suma += l.cantidad;
+  }
   if (suma <= 0) return {};
   return LineaTotal({QStringLiteral(" ITEM"), Formatear(suma, t.forma.mascaraItem)}) + kFin;
 }
+
+QString puntos(const DatosTicket& t) { return t.puntos ? LineasPuntos(*t.puntos) : QString(); }
 
 QString momento(const DatosTicket& t) {
   return Espacios(9) + FormatearFecha(t.momento, u"(DDD) DD/MM/YYYY ") + FormatearFecha(t.momento, u"hh:mm") + kFin;
@@ -119,10 +139,16 @@ QString LineasArticulo(const LineaDocumento& linea, const FormaLineas& f) {
   return s;
 }
 
+QString LineasPuntos(const PuntosTicket& p) {
+  const QString acumulado = p.acumulado < 0 ? QStringLiteral("**") : TextoDe(p.acumulado);
+  return QStringLiteral(" UD. ACUMULO: ") + QString::number(p.ganados) + QStringLiteral(" PUNTOS") + kFin +
+         QStringLiteral(" TIENE ACUMULADO: ") + acumulado + QStringLiteral(" PUNTOS") + kFin + kFin;
+}
+
 QString TextoTicket(const DatosTicket& t) {
   QString texto;
-  for (const auto item : {cabecera, cliente, numero, palabra, lineas, separador, totales, cantidad, momento, supervisor,
-                          caja, correlativo, lema}) {
+  for (const auto item : {cabecera, cliente, numero, palabra, lineas, separador, totales, cantidad, puntos, momento,
+                          supervisor, caja, correlativo, lema}) {
     const QString s = item(t);
     if (!s.isEmpty()) texto += kFin + s;
   }

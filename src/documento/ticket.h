@@ -3,6 +3,7 @@
 // whole. Everything here is plain functions over plain data and cannot fail.
 #include <QDateTime>
 #include <QStringList>
+#include <optional>
 #include <vector>
 
 #include "documento/clase.h"
@@ -31,6 +32,20 @@ struct FormaLineas {
 // The article line and, with a discount, the line below it. No line end behind the last of them.
 QString LineasArticulo(const LineaDocumento& linea, const FormaLineas& forma);
 
+// What the document earned and what the card holds with it.
+struct PuntosTicket {
+  int ganados = 0;
+  double acumulado = 0;  // a negative balance prints as "**"
+};
+// Two lines, with an empty one behind them.
+QString LineasPuntos(const PuntosTicket& puntos);
+
+// What a liquidation settles: a note and its lines.
+struct NotaTicket {
+  qint64 tx = 0;
+  std::vector<LineaDocumento> lineas;
+};
+
 struct DatosTicket {
   ClaseDocumento clase = kVentaExacta;
   // Customer and document
@@ -44,8 +59,10 @@ struct DatosTicket {
   // Body
   FormaLineas forma;
   std::vector<LineaDocumento> lineas;
+  std::vector<NotaTicket> notas;  // of a liquidation, in place of lines
   std::vector<RenglonTotal> totales;
   // Close
+  std::optional<PuntosTicket> puntos;
   QDateTime momento;
   QString supervisor;      // "" when nothing had to be authorised
   QString usuario, caja, turno, correlativo;

@@ -26,5 +26,15 @@ struct CifrasVenta {
   std::optional<CifrasLiquidacion> liquidacion;
 };
 
+// What a parallel document adds to those: an advance payment's own amount, a liquidation's sums.
+struct CifrasParalela : CifrasVenta {
+  int moneda = 0;  // 2: the advance was paid in dollars
+  double montoSoles = 0, montoDolares = 0;
+  double subtotal = 0, adelanto = 0;
+  QString etiquetaAdelanto = QStringLiteral(" PADE/PADV");
+};
+
 // The totals of a sale; `clase` is one of the three sales.
 std::vector<RenglonTotal> TotalesVenta(ClaseDocumento clase, const CifrasVenta& c);
+// The totals of a parallel document.
+std::vector<RenglonTotal> TotalesParalela(ClaseDocumento clase, const CifrasParalela& c);

@@ -50,19 +50,20 @@ void DesconectarCliente(Puesto& p) {
   p.ses.pbClienteConectado = false;
 }
 
+bool TomarReglaPunto(Puesto& p) {
+  const bool enCliente = p.ses.pbClienteConectado;
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(enCliente ? p.poCnnCliente : p.poCnnLocal, kRegla, rs)) return false;
+  if (!tomarRegla(p.ses, rs)) {
+    p.mensajes.mostrar(QStringLiteral("Reglas en relación a los puntos no han sido establecidos"));
+    return false;
+  }
+  if (enCliente) copiarReglaAlPuesto(p);
+  return true;
+}
+
 void LeerReglaPunto(Puesto& p) {
   if (!p.ses.pbClienteCaido) ConectarCliente(p, true);
-  Recordset rs;
-  bool hay = false;
-  if (p.ses.pbClienteConectado) {
-    const bool leida = p.poDBAdmin.EjecutarConsulta(p.poCnnCliente, kRegla, rs);
-    DesconectarCliente(p);
-    if (!leida) return;
-    hay = tomarRegla(p.ses, rs);
-    if (hay) copiarReglaAlPuesto(p);
-  } else {
-    if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, kRegla, rs)) return;
-    hay = tomarRegla(p.ses, rs);
-  }
-  if (!hay) p.mensajes.mostrar(QStringLiteral("Reglas en relación a los puntos no han sido establecidos"));
+  (void)TomarReglaPunto(p);
+  DesconectarCliente(p);
 }

@@ -13,6 +13,10 @@ bool ConectarCliente(Puesto& p, bool mensaje, clsDBAdmin::Espera espera = clsDBA
 // Closes poCnnCliente and clears pbClienteConectado. Nothing happens when it is closed.
 void DesconectarCliente(Puesto& p);
 
+// Loads the rule from the client database, if it is open, or from the store's copy. False without any rule, and then a
+// box says so, or when it can't be read.
+[[nodiscard]] bool TomarReglaPunto(Puesto& p);
+
 // Loads the points rule into pnImpoMaxi, pnPuntImpo, pnPuntCant: from the client database, which also refreshes the
 // store's copy for the days on which it is away, otherwise from that copy. Leaves poCnnCliente closed. Without any
 // rule a box says so and the three values stay as they were.

@@ -1,46 +1,25 @@
 #include "sale/caja_full.h"
 
-#include <algorithm>
-
 #include "foundation/puesto.h"
 #include "loyalty/cliente_bd.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
+#include "sale/caja_liquidacion.h"
+#include "sale/caja_totales.h"
 #include "sale/pantallas_venta.h"
 
 namespace {
 
 const QString kCero = QStringLiteral("0.00");
 
-void olvidarCliente(CajaRegistradoraFull& v) {
-  v.txtNombres.clear();
-  v.tarjetaHallada.clear();
-  ElegirLocal(v, 0);
-}
-
-// The sites don't change during a session, so one reading serves the screen's life.
-void cargarLocales(Puesto& p, CajaRegistradoraFull& v) {
-  if (!v.locales.empty() || p.ses.pbClienteCaido || !ConectarCliente(p, true)) return;
-  Recordset rs;
-  if (p.poDBAdmin.EjecutarConsulta(p.poCnnCliente, QStringLiteral("SELECT idlocal, dsclocal FROM local"), rs)) {
-    for (const auto& f : rs) {
-      v.locales.push_back({static_cast<int>(AEntero(Numero(f[u"idlocal"]))), LimpiarNulo(f[u"dsclocal"])});
-    }
-  }
-  DesconectarCliente(p);
-}
-
 void vaciarVenta(Puesto& p, CajaRegistradoraFull& v) {
   v.lineas.assign(1, FilaVenta{});
   v.txtTarjeta.clear();
   v.txtRUC.clear();
-  olvidarCliente(v);
+  OlvidarCliente(v);
   v.bAcceso = false;
-  for (QString* campo : {&v.txtSoles, &v.txtDolares, &v.txtTotalPA, &v.txtTotalNC, &v.txtLiq, &v.txtliqefectivosoles,
-                         &v.txtliqefectivodolares, &v.txtliqvueltosoles, &v.ttxliqvueltodolares, &v.txtliqpade}) {
-    campo->clear();
-  }
+  for (QString* campo : {&v.txtSoles, &v.txtDolares, &v.txtTotalPA, &v.txtTotalNC}) campo->clear();
   PonerTipo(v, kEfectivo);
   if (!v.bVoucherListo) {
     p.ses.poVoucher.clear();
@@ -49,10 +28,6 @@ void vaciarVenta(Puesto& p, CajaRegistradoraFull& v) {
 }
 
 bool esNegativo(const QString& campo) { return LeerImporte(campo) < 0; }
-
-bool rucDeOnce(const QString& ruc) {
-  return ruc.size() == 11 && std::all_of(ruc.begin(), ruc.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
-}
 
 // A line without article blocks the sale; it gets the defaults that the cashier would have seen after a code.
 std::optional<Foco> lineaSinArticulo(CajaRegistradoraFull& v) {
@@ -75,10 +50,11 @@ std::optional<Foco> lineaSinArticulo(CajaRegistradoraFull& v) {
 void Inicio(Puesto& p, CajaRegistradoraFull& v) {
   v.txtsupervisor.clear();
   for (auto& lista : v.lvwTX) lista.clear();
+  for (QString& codigo : v.txtTXL) codigo.clear();
   p.ses.pbVoucher = false;
   v.tipos.clear();
   for (const auto& t : tiposDeVenta()) v.tipos.push_back(t.tipo);
-  cargarLocales(p, v);
+  CargarLocales(p, v);
   v.localVisible = false;
   v.txtTC = Formatear(p.ses.pnTipoCambio, u"0.00");
 
@@ -105,72 +81,18 @@ void PonerTipo(CajaRegistradoraFull& v, TipoVenta tipo) {
   if (!pantalla.rucEditable) v.txtRUC.clear();
 }
 
-void CambiarTipo(CajaRegistradoraFull& v, PantallasVenta& pantallas, TipoVenta tipo) {
-  PonerTipo(v, tipo);
-  const PantallaTipo& pantalla = pantallaDe(tipo);
-  if (pantalla.listo) return;
-  pantallas.noDisponible(pantalla.entrada);
-  PonerTipo(v, v.tipos.front());
-}
-
-void AjustarCliente(CajaRegistradoraFull& v) {
-  const QString tarjeta = Recortar(v.txtTarjeta);
-  const bool otra = tarjeta.isEmpty() || Ceros(tarjeta, 8) != v.tarjetaHallada;
-  if (otra && !v.tarjetaHallada.isEmpty()) {
-    olvidarCliente(v);
-  } else {
-    ElegirLocal(v, static_cast<int>(AEntero(Val(v.txtLocal))));
+void CambiarTipo(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, TipoVenta tipo) {
+  if (tipo == kAnular || tipo == kRecaudacion) {
+    if (tipo == kAnular) pantallas.anular();
+    else pantallas.noDisponible(pantallaDe(tipo).entrada);
+    tipo = v.tipos.front();
   }
-}
-
-void ElegirLocal(CajaRegistradoraFull& v, int id) {
-  v.nIdLocal = id;
-  v.txtLocal = id > 0 ? QString::number(id) : QString();
+  PonerTipo(v, tipo);
+  if (tipo == kLIQPAD) TotalesTX(p, v);
+  else SumarLineas(p, v);
 }
 
 bool VentaVacia(const CajaRegistradoraFull& v) { return v.lineas.size() == 1 && v.lineas.front()[kCod].isEmpty(); }
-
-ResultadoTarjeta BuscaTarjeta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
-  const QString tecleada = Recortar(v.txtTarjeta);
-  if (tecleada.isEmpty()) {
-    v.txtTarjeta.clear();
-    olvidarCliente(v);
-    return ResultadoTarjeta::SinTarjeta;
-  }
-  v.txtTarjeta = Ceros(tecleada, 8);
-  AjustarCliente(v);
-  if (!ConectarCliente(p, true)) return ResultadoTarjeta::SinServidor;
-
-  QString sql = FormatearSQL(
-      QStringLiteral(" SELECT a.cClieCode, a.IdLocal, a.sClieApel, a.sClieName"
-                     " FROM Cliente a INNER JOIN Tarjeta b"
-                     " ON a.cClieCode = b.cClieCode AND a.IdLocal = b.IdLocal"
-                     " WHERE b.cTarjActi = 1 AND b.dcadudate >= CONVERT(DATETIME,'$',120)"
-                     "    AND nTarjNumb = '$'"),
-      {FormatearFecha(p.reloj.now(), u"yyyy-mm-dd") + QStringLiteral(" 00:00:00"), ReemplazarComilla(v.txtTarjeta)});
-  if (v.nIdLocal > 0) sql += FormatearSQL(QStringLiteral("    AND a.IdLocal = $ "), {v.nIdLocal});
-  Recordset rs;
-  const bool leido = p.poDBAdmin.EjecutarConsulta(p.poCnnCliente, sql, rs);
-  DesconectarCliente(p);
-  if (!leido) return ResultadoTarjeta::SinServidor;
-
-  if (rs.Eof()) {
-    v.txtTarjeta.clear();
-    olvidarCliente(v);
-    p.mensajes.mostrar(QStringLiteral("El Código de cliente no existe o la tarjeta se encuentra inactiva"));
-    return ResultadoTarjeta::NoExiste;
-  }
-  v.tarjetaHallada = v.txtTarjeta;
-  if (rs.RecordCount() > 1) {
-    v.txtNombres.clear();
-    v.localVisible = true;
-    pantallas.noDisponible(QStringLiteral("Búsqueda de clientes"));
-    return ResultadoTarjeta::VariosLocales;
-  }
-  v.txtNombres = LimpiarNulo(rs[u"sClieApel"]) + u' ' + LimpiarNulo(rs[u"sClieName"]);
-  ElegirLocal(v, static_cast<int>(AEntero(Numero(rs[u"IdLocal"]))));
-  return ResultadoTarjeta::Hallada;
-}
 
 std::optional<Foco> ValidaVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
   const PantallaTipo& pantalla = pantallaDe(v.nTipoVenta);
@@ -198,11 +120,7 @@ std::optional<Foco> ValidaVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVen
       return foco;
     }
   }
-  const QString ruc = Recortar(v.txtRUC);
-  if (!ruc.isEmpty() && !rucDeOnce(ruc)) {
-    p.mensajes.mostrar(QStringLiteral("El RUC debe poseer 11 dígitos"));
-    return Foco{QStringLiteral("txtRUC")};
-  }
+  if (!RucAceptado(p, v.txtRUC)) return Foco{QStringLiteral("txtRUC")};
   return {};
 }
 

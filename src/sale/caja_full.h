@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "sale/cliente_caja.h"
 #include "sale/tipo_venta.h"
 
 struct Puesto;
@@ -23,27 +24,16 @@ struct LineaTX {
   QString tx, tipo, doc, tarjeta, total, fecha, original, clienteGlosa, pade;
 };
 
-// A site of the list dcbLocal.
-struct LocalCliente {
-  int id = 0;
-  QString nombre;
-};
-
-struct CajaRegistradoraFull {
+struct CajaRegistradoraFull : ClienteCaja {
   // State
   int nTipoVenta = kEfectivo;
   std::vector<TipoVenta> tipos;  // entries of cboTipoVenta, in its order
   int pestana = 0;               // tab of SSTab1 in front
   bool bVoucherListo = false, bAcceso = false, bLiquidando = false, bConservarLineas = false;
-  int nIdLocal = 0;
   bool efectivoTecleado = false;  // the Tag of txtEfectivoSoles
 
-  // Till, sale and customer
+  // Till and sale; the customer is the base's
   QString txtCajero, txtCaja, txtTurno, txtRUC, txtTC, lblFecha;
-  QString txtTarjeta, txtNombres, txtLocal;
-  std::vector<LocalCliente> locales;  // entries of dcbLocal
-  bool localVisible = false;          // lblLocal and dcbLocal are shown
-  QString tarjetaHallada;             // the card that txtNombres and txtLocal were found by; "" when typed
   QString txtsupervisor;
 
   // Lines: never without a row; an empty grid holds one empty row
@@ -57,6 +47,7 @@ struct CajaRegistradoraFull {
   // Advance payment, note, liquidation
   QString txtPagoAdelantado, txtPADEDolares, txtPADE, txtimportepago, txtGlosa1, txtTX, txtGlosa;
   std::array<std::vector<LineaTX>, 2> lvwTX;
+  std::array<QString, 2> txtTXL;
   QString txtTotalPA, txtTotalNC;
   QString txtLiq, txtliqefectivosoles, txtliqefectivodolares, txtliqvueltosoles, ttxliqvueltodolares, txtliqpade;
 };
@@ -69,21 +60,8 @@ void Inicio(Puesto& p, CajaRegistradoraFull& v);
 // kind's first tab in front, the RUC emptied where there is none.
 void PonerTipo(CajaRegistradoraFull& v, TipoVenta tipo);
 
-// The cashier's choice in cboTipoVenta. A kind whose screen isn't there yet says so and goes back to the first entry.
-void CambiarTipo(CajaRegistradoraFull& v, PantallasVenta& pantallas, TipoVenta tipo);
-
-enum class ResultadoTarjeta { SinTarjeta, SinServidor, NoExiste, Hallada, VariosLocales };
-
-// Looks the typed card up in the client database, within the chosen site if there is one, and fills name and site.
-// Without the database the card stays and the sale goes on without a name. The connection is closed again.
-ResultadoTarjeta BuscaTarjeta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas);
-
-// Makes the customer's fields agree: name and site of the card found before go, once another card stands in
-// txtTarjeta, since they would narrow a search or stand on another customer's ticket; nIdLocal follows txtLocal.
-void AjustarCliente(CajaRegistradoraFull& v);
-
-// The cashier chose an entry of dcbLocal.
-void ElegirLocal(CajaRegistradoraFull& v, int id);
+// The cashier's choice in cboTipoVenta. The last two entries open a screen and go back to the first entry.
+void CambiarTipo(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, TipoVenta tipo);
 
 // Nothing has been entered in the grid.
 bool VentaVacia(const CajaRegistradoraFull& v);

@@ -18,7 +18,11 @@ const QString kColumnasArticulo =
                    " ccodcatalogo, cProdCode FROM Producto"
                    " WHERE cAlmaCode = '%1'");
 
-QString consultaArticulos(const Puesto& p) { return kColumnasArticulo.arg(ReemplazarComilla(p.ses.psAlmacen)); }
+QString consultaArticulos(const QString& almacen) { return kColumnasArticulo.arg(ReemplazarComilla(almacen)); }
+QString consultaArticulos(const Puesto& p) { return consultaArticulos(p.ses.psAlmacen); }
+QString consultaCodigo(const QString& almacen, const QString& codigo) {
+  return consultaArticulos(almacen) + QStringLiteral(" AND cProdCode = ") + codigo;
+}
 
 bool vacia(const FilaVenta& f) { return f[kCod].isEmpty(); }
 
@@ -33,15 +37,8 @@ bool seVende(const Recordset::Fila& r) { return Numero(r[u"cProdEstd"]) == 1 && 
 
 void avisarNoExiste(Puesto& p) { p.mensajes.mostrar(QStringLiteral("Articulo No Existe...!!!")); }
 
-// The article goes into the row as one piece with discount 0, or nothing when it is not on sale.
-bool llenarFila(Puesto& p, CajaRegistradoraFull& v, int fila, const Recordset::Fila& r) {
-  if (!seVende(r)) {
-    p.mensajes.mostrar(QStringLiteral("El Producto no se encuentra activo."));
-    return false;
-  }
-  FilaVenta& f = v.lineas[static_cast<size_t>(fila)];
+void ponerArticulo(const Recordset::Fila& r, FilaVenta& f) {
   const double puntos = Numero(r[u"nPuntos"]);
-  f[kItem] = QString::number(fila + 1);
   f[kCod] = Formatear(Numero(r[u"cProdCode"]), u"000000");
   f[kCatalogo] = LimpiarNulo(r[u"ccodcatalogo"]);
   f[kDescripcion] = LimpiarNulo(r[u"sProdDescCrta"]);
@@ -54,6 +51,17 @@ bool llenarFila(Puesto& p, CajaRegistradoraFull& v, int fila, const Recordset::F
                                                        : QStringLiteral("VNTA");
   f[kPtos] = TextoDe(puntos);
   f[kConServ] = Numero(r[u"cFlagServicio"]) == 1 ? QStringLiteral("SI") : QStringLiteral("NO");
+}
+
+// The article goes into the row as one piece with discount 0, or nothing when it is not on sale.
+bool llenarFila(Puesto& p, CajaRegistradoraFull& v, int fila, const Recordset::Fila& r) {
+  if (!seVende(r)) {
+    p.mensajes.mostrar(QStringLiteral("El Producto no se encuentra activo."));
+    return false;
+  }
+  FilaVenta& f = v.lineas[static_cast<size_t>(fila)];
+  f[kItem] = QString::number(fila + 1);
+  ponerArticulo(r, f);
   return true;
 }
 
@@ -70,10 +78,7 @@ bool salirCodigo(Puesto& p, CajaRegistradoraFull& v, int fila, const QString& te
   }
   if (codigo == v.lineas[static_cast<size_t>(fila)][kCod]) return true;
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                    consultaArticulos(p) + QStringLiteral(" AND cProdCode = ") + codigo, rs)) {
-    return false;
-  }
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, consultaCodigo(p.ses.psAlmacen, codigo), rs)) return false;
   if (rs.RecordCount() != 1) {
     avisarNoExiste(p);
     return false;
@@ -175,6 +180,7 @@ void EliminarFila(const Puesto& p, CajaRegistradoraFull& v, int fila) {
 }
 
 bool CeldaEditable(const Puesto& p, const CajaRegistradoraFull& v, int fila, int columna) {
+  if (v.bLiquidando) return false;  // the lines of the notes, as they were consumed
   if (columna == kCod || columna == kCatalogo) return true;
   if (columna < kCant || columna > kSubTotal || vacia(v.lineas[static_cast<size_t>(fila)])) return false;
   return columna != kPorc || p.ses.psDFlag.compare(u"S", Qt::CaseInsensitive) == 0;
@@ -199,5 +205,13 @@ bool SalirCelda(Puesto& p, CajaRegistradoraFull& v, int fila, int columna, const
     if (otraLinea && conValor(f)) f[kPorc] = QStringLiteral("0.00");
   }
   CalculaTotales(p, v);
+  return true;
+}
+
+bool LeerArticulo(Puesto& p, const QString& almacen, const QString& codigo, FilaVenta& fila) {
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, consultaCodigo(almacen, codigo), rs)) return false;
+  fila[kCod] = Ceros(codigo, 6);
+  if (!rs.Eof()) ponerArticulo(*rs.begin(), fila);
   return true;
 }

@@ -27,12 +27,11 @@ QString cantidadDe(const FilaVenta& f) { return f[kCant].isEmpty() ? QStringLite
 QString precioDe(const FilaVenta& f) { return f[kPrecio].isEmpty() ? QStringLiteral("0") : f[kPrecio]; }
 
 // Fills the computed columns of a line and gives its value, unrounded.
-double calcularLinea(const Puesto& p, int tipo, FilaVenta& f) {
+double calcularLinea(const Puesto& p, FilaVenta& f) {
   const double cant = LeerImporte(cantidadDe(f));
   const double precio = LeerImporte(precioDe(f));
   const double monto = precio * (cant * (LeerImporte(f[kPorc]) / 100));
-  const bool conServicio = tipo >= kEfectivo && tipo <= kNC && f[kConServ] == u"SI";
-  const double serv = conServicio ? Val(p.ses.psPorcServ) / 100 : 0;
+  const double serv = f[kConServ] == u"SI" ? Val(p.ses.psPorcServ) / 100 : 0;
   const double linea = f[kSigno] == u"+" ? cant * precio + monto : cant * precio - monto;
   const double neto = linea / (p.ses.pnIGV + serv + 1);
   f[kSubTotal] = Formatear(linea, kImporte);
@@ -48,18 +47,22 @@ bool seCuenta(const FilaVenta& f) {
 
 }  // namespace
 
-void CalculaTotales(const Puesto& p, CajaRegistradoraFull& v) {
+void SumarLineas(const Puesto& p, CajaRegistradoraFull& v) {
   if (v.nTipoVenta == kLIQPAD) return;
   double total = 0;
   for (FilaVenta& f : v.lineas) {
-    if (seCuenta(f)) total += calcularLinea(p, v.nTipoVenta, f);
+    if (pantallaDe(v.nTipoVenta).llevaLineas && seCuenta(f)) total += calcularLinea(p, f);
   }
   total = std::fabs(total);
-  const QString soles = Formatear(total, kImporte);
-  const bool cambio = soles != v.txtSoles;
-  v.txtSoles = soles;
+  v.txtSoles = Formatear(total, kImporte);
   v.txtDolares = Formatear(p.ses.pnTipoCambio > 0 ? total / p.ses.pnTipoCambio : 0, kImporte);
-  if (cambio) CalculaEfectivo(p, v);
+}
+
+void CalculaTotales(const Puesto& p, CajaRegistradoraFull& v) {
+  if (v.nTipoVenta == kLIQPAD) return;
+  const QString antes = v.txtSoles;
+  SumarLineas(p, v);
+  if (v.txtSoles != antes) CalculaEfectivo(p, v);
   CuadraPago(p, v);
 }
 
@@ -74,7 +77,9 @@ void CuadraPago(const Puesto& p, CajaRegistradoraFull& v) {
   const qint64 total = centimos(v.txtSoles);
   if (enDolares >= total) v.txtEfectivoSoles = QStringLiteral("0.00");
 
-  if (tipoConEfectivo(v.nTipoVenta) && !v.efectivoTecleado) {
+  // A liquidation takes no cash that nobody has counted: only dollars typed settle what is left in soles.
+  const bool sinContar = v.nTipoVenta == kLIQPAD && total > 0 && enDolares == 0;
+  if (tipoConEfectivo(v.nTipoVenta) && !v.efectivoTecleado && !sinContar) {
     const qint64 falta = total - enDolares + centimos(v.txtVueltoSoles);
     if (falta < 0) v.txtVueltoSoles = texto(-falta);
     v.txtEfectivoSoles = texto(qMax<qint64>(falta, 0));

@@ -6,6 +6,10 @@
 struct Puesto;
 struct CajaRegistradoraFull;
 
+// Subtotal, service and IGV of each line, then txtSoles and txtDolares, without a look at the cash. A kind that sells no
+// lines has a total of 0; a liquidation's is left alone.
+void SumarLineas(const Puesto& p, CajaRegistradoraFull& v);
+
 // Subtotal, service and IGV of each line, then txtSoles and txtDolares; a rate of 0 shows 0.00 dollars. The total adds
 // the unrounded lines. A changed txtSoles asks the full amount in cash again (CalculaEfectivo); CuadraPago ends it.
 void CalculaTotales(const Puesto& p, CajaRegistradoraFull& v);

@@ -1,88 +1,23 @@
 #include "sale/commit.h"
 
-#include "documento/filas.h"
 #include "documento/pasos.h"
-#include "documento/ticket.h"
 #include "documento/totales.h"
-#include "foundation/cfg_admin.h"
 #include "foundation/puesto.h"
 #include "loyalty/cliente_bd.h"
-#include "platform/text/fecha.h"
+#include "loyalty/puntos.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
-#include "printing/canal.h"
-#include "sale/caja_full.h"
 #include "sale/caja_totales.h"
 #include "sale/pantallas_venta.h"
-#include "store/numeracion.h"
+#include "sale/pasos_venta.h"
 
 namespace {
 
 constexpr int kIntentosCuadre = 3;
-const QString kParametros = QStringLiteral("PARAMETROS");
-
-// What lives for the length of one commit. The screen's own kind is left alone, so that a commit that failed can be
-// asked again.
-struct Venta {
-  CajaRegistradoraFull& v;
-  PantallasVenta& pantallas;
-  ClaseDocumento clase;
-  DatosOperacion o;
-  NumeroDocumento documento;
-  QString tarjeta;
-  std::vector<LineaDocumento> lineas;
-  double total = 0, igv = 0, servicio = 0;
-  EfectivoDocumento efectivo;
-
-  bool factura() const { return o.tipoDoc == u"01"; }
-};
 
 double noNegativo(double valor) { return valor < 0 ? 0 : valor; }
 
 bool esCero(const QString& importe) { return LeerImporte(importe) == 0; }
-
-bool recalcular(Puesto& p, Venta& c) {
-  if (c.v.bVoucherListo) return true;
-  CalculaTotales(p, c.v);
-  CuadraPago(p, c.v);
-  return true;
-}
-
-bool fijarDocumento(Puesto& p, Venta& c) {
-  ConectarCliente(p, true);  // without it the sale goes on
-  c.o.ruc = ReemplazarComilla(Recortar(c.v.txtRUC));
-  c.o.tipoDoc = c.o.ruc.isEmpty() ? QStringLiteral("02") : QStringLiteral("01");
-  c.o.fecha = FormatearFecha(p.reloj.now(), u"DD/MM/YYYY hh:mm");
-  return true;
-}
-
-bool autorizar(Puesto&, Venta& c) {
-  bool conPorcentaje = false;
-  for (const auto& fila : c.v.lineas) conPorcentaje = conPorcentaje || !esCero(fila[kPorc]);
-  c.v.bAcceso = false;
-  if (!conPorcentaje) return true;
-  const auto supervisor = c.pantallas.autorizar(QStringLiteral("Venta con descuento o recargo"));
-  if (!supervisor || Recortar(*supervisor).isEmpty()) return false;
-  c.v.txtsupervisor = *supervisor;
-  c.v.bAcceso = true;
-  return true;
-}
-
-bool abrirGaveta(Puesto& p, Venta&) {
-  const auto parametro = [&p](const QString& clave) { return LeerParametro(p, kParametros, clave, p.ses.psArchivoCfg); };
-  if (Recortar(parametro(QStringLiteral("GAVETA")).toUpper()) == u"S") AbrirGaveta(p, parametro(QStringLiteral("PRINTER")));
-  return true;
-}
-
-// A sale on which no cash was typed counts as paid exact.
-bool completarEfectivo(Puesto&, Venta& c) {
-  if (!tipoConEfectivo(c.v.nTipoVenta)) return true;
-  for (QString* campo : {&c.v.txtEfectivoSoles, &c.v.txtEfectivoDolares}) {
-    if (Recortar(*campo).isEmpty()) *campo = QStringLiteral("0.00");
-  }
-  if (esCero(c.v.txtEfectivoSoles) && esCero(c.v.txtEfectivoDolares)) c.v.txtEfectivoSoles = c.v.txtSoles;
-  return true;
-}
 
 LineaDocumento lineaDe(const Puesto& p, const FilaVenta& fila) {
   LineaDocumento l;
@@ -99,68 +34,7 @@ LineaDocumento lineaDe(const Puesto& p, const FilaVenta& fila) {
   return l;
 }
 
-bool tomarCodigo(Puesto& p, Venta& c) {
-  SeleccionarImpresora(p, esParalela(c.clase) ? p.ses.kPAR_IMPRESORA_ALTERNA : p.ses.kPAR_IMPRESORA);
-  if (!CodigoOperacion(p, esParalela(c.clase), c.o.codigo)) return false;
-  if (c.clase != kVentaVoucher && !c.v.bVoucherListo) {
-    p.ses.poVoucher.clear();
-    p.ses.poVoucherTotal = 0;
-  }
-  if (c.clase == kVentaExacta && !(esCero(c.v.txtVueltoSoles) && esCero(c.v.txtVueltoDolares))) c.clase = kVentaConVuelto;
-  for (const auto& fila : c.v.lineas) {
-    c.lineas.push_back(lineaDe(p, fila));
-    c.igv += LeerImporte(fila[kIgv]);
-    c.servicio += LeerImporte(fila[kServ]);
-  }
-  const QString tarjeta = Recortar(c.v.txtTarjeta);
-  if (!tarjeta.isEmpty()) c.tarjeta = Ceros(tarjeta, 8);
-  c.o.tarjeta = ReemplazarComilla(c.tarjeta);
-  // Stands bare in the statements, so nothing but a number may reach them.
-  const QString local = Recortar(c.v.txtLocal);
-  c.o.idLocal = EsNumerico(local) ? TextoDe(Val(local)) : QStringLiteral("NULL");
-  return true;
-}
-
-EfectivoDocumento efectivoDe(const QString& soles, const QString& dolares, const QString& vueltoSoles,
-                             const QString& vueltoDolares) {
-  return {LeerImporte(soles), LeerImporte(dolares), noNegativo(LeerImporte(vueltoSoles)),
-          noNegativo(LeerImporte(vueltoDolares))};
-}
-
-EfectivoDocumento efectivoDeLaCaja(const CajaRegistradoraFull& v) {
-  return efectivoDe(v.txtEfectivoSoles, v.txtEfectivoDolares, v.txtVueltoSoles, v.txtVueltoDolares);
-}
-
-EfectivoDocumento efectivoDeLaLiquidacion(const CajaRegistradoraFull& v) {
-  return efectivoDe(v.txtliqefectivosoles, v.txtliqefectivodolares, v.txtliqvueltosoles, v.ttxliqvueltodolares);
-}
-
-void leerImportes(Venta& c) {
-  c.total = LeerImporte(c.v.txtSoles);
-  c.efectivo = c.v.bVoucherListo && c.v.bLiquidando ? efectivoDeLaLiquidacion(c.v) : efectivoDeLaCaja(c.v);
-}
-
-bool cuadrar(Puesto& p, Venta& c) {
-  for (int i = 0; i < kIntentosCuadre; ++i) {
-    leerImportes(c);
-    const double entra = Redondear(p.ses.pnTipoCambio * c.efectivo.dolares + c.efectivo.soles, 2);
-    const double sale = Redondear(p.ses.pnTipoCambio * c.efectivo.vueltoDolares + c.efectivo.vueltoSoles, 2);
-    if (!datosDe(c.clase).cuadra || Redondear(entra - sale, 2) == Redondear(c.total, 2)) break;
-    p.mensajes.mostrar(QStringLiteral("Ocurrio un error de Cálculo"));
-  }
-  return true;
-}
-
-bool cargarCabecera(Puesto& p, Venta&) { return CargarCabeceraImpresion(p); }
-
-bool reservar(Puesto& p, Venta& c) {
-  if (!ReservarDocumento(p, c.o.tipoDoc, kLogCajaFull, c.documento)) return false;
-  c.o.numero = c.documento.numero;
-  c.o.serie = ReemplazarComilla(c.documento.serie);
-  return true;
-}
-
-CifrasVenta cifrasDe(const Puesto& p, const Venta& c) {
+bool totalizar(Puesto& p, Venta& c) {
   CifrasVenta x;
   x.factura = c.factura();
   x.total = c.total;
@@ -169,42 +43,9 @@ CifrasVenta cifrasDe(const Puesto& p, const Venta& c) {
   x.porcServ = p.ses.psPorcServ;
   x.efectivo = c.efectivo;
   if (c.clase == kVentaVoucher || (c.v.bLiquidando && c.v.bVoucherListo)) x.voucher = p.ses.poVoucher;
-  if (c.v.bLiquidando) x.liquidacion = {efectivoDeLaLiquidacion(c.v), LeerImporte(c.v.txtliqpade)};
-  return x;
-}
-
-bool imprimir(Puesto& p, Venta& c) {
-  const bool paralela = esParalela(c.clase);
-  const int impresora = paralela ? kImpresoraAlterna : kImpresoraPrincipal;
-  DatosTicket t;
-  t.clase = c.clase;
-  t.factura = c.factura();
-  t.cabecera = p.ses.psCabeceraImpresion;
-  t.tarjeta = c.tarjeta;
-  t.nombre = c.v.txtNombres;
-  t.ruc = c.v.txtRUC;
-  t.serie = c.documento.serie;
-  t.numero = c.documento.numero;
-  t.serieImpresora = paralela ? p.ses.psSerieImpresoraAlterna : p.ses.psSerieImpresora;
-  t.dolares = c.efectivo.dolares > 0;
-  t.tipoCambio = p.ses.pnTipoCambio;
-  t.lineas = c.lineas;
-  t.totales = TotalesVenta(c.clase, cifrasDe(p, c));
-  t.momento = p.reloj.now();
-  if (c.v.bAcceso) t.supervisor = c.v.txtsupervisor;
-  t.usuario = p.ses.psUsuario;
-  t.caja = p.ses.psCaja;
-  t.turno = p.ses.psTurno;
-  t.correlativo = CorrelativoImpresion(p, impresora);
-  ImprimirDocumento(p, TextoTicket(t), impresora);
+  if (c.v.bLiquidando) x.liquidacion = {EfectivoDe(c.v, true), LeerImporte(c.v.txtliqpade)};
+  c.totales = TotalesVenta(c.clase, x);
   return true;
-}
-
-// Once more, now that the paper is out: the rows must not take a number that the store has seen meanwhile.
-bool verificar(Puesto& p, Venta& c) {
-  if (!VerificarNumeroDocumento(p, c.o.tipoDoc, kLogCajaFull, c.documento)) return false;
-  c.o.numero = c.documento.numero;
-  return GuardarUltimaOperacion(p, c.o.tipoDoc, c.o.codigo, c.o.numero);
 }
 
 bool grabarLineas(Puesto& p, Venta& c) {
@@ -218,24 +59,228 @@ bool grabarLineas(Puesto& p, Venta& c) {
 }
 
 bool grabarEfectivo(Puesto& p, Venta& c) {
-  c.efectivo = efectivoDeLaCaja(c.v);
+  c.efectivo = EfectivoDe(c.v, false);
   if (c.efectivo.soles <= 0 && c.efectivo.dolares <= 0) return true;
   c.o.tipo = c.v.bLiquidando ? 3 : 1;  // also for the cash part of a voucher sale
   return GrabarEfectivo(p, c.o, c.efectivo);
 }
 
-bool limpiar(Puesto& p, Venta& c) {
+}  // namespace
+
+EfectivoDocumento EfectivoDe(const CajaRegistradoraFull& v, bool deLiquidacion) {
+  const auto de = [](const QString& soles, const QString& dolares, const QString& vueltoSoles,
+                     const QString& vueltoDolares) {
+    return EfectivoDocumento{LeerImporte(soles), LeerImporte(dolares), noNegativo(LeerImporte(vueltoSoles)),
+                             noNegativo(LeerImporte(vueltoDolares))};
+  };
+  return deLiquidacion
+             ? de(v.txtliqefectivosoles, v.txtliqefectivodolares, v.txtliqvueltosoles, v.ttxliqvueltodolares)
+             : de(v.txtEfectivoSoles, v.txtEfectivoDolares, v.txtVueltoSoles, v.txtVueltoDolares);
+}
+
+bool pasos::Recalcular(Puesto& p, Venta& c) {
+  if (c.v.bVoucherListo) return true;
+  CalculaTotales(p, c.v);
+  CuadraPago(p, c.v);
+  return true;
+}
+
+bool pasos::FijarDocumento(Puesto& p, Venta& c) {
+  ConectarCliente(p, true);  // without it the sale goes on
+  c.nombre = c.v.txtNombres;
+  c.idLocal = c.v.nIdLocal;
+  FijarTipoDocumento(c, c.v.txtRUC);
+  return FijarFecha(p, c);
+}
+
+bool pasos::Autorizar(Puesto&, Venta& c) {
+  bool conPorcentaje = false;
+  for (const auto& fila : c.v.lineas) conPorcentaje = conPorcentaje || !esCero(fila[kPorc]);
+  c.v.bAcceso = false;
+  if (!conPorcentaje) return true;
+  const auto supervisor = c.pantallas.autorizar(QStringLiteral("Venta con descuento o recargo"));
+  if (!supervisor || Recortar(*supervisor).isEmpty()) return false;
+  c.supervisor = c.v.txtsupervisor = *supervisor;
+  c.v.bAcceso = true;
+  return true;
+}
+
+bool pasos::PagarExacto(Puesto&, Venta& c) {
+  for (QString* campo : {&c.v.txtEfectivoSoles, &c.v.txtEfectivoDolares}) {
+    if (Recortar(*campo).isEmpty()) *campo = QStringLiteral("0.00");
+  }
+  if (esCero(c.v.txtEfectivoSoles) && esCero(c.v.txtEfectivoDolares)) c.v.txtEfectivoSoles = c.v.txtSoles;
+  return true;
+}
+
+bool pasos::TomarLineas(Puesto& p, Venta& c) {
+  if (c.clase != kVentaVoucher && !c.v.bVoucherListo) {
+    p.ses.poVoucher.clear();
+    p.ses.poVoucherTotal = 0;
+  }
+  if (c.clase == kVentaExacta && !(esCero(c.v.txtVueltoSoles) && esCero(c.v.txtVueltoDolares))) c.clase = kVentaConVuelto;
+  FijarCliente(c, c.v.txtTarjeta, c.v.txtLocal);
+  if (!pantallaDe(c.v.nTipoVenta).llevaLineas) return true;
+  for (const auto& fila : c.v.lineas) {
+    c.lineas.push_back(lineaDe(p, fila));
+    c.igv += LeerImporte(fila[kIgv]);
+    c.servicio += LeerImporte(fila[kServ]);
+  }
+  return true;
+}
+
+bool pasos::LeerImportes(Puesto&, Venta& c) {
+  const bool deLiquidacion = c.v.bVoucherListo && (c.v.bLiquidando || c.clase == kLiquidacionPad);
+  c.total = LeerImporte(c.v.txtSoles);
+  c.efectivo = EfectivoDe(c.v, deLiquidacion);
+  return true;
+}
+
+bool pasos::Cuadrar(Puesto& p, Venta& c) {
+  for (int i = 0; i < kIntentosCuadre; ++i) {
+    LeerImportes(p, c);
+    const double entra = Redondear(p.ses.pnTipoCambio * c.efectivo.dolares + c.efectivo.soles, 2);
+    const double sale = Redondear(p.ses.pnTipoCambio * c.efectivo.vueltoDolares + c.efectivo.vueltoSoles, 2);
+    if (!datosDe(c.clase).cuadra || Redondear(entra - sale, 2) == Redondear(c.total, 2)) break;
+    p.mensajes.mostrar(QStringLiteral("Ocurrio un error de Cálculo"));
+  }
+  return true;
+}
+
+bool pasos::Limpiar(Puesto& p, Venta& c) {
   c.v.bLiquidando = false;
   CancelarVenta(p, c.v);
   return true;
 }
 
+namespace {
+
+using namespace pasos;
+
+template <auto hacer>
+constexpr auto kComun = Comun<hacer, Venta>;
+
 const Paso<Venta> kPasosVenta[] = {
-    {"recalcular", recalcular},     {"documento", fijarDocumento}, {"supervisor", autorizar},
-    {"gaveta", abrirGaveta},        {"exacto", completarEfectivo}, {"codigo", tomarCodigo},
-    {"cuadre", cuadrar},            {"cabecera", cargarCabecera},  {"numero", reservar},
-    {"ticket", imprimir},           {"verificar", verificar},      {"lineas", grabarLineas},
-    {"efectivo", grabarEfectivo},   {"limpiar", limpiar},
+    {"recalcular", Recalcular},
+    {"documento", FijarDocumento},
+    {"supervisor", Autorizar},
+    {"gaveta", kComun<AbrirCajon>},
+    {"exacto", PagarExacto},
+    {"codigo", kComun<TomarCodigo>},
+    {"copia", TomarLineas},
+    {"cuadre", Cuadrar},
+    {"cabecera", kComun<CargarCabecera>},
+    {"numero", kComun<ReservarNumero>},
+    {"totales", totalizar},
+    {"saldo", kComun<LeerPuntos>},
+    {"ticket", kComun<ImprimirTicket>},
+    {"verificar", kComun<VerificarNumero>},
+    {"ultima", kComun<GuardarUltima>},
+    {"lineas", grabarLineas},
+    {"puntos", kComun<Acumular>},
+    {"efectivo", grabarEfectivo},
+    {"limpiar", Limpiar},
+};
+
+const Paso<Venta> kPasosOrden[] = {
+    {"recalcular", Recalcular},
+    {"documento", FijarDocumento},
+    {"supervisor", Autorizar},
+    {"gaveta", kComun<AbrirCajon>},
+    {"exacto", PagarExacto},
+    {"codigo", kComun<TomarCodigo>},
+    {"copia", TomarLineas},
+    {"cuadre", Cuadrar},
+    {"paralela", FijarParalela},
+    {"cabecera", kComun<CargarCabecera>},
+    {"numero", kComun<ReservarNumero>},
+    {"saldo", kComun<LeerPuntos>},
+    {"ticket", kComun<ImprimirTicket>},
+    {"ultima", kComun<GuardarUltima>},
+    {"cabeza", GrabarCabeza},
+    {"lineas", GrabarLineas},
+    {"efectivo", pasos::GrabarEfectivo},
+    {"tarjetas", GrabarTarjetas},
+    {"puntos", kComun<Acumular>},
+    {"limpiar", Limpiar},
+};
+
+const Paso<Venta> kPasosNota[] = {
+    {"recalcular", Recalcular},
+    {"documento", FijarDocumento},
+    {"supervisor", Autorizar},
+    {"gaveta", kComun<AbrirCajon>},
+    {"codigo", kComun<TomarCodigo>},
+    {"copia", TomarLineas},
+    {"importes", LeerImportes},
+    {"paralela", FijarParalela},
+    {"cabecera", kComun<CargarCabecera>},
+    {"numero", kComun<ReservarNumero>},
+    {"saldo", kComun<LeerPuntos>},
+    {"ticket", kComun<ImprimirTicket>},
+    {"ultima", kComun<GuardarUltima>},
+    {"cabeza", GrabarCabeza},
+    {"lineas", GrabarLineas},
+    {"puntos", kComun<Acumular>},
+    {"limpiar", Limpiar},
+};
+
+const Paso<Venta> kPasosAdelanto[] = {
+    {"recalcular", Recalcular},
+    {"documento", FijarDocumento},
+    {"gaveta", kComun<AbrirCajon>},
+    {"adelanto", ExigirAdelanto},
+    {"codigo", kComun<TomarCodigo>},
+    {"copia", TomarLineas},
+    {"importes", LeerAdelanto},
+    {"paralela", FijarParalela},
+    {"cabecera", kComun<CargarCabecera>},
+    {"numero", kComun<ReservarNumero>},
+    {"ticket", kComun<ImprimirTicket>},
+    {"ultima", kComun<GuardarUltima>},
+    {"cabeza", GrabarCabeza},
+    {"limpiar", Limpiar},
+};
+
+const Paso<Venta> kPasosAdelantoVoucher[] = {
+    {"recalcular", Recalcular},
+    {"documento", FijarDocumento},
+    {"gaveta", kComun<AbrirCajon>},
+    {"adelanto", ExigirAdelanto},
+    {"codigo", kComun<TomarCodigo>},
+    {"copia", TomarLineas},
+    {"importes", LeerAdelanto},
+    {"paralela", FijarParalela},
+    {"cabecera", kComun<CargarCabecera>},
+    {"numero", kComun<ReservarNumero>},
+    {"ticket", kComun<ImprimirTicket>},
+    {"repetida", RechazarRepetida},
+    {"cabeza", GrabarCabeza},
+    {"ultima", kComun<GuardarUltima>},
+    {"tarjetas", GrabarTarjetas},
+    {"limpiar", Limpiar},
+};
+
+const Paso<Venta> kPasosLiquidacion[] = {
+    {"recalcular", Recalcular},
+    {"documento", FijarDocumento},
+    {"gaveta", kComun<AbrirCajon>},
+    {"codigo", kComun<TomarCodigo>},
+    {"copia", TomarLineas},
+    {"importes", LeerImportes},
+    {"notas", LeerNotas},
+    {"paralela", FijarParalela},
+    {"cabecera", kComun<CargarCabecera>},
+    {"numero", kComun<ReservarNumero>},
+    {"ticket", kComun<ImprimirTicket>},
+    {"cifras", GuardarCifras},
+    {"ultima", kComun<GuardarUltima>},
+    {"cabeza", GrabarCabeza},
+    {"efectivo", pasos::GrabarEfectivo},
+    {"tarjetas", GrabarTarjetas},
+    {"liquidar", Liquidar},
+    {"limpiar", Limpiar},
+    {"documento", PedirDocumento},
 };
 
 const struct {
@@ -245,18 +290,25 @@ const struct {
 } kCommits[] = {
     {kEfectivo, kVentaExacta, kPasosVenta},
     {kVoucher, kVentaVoucher, kPasosVenta},
+    {kOC, kOrdenConsumo, kPasosOrden},
+    {kNC, kNotaConsumo, kPasosNota},
+    {kPADE, kPagoAdelantado, kPasosAdelanto},
+    {kPADV, kPagoAdelantadoVoucher, kPasosAdelantoVoucher},
+    {kLIQPAD, kLiquidacionPad, kPasosLiquidacion},
 };
 
 }  // namespace
 
-void GrabarVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
+bool GrabarVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
+  bool hecho = false;
   for (const auto& commit : kCommits) {
     if (commit.tipo != v.nTipoVenta) continue;
-    Venta venta{v, pantallas, commit.clase, {}, {}, {}, {}, 0, 0, 0, {}};
-    EjecutarPasos<Venta>(p, venta, commit.pasos);
+    Venta venta(v, pantallas, commit.clase);
+    hecho = EjecutarPasos<Venta>(p, venta, commit.pasos) == nullptr;
     break;
   }
-  if (v.bVoucherListo) return;
+  if (v.bVoucherListo) return hecho;
   p.ses.poVoucher.clear();
   p.ses.poVoucherTotal = 0;
+  return hecho;
 }

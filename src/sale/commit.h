@@ -9,4 +9,6 @@ class PantallasVenta;
 // paper may lack its rows, a row never lacks its number. A statement that fails has shown its box and ends the commit
 // where it is; what was done stays, the screen stays as it was, and the next commit makes a new ticket. A refused
 // supervisor ends it with nothing done. A server or a printer that is away ends nothing.
-void GrabarVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas);
+//   Returns  whether everything was written and the screen is ready for what follows: the next sale or, behind a
+//            liquidation, its sale document.
+bool GrabarVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas);

@@ -124,7 +124,7 @@ QWidget* frmCajaRegistradoraFull::nuevaCabecera() {
   h->addWidget(venta, 1);
   connect(cboTipoVenta_, &QComboBox::currentIndexChanged, this, [this](int n) {
     if (mostrando_ || n < 0) return;
-    con([this, n] { CambiarTipo(v_, pantallas_, v_.tipos[static_cast<size_t>(n)]); });
+    con([this, n] { CambiarTipo(p_, v_, pantallas_, v_.tipos[static_cast<size_t>(n)]); });
   });
   return fila;
 }

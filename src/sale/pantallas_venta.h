@@ -1,8 +1,40 @@
 #pragma once
 // The screens that a register opens; wired where the program is put together, scripted in a test.
 #include <QString>
-#include <functional>
 #include <optional>
+
+#include "documento/totales.h"
+
+// What the voucher screen is opened with: the kind of sale and texts of the register.
+struct PedidoVoucher {
+  int nTipoVenta = 0;
+  QString txtSoles, txtDolares, txtPagoAdelantado;
+};
+
+// The cash part of a sale paid by cards, soles, mask "0.00": for the register's txtEfectivoSoles and txtliqefectivosoles,
+// txtVueltoSoles and txtliqvueltosoles.
+struct EfectivoVoucher {
+  QString txtEfectivoSoles, txtVueltoSoles;
+};
+
+// A card chosen in the customer search; `tarjeta` as it is stored.
+struct TarjetaElegida {
+  QString tarjeta;
+  int idLocal = 0;
+};
+
+enum class ListaParalela {
+  PagoAdelantado,  // open PADE and PADV
+  Liquidacion0,    // the same, for the list of advance payments of a liquidation
+  Liquidacion1     // open N/C
+};
+
+// An open parallel document chosen in its picker.
+struct DocumentoElegido {
+  qint64 codigo = 0;
+  QString importe;  // "S/." or "US$" by its currency, then the amount with mask "0.00"
+  QString glosa;
+};
 
 class PantallasVenta {
  public:
@@ -11,6 +43,36 @@ class PantallasVenta {
   // The supervisor dialog. `acto` names in the title what is authorised. Gives the supervisor's name as typed;
   // nothing when it was refused.
   virtual std::optional<QString> autorizar(const QString& acto) = 0;
+
+  // The voucher screen. Confirmed: poVoucher holds at least one card, pbVoucher is on and the cash part comes back; it
+  // is the register that sets bVoucherListo. Otherwise poVoucher is empty, pbVoucher is off, and nothing comes back.
+  virtual std::optional<EfectivoVoucher> voucher(const PedidoVoucher& pedido) = 0;
+
+  // The cash screen over a total in soles. Nothing when it was closed without accepting.
+  virtual std::optional<EfectivoDocumento> pagoEfectivo(double total) = 0;
+
+  // The article search. Gives the code, six digits; nothing when none was chosen.
+  virtual std::optional<QString> buscarArticulo() = 0;
+
+  // The customer search. With a `texto` the list is read for it at once; otherwise it waits for one.
+  virtual std::optional<TarjetaElegida> buscarCliente(const QString& texto = {}) = 0;
+
+  // The picker of open parallel documents. With `soloVer` it only shows them: nothing can be chosen (advance payments,
+  // while the register is issuing one).
+  virtual std::optional<DocumentoElegido> buscarParalela(ListaParalela lista, bool soloVer = false) = 0;
+
+  // The cash withdrawal, from its amount to its receipt.
+  virtual void retiro() = 0;
+
+  // The void screen.
+  virtual void anular() { noDisponible(QStringLiteral("ANULAR TRANSACCION")); }
+  // The reprint screen of the desk `caja`.
+  virtual void reimprimir(const QString& /*caja*/) { noDisponible(QStringLiteral("AC/TC")); }
+  // The quick register is to open once the full one has closed. False when there is none; the box has been shown.
+  virtual bool irARapida() {
+    noDisponible(QStringLiteral("Caja Registradora"));
+    return false;
+  }
   // Says in one plain box that the screen of that name is not there yet.
   virtual void noDisponible(const QString& pantalla) = 0;
 };

@@ -18,7 +18,6 @@ enum class PanelTipo {
 struct PantallaTipo {
   TipoVenta tipo;
   QString entrada;         // in cboTipoVenta
-  bool listo;              // false: its screen isn't there yet
   bool llevaLineas;        // sells the lines of the grid
   bool verEfectivo;        // frmVuelto is shown
   bool verTotal;           // fraTotal is shown

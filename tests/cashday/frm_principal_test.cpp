@@ -34,18 +34,18 @@ struct Escena {
 TEST(FrmPrincipal, EntriesOpenTheirScreens) {
   const struct { const char *control, *abre; } casos[] = {
       {"mnuMantenimiento_Hijo(2)", "lista T.C."},
-      {"mnuMantenimiento_Hijo(4)", "falta Configuración del Teclado"},
+      {"mnuMantenimiento_Hijo(4)", "mantenimiento 1"},
       {"mnuOperaciones_Hijo(3)", "rápida"},
       {"mnuOperaciones_Hijo(4)", "full"},
       {"mnuOperaciones_Hijo(17)", "falta Reporte X-1 formato  Excel"},
-      {"mnuUsuarios", "falta Usuarios"},
+      {"mnuUsuarios", "mantenimiento 4"},
       {"mnuRptStock", "falta Reporte Stock"},
       {"Toolbar1(2)", "lista T.C."},
       {"Toolbar1(3)", ""},
       {"Toolbar1(4)", ""},
       {"Toolbar1(6)", "rápida"},
-      {"Toolbar1(9)", "falta Reporte X"},
-      {"Toolbar1(12)", "falta Cuadre de Caja"},
+      {"Toolbar1(9)", "autoriza Reporte X"},
+      {"Toolbar1(12)", "cuadre 2"},
       {"cmdInicio(2)", "full"},
   };
   Escena e;

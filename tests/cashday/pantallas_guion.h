@@ -10,6 +10,18 @@ struct PantallasGuion final : PantallasPrincipal {
   void abrirFull() override { abiertas << QStringLiteral("full"); }
   void tipoCambioLista() override { abiertas << QStringLiteral("lista T.C."); }
   void tipoCambioDetalle(int modo) override { abiertas << QStringLiteral("T.C. %1").arg(modo); }
-  std::optional<QString> autorizar(const QString&) override { return {}; }
+  void mantenimiento(PantallaMantenimiento cual) override {
+    abiertas << QStringLiteral("mantenimiento %1").arg(static_cast<int>(cual));
+  }
+  void cuadreDeCaja(Principal&, ModoCuadre modo) override { abiertas << QStringLiteral("cuadre %1").arg(modo); }
+  bool sincronizar(bool diaAnterior) override {
+    abiertas << (diaAnterior ? QStringLiteral("sincroniza ayer") : QStringLiteral("sincroniza"));
+    return true;
+  }
+  void rearrancar() override { abiertas << QStringLiteral("rearranca"); }
+  std::optional<QString> autorizar(const QString& acto) override {
+    abiertas << QStringLiteral("autoriza ") + acto;
+    return {};
+  }
   void noDisponible(const QString& nombre) override { abiertas << QStringLiteral("falta ") + nombre; }
 };

@@ -11,18 +11,11 @@
 #include "platform/ui/tema.h"
 #include "sale/frm_autorizar.h"
 #include "sale/frm_caja_full.h"
-#include "sale/pantallas_venta.h"
+#include "sale/pantallas_guion.h"
 
 namespace {
 
 QString q(const char* t) { return QString::fromUtf8(t); }
-
-struct PantallasGuion final : PantallasVenta {
-  QStringList faltan;
-  std::optional<QString> supervisor;
-  std::optional<QString> autorizar(const QString&) override { return supervisor; }
-  void noDisponible(const QString& pantalla) override { faltan << pantalla; }
-};
 
 struct CajaForma : testing::Test {
   PuestoPrueba p;
@@ -140,12 +133,12 @@ TEST_F(CajaForma, KeysOfTheScreen) {
   EXPECT_FALSE(caja->isVisible());
 }
 
-TEST_F(CajaForma, AKindThatIsNotThereYetGoesBack) {
+TEST_F(CajaForma, AnEntryThatOpensAScreenGoesBack) {
   auto* tipo = caja->findChild<QComboBox*>(q("cboTipoVenta"));
   ASSERT_EQ(9, tipo->count());
-  tipo->setCurrentIndex(3);
+  tipo->setCurrentIndex(7);
   EXPECT_EQ(q("EFECTIVO"), tipo->currentText());
-  EXPECT_EQ(QStringList{q("N/C")}, pantallas.faltan);
+  EXPECT_EQ(QStringList{q("ANULAR TRANSACCION")}, pantallas.faltan);
 }
 
 TEST_F(CajaForma, EscapeLeavesASaleOnTheScreen) {

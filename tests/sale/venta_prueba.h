@@ -10,18 +10,7 @@
 #include "sale/caja_full.h"
 #include "sale/caja_totales.h"
 #include "sale/commit.h"
-#include "sale/pantallas_venta.h"
-
-class PantallasGuion final : public PantallasVenta {
- public:
-  std::optional<QString> supervisor;
-  int pedidas = 0;
-  std::optional<QString> autorizar(const QString&) override {
-    ++pedidas;
-    return supervisor;
-  }
-  void noDisponible(const QString&) override {}
-};
+#include "sale/pantallas_guion.h"
 
 inline FilaVenta filaVenta(int codigo, const QString& descripcion, double precio, int cantidad = 1,
                            double porcentaje = 0, const QString& signo = QStringLiteral("-"), bool servicio = false) {

@@ -1,0 +1,140 @@
+#include "cashday/cierre.h"
+
+#include "cashday/dia.h"
+#include "cashday/pantallas_principal.h"
+#include "cashday/principal.h"
+#include "cashday/reportes.h"
+#include "cashday/transaccion.h"
+#include "foundation/puesto.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+
+namespace {
+
+enum Paso { kSinCierre = 0, kDetalle = 1, kZ1 = 2, kZ = 3, kCuadre = 4, kBlanqueo = 5 };
+
+// The stored step; a value that no closing writes counts as none. False when it can't be read.
+bool leerPaso(Puesto& p, int& paso) {
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("select icierrecaja from configuracion"), rs)) {
+    p.mensajes.mostrar(QStringLiteral("Error"));
+    return false;
+  }
+  const qint64 leido = AEntero(Numero(rs[u"icierrecaja"]));
+  paso = leido >= kDetalle && leido <= kBlanqueo ? static_cast<int>(leido) : kSinCierre;
+  return true;
+}
+
+void guardarPaso(Puesto& p, int paso) {
+  p.poCnnLocal.ejecutar(QStringLiteral("update configuracion set icierrecaja=") + QString::number(paso));
+}
+
+// The work of one step. True when it has stored the step that follows itself.
+bool hacerPaso(Puesto& p, Principal& v, PantallasPrincipal& pantallas, int paso) {
+  v.nIntentosReporte = 1;
+  switch (paso) {
+    case kDetalle:
+      EnviarDetalleZ1(p, -1);
+      return false;
+    case kZ1:
+      v.bReporteImpreso = false;
+      return ReportesEspeciales1(p, v, PedidoZ(kZ));
+    case kZ:
+      return ReportesEspeciales(p, v, PedidoZ(kCuadre));
+    case kCuadre:
+      pantallas.cuadreDeCaja(v, kCuadreCierre);
+      return false;
+    default:
+      return false;
+  }
+}
+
+QString avanceDe(int paso) {
+  switch (paso) {
+    case kDetalle: return QStringLiteral("Enviando el detalle del Z1…");
+    case kZ1: return QStringLiteral("Imprimiendo el reporte Z1…");
+    case kZ: return QStringLiteral("Imprimiendo el reporte Z…");
+    case kBlanqueo: return QStringLiteral("Cerrando las operaciones…");
+    default: return {};
+  }
+}
+
+// What may begin; a closing under way is only asked for what is still its own business.
+bool puedeCerrar(Puesto& p, int paso) {
+  // By the last step the rows may be closed already.
+  if (paso != kBlanqueo && !HayOperaciones(p)) {
+    p.mensajes.mostrar(QStringLiteral("Debe registrar operaciones."));
+    return false;
+  }
+  return paso != kSinCierre || !AvisarRelojAtrasado(p);
+}
+
+bool fallaBlanqueo(Puesto& p, const QString& descripcion) {
+  p.mensajes.mostrar(descripcion + QStringLiteral("\nEl cierre de caja queda pendiente en su último paso. Use Reporte Z "
+                                                  "para terminarlo."));
+  return false;
+}
+
+// Closes the rows of the day, here and then in the central database.
+bool cerrarOperaciones(Puesto& p) {
+  for (const char* sql : {" UPDATE OPERACION SET cOperFlagAbierto = 0 WHERE cOperFlagAbierto = 1",
+                          " UPDATE OPERACIONPARALELA SET cOperFlagAbierto = 0 WHERE cOperFlagAbierto = 1"}) {
+    if (const auto error = p.poCnnLocal.ejecutar(QString::fromLatin1(sql))) return fallaBlanqueo(p, error->descripcion);
+  }
+  // A connection that was left open may be dead by now. One that can't be opened tells so at the statement.
+  p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral);
+  if (const auto error = p.poCnnCentral.ejecutar(
+          QStringLiteral(" UPDATE TCABECERAZ1 SET nidEstado = 0 WHERE nidEstado = -1"))) {
+    return fallaBlanqueo(p, QStringLiteral("No se pudo marcar el cierre en la base de datos central: ") +
+                                error->descripcion);
+  }
+  return true;
+}
+
+void sincronizarCierre(Puesto& p, PantallasPrincipal& pantallas) {
+  p.ses.pbSincronizaMaestros = false;
+  p.ses.pbSincronizaCierre = true;
+  pantallas.sincronizar(false);
+  p.ses.pbSincronizaMaestros = true;
+  p.ses.pbSincronizaCierre = false;
+}
+
+}  // namespace
+
+bool BlanqueaTransacciones(Puesto& p, Principal& v, PantallasPrincipal& pantallas) {
+  if (!cerrarOperaciones(p)) return false;
+  MarcasDia m;
+  LeerMarcas(p, m);
+  if (m.cOperIdx.isEmpty()) return fallaBlanqueo(p, QStringLiteral("No se pudo leer la última operación del día."));
+  if (m.cOperCodex.isEmpty()) m.cOperCodex = QStringLiteral("NULL");
+  QStringList fin{QStringLiteral("UPDATE Configuracion SET cOperId = %1, cOperIdP = %2").arg(m.cOperIdx, m.cOperCodex)};
+  // The main printer's Z has blanked it, unless it gave up: a closed day keeps no turn.
+  if (!Recortar(p.ses.psTurno).isEmpty()) fin << QStringLiteral("UPDATE Configuracion SET cCodiTurno = ''");
+  fin << QStringLiteral("update configuracion set icierrecaja=6");
+  if (const auto error = EjecutarJuntas(p.poCnnLocal, fin)) return fallaBlanqueo(p, error->descripcion);
+  p.ses.psTurno.clear();
+  sincronizarCierre(p, pantallas);
+  HabilitarBotonesDia(v, false);
+  p.mensajes.mostrar(QStringLiteral("Se han cerrado todas las operaciones."));
+  return true;
+}
+
+void CerrarCaja(Puesto& p, Principal& v, PantallasPrincipal& pantallas,
+                const std::function<void(const QString&)>& avance) {
+  if (!p.mensajes.preguntar(QStringLiteral("Esta Operación Cerrará Caja\r Desea Continuar?"),
+                            QStringLiteral("Confirmar Cierre de Caja"), false)) {
+    return;
+  }
+  if (!AutorizarOperacion(v, pantallas, QStringLiteral("Reporte Z"))) return;
+  int paso = kSinCierre;
+  if (!leerPaso(p, paso) || !puedeCerrar(p, paso)) return;
+  for (; paso < kBlanqueo; ++paso) {
+    avance(avanceDe(paso));
+    if (!hacerPaso(p, v, pantallas, paso)) guardarPaso(p, paso + 1);
+  }
+  avance(avanceDe(kBlanqueo));
+  const bool cerrado = BlanqueaTransacciones(p, v, pantallas);
+  avance({});
+  if (cerrado) LiberarTrasCierre(v);
+  else BloquearPorCierre(v);
+}

@@ -1,0 +1,220 @@
+#include "cashday/cuadre.h"
+
+#include <optional>
+
+#include "cashday/pantallas_principal.h"
+#include "foundation/puesto.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+
+namespace {
+
+const QString kMascara = QStringLiteral("###,###,###,##0.00");
+const QString kMascaraApertura = QStringLiteral("###,###,###,###,##0.00");
+const QString kMascaraProducto = QStringLiteral("###,###,###,###0");
+
+// The columns of the product list.
+enum Columna { kCodigo, kCatalogo, kProducto, kIngreso, kInicial, kSalidas, kFinal, kFaltSob };
+
+const QString kAbiertas = QStringLiteral(" FROM Operacion WHERE cOperFlagAbierto = 1 ");
+
+const QString kPagos = QStringLiteral(" SELECT SUM(nProdPrecUnit) AS TOTAL") + kAbiertas +
+                       QStringLiteral(" AND cOperTipo = 5  AND cOperFlagAnula = 0 ");
+const QString kVoucher =
+    QStringLiteral(" SELECT SUM((nProdPrecUnit * nProdCant) +  ((nProdPrecUnit * nProdCant) * nDscto/100)) AS TOTAL") +
+    kAbiertas + QStringLiteral(" AND cOperTipo = 2 AND cOperFlagAnula = 0  AND cOpercodeAnula=0 ");
+const QString kLiquidacion = QStringLiteral("SELECT SUM(nmontosoles +  nprodprecunit ) as TOTAL") + kAbiertas +
+                             QStringLiteral(" AND cOperTipo = 2 and cDocTipo='14'  AND cOperFlagAnula = 0");
+const QString kCashDolares = QStringLiteral(" SELECT SUM(nMontoDolares - nVueltoDolares) AS TOTAL") + kAbiertas;
+const QString kCashSoles = QStringLiteral(" SELECT SUM(nMontoSoles + nProdPrecUnit) AS TOTAL") + kAbiertas;
+const QString kConTarjeta = QStringLiteral(" AND cOperTipo = 1 AND TRIM(cEmisor) <> ''  AND cOperFlagAnula = 0 ");
+// The tender rows of each side.
+const QString kRecibos = QStringLiteral(" AND cOperTipo in (1, 3)  AND cDoctipo in ('01','02')  AND cOperFlaganula= 0 ");
+const QString kRecibosZ1 =
+    QStringLiteral(" AND cOperTipo in (1)  AND cDoctipo in ('01','02', '14', '10')  AND cOperFlaganula= 0 ");
+const QString kSinArticulo = QStringLiteral(" AND cProdCode = 0 ");
+
+bool consultar(Puesto& p, const QString& sql, Recordset& rs) {
+  return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs);
+}
+
+// A sum of the store; Null when there is nothing to add. False when the query failed.
+bool sumar(Puesto& p, const QString& sql, std::optional<double>& total) {
+  Recordset rs;
+  if (!consultar(p, sql, rs)) return false;
+  const QVariant v = rs[u"TOTAL"];
+  total = v.isNull() ? std::nullopt : std::optional(Numero(v));
+  return true;
+}
+
+QString mascara(double valor) { return Formatear(valor, kMascara); }
+QString mascara(const std::optional<double>& total, const char* sinNada) {
+  return total ? mascara(*total) : QString::fromLatin1(sinNada);
+}
+
+bool leerPagos(Puesto& p, LadoCuadre& c) {
+  std::optional<double> total;
+  if (!sumar(p, kPagos, total)) return false;
+  c.txtPagos = mascara(total, "0.00");
+  return true;
+}
+
+// The opening float, and what follows from it: the drawer, and nothing counted yet.
+bool cerrarLado(Puesto& p, LadoCuadre& c) {
+  Recordset rs;
+  if (!consultar(p, QStringLiteral(" SELECT  nImporApertSol, nImporApertDol  FROM Configuracion "), rs)) return false;
+  c.txtapersoles = Formatear(Numero(rs[u"nImporApertSol"]), kMascaraApertura);
+  c.txtaperdolares = Formatear(Numero(rs[u"nImporApertDol"]), kMascaraApertura);
+  c.txtCashDRW = mascara(LeerImporte(c.txtCash) + LeerImporte(c.txtapersoles) - LeerImporte(c.txtPagos));
+  c.txtCashDRWDolares = mascara(LeerImporte(c.txtCashDolares) + LeerImporte(c.txtaperdolares));
+  c.txtCaja = c.txtCajaDolares = mascara(0);
+  c.txtFALTSOB = c.txtCashDRW;
+  c.txtFALTSOBDolares = c.txtCashDRWDolares;
+  return true;
+}
+
+// Soles and dollars of advance payments.
+struct Adelantos {
+  double soles = 0, dolares = 0;
+};
+
+// The active ones of a kind (22 PADE, 23 PADV), their cash received.
+bool adelantosActivos(Puesto& p, int tipo, Adelantos& suma) {
+  Recordset rs;
+  if (!consultar(p, QStringLiteral(" SELECT Sum(nEfectivosoles) as PADS, Sum(nEfectivoDolares) as PADD FROM "
+                                   "OperacionParalela  WHERE cOperTipo in (%1) and cOperFlagAbierto=1 and cEstado in "
+                                   "('1') and cOpercodeAnul=0").arg(tipo), rs)) return false;
+  suma = {Numero(rs[u"PADS"]), Numero(rs[u"PADD"])};
+  return true;
+}
+
+// The liquidated ones, each in the currency that it was paid in.
+bool adelantosLiquidados(Puesto& p, int tipo, Adelantos& suma) {
+  Recordset rs;
+  if (!consultar(p, QStringLiteral(" SELECT nEfectivosoles as padliqs, nEfectivoDolares as padliqd, nMoneda FROM "
+                                   "OperacionParalela  WHERE cOperTipo in (%1) and cOperFlagAbierto=1 and cEstado in "
+                                   "('2') and cOperCodeAnul=0 ").arg(tipo), rs)) return false;
+  for (const auto& fila : rs) {
+    if (Numero(fila[u"nMoneda"]) == 2) suma.dolares += Numero(fila[u"padliqd"]);
+    else suma.soles += Numero(fila[u"padliqs"]);
+  }
+  return true;
+}
+
+// Sales, and active orders and consumption notes, of the open day.
+const char* const kProductos =
+    "SELECT cProdcode, sum(cantidad) as Cant ,  max(catalogo) as Catal, max(descripcion) as Descrip  FROM  "
+    "( SELECT 1, CProdCode,  sum(cant) as Cantidad , max(catal) as Catalogo, max(Descrip) as Descripcion FROM "
+    "(SELECT  d.cProdCode,  sum( d.nProdCant) as cant ,  max(p.cCodcatalogo)  as catal, max( p.sProdDesc)  as Descrip "
+    "FROM  Operacion d, Producto p WHERE d.cProdcode = p.cProdcode And d.cAlmaCode = p.cAlmaCode And d.cProdcode <> 0 "
+    "And d.cOperflagabierto = 1 And d.cOperFlaganula = 0 GROUP BY d.cProdCode  ) GROUP BY CPRODCODE  UNION  "
+    "SELECT 2, d.cProdCode,  sum( d.nProdCant) as cantidad ,  max(p.cCodcatalogo)  as catalogo, max( p.sProdDesc)  as "
+    "Descripcion FROM  OperacionParalelaProducto  d, OperacionParalela o,   Producto  p WHERE d.cOpercode = o.cOpercode "
+    "AND d.cProdCode = p.cProdCode AND d.cAlmaCode = p.cAlmaCode AND d.cProdcode <> 0 AND o.cOperFlagAbierto = 1 "
+    "AND o.cOperCodeanul = 0 AND o.cEstado= '1' AND o.cOpertipo in (20, 21) GROUP BY d.cProdCode   ) "
+    "GROUP BY  cProdcode  order by 3";
+
+QString mascaraProducto(double valor) { return Formatear(valor, kMascaraProducto); }
+
+}  // namespace
+
+void Inicio(Puesto& p, Cuadre& v, int modo) {
+  v.deCierre = modo == kCuadreCierre;
+  v.lvwProductos.clear();
+  Recordset rs;
+  if (!consultar(p, QString::fromLatin1(kProductos), rs)) return;
+  for (const auto& fila : rs) {
+    const double salidas = Numero(fila[u"Cant"]);
+    v.lvwProductos.push_back({LimpiarNulo(fila[u"cProdcode"]), LimpiarNulo(fila[u"Catal"]),
+                              LimpiarNulo(fila[u"Descrip"]), QStringLiteral("0"), QStringLiteral("0"),
+                              mascaraProducto(salidas), mascaraProducto(-salidas), QStringLiteral("0")});
+  }
+}
+
+void CargarCuadre(Puesto& p, Cuadre& v) {
+  CuadreCaja(p, v.lado[kLadoZ]);
+  CuadreCajaZ1(p, v.lado[kLadoZ1]);
+  CuadreCajaTotal(v);
+}
+
+bool CuadreCaja(Puesto& p, LadoCuadre& c) {
+  std::optional<double> total, descuento;
+  if (!leerPagos(p, c)) return false;
+  if (!sumar(p, QStringLiteral(" SELECT SUM(nMontosoles) AS TOTAL") + kAbiertas + kConTarjeta, descuento)) return false;
+  if (!sumar(p, kVoucher, total)) return false;
+  c.txtVoucher = total ? mascara(*total - descuento.value_or(0)) : QStringLiteral("0.00");
+  if (!sumar(p, kLiquidacion, total)) return false;
+  c.txtVoucher = mascara(LeerImporte(c.txtVoucher) + total.value_or(0));
+  if (!sumar(p, kCashDolares + kRecibos, total)) return false;
+  c.txtCashDolares = mascara(total, "0");
+  if (!sumar(p, kCashSoles + kRecibos + kSinArticulo, total)) return false;
+  c.txtCash = mascara(total, "0");
+  return cerrarLado(p, c);
+}
+
+bool CuadreCajaZ1(Puesto& p, LadoCuadre& c) {
+  std::optional<double> voucher, liquidacion, dolares, soles, descuento;
+  if (!leerPagos(p, c) || !sumar(p, kVoucher, voucher) || !sumar(p, kLiquidacion, liquidacion)) return false;
+  c.txtVoucher = mascara(voucher.value_or(0) + liquidacion.value_or(0));
+  Adelantos pade, padeLiq, padv, padvLiq;
+  if (!sumar(p, kCashDolares + kRecibosZ1, dolares) || !sumar(p, kCashSoles + kRecibosZ1 + kSinArticulo, soles) ||
+      !adelantosActivos(p, 22, pade) || !adelantosLiquidados(p, 22, padeLiq) || !adelantosActivos(p, 23, padv) ||
+      !adelantosLiquidados(p, 23, padvLiq) || !sumar(p, kCashSoles + kConTarjeta, descuento)) {
+    return false;
+  }
+  c.txtVoucher = mascara(LeerImporte(c.txtVoucher) + padv.soles + padvLiq.soles - descuento.value_or(0));
+  c.txtVoucherDolares = mascara(LeerImporte(c.txtVoucherDolares) + padv.dolares + padvLiq.dolares);
+  c.txtCash = mascara(soles.value_or(0) + pade.soles + padeLiq.soles);
+  c.txtCashDolares = mascara(dolares.value_or(0) + pade.dolares + padeLiq.dolares);
+  return cerrarLado(p, c);
+}
+
+void CuadreCajaTotal(Cuadre& v) {
+  const auto numero = [](const QString& texto) { return Val(Formatear(LeerImporte(texto), u"###########0.00")); };
+  for (LadoCuadre& c : v.lado) {
+    c.txtFALTSOB = mascara(numero(c.txtCashDRW) - numero(c.txtCaja));
+    c.txtFALTSOBDolares = mascara(numero(c.txtCashDRWDolares) - numero(c.txtCajaDolares));
+  }
+}
+
+QString DejarCaja(Cuadre& v) {
+  const struct { const char* nombre; QString LadoCuadre::*texto; } campos[] = {
+      {"txtCaja", &LadoCuadre::txtCaja}, {"txtCajaDolares", &LadoCuadre::txtCajaDolares}};
+  QString mal;
+  for (size_t n = 0; n < v.lado.size(); ++n) {
+    for (const auto& campo : campos) {
+      QString& texto = v.lado[n].*campo.texto;
+      if (EsNumerico(texto) || Recortar(texto).isEmpty()) texto = mascara(LeerImporte(texto));
+      else if (mal.isEmpty()) mal = QStringLiteral("%1(%2)").arg(QLatin1String(campo.nombre)).arg(n);
+    }
+  }
+  CuadreCajaTotal(v);
+  return mal;
+}
+
+void TomarProducto(Cuadre& v, int fila) {
+  v.producto = {};
+  if (fila < 0 || fila >= static_cast<int>(v.lvwProductos.size())) return;
+  const QStringList& c = v.lvwProductos[static_cast<size_t>(fila)];
+  v.producto = {c[kProducto], c[kIngreso], c[kInicial], c[kSalidas], c[kFinal], c[kFaltSob]};
+}
+
+void CuadreProductosTotal(Cuadre& v) {
+  ProductoCuadre& q = v.producto;
+  q.txtProductosFS = mascaraProducto(LeerImporte(q.txtProductosID) + LeerImporte(q.txtProductosII) -
+                                     LeerImporte(q.txtProductosT) - LeerImporte(q.txtProductosIF));
+}
+
+void DevolverProducto(Cuadre& v, int fila) {
+  if (fila < 0 || fila >= static_cast<int>(v.lvwProductos.size())) return;
+  CuadreProductosTotal(v);
+  ProductoCuadre& q = v.producto;
+  QStringList& c = v.lvwProductos[static_cast<size_t>(fila)];
+  for (QString* texto : {&q.txtProductosID, &q.txtProductosII, &q.txtProductosIF}) {
+    *texto = mascaraProducto(LeerImporte(*texto));
+  }
+  c[kIngreso] = q.txtProductosID;
+  c[kInicial] = q.txtProductosII;
+  c[kFinal] = q.txtProductosIF;
+  c[kFaltSob] = q.txtProductosFS;
+}

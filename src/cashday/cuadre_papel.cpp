@@ -1,0 +1,103 @@
+// The two papers of the cash count, 27 columns.
+#include "cashday/cuadre.h"
+#include "cashday/transaccion.h"
+#include "foundation/puesto.h"
+#include "platform/text/fecha.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+#include "printing/canal.h"
+
+namespace {
+
+const QString kFin = QStringLiteral("\r\n");
+constexpr int kAncho = 27, kMitad = 14, kImporte = 9;
+
+QString centrada(const QString& texto, const QString& blancos) {
+  return Derecha(blancos + texto, static_cast<int>(texto.size()) / 2 + kMitad);
+}
+
+QString importe(const QString& texto) { return Derecha(Espacios(kImporte) + u'*' + texto, kImporte); }
+
+// The lines from the first dash line on, without their ends.
+QStringList lineasDe(const Cuadre& v, size_t lado, const QString& titulo) {
+  using L = LadoCuadre;
+  static const struct { const char* rotulo; QString L::*soles; QString L::*dolares; bool dolaresSoloZ1; } kRenglones[] = {
+      {"   PAGOS", &L::txtPagos, nullptr, false},
+      {" VOUCHER", &L::txtVoucher, &L::txtVoucherDolares, true},
+      {"ENTREG. ", nullptr, nullptr, false},
+      {"APERTURA", &L::txtapersoles, &L::txtaperdolares, false},
+      {"    CASH", &L::txtCash, &L::txtCashDolares, false},
+      {"CASH-DRW", &L::txtCashDRW, &L::txtCashDRWDolares, false},
+      {"    CAJA", &L::txtCaja, &L::txtCajaDolares, false},
+      {"FALT/SOB", &L::txtFALTSOB, &L::txtFALTSOBDolares, false},
+  };
+  const QString raya(kAncho, u'-');
+  QStringList s{raya, centrada(titulo, Espacios(kAncho)), raya,
+                QStringLiteral("CONCEPTO") + QStringLiteral("   SOLES  ") + QStringLiteral(" DOLARES ")};
+  const LadoCuadre& c = v.lado[lado];
+  for (const auto& r : kRenglones) {
+    QString linea = QString::fromLatin1(r.rotulo) + importe(r.soles ? c.*r.soles : v.txtEntregado);
+    if (r.dolares && (!r.dolaresSoloZ1 || lado == kLadoZ1)) linea += importe(c.*r.dolares);
+    s << linea;
+  }
+  return s;
+}
+
+QString papel(Puesto& p, const QString& cabecera, const QStringList& lineas, int impresora) {
+  return cabecera + Espacios(6) + FormatearFecha(p.reloj.now(), u"dd/mm/yyyy (ddd)") + kFin + lineas.join(kFin) + kFin +
+         kFin + kFin + QStringLiteral("CAJA: ") + p.ses.psCaja + kFin +
+         QStringLiteral("Versión %1.%2.%3").arg(TARVOPOS_VERSION_MAYOR).arg(TARVOPOS_VERSION_MENOR)
+             .arg(TARVOPOS_VERSION_REVISION) + kFin +
+         QStringLiteral("Correlativo: ") + CorrelativoImpresion(p, impresora);
+}
+
+std::optional<ErrorBD> guardarLineas(Puesto& p, const QStringList& lineas) {
+  Recordset rs;
+  if (const auto e = p.poCnnLocal.consultar(QStringLiteral(" SELECT MAX(dCuadreID) AS TOTAL FROM CUADRE_CAJA"), rs)) {
+    return e;
+  }
+  const double numero = Numero(rs[u"TOTAL"]) + 1;
+  QStringList sentencias;
+  for (int n = 0; n < lineas.size(); ++n) {
+    sentencias << FormatearSQL(QStringLiteral(" INSERT INTO CUADRE_CAJA(dCuadreFecha, dCuadreID, dCuadreLinea, "
+                                              "dCuadreDetalle) VALUES ('$', $, $, '$')"),
+                               {FormatearFecha(p.reloj.now(), u"dd/mm/yyyy"), numero, n + 1, lineas[n]});
+  }
+  return EjecutarJuntas(p.poCnnLocal, sentencias);
+}
+
+void imprimirZ1(Puesto& p, const Cuadre& v) {
+  const QStringList lineas = lineasDe(v, kLadoZ1, QStringLiteral("CUADRE CAJA Z1"));
+  if (const auto error = guardarLineas(p, lineas)) {
+    p.mensajes.mostrar(QStringLiteral("No se pudo guardar el CUADRE CAJA Z1, por eso no se imprime: ") +
+                       error->descripcion);
+    return;
+  }
+  const QString texto = papel(p, {}, lineas, kImpresoraAlterna);
+  if (p.ses.pnCortaPapelAlterna != 1) {
+    ImprimirDocumento(p, texto, kImpresoraAlterna);
+    return;
+  }
+  // The raw copy of this paper takes the main route, whatever printer is chosen.
+  SeleccionarImpresora(p, p.ses.kPAR_IMPRESORA_ALTERNA);
+  QString tronco = QStringLiteral("Cuadre1");
+  ImprimirTextoPuerto(p, texto, kImpresoraPrincipal, tronco);
+}
+
+void imprimirPrincipal(Puesto& p, const Cuadre& v) {
+  QString cabecera;
+  if (CargarCabeceraImpresion(p)) {
+    for (const QString& linea : p.ses.psCabeceraImpresion) {
+      if (!Recortar(linea).isEmpty()) cabecera += centrada(linea, Espacios(kMitad)) + kFin;
+    }
+  }
+  ImprimirDocumento(p, papel(p, cabecera, lineasDe(v, kLadoZ, QStringLiteral("CUADRE CAJA")), kImpresoraPrincipal),
+                    kImpresoraPrincipal, QStringLiteral("Cuadre"));
+}
+
+}  // namespace
+
+void Imprimir(Puesto& p, const Cuadre& v) {
+  imprimirZ1(p, v);
+  imprimirPrincipal(p, v);
+}

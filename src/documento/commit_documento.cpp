@@ -1,0 +1,91 @@
+#include "documento/commit_documento.h"
+
+#include "foundation/cfg_admin.h"
+#include "foundation/puesto.h"
+#include "platform/text/fecha.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+#include "printing/canal.h"
+
+void FijarCliente(CommitDocumento& c, const QString& tarjeta, const QString& local) {
+  const QString numero = Recortar(tarjeta), sitio = Recortar(local);
+  c.tarjeta = numero.isEmpty() ? QString() : Ceros(numero, 8);
+  c.o.tarjeta = ReemplazarComilla(c.tarjeta);
+  c.o.idLocal = EsNumerico(sitio) ? TextoDe(Val(sitio)) : QStringLiteral("NULL");
+}
+
+void FijarTipoDocumento(CommitDocumento& c, const QString& ruc) {
+  c.ruc = ruc;
+  c.o.tipoDoc = datosDe(c.clase).tipoDoc;
+  if (!c.o.tipoDoc.isEmpty()) return;
+  c.o.ruc = ReemplazarComilla(Recortar(ruc));
+  c.o.tipoDoc = c.o.ruc.isEmpty() ? QStringLiteral("02") : QStringLiteral("01");
+}
+
+bool FijarFecha(Puesto& p, CommitDocumento& c) {
+  c.o.fecha = FormatearFecha(p.reloj.now(), u"DD/MM/YYYY hh:mm");
+  return true;
+}
+
+bool AbrirCajon(Puesto& p, CommitDocumento&) {
+  const auto parametro = [&p](const QString& clave) {
+    return LeerParametro(p, QStringLiteral("PARAMETROS"), clave, p.ses.psArchivoCfg);
+  };
+  if (Recortar(parametro(QStringLiteral("GAVETA")).toUpper()) == u"S") AbrirGaveta(p, parametro(QStringLiteral("PRINTER")));
+  return true;
+}
+
+bool TomarCodigo(Puesto& p, CommitDocumento& c) {
+  const bool paralela = esParalela(c.clase);
+  SeleccionarImpresora(p, paralela ? p.ses.kPAR_IMPRESORA_ALTERNA : p.ses.kPAR_IMPRESORA);
+  return CodigoOperacion(p, paralela, c.o.codigo);
+}
+
+bool CargarCabecera(Puesto& p, CommitDocumento&) { return CargarCabeceraImpresion(p); }
+
+bool ReservarNumero(Puesto& p, CommitDocumento& c) {
+  if (!ReservarDocumento(p, c.o.tipoDoc, c.logReserva, c.documento)) return false;
+  c.o.numero = c.documento.numero;
+  c.o.serie = ReemplazarComilla(c.documento.serie);
+  return true;
+}
+
+bool ImprimirTicket(Puesto& p, CommitDocumento& c) {
+  const bool paralela = esParalela(c.clase);
+  const int impresora = paralela ? kImpresoraAlterna : kImpresoraPrincipal;
+  DatosTicket t;
+  t.clase = c.clase;
+  t.factura = c.factura();
+  t.cabecera = p.ses.psCabeceraImpresion;
+  t.tarjeta = c.tarjeta;
+  t.nombre = c.nombre;
+  t.ruc = c.ruc;
+  t.serie = c.documento.serie;
+  t.numero = c.documento.numero;
+  t.serieImpresora = paralela ? p.ses.psSerieImpresoraAlterna : p.ses.psSerieImpresora;
+  t.dolares = c.efectivo.dolares > 0;
+  t.tipoCambio = p.ses.pnTipoCambio;
+  t.forma = c.forma;
+  t.lineas = c.lineas;
+  t.notas = c.notas;
+  t.totales = c.totales;
+  t.puntos = c.puntos;
+  t.momento = p.reloj.now();
+  t.supervisor = c.supervisor;
+  t.usuario = p.ses.psUsuario;
+  t.caja = p.ses.psCaja;
+  t.turno = p.ses.psTurno;
+  t.correlativo = CorrelativoImpresion(p, impresora);
+  ImprimirDocumento(p, TextoTicket(t), impresora);
+  return true;
+}
+
+bool VerificarNumero(Puesto& p, CommitDocumento& c) {
+  if (!VerificarNumeroDocumento(p, c.o.tipoDoc, c.logFinal, c.documento)) return false;
+  c.o.numero = c.documento.numero;
+  return true;
+}
+
+bool GuardarUltima(Puesto& p, CommitDocumento& c) {
+  return GuardarUltimaOperacion(p, c.o.tipoDoc, c.o.codigo, c.o.numero);
+}

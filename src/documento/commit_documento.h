@@ -1,0 +1,53 @@
+#pragma once
+// What the commits of all screens share: the data that live for the length of one commit, and the steps over them that
+// don't differ from screen to screen. A screen derives its own data from CommitDocumento and puts these steps into its
+// list by Comun<Step, ItsData> (documento/pasos.h), among its own.
+#include "documento/filas.h"
+#include "documento/ticket.h"
+#include "store/numeracion.h"
+
+struct CommitDocumento {
+  ClaseDocumento clase = kVentaExacta;
+  DatosOperacion o;  // what the rows take; texts in it are safe to stand in a statement
+  NumeroDocumento documento;
+  NombreLog logReserva = kLogCajaFull, logFinal = kLogCajaFull;
+
+  // As they are printed
+  QString tarjeta, nombre, ruc;  // 8 digits or "", as typed, as typed
+  QString supervisor;            // "" when nothing had to be authorised
+  std::vector<LineaDocumento> lineas;
+  std::vector<NotaTicket> notas;  // of a liquidation, in place of lines
+  FormaLineas forma;
+  std::vector<RenglonTotal> totales;
+  std::optional<PuntosTicket> puntos;
+
+  double total = 0;  // soles: the figure that earns points
+  int idLocal = 0;   // the customer's site, 0 when there is none
+  EfectivoDocumento efectivo;
+
+  bool factura() const { return o.tipoDoc == u"01"; }
+};
+
+// Card and site as they stand on the screen. A site that is no number is stored as NULL, since it stands bare.
+void FijarCliente(CommitDocumento& c, const QString& tarjeta, const QString& local);
+// Factura with a RUC, boleta without; a parallel document takes its own type.
+void FijarTipoDocumento(CommitDocumento& c, const QString& ruc);
+
+// Steps. Each gives false only where the commit must end; the box has been shown then.
+
+// The moment that all rows carry, to the minute.
+bool FijarFecha(Puesto& p, CommitDocumento& c);
+// The drawer, where the desk has one. Never ends a commit.
+bool AbrirCajon(Puesto& p, CommitDocumento& c);
+// Chooses the printer and draws the operation code of the kind's table.
+bool TomarCodigo(Puesto& p, CommitDocumento& c);
+bool CargarCabecera(Puesto& p, CommitDocumento& c);
+// Takes the document number: it is used from here on, whatever follows.
+bool ReservarNumero(Puesto& p, CommitDocumento& c);
+// The ticket out of what stands above, on the kind's printer, with its correlative. Never ends a commit.
+bool ImprimirTicket(Puesto& p, CommitDocumento& c);
+// The number of a boleta or factura once more, now that the paper is out: the rows must not take one that the store
+// has seen meanwhile.
+bool VerificarNumero(Puesto& p, CommitDocumento& c);
+// Code, user and, for a parallel document, number as the last ones of the type.
+bool GuardarUltima(Puesto& p, CommitDocumento& c);

@@ -1,0 +1,39 @@
+#pragma once
+// The rows of the documents that are kept beside the sales: one in OperacionParalela, one a line in
+// OperacionParalelaProducto, and the cash or card row that some of them leave in Operacion.
+#include "documento/filas.h"
+
+// What the row of a parallel document holds beside DatosOperacion, of which `tipo` is its kind (20 to 24). Amounts in
+// the currency that their names say.
+struct DatosParalela {
+  int moneda = 0;  // advance payments: 1 paid in soles, 2 in dollars
+  double montoSoles = 0, montoDolares = 0;
+  EfectivoDocumento efectivo;
+  QString glosa;             // as typed
+  qint64 relacion = 0;       // the document that this one is tied to
+  bool sincronizada = false;
+};
+
+// Each gives false when the store could not be written or read, and then the box has been shown.
+
+[[nodiscard]] bool GrabarParalela(Puesto& p, const DatosOperacion& o, const DatosParalela& d);
+
+// An article line; the supervisor stands only in one with a percentage.
+[[nodiscard]] bool GrabarLineaParalela(Puesto& p, const DatosOperacion& o, const LineaDocumento& linea,
+                                       const QString& supervisor);
+
+// Cash taken with the document. `serie` is that of the boletas, not the document's own.
+[[nodiscard]] bool GrabarEfectivoParalelo(Puesto& p, const DatosOperacion& o, const QString& serie,
+                                          const EfectivoDocumento& e);
+
+// The part paid by cards, in soles.
+[[nodiscard]] bool GrabarTarjetaParalela(Puesto& p, const DatosOperacion& o, const QString& serie, double soles);
+
+// Whether the document of the code just before this one says the same: moment, card, amounts and text.
+[[nodiscard]] bool EsRepetida(Puesto& p, const DatosOperacion& o, const DatosParalela& d, bool& repetida);
+
+// Closes a document. With a liquidation's code that is the document that it is tied to from now on.
+[[nodiscard]] bool CerrarParalela(Puesto& p, qint64 codigo, qint64 liquidacion = 0);
+
+// The series that boletas carry, read from the store while the session has none yet.
+[[nodiscard]] bool SerieDeBoletas(Puesto& p, QString& serie);

@@ -1,0 +1,33 @@
+#pragma once
+// The rows of Acumulacion_Punto, as the sale and the sending of the queue write them.
+#include <QString>
+#include <optional>
+
+#include "loyalty/puntos.h"
+
+class Conexion;
+
+struct Acumulacion {
+  QString cliente;  // cClieCode
+  int idLocal = 0;
+  qint64 codigo = 0;  // cAcumCode, numbered per customer and site
+  QString tarjeta;
+  double importe = 0;
+  int puntos = 0;
+  QString usuario;
+  ClavePuntos documento;
+};
+
+// Kinds of customer by Cliente.iTipo: the only one that earns points.
+constexpr int kClienteConPuntos = 1;
+
+// The kind of a customer; -1 without such a customer or when the kind isn't known. False when the query fails, and then
+// the box has been shown.
+[[nodiscard]] bool LeerTipoCliente(Puesto& p, Conexion& cnn, const QString& cliente, int idLocal, int& tipo);
+
+// The number that the next row of the customer takes. False when the query fails, and then the box has been shown.
+[[nodiscard]] bool SiguienteAcumulacion(Puesto& p, Conexion& cnn, const QString& cliente, int idLocal, qint64& codigo);
+
+// Inserts the row. `fecha` is an expression of the connection's dialect; `enCola` marks a row that waits to be sent.
+[[nodiscard]] bool InsertarAcumulacion(Puesto& p, Conexion& cnn, const Acumulacion& a, const QString& fecha,
+                                       bool enCola);

@@ -1,0 +1,170 @@
+#include "sale/caja_liquidacion.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "foundation/puesto.h"
+#include "platform/text/fecha.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+#include "sale/caja_lineas.h"
+#include "sale/caja_totales.h"
+
+namespace {
+
+constexpr QStringView kImporte = u"0.00";
+
+const QString kConsultaTX = QStringLiteral(
+    " SELECT b.cOperCode, b.nTarjNumb, C.cClieCode, c.sName, b.nMoneda, b.nMontoDolares,"
+    " b.dOperFech, b.nMontoSoles, b.cOperTipo, b.sGlosa, cOpercodeRela, cdocserie, cdoccodigo"
+    " FROM OperacionParalela b LEFT JOIN"
+    " (SELECT Cliente.cClieCode, Tarjeta.nTarjNumb, sClieApel + ' ' + sClieName as sName"
+    " FROM CLIENTE inner join Tarjeta"
+    " ON Cliente.cClieCode = Tarjeta.cClieCode) c"
+    " ON b.nTarjNumb = c.nTarjNumb"
+    " WHERE %1 = %2 AND b.cEstado = '1'");
+
+// The same column names are read for both lists; only one of `original` and `pade` is shown in each.
+LineaTX lineaDe(const Recordset::Fila& r) {
+  const int tipo = static_cast<int>(AEntero(Numero(r[u"cOperTipo"])));
+  const bool dolares = Numero(r[u"nMoneda"]) == 2;
+  LineaTX l;
+  l.tx = LimpiarNulo(r[u"cOperCode"]);
+  l.tipo = tipo == 21 ? QStringLiteral("N/C") : tipo == 23 ? QStringLiteral("PADV") : QStringLiteral("PADE");
+  l.doc = LimpiarNulo(r[u"cdocserie"]) + u'-' + LimpiarNulo(r[u"cdoccodigo"]);
+  l.tarjeta = LimpiarNulo(r[u"nTarjNumb"]);
+  l.total = Formatear(Numero(r[u"nMontoSoles"]), kImporte);
+  l.fecha = FormatearFecha(r[u"dOperFech"].toDateTime(), u"dd/mm/yyyy");
+  l.original = dolares ? QStringLiteral("US$ ") + Formatear(Numero(r[u"nMontoDolares"]), kImporte)
+                       : QStringLiteral("S/. ") + l.total;
+  l.clienteGlosa = LimpiarNulo(r[u"sName"]) + QStringLiteral(" - ") + LimpiarNulo(r[u"sGlosa"]);
+  l.pade = LimpiarNulo(r[u"cOpercodeRela"]);
+  return l;
+}
+
+bool esta(const std::vector<LineaTX>& lista, const QString& tx) {
+  return std::any_of(lista.begin(), lista.end(), [&tx](const LineaTX& l) { return l.tx == tx; });
+}
+
+// A card of customers at two sites gives a document's row twice; it is one document all the same.
+void juntar(std::vector<LineaTX>& lista, const Recordset& rs) {
+  for (const auto& r : rs) {
+    const LineaTX l = lineaDe(r);
+    if (!esta(lista, l.tx)) lista.push_back(l);
+  }
+}
+
+double suma(const std::vector<LineaTX>& lista) {
+  double s = 0;
+  for (const auto& l : lista) s += LeerImporte(l.total);
+  return s;
+}
+
+bool filasLiquidadas(Puesto& p, qint64 codigo, std::vector<FilaVenta>& filas) {
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(
+          p.poCnnLocal,
+          QStringLiteral(" SELECT cAlmaCode, cProdCode, nProdCant as Cant,"
+                         " nProdPrecUnit as Precio, nDscto As Dscto, nServicio as Servicio"
+                         " From OperacionParalelaProducto WHERE cOperCode IN("
+                         " Select cOpercode From Operacionparalela Where cOperTipo= 21 and cOperflagAbierto=1"
+                         " and cOpercodeRela = %1)").arg(codigo),
+          rs)) {
+    return false;
+  }
+  for (const auto& r : rs) {
+    FilaVenta f;
+    f[kPrecio] = Formatear(Numero(r[u"Precio"]), kImporte);
+    f[kConServ] = Numero(r[u"Servicio"]) > 0 ? QStringLiteral("SI") : QStringLiteral("NO");
+    const QString codigoProducto = LimpiarNulo(r[u"cProdCode"]);
+    if (!LeerArticulo(p, LimpiarNulo(r[u"cAlmaCode"]), codigoProducto, f)) return false;
+    const double porcentaje = Numero(r[u"Dscto"]);
+    f[kItem] = QString::number(filas.size() + 1);
+    f[kCant] = Formatear(Numero(r[u"Cant"]), kImporte);
+    f[kSigno] = porcentaje > 0 ? QStringLiteral("+") : QStringLiteral("-");
+    f[kPorc] = Formatear(std::fabs(porcentaje), u"##0.00");
+    filas.push_back(f);
+  }
+  return true;
+}
+
+}  // namespace
+
+QString CodigoTXL(const QString& texto) {
+  const QString t = Recortar(texto);
+  return t.isEmpty() ? t : Rellenar(t, 6, u'0');
+}
+
+void TotalesTX(const Puesto& p, CajaRegistradoraFull& v) {
+  const double pagado = suma(v.lvwTX[0]), consumido = suma(v.lvwTX[1]);
+  v.txtTotalPA = Formatear(pagado, kImporte);
+  v.txtTotalNC = Formatear(consumido, kImporte);
+  v.txtSoles = Formatear(consumido - pagado, kImporte);
+  v.txtDolares = Formatear(p.ses.pnTipoCambio > 0 ? (consumido - pagado) / p.ses.pnTipoCambio : 0, kImporte);
+  v.txtEfectivoSoles = v.txtEfectivoDolares = v.txtVueltoSoles = v.txtVueltoDolares = QStringLiteral("0.00");
+  v.efectivoTecleado = false;
+  CalculaVuelto(p, v);
+}
+
+bool EfectivoFijo(const CajaRegistradoraFull& v) {
+  return v.nTipoVenta == kLIQPAD && LeerImporte(v.txtSoles) == 0;
+}
+
+std::optional<Foco> AgregarTX(Puesto& p, CajaRegistradoraFull& v, int lista) {
+  const auto i = static_cast<size_t>(lista);
+  const Foco campo{QStringLiteral("txtTXL(%1)").arg(lista)};
+  v.txtTXL[i] = CodigoTXL(v.txtTXL[i]);
+  if (v.txtTXL[i].isEmpty()) {
+    p.mensajes.mostrar(QStringLiteral("Debe ingresar el código de transacción."));
+    return campo;
+  }
+  const QString codigo = TextoDe(Val(v.txtTXL[i]));
+  if (esta(v.lvwTX[i], codigo)) {
+    p.mensajes.mostrar(QStringLiteral("El código de transacciòn ya existe."));
+    return campo;
+  }
+  Recordset documento, notas;
+  const auto leer = [&p, &codigo](const QString& campoClave, Recordset& rs) {
+    return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, kConsultaTX.arg(campoClave, codigo), rs);
+  };
+  if (!leer(QStringLiteral("cOperCode"), documento) || documento.Eof()) return campo;
+  if (lista == 0 && !leer(QStringLiteral("cOperCodeRela"), notas)) return campo;
+  juntar(v.lvwTX[i], documento);
+  juntar(v.lvwTX[1], notas);
+  TotalesTX(p, v);
+  return {};
+}
+
+void EliminarTX(const Puesto& p, CajaRegistradoraFull& v, int lista, int fila) {
+  auto& filas = v.lvwTX[static_cast<size_t>(lista)];
+  if (fila < 0 || fila >= static_cast<int>(filas.size())) return;
+  const QString tx = filas[static_cast<size_t>(fila)].tx;
+  filas.erase(filas.begin() + fila);
+  if (lista == 0) std::erase_if(v.lvwTX[1], [&tx](const LineaTX& nota) { return nota.pade == tx; });
+  TotalesTX(p, v);
+}
+
+void VaciarLiquidacion(CajaRegistradoraFull& v) {
+  for (QString* campo : {&v.txtLiq, &v.txtliqefectivosoles, &v.txtliqefectivodolares, &v.txtliqvueltosoles,
+                         &v.ttxliqvueltodolares, &v.txtliqpade}) {
+    campo->clear();
+  }
+}
+
+bool CargaLiquidacion(Puesto& p, CajaRegistradoraFull& v, qint64 codigo) {
+  std::vector<FilaVenta> filas;
+  if (!filasLiquidadas(p, codigo, filas)) return false;
+  if (filas.empty()) {
+    v.bVoucherListo = false;
+    return true;
+  }
+  v.lineas = filas;
+  v.bConservarLineas = true;
+  Inicio(p, v);
+  v.bConservarLineas = false;
+  v.tipos = v.bVoucherListo ? std::vector<TipoVenta>{kEfectivo, kVoucher, kOC} : std::vector<TipoVenta>{kEfectivo, kOC};
+  PonerTipo(v, v.bVoucherListo ? kVoucher : kEfectivo);
+  v.bLiquidando = true;
+  CalculaTotales(p, v);
+  return true;
+}

@@ -1,0 +1,45 @@
+#pragma once
+// The screens that a register opens, scripted: what each of them gives back, and which were asked for.
+#include <QStringList>
+
+#include "sale/pantallas_venta.h"
+
+class PantallasGuion : public PantallasVenta {
+ public:
+  std::optional<QString> supervisor;
+  std::optional<EfectivoVoucher> efectivoVoucher;
+  std::optional<EfectivoDocumento> efectivo;
+  std::optional<QString> articulo;
+  std::optional<TarjetaElegida> cliente;
+  std::optional<DocumentoElegido> documento;
+  QStringList faltan;    // screens that are not there
+  QStringList abiertas;  // screens that are, with what they were given
+  int pedidas = 0;       // authorisations
+
+  std::optional<QString> autorizar(const QString&) override {
+    ++pedidas;
+    return supervisor;
+  }
+  std::optional<EfectivoVoucher> voucher(const PedidoVoucher& pedido) override {
+    abiertas << QStringLiteral("voucher %1 %2").arg(pedido.nTipoVenta).arg(pedido.txtSoles);
+    return efectivoVoucher;
+  }
+  std::optional<EfectivoDocumento> pagoEfectivo(double total) override {
+    abiertas << QStringLiteral("efectivo %1").arg(total);
+    return efectivo;
+  }
+  std::optional<QString> buscarArticulo() override {
+    abiertas << QStringLiteral("artículos");
+    return articulo;
+  }
+  std::optional<TarjetaElegida> buscarCliente(const QString& texto) override {
+    abiertas << QStringLiteral("clientes ") + texto;
+    return cliente;
+  }
+  std::optional<DocumentoElegido> buscarParalela(ListaParalela lista, bool soloVer) override {
+    abiertas << QStringLiteral("paralela %1%2").arg(static_cast<int>(lista)).arg(soloVer ? u" ver" : u"");
+    return documento;
+  }
+  void retiro() override { abiertas << QStringLiteral("retiro"); }
+  void noDisponible(const QString& pantalla) override { faltan << pantalla; }
+};
