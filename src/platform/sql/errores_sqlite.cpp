@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
+
 namespace {
 
 struct Palabras {
@@ -22,6 +24,16 @@ const Palabras kPalabras[] = {
     {SQLITE_NOMEM, u"No hay memoria suficiente."},
     {SQLITE_INTERRUPT, u"La consulta fue interrumpida."},
 };
+
+// Limits of size and quotas are a full disk to the person at the desk; the engine knows them as a failed write only.
+bool sinEspacio(sqlite3* base, int primario) {
+  if (primario != SQLITE_IOERR || !base) return false;
+  const int sistema = sqlite3_system_errno(base);
+#ifdef EDQUOT
+  if (sistema == EDQUOT) return true;
+#endif
+  return sistema == EFBIG || sistema == ENOSPC;
+}
 
 bool deSentencia(int codigo) {
   switch (codigo) {
@@ -51,7 +63,7 @@ ErrorBD errorDe(sqlite3* base, int codigo) {
   }
   if (deSentencia(primario)) return {kErrorSentencia, primario, motor};
   for (const Palabras& p : kPalabras) {
-    if (p.codigo == primario) {
+    if (p.codigo == (sinEspacio(base, primario) ? SQLITE_FULL : primario)) {
       return {kErrorGeneral, extendido, QStringLiteral("%1 (%2)").arg(QString::fromUtf16(p.texto), motor)};
     }
   }
