@@ -195,6 +195,19 @@ const RegistradoraDePrueba kRegistradoras[] = {
 class Registradoras : public testing::TestWithParam<RegistradoraDePrueba> {};
 INSTANTIATE_TEST_SUITE_P(Caja, Registradoras, testing::ValuesIn(kRegistradoras),
                          [](const auto& r) { return r.param.nombre; });
+const QByteArray kHastaElPago = kRegistradoras[0].hastaElPago;
+
+TEST(Caja, ReportsOfTheTurnAndOfADate) {
+  const Puesto p(abierto());
+  EXPECT_EQ(p.filas(QStringLiteral("INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, cUserActi) "
+                                   "VALUES ('rovel', 'soporte', 1, 1)")), "{\"afectadas\":1}\n[estado 0]\n");
+  tocaComoSeEspera(p, QStringLiteral("reportes"));
+  EXPECT_EQ(p.papel().count(QStringLiteral("X  CHECK                             01")), 1) << "the second had no central database";
+  EXPECT_EQ(p.papel().count(QStringLiteral("Z  CHECK                             01")), 1);
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT COUNT(*) FROM Operacion WHERE cOperTipo = 10")), "[3]");
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT idz, Imac FROM _Tmp1 WHERE prn = 1")), "[0,0]") << "by date no counter moves";
+}
+
 
 // No number is on two papers, the counters are not behind any number in use, and the store is sound.
 void exigirNumerosSanos(const Puesto& p) {
