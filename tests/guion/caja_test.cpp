@@ -214,7 +214,7 @@ TEST_P(Registradoras, AKillAtAnyStepLeavesADeskThatStartsAndSellsOn) {
       }
       const QString despues =
           p.tocaLineas(GetParam().hastaElPago + QByteArray("tecla Ctrl+Enter\nlee ") + GetParam().vacio + '\n');
-      EXPECT_TRUE(despues.endsWith(QLatin1String(GetParam().vacio) + u"=\nok\n[estado 0]\n")) << qUtf8Printable(despues);
+      EXPECT_TRUE(despues.endsWith(QString::fromLatin1(GetParam().vacio) + QStringLiteral("=\nok\n[estado 0]\n"))) << qUtf8Printable(despues);
       exigirNumerosSanos(p);
     }
   }
