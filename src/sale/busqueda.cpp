@@ -37,24 +37,26 @@ Consulta deArticulos(const Puesto& p, const QString& texto) {
   return c;
 }
 
-// Two branches instead of one OR over both tables: each reads one table through and looks up the other for what matches
-// only, and the first page ends the reading.
+// Two branches instead of one OR over both tables: each reads the keys of one table through, which an index holds, and
+// looks up the rest for what matches only; the first page ends the reading.
 Consulta deClientela(const Puesto& p, const QString& texto) {
-  const QString columnas = QStringLiteral(" nTarjNumb, a.cClieCode, sClieApel , sClieName , dNacmDate, c.IdLocal, "
-                                          " nPuntCant , nTickCant, dUltTDate");
+  const QString columnas = QStringLiteral(" c.nTarjNumb, a.cClieCode, a.sClieApel , a.sClieName , a.dNacmDate, c.IdLocal, "
+                                          " a.nPuntCant , a.nTickCant, a.dUltTDate");
   const QString vigentes =
-      FormatearSQL(QStringLiteral(" WHERE c.cTarjActi = 1 AND c.dcadudate >= CONVERT(DATETIME,'$',120)"
+      FormatearSQL(QStringLiteral(" c.cTarjActi = 1 AND c.dcadudate >= CONVERT(DATETIME,'$',120)"
                                   " AND a.cClieCode = c.cClieCode AND a.IdLocal = c.IdLocal"),
                    {FormatearFecha(p.reloj.now(), u"yyyy-mm-dd") + QStringLiteral(" 00:00:00")});
-  const QString porNombre = QStringLiteral(" FROM Cliente a CROSS JOIN Tarjeta c") + vigentes;
-  const QString porTarjeta = QStringLiteral(" FROM Tarjeta c CROSS JOIN Cliente a") + vigentes;
-  if (texto.isEmpty()) return {columnas, porNombre, {}};
+  if (texto.isEmpty()) return {columnas, QStringLiteral(" FROM Cliente a CROSS JOIN Tarjeta c WHERE") + vigentes, {}};
   const QString parecido = QStringLiteral(" LIKE '%") + texto + QStringLiteral("%'");
   const QString seleccion = QStringLiteral("SELECT") + columnas;
   return {QStringLiteral(" *"),
-          QStringLiteral(" FROM (") + seleccion + porNombre + QStringLiteral(" AND sClieApel") + parecido +
-              QStringLiteral(" UNION ALL ") + seleccion + porTarjeta + QStringLiteral(" AND nTarjNumb") + parecido +
-              QStringLiteral(" AND NOT (ISNULL(sClieApel,'')") + parecido + QStringLiteral(")) x"),
+          QStringLiteral(" FROM (") + seleccion +
+              QStringLiteral(" FROM Cliente k CROSS JOIN Cliente a CROSS JOIN Tarjeta c WHERE k.sClieApel") + parecido +
+              QStringLiteral(" AND a.cClieCode = k.cClieCode AND a.IdLocal = k.IdLocal AND") + vigentes +
+              QStringLiteral(" UNION ALL ") + seleccion +
+              QStringLiteral(" FROM Tarjeta k CROSS JOIN Tarjeta c CROSS JOIN Cliente a WHERE k.nTarjNumb") + parecido +
+              QStringLiteral(" AND c.nTarjNumb = k.nTarjNumb AND c.IdLocal = k.IdLocal AND") + vigentes +
+              QStringLiteral(" AND NOT (ISNULL(a.sClieApel,'')") + parecido + QStringLiteral(")) x"),
           {}};
 }
 
@@ -168,22 +170,22 @@ const ClaseBusqueda& ClaseDe(TipoBusqueda tipo) {
   using S = std::vector<ColumnaBusqueda>;
   static const ClaseBusqueda articulos{
       QStringLiteral("Listado de Articulos"),
-      S{{QStringLiteral("Cod."), 0.06, true}, {QStringLiteral("Cod. Catálogo"), 0.12},
-        {QStringLiteral("Descripción"), 0.27}, {QStringLiteral("Descripción Corta"), 0.19},
-        {QStringLiteral("Precio Unitario"), 0.13, true}, {QStringLiteral("Linea"), 0.12}, {QStringLiteral("Estado"), 0.08},
-        {QStringLiteral("Canje"), 0.07}, {QStringLiteral("Puntos"), 0.07, true}, {QStringLiteral("(%)Serv"), 0.08},
-        {QStringLiteral("Proveedor"), 0.2}}};
+      S{{QStringLiteral("Cod."), 0.07, true}, {QStringLiteral("Cod. Catálogo"), 0.15},
+        {QStringLiteral("Descripción"), 0.28}, {QStringLiteral("Descripción Corta"), 0.19},
+        {QStringLiteral("Precio Unitario"), 0.16, true}, {QStringLiteral("Linea"), 0.14}, {QStringLiteral("Estado"), 0.09},
+        {QStringLiteral("Canje"), 0.08}, {QStringLiteral("Puntos"), 0.09, true}, {QStringLiteral("(%)Serv"), 0.1},
+        {QStringLiteral("Proveedor"), 0.25}}};
   static const ClaseBusqueda clientes{
       QStringLiteral("Listado de Clientes"),
-      S{{QStringLiteral("Tarjeta"), 0.12}, {QStringLiteral("Id Local"), 0.08, true}, {QStringLiteral("Cliente"), 0.34},
-        {QStringLiteral("Fecha Nacimiento"), 0.16}, {QStringLiteral("Puntos"), 0.07, true},
-        {QStringLiteral("Tickets"), 0.07, true}, {QStringLiteral("Ult.Transacción"), 0.16}}};
+      S{{QStringLiteral("Tarjeta"), 0.12}, {QStringLiteral("Id Local"), 0.1, true}, {QStringLiteral("Cliente"), 0.25},
+        {QStringLiteral("Fecha Nacimiento"), 0.18}, {QStringLiteral("Puntos"), 0.09, true},
+        {QStringLiteral("Tickets"), 0.09, true}, {QStringLiteral("Ult.Transacción"), 0.17}}};
   const auto documentos = [](const QString& titulo) {
     return ClaseBusqueda{
         titulo,
-        S{{QStringLiteral("Operacion"), 0.1, true}, {QStringLiteral("Tipo Venta"), 0.1},
-          {QStringLiteral("Nº Tarjeta"), 0.12}, {QStringLiteral("Documento"), 0.12},
-          {QStringLiteral("Cliente - Glosa"), 0.32}, {QStringLiteral("Monto"), 0.12, true},
+        S{{QStringLiteral("Operacion"), 0.12, true}, {QStringLiteral("Tipo Venta"), 0.12},
+          {QStringLiteral("Nº Tarjeta"), 0.12}, {QStringLiteral("Documento"), 0.13},
+          {QStringLiteral("Cliente - Glosa"), 0.27}, {QStringLiteral("Monto"), 0.12, true},
           {QStringLiteral("Fecha"), 0.12}, {QStringLiteral("MontoVal"), 0, true}, {QStringLiteral("Moneda"), 0}}};
   };
   static const ClaseBusqueda adelantos = documentos(QStringLiteral("Seleccione Pago Adelantado"));

@@ -40,21 +40,23 @@ frmBusquedaArticulos::frmBusquedaArticulos(Puesto& p, TipoBusqueda tipo, const Q
                                                   "adelantado."),
                                    QStringLiteral("cuidado")));
   }
-  tecla(Qt::Key_PageDown, [this] { paginar(Paginado::Siguiente); }, QStringLiteral("página siguiente"), true);
-  tecla(Qt::Key_PageUp, [this] { paginar(Paginado::Anterior); }, QStringLiteral("página anterior"), true);
+  tecla(Qt::Key_PageDown, [this] { paginar(Paginado::Siguiente); }, QStringLiteral("siguiente"), true);
+  tecla(Qt::Key_PageUp, [this] { paginar(Paginado::Anterior); }, QStringLiteral("anterior"), true);
   tecla(Qt::CTRL | Qt::Key_Home, [this] { paginar(Paginado::Primera); }, QStringLiteral("primera"), true);
   tecla(Qt::CTRL | Qt::Key_End, [this] { paginar(Paginado::Ultima); }, QStringLiteral("última"), true);
   // The buttons' letters: a mnemonic presses a moment later, when the next key has been typed already.
   tecla(Qt::ALT | Qt::Key_B, [this] { buscar(); });
   tecla(Qt::ALT | Qt::Key_S, [this] { seleccionar(); });
   tecla(Qt::ALT | Qt::Key_A, [this] { reject(); });
-  indicio(QStringLiteral("Enter buscar o seleccionar  ·  Esc cancelar"));
+  indicio(QStringLiteral("Enter elegir  ·  Esc salir"));
   connect(lista_, &Lista::elegida, this, &frmBusquedaArticulos::seleccionar);
-  resize(1000, 720);
+  resize(1016, 740);
 
   InicioBusqueda(p_, b_);
   mostrar();
-  txtBuscar_->setFocus();
+  // A text that came along has been searched already: what is left is to choose.
+  if (!texto.isEmpty() && lista_->filas() > 0) lista_->setFocus();
+  else txtBuscar_->setFocus();
 }
 
 QWidget* frmBusquedaArticulos::nuevoFiltro() {

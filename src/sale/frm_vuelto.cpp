@@ -43,7 +43,7 @@ frmVuelto::frmVuelto(Puesto& p, double total, QWidget* padre)
     else focusNextChild();
   });
   indicio(QStringLiteral("Alt+S soles  ·  Alt+U dólares  ·  Alt+V vuelto en dólares  ·  Esc salir"));
-  setMinimumWidth(640);
+  setMinimumWidth(700);
   enlaces_.mostrar();
   txtEfectivo_->setFocus();
 }

@@ -116,7 +116,7 @@ TEST_F(Voucher, CardsTakeWhatIsLeft) {
 TEST(Busqueda, PagesOfArticles) {
   PuestoPrueba p;
   for (int n = 1; n <= 36; ++n) {
-    p.articulo(n, q("%1 ARTICULO").arg(n, 2, 10, QChar(u'0')), 1, false, n % 2 ? q("O'%1").arg(n) : q("P%1").arg(n));
+    p.articulo(n, q("%1 ARTICULO").arg(n, 2, 10, QChar(u'0')), 1, false, n % 2 ? q("O''%1").arg(n) : q("P%1").arg(n));
   }
   p.ejecuta(q("UPDATE Producto SET nActivo = 0 WHERE cProdCode = 36"));
   p.ejecuta(q("INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, cProdEstd, nActivo) VALUES ('02', 1, 'AJENO', 1, 1)"));

@@ -17,7 +17,13 @@ Byte latinMinuscula(Byte b) { return b >= 0x80 && b <= 0x9E && b != 0x97 ? stati
 
 // Folds `texto` into `a`, which has room for it. False for letters beyond Latin-1.
 bool plegar(std::string_view texto, char* a) {
-  Byte antes = 0;
+  Byte todos = 0, antes = 0;
+  for (size_t i = 0; i < texto.size(); ++i) {  // plain ASCII, as nearly all texts are: without a branch
+    const Byte b = static_cast<Byte>(texto[i]);
+    todos |= b;
+    a[i] = static_cast<char>(b + (static_cast<Byte>(b - 'A') < 26 ? 0x20 : 0));
+  }
+  if (todos < 0x80) return true;
   for (const char c : texto) {
     Byte b = static_cast<Byte>(c);
     if (b < 0x80) b = minuscula(b);

@@ -218,11 +218,11 @@ const Contiene* busquedaDe(sqlite3_context* c, sqlite3_value* patron) {
 }
 
 void fLike(sqlite3_context* c, int n, sqlite3_value** v) {
-  if (hayNulo(n, v)) return;
-  const bool textos = sqlite3_value_type(v[0]) == SQLITE_TEXT && sqlite3_value_type(v[1]) == SQLITE_TEXT;
-  if (const Contiene* busqueda = n == 2 && textos ? busquedaDe(c, v[1]) : nullptr) {
+  const bool textos = n == 2 && sqlite3_value_type(v[0]) == SQLITE_TEXT && sqlite3_value_type(v[1]) == SQLITE_TEXT;
+  if (const Contiene* busqueda = textos ? busquedaDe(c, v[1]) : nullptr) {
     if (const auto hay = busqueda->en(bytesDe(v[0]))) return sqlite3_result_int(c, *hay);
   }
+  if (hayNulo(n, v)) return;
   const QString escape = n > 2 ? textoDe(v[2]) : QString();
   sqlite3_result_int(c, pareceSql(textoDe(v[0]), textoDe(v[1]), entornoDe(c).dialecto,
                                   escape.isEmpty() ? QChar() : escape[0]));
