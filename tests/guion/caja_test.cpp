@@ -177,6 +177,17 @@ TEST(Caja, SellsOnWhateverIsAway) {
   EXPECT_EQ(p.filas(QStringLiteral("SELECT DISTINCT cDocCodigo FROM Operacion ORDER BY 1")), "[1],[2],[3]");
 }
 
+TEST(Caja, ReportsOfTheTurnAndOfADate) {
+  const Puesto p(abierto());
+  EXPECT_EQ(p.filas(QStringLiteral("INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, cUserActi) "
+                                   "VALUES ('rovel', 'soporte', 1, 1)")), "{\"afectadas\":1}\n[estado 0]\n");
+  tocaComoSeEspera(p, QStringLiteral("reportes"));
+  EXPECT_EQ(p.papel().count(QStringLiteral("X  CHECK                             01")), 1) << "the second had no central database";
+  EXPECT_EQ(p.papel().count(QStringLiteral("Z  CHECK                             01")), 1);
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT COUNT(*) FROM Operacion WHERE cOperTipo = 10")), "[3]");
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT idz, Imac FROM _Tmp1 WHERE prn = 1")), "[0,0]") << "by date no counter moves";
+}
+
 // A register: the play up to the commit of a first sale, what takes that sale off the screen and types another, with
 // article 101, and a field that is empty once a sale is over.
 struct RegistradoraDePrueba {
@@ -196,18 +207,6 @@ class Registradoras : public testing::TestWithParam<RegistradoraDePrueba> {};
 INSTANTIATE_TEST_SUITE_P(Caja, Registradoras, testing::ValuesIn(kRegistradoras),
                          [](const auto& r) { return r.param.nombre; });
 const QByteArray kHastaElPago = kRegistradoras[0].hastaElPago;
-
-TEST(Caja, ReportsOfTheTurnAndOfADate) {
-  const Puesto p(abierto());
-  EXPECT_EQ(p.filas(QStringLiteral("INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, cUserActi) "
-                                   "VALUES ('rovel', 'soporte', 1, 1)")), "{\"afectadas\":1}\n[estado 0]\n");
-  tocaComoSeEspera(p, QStringLiteral("reportes"));
-  EXPECT_EQ(p.papel().count(QStringLiteral("X  CHECK                             01")), 1) << "the second had no central database";
-  EXPECT_EQ(p.papel().count(QStringLiteral("Z  CHECK                             01")), 1);
-  EXPECT_EQ(p.filas(QStringLiteral("SELECT COUNT(*) FROM Operacion WHERE cOperTipo = 10")), "[3]");
-  EXPECT_EQ(p.filas(QStringLiteral("SELECT idz, Imac FROM _Tmp1 WHERE prn = 1")), "[0,0]") << "by date no counter moves";
-}
-
 
 // No number is on two papers, the counters are not behind any number in use, and the store is sound.
 void exigirNumerosSanos(const Puesto& p) {
@@ -258,7 +257,7 @@ TEST_P(Registradoras, AKillAtAnyStepLeavesADeskThatStartsAndSellsOn) {
       }
       const QString despues =
           p.tocaLineas(GetParam().hastaElPago + QByteArray("tecla Ctrl+Enter\nlee ") + GetParam().vacio + '\n');
-      EXPECT_TRUE(despues.endsWith(QLatin1String(GetParam().vacio) + u"=\nok\n[estado 0]\n")) << qUtf8Printable(despues);
+      EXPECT_TRUE(despues.endsWith(QString::fromLatin1(GetParam().vacio) + QStringLiteral("=\nok\n[estado 0]\n"))) << qUtf8Printable(despues);
       exigirNumerosSanos(p);
     }
   }
