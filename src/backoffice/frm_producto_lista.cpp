@@ -33,6 +33,7 @@ frmProductoLista::frmProductoLista(Puesto& p, QWidget* padre)
   conActivar();
   std::vector<FilaProducto> filas;
   if (LeerProductos(p, filas)) llenarCon(filas, filaDe);
+  resize(1000, 680);
 }
 
 std::optional<FilaLista> frmProductoLista::detalle(ModoDetalle modo, const FilaLista* fila) {
