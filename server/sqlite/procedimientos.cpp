@@ -9,6 +9,7 @@ using Error = std::optional<ErrorBD>;
 
 constexpr int kFaltanArgumentos = 201;
 constexpr int kNoEsFecha = 241;
+constexpr int kCierreEnMarcha = -1;
 
 // The first failure ends the rest.
 Error todas(AccesoMotor& bd, std::initializer_list<std::pair<const char*, QVariantList>> sentencias) {
@@ -30,8 +31,15 @@ Error noEsFecha(const QVariant& texto) {
   return ErrorBD{kErrorSentencia, kNoEsFecha, QStringLiteral("«%1» no es una fecha.").arg(texto.toString())};
 }
 
-// A new head for the detail of a closing; gives its number.
+// A new head for the detail of a closing; gives its number. What a closing of the same till left behind when it was
+// interrupted goes first: it is begun again.
 Error insertarCabeceraZ1(AccesoMotor& bd, const QVariantList& a, Recordset& rs) {
+  if (a[1].toInt() == kCierreEnMarcha) {
+    if (auto error = todas(bd, {
+            {"DELETE FROM TDETALLEZ1 WHERE nidZ1 IN (SELECT idZ1 FROM TCABECERAZ1 WHERE cCajaCodi = ? AND nidEstado = -1)", {a[0]}},
+            {"DELETE FROM TCABECERAZ1 WHERE cCajaCodi = ? AND nidEstado = -1", {a[0]}},
+        })) return error;
+  }
   if (auto error = bd.ejecutar(QStringLiteral("INSERT INTO TCABECERAZ1 (cCajaCodi, nidEstado, dFecha) VALUES (?, ?, ?)"),
                                {a[0], a[1], FechaISO(bd.ahora())})) return error;
   return bd.consultar(QStringLiteral("SELECT last_insert_rowid() AS idZ1"), {}, rs);

@@ -8,7 +8,12 @@
 #include "cashday/principal.h"
 #include "foundation/puesto.h"
 #include "sale/frm_autorizar.h"
+#include "sale/frm_busqueda_articulos.h"
 #include "sale/frm_caja_full.h"
+#include "sale/frm_caja_rapida.h"
+#include "sale/frm_caja_voucher.h"
+#include "sale/frm_pago.h"
+#include "sale/frm_vuelto.h"
 
 namespace {
 
@@ -19,12 +24,36 @@ QWidget* padre() {
 
 }  // namespace
 
-void Pantallas::abrirRapida() { noDisponible(QStringLiteral("Caja Registradora")); }
+void Pantallas::abrirRapida() { vender(Registradora::Rapida); }
 
-void Pantallas::abrirFull() {
-  frmCajaRegistradoraFull f(p_, *this, padre());
-  f.exec();
+void Pantallas::abrirFull() { vender(Registradora::Full); }
+
+void Pantallas::vender(Registradora cual) {
+  siguiente_ = {cual, {}};
+  while (siguiente_) {
+    const auto [registradora, venta] = *siguiente_;
+    siguiente_.reset();
+    if (registradora == Registradora::Rapida) {
+      frmCajaRegistradora f(p_, *this, padre());
+      f.recibir(venta);
+      f.exec();
+    } else {
+      frmCajaRegistradoraFull f(p_, *this, padre());
+      RecibirVenta(p_, f.venta(), venta);
+      f.mostrar();
+      f.exec();
+    }
+  }
 }
+
+bool Pantallas::pasarA(Registradora cual, const VentaEnCurso& venta) {
+  siguiente_ = {cual, venta};
+  return true;
+}
+
+bool Pantallas::irARapida(const VentaEnCurso& venta) { return pasarA(Registradora::Rapida, venta); }
+
+bool Pantallas::irAFull(const VentaEnCurso& venta) { return pasarA(Registradora::Full, venta); }
 
 void Pantallas::tipoCambioLista() {
   frmTipoCambioLista f(p_, padre());
@@ -58,32 +87,34 @@ bool Pantallas::sincronizar(bool) { return false; }
 
 std::optional<QString> Pantallas::autorizar(const QString& acto) { return autorizarOperacion(p_, padre(), acto); }
 
-std::optional<EfectivoVoucher> Pantallas::voucher(const PedidoVoucher&) {
-  noDisponible(QStringLiteral("Caja Voucher"));
-  return {};
+std::optional<EfectivoVoucher> Pantallas::voucher(const PedidoVoucher& pedido) {
+  return pedirVoucher(p_, padre(), pedido);
 }
 
-std::optional<EfectivoDocumento> Pantallas::pagoEfectivo(double) {
-  noDisponible(QStringLiteral("Pago en Efectivo"));
-  return {};
-}
+std::optional<EfectivoDocumento> Pantallas::pagoEfectivo(double total) { return pedirEfectivo(p_, padre(), total); }
 
 std::optional<QString> Pantallas::buscarArticulo() {
-  noDisponible(QStringLiteral("Búsqueda de artículos"));
-  return {};
+  const auto fila = elegirEnBusqueda(p_, padre(), TipoBusqueda::Producto);
+  return fila ? std::optional(fila->codigo) : std::nullopt;
 }
 
-std::optional<TarjetaElegida> Pantallas::buscarCliente(const QString&) {
-  noDisponible(QStringLiteral("Búsqueda de clientes"));
-  return {};
+std::optional<TarjetaElegida> Pantallas::buscarCliente(const QString& texto) {
+  const auto fila = elegirEnBusqueda(p_, padre(), TipoBusqueda::Cliente, texto);
+  return fila ? std::optional(TarjetaElegida{fila->codigo, fila->idLocal}) : std::nullopt;
 }
 
-std::optional<DocumentoElegido> Pantallas::buscarParalela(ListaParalela, bool) {
-  noDisponible(QStringLiteral("Pago Adelantado"));
-  return {};
+std::optional<DocumentoElegido> Pantallas::buscarParalela(ListaParalela lista, bool soloVer) {
+  const TipoBusqueda tipo = lista == ListaParalela::PagoAdelantado ? TipoBusqueda::PagoAdelantado
+                            : lista == ListaParalela::Liquidacion0 ? TipoBusqueda::Liquidacion0
+                                                                   : TipoBusqueda::Liquidacion1;
+  const auto fila = elegirEnBusqueda(p_, padre(), tipo, {}, soloVer);
+  return fila ? std::optional(fila->documento) : std::nullopt;
 }
 
-void Pantallas::retiro() { noDisponible(QStringLiteral("RECAUDACION - PAGO")); }
+void Pantallas::retiro() {
+  frmPago f(p_, padre());
+  f.exec();
+}
 
 void Pantallas::noDisponible(const QString& pantalla) {
   p_.mensajes.mostrar(QStringLiteral("La opción «") + pantalla +

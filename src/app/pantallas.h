@@ -4,6 +4,7 @@
 
 #include "cashday/pantallas_principal.h"
 #include "sale/pantallas_venta.h"
+#include "sale/traspaso.h"
 
 class QWidget;
 struct Puesto;
@@ -29,9 +30,18 @@ class Pantallas final : public PantallasPrincipal, public PantallasVenta {
   std::optional<TarjetaElegida> buscarCliente(const QString& texto) override;
   std::optional<DocumentoElegido> buscarParalela(ListaParalela lista, bool soloVer) override;
   void retiro() override;
+  bool irARapida(const VentaEnCurso& venta) override;
+  bool irAFull(const VentaEnCurso& venta) override;
   void noDisponible(const QString& pantalla) override;
 
  private:
+  enum class Registradora { Rapida, Full };
+  // Opens a register and, when it hands over, the other one, until one of them just closes.
+  void vender(Registradora cual);
+  bool pasarA(Registradora cual, const VentaEnCurso& venta);
+
   std::function<void()> alRearrancar_;
   Puesto& p_;
+  // The register that is to open next, with its sale.
+  std::optional<std::pair<Registradora, VentaEnCurso>> siguiente_;
 };

@@ -1,18 +1,190 @@
 #include "cashday/reportes.h"
 
+#include "cashday/cierre_z.h"
+#include "cashday/principal.h"
 #include "foundation/puesto.h"
+#include "platform/text/fecha.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
 
 namespace {
 
-bool falta(Puesto& p, const char* nombre) {
-  p.mensajes.mostrar(QStringLiteral("El %1 todavía no está disponible en esta versión.").arg(QString::fromUtf8(nombre)));
-  return false;
+constexpr int kUltimoIntento = 3;
+
+// What sets the papers of the two printers apart.
+struct Hoja {
+  NumeroImpresora impresora;
+  QString tronco, troncoFecha, rotuloCodigo;
+  const ConsultasReporte& consultas;
+  bool alterna() const { return impresora == kImpresoraAlterna; }
+};
+
+const Hoja kHoja{kImpresoraPrincipal, QStringLiteral("RptXOZ"), QStringLiteral("RptFecXOZ"),
+                 QStringLiteral("Código Rep. Z: "), kConsultasX};
+const Hoja kHoja1{kImpresoraAlterna, QStringLiteral("RptX1OZ1"), QStringLiteral("RptFecX1OZ1"),
+                  QStringLiteral("Código Rep. Z1: "), kConsultasX1};
+
+enum class Fin { Hecho, SinCentral, Fallo };
+
+// One report under way; an attempt begins with a new one.
+struct Trabajo {
+  Puesto& p;
+  Principal& v;
+  const Hoja& hoja;
+  const PedidoReporte& pedido;
+  std::optional<QDate> fecha;
+  DatosReporte d;
+  ContadorZ contador;
+  QString error;  // words of a failure that no box has told yet
+
+  bool esZ() const { return pedido.letra == u"Z"; }
+  const QDate* dia() const { return fecha ? &*fecha : nullptr; }
+};
+
+// The mark that a report was taken.
+bool marcar(Trabajo& t) {
+  Puesto& p = t.p;
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral(" SELECT MAX(cOperCode) AS maximo FROM Operacion"), rs)) {
+    return false;
+  }
+  return p.poDBAdmin.EjecutarSentencia(
+      p.poCnnLocal,
+      FormatearSQL(QStringLiteral("INSERT INTO OPERACION (cOperCode, cUserDesc, dOperFech, cOperTipo, cCajaCodi, cTurnoCodi) "
+                                  "VALUES($, '$', '$', $, '$', '$')"),
+                   {AEntero(Numero(rs[u"maximo"])) + 1, ReemplazarComilla(p.ses.psUsuario),
+                    FormatearFecha(t.d.momento, u"DD/MM/YYYY hh:mm"), t.pedido.nOperTipo, p.ses.psCaja, p.ses.psTurno}),
+      true);
+}
+
+// The lines of code and running total.
+void leerCodigo(Trabajo& t, LectorReporte& l) {
+  BloqueZ& z = *t.d.z;
+  const QString acumulado = QStringLiteral("Total acumulado: *");
+  if (t.fecha) {
+    const Recordset rs = l.filas(
+        QStringLiteral("SELECT IIF(ISNULL(MAX(CodigoRep)),1, MAX(CodigoRep)) as CodigoRepX   FROM CabeceraZ "
+                       " WHERE FORMAT(Fecha, 'dd/mm/yyyy') = '%1' ").arg(FormatearFecha(t.fecha->startOfDay(), u"dd/mm/yyyy")));
+    z.codigo = rs.RecordCount() > 0 ? LimpiarNulo(rs[u"CodigoRepX"]) : QStringLiteral("000001");
+    z.acumulado = acumulado + Importe(t.d.cifras.nVenta);
+    return;
+  }
+  t.contador = LeerContadorZ(l, t.hoja.impresora);
+  z.codigo = t.hoja.rotuloCodigo + Ceros(QString::number(t.contador.numero), 6);
+  z.acumulado = acumulado + Importe(t.contador.Imac + t.d.cifras.nVenta);
+}
+
+QString leerCorrelativo(Trabajo& t, LectorReporte& l) {
+  if (!t.fecha) return CorrelativoImpresion(t.p, t.hoja.impresora);
+  const Recordset rs = l.filas("select max(o.copercode) as CodigoUltimo from operacion o where o.copertipo=10{f}");
+  return LimpiarNulo(rs[u"CodigoUltimo"]);
+}
+
+// All figures, then the correlative: a report that can't be printed draws none.
+bool leerTodo(Trabajo& t, const Periodo& periodo, Conexion& central) {
+  Puesto& p = t.p;
+  const QString turno = CondicionTurno(p.ses.psTurno);
+  LectorReporte l(p, periodo, t.pedido.soloTurno ? turno : QString());
+  t.d.cifras = LeerCifras(p, l, t.hoja.consultas, t.dia());
+  if (t.hoja.alterna()) t.d.paralelas = LeerParalelas(p, l, central, t.d.cifras);
+  if (!l.bien() || !CargarCabeceraImpresion(p)) return false;
+  t.d.cabecera = p.ses.psCabeceraImpresion;
+  if (t.esZ()) t.d.z = LeerBloqueZ(l, t.hoja.impresora);
+  if (!l.bien()) return false;
+  // The tax section of the alternate printer is always of the turn.
+  LectorReporte impuestos(p, periodo, t.pedido.soloTurno || t.hoja.alterna() ? turno : QString());
+  t.d.impuestos = LeerImpuestos(p, impuestos, t.hoja.impresora);
+  if (!impuestos.bien()) return false;
+  if (t.esZ()) leerCodigo(t, l);
+  if (!l.bien()) return false;
+  t.d.correlativo = leerCorrelativo(t, l);
+  return l.bien();
+}
+
+void imprimir(Trabajo& t) {
+  ImprimirInforme(t.p, PapelDeReporte(t.d), t.hoja.impresora, t.fecha ? t.hoja.troncoFecha : t.hoja.tronco);
+  const int ruta = t.hoja.alterna() ? t.p.ses.pnCortaPapelAlterna : t.p.ses.pnCortaPapel;
+  if (ruta == 0 || ruta == 1) t.v.bReporteImpreso = true;
+}
+
+// What a report of the day leaves behind its paper.
+bool cerrar(Trabajo& t) {
+  Puesto& p = t.p;
+  if (!t.esZ()) {
+    return p.poDBAdmin.EjecutarSentencia(
+        p.poCnnLocal, QStringLiteral("UPDATE Configuracion SET cCodiTurno = '") + p.ses.psTurno + u'\'', true);
+  }
+  const CierreZ c{t.hoja.impresora, t.contador, t.d.cifras.nVenta, t.v.nIntentosReporte == 1, t.pedido.iCierreCaja};
+  if (!GrabarCierreZ(p, c, t.d, t.error)) return false;
+  if (t.hoja.alterna()) return true;
+  // Only now: a turn that still stands in the store is not over.
+  p.ses.psTurno.clear();
+  ProcesoCaja(t.v, false);
+  return true;
+}
+
+Fin intentar(Trabajo& t) {
+  Puesto& p = t.p;
+  SeleccionarImpresora(p, t.hoja.alterna() ? p.ses.kPAR_IMPRESORA_ALTERNA : p.ses.kPAR_IMPRESORA);
+  t.d.letra = t.pedido.letra;
+  t.d.momento = p.reloj.now();
+  t.d.fecha = t.fecha;
+  t.d.serieImpresora = p.ses.psSerieImpresora;
+  t.d.usuario = p.ses.psUsuario;
+  t.d.caja = p.ses.psCaja;
+  t.d.turno = p.ses.psTurno;
+  t.d.porcServ = p.ses.psPorcServ;
+  Conexion central;
+  Periodo periodo;
+  if (t.fecha) {
+    periodo = PeriodoDeFecha(*t.fecha);
+    if (t.hoja.alterna()) p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral);
+  } else {
+    if (!marcar(t)) return Fin::Fallo;
+    // Without the central database there is no report of the day; asked first, so that no half of it is printed.
+    if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return Fin::SinCentral;
+    if (!LeerPeriodo(p, periodo)) return Fin::Fallo;
+  }
+  if (!leerTodo(t, periodo, central)) return Fin::Fallo;
+  imprimir(t);
+  return t.fecha || cerrar(t) ? Fin::Hecho : Fin::Fallo;
+}
+
+// The report, again after each failure until the counter of the main window stands at 3.
+bool reportar(Puesto& p, Principal& v, const Hoja& hoja, const PedidoReporte& pedido, std::optional<QDate> fecha = {}) {
+  for (;;) {
+    Trabajo t{p, v, hoja, pedido, fecha, {}, {}, {}};
+    const Fin fin = intentar(t);
+    if (fin != Fin::Fallo) return fin == Fin::Hecho;
+    if (v.nIntentosReporte >= kUltimoIntento) {
+      p.mensajes.mostrar(QStringLiteral("No fue posible imprimir reporte") + pedido.letra, QStringLiteral("Error"));
+      v.nIntentosReporte = 0;
+      return false;
+    }
+    p.mensajes.mostrar(t.error);
+    ++v.nIntentosReporte;
+  }
+}
+
+bool reportarFecha(Puesto& p, Principal& v, const Hoja& hoja, const QString& letra) {
+  const auto texto = p.mensajes.pedir(QStringLiteral("Ingrese una fecha"), QStringLiteral("Fecha de Reporte"),
+                                      QStringLiteral("19/07/1979"));
+  if (!texto) return false;
+  const auto fecha = LeerFecha(*texto);
+  if (!fecha) {
+    p.mensajes.mostrar(QStringLiteral("La fecha debe tener el formato dd/mm/yyyy"), Mensajes::kTitulo, Icono::Critico);
+    return false;
+  }
+  v.nIntentosReporte = 0;
+  return reportar(p, v, hoja, {0, letra, false, 0}, fecha->date());
 }
 
 }  // namespace
 
-bool ReportesEspeciales(Puesto& p, Principal&, const PedidoReporte&) { return falta(p, "reporte X / Z"); }
-bool ReportesEspeciales1(Puesto& p, Principal&, const PedidoReporte&) { return falta(p, "reporte X-1 / Z1"); }
-bool ReportesEspecialesFecha(Puesto& p, Principal&, const QString&) { return falta(p, "reporte Z por fecha"); }
-bool ReportesEspeciales1Fecha(Puesto& p, Principal&, const QString&) { return falta(p, "reporte Z1 por fecha"); }
-bool EnviarDetalleZ1(Puesto& p, int) { return falta(p, "detalle del Z1"); }
+bool ReportesEspeciales(Puesto& p, Principal& v, const PedidoReporte& pedido) { return reportar(p, v, kHoja, pedido); }
+
+bool ReportesEspeciales1(Puesto& p, Principal& v, const PedidoReporte& pedido) { return reportar(p, v, kHoja1, pedido); }
+
+bool ReportesEspecialesFecha(Puesto& p, Principal& v, const QString& letra) { return reportarFecha(p, v, kHoja, letra); }
+
+bool ReportesEspeciales1Fecha(Puesto& p, Principal& v, const QString& letra) { return reportarFecha(p, v, kHoja1, letra); }

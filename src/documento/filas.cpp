@@ -2,33 +2,50 @@
 
 #include "foundation/puesto.h"
 
+namespace {
+
+// Columns that a brief row leaves out stand behind the others: name, place in the template, value.
+struct Extras {
+  QString columnas, lugares;
+  std::vector<QVariant> valores;
+};
+
+bool insertar(Puesto& p, const DatosOperacion& o, const QString& columnas, const QString& lugares,
+              std::vector<QVariant> valores, const Extras& extras) {
+  QString plantilla = QStringLiteral(" INSERT INTO OPERACION (") + columnas;
+  if (!o.breve) {
+    plantilla += extras.columnas;
+    valores.insert(valores.end(), extras.valores.begin(), extras.valores.end());
+  }
+  plantilla += QStringLiteral(")  VALUES (") + lugares + (o.breve ? QString() : extras.lugares) + QStringLiteral(")");
+  return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, FormatearSQL(plantilla, valores), true);
+}
+
+}  // namespace
+
 bool GrabarLinea(Puesto& p, const DatosOperacion& o, const LineaDocumento& l, const QString& supervisor) {
-  const QString plantilla = QStringLiteral(
-      " INSERT INTO OPERACION (cOperCode, cUserDesc, nTarjNumb, cAlmaCode, cProdCode, nProdCant, nProdPrecUnit,"
-      " nMontoDolares, dOperFech, cOperTipo, cCajaCodi, cTurnoCodi, nDscto, nServicio, cDocCodigo, cRuc, cDocSerie,"
-      " cDocTipo, cEmisor, cOpercodeanula, idLocal,cSupervisor) "
-      " VALUES"
-      " ($, '$', '$', '$', $, $, $, $, '$', $, '$', '$', $, $, $, '$', '$', '$', '$', $, $,'$')");
-  const QString sql = FormatearSQL(
-      plantilla,
+  return insertar(
+      p, o,
+      QStringLiteral("cOperCode, cUserDesc, nTarjNumb, cAlmaCode, cProdCode, nProdCant, nProdPrecUnit,"
+                     " nMontoDolares, dOperFech, cOperTipo, cCajaCodi, cTurnoCodi, nServicio, cDocCodigo, cRuc,"
+                     " cDocSerie, cDocTipo, IdLocal"),
+      QStringLiteral("$, '$', '$', '$', $, $, $, $, '$', $, '$', '$', $, $, '$', '$', '$', $"),
       {o.codigo, ReemplazarComilla(p.ses.psUsuario), o.tarjeta, l.cAlmaCode, l.cProdCode, l.cantidad, l.precio, 0,
-       o.fecha, o.tipo, p.ses.psCaja, p.ses.psTurno, l.porcentaje,
-       l.conServicio ? p.ses.psPorcServ : QStringLiteral("0"), o.numero, o.ruc, o.serie, o.tipoDoc, o.emisor,
-       o.liquidacion, o.idLocal, l.porcentaje != 0 ? ReemplazarComilla(supervisor) : QString()});
-  return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sql, true);
+       o.fecha, o.tipo, p.ses.psCaja, p.ses.psTurno, l.conServicio ? p.ses.psPorcServ : QStringLiteral("0"), o.numero,
+       o.ruc, o.serie, o.tipoDoc, o.idLocal},
+      {QStringLiteral(", nDscto, cEmisor, cOpercodeanula, cSupervisor"),
+       QStringLiteral(", $, '$', $, '$'"),
+       {l.porcentaje, o.emisor, o.liquidacion, l.porcentaje != 0 ? ReemplazarComilla(supervisor) : QString()}});
 }
 
 bool GrabarEfectivo(Puesto& p, const DatosOperacion& o, const EfectivoDocumento& e) {
-  const QString plantilla = QStringLiteral(
-      " INSERT INTO OPERACION (cOperCode, cUserDesc, nTarjNumb, cProdCode, nProdCant, nProdPrecUnit,"
-      " nMontoDolares, dOperFech, cOperTipo, cCajaCodi, cTurnoCodi,nmontosoles, nVueltoDolares, cDocCodigo, cRuc,"
-      " cDocSerie, cDocTipo,cEmisor, cOpercodeAnula, IdLocal) "
-      " VALUES"
-      " ($, '$', '$', $, $, $, $, '$', $, '$', '$',$ ,$, $, '$', '$', '$', '$', $, $)");
-  const QString sql = FormatearSQL(
-      plantilla,
+  return insertar(
+      p, o,
+      QStringLiteral("cOperCode, cUserDesc, nTarjNumb, cProdCode, nProdCant, nProdPrecUnit, nMontoDolares, dOperFech,"
+                     " cOperTipo, cCajaCodi, cTurnoCodi, nMontoSoles, nVueltoDolares, cDocCodigo, cRuc, cDocSerie,"
+                     " cDocTipo, IdLocal"),
+      QStringLiteral("$, '$', '$', $, $, $, $, '$', $, '$', '$', $, $, $, '$', '$', '$', $"),
       {o.codigo, ReemplazarComilla(p.ses.psUsuario), o.tarjeta, 0, 1, 0 - e.vueltoSoles, e.dolares, o.fecha, o.tipo,
-       p.ses.psCaja, p.ses.psTurno, e.soles, e.vueltoDolares, o.numero, o.ruc, o.serie, o.tipoDoc, o.emisor,
-       o.liquidacion, o.idLocal});
-  return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sql, true);
+       p.ses.psCaja, p.ses.psTurno, e.soles, e.vueltoDolares, o.numero, o.ruc, o.serie, o.tipoDoc, o.idLocal},
+      {QStringLiteral(", cEmisor, cOpercodeAnula"), QStringLiteral(", '$', $"), {o.emisor, o.liquidacion}});
 }

@@ -18,6 +18,7 @@ struct DatosOperacion {
   qint64 numero = 0;
   QString emisor;           // "," and the card's code for each card payment
   qint64 liquidacion = 0;   // the liquidation that the document closes
+  bool breve = false;       // leaves percentage, supervisor, issuer and liquidation to the table's defaults
 };
 
 // Each gives false when the row could not be written, and then the box has been shown.

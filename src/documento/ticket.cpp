@@ -98,7 +98,7 @@ QString supervisor(const DatosTicket& t) {
 }
 
 QString caja(const DatosTicket& t) {
-  return Espacios(3) + Izquierda(t.usuario, 10) + QStringLiteral("  Cj:") + t.caja + QStringLiteral(" T:") + t.turno +
+  return Espacios(3) + Izquierda(t.usuario, 10) + QStringLiteral("  Cj:") + t.caja + t.forma.turno + t.turno +
          QStringLiteral(" v%1.%2.%3").arg(TARVOPOS_VERSION_MAYOR).arg(TARVOPOS_VERSION_MENOR).arg(TARVOPOS_VERSION_REVISION) +
          kFin;
 }

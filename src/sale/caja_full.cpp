@@ -5,6 +5,7 @@
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
+#include "sale/caja_adelanto.h"
 #include "sale/caja_liquidacion.h"
 #include "sale/caja_totales.h"
 #include "sale/pantallas_venta.h"
@@ -84,7 +85,7 @@ void PonerTipo(CajaRegistradoraFull& v, TipoVenta tipo) {
 void CambiarTipo(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, TipoVenta tipo) {
   if (tipo == kAnular || tipo == kRecaudacion) {
     if (tipo == kAnular) pantallas.anular();
-    else pantallas.noDisponible(pantallaDe(tipo).entrada);
+    else pantallas.retiro();
     tipo = v.tipos.front();
   }
   PonerTipo(v, tipo);
@@ -97,7 +98,7 @@ bool VentaVacia(const CajaRegistradoraFull& v) { return v.lineas.size() == 1 && 
 std::optional<Foco> ValidaVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
   const PantallaTipo& pantalla = pantallaDe(v.nTipoVenta);
   if (pantalla.panel == PanelTipo::DatosPago && v.txtPADE.isEmpty()) {
-    pantallas.noDisponible(QStringLiteral("Pago Adelantado"));
+    BuscarAdelanto(v, pantallas);
     return Foco{QStringLiteral("txtPADE")};
   }
   if (v.pestana == 2 && v.lvwTX[1].empty()) {

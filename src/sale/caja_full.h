@@ -22,6 +22,7 @@ using FilaVenta = std::array<QString, kColumnas>;
 // A line of one of the two lists of the third tab.
 struct LineaTX {
   QString tx, tipo, doc, tarjeta, total, fecha, original, clienteGlosa, pade;
+  bool operator==(const LineaTX&) const = default;
 };
 
 struct CajaRegistradoraFull : ClienteCaja {
@@ -86,5 +87,8 @@ struct TrasTecla {
   Foco foco;            // empty: where it was
 };
 
-// A button of the array cmdTecla, 0 to 4.
+// A button of the array cmdTecla, 0 to 4. Whatever keeps a sale from being committed leaves it on the screen.
 TrasTecla PulsarTecla(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, int indice);
+
+// cmdVoucher: a liquidation paid by cards, from the voucher screen to the commit.
+TrasTecla PulsarVoucher(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas);

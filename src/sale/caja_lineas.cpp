@@ -215,3 +215,18 @@ bool LeerArticulo(Puesto& p, const QString& almacen, const QString& codigo, Fila
   if (!rs.Eof()) ponerArticulo(*rs.begin(), fila);
   return true;
 }
+
+LineaDocumento LineaDe(const Puesto& p, const FilaVenta& fila) {
+  LineaDocumento l;
+  l.cAlmaCode = p.ses.psAlmacen;
+  l.cProdCode = static_cast<int>(AEntero(Val(fila[kCod])));
+  l.descripcion = fila[kDescripcion];
+  l.precio = LeerImporte(fila[kPrecio]);
+  l.cantidad = fila[kCant].isEmpty() ? 1 : static_cast<int>(AEntero(LeerImporte(fila[kCant])));
+  const double porcentaje = LeerImporte(fila[kPorc]);
+  l.porcentaje = fila[kSigno] == u"+" ? porcentaje : 0 - porcentaje;
+  l.canje = fila[kCanje];
+  l.puntos = static_cast<int>(AEntero(LeerImporte(fila[kPtos])));
+  l.conServicio = fila[kConServ] == u"SI";
+  return l;
+}

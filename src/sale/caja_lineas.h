@@ -1,5 +1,6 @@
 #pragma once
 // The lines grid of the full register. Rows count from 0.
+#include "documento/linea.h"
 #include "sale/caja_full.h"
 
 // Adds a line, or takes the last one when it still has no article. Gives its row.
@@ -20,3 +21,6 @@ bool SalirCelda(Puesto& p, CajaRegistradoraFull& v, int fila, int columna, const
 // Fills a row with quantity 1 and discount 0 from the article as the price list has it, on sale or not. An article that
 // is gone leaves price and service as they are in the row. False when the store can't be read; the box has been shown.
 [[nodiscard]] bool LeerArticulo(Puesto& p, const QString& almacen, const QString& codigo, FilaVenta& fila);
+
+// The line that a row sells: a percentage with its sign, an empty quantity as 1.
+LineaDocumento LineaDe(const Puesto& p, const FilaVenta& fila);

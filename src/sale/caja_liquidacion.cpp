@@ -99,6 +99,7 @@ void TotalesTX(const Puesto& p, CajaRegistradoraFull& v) {
   const double pagado = suma(v.lvwTX[0]), consumido = suma(v.lvwTX[1]);
   v.txtTotalPA = Formatear(pagado, kImporte);
   v.txtTotalNC = Formatear(consumido, kImporte);
+  if (v.nTipoVenta != kLIQPAD) return;  // another kind's total is that of its lines
   v.txtSoles = Formatear(consumido - pagado, kImporte);
   v.txtDolares = Formatear(p.ses.pnTipoCambio > 0 ? (consumido - pagado) / p.ses.pnTipoCambio : 0, kImporte);
   v.txtEfectivoSoles = v.txtEfectivoDolares = v.txtVueltoSoles = v.txtVueltoDolares = QStringLiteral("0.00");

@@ -1,49 +1,103 @@
 #include "foundation/puesto.h"
 #include "foundation/rutinas.h"
 #include "sale/caja_full.h"
+#include "sale/caja_liquidacion.h"
 #include "sale/commit.h"
 #include "sale/pantallas_venta.h"
+#include "sale/traspaso.h"
 
 namespace {
 
-Foco emitir(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
-  GrabarVenta(p, v, pantallas);
-  // The voucher of a liquidation goes on to the sale document that it still waits for.
-  if (!v.bLiquidando) v.bVoucherListo = false;
-  return VentaVacia(v) ? Foco{QStringLiteral("txtTarjeta")} : Foco{};
+const Foco kAlCliente{QStringLiteral("txtTarjeta")};
+
+void soltarVoucher(Puesto& p, CajaRegistradoraFull& v) {
+  v.bVoucherListo = false;
+  p.ses.poVoucher.clear();
+  p.ses.poVoucherTotal = 0;
 }
 
-// With a liquidation on the screen neither cancel nor exit works: its document comes first.
+// What became of a wish to commit.
+struct Emision {
+  bool hecha = false;
+  Foco foco;
+};
+
+Emision emitir(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
+  const bool hecha = GrabarVenta(p, v, pantallas);
+  // The voucher of a liquidation goes on to the sale document that it still waits for.
+  if (!v.bLiquidando) soltarVoucher(p, v);
+  if (hecha) return {true, kAlCliente};
+  const bool adelanto = pantallaDe(v.nTipoVenta).panel == PanelTipo::MontoAdelantado;
+  return {false, adelanto ? Foco{QStringLiteral("txtPagoAdelantado")} : Foco{}};
+}
+
+Emision comprobarYEmitir(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
+  if (!TarjetaAceptada(p, v, pantallas)) return {false, kAlCliente};
+  if (const auto foco = ValidaVenta(p, v, pantallas)) return {false, *foco};
+  return emitir(p, v, pantallas);
+}
+
+// The voucher screen first. What it wrote into the cash fields goes again when the sale stays on the screen: the next
+// attempt asks for the cards anew.
+Foco pagarConTarjetas(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
+  if (v.nTipoVenta == kLIQPAD) VaciarLiquidacion(v);
+  const auto cobro = pantallas.voucher({v.nTipoVenta, v.txtSoles, v.txtDolares, v.txtPagoAdelantado});
+  if (!cobro) return {};
+  const QString efectivo = v.txtEfectivoSoles, vuelto = v.txtVueltoSoles;
+  v.txtEfectivoSoles = v.txtliqefectivosoles = cobro->txtEfectivoSoles;
+  v.txtVueltoSoles = v.txtliqvueltosoles = cobro->txtVueltoSoles;
+  v.bVoucherListo = true;
+  const Emision e = comprobarYEmitir(p, v, pantallas);
+  if (!e.hecha) {
+    soltarVoucher(p, v);
+    v.txtEfectivoSoles = efectivo;
+    v.txtVueltoSoles = vuelto;
+  }
+  return e.foco;
+}
+
+Foco imprimirTickets(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
+  const bool conTarjetas = v.nTipoVenta == kVoucher || v.nTipoVenta == kPADV;
+  if (conTarjetas && !v.bVoucherListo) return pagarConTarjetas(p, v, pantallas);
+  return comprobarYEmitir(p, v, pantallas).foco;
+}
+
+// With a liquidation on the screen there is no way out of it: its document comes first.
 Foco exigirDocumento(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
   const bool si = p.mensajes.preguntar(QStringLiteral("Debe Emitir un documento de venta para la Liquidación\n"
                                                       "Se emitirá una Boleta de Venta \n"
                                                       "Desea continuar?"),
                                        QStringLiteral("Liquidación"));
   if (!si) return {};
-  PonerTipo(v, v.tipos.front());
-  return emitir(p, v, pantallas);
+  if (!v.bVoucherListo) PonerTipo(v, v.tipos.front());  // paid by cards it stays a voucher sale
+  v.txtRUC.clear();
+  if (!TarjetaAceptada(p, v, pantallas)) return kAlCliente;
+  return emitir(p, v, pantallas).foco;
+}
+
+// The sale goes along, unless the quick register couldn't hold it as it stands.
+bool irARapida(Puesto& p, const CajaRegistradoraFull& v, PantallasVenta& pantallas) {
+  if (CabeEnRapida(v)) return pantallas.irARapida(LlevarVenta(p, v));
+  p.mensajes.mostrar(QStringLiteral("La Caja Registradora no admite descuentos ni recargos.\n"
+                                    "Termine o cancele esta venta antes de cambiar."));
+  return false;
 }
 
 TrasTecla accionTecla(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, int indice) {
+  if (v.bLiquidando && (indice == 0 || indice == 1 || indice == 3)) return {false, exigirDocumento(p, v, pantallas)};
   switch (indice) {
     case 0:
-      if (v.bLiquidando) return {false, exigirDocumento(p, v, pantallas)};
       v.bVoucherListo = false;
       CancelarVenta(p, v);
-      return {false, {QStringLiteral("txtTarjeta")}};
+      return {false, kAlCliente};
     case 1:
-      pantallas.noDisponible(QStringLiteral("Caja Registradora"));
-      return {};
-    case 2: {
-      AjustarCliente(v);
-      const auto falta = ValidaVenta(p, v, pantallas);
-      return {false, falta ? *falta : emitir(p, v, pantallas)};
-    }
+      return {irARapida(p, v, pantallas), {}};
+    case 2:
+      return {false, imprimirTickets(p, v, pantallas)};
     case 3:
-      if (v.bLiquidando) return {false, exigirDocumento(p, v, pantallas)};
       return {true, {}};
     default:
-      pantallas.noDisponible(QStringLiteral("AC/TC"));
+      pantallas.reimprimir(v.txtCaja);
       return {};
   }
 }
@@ -63,4 +117,11 @@ TrasTecla PulsarTecla(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantal
   const TrasTecla tras = accionTecla(p, v, pantallas, indice);
   v.efectivoTecleado = false;
   return tras;
+}
+
+TrasTecla PulsarVoucher(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
+  ExigirFechaSistema(p);
+  const Foco foco = pagarConTarjetas(p, v, pantallas);
+  v.efectivoTecleado = false;
+  return {false, foco};
 }

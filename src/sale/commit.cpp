@@ -7,6 +7,7 @@
 #include "loyalty/puntos.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
+#include "sale/caja_lineas.h"
 #include "sale/caja_totales.h"
 #include "sale/pantallas_venta.h"
 #include "sale/pasos_venta.h"
@@ -18,21 +19,6 @@ constexpr int kIntentosCuadre = 3;
 double noNegativo(double valor) { return valor < 0 ? 0 : valor; }
 
 bool esCero(const QString& importe) { return LeerImporte(importe) == 0; }
-
-LineaDocumento lineaDe(const Puesto& p, const FilaVenta& fila) {
-  LineaDocumento l;
-  l.cAlmaCode = p.ses.psAlmacen;
-  l.cProdCode = static_cast<int>(AEntero(Val(fila[kCod])));
-  l.descripcion = fila[kDescripcion];
-  l.precio = LeerImporte(fila[kPrecio]);
-  l.cantidad = fila[kCant].isEmpty() ? 1 : static_cast<int>(AEntero(LeerImporte(fila[kCant])));
-  const double porcentaje = LeerImporte(fila[kPorc]);
-  l.porcentaje = fila[kSigno] == u"+" ? porcentaje : 0 - porcentaje;
-  l.canje = fila[kCanje];
-  l.puntos = static_cast<int>(AEntero(LeerImporte(fila[kPtos])));
-  l.conServicio = fila[kConServ] == u"SI";
-  return l;
-}
 
 bool totalizar(Puesto& p, Venta& c) {
   CifrasVenta x;
@@ -122,7 +108,7 @@ bool pasos::TomarLineas(Puesto& p, Venta& c) {
   FijarCliente(c, c.v.txtTarjeta, c.v.txtLocal);
   if (!pantallaDe(c.v.nTipoVenta).llevaLineas) return true;
   for (const auto& fila : c.v.lineas) {
-    c.lineas.push_back(lineaDe(p, fila));
+    c.lineas.push_back(LineaDe(p, fila));
     c.igv += LeerImporte(fila[kIgv]);
     c.servicio += LeerImporte(fila[kServ]);
   }

@@ -16,6 +16,7 @@
 #include "platform/ui/linea_estado.h"
 #include "platform/ui/tema.h"
 #include "sale/caja_lineas.h"
+#include "sale/caja_liquidacion.h"
 #include "sale/caja_totales.h"
 #include "sale/pantallas_venta.h"
 
@@ -28,10 +29,10 @@ QString tituloPorcentaje(bool recargo) {
 std::vector<ColumnaRejilla> columnasDeLineas(bool conPorcentaje) {
   //  title                            width right  typed  button hidden
   return {
-      {QStringLiteral("Item"), 54, true, false, false, false},
+      {QStringLiteral("Item"), 88, true, false, false, false},
       {QStringLiteral("Cod."), 94, false, true, false, false},
       {QStringLiteral("Cod. Catalog"), 122, false, true, false, false},
-      {QStringLiteral("Descripción"), 222, false, false, false, false},
+      {QStringLiteral("Descripción"), 190, false, false, false, false},
       {QString(), 30, false, false, true, false},
       {QString(), 0, false, false, false, true},
       {QStringLiteral("Cant."), 76, true, true, false, false},
@@ -71,6 +72,8 @@ frmCajaRegistradoraFull::frmCajaRegistradoraFull(Puesto& p, PantallasVenta& pant
   adelanto_ = nuevosPanelesAdelanto(enlaces_, v_);
   pestanas_->addTab(nuevosArticulos(), QStringLiteral(" Artículos "));
   pestanas_->addTab(adelanto_.pestana, QStringLiteral("Pago Adelantado"));
+  liquidacion_ = nuevoPanelLiquidacion(enlaces_, v_);
+  pestanas_->addTab(liquidacion_.pestana, QStringLiteral(" Liquidación de Pago - N/C"));
   cuerpo()->addWidget(pestanas_, 1);
   cuerpo()->addWidget(nuevoPago());
   cuerpo()->addWidget(nuevaBotonera());
@@ -78,6 +81,7 @@ frmCajaRegistradoraFull::frmCajaRegistradoraFull(Puesto& p, PantallasVenta& pant
   ponerPie(estado_);
   nuevasTeclas();
   enlazarPagos();
+  enlazarDocumentos();
   resize(1024, 768);
 
   Inicio(p_, v_);
@@ -157,7 +161,7 @@ QWidget* frmCajaRegistradoraFull::nuevoCliente() {
   const auto ajustar = [this] { con([this] { AjustarCliente(v_); }); };
   txtTarjeta_->alSalir = ajustar;
   txtLocal_->alSalir = ajustar;
-  connect(busca, &QPushButton::clicked, this, [this] { faltaPantalla(QStringLiteral("Búsqueda de clientes")); });
+  connect(busca, &QPushButton::clicked, this, [this] { buscarCliente(); });
   connect(dcbLocal_, &QComboBox::currentIndexChanged, this, [this](int n) {
     if (mostrando_ || n < 0) return;
     con([this, n] {
@@ -182,18 +186,18 @@ QWidget* frmCajaRegistradoraFull::nuevosArticulos() {
   rejilla_->salir = [this](int f, int c, QString& texto) { return salirCelda(f, c, texto); };
   rejilla_->siguiente = [this](int f, int c) { return siguienteCelda(f, c); };
   rejilla_->filtro = [this](int f, int c, QChar tecla) { return CeldaEditable(p_, v_, f, c) ? tecla : QChar(); };
-  rejilla_->pulsar = [this](int, int) { faltaPantalla(QStringLiteral("Búsqueda de artículos")); };
+  rejilla_->pulsar = [this](int fila, int) { buscarArticulo(fila); };
   v->addWidget(rejilla_, 1);
 
   auto* fila = new QHBoxLayout;
-  auto* agregar = nuevoBoton(QStringLiteral("CmdAddArt"), QStringLiteral("A&dicionar"));
-  auto* eliminar = nuevoBoton(QStringLiteral("CmdDelArt"), QStringLiteral("E&liminar"));
-  fila->addWidget(agregar);
-  fila->addWidget(eliminar);
+  agregarArt_ = nuevoBoton(QStringLiteral("CmdAddArt"), QStringLiteral("A&dicionar"));
+  eliminarArt_ = nuevoBoton(QStringLiteral("CmdDelArt"), QStringLiteral("E&liminar"));
+  fila->addWidget(agregarArt_);
+  fila->addWidget(eliminarArt_);
   fila->addStretch();
   v->addLayout(fila);
-  connect(agregar, &QPushButton::clicked, this, [this] { agregarFila(); });
-  connect(eliminar, &QPushButton::clicked, this, [this] { eliminarFila(); });
+  connect(agregarArt_, &QPushButton::clicked, this, [this] { (void)agregarFila(); });
+  connect(eliminarArt_, &QPushButton::clicked, this, [this] { eliminarFila(); });
   return hoja;
 }
 
@@ -208,9 +212,6 @@ QWidget* frmCajaRegistradoraFull::nuevoPago() {
   izquierda->addStretch();
   h->addLayout(izquierda);
   h->addWidget(pago_.fraTotal, 1);
-  for (auto* b : adelanto_.buscan) {
-    connect(b, &QPushButton::clicked, this, [this] { faltaPantalla(QStringLiteral("Pago Adelantado")); });
-  }
   return fila;
 }
 
@@ -231,15 +232,17 @@ QWidget* frmCajaRegistradoraFull::nuevaBotonera() {
     cmdTecla_[static_cast<size_t>(b.indice)] = boton;
   }
   h->addStretch();
+  cmdVoucher_ = nuevoBoton(QStringLiteral("cmdVoucher"), QStringLiteral("&VOUCHER"));
+  cmdVoucher_->setToolTip(QStringLiteral("Emitir voucher al liquidar"));
+  h->addWidget(cmdVoucher_);
   return fila;
 }
 
 void frmCajaRegistradoraFull::nuevasTeclas() {
   tecla(Qt::Key_Space, [this] { espacio(); }, {}, true);
-  tecla(Qt::Key_F2, [this] { faltaPantalla(QStringLiteral("Búsqueda de clientes")); }, QStringLiteral("cliente"));
+  tecla(Qt::Key_F2, [this] { buscarCliente(); }, QStringLiteral("cliente"));
   tecla(Qt::Key_F5, [this] {
-    agregarFila();
-    faltaPantalla(QStringLiteral("Búsqueda de artículos"));
+    if (agregarFila()) buscarArticulo(static_cast<int>(v_.lineas.size()) - 1);
   }, QStringLiteral("artículo"));
   tecla(Qt::Key_F3, [this] {
     v_.recargo = !v_.recargo;
@@ -254,17 +257,19 @@ void frmCajaRegistradoraFull::nuevasTeclas() {
     verPestana(1);
     enfocar(adelanto_.txtTX);
   });
-  // On the grid's side the same letter belongs to "Eliminar".
+  // On the side of the lines and lists the same letter belongs to "Eliminar".
   tecla(Qt::ALT | Qt::Key_L, [this] {
-    if (pestanas_->isAncestorOf(focusWidget())) eliminarFila();
-    else enfocar(txtLocal_);
+    if (!pestanas_->isAncestorOf(focusWidget())) enfocar(txtLocal_);
+    else if (pestanas_->currentIndex() == 2) eliminarTX(listaDelFoco());
+    else eliminarFila();
   });
+  tecla(Qt::ALT | Qt::Key_P, [this] { letraP(); });
   for (int n = 0; n < 3; ++n) {
     tecla(QKeyCombination(Qt::ALT, static_cast<Qt::Key>(Qt::Key_1 + n)), [this, n] { verPestana(n); });
   }
   tecla(Qt::ALT | Qt::Key_F4, [this] { pulsar(3); });
   // The buttons' own letters: a mnemonic would press them a moment later, when the next key has been typed already.
-  tecla(Qt::ALT | Qt::Key_D, [this] { agregarFila(); }, QStringLiteral("línea nueva"));
+  tecla(Qt::ALT | Qt::Key_D, [this] { (void)agregarFila(); }, QStringLiteral("línea nueva"));
   const std::pair<Qt::Key, int> letras[] = {{Qt::Key_C, 0}, {Qt::Key_I, 2}, {Qt::Key_S, 3}, {Qt::Key_A, 4}};
   for (const auto& [letra, indice] : letras) {
     tecla(Qt::ALT | letra, [this, n = indice] { pulsar(n); });
@@ -283,7 +288,7 @@ void frmCajaRegistradoraFull::enlazarPagos() {
   pago_.txtVueltoDolares->alSalir = dolares;
   // The soles come behind the dollars, since those decide what is left to pay in soles.
   const QList<QWidget*> orden{rejilla_, pago_.txtEfectivoDolares, pago_.txtVueltoDolares, pago_.txtEfectivoSoles,
-                              cmdTecla_[2]};
+                              cmdVoucher_, cmdTecla_[2]};
   for (int i = 1; i < orden.size(); ++i) setTabOrder(orden[i - 1], orden[i]);
 }
 
@@ -295,6 +300,7 @@ void frmCajaRegistradoraFull::mostrar() {
   mostrarTipos();
   mostrarLocales();
   mostrarPaneles();
+  liquidacion_.mostrar(v_);
   rejilla_->ponerTitulo(kPorc, tituloPorcentaje(v_.recargo));
   rejilla_->refrescar();
   estado_->mostrar(EstadoDelPuesto(p_));
@@ -314,6 +320,8 @@ void frmCajaRegistradoraFull::mostrarTipos() {
     cboTipoVenta_->addItems(entradas);
   }
   cboTipoVenta_->setCurrentIndex(actual);
+  // The sale document of a liquidation paid by cards can't be another one.
+  cboTipoVenta_->setEnabled(!(v_.bLiquidando && v_.bVoucherListo));
 }
 
 void frmCajaRegistradoraFull::mostrarLocales() {
@@ -333,7 +341,10 @@ void frmCajaRegistradoraFull::mostrarPaneles() {
   adelanto_.frapade->setVisible(t.panel == PanelTipo::DatosPago);
   adelanto_.fraPagoAdelantado->setVisible(t.panel == PanelTipo::MontoAdelantado);
   for (Campo* c : {pago_.txtEfectivoDolares, pago_.txtVueltoDolares}) c->setReadOnly(!t.dolaresEditables);
+  pago_.txtEfectivoSoles->setReadOnly(EfectivoFijo(v_));
   txtRUC_->setReadOnly(!t.rucEditable);
+  cmdVoucher_->setVisible(t.verVoucher);
+  for (QPushButton* b : {agregarArt_, eliminarArt_}) b->setVisible(!v_.bLiquidando);
   for (int i = 0; i < pestanas_->count(); ++i) {
     pestanas_->setTabEnabled(i, t.unicaPestana < 0 || t.unicaPestana == i);
   }
@@ -343,6 +354,11 @@ void frmCajaRegistradoraFull::mostrarPaneles() {
 bool frmCajaRegistradoraFull::alEntrar(QWidget* campo) {
   if (campo == txtTarjeta_ || campo == txtLocal_) {
     buscarTarjeta();
+    return true;
+  }
+  // Behind an amount comes the commit, not the other amount, which would empty this one.
+  if (campo == adelanto_.txtPagoAdelantado || campo == adelanto_.txtPADEDolares) {
+    enfocar(cmdTecla_[2]);
     return true;
   }
   return false;
@@ -366,15 +382,17 @@ void frmCajaRegistradoraFull::pulsar(int indice) {
   else enfocar(tras.foco);
 }
 
-void frmCajaRegistradoraFull::agregarFila() {
-  if (!rejilla_->dejarCelda()) return;
+bool frmCajaRegistradoraFull::agregarFila() {
+  if (v_.bLiquidando || !pestanas_->isTabEnabled(0) || !rejilla_->dejarCelda()) return false;
   verPestana(0);
   const int fila = AgregarFila(v_);
   mostrar();
   rejilla_->irA({fila, kCod});
+  return true;
 }
 
 void frmCajaRegistradoraFull::eliminarFila() {
+  if (v_.bLiquidando) return;
   rejilla_->abandonarCelda();
   const int fila = rejilla_->celda().fila;
   con([this, fila] { EliminarFila(p_, v_, fila); });
@@ -399,14 +417,13 @@ std::optional<CeldaRejilla> frmCajaRegistradoraFull::siguienteCelda(int fila, in
 void frmCajaRegistradoraFull::buscarTarjeta() {
   ResultadoTarjeta r{};
   con([this, &r] { r = BuscaTarjeta(p_, v_, pantallas_); });
+  trasTarjeta(r);
+}
+
+void frmCajaRegistradoraFull::trasTarjeta(ResultadoTarjeta r) {
   if (r == ResultadoTarjeta::NoExiste) enfocar(txtTarjeta_);
   else if (r == ResultadoTarjeta::VariosLocales && dcbLocal_->count() > 0) enfocar(dcbLocal_);
   else irALineas();
-}
-
-void frmCajaRegistradoraFull::faltaPantalla(const QString& nombre) {
-  pantallas_.noDisponible(nombre);
-  activateWindow();
 }
 
 void frmCajaRegistradoraFull::espacio() {
@@ -432,6 +449,14 @@ void frmCajaRegistradoraFull::enfocar(const Foco& foco) {
 }
 
 void frmCajaRegistradoraFull::irALineas() {
+  if (v_.nTipoVenta == kLIQPAD) {
+    enfocar(liquidacion_.txtTXL[0]);
+    return;
+  }
+  if (!pestanas_->isTabEnabled(0)) {
+    enfocar(adelanto_.txtPagoAdelantado);
+    return;
+  }
   verPestana(0);
   const int ultima = static_cast<int>(v_.lineas.size()) - 1;
   rejilla_->irA({ultima, kCod});

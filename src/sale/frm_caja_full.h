@@ -2,6 +2,7 @@
 #include "platform/ui/forma.h"
 #include "platform/ui/rejilla.h"
 #include "sale/caja_full.h"
+#include "sale/frm_caja_liquidacion.h"
 #include "sale/frm_caja_paneles.h"
 
 class LineaEstado;
@@ -24,6 +25,7 @@ class frmCajaRegistradoraFull final : public Forma {
  protected:
   bool alEntrar(QWidget* campo) override;
   bool puedeCerrar() override;
+  bool eventFilter(QObject* objeto, QEvent* evento) override;
 
  private:
   void fijo(Panel* panel, const QString& nombre, const QString& etiqueta, int ancho, QString& campo);
@@ -34,6 +36,7 @@ class frmCajaRegistradoraFull final : public Forma {
   QWidget* nuevaBotonera();
   void nuevasTeclas();
   void enlazarPagos();
+  void enlazarDocumentos();
 
   void recoger();
   void mostrarTipos();
@@ -48,12 +51,20 @@ class frmCajaRegistradoraFull final : public Forma {
     mostrar();
   }
   void pulsar(int indice);
-  void agregarFila();
+  bool agregarFila();
   void eliminarFila();
   bool salirCelda(int fila, int columna, QString& texto);
   std::optional<CeldaRejilla> siguienteCelda(int fila, int columna) const;
   void buscarTarjeta();
-  void faltaPantalla(const QString& nombre);
+  void trasTarjeta(ResultadoTarjeta r);
+  void buscarCliente();
+  void buscarArticulo(int fila);
+  void buscarAdelanto();
+  void letraP();
+  void buscarTX(int lista);
+  void agregarTX(int lista);
+  void eliminarTX(int lista);
+  int listaDelFoco() const;
   void espacio();
   void verPestana(int n);
   void enfocar(QWidget* control);
@@ -73,6 +84,8 @@ class frmCajaRegistradoraFull final : public Forma {
   QTabWidget* pestanas_ = nullptr;
   PanelPago pago_;
   PanelesAdelanto adelanto_;
+  PanelLiquidacion liquidacion_;
+  QPushButton *cmdVoucher_ = nullptr, *agregarArt_ = nullptr, *eliminarArt_ = nullptr;
   std::array<QPushButton*, 5> cmdTecla_{};
   LineaEstado* estado_ = nullptr;
 };

@@ -14,6 +14,8 @@ namespace {
 
 constexpr int kAnchoImporte = 112;
 
+QChar filtroCodigo(QChar tecla) { return FiltrarTecla(tecla, {ClaseTecla::Digitos}); }
+
 Campo* importe(Panel* panel, const QString& nombre, const QString& etiqueta, Enlaces& enlaces, QString& campo) {
   Campo* c = panel->importe(nombre, etiqueta);
   c->setMinimumWidth(kAnchoImporte);
@@ -80,10 +82,10 @@ PanelesAdelanto nuevosPanelesAdelanto(Enlaces& enlaces, CajaRegistradoraFull& v)
     enlaces.texto(c, campo);
     return c;
   };
-  const auto busca = [&r](Panel* panel, const QString& nombre, const QString& rotulo) {
+  const auto busca = [](Panel* panel, const QString& nombre, const QString& rotulo) {
     auto* b = nuevoBoton(nombre, rotulo);
-    r.buscan.push_back(b);
     panel->agregar({}, b);
+    return b;
   };
 
   auto* adelantado = new Panel({}, 2);
@@ -97,16 +99,26 @@ PanelesAdelanto nuevosPanelesAdelanto(Enlaces& enlaces, CajaRegistradoraFull& v)
   auto* datos = new Panel(QStringLiteral("Datos de Pago Adelantado"), 2);
   datos->setObjectName(QStringLiteral("frapade"));
   r.frapade = datos;
-  texto(datos, QStringLiteral("txtPADE"), QStringLiteral("TX"), v.txtPADE);
-  busca(datos, QStringLiteral("cmdBuscaPago"), QStringLiteral("ALT+&P"));
+  r.txtPADE = texto(datos, QStringLiteral("txtPADE"), QStringLiteral("TX"), v.txtPADE);
+  r.txtPADE->filtro = filtroCodigo;
+  r.cmdBuscaPago = busca(datos, QStringLiteral("cmdBuscaPago"), QStringLiteral("ALT+&P"));
   Campo* pago = datos->fijo(QStringLiteral("txtimportepago"), QStringLiteral("PAGO"));
   enlaces.texto(pago, v.txtimportepago);
-  texto(datos, QStringLiteral("txtGlosa1"), QStringLiteral("GLOSA"), v.txtGlosa1);
+  texto(datos, QStringLiteral("txtGlosa1"), QStringLiteral("GLOSA"), v.txtGlosa1)->setProperty("textoLibre", true);
 
-  auto* hoja = new Panel({}, 2);
+  auto* hoja = new QWidget;
+  auto* v2 = new QVBoxLayout(hoja);
+  v2->setContentsMargins(6, 6, 6, 6);
+  auto* campos = new Panel({}, 2);
+  r.txtTX = texto(campos, QStringLiteral("txtTX"), QStringLiteral("TX:"), v.txtTX);
+  r.txtTX->filtro = filtroCodigo;
+  r.cmdPagoAdelantado = busca(campos, QStringLiteral("cmdPagoAdelantado"), QStringLiteral("Ver Pago Adelantado:"));
+  Campo* glosa = texto(campos, QStringLiteral("txtGlosa"), QStringLiteral("Glosa:"), v.txtGlosa);
+  glosa->setProperty("textoLibre", true);
+  Campo* estado = campos->fijo(QStringLiteral("txtEstado"), QStringLiteral("Estado:"));
+  estado->setText(QStringLiteral("INGRESADO"));
+  v2->addWidget(campos);
+  v2->addStretch();
   r.pestana = hoja;
-  r.txtTX = texto(hoja, QStringLiteral("txtTX"), QStringLiteral("TX:"), v.txtTX);
-  busca(hoja, QStringLiteral("cmdPagoAdelantado"), QStringLiteral("Pago Adelantado"));
-  texto(hoja, QStringLiteral("txtGlosa"), QStringLiteral("Glosa:"), v.txtGlosa);
   return r;
 }

@@ -17,8 +17,8 @@ PanelPago nuevoPanelPago(Enlaces& enlaces, CajaRegistradoraFull& v);
 struct PanelesAdelanto {
   QFrame *frapade = nullptr, *fraPagoAdelantado = nullptr;
   QWidget* pestana = nullptr;
-  Campo *txtPagoAdelantado = nullptr, *txtPADEDolares = nullptr, *txtTX = nullptr;
-  std::vector<QPushButton*> buscan;  // the buttons that search an advance payment
+  Campo *txtPagoAdelantado = nullptr, *txtPADEDolares = nullptr, *txtPADE = nullptr, *txtTX = nullptr;
+  QPushButton *cmdBuscaPago = nullptr, *cmdPagoAdelantado = nullptr;
 };
 PanelesAdelanto nuevosPanelesAdelanto(Enlaces& enlaces, CajaRegistradoraFull& v);
 

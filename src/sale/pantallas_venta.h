@@ -5,6 +5,8 @@
 
 #include "documento/totales.h"
 
+struct VentaEnCurso;
+
 // What the voucher screen is opened with: the kind of sale and texts of the register.
 struct PedidoVoucher {
   int nTipoVenta = 0;
@@ -32,7 +34,7 @@ enum class ListaParalela {
 // An open parallel document chosen in its picker.
 struct DocumentoElegido {
   qint64 codigo = 0;
-  QString importe;  // "S/." or "US$" by its currency, then the amount with mask "0.00"
+  QString importe;  // "S/. " or "US$ " by its currency, then the amount with mask "0.00"
   QString glosa;
 };
 
@@ -66,13 +68,21 @@ class PantallasVenta {
 
   // The void screen.
   virtual void anular() { noDisponible(QStringLiteral("ANULAR TRANSACCION")); }
+
   // The reprint screen of the desk `caja`.
   virtual void reimprimir(const QString& /*caja*/) { noDisponible(QStringLiteral("AC/TC")); }
-  // The quick register is to open once the full one has closed. False when there is none; the box has been shown.
-  virtual bool irARapida() {
+
+  // The other register is to open with this sale, once the one that asks has closed. False when there is none; the box
+  // has been shown.
+  virtual bool irARapida(const VentaEnCurso&) {
     noDisponible(QStringLiteral("Caja Registradora"));
     return false;
   }
+  virtual bool irAFull(const VentaEnCurso&) {
+    noDisponible(QStringLiteral("Caja Registradora (Versión Full)"));
+    return false;
+  }
+
   // Says in one plain box that the screen of that name is not there yet.
   virtual void noDisponible(const QString& pantalla) = 0;
 };

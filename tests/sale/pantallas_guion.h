@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include "sale/pantallas_venta.h"
+#include "sale/traspaso.h"
 
 class PantallasGuion : public PantallasVenta {
  public:
@@ -15,6 +16,7 @@ class PantallasGuion : public PantallasVenta {
   QStringList faltan;    // screens that are not there
   QStringList abiertas;  // screens that are, with what they were given
   int pedidas = 0;       // authorisations
+  std::optional<VentaEnCurso> enFull;  // the sale that the quick register handed over
 
   std::optional<QString> autorizar(const QString&) override {
     ++pedidas;
@@ -41,5 +43,9 @@ class PantallasGuion : public PantallasVenta {
     return documento;
   }
   void retiro() override { abiertas << QStringLiteral("retiro"); }
+  bool irAFull(const VentaEnCurso& venta) override {
+    enFull = venta;
+    return true;
+  }
   void noDisponible(const QString& pantalla) override { faltan << pantalla; }
 };

@@ -1,0 +1,124 @@
+#include "cashday/papel_reporte.h"
+
+#include "cashday/papel_paralelas.h"
+#include "platform/text/fecha.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+
+namespace {
+
+const QString kSinEtiqueta = Espacios(12);
+
+QString enMoneda(const QString& etiqueta, double monto) { return ALaDerecha(etiqueta, u'*' + Importe(monto), 27); }
+QString enCuenta(const QString& etiqueta, double cuantos) { return ALaDerecha(etiqueta, Cuenta(cuantos), 27); }
+
+// The day that a report by date is about, or now.
+QString diaCorto(const DatosReporte& d) {
+  return d.fecha ? FormatearFecha(d.fecha->startOfDay(), u"DD/MM/YYYY (DDD)") : FormatearFecha(d.momento, u"DD/MM/YYYY (DDD)");
+}
+
+void cabecera(Informe& i, const DatosReporte& d) {
+  for (const QString& linea : d.cabecera) {
+    if (Recortar(linea).isEmpty()) continue;
+    i.linea(Derecha(Espacios(18) + linea, static_cast<int>(linea.size()) / 2 + 20));
+  }
+  const QDateTime dia = d.fecha ? d.fecha->startOfDay() : d.momento;
+  i.linea(QStringLiteral("\r\n") + FormatearFecha(dia, u"DD/MM/YYYY ") + FormatearFecha(d.momento, u"HH:MM ") +
+          FormatearFecha(dia, u"(DDD)") + QStringLiteral(" NS:") + d.serieImpresora);
+}
+
+void primerCheck(Informe& i, const DatosReporte& d) {
+  i.titulo(d.letra + QStringLiteral("  CHECK                             01"));
+  i.linea(ALaDerecha(QStringLiteral("TOTAL     "), u'*' + Importe(static_cast<double>(d.cifras.nItems)), 29));
+  i.linea(ALaDerecha(Espacios(10), u'*' + Importe(d.cifras.nVenta), 29));
+  i.doble();
+  ListaDeProductos(i, d.cifras.productos);
+}
+
+void segundoCheck(Informe& i, const DatosReporte& d) {
+  const CifrasReporte& c = d.cifras;
+  i.titulo(d.letra + QStringLiteral("  CHECK  TOTAL TRANSACCIONES        02"));
+  if (c.nTickets != 0) {
+    i.linea(enCuenta(QStringLiteral("TICKET      "), static_cast<double>(c.nTickets)));
+    i.linea(enMoneda(kSinEtiqueta, c.nVenta));
+  }
+  i.doble();
+  if (c.nVouchers != 0) {
+    i.linea(enCuenta(QStringLiteral("VOUCHER VTA "), static_cast<double>(c.nVouchers)));
+    i.linea(enMoneda(kSinEtiqueta, c.nVoucher));
+  }
+  if (EsPositivo(c.nRecaudado)) {
+    i.linea(enCuenta(QStringLiteral("RECAUDACION "), static_cast<double>(c.nRecaudaciones)));
+    i.linea(ALaDerecha(kSinEtiqueta, u'(' + Importe(c.nRecaudado) + u')', 27));
+  }
+}
+
+void tercerCheck(Informe& i, const DatosReporte& d) {
+  const CifrasReporte& c = d.cifras;
+  i.titulo(d.letra + QStringLiteral("  CHECK  TOTALES                    03"));
+  const double soles = c.nCajaSol + c.nAperturaSol - c.nRecaudado, dolares = c.nCajaDol + c.nAperturaDol;
+  const CajonReporte cajon{QStringLiteral("APERT.    S/"), QStringLiteral("APERT.     $"), soles, dolares, soles, dolares};
+  ImprimirCajon(i, c, cajon);
+  ImprimirNulos(i, c, {});
+  i.linea({});
+}
+
+// Everything of the letter Z up to the tax section.
+void bloqueZ(Informe& i, const DatosReporte& d) {
+  const BloqueZ& z = *d.z;
+  const QString dia = Espacios(6) + diaCorto(d);
+  i.titulo(QStringLiteral("TICKETS "));
+  i.linea(dia);
+  for (const auto& [primero, ultimo] : z.rangos) {
+    i.linea(QStringLiteral("RANGO [ ") + primero + QStringLiteral("  ---  ") + ultimo + QStringLiteral(" ]"));
+  }
+  const auto totales = [&](const QString& titulo, const std::vector<BloqueZ::Ticket>& tickets) {
+    i.doble();
+    i.titulo(titulo);
+    i.linea(dia);
+    for (const auto& t : tickets) {
+      for (const QString& linea : LineasTicket(t)) i.linea(linea);
+    }
+  };
+  totales(QStringLiteral("TICKETS -- BOLETA TOTAL TRANSACC."), z.boletas);
+  totales(QStringLiteral("TICKETS -- FACTURA TOTAL TRANSACC."), z.facturas);
+  if (z.notas) {
+    totales(QStringLiteral("NOTAS DE CONSUMO X VENTA FUTURA "), {});
+    ListaDeProductos(i, *z.notas);
+  }
+  i.doble();
+}
+
+void pie(Informe& i, const DatosReporte& d) {
+  i.linea({});
+  i.linea(u' ' + Izquierda(d.usuario, 10) + u' ' + FormatearFecha(d.momento, u"hh:mm") + u' ');
+  if (d.z) {
+    i.linea(d.z->codigo);
+    i.linea(d.z->acumulado);
+  }
+  i.linea(QStringLiteral("CAJA: ") + d.caja + QStringLiteral("   TURNO: ") + d.turno);
+  i.linea(QStringLiteral("Versión %1.%2.%3").arg(TARVOPOS_VERSION_MAYOR).arg(TARVOPOS_VERSION_MENOR).arg(TARVOPOS_VERSION_REVISION));
+  i.linea(QStringLiteral("Correlativo: ") + d.correlativo);
+}
+
+}  // namespace
+
+QStringList LineasTicket(const BloqueZ::Ticket& t) {
+  return {enCuenta(QStringLiteral("TICKET      "), t.cuantos), enMoneda(kSinEtiqueta, t.monto)};
+}
+
+BloquesInforme PapelDeReporte(const DatosReporte& d) {
+  Informe i;
+  cabecera(i, d);
+  if (d.paralelas) {
+    ChecksParalelos(i, d);
+  } else {
+    primerCheck(i, d);
+    segundoCheck(i, d);
+    tercerCheck(i, d);
+  }
+  if (d.z) bloqueZ(i, d);
+  if (d.impuestos) ImprimirImpuestos(i, *d.impuestos, d.porcServ);
+  pie(i, d);
+  return i.bloques();
+}

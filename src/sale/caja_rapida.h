@@ -1,0 +1,79 @@
+#pragma once
+// The quick register's fields as shown, and the routines that compute on them. A sale is typed with 24 product keys and
+// lives only here until it is committed. Amounts in soles.
+#include <array>
+#include <vector>
+
+#include "documento/clase.h"
+#include "documento/linea.h"
+#include "sale/cliente_caja.h"
+
+// The full description is the one that its ticket prints; the others are for the display and the full register.
+struct LineaRapida : LineaDocumento {
+  QString corta, catalogo;
+};
+
+// A product key as it is shown.
+struct TeclaConArticulo {
+  QString rotulo;    // the key's own name or, without one, the article's
+  QString articulo;  // short description, at most 25 characters and "..." when cut
+  int nCodigoTecla = 0;  // 0: no article
+};
+
+constexpr int kTeclasProducto = 24;
+
+// Buttons of cmdTecla that are no product keys.
+enum BotonRapida {
+  kBotonCodProd = 0, kBotonBorra = 41, kBotonACTC = 42, kBotonImprime = 43, kBotonTipo = 44, kBotonAnula = 45,
+  kBotonPago = 46
+};
+
+// The customer's name, txtCliente on the screen, is the base's txtNombres.
+struct CajaRegistradora : ClienteCaja {
+  int nTipoVenta = kVentaConVuelto;  // CASH, VOUCHER or C/VUELTO, by the numbers of their documents
+  bool bVentaIniciada = false;       // a sale is on the screen: `lineas` has at least one
+  std::vector<LineaRapida> lineas;
+  double nTotalVenta = 0;
+  std::array<TeclaConArticulo, kTeclasProducto + 1> teclas;  // 1 to 24
+
+  QString txtCantidad, txtRuc;
+  QString lblProducto, lblSubtotal, lblTotal, lblTipo;
+};
+
+// Opening: printer, keys, sites and points rule. A keyboard that can't be read leaves all keys free, after its box.
+void AbrirRapida(Puesto& p, CajaRegistradora& v);
+
+// Adds a line of one piece of that article. False, with the sale as it was and the box shown, for code 0, an article
+// that is gone or not on sale, and a store that can't be read.
+bool CapturaDatosProducto(Puesto& p, CajaRegistradora& v, int nCodigo);
+
+// The cashier leaves txtCantidad: blank is 1, a fraction is rounded. False, with nothing changed, when the text is no
+// quantity from 1 up.
+bool SalirCantidad(CajaRegistradora& v);
+
+// Shows the last line: article, quantity, value, and the sale's sum.
+void MostrarLinea(CajaRegistradora& v);
+
+// Sums the lines into nTotalVenta and shows the last one's value and the sum.
+void TotalVenta(CajaRegistradora& v);
+
+// The next kind: CASH, VOUCHER, C/VUELTO. Without a rate a box says so and C/VUELTO is passed over.
+void SiguienteTipoVenta(Puesto& p, CajaRegistradora& v);
+// Sets kind and lblTipo.
+void PonerTipoRapida(CajaRegistradora& v, int nTipoVenta);
+
+// Clears the sale and its customer.
+void CancelarACTC(CajaRegistradora& v);
+
+// What the screen does after a key.
+struct TrasTeclaRapida {
+  bool cierra = false;
+  QString foco;      // a control; "" leaves it where it is
+  bool mal = false;  // the text in it was refused
+};
+
+// A button of cmdTecla by its index, 0 to 46; 25 to 40 have no action.
+TrasTeclaRapida PulsarTeclaRapida(Puesto& p, CajaRegistradora& v, PantallasVenta& pantallas, int indice);
+
+// cmdCambio: hands the sale to the full register.
+TrasTeclaRapida CambiarAFull(CajaRegistradora& v, PantallasVenta& pantallas);

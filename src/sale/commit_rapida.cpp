@@ -1,0 +1,178 @@
+#include "sale/commit_rapida.h"
+
+#include "documento/commit_documento.h"
+#include "documento/pasos.h"
+#include "documento/totales.h"
+#include "foundation/cfg_admin.h"
+#include "foundation/puesto.h"
+#include "loyalty/puntos.h"
+#include "platform/text/numero.h"
+#include "sale/caja_rapida.h"
+#include "sale/pantallas_venta.h"
+
+namespace {
+
+constexpr QStringView kImporte = u"###,###,##0.00";
+
+const FormaLineas kForma{QStringLiteral("Producto           Cant. Precio SubTot."), 18, 4, 6, 7, kImporte.toString(),
+                         QStringLiteral("###,##0.00"), QStringLiteral("T:")};
+
+struct VentaRapida : CommitDocumento {
+  VentaRapida(CajaRegistradora& caja, PantallasVenta& otras) : v(caja), pantallas(otras) {
+    clase = static_cast<ClaseDocumento>(v.nTipoVenta);
+    o.breve = true;
+    forma = kForma;
+    logReserva.sinCentral = QStringLiteral("Error_Rapida_1");
+    logFinal.sinCentral = QStringLiteral("Error_Rapida2");
+  }
+
+  CajaRegistradora& v;
+  PantallasVenta& pantallas;
+};
+
+bool fijarDocumento(Puesto&, VentaRapida& c) {
+  FijarTipoDocumento(c, c.v.txtRuc);
+  return true;
+}
+
+// The desk sells on when its counter can't be read; the check before the ticket holds any number against what is stored.
+bool leerNumero(Puesto& p, VentaRapida& c) {
+  if (LeerNumeroDocumento(p, c.o.tipoDoc, c.documento)) return true;
+  const auto parametro = [&p](const QString& clave) {
+    return LeerParametro(p, QStringLiteral("PARAMETROS"), clave, p.ses.psArchivoCfg);
+  };
+  c.documento.serie = parametro(c.factura() ? QStringLiteral("SerieFAC") : QStringLiteral("SerieBOL"));
+  c.documento.numero = 1 + AEntero(Val(parametro(c.factura() ? QStringLiteral("cOpeF") : QStringLiteral("cOpeB"))));
+  (c.factura() ? p.ses.psSerieFactura : p.ses.psSerieBoleta) = c.documento.serie;
+  return true;
+}
+
+bool fijarCliente(Puesto&, VentaRapida& c) {
+  FijarCliente(c, c.v.txtTarjeta, c.v.txtLocal);
+  c.nombre = c.v.txtNombres;
+  c.idLocal = c.v.nIdLocal;
+  return true;
+}
+
+bool totalizar(Puesto&, VentaRapida& c) {
+  TotalVenta(c.v);
+  c.total = Redondear(c.v.nTotalVenta, 2);
+  c.lineas.assign(c.v.lineas.begin(), c.v.lineas.end());
+  return true;
+}
+
+bool cobrar(Puesto&, VentaRapida& c) {
+  if (c.clase == kVentaExacta) c.efectivo.soles = c.total;
+  if (c.clase != kVentaConVuelto) return true;
+  const auto pago = c.pantallas.pagoEfectivo(c.total);
+  if (pago) c.efectivo = *pago;
+  return pago.has_value();
+}
+
+// Number and series against what is stored; from here on they are used.
+bool reservarNumero(Puesto& p, VentaRapida& c) {
+  if (!VerificarNumeroDocumento(p, c.o.tipoDoc, c.logReserva, c.documento) ||
+      !GuardarNumeroDocumento(p, c.o.tipoDoc, c.documento)) {
+    return false;
+  }
+  c.o.serie = ReemplazarComilla(c.documento.serie);
+  return true;
+}
+
+// IGV and service of the lines, not rounded: prices include both.
+struct Impuestos {
+  double igv = 0, servicio = 0;
+};
+
+Impuestos impuestosDe(const Puesto& p, const std::vector<LineaDocumento>& lineas) {
+  Impuestos suma;
+  for (const auto& l : lineas) {
+    const double servicio = l.conServicio ? Val(p.ses.psPorcServ) / 100 : 0;
+    const double base = l.precio / (1 + p.ses.pnIGV + servicio);
+    suma.igv += p.ses.pnIGV * base * l.cantidad;
+    suma.servicio += servicio * base * l.cantidad;
+  }
+  return suma;
+}
+
+bool escribirTotales(Puesto& p, VentaRapida& c) {
+  const Impuestos i = impuestosDe(p, c.lineas);
+  const auto renglon = [&c](const QString& etiqueta, double valor) {
+    c.totales.push_back({etiqueta, Formatear(valor, kImporte)});
+  };
+  const auto servicio = [&] {
+    if (Redondear(i.servicio, 2) > 0) renglon(QStringLiteral(" SERVICIO%1 %").arg(p.ses.psPorcServ), i.servicio);
+  };
+  if (c.factura()) {
+    renglon(QStringLiteral(" VALOR VTA"), c.total - i.igv - i.servicio);
+    renglon(QStringLiteral(" IGV"), i.igv);
+    servicio();
+    renglon(QStringLiteral(" TOTAL"), c.total);
+  } else {
+    renglon(c.clase == kVentaExacta    ? QStringLiteral(" EFECTIVO")
+            : c.clase == kVentaVoucher ? QStringLiteral(" VOUCHER")
+                                       : QStringLiteral(" TOTAL VTA"),
+            c.total);
+    servicio();
+  }
+  if (c.clase != kVentaConVuelto) return true;
+  const std::pair<QString, double> pagos[] = {{QStringLiteral(" EFECTIVO(S/)"), c.efectivo.soles},
+                                              {QStringLiteral(" EFECTIVO(U$)"), c.efectivo.dolares},
+                                              {QStringLiteral(" VUELTO(S/)"), c.efectivo.vueltoSoles},
+                                              {QStringLiteral(" VUELTO(U$)"), c.efectivo.vueltoDolares}};
+  for (const auto& [etiqueta, valor] : pagos) {
+    if (Redondear(valor, 2) != 0) renglon(etiqueta, valor);
+  }
+  return true;
+}
+
+bool grabarLineas(Puesto& p, VentaRapida& c) {
+  c.o.tipo = c.clase == kVentaVoucher ? 2 : 1;
+  for (const auto& linea : c.lineas) {
+    if (!GrabarLinea(p, c.o, linea, {})) return false;
+  }
+  return true;
+}
+
+// The card pays a voucher sale whole.
+bool grabarEfectivo(Puesto& p, VentaRapida& c) {
+  return c.clase == kVentaVoucher || GrabarEfectivo(p, c.o, c.efectivo);
+}
+
+bool limpiar(Puesto&, VentaRapida& c) {
+  CancelarACTC(c.v);
+  c.v.nTipoVenta = kVentaExacta;
+  return true;
+}
+
+template <auto hacer>
+constexpr auto kComun = Comun<hacer, VentaRapida>;
+
+const Paso<VentaRapida> kPasos[] = {
+    {"documento", fijarDocumento},
+    {"numero", leerNumero},
+    {"cliente", fijarCliente},
+    {"total", totalizar},
+    {"cobro", cobrar},
+    {"codigo", kComun<TomarCodigo>},
+    {"fecha", kComun<FijarFecha>},
+    {"gaveta", kComun<AbrirCajon>},
+    {"cabecera", kComun<CargarCabecera>},
+    {"reserva", reservarNumero},
+    {"totales", escribirTotales},
+    {"saldo", kComun<LeerPuntos>},
+    {"ticket", kComun<ImprimirTicket>},
+    {"verificar", kComun<VerificarNumero>},
+    {"ultima", kComun<GuardarUltima>},
+    {"lineas", grabarLineas},
+    {"puntos", kComun<Acumular>},
+    {"efectivo", grabarEfectivo},
+    {"limpiar", limpiar},
+};
+
+}  // namespace
+
+void GrabarVentaRapida(Puesto& p, CajaRegistradora& v, PantallasVenta& pantallas) {
+  VentaRapida venta(v, pantallas);
+  EjecutarPasos<VentaRapida>(p, venta, kPasos);
+}

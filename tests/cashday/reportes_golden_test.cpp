@@ -1,0 +1,70 @@
+// Reports against papers worked out by hand from the rows of dia.sql.
+#include <gtest/gtest.h>
+
+#include "platform/text/texto.h"
+#include "reporte_prueba.h"
+
+namespace {
+
+QString u8(const char* s) { return QString::fromUtf8(s); }
+
+// The first line that differs; "" when all are equal.
+std::string diferencia(const QByteArray& esperado, const QByteArray& hay) {
+  const auto a = esperado.split('\n'), b = hay.split('\n');
+  for (qsizetype i = 0; i < std::max(a.size(), b.size()); ++i) {
+    const QByteArray x = i < a.size() ? a[i] : "nothing", y = i < b.size() ? b[i] : "nothing";
+    if (x != y) return "line " + std::to_string(i + 1) + ": expected \"" + DeUnByte(x).toStdString() + "\", printed \"" + DeUnByte(y).toStdString() + '"';
+  }
+  return {};
+}
+
+QByteArray papel(const char* caso) {
+  QByteArray b = leerReporte(u8(caso) + u8(".txt"));
+  EXPECT_FALSE(b.isEmpty());
+  b.replace("@VERSION@", u8("%1.%2.%3").arg(TARVOPOS_VERSION_MAYOR).arg(TARVOPOS_VERSION_MENOR).arg(TARVOPOS_VERSION_REVISION).toUtf8());
+  return "\x1B@\r\n" + b + "\r\n" + QByteArray("\r\n\r\n").repeated(4) + "\x1D\x56\x01\r\n";
+}
+
+struct Caso {
+  const char *caso, *puerto;
+  bool (*imprimir)(PuestoDeReporte&);
+  bool conDia = true;
+};
+
+bool x(PuestoDeReporte& p) { return ReportesEspeciales(p, p.v, PedidoX()); }
+bool x1(PuestoDeReporte& p) { return ReportesEspeciales1(p, p.v, PedidoX()); }
+bool z(PuestoDeReporte& p) { return p.cerrarZ(); }
+bool z1(PuestoDeReporte& p) { return p.cerrarZ1(); }
+
+// A day later.
+void fecha(PuestoDeReporte& p) {
+  p.elReloj().ahora = p.elReloj().ahora.addDays(1);
+  p.ejecuta(u8("INSERT INTO CabeceraZ (IdZ, Caja, Fecha, CodigoRep) VALUES (7, '00001', '2026-11-24', 'Código Rep. Z1: 000007')"));
+  p.persona().espera(u8("Ingrese una fecha"), u8("24/11/2026"));
+}
+bool zFecha(PuestoDeReporte& p) { fecha(p); return ReportesEspecialesFecha(p, p.v, u8("Z")); }
+bool z1Fecha(PuestoDeReporte& p) { fecha(p); return ReportesEspeciales1Fecha(p, p.v, u8("Z")); }
+
+const Caso kCasos[] = {
+    {"x", "LPT1", x},           {"x1", "LPT2", x1},           {"z", "LPT1", z},
+    {"z1", "LPT2", z1},         {"z_fecha", "LPT1", zFecha},  {"z1_fecha", "LPT2", z1Fecha},
+    {"x_vacio", "LPT1", x, false}, {"x1_vacio", "LPT2", x1, false}, {"z_vacio", "LPT1", z, false},
+};
+
+class Reporte : public testing::TestWithParam<Caso> {};
+
+TEST_P(Reporte, IsThePaperWeExpect) {
+  const Caso& c = GetParam();
+  PuestoDeReporte p;
+  if (c.conDia) p.cargarDia();
+  else p.persona().espera(u8("Para registrar ventas en dólares debe registrar el tipo de cambio"));
+  EXPECT_TRUE(c.imprimir(p));
+  EXPECT_EQ("", diferencia(papel(c.caso), p.papeles().papel[u8(c.puerto)]));
+  EXPECT_EQ(1, p.papeles().papel.size());
+  EXPECT_TRUE(p.v.bReporteImpreso);
+}
+
+INSTANTIATE_TEST_SUITE_P(Golden, Reporte, testing::ValuesIn(kCasos),
+                         [](const auto& i) { return std::string(i.param.caso); });
+
+}  // namespace
