@@ -163,6 +163,17 @@ TEST(Caja, SellsOnWhateverIsAway) {
   EXPECT_EQ(p.filas(QStringLiteral("SELECT DISTINCT cDocCodigo FROM Operacion ORDER BY 1")), "[1],[2],[3]");
 }
 
+TEST(Caja, ReportsOfTheTurnAndOfADate) {
+  const Puesto p(abierto());
+  EXPECT_EQ(p.filas(QStringLiteral("INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, cUserActi) "
+                                   "VALUES ('rovel', 'soporte', 1, 1)")), "{\"afectadas\":1}\n[estado 0]\n");
+  tocaComoSeEspera(p, QStringLiteral("reportes"));
+  EXPECT_EQ(p.papel().count(QStringLiteral("X  CHECK                             01")), 1) << "the second had no central database";
+  EXPECT_EQ(p.papel().count(QStringLiteral("Z  CHECK                             01")), 1);
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT COUNT(*) FROM Operacion WHERE cOperTipo = 10")), "[3]");
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT idz, Imac FROM _Tmp1 WHERE prn = 1")), "[0,0]") << "by date no counter moves";
+}
+
 const QByteArray kHastaElPago =
     "reloj 24/11/2026 09:00:00\ninicia\nespera frmPassword\nescribe txtPassword caja\ntecla Enter\n"
     "espera frmPrincipal\nclic mnuOperaciones_Hijo(4)\nespera frmCajaRegistradoraFull\ncelda TDBGrid1 1 1 206\n";
