@@ -15,8 +15,12 @@
 #include "foundation/puesto.h"
 #include "printing/frm_configura_impresora.h"
 #include "sale/frm_autorizar.h"
+#include "sale/frm_busqueda_articulos.h"
 #include "sale/frm_caja_full.h"
 #include "sale/frm_caja_rapida.h"
+#include "sale/frm_caja_voucher.h"
+#include "sale/frm_pago.h"
+#include "sale/frm_vuelto.h"
 
 namespace {
 
@@ -90,32 +94,34 @@ bool Pantallas::sincronizar(bool) { return false; }
 
 std::optional<QString> Pantallas::autorizar(const QString& acto) { return autorizarOperacion(p_, padre(), acto); }
 
-std::optional<EfectivoVoucher> Pantallas::voucher(const PedidoVoucher&) {
-  noDisponible(QStringLiteral("Caja Voucher"));
-  return {};
+std::optional<EfectivoVoucher> Pantallas::voucher(const PedidoVoucher& pedido) {
+  return pedirVoucher(p_, padre(), pedido);
 }
 
-std::optional<EfectivoDocumento> Pantallas::pagoEfectivo(double) {
-  noDisponible(QStringLiteral("Pago en Efectivo"));
-  return {};
-}
+std::optional<EfectivoDocumento> Pantallas::pagoEfectivo(double total) { return pedirEfectivo(p_, padre(), total); }
 
 std::optional<QString> Pantallas::buscarArticulo() {
-  noDisponible(QStringLiteral("Búsqueda de artículos"));
-  return {};
+  const auto fila = elegirEnBusqueda(p_, padre(), TipoBusqueda::Producto);
+  return fila ? std::optional(fila->codigo) : std::nullopt;
 }
 
-std::optional<TarjetaElegida> Pantallas::buscarCliente(const QString&) {
-  noDisponible(QStringLiteral("Búsqueda de clientes"));
-  return {};
+std::optional<TarjetaElegida> Pantallas::buscarCliente(const QString& texto) {
+  const auto fila = elegirEnBusqueda(p_, padre(), TipoBusqueda::Cliente, texto);
+  return fila ? std::optional(TarjetaElegida{fila->codigo, fila->idLocal}) : std::nullopt;
 }
 
-std::optional<DocumentoElegido> Pantallas::buscarParalela(ListaParalela, bool) {
-  noDisponible(QStringLiteral("Pago Adelantado"));
-  return {};
+std::optional<DocumentoElegido> Pantallas::buscarParalela(ListaParalela lista, bool soloVer) {
+  const TipoBusqueda tipo = lista == ListaParalela::PagoAdelantado ? TipoBusqueda::PagoAdelantado
+                            : lista == ListaParalela::Liquidacion0 ? TipoBusqueda::Liquidacion0
+                                                                   : TipoBusqueda::Liquidacion1;
+  const auto fila = elegirEnBusqueda(p_, padre(), tipo, {}, soloVer);
+  return fila ? std::optional(fila->documento) : std::nullopt;
 }
 
-void Pantallas::retiro() { noDisponible(QStringLiteral("RECAUDACION - PAGO")); }
+void Pantallas::retiro() {
+  frmPago f(p_, padre());
+  f.exec();
+}
 
 void Pantallas::noDisponible(const QString& pantalla) {
   p_.mensajes.mostrar(QStringLiteral("La opción «") + pantalla +

@@ -116,6 +116,37 @@ TEST(Caja, SalesAreOnPaperAndInTheStore) {
 
 TEST(Caja, MenusAndASecondStartInOnePlay) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("menus")); }
 
+TEST(Caja, SearchesLeaveTheStoreAsItWas) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, QStringLiteral("busquedas"));
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT COUNT(*) FROM Operacion")), "[0]");
+}
+
+TEST(Caja, CardsAndCashPayASale) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, QStringLiteral("voucher"));
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT cOperTipo, cProdCode, nProdPrecUnit, nMontoSoles, cEmisor FROM Operacion")),
+            "[2,807,92,0,\",001,002\"],[1,0,0,12,\",001,002\"]");
+}
+
+TEST(Caja, DollarsAndChangeOfTheQuickRegister) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, QStringLiteral("efectivo"));
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT nProdPrecUnit, nMontoSoles, nMontoDolares, nVueltoDolares FROM Operacion "
+                                   "WHERE cProdCode = 0")),
+            "[-17.75,0,30,5],[0,36,0,0]");
+}
+
+TEST(Caja, WithdrawalsAndTheirReceipts) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, QStringLiteral("retiro"));
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT cOperCode, nProdPrecUnit FROM Operacion WHERE cOperTipo = 5")),
+            "[1,1500.5],[3,40]");
+  QFile recibo(p.ruta() + QStringLiteral("/impresos/Ticketera_000002.txt"));
+  ASSERT_TRUE(recibo.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(recibo.readAll().contains("\n         *40.00")) << "the refused and the failed ones left no receipt";
+}
+
 TEST(Caja, TheThirdWrongPasswordEndsTheProgram) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("clave")); }
 
 TEST(Caja, DoesNotStartWithoutTheCentralDatabase) {
@@ -130,6 +161,17 @@ TEST(Caja, SellsOnWhateverIsAway) {
   tocaComoSeEspera(p, QStringLiteral("central_cae"));
   EXPECT_EQ(p.numeros().join(u' '), "000001 000003") << "the second ticket met no paper";
   EXPECT_EQ(p.filas(QStringLiteral("SELECT DISTINCT cDocCodigo FROM Operacion ORDER BY 1")), "[1],[2],[3]");
+}
+
+TEST(Caja, ReportsOfTheTurnAndOfADate) {
+  const Puesto p(abierto());
+  EXPECT_EQ(p.filas(QStringLiteral("INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, cUserActi) "
+                                   "VALUES ('rovel', 'soporte', 1, 1)")), "{\"afectadas\":1}\n[estado 0]\n");
+  tocaComoSeEspera(p, QStringLiteral("reportes"));
+  EXPECT_EQ(p.papel().count(QStringLiteral("X  CHECK                             01")), 1) << "the second had no central database";
+  EXPECT_EQ(p.papel().count(QStringLiteral("Z  CHECK                             01")), 1);
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT COUNT(*) FROM Operacion WHERE cOperTipo = 10")), "[3]");
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT idz, Imac FROM _Tmp1 WHERE prn = 1")), "[0,0]") << "by date no counter moves";
 }
 
 const QByteArray kHastaElPago =
