@@ -147,6 +147,8 @@ TEST(Caja, WithdrawalsAndTheirReceipts) {
   EXPECT_TRUE(recibo.readAll().contains("\n         *40.00")) << "the refused and the failed ones left no receipt";
 }
 
+TEST(Caja, RefusedCardsAndSupervisors) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("avisos")); }
+
 TEST(Caja, TheThirdWrongPasswordEndsTheProgram) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("clave")); }
 
 TEST(Caja, DoesNotStartWithoutTheCentralDatabase) {
