@@ -67,8 +67,6 @@ TEST(DiscoLleno, TheStoreStaysWholeAndTheNextSaleWorks) {
     vender(p);
     ASSERT_EQ(0, setrlimit(RLIMIT_FSIZE, &limite));
     bool lleno_dicho = false;
-    for (const auto& caja : p.persona().vistas) printf("DBG %s\n", qPrintable(caja.texto));
-    printf("DBG wal %d db %d ruta %s\n", (int)antes, (int)QFileInfo(p.ses.psRutaBD).size(), qPrintable(p.ses.psRutaBD));
     for (const auto& caja : p.persona().vistas) lleno_dicho = lleno_dicho || caja.texto.contains(q("El disco está lleno"));
     (lleno_dicho ? fallaron : bien) += 1;
     EXPECT_EQ(q("ok"), p.filas(q("SELECT integrity_check FROM pragma_integrity_check")));

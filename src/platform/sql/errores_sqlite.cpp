@@ -2,8 +2,6 @@
 
 #include <sqlite3.h>
 
-#include <cerrno>
-
 namespace {
 
 struct Palabras {
@@ -13,6 +11,8 @@ struct Palabras {
 
 // Words of our own where the engine's say too little to the person at the desk.
 const Palabras kPalabras[] = {
+    // A limit of file size or a quota; the engine says no more of it.
+    {SQLITE_IOERR_WRITE, u"El disco está lleno o no responde: no se pudo guardar."},
     {SQLITE_BUSY, u"La base de datos está ocupada por otro programa. Intente de nuevo."},
     {SQLITE_LOCKED, u"La base de datos está ocupada. Intente de nuevo."},
     {SQLITE_FULL, u"El disco está lleno: no se pudo guardar."},
@@ -24,16 +24,6 @@ const Palabras kPalabras[] = {
     {SQLITE_NOMEM, u"No hay memoria suficiente."},
     {SQLITE_INTERRUPT, u"La consulta fue interrumpida."},
 };
-
-// Limits of size and quotas are a full disk to the person at the desk; the engine knows them as a failed write only.
-bool sinEspacio(sqlite3* base, int primario) {
-  if (primario != SQLITE_IOERR || !base) return false;
-  const int sistema = sqlite3_system_errno(base);
-#ifdef EDQUOT
-  if (sistema == EDQUOT) return true;
-#endif
-  return sistema == EFBIG || sistema == ENOSPC;
-}
 
 bool deSentencia(int codigo) {
   switch (codigo) {
@@ -63,7 +53,7 @@ ErrorBD errorDe(sqlite3* base, int codigo) {
   }
   if (deSentencia(primario)) return {kErrorSentencia, primario, motor};
   for (const Palabras& p : kPalabras) {
-    if (p.codigo == (sinEspacio(base, primario) ? SQLITE_FULL : primario)) {
+    if (p.codigo == extendido || p.codigo == primario) {
       return {kErrorGeneral, extendido, QStringLiteral("%1 (%2)").arg(QString::fromUtf16(p.texto), motor)};
     }
   }
