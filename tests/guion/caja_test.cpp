@@ -273,7 +273,7 @@ const QByteArray kElCuadre = "espera frmCuadre\nclic Command1\n";
 const Puesto& vendido() {
   static const Puesto puesto = [] {
     Puesto p(abierto());
-    EXPECT_TRUE(p.tocaLineas(kHastaElPago + "tecla Ctrl+Enter\n").endsWith(u"[estado 0]\n"));
+    EXPECT_TRUE(p.tocaLineas(kRegistradoras[0].hastaElPago + QByteArray("tecla Ctrl+Enter\n")).endsWith(u"[estado 0]\n"));
     return p;
   }();
   return puesto;
