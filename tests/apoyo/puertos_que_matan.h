@@ -15,7 +15,9 @@ class PuertosQueMatan : public Puertos {
     return e;
   }
   void enviarSinEsperar(const QString& archivo, const QString& puerto) override { copiar(archivo, puerto); }
-  QList<ImpresoraSistema> impresoras() override { return real_.impresoras(); }
+  QList<ImpresoraSistema> impresoras() override {
+    return {{QStringLiteral("Ticketera"), QStringLiteral("LPT1")}, {QStringLiteral("Alterna"), QStringLiteral("LPT2")}};
+  }
   QString impresoraPorDefecto() override { return real_.impresoraPorDefecto(); }
   std::optional<QString> imprimir(const QString& i, const QString& l, int t, const QStringList& x) override {
     return real_.imprimir(i, l, t, x);

@@ -1,30 +1,15 @@
 #pragma once
 // A desk with a day's sales behind it, and what its closing must leave.
-#include "apoyo/puesto_prueba.h"
 #include "cashday/cierre.h"
 #include "cashday/cuadre.h"
+#include "cashday/dia_de_archivo.h"
 #include "cashday/pantallas_guion.h"
 #include "cashday/principal.h"
 
 // Two articles on a boleta of 41.50, an order of 57.00.
 class DiaVendido : public PuestoPrueba {
  public:
-  explicit DiaVendido(const Envolver& envolver = {}) : PuestoPrueba(envolver) {
-    articulo(101, QStringLiteral("CAFE"), 19);
-    articulo(102, QStringLiteral("TORTA"), 12.5);
-    ejecuta(QStringLiteral("INSERT INTO Tipo_Cambio (dTipoCambFech, nTipoCambMont) VALUES ('24/11/2026', '3.00')"));
-    const QString linea = QStringLiteral(
-        "INSERT INTO Operacion (cOperCode, cProdCode, nProdCant, nProdPrecUnit, nMontoSoles, cOperTipo, cDocTipo, "
-        "cDocSerie, cDocCodigo, cAlmaCode, cCajaCodi, cTurnoCodi, dOperFech) VALUES (1, %1, %2, %3, %4, 1, '02', '001', "
-        "1, '01', '00001', '01', '24/11/2026 10:00')");
-    ejecuta(linea.arg(QStringLiteral("101"), QStringLiteral("1"), QStringLiteral("19"), QStringLiteral("0")));
-    ejecuta(linea.arg(QStringLiteral("102"), QStringLiteral("2"), QStringLiteral("11.25"), QStringLiteral("0")));
-    ejecuta(linea.arg(QStringLiteral("0"), QStringLiteral("1"), QStringLiteral("-8.5"), QStringLiteral("50")));
-    ejecuta(QStringLiteral("INSERT INTO OperacionParalela (cOperCode, cOperTipo, cEstado, cDocTipo, cTurnoCodi, "
-                           "cCajaCodi, dOperFech) VALUES (1, 20, '1', '10', '01', '00001', '24/11/2026 10:00')"));
-    ejecuta(QStringLiteral("INSERT INTO OperacionParalelaProducto (cOperCode, cProdCode, nProdCant, nProdPrecUnit, "
-                           "cAlmaCode) VALUES (1, 101, 3, 19, '01')"));
-  }
+  explicit DiaVendido(const Envolver& envolver = {}) : PuestoPrueba(envolver) { ejecutarArchivo(*this, "cierre/dia.sql"); }
 
   int paso() { return filas("SELECT iCierreCaja FROM Configuracion").toInt(); }
   // All that a closing stores as totals: the sales once, whatever happened on the way.

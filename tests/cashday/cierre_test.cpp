@@ -146,20 +146,3 @@ TEST(CambioTurno, MovesTheTurnAndStartsAgain) {
   EXPECT_EQ("01", p.ses.psTurno) << "a turn that isn't stored is not begun";
   EXPECT_EQ("autoriza Reporte X", pantallas.abiertas.join(u','));
 }
-
-TEST(SincronizarDatos, AsksAndLeavesTheFlagsAsTheyWere) {
-  const struct { bool ayer; const char *pregunta, *respuesta, *abre; } casos[] = {
-      {false, "¿Desea Sincronizar también las tablas maestras?", "No", "sincroniza"},
-      {true, "Seguro de Sincronizar Datos del dia anterior?", "Sí", "sincroniza ayer"},
-      {true, "Seguro de Sincronizar Datos del dia anterior?", "No", ""},
-  };
-  for (const auto& c : casos) {
-    PuestoPrueba p;
-    p.ses.pbSincronizaMaestros = true;
-    PantallasGuion pantallas;
-    p.persona().espera(QString::fromUtf8(c.pregunta), QString::fromUtf8(c.respuesta));
-    SincronizarDatos(p, pantallas, c.ayer);
-    EXPECT_EQ(c.abre, pantallas.abiertas.join(u','));
-    EXPECT_TRUE(p.ses.pbSincronizaMaestros);
-  }
-}

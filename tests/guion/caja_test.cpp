@@ -274,25 +274,11 @@ const QByteArray kElCuadre = "espera frmCuadre\nclic Command1\n";
 const Puesto& vendido() {
   static const Puesto puesto = [] {
     Puesto p(abierto());
-    EXPECT_TRUE(p.tocaLineas(kHastaElPago + "tecla Ctrl+Enter\n").endsWith(u"[estado 0]\n"));
+    EXPECT_TRUE(p.tocaLineas(kRegistradoras[0].hastaElPago + QByteArray("tecla Ctrl+Enter\n")).endsWith(u"[estado 0]\n"));
     return p;
   }();
   return puesto;
 }
-
-TEST(Caja, ADayOfTwoTurnsByKeysAlone) {
-  const Puesto p(abierto());
-  tocaComoSeEspera(p, QStringLiteral("dia_completo"));
-  EXPECT_EQ(p.filas(QStringLiteral("SELECT iCierreCaja, cCodiTurno FROM Configuracion")), "[6,\"\"]");
-  EXPECT_EQ(p.filas(QStringLiteral("SELECT prn, idz, Imac FROM _Tmp1 ORDER BY prn")), "[1,1,41],[2,1,41]");
-  EXPECT_EQ(p.filas(QStringLiteral("SELECT DISTINCT cTurnoCodi FROM Operacion WHERE cOperTipo = 1 ORDER BY 1")),
-            "[\"01\"],[\"02\"]");
-  for (const char* papel : {"X  CHECK ", "Z  CHECK ", "CUADRE CAJA Z1", "  CUADRE CAJA\n"}) {
-    EXPECT_EQ(p.papel().count(QLatin1String(papel)) > 0, true) << papel;
-  }
-}
-
-TEST(Caja, WhatTheClosingTellsLeavesTheWindowAlive) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("cierre_avisos")); }
 
 std::vector<int> pasosDelCierre() {
   if (!qEnvironmentVariableIsSet("TARVOPOS_LARGO")) return {4, 30, 75, 110, 150};
