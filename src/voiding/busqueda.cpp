@@ -109,7 +109,8 @@ void Busca_operacion(Puesto& p, PantallaTransaccion& v, bool silencio) {
   if (v.uso == Uso::Anular) {
     Transaccion t;
     AvanceAnulacion avance;
-    if (LeerTransaccion(p, entero(rs[u"cOpercode"]), false, t) != LecturaTransaccion::Leida || !LeerAvance(p, t, avance) ||
+    if (LeerTransaccion(p, entero(rs[u"cOpercode"]), false, t) != LecturaTransaccion::Leida ||
+        !LeerAvance(p, t, avance) ||
         avance.estado == Anulada::Del_todo) {
       return;
     }
