@@ -15,6 +15,8 @@ CREATE TABLE Cliente (
   bFlagSincro INTEGER DEFAULT 0,
   PRIMARY KEY (cClieCode, IdLocal)
 );
+-- A search by any part of the surnames reads this index through instead of the whole rows.
+CREATE INDEX Cliente_apellidos ON Cliente (sClieApel, cClieCode, IdLocal);
 CREATE TABLE Tarjeta (
   cClieCode INTEGER,
   IdLocal INTEGER NOT NULL,

@@ -2,14 +2,25 @@
 
 #include <QApplication>
 
+#include "backoffice/frm_cabecera_impresion_lista.h"
+#include "backoffice/frm_configura_boton_producto.h"
+#include "backoffice/frm_parametros.h"
+#include "backoffice/frm_producto_lista.h"
+#include "backoffice/frm_tablas.h"
 #include "backoffice/frm_tipo_cambio.h"
 #include "backoffice/frm_tipo_cambio_lista.h"
+#include "backoffice/frm_usuario_lista.h"
 #include "cashday/frm_cuadre.h"
 #include "cashday/principal.h"
 #include "foundation/puesto.h"
+#include "printing/frm_configura_impresora.h"
 #include "sale/frm_autorizar.h"
+#include "sale/frm_busqueda_articulos.h"
 #include "sale/frm_caja_full.h"
 #include "sale/frm_caja_rapida.h"
+#include "sale/frm_caja_voucher.h"
+#include "sale/frm_pago.h"
+#include "sale/frm_vuelto.h"
 #include "voiding/frm_anula_transaccion.h"
 #include "voiding/frm_reimpresion.h"
 
@@ -65,13 +76,13 @@ void Pantallas::tipoCambioDetalle(int modo) {
 
 void Pantallas::mantenimiento(PantallaMantenimiento cual) {
   switch (cual) {
-    case PantallaMantenimiento::Productos: noDisponible(QStringLiteral("Productos")); return;
-    case PantallaMantenimiento::Teclado: noDisponible(QStringLiteral("Configuración del Teclado")); return;
-    case PantallaMantenimiento::Cabecera: noDisponible(QStringLiteral("Cabecera de Impresión")); return;
-    case PantallaMantenimiento::Impresora: noDisponible(QStringLiteral("Configuración Impresora")); return;
-    case PantallaMantenimiento::Usuarios: noDisponible(QStringLiteral("Usuarios")); return;
-    case PantallaMantenimiento::Parametros: noDisponible(QStringLiteral("Configuración Parámetros")); return;
-    case PantallaMantenimiento::TiposTarjeta: noDisponible(QStringLiteral("Tipo de Tarjeta")); return;
+    case PantallaMantenimiento::Productos: frmProductoLista(p_, padre()).exec(); return;
+    case PantallaMantenimiento::Teclado: frmConfiguraBotonProducto(p_, *this, padre()).exec(); return;
+    case PantallaMantenimiento::Cabecera: frmCabeceraImpresionLista(p_, padre()).exec(); return;
+    case PantallaMantenimiento::Impresora: frmConfiguraImpresora(p_, padre()).exec(); return;
+    case PantallaMantenimiento::Usuarios: frmUsuarioLista(p_, padre()).exec(); return;
+    case PantallaMantenimiento::Parametros: frmParametros(p_, padre()).exec(); return;
+    case PantallaMantenimiento::TiposTarjeta: FrmTablas(p_, padre()).exec(); return;
   }
 }
 
@@ -95,32 +106,34 @@ bool Pantallas::sincronizar(bool) { return false; }
 
 std::optional<QString> Pantallas::autorizar(const QString& acto) { return autorizarOperacion(p_, padre(), acto); }
 
-std::optional<EfectivoVoucher> Pantallas::voucher(const PedidoVoucher&) {
-  noDisponible(QStringLiteral("Caja Voucher"));
-  return {};
+std::optional<EfectivoVoucher> Pantallas::voucher(const PedidoVoucher& pedido) {
+  return pedirVoucher(p_, padre(), pedido);
 }
 
-std::optional<EfectivoDocumento> Pantallas::pagoEfectivo(double) {
-  noDisponible(QStringLiteral("Pago en Efectivo"));
-  return {};
-}
+std::optional<EfectivoDocumento> Pantallas::pagoEfectivo(double total) { return pedirEfectivo(p_, padre(), total); }
 
 std::optional<QString> Pantallas::buscarArticulo() {
-  noDisponible(QStringLiteral("Búsqueda de artículos"));
-  return {};
+  const auto fila = elegirEnBusqueda(p_, padre(), TipoBusqueda::Producto);
+  return fila ? std::optional(fila->codigo) : std::nullopt;
 }
 
-std::optional<TarjetaElegida> Pantallas::buscarCliente(const QString&) {
-  noDisponible(QStringLiteral("Búsqueda de clientes"));
-  return {};
+std::optional<TarjetaElegida> Pantallas::buscarCliente(const QString& texto) {
+  const auto fila = elegirEnBusqueda(p_, padre(), TipoBusqueda::Cliente, texto);
+  return fila ? std::optional(TarjetaElegida{fila->codigo, fila->idLocal}) : std::nullopt;
 }
 
-std::optional<DocumentoElegido> Pantallas::buscarParalela(ListaParalela, bool) {
-  noDisponible(QStringLiteral("Pago Adelantado"));
-  return {};
+std::optional<DocumentoElegido> Pantallas::buscarParalela(ListaParalela lista, bool soloVer) {
+  const TipoBusqueda tipo = lista == ListaParalela::PagoAdelantado ? TipoBusqueda::PagoAdelantado
+                            : lista == ListaParalela::Liquidacion0 ? TipoBusqueda::Liquidacion0
+                                                                   : TipoBusqueda::Liquidacion1;
+  const auto fila = elegirEnBusqueda(p_, padre(), tipo, {}, soloVer);
+  return fila ? std::optional(fila->documento) : std::nullopt;
 }
 
-void Pantallas::retiro() { noDisponible(QStringLiteral("RECAUDACION - PAGO")); }
+void Pantallas::retiro() {
+  frmPago f(p_, padre());
+  f.exec();
+}
 
 void Pantallas::noDisponible(const QString& pantalla) {
   p_.mensajes.mostrar(QStringLiteral("La opción «") + pantalla +

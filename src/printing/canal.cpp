@@ -12,6 +12,7 @@
 namespace {
 
 const QString kFinLinea = QStringLiteral("\r\n");
+const QString kBlanco = QStringLiteral(" ");             // the driver's feed, twice behind a document
 const QString kReinicio = QStringLiteral("\x1B@");      // ESC @
 const QString kCorte = QStringLiteral("\x1D\x56\x01");  // GS V 1
 constexpr int kLineasBloque = 100;
@@ -126,11 +127,6 @@ int elegir(Puesto& p, int impresora) {
   return principal ? p.ses.pnCortaPapel : p.ses.pnCortaPapelAlterna;
 }
 
-void imprimirPorControlador(Puesto& p, QStringList textos, const Letra& letra) {
-  textos << QStringLiteral(" ") << QStringLiteral(" ");
-  mostrarFallo(p, p.puertos.imprimir(impresoraActual(p).nombre, letra.nombre, letra.puntos, textos));
-}
-
 }  // namespace
 
 void SeleccionarImpresora(Puesto& p, const QString& dispositivo) {
@@ -211,10 +207,14 @@ void AbrirGaveta(Puesto& p, const QString& modelo) {
   (void)p.puertos.copiar(archivo, QStringLiteral("LPT1"));
 }
 
+void ImprimirPorControlador(Puesto& p, const QStringList& textos, const Letra& letra) {
+  mostrarFallo(p, p.puertos.imprimir(impresoraActual(p).nombre, letra.nombre, letra.puntos, textos));
+}
+
 void ImprimirDocumento(Puesto& p, const QString& texto, int impresora, const QString& tronco, const Letra& letra) {
   const int corta = elegir(p, impresora);
   QString nombre = tronco;
-  if (corta == 0) imprimirPorControlador(p, {texto}, letra);
+  if (corta == 0) ImprimirPorControlador(p, {texto, kBlanco, kBlanco}, letra);
   if (corta == 1) ImprimirTextoPuerto(p, texto, impresora, nombre);
 }
 
@@ -224,7 +224,7 @@ void ImprimirInforme(Puesto& p, const BloquesInforme& b, int impresora, const QS
   if (corta != 0) return;
   QStringList textos;
   for (int n = 0; n <= b.actual; ++n) textos << b.bloques[static_cast<size_t>(n)];
-  imprimirPorControlador(p, textos, letra);
+  ImprimirPorControlador(p, textos << kBlanco << kBlanco, letra);
 }
 
 bool CargarCabeceraImpresion(Puesto& p) {

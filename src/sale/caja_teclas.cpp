@@ -1,5 +1,6 @@
 #include "foundation/puesto.h"
 #include "foundation/rutinas.h"
+#include "platform/text/numero.h"
 #include "platform/text/texto.h"
 #include "sale/caja_full.h"
 #include "sale/caja_liquidacion.h"
@@ -28,8 +29,10 @@ Emision emitir(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
   // The voucher of a liquidation goes on to the sale document that it still waits for.
   if (!v.bLiquidando) soltarVoucher(p, v);
   if (hecha) return {true, kAlCliente};
-  const bool adelanto = pantallaDe(v.nTipoVenta).panel == PanelTipo::MontoAdelantado;
-  return {false, adelanto ? Foco{QStringLiteral("txtPagoAdelantado")} : Foco{}};
+  // Entering the field empties the other one, so only where neither holds an amount.
+  const bool sinMonto = pantallaDe(v.nTipoVenta).panel == PanelTipo::MontoAdelantado &&
+                        LeerImporte(v.txtPagoAdelantado) <= 0 && LeerImporte(v.txtPADEDolares) <= 0;
+  return {false, sinMonto ? Foco{QStringLiteral("txtPagoAdelantado")} : Foco{}};
 }
 
 Emision comprobarYEmitir(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {

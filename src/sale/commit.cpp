@@ -35,7 +35,7 @@ bool totalizar(Puesto& p, Venta& c) {
 }
 
 bool grabarLineas(Puesto& p, Venta& c) {
-  for (const auto& pago : p.ses.poVoucher) c.o.emisor += u',' + ReemplazarComilla(pago.cod_tar);
+  for (const auto& pago : p.ses.poVoucher) c.o.emisor += u',' + ReemplazarComilla(Recortar(pago.cod_tar));
   c.o.tipo = c.v.bLiquidando ? 3 : c.v.nTipoVenta;
   c.o.liquidacion = c.v.bLiquidando ? AEntero(Val(c.v.txtLiq)) : 0;
   for (const auto& linea : c.lineas) {
@@ -92,6 +92,7 @@ bool pasos::Autorizar(Puesto&, Venta& c) {
 }
 
 bool pasos::PagarExacto(Puesto&, Venta& c) {
+  if (!tipoConEfectivo(c.v.nTipoVenta)) return true;  // what cards don't pay stands in the voucher
   for (QString* campo : {&c.v.txtEfectivoSoles, &c.v.txtEfectivoDolares}) {
     if (Recortar(*campo).isEmpty()) *campo = QStringLiteral("0.00");
   }

@@ -336,14 +336,22 @@ void frmCajaRegistradoraFull::mostrarLocales() {
 
 void frmCajaRegistradoraFull::mostrarPaneles() {
   const PantallaTipo& t = pantallaDe(v_.nTipoVenta);
-  pago_.frmVuelto->setVisible(t.verEfectivo);
-  pago_.fraTotal->setVisible(t.verTotal);
-  adelanto_.frapade->setVisible(t.panel == PanelTipo::DatosPago);
-  adelanto_.fraPagoAdelantado->setVisible(t.panel == PanelTipo::MontoAdelantado);
+  const std::pair<QWidget*, bool> paneles[] = {
+      {pago_.frmVuelto, t.verEfectivo},
+      {pago_.fraTotal, t.verTotal},
+      {adelanto_.frapade, t.panel == PanelTipo::DatosPago},
+      {adelanto_.fraPagoAdelantado, t.panel == PanelTipo::MontoAdelantado},
+      {cmdVoucher_, t.verVoucher},
+  };
+  // What goes, goes first: a window that has to hold both for a moment grows and stays so.
+  for (const bool visible : {false, true}) {
+    for (const auto& [panel, verlo] : paneles) {
+      if (verlo == visible) panel->setVisible(visible);
+    }
+  }
   for (Campo* c : {pago_.txtEfectivoDolares, pago_.txtVueltoDolares}) c->setReadOnly(!t.dolaresEditables);
   pago_.txtEfectivoSoles->setReadOnly(EfectivoFijo(v_));
   txtRUC_->setReadOnly(!t.rucEditable);
-  cmdVoucher_->setVisible(t.verVoucher);
   for (QPushButton* b : {agregarArt_, eliminarArt_}) b->setVisible(!v_.bLiquidando);
   for (int i = 0; i < pestanas_->count(); ++i) {
     pestanas_->setTabEnabled(i, t.unicaPestana < 0 || t.unicaPestana == i);

@@ -34,7 +34,7 @@ enum class ListaParalela {
 // An open parallel document chosen in its picker.
 struct DocumentoElegido {
   qint64 codigo = 0;
-  QString importe;  // "S/." or "US$" by its currency, then the amount with mask "0.00"
+  QString importe;  // "S/. " or "US$ " by its currency, then the amount with mask "0.00"
   QString glosa;
 };
 

@@ -5,6 +5,7 @@
 
 #include "apoyo/motor_que_falla.h"
 #include "platform/io/puertos_sistema.h"
+#include "sale/caja_liquidacion.h"
 #include "venta_prueba.h"
 
 namespace {
@@ -13,65 +14,137 @@ QString q(const char* s) { return QString::fromUtf8(s); }
 
 std::vector<FilaVenta> dosLineas() { return {filaVenta(101, q("Cafe"), 10, 3), filaVenta(102, q("Torta"), 12.5)}; }
 
+// A document about to be committed, by kind.
+struct EscenaFalla {
+  const char* nombre;
+  TipoVenta tipo;
+  const char* tipoDoc;
+  int filas;  // that it leaves in the three tables
+  const char *soles, *adelanto;
+};
+const EscenaFalla kEscenas[] = {
+    {"Boleta", kEfectivo, "02", 3, "", ""},     {"Voucher", kVoucher, "02", 3, "10.00", ""},
+    {"Orden", kOC, "10", 4, "", ""},            {"Nota", kNC, "11", 3, "", ""},
+    {"Pade", kPADE, "12", 1, "", "50.00"},      {"Padv", kPADV, "13", 2, "", "50.00"},
+    {"Liquidacion", kLIQPAD, "14", 2, "20.00", ""},
+};
+
+// What a liquidation settles: an advance payment of 30.00 and a note of 45.00.
+void ponerDocumentos(PuestoPrueba& p) {
+  p.articulo(102, q("Torta"), 4.5);
+  for (const char* sql : {
+           "INSERT INTO OperacionParalela (cOperCode, cOperTipo, dOperFech, nMontoSoles, nMoneda, cEstado, cOperCodeRela, "
+           "cDocSerie, cDocCodigo, cDocTipo) VALUES (9, 22, '24/11/2026 09:00', 30, 1, '1', 0, 'PA1', 0, '12')",
+           "INSERT INTO OperacionParalela (cOperCode, cOperTipo, dOperFech, nMontoSoles, nMoneda, cEstado, cOperCodeRela, "
+           "cDocSerie, cDocCodigo, cDocTipo) VALUES (11, 21, '24/11/2026 09:30', 45, 0, '1', 9, 'NC1', 0, '11')",
+           "INSERT INTO OperacionParalelaProducto (cAlmaCode, cOperCode, cProdCode, nProdCant, nProdPrecUnit, nDscto, "
+           "nServicio) VALUES ('01', 11, 102, 10, 4.5, 0, 0)",
+       }) {
+    p.ejecuta(q(sql));
+  }
+}
+
+void llenar(const EscenaFalla& e, Puesto& p, CajaRegistradoraFull& v) {
+  PonerTipo(v, e.tipo);
+  if (pantallaDe(e.tipo).llevaLineas) v.lineas = dosLineas();
+  v.txtTX = q("9");
+  v.txtPagoAdelantado = q(e.adelanto);
+  if (e.tipo == kVoucher || e.tipo == kPADV) {
+    CalculaTotales(p, v);
+    v.bVoucherListo = true;
+    p.ses.poVoucher = {{q("001"), q("CRÉDITO"), 32.5}};
+  }
+  if (e.tipo == kLIQPAD) {
+    v.txtTXL[0] = q("9");
+    AgregarTX(p, v, 0);
+  }
+  if (*e.soles != '\0') v.txtEfectivoSoles = q(e.soles);
+  v.efectivoTecleado = *e.soles != '\0';
+}
+
 // Statements whose failure ends the commit; any other is told and passed over.
 bool termina(const QString& sql) {
   for (const char* s : {"MAX(cOperCode)", "CABECERA_IMPRESION", "FROM Config_Documento", "MAX(cDocCodigo)",
-                        "UPDATE Config_Documento", "INSERT INTO OPERACION"}) {
+                        "UPDATE Config_Documento", "INSERT INTO OPERACION", "UPDATE OPERACIONPARALELA",
+                        "FROM OPERACIONPARALELA WHERE", "OperacionParalelaProducto ", "FROM Producto"}) {
     if (sql.contains(q(s))) return true;
   }
   return false;
+}
+
+// The screen has been cleared for the sale document of a liquidation by then.
+bool trasLimpiar(const QString& sql) {
+  return sql.contains(u"cOperflagAbierto=1") || sql.startsWith(u" SELECT sProdDescCrta");
 }
 
 qsizetype cuantas(const QStringList& sentencias, const char* parte) {
   return sentencias.filter(q(parte)).size();
 }
 
-class Fallas : public testing::TestWithParam<Falla> {};
+int filasDe(PuestoPrueba& p) {
+  return p.filas(q("SELECT COUNT(*) FROM Operacion")).toInt() + p.filas(q("SELECT COUNT(*) FROM OperacionParalela")).toInt() +
+         p.filas(q("SELECT COUNT(*) FROM OperacionParalelaProducto")).toInt();
+}
+
+QByteArray papelDe(PuestoPrueba& p) { return p.papeles().papel[q("LPT1")] + p.papeles().papel[q("LPT2")]; }
+
+class Fallas : public testing::TestWithParam<std::tuple<Falla, EscenaFalla>> {};
 
 TEST_P(Fallas, EachStatementOfTheCommitHasItsTurn) {
+  const auto& [falla, escena] = GetParam();
+  const QString contador = q("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='") + q(escena.tipoDoc) + u'\'';
   int n = 1, terminados = 0;
   for (;; ++n) {
     PlanFallas plan;
     PuestoDeVenta p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
     p.persona().dejaPasar();
+    ponerDocumentos(p);
+    const int base = filasDe(p), usado = p.filas(contador).toInt();
     CajaRegistradoraFull v;
     PantallasGuion pantallas;
-    v.lineas = dosLineas();
-    plan.armar(n, GetParam());
-    GrabarVenta(p, v, pantallas);
+    llenar(escena, p, v);
+    const auto lineas = v.lineas.size();
+    plan.armar(n, falla);
+    const bool hecha = GrabarVenta(p, v, pantallas);
     if (plan.van < n) break;
     const QStringList antes = plan.sentencias.mid(0, n - 1);
     const QString cual = plan.sentencias[n - 1];
     plan.armar(0);
     SCOPED_TRACE(qPrintable(QString::number(n) + u' ' + cual));
-    const QByteArray papel = p.papeles().papel[q("LPT1")];
-    const auto filas = cuantas(antes, "INSERT INTO OPERACION");
+    const QByteArray papel = papelDe(p);
+    const bool seguro = termina(cual) || falla == Falla::unaVez;
+    EXPECT_EQ(!termina(cual), seguro ? hecha : !termina(cual));
     if (termina(cual)) {
       ++terminados;
-      EXPECT_EQ(QString::number(filas), p.filas(q("SELECT COUNT(*) FROM Operacion")));
-      EXPECT_EQ(QString::number(cuantas(antes, "SET cSerieDoc")),
-                p.filas(q("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='02'")));
+      EXPECT_EQ(base + cuantas(antes, "INSERT INTO OPERACION"), filasDe(p));
+      EXPECT_EQ(usado + cuantas(antes, "SET cSerieDoc"), p.filas(contador).toInt());
       EXPECT_EQ(cuantas(antes, "idct + 1"), papel.count("TK NRO:"));
-      EXPECT_TRUE(papel.startsWith(pulsoGaveta()));
-      EXPECT_EQ(2u, v.lineas.size());  // the screen stays as it was
-      EXPECT_EQ(kEfectivo, v.nTipoVenta);
-    } else if (GetParam() == Falla::unaVez) {
-      EXPECT_EQ(q("3"), p.filas(q("SELECT COUNT(*) FROM Operacion")));
+      EXPECT_TRUE(p.papeles().papel[q("LPT1")].startsWith(pulsoGaveta()));
+      if (!trasLimpiar(cual)) {
+        EXPECT_EQ(lineas, v.lineas.size());  // the screen stays as it was
+        EXPECT_EQ(escena.tipo, v.nTipoVenta);
+      }
     }
-    // The next sale: all its rows, a number above every one on paper.
-    const QString numero = QString::number(1 + p.filas(q("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='02'")).toInt());
-    const QString hubo = p.filas(q("SELECT COUNT(*) FROM Operacion"));
-    v.lineas = dosLineas();
-    GrabarVenta(p, v, pantallas);
-    EXPECT_EQ(QString::number(hubo.toInt() + 3), p.filas(q("SELECT COUNT(*) FROM Operacion")));
-    EXPECT_EQ(q("3"), p.filas(q("SELECT COUNT(*) FROM Operacion WHERE cDocCodigo=") + numero));
-    EXPECT_TRUE(p.papeles().papel[q("LPT1")].mid(papel.size()).contains(
-        (q(" TK NRO: 001-") + Ceros(numero, 6)).toLatin1()));
+    // The next document: all its rows, a number above every one on paper.
+    const QString numero = QString::number(1 + p.filas(contador).toInt());
+    const int hubo = filasDe(p);
+    CajaRegistradoraFull otra;
+    p.ejecuta(q("UPDATE OperacionParalela SET cEstado='1', cOperCodeRela=9 WHERE cOperCode IN (9, 11)"));
+    llenar(escena, p, otra);
+    p.elReloj().ahora = p.elReloj().ahora.addSecs(60);
+    EXPECT_TRUE(GrabarVenta(p, otra, pantallas));
+    EXPECT_EQ(hubo + escena.filas, filasDe(p));
+    EXPECT_TRUE(papelDe(p).contains((u'-' + Ceros(numero, 6) + q(" NS:")).toLatin1()));
   }
-  EXPECT_GT(terminados, 8);  // code, header, number (3), check (2), three rows
+  EXPECT_GE(terminados, 7);  // code, header, number (3), what follows the paper
 }
-INSTANTIATE_TEST_SUITE_P(Commit, Fallas, testing::Values(Falla::unaVez, Falla::desdeAhi),
-                         [](const auto& i) { return i.param == Falla::unaVez ? "Once" : "FromThereOn"; });
+INSTANTIATE_TEST_SUITE_P(Commit, Fallas,
+                         testing::Combine(testing::Values(Falla::unaVez), testing::ValuesIn(kEscenas)),
+                         [](const auto& i) { return std::get<1>(i.param).nombre; });
+INSTANTIATE_TEST_SUITE_P(CommitOnAFullDisk, Fallas,
+                         testing::Combine(testing::Values(Falla::desdeAhi),
+                                          testing::Values(kEscenas[0], kEscenas[6])),
+                         [](const auto& i) { return std::get<1>(i.param).nombre; });
 
 // Port writes take part in the plan's count.
 class PuertosQueMatan final : public Puertos {
@@ -85,7 +158,7 @@ class PuertosQueMatan final : public Puertos {
     return e;
   }
   void enviarSinEsperar(const QString& archivo, const QString& puerto) override { copiar(archivo, puerto); }
-  QList<ImpresoraSistema> impresoras() override { return real_.impresoras(); }
+  QList<ImpresoraSistema> impresoras() override { return {{QStringLiteral("Alterna"), QStringLiteral("LPT2")}}; }
   QString impresoraPorDefecto() override { return real_.impresoraPorDefecto(); }
   std::optional<QString> imprimir(const QString& i, const QString& l, int t, const QStringList& x) override {
     return real_.imprimir(i, l, t, x);
@@ -96,8 +169,8 @@ class PuertosQueMatan final : public Puertos {
   PlanFallas& plan_;
 };
 
-// One sale on the desk's folder by a desk of its own; with a plan that kills it doesn't come back.
-void venderEn(PuestoPrueba& p, PlanFallas plan) {
+// One document on the desk's folder by a desk of its own; with a plan that kills it doesn't come back.
+void emitirEn(PuestoPrueba& p, PlanFallas plan, const EscenaFalla& escena) {
   MotoresQueFallan motores(p.motores, plan);
   PuertosQueMatan puertos(p.rutas.programa, plan);
   Puesto otro(motores, puertos, p.reloj, p.mensajes, p.salida, p.rutas);
@@ -105,54 +178,78 @@ void venderEn(PuestoPrueba& p, PlanFallas plan) {
   ASSERT_TRUE(otro.poDBAdmin.AbrirBD(otro.poCnnLocal, q("driver={Microsoft Access Driver (*.mdb)};DBQ=") + p.ses.psRutaBD));
   CajaRegistradoraFull v;
   PantallasGuion pantallas;
-  v.lineas = dosLineas();
+  llenar(escena, otro, v);
   GrabarVenta(otro, v, pantallas);
 }
 
-QByteArray rollo(const PuestoPrueba& p) {
-  QFile f(p.rutas.enPrograma(q("puertos/LPT1")));
+QByteArray rollo(const PuestoPrueba& p, const char* puerto) {
+  QFile f(p.rutas.enPrograma(q("puertos/") + q(puerto)));
   return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
-// SIGKILL shows what the process had handed over; whether the disk had it, only a power cut would tell.
-TEST(Muerte, LeavesAPrefixAndANewNumber) {
+// Plays the document with a kill at each of its writes, before and behind it. `mira` judges what each has left, given
+// the number in use and the papers that carry it; the last call is for the one that ran to its end.
+void matarEnCadaPaso(const EscenaFalla& escena, const char* puerto, const char* ticket,
+                     const std::function<void(PuestoPrueba&, bool entera, int usado, qsizetype papeles)>& mira) {
   const QString local = q("driver={Microsoft Access Driver (*.mdb)};DBQ=");
   for (const Muerte momento : {Muerte::antes, Muerte::despues}) {
     for (int n = 1;; ++n) {
       SCOPED_TRACE(n);
       PuestoDeVenta p;
       p.persona().dejaPasar();
+      ponerDocumentos(p);
       p.poCnnLocal.cerrar();  // no connection lives in both processes
       const pid_t hijo = ::fork();
       ASSERT_GE(hijo, 0);
       if (hijo == 0) {
         PlanFallas plan;
         plan.armar(n, Falla::unaVez, momento);
-        venderEn(p, plan);
+        emitirEn(p, plan, escena);
         ::_exit(0);
       }
       int estado = 0;
       ASSERT_EQ(hijo, ::waitpid(hijo, &estado, 0));
       ASSERT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnLocal, local + p.ses.psRutaBD));
-      const QString filas = p.filas(q("SELECT cOperCode, cProdCode, cDocCodigo FROM Operacion ORDER BY cOperID"));
-      const QString todas = q("1|101|1\n1|102|1\n1|0|1");
-      EXPECT_TRUE(todas.startsWith(filas)) << qPrintable(filas);
-      const auto papeles = rollo(p).count("TK NRO: 001-000001");
-      const QString usado = p.filas(q("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='02'"));
-      EXPECT_TRUE(filas.isEmpty() || papeles == 1);  // paper before rows
-      EXPECT_TRUE(papeles == 0 || usado == u"1");    // number before paper
+      const int usado = p.filas(q("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='%1'").arg(q(escena.tipoDoc))).toInt();
+      const auto papeles = rollo(p, puerto).count(ticket);
+      EXPECT_TRUE(papeles == 0 || usado == 1);  // number before paper
+      mira(p, WIFEXITED(estado), usado, papeles);
       if (WIFEXITED(estado)) {
         EXPECT_EQ(0, WEXITSTATUS(estado));
-        EXPECT_EQ(todas, filas);
         EXPECT_GT(n, 14);
         break;
       }
       EXPECT_TRUE(WIFSIGNALED(estado) && WTERMSIG(estado) == SIGKILL);
-      venderEn(p, {});
-      EXPECT_EQ(papeles, rollo(p).count("TK NRO: 001-000001") - (usado == u"0" ? 1 : 0));  // no number twice on paper
-      EXPECT_EQ(q("3"), p.filas(q("SELECT COUNT(*) FROM Operacion WHERE cDocCodigo=%1").arg(usado.toInt() + 1)));
+      p.ejecuta(q("UPDATE OperacionParalela SET cEstado='1', cOperCodeRela=9 WHERE cOperCode IN (9, 11)"));
+      emitirEn(p, {}, escena);
+      EXPECT_EQ(papeles, rollo(p, puerto).count(ticket) - (usado == 0 ? 1 : 0));  // no number twice on paper
+      EXPECT_EQ(usado + 1, p.filas(q("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='%1'").arg(q(escena.tipoDoc))).toInt());
     }
   }
+}
+
+// SIGKILL shows what the process had handed over; whether the disk had it, only a power cut would tell.
+TEST(Muerte, ASaleLeavesAPrefixOfItsRows) {
+  matarEnCadaPaso(kEscenas[0], "LPT1", "TK NRO: 001-000001", [](PuestoPrueba& p, bool entera, int, qsizetype papeles) {
+    const QString filas = p.filas(q("SELECT cOperCode, cProdCode, cDocCodigo FROM Operacion ORDER BY cOperID"));
+    const QString todas = q("1|101|1\n1|102|1\n1|0|1");
+    EXPECT_TRUE(entera ? filas == todas : todas.startsWith(filas)) << qPrintable(filas);
+    EXPECT_TRUE(filas.isEmpty() || papeles == 1);  // paper before rows
+  });
+}
+
+TEST(Muerte, ALiquidationLeavesAPrefixOfItsWrites) {
+  matarEnCadaPaso(kEscenas[6], "LPT2", "TK NRO: LQ1-000001", [](PuestoPrueba& p, bool entera, int, qsizetype papeles) {
+    QString hechas;  // its own row, its cash, its state, then the advance payment and the note that it settles
+    for (const char* sql : {"OperacionParalela WHERE cOperTipo=24", "Operacion WHERE cDocTipo='14'",
+                            "OperacionParalela WHERE cOperTipo=24 AND cEstado='2'",
+                            "OperacionParalela WHERE cOperCode=9 AND cEstado='2' AND cOperCodeRela=12",
+                            "OperacionParalela WHERE cOperCode=11 AND cEstado='2' AND cOperCodeRela=12"}) {
+      hechas += p.filas(q("SELECT COUNT(*) FROM ") + q(sql));
+    }
+    EXPECT_TRUE(entera ? hechas == u"11111" : q("1111100000").contains(hechas) && !hechas.contains(u"01")) << qPrintable(hechas);
+    EXPECT_TRUE(hechas.startsWith(u'0') || papeles == 1);
+  });
 }
 
 }  // namespace

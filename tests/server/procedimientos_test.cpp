@@ -80,6 +80,16 @@ TEST(Procedimientos, EachClosingHasAHeadOfItsOwn) {
             c.filas("SELECT idZ1, cCajaCodi, nidEstado, dFecha FROM TCABECERAZ1"));
 }
 
+TEST(Procedimientos, AClosingThatIsBegunAgainDropsWhatItLeft) {
+  Central c;
+  for (const char* caja : {"00001", "00002"}) c.llama("spr_insertar_cabecera_z1", {u8(caja), qint64(-1)});
+  c.llama("spr_insertar_cabecera_z1", {u8("00001"), qint64(-2)});
+  c.filas("INSERT INTO TDETALLEZ1 (nidZ1) VALUES (1), (1), (2), (3)");
+  EXPECT_EQ("4", c.llama("spr_insertar_cabecera_z1", {u8("00001"), qint64(-1)}));
+  EXPECT_EQ("2|00002|-1\n3|00001|-2\n4|00001|-1", c.filas("SELECT idZ1, cCajaCodi, nidEstado FROM TCABECERAZ1"));
+  EXPECT_EQ("2\n3", c.filas("SELECT nidZ1 FROM TDETALLEZ1"));
+}
+
 TEST(Procedimientos, DetailIsGroupedAndAveraged) {
   Central c;
   c.filas("INSERT INTO TDETALLEZ1 (nidZ1, cCajaCodi, dOperFech, cAlmaCode, cdocTipo, cProdCode, nProdCant, nMonto) VALUES "

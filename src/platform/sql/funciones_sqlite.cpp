@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "platform/sql/contiene.h"
 #include "platform/sql/edicion.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -198,7 +199,30 @@ void fCharindex(sqlite3_context* c, int n, sqlite3_value** v) {
   if (!hayNulo(n, v)) buscar(c, textoDe(v[1]), textoDe(v[0]), n == 3 ? sqlite3_value_int(v[2]) : 1);
 }
 
+// The bytes of a text where the engine holds them: asked as a text it would copy each one to end it with a zero.
+std::string_view bytesDe(sqlite3_value* v) {
+  const auto* t = static_cast<const char*>(sqlite3_value_blob(v));
+  return t ? std::string_view(t, static_cast<size_t>(sqlite3_value_bytes(v))) : std::string_view();
+}
+
+// The search for a text anywhere, prepared once for all rows of a statement; nullptr when the pattern asks for more.
+const Contiene* busquedaDe(sqlite3_context* c, sqlite3_value* patron) {
+  auto* guardada = static_cast<std::optional<Contiene>*>(sqlite3_get_auxdata(c, 1));
+  if (!guardada) {
+    const bool jet = entornoDe(c).dialecto == Dialecto::Jet;
+    guardada = new std::optional<Contiene>(Contiene::de(bytesDe(patron), jet ? "%_[*?#" : "%_["));
+    sqlite3_set_auxdata(c, 1, guardada, [](void* p) { delete static_cast<std::optional<Contiene>*>(p); });
+    // The engine may have dropped it at once.
+    guardada = static_cast<std::optional<Contiene>*>(sqlite3_get_auxdata(c, 1));
+  }
+  return guardada && *guardada ? &**guardada : nullptr;
+}
+
 void fLike(sqlite3_context* c, int n, sqlite3_value** v) {
+  const bool textos = n == 2 && sqlite3_value_type(v[0]) == SQLITE_TEXT && sqlite3_value_type(v[1]) == SQLITE_TEXT;
+  if (const Contiene* busqueda = textos ? busquedaDe(c, v[1]) : nullptr) {
+    if (const auto hay = busqueda->en(bytesDe(v[0]))) return sqlite3_result_int(c, *hay);
+  }
   if (hayNulo(n, v)) return;
   const QString escape = n > 2 ? textoDe(v[2]) : QString();
   sqlite3_result_int(c, pareceSql(textoDe(v[0]), textoDe(v[1]), entornoDe(c).dialecto,
@@ -233,15 +257,21 @@ const EntradaFuncion kFunciones[] = {
     {"tp_charindex", -1, fCharindex}, {"tp_like", -1, fLike},     {"tp_format", -1, fFormat},
     {nullptr, 0, nullptr}};
 
-int colacionJet(void*, int na, const void* a, int nb, const void* b) {
-  return compararTextosSql(QString::fromUtf8(static_cast<const char*>(a), na),
-                           QString::fromUtf8(static_cast<const char*>(b), nb), false);
+int comparar(int na, const void* a, int nb, const void* b, bool sinFinales) {
+  std::string_view x(static_cast<const char*>(a), static_cast<size_t>(na));
+  std::string_view y(static_cast<const char*>(b), static_cast<size_t>(nb));
+  if (sinFinales) {
+    x = x.substr(0, x.find_last_not_of(' ') + 1);
+    y = y.substr(0, y.find_last_not_of(' ') + 1);
+  }
+  if (const auto orden = compararAscii(x, y)) return *orden;
+  return compararTextosSql(QString::fromUtf8(x.data(), static_cast<qsizetype>(x.size())),
+                           QString::fromUtf8(y.data(), static_cast<qsizetype>(y.size())), sinFinales);
 }
 
-int colacionTSql(void*, int na, const void* a, int nb, const void* b) {
-  return compararTextosSql(QString::fromUtf8(static_cast<const char*>(a), na),
-                           QString::fromUtf8(static_cast<const char*>(b), nb), true);
-}
+int colacionJet(void*, int na, const void* a, int nb, const void* b) { return comparar(na, a, nb, b, false); }
+
+int colacionTSql(void*, int na, const void* a, int nb, const void* b) { return comparar(na, a, nb, b, true); }
 
 class Parecido {
  public:

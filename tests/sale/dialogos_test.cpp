@@ -1,0 +1,285 @@
+// The tender dialogs, the search and the withdrawal, without their windows.
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+#include "apoyo/motor_que_falla.h"
+#include "apoyo/puesto_prueba.h"
+#include "platform/sql/contiene.h"
+#include "platform/sql/funciones_sqlite.h"
+#include "platform/text/texto.h"
+#include "sale/busqueda.h"
+#include "sale/retiro.h"
+#include "sale/tipo_venta.h"
+#include "sale/voucher.h"
+#include "sale/vuelto.h"
+
+namespace {
+
+QString q(const char* t) { return QString::fromUtf8(t); }
+
+// Fields are typed and left in this order: dollars, dollars back, soles; nullptr is not touched, "" is walked through.
+TEST(PagoEnEfectivo, SettlesWhatWasTyped) {
+  const struct { const char *porque, *dolares, *vueltoUS, *soles; const char* queda; } kCasos[] = {
+      //                                       US$       back     soles      E|D|V|W
+      {"nothing typed is exact",               nullptr,  nullptr, nullptr,  "100.00|0.00|0.00|0.00"},
+      {"dollars pay some",                     "20",     nullptr, nullptr,  "40.00|20.00|0.00|0.00"},
+      {"too many dollars leave soles negative", "40",    nullptr, nullptr,  "-20.00|40.00|0.00|0.00"},
+      {"walking through soles changes nothing", "40",    nullptr, "",       "-20.00|40.00|0.00|0.00"},
+      {"a zero typed in soles gives change",   "40",     nullptr, "0.00",   "0.00|40.00|20.00|0.00"},
+      {"soles alone",                          nullptr,  nullptr, "150",    "150.00|0.00|50.00|0.00"},
+      {"too few soles",                        nullptr,  nullptr, "30",     "30.00|0.00|-70.00|0.00"},
+      {"more dollars back than came",          "10",     "20",    nullptr,  "70.00|10.00|0.00|0.00"},
+      {"dollars back are paid in soles",       "40",     "10",    nullptr,  "10.00|40.00|0.00|10.00"},
+      {"letters are nothing",                  "1.2.3",  nullptr, nullptr,  "100.00|0.00|0.00|0.00"},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    PuestoPrueba p;
+    PagoEnEfectivo v;
+    AbrirPagoEfectivo(p, 100, v);
+    EXPECT_EQ(q("33.33"), v.txtTotalDolares);
+    const auto deja = [&](const char* texto, QString& campo, CampoEfectivo cual) {
+      if (!texto) return;
+      if (*texto) campo = q(texto);
+      if (*texto && cual == CampoEfectivo::Soles) v.efectivoTecleado = true;
+      SalirCampoEfectivo(p, v, cual);
+    };
+    deja(c.dolares, v.txtEfectivoDolares, CampoEfectivo::Dolares);
+    deja(c.vueltoUS, v.txtVueltoDolares, CampoEfectivo::VueltoDolares);
+    deja(c.soles, v.txtEfectivo, CampoEfectivo::Soles);
+    const QStringList queda{v.txtEfectivo, v.txtEfectivoDolares, v.txtVuelto, v.txtVueltoDolares};
+    EXPECT_EQ(q(c.queda), queda.join(u'|'));
+    const bool negativo = queda.join(u'|').contains(u'-');
+    if (negativo) p.persona().espera(q("No pueden existir montos negativos"));
+    EXPECT_EQ(!negativo, AceptarPagoEfectivo(p, v).has_value());
+  }
+}
+
+struct Voucher : testing::Test {
+  PuestoPrueba p;
+  CajaVoucher v;
+  void SetUp() override {
+    for (const char* fila : {"'001','VISTA'", "'002','MASTRA'", "'003','DINA'"}) {
+      p.ejecuta(q("INSERT INTO tipo_tarjeta (cod_tar, descrip) VALUES (") + q(fila) + u')');
+    }
+    AbrirVoucher(p, {kVoucher, q("50.00"), q("16.67"), {}}, v);
+  }
+  QString estado() const {
+    QStringList t;
+    for (const auto& f : v.pagos) t << f.cod_tar + u'=' + f.Pago;
+    return t.join(u' ') + q(" E") + v.txtEfectivoSoles + q(" V") + v.txtVueltoSoles;
+  }
+};
+
+TEST_F(Voucher, CardsTakeWhatIsLeft) {
+  EXPECT_EQ(q(" E50.00 V0.00"), estado());
+  p.persona().espera(q("Debe seleccionar por lo menos una tarjeta"));
+  EXPECT_FALSE(AceptarVoucher(p, v));
+  EXPECT_TRUE(AgregarTarjeta(p, v, 0));
+  EXPECT_EQ(q("001=50.00 E0.00 V0.00"), estado());
+  EXPECT_TRUE(PonerPago(v, 0, q("30")));
+  EXPECT_EQ(q("001=30.00 E20.00 V0.00"), estado());
+  p.persona().espera(q("Ya se Ingreso Tarjeta...!!!"));
+  EXPECT_FALSE(AgregarTarjeta(p, v, 0));
+  EXPECT_TRUE(AgregarTarjeta(p, v, 1));
+  EXPECT_EQ(q("001=30.00 002=20.00 E0.00 V0.00"), estado());
+  EXPECT_TRUE(AgregarTarjeta(p, v, 2));
+  EXPECT_EQ(q("001=30.00 002=20.00 003=0.00 E0.00 V0.00"), estado());
+  p.persona().espera(q("Ingrese Monto...!!!"));
+  EXPECT_FALSE(AgregarTarjeta(p, v, 2));
+  EXPECT_FALSE(PonerPago(v, 0, q("-3")));
+  EXPECT_FALSE(PonerPago(v, 0, q("3x")));
+  EXPECT_TRUE(PonerPago(v, 0, q("45.505")));
+  EXPECT_EQ(q("001=45.51 002=20.00 003=0.00 E0.00 V15.51"), estado());
+  QuitarTarjeta(v, 1);
+  EXPECT_EQ(q("001=45.51 003=0.00 E4.49 V0.00"), estado());
+  const auto cobro = AceptarVoucher(p, v);
+  ASSERT_TRUE(cobro);
+  EXPECT_EQ(q("4.49"), cobro->txtEfectivoSoles);
+  EXPECT_TRUE(p.ses.pbVoucher);
+  ASSERT_EQ(2u, p.ses.poVoucher.size());
+  EXPECT_EQ(45.51, p.ses.poVoucher[0].pago);
+  // The cash that is typed takes no part in the change, and another opening drops the cards.
+  v.txtEfectivoSoles = q("9x");
+  RecalculaVueltoVoucher(v);
+  EXPECT_EQ(q("001=45.51 003=0.00 E0.00 V0.00"), estado());
+  AbrirVoucher(p, {kPADV, q("7.00"), {}, q("80")}, v);
+  EXPECT_EQ(q("80.00"), v.txtSoles);
+  EXPECT_EQ(q(" E0.00 V0.00"), estado());
+  EXPECT_TRUE(p.ses.poVoucher.empty() && !p.ses.pbVoucher);
+  v.txtEfectivoSoles = q("-1.00");
+  p.persona().espera(q("Error el importe en voucher es mayor al importe de Venta"));
+  EXPECT_FALSE(AceptarVoucher(p, v));
+}
+
+TEST(Busqueda, PagesOfArticles) {
+  PuestoPrueba p;
+  for (int n = 1; n <= 36; ++n) {
+    p.articulo(n, q("%1 ARTICULO").arg(n, 2, 10, QChar(u'0')), 1, false, n % 2 ? q("O''%1").arg(n) : q("P%1").arg(n));
+  }
+  p.ejecuta(q("UPDATE Producto SET nActivo = 0 WHERE cProdCode = 36"));
+  p.ejecuta(q("INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, cProdEstd, nActivo) VALUES ('02', 1, 'AJENO', 1, 1)"));
+  Busqueda b;
+  InicioBusqueda(p, b);
+  const auto ve = [&b] {
+    return b.filas.empty() ? q("-") : q("%1:%2-%3").arg(b.nPagina).arg(b.filas.front().codigo, b.filas.back().codigo);
+  };
+  EXPECT_EQ(q("1:000001-000017"), ve());
+  EXPECT_FALSE(PuedePaginar(b, Paginado::Anterior) || PuedePaginar(b, Paginado::Primera));
+  Paginar(p, b, Paginado::Siguiente);
+  EXPECT_EQ(q("2:000018-000034"), ve());
+  Paginar(p, b, Paginado::Siguiente);
+  EXPECT_EQ(q("3:000035-000035"), ve());
+  EXPECT_FALSE(PuedePaginar(b, Paginado::Siguiente) || PuedePaginar(b, Paginado::Ultima));
+  Paginar(p, b, Paginado::Siguiente);
+  EXPECT_EQ(q("3:000035-000035"), ve());
+  Paginar(p, b, Paginado::Primera);
+  Paginar(p, b, Paginado::Ultima);
+  EXPECT_EQ(q("3:000035-000035"), ve());
+  const struct { const char *texto, *ve; } kTextos[] = {
+      {" o'3 ", "1:000003-000035"}, {"'", "1:000001-000033"}, {"zzz", "-"}, {"TICULO", "1:000001-000017"},
+      {"%", "1:000001-000017"},     {"[", "-"},               {"' OR 1=1 --", "-"}};
+  for (const auto& c : kTextos) {
+    SCOPED_TRACE(c.texto);
+    b.txtBuscar = q(c.texto);
+    b.nPagina = 1;
+    EXPECT_TRUE(LeerPagina(p, b));
+    EXPECT_EQ(q(c.ve), ve());
+  }
+}
+
+TEST(Busqueda, CustomersAndDocumentsOnceEach) {
+  PuestoPrueba p;
+  EXPECT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnCliente, p.ses.psConexionCliente));
+  for (Conexion* c : {&p.poCnnCliente, &p.poCnnLocal}) {
+    for (int local : {1, 2}) {
+      p.ejecuta(*c, q("INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName) VALUES (7, %1, 'ROJAS 07', 'ANA')").arg(local));
+      p.ejecuta(*c, q("INSERT INTO Tarjeta (cClieCode, IdLocal, nTarjNumb, cTarjActi, dCaduDate) VALUES (7, %1, '00000007', 1, '2027-01-01 00:00:00')").arg(local));
+    }
+    p.ejecuta(*c, q("INSERT INTO Tarjeta (cClieCode, IdLocal, nTarjNumb, cTarjActi, dCaduDate) VALUES (7, 1, '00000070', 1, '2026-11-23 00:00:00')"));
+  }
+  p.poDBAdmin.CerrarBD(p.poCnnCliente);
+  Busqueda b;
+  b.tipo = TipoBusqueda::Cliente;
+  InicioBusqueda(p, b);
+  EXPECT_TRUE(b.filas.empty());
+  for (const char* texto : {"ojas", "0007", "07"}) {  // by name, by card, by both: each card once a site
+    b.txtBuscar = q(texto);
+    EXPECT_TRUE(LeerPagina(p, b));
+    ASSERT_EQ(2u, b.filas.size()) << texto;
+    EXPECT_EQ(q("00000007"), b.filas[0].codigo);
+    EXPECT_EQ(3, b.filas[0].idLocal + b.filas[1].idLocal);
+  }
+  for (const char* fila : {"5,22,'00000007',2,75,25,'1','PA1',3,'BODA'", "6,23,'',1,80,0,'1','PV1',4,'CENA'",
+                           "8,21,'',0,9,0,'1','NC1',5,''", "9,22,'',1,5,0,'2','PA1',6,''"}) {
+    p.ejecuta(q("INSERT INTO OperacionParalela (cOperCode,cOperTipo,nTarjNumb,nMoneda,nMontoSoles,nMontoDolares,cEstado,"
+                "cDocSerie,cDocCodigo,sGlosa,dOperFech) VALUES (") + q(fila) + q(",'24/11/2026 10:00')"));
+  }
+  const struct { TipoBusqueda tipo; const char *texto, *codigos; } kCasos[] = {
+      {TipoBusqueda::PagoAdelantado, "", "5 6"},   {TipoBusqueda::Liquidacion0, "rojas", "5"},
+      {TipoBusqueda::Liquidacion0, "PV1-4", "6"},  {TipoBusqueda::Liquidacion1, "", "8"},
+      {TipoBusqueda::PagoAdelantado, "cena", "6"}, {TipoBusqueda::PagoAdelantado, "5", "5"}};
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.texto);
+    Busqueda d;
+    d.tipo = c.tipo;
+    d.txtBuscar = q(c.texto);
+    EXPECT_TRUE(LeerPagina(p, d));
+    QStringList codigos;
+    for (const auto& f : d.filas) codigos << QString::number(f.documento.codigo);
+    EXPECT_EQ(q(c.codigos), codigos.join(u' '));
+    if (codigos.value(0) == u"5") {
+      EXPECT_EQ(q("5|PADE|00000007|PA1-3|ROJAS 07 ANA - BODA|US$ 25.00|24/11/2026|25.00|US$"),
+                d.filas[0].celdas.join(u'|'));
+    }
+  }
+  p.ses.psConexionCliente = q("Provider=SQLOLEDB.1;Data Source=sqlite:nohay.db");
+  p.persona().espera(q("No se pudo conectar a la Base de Datos Cliente."));
+  InicioBusqueda(p, b);
+  EXPECT_FALSE(LeerPagina(p, b));  // no second box in one outage
+  EXPECT_TRUE(b.filas.empty() && b.sinServidor);
+}
+
+// The quick matcher may give up, but never say anything else than the general one.
+TEST(Contiene, AgreesWithTheGeneralMatcher) {
+  int directos = 0;
+  for (const char* patron : {"%cafe%", "%%", "%ñ%", "%É%", "%a_b%", "%*%", "%#%", "cafe%", "%µ%", "%ß%", "%×%", "%Ÿ%", "%k%"}) {
+    for (const char* texto : {"CAFÉ", "Café pasado", "ÑANDÚ", "", "cafe", "axb a_b", "K5 \xE2\x84\xAA", "Μμµ", "STRAßE", "3×4÷2", "ÿŸ", "éÉ"}) {
+      SCOPED_TRACE(std::string(patron) + " | " + texto);
+      const auto c = Contiene::de(patron, "%_[*?#");
+      const auto rapido = c ? c->en(texto) : std::nullopt;
+      if (!rapido) continue;
+      ++directos;
+      EXPECT_EQ(pareceSql(q(texto), q(patron), Dialecto::Jet, QChar()), *rapido);
+    }
+  }
+  EXPECT_GT(directos, 50);
+}
+
+QByteArray papel(const char* nombre) {
+  QFile f(QStringLiteral(TARVOPOS_FUENTES "/tests/golden/retiros/") + q(nombre));
+  EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << nombre;
+  return f.readAll();
+}
+
+TEST(Retiro, TheReceiptIsThePaperWeExpect) {
+  const QDateTime momento(QDate(2026, 11, 25), QTime(9, 5));
+  const struct { const char* papel; QStringList cabecera; double monto; const char* usuario; qint64 codigo; } kCasos[] = {
+      {"con_cabecera.txt", {q("TARVO S.A.C."), q("   "), q("JR. LOS ÑANDÚES 145 - SURQUILLO - LIMA")}, 1234567.5,
+       "CAJERO PRINCIPAL", 1234567},
+      {"sin_cabecera.txt", {}, 0, "ANA", 12}};
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.papel);
+    const QString texto = ReciboRetiro(c.cabecera, c.monto, q(c.usuario), c.codigo, momento).join(u'\n');
+    EXPECT_EQ(papel(c.papel).replace("\r\n", "\n"), AUnByte(texto).replace("\r\n", "\n") + '\n');
+  }
+}
+
+TEST(Retiro, AsksByWhatWasSold) {
+  PuestoPrueba p;
+  EXPECT_FALSE(*VerificaSaldo(p, 0));
+  p.ejecuta(q("INSERT INTO Operacion (cOperCode, cOperTipo, nProdCant, nProdPrecUnit) VALUES (1, 1, 3, 0.1)"));
+  p.ejecuta(q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, nMontoSoles) VALUES (1, 22, 40)"));
+  p.ejecuta(q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, nMontoSoles, cOperCodeAnul) VALUES (2, 22, 90, 3)"));
+  EXPECT_TRUE(*VerificaSaldo(p, 40.3));
+  EXPECT_FALSE(*VerificaSaldo(p, 40.31));
+  p.persona().espera(q("Se registrará un retiro de 40.30 ¿Desea continuar?"), q("No"));
+  EXPECT_FALSE(Retirar(p, q("40.30")));
+  p.persona().espera(q("No cuenta con saldo suficiente para realizar esta operación ¿Desea continuar?"), q("Sí"));
+  p.persona().espera(q("Se ha registrado un retiro por 1,040.30."));
+  EXPECT_TRUE(Retirar(p, MontoRetiro(q("1040.3"))));
+  EXPECT_EQ(q("2|CAJERO|1|1040.3|5|00001|01|1|0"),
+            p.filas(q("SELECT cOperCode, cUserDesc, nProdCant, nProdPrecUnit, cOperTipo, cCajaCodi, cTurnoCodi, "
+                      "cOperFlagAbierto, nMontoSoles FROM Operacion WHERE cOperTipo = 5")));
+  EXPECT_EQ(1u, p.papeles().impresos.size());
+}
+
+TEST(Retiro, EachStatementHasItsTurn) {
+  constexpr int kSentencias = 5;  // two sums, the code, the header, the row
+  for (int n = 1; n <= kSentencias + 1; ++n) {
+    SCOPED_TRACE(n);
+    PlanFallas plan;
+    PuestoPrueba p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+    const auto hay = [&p] {
+      return p.filas(q("SELECT COUNT(*) FROM Operacion")) + u' ' + QString::number(p.papeles().impresos.size());
+    };
+    const bool falla = n <= kSentencias;
+    if (n > 2) p.persona().espera(q("¿Desea continuar?"), q("Sí"));
+    p.persona().espera(falla ? q("falla forzada") : q("Se ha registrado"));
+    plan.armar(n);
+    EXPECT_EQ(!falla, Retirar(p, q("5.00")));
+    EXPECT_EQ(qMin(n, kSentencias), plan.van);
+    plan.armar(0);
+    EXPECT_EQ(falla ? q("0 0") : q("1 1"), hay());
+    if (!falla) continue;
+    p.papeles().fallo = q("sin papel");  // the money is out: the row stands without its receipt
+    p.persona().espera(q("¿Desea continuar?"), q("Sí"));
+    p.persona().espera(q("sin papel"));
+    p.persona().espera(q("Se ha registrado"));
+    EXPECT_TRUE(Retirar(p, q("5.00")));
+    EXPECT_EQ(q("1 0"), hay());
+  }
+}
+
+}  // namespace
