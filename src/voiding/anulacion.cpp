@@ -48,9 +48,9 @@ bool autorizar(Puesto&, Anulacion& a) {
 bool mirarEstado(Puesto& p, Anulacion& a) {
   const qint64 codigo = AEntero(Val(Recortar(a.v.txtTransaccion)));
   Transaccion t;
-  const Lectura lectura = LeerTransaccion(p, codigo, a.v.chkAlterno, t);
-  if (lectura == Lectura::Fallo) return false;
-  if (lectura == Lectura::Leida) {
+  const LecturaTransaccion lectura = LeerTransaccion(p, codigo, a.v.chkAlterno, t);
+  if (lectura == LecturaTransaccion::Fallo) return false;
+  if (lectura == LecturaTransaccion::Leida) {
     if (!LeerAvance(p, t, a.avance)) return false;
     if (a.avance.estado == Anulada::Del_todo) {
       p.mensajes.mostrar(QStringLiteral("Esta transacción ya ha sido anulada"));

@@ -109,7 +109,8 @@ void Busca_operacion(Puesto& p, PantallaTransaccion& v, bool silencio) {
   if (v.uso == Uso::Anular) {
     Transaccion t;
     AvanceAnulacion avance;
-    if (LeerTransaccion(p, entero(rs[u"cOpercode"]), false, t) != Lectura::Leida || !LeerAvance(p, t, avance) ||
+    if (LeerTransaccion(p, entero(rs[u"cOpercode"]), false, t) != LecturaTransaccion::Leida ||
+        !LeerAvance(p, t, avance) ||
         avance.estado == Anulada::Del_todo) {
       return;
     }
@@ -175,9 +176,9 @@ void BuscarTransaccion(Puesto& p, PantallaTransaccion& v, bool silencio) {
   if (!EsNumerico(codigo)) return;
   v.cargada.reset();
   Transaccion t;
-  const Lectura lectura = LeerTransaccion(p, AEntero(Val(codigo)), v.chkAlterno, t);
-  if (lectura == Lectura::Fallo) return;
-  const QString texto = lectura == Lectura::NoExiste ? noExiste(v.uso) : rechazo(p, v.uso, t);
+  const LecturaTransaccion lectura = LeerTransaccion(p, AEntero(Val(codigo)), v.chkAlterno, t);
+  if (lectura == LecturaTransaccion::Fallo) return;
+  const QString texto = lectura == LecturaTransaccion::NoExiste ? noExiste(v.uso) : rechazo(p, v.uso, t);
   if (texto.isEmpty()) {
     v.txttipo = t.docTipo;
     v.txtSerie = t.docSerie;

@@ -53,16 +53,16 @@ void tomarComun(const Recordset& rs, Transaccion& t) {
   t.abierta = entero(rs[u"cOperFlagAbierto"]) == 1;
 }
 
-Lectura leerVenta(Puesto& p, Transaccion& t) {
+LecturaTransaccion leerVenta(Puesto& p, Transaccion& t) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
           p.poCnnLocal,
           FormatearSQL(QStringLiteral("Select * FROM Operacion WHERE cOperCode= $"), {t.codigo}) + kSinParalelas +
               QStringLiteral(" ORDER BY cOperID"),
           rs)) {
-    return Lectura::Fallo;
+    return LecturaTransaccion::Fallo;
   }
-  if (rs.Eof()) return Lectura::NoExiste;
+  if (rs.Eof()) return LecturaTransaccion::NoExiste;
   tomarComun(rs, t);
   t.ruc = LimpiarNulo(rs[u"cRuc"]);
   t.idLocal = LimpiarNulo(rs[u"IdLocal"]);
@@ -77,17 +77,17 @@ Lectura leerVenta(Puesto& p, Transaccion& t) {
                      " O.nServicio FROM Operacion AS O INNER JOIN Producto AS P ON (O.cProdCode = P.cProdCode)"
                      " AND (O.cAlmaCode = P.cAlmaCode) WHERE O.cOperCode =$ ORDER BY O.cOperID"),
       t);
-  return leidas ? Lectura::Leida : Lectura::Fallo;
+  return leidas ? LecturaTransaccion::Leida : LecturaTransaccion::Fallo;
 }
 
-Lectura leerParalela(Puesto& p, Transaccion& t) {
+LecturaTransaccion leerParalela(Puesto& p, Transaccion& t) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
           p.poCnnLocal,
           FormatearSQL(QStringLiteral("Select * FROM OperacionParalela WHERE cOperCode= $"), {t.codigo}), rs)) {
-    return Lectura::Fallo;
+    return LecturaTransaccion::Fallo;
   }
-  if (rs.Eof()) return Lectura::NoExiste;
+  if (rs.Eof()) return LecturaTransaccion::NoExiste;
   tomarComun(rs, t);
   const QString estado = LimpiarNulo(rs[u"cEstado"]);
   t.vigente = estado == u"1";
@@ -105,7 +105,7 @@ Lectura leerParalela(Puesto& p, Transaccion& t) {
                      " A.nServicio FROM OperacionParalelaProducto AS A INNER JOIN Producto AS P"
                      " ON (A.cProdCode = P.cProdCode) AND (A.cAlmaCode = P.cAlmaCode) WHERE A.cOperCode = $"),
       t);
-  return leidas ? Lectura::Leida : Lectura::Fallo;
+  return leidas ? LecturaTransaccion::Leida : LecturaTransaccion::Fallo;
 }
 
 // Rows that the undoing of a liquidation would still take away; -1 when they can't be counted.
@@ -168,7 +168,7 @@ bool avanceParalela(Puesto& p, const Transaccion& t, AvanceAnulacion& a) {
 
 }  // namespace
 
-Lectura LeerTransaccion(Puesto& p, qint64 codigo, bool paralela, Transaccion& t) {
+LecturaTransaccion LeerTransaccion(Puesto& p, qint64 codigo, bool paralela, Transaccion& t) {
   t = {};
   t.codigo = codigo;
   t.paralela = paralela;

@@ -37,11 +37,11 @@ struct Transaccion {
   std::vector<LineaTransaccion> lineas;  // only those of known articles: no tender row
 };
 
-enum class Lectura { Fallo, NoExiste, Leida };
+enum class LecturaTransaccion { Fallo, NoExiste, Leida };
 
 // Reads the document of that code: a sale by its rows of Operacion, those of parallel documents with the same code
 // left out, or a parallel document. Fallo: the box has been shown.
-Lectura LeerTransaccion(Puesto& p, qint64 codigo, bool paralela, Transaccion& t);
+LecturaTransaccion LeerTransaccion(Puesto& p, qint64 codigo, bool paralela, Transaccion& t);
 
 // The condition that leaves out the rows that parallel documents keep in Operacion under codes of their own.
 extern const QString kSinParalelas;
