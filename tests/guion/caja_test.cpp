@@ -266,4 +266,29 @@ TEST_P(Registradoras, AKillAtAnyStepLeavesADeskThatStartsAndSellsOn) {
   }
 }
 
+// Plays with what they leave beside them: NAME.filas holds a query and its rows in turn, NAME.papel how the paper begins.
+class ObraDeCaja : public testing::TestWithParam<QString> {};
+
+TEST_P(ObraDeCaja, LeavesWhatStandsBesideIt) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, GetParam());
+  const QString base = kPruebas + u'/' + GetParam();
+  const QStringList filas = leerTexto(base + QStringLiteral(".filas")).split(u'\n', Qt::SkipEmptyParts);
+  ASSERT_TRUE(!filas.isEmpty() && filas.size() % 2 == 0);
+  for (qsizetype i = 0; i < filas.size(); i += 2) EXPECT_EQ(filas[i + 1], p.filas(filas[i])) << qUtf8Printable(filas[i]);
+  const QString papel = base + QStringLiteral(".papel");
+  if (QFile::exists(papel)) {
+    EXPECT_EQ(leerTexto(papel), p.papel().left(leerTexto(papel).size()));
+  }
+}
+
+std::vector<QString> obrasConFilas() {
+  std::vector<QString> obras = obrasDe(kPruebas);
+  std::erase_if(obras, [](const QString& o) { return !QFile::exists(kPruebas + u'/' + o + QStringLiteral(".filas")); });
+  return obras;
+}
+
+INSTANTIATE_TEST_SUITE_P(Pruebas, ObraDeCaja, testing::ValuesIn(obrasConFilas()),
+                         [](const auto& obra) { return obra.param.toStdString(); });
+
 }  // namespace
