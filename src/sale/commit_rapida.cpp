@@ -7,6 +7,7 @@
 #include "foundation/puesto.h"
 #include "loyalty/puntos.h"
 #include "platform/text/numero.h"
+#include "platform/text/texto.h"
 #include "sale/caja_rapida.h"
 #include "sale/pantallas_venta.h"
 
@@ -41,9 +42,12 @@ bool leerNumero(Puesto& p, VentaRapida& c) {
   const auto parametro = [&p](const QString& clave) {
     return LeerParametro(p, QStringLiteral("PARAMETROS"), clave, p.ses.psArchivoCfg);
   };
-  c.documento.serie = parametro(c.factura() ? QStringLiteral("SerieFAC") : QStringLiteral("SerieBOL"));
+  QString& serie = c.factura() ? p.ses.psSerieFactura : p.ses.psSerieBoleta;
+  const QString propia = parametro(c.factura() ? QStringLiteral("SerieFAC") : QStringLiteral("SerieBOL"));
+  if (!propia.isEmpty()) serie = propia;
+  if (serie.isEmpty()) serie = u'0' + Derecha(p.ses.psCaja, 2);
+  c.documento.serie = serie;
   c.documento.numero = 1 + AEntero(Val(parametro(c.factura() ? QStringLiteral("cOpeF") : QStringLiteral("cOpeB"))));
-  (c.factura() ? p.ses.psSerieFactura : p.ses.psSerieBoleta) = c.documento.serie;
   return true;
 }
 

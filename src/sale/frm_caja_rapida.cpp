@@ -188,13 +188,13 @@ QWidget* frmCajaRegistradora::nuevosBotones() {
     connect(b, &QPushButton::clicked, this, [this, n = a.indice] { pulsar(n); });
     cmdTecla_[static_cast<size_t>(a.indice)] = b;
   }
-  cmdCambio_ = nuevoBoton(QStringLiteral("cmdCambio"), QStringLiteral("Versión Full"), QStringLiteral("accion"));
-  cmdCambio_->setToolTip(QStringLiteral("Ir a Caja Registradora (Versión Full)"));
-  connect(cmdCambio_, &QPushButton::clicked, this, [this] { cambiar(); });
-  cmdSalir_ = nuevoBoton(QStringLiteral("cmdSalir"), QStringLiteral("Salir"), QStringLiteral("accion"));
-  connect(cmdSalir_, &QPushButton::clicked, this, [this] { accept(); });
-  ponerBoton(g, columna++, cmdCambio_, QStringLiteral("lblCambio"), nombreTecla(Qt::Key_Space));
-  ponerBoton(g, columna, cmdSalir_, QStringLiteral("lblSalir"), nombreTecla(Qt::ALT | Qt::Key_F4));
+  auto* cmdCambio = nuevoBoton(QStringLiteral("cmdCambio"), QStringLiteral("Versión Full"), QStringLiteral("accion"));
+  cmdCambio->setToolTip(QStringLiteral("Ir a Caja Registradora (Versión Full)"));
+  connect(cmdCambio, &QPushButton::clicked, this, [this] { cambiar(); });
+  auto* cmdSalir = nuevoBoton(QStringLiteral("cmdSalir"), QStringLiteral("Salir"), QStringLiteral("accion"));
+  connect(cmdSalir, &QPushButton::clicked, this, [this] { accept(); });
+  ponerBoton(g, columna++, cmdCambio, QStringLiteral("lblCambio"), nombreTecla(Qt::Key_Space));
+  ponerBoton(g, columna, cmdSalir, QStringLiteral("lblSalir"), nombreTecla(Qt::ALT | Qt::Key_F4));
   return fila;
 }
 

@@ -181,6 +181,10 @@ TEST(Caja, TheQuickRegisterSellsAndHandsOver) {
             "[4,1,\"02\",4,\"\",101,3,38,0,0,\"CAJERO\",\"01\"],[4,1,\"02\",4,\"\",301,1,24.9,0,0,\"CAJERO\",\"01\"],"
             "[4,1,\"02\",4,\"\",206,1,3,0,0,\"CAJERO\",\"01\"],[4,1,\"02\",4,\"\",0,1,0,141.9,0,\"CAJERO\",\"01\"]");
   EXPECT_EQ(p.numeros().join(u' '), "000001 000002 000003 000004");
+  for (const char* linea : {" UD. ACUMULO: 11 PUNTOS\n TIENE ACUMULADO: 131 PUNTOS\n", "              U$(TC: 3.75)\n",
+                            "POLLO DE CORRAL, K    2  15.90   31.80\n", " EFECTIVO                         3.00\n"}) {
+    EXPECT_TRUE(p.papel().contains(QLatin1String(linea))) << linea;
+  }
 }
 
 TEST(Caja, SellsOnWhateverIsAway) {
