@@ -5,6 +5,7 @@
 #include "admin/guion.h"
 #include "admin/guion_lexico.h"
 #include "admin/ordenes.h"
+#include "platform/io/senales.h"
 
 namespace {
 
@@ -56,6 +57,7 @@ QStringList palabrasDe(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  FallasDeEscrituraComoErrores();
   QStringList palabras = palabrasDe(argc, argv);
   const QString nombre = palabras.isEmpty() ? QString() : palabras.takeFirst();
   for (const Orden& o : kOrdenes) {

@@ -67,7 +67,7 @@ void Aplicacion::Interno::exigirUnicaCopia() {
   puesto.mensajes.mostrar(unico.error() == QLockFile::LockFailedError
                               ? QStringLiteral("La aplicación ya se encuentra en uso")
                               : QStringLiteral("No se puede escribir en la carpeta del programa: ") +
-                                    puesto.rutas.programa);
+                                    puesto.rutas.programa + QStringLiteral(" (sin permiso o disco lleno)"));
   puesto.salida.terminar(1);
 }
 

@@ -54,7 +54,7 @@ void leerIGV(Puesto& p) {
 }
 
 void probarClientes(Puesto& p, const PasosArranque& pasos) {
-  if (!ConectarCliente(p, true)) return;
+  if (!ConectarCliente(p, true, clsDBAdmin::Espera::Normal)) return;
   if (pasos.enviarPendientes) pasos.enviarPendientes(p);
   DesconectarCliente(p);
 }

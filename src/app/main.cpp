@@ -2,8 +2,10 @@
 
 #include "app/aplicacion.h"
 #include "app/entorno.h"
+#include "platform/io/senales.h"
 
 int main(int argc, char** argv) {
+  FallasDeEscrituraComoErrores();
   QApplication app(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);  // between login and main window there is none
   EntornoSistema e(carpetaDelPrograma());

@@ -2,11 +2,18 @@
 
 #include <QApplication>
 
+#include "backoffice/frm_cabecera_impresion_lista.h"
+#include "backoffice/frm_configura_boton_producto.h"
+#include "backoffice/frm_parametros.h"
+#include "backoffice/frm_producto_lista.h"
+#include "backoffice/frm_tablas.h"
 #include "backoffice/frm_tipo_cambio.h"
 #include "backoffice/frm_tipo_cambio_lista.h"
+#include "backoffice/frm_usuario_lista.h"
 #include "cashday/frm_cuadre.h"
 #include "cashday/principal.h"
 #include "foundation/puesto.h"
+#include "printing/frm_configura_impresora.h"
 #include "sale/frm_autorizar.h"
 #include "sale/frm_busqueda_articulos.h"
 #include "sale/frm_caja_full.h"
@@ -67,13 +74,13 @@ void Pantallas::tipoCambioDetalle(int modo) {
 
 void Pantallas::mantenimiento(PantallaMantenimiento cual) {
   switch (cual) {
-    case PantallaMantenimiento::Productos: noDisponible(QStringLiteral("Productos")); return;
-    case PantallaMantenimiento::Teclado: noDisponible(QStringLiteral("Configuración del Teclado")); return;
-    case PantallaMantenimiento::Cabecera: noDisponible(QStringLiteral("Cabecera de Impresión")); return;
-    case PantallaMantenimiento::Impresora: noDisponible(QStringLiteral("Configuración Impresora")); return;
-    case PantallaMantenimiento::Usuarios: noDisponible(QStringLiteral("Usuarios")); return;
-    case PantallaMantenimiento::Parametros: noDisponible(QStringLiteral("Configuración Parámetros")); return;
-    case PantallaMantenimiento::TiposTarjeta: noDisponible(QStringLiteral("Tipo de Tarjeta")); return;
+    case PantallaMantenimiento::Productos: frmProductoLista(p_, padre()).exec(); return;
+    case PantallaMantenimiento::Teclado: frmConfiguraBotonProducto(p_, *this, padre()).exec(); return;
+    case PantallaMantenimiento::Cabecera: frmCabeceraImpresionLista(p_, padre()).exec(); return;
+    case PantallaMantenimiento::Impresora: frmConfiguraImpresora(p_, padre()).exec(); return;
+    case PantallaMantenimiento::Usuarios: frmUsuarioLista(p_, padre()).exec(); return;
+    case PantallaMantenimiento::Parametros: frmParametros(p_, padre()).exec(); return;
+    case PantallaMantenimiento::TiposTarjeta: FrmTablas(p_, padre()).exec(); return;
   }
 }
 

@@ -2,6 +2,7 @@
 // The screens that rooms open in each other, by the interfaces that the rooms declare.
 #include <functional>
 
+#include "backoffice/pantallas_backoffice.h"
 #include "cashday/pantallas_principal.h"
 #include "sale/pantallas_venta.h"
 #include "sale/traspaso.h"
@@ -9,8 +10,8 @@
 class QWidget;
 struct Puesto;
 
-// Both interfaces over the real windows. Each screen stands over the window that is active when it opens.
-class Pantallas final : public PantallasPrincipal, public PantallasVenta {
+// The interfaces over the real windows. Each screen stands over the window that is active when it opens.
+class Pantallas final : public PantallasPrincipal, public PantallasVenta, public PantallasBackoffice {
  public:
   // `alRearrancar` ends the session and starts the program again, after the event under way.
   Pantallas(Puesto& p, std::function<void()> alRearrancar) : alRearrancar_(std::move(alRearrancar)), p_(p) {}

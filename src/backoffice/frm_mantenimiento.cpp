@@ -1,34 +1,46 @@
 #include "backoffice/frm_mantenimiento.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "foundation/puesto.h"
 #include "platform/text/texto.h"
 #include "platform/ui/tema.h"
 
-frmMantenimientoLista::frmMantenimientoLista(const QString& nombre, const QString& titulo, Lista* lista, QWidget* padre)
-    : Forma(nombre, titulo, padre), lista_(lista), buscar_(new Campo(QStringLiteral("txtBuscar"))) {
+std::vector<BotonLista> botonesDeLista() {
+  std::vector<BotonLista> botones;
+  for (const char* rotulo : {"&Nuevo", "&Editar", "&Borrar", "&Ver"}) {
+    const int n = static_cast<int>(botones.size());
+    botones.push_back({QStringLiteral("cmdEditar(%1)").arg(n), QString::fromLatin1(rotulo), static_cast<ModoDetalle>(n)});
+  }
+  return botones;
+}
+
+frmMantenimientoLista::frmMantenimientoLista(Puesto& p, const AspectoLista& aspecto, Lista* lista, QWidget* padre)
+    : Forma(aspecto.nombre, aspecto.titulo, padre), p_(p), lista_(lista), sinFilas_(aspecto.sinFilas),
+      buscar_(new Campo(QStringLiteral("txtBuscar"))) {
   auto* arriba = new QHBoxLayout;
-  auto* rotulo = nuevoTexto(QStringLiteral("Bu&scar"));
+  auto* rotulo = nuevoTexto(QStringLiteral("Busca&r"));
   rotulo->setBuddy(buscar_);
   arriba->addWidget(rotulo);
   arriba->addWidget(buscar_, 1);
   cuerpo()->addLayout(arriba);
+  if (!aspecto.encabezado.isEmpty()) {
+    auto* titulo = nuevoTexto(aspecto.encabezado, QStringLiteral("titulo"));
+    titulo->setObjectName(QStringLiteral("lblTit2"));
+    cuerpo()->addWidget(titulo);
+  }
 
   botones_ = new QVBoxLayout;
   botones_->setSpacing(2 * tema::kPaso);
-  const char* const rotulos[] = {"&Nuevo", "&Editar", "&Borrar", "&Ver"};
-  for (int n = 0; n < 4; ++n) {
-    auto* b = nuevoBoton(QStringLiteral("cmdEditar(%1)").arg(n), QString::fromLatin1(rotulos[n]),
-                         n == 1 ? QStringLiteral("principal") : QString());
-    connect(b, &QPushButton::clicked, this, [this, n] { abrir(static_cast<ModoDetalle>(n)); });
-    cmdEditar_[static_cast<size_t>(n)] = b;
-    botones_->addWidget(b);
-  }
-  auto* salir = nuevoBoton(QStringLiteral("cmdSalir"), QStringLiteral("Sa&lir"));
+  for (const BotonLista& b : aspecto.botones) botones_->addWidget(nuevoDeLista(b));
+  auto* salir = nuevoBoton(QStringLiteral("cmdSalir"), QStringLiteral("&Salir"));
   connect(salir, &QPushButton::clicked, this, &QDialog::reject);
   botones_->addStretch();
   botones_->addWidget(salir);
@@ -42,33 +54,54 @@ frmMantenimientoLista::frmMantenimientoLista(const QString& nombre, const QStrin
   cuenta_->setObjectName(QStringLiteral("lblCuenta"));
   cuerpo()->addWidget(cuenta_);
 
-  tecla(QKeyCombination(Qt::Key_Insert), [this] { abrir(ModoDetalle::Nuevo); }, QStringLiteral("nuevo"));
-  tecla(QKeyCombination(Qt::Key_Delete), [this] { abrir(ModoDetalle::Borrar); }, QStringLiteral("borrar"));
   indicio(QStringLiteral("Enter editar  ·  Esc salir"));
-  connect(buscar_, &QLineEdit::textEdited, this, &frmMantenimientoLista::buscar);
+  connect(buscar_, &QLineEdit::textEdited, this, [this](const QString& texto) {
+    if (!Recortar(texto).isEmpty() && !buscar(texto)) tema::aplicarRol(buscar_, "estado", QStringLiteral("mal"));
+  });
   connect(lista_, &Lista::elegida, this, [this] { abrir(ModoDetalle::Editar); });
   connect(lista_, &Lista::cambioActual, this, &frmMantenimientoLista::actualizar);
   buscar_->installEventFilter(this);
   buscar_->setFocus();
-  resize(760, 560);
+  resize(860, 600);
 }
 
-QPushButton* frmMantenimientoLista::agregarBoton(const QString& nombre, const QString& rotulo) {
-  auto* b = nuevoBoton(nombre, rotulo);
-  botones_->insertWidget(4, b);
-  return b;
+QPushButton* frmMantenimientoLista::nuevoDeLista(const BotonLista& b) {
+  auto* boton = nuevoBoton(b.nombre, b.rotulo, b.modo == ModoDetalle::Editar ? QStringLiteral("principal") : QString());
+  if (!b.modo) return boton;
+  const ModoDetalle modo = *b.modo;
+  connect(boton, &QPushButton::clicked, this, [this, modo] { abrir(modo); });
+  if (modo != ModoDetalle::Nuevo && sinFilas_.isEmpty()) conFila_.push_back(boton);
+  if (modo == ModoDetalle::Nuevo) {
+    tecla(QKeyCombination(Qt::Key_Insert), [this] { abrir(ModoDetalle::Nuevo); }, QStringLiteral("nuevo"));
+  } else if (modo == ModoDetalle::Borrar) {
+    tecla(QKeyCombination(Qt::Key_Delete), [this] { abrir(ModoDetalle::Borrar); }, QStringLiteral("borrar"));
+  }
+  return boton;
+}
+
+void frmMantenimientoLista::conActivar() {
+  activar_ = nuevoBoton(QStringLiteral("cmdActivar"), QStringLiteral("Desac&tivar"));
+  connect(activar_, &QPushButton::clicked, this, &frmMantenimientoLista::turnar);
+  botones_->insertWidget(botones_->count() - 2, activar_);
+  conFila_.push_back(activar_);
+  actualizar(lista_->actual());
 }
 
 void frmMantenimientoLista::actualizar(int fila) {
-  for (size_t n = 1; n < cmdEditar_.size(); ++n) cmdEditar_[n]->setEnabled(fila >= 0);
+  for (QPushButton* b : conFila_) b->setEnabled(fila >= 0);
   const int filas = lista_->filas();
   cuenta_->setText(filas == 1 ? QStringLiteral("1 fila") : QStringLiteral("%1 filas").arg(filas));
-  alElegir(fila);
+  if (!activar_) return;
+  const bool activa = fila < 0 || lista_->fila(fila).activa;
+  activar_->setText(activa ? QStringLiteral("Desac&tivar") : QStringLiteral("Ac&tivar"));
 }
 
 void frmMantenimientoLista::abrir(ModoDetalle modo) {
   const int n = lista_->actual();
-  if (modo != ModoDetalle::Nuevo && n < 0) return;
+  if (modo != ModoDetalle::Nuevo && n < 0) {
+    if (!sinFilas_.isEmpty()) p_.mensajes.mostrar(sinFilas_, QStringLiteral("Mensaje"));
+    return;
+  }
   auto nueva = detalle(modo, modo == ModoDetalle::Nuevo ? nullptr : &lista_->fila(n));
   if (!nueva) return;
   switch (modo) {
@@ -80,18 +113,26 @@ void frmMantenimientoLista::abrir(ModoDetalle modo) {
   actualizar(lista_->actual());
 }
 
-void frmMantenimientoLista::buscar(const QString& texto) {
-  const QString busca = Recortar(texto);
-  if (busca.isEmpty()) return;
-  for (int n = 0; n < lista_->filas(); ++n) {
-    for (const QString& celda : lista_->fila(n).celdas) {
-      if (!celda.contains(busca, Qt::CaseInsensitive)) continue;
-      lista_->elegir(n);
-      return;
-    }
-  }
-  tema::aplicarRol(buscar_, "estado", QStringLiteral("mal"));
+void frmMantenimientoLista::turnar() {
+  const int n = lista_->actual();
+  if (n < 0) return;
+  if (auto nueva = activar(lista_->fila(n))) lista_->cambiar(n, std::move(*nueva));
+  actualizar(n);
 }
+
+bool frmMantenimientoLista::buscar(const QString& texto, int columna) {
+  const QString busca = Recortar(texto);
+  for (int n = 0; n < lista_->filas(); ++n) {
+    const QStringList& celdas = lista_->fila(n).celdas;
+    const QStringList donde = columna < 0 ? celdas : QStringList{celdas.value(columna)};
+    if (donde.filter(busca, Qt::CaseInsensitive).isEmpty()) continue;
+    lista_->elegir(n);
+    return true;
+  }
+  return false;
+}
+
+QString frmMantenimientoLista::textoBuscado() const { return Recortar(buscar_->text()); }
 
 bool frmMantenimientoLista::alEntrar(QWidget* campo) {
   if (campo != buscar_) return false;
@@ -108,7 +149,7 @@ bool frmMantenimientoLista::eventFilter(QObject* objeto, QEvent* evento) {
       return true;
     }
     // With nothing typed there is nothing else to delete.
-    if (tecla == Qt::Key_Delete && buscar_->text().isEmpty()) {
+    if (tecla == Qt::Key_Delete && buscar_->text().isEmpty() && findChild<QWidget*>(QStringLiteral("cmdEditar(2)"))) {
       abrir(ModoDetalle::Borrar);
       return true;
     }
@@ -116,11 +157,16 @@ bool frmMantenimientoLista::eventFilter(QObject* objeto, QEvent* evento) {
   return Forma::eventFilter(objeto, evento);
 }
 
-frmMantenimientoDetalle::frmMantenimientoDetalle(const QString& nombre, ModoDetalle modo, const QString& titulo,
-                                                 QWidget* padre)
-    : Forma(nombre, TituloDetalle(modo, titulo), padre), modo_(modo), panel_(new Panel) {
+frmMantenimientoDetalle::frmMantenimientoDetalle(const AspectoDetalle& aspecto,
+                                                 const std::vector<CampoDetalle>& campos, QWidget* padre)
+    : Forma(aspecto.nombre, aspecto.titulo, padre), modo_(aspecto.modo), panel_(new Panel(aspecto.marco)) {
   cuerpo()->addWidget(panel_);
-  if (modo == ModoDetalle::Borrar)
+  QWidget* primero = nullptr;
+  for (const CampoDetalle& c : campos) {
+    QWidget* w = crear(c);
+    if (!primero && !c.ajustes.fijo) primero = w;
+  }
+  if (modo_ == ModoDetalle::Borrar)
     cuerpo()->addWidget(nuevoTexto(QStringLiteral("Con Aceptar se borra del puesto."), QStringLiteral("cuidado")));
   aceptar_ = nuevoBoton(QStringLiteral("cmdEstandar(0)"), QStringLiteral("&Aceptar"), QStringLiteral("principal"));
   auto* cancelar = nuevoBoton(QStringLiteral("cmdEstandar(1)"), QStringLiteral("&Cancelar"));
@@ -128,20 +174,82 @@ frmMantenimientoDetalle::frmMantenimientoDetalle(const QString& nombre, ModoDeta
   connect(cancelar, &QPushButton::clicked, this, &QDialog::reject);
   cuerpo()->addStretch();
   cuerpo()->addLayout(filaBotones({aceptar_, cancelar}));
-  setMinimumWidth(420);
+  setMinimumWidth(480);
+  if (seEdita() && primero) {
+    primero->setFocus();
+  } else {
+    bloquear();
+  }
 }
 
-void frmMantenimientoDetalle::listo(QWidget* primero) {
-  if (SeEdita(modo_)) {
-    primero->setFocus();
-    return;
+QWidget* frmMantenimientoDetalle::crear(const CampoDetalle& c) {
+  QWidget* w = nullptr;
+  switch (c.clase) {
+    case CampoDetalle::Texto: case CampoDetalle::Importe: case CampoDetalle::Clave: w = crearTexto(c); break;
+    case CampoDetalle::Marca: {
+      auto* marca = new QCheckBox(c.rotulo);
+      marca->setObjectName(c.nombre);
+      marca->setChecked(*c.marca);
+      recoger_.push_back([marca, v = c.marca] { *v = marca->isChecked(); });
+      panel_->agregar({}, marca);
+      return marca;
+    }
+    case CampoDetalle::Opciones: w = crearOpciones(c); break;
+    case CampoDetalle::Eleccion: w = crearEleccion(c); break;
   }
+  panel_->agregar(c.rotulo.section(u'|', 0, 0), w);
+  return w;
+}
+
+Campo* frmMantenimientoDetalle::crearTexto(const CampoDetalle& c) {
+  Campo* campo = c.ajustes.fijo ? nuevoFijo(c.nombre) : c.clase == CampoDetalle::Importe ? nuevoImporte(c.nombre) : new Campo(c.nombre);
+  if (c.clase == CampoDetalle::Clave) campo->setEchoMode(QLineEdit::Password);
+  if (!c.ajustes.filtro.empty()) {
+    campo->filtro = [clases = c.ajustes.filtro](QChar tecla) {
+      for (ClaseTecla clase : clases) tecla = FiltrarTecla(tecla, {clase});
+      return tecla;
+    };
+  }
+  if (c.ajustes.mascara) campo->alSalir = [campo, mascara = c.ajustes.mascara] { campo->setText(mascara(campo->text())); };
+  campo->setText(*c.texto);
+  recoger_.push_back([campo, v = c.texto] { *v = campo->text(); });
+  return campo;
+}
+
+QWidget* frmMantenimientoDetalle::crearOpciones(const CampoDetalle& c) {
+  auto* juntas = new QWidget;
+  auto* fila = new QHBoxLayout(juntas);
+  fila->setContentsMargins(0, 0, 0, 0);
+  fila->setSpacing(6 * tema::kPaso);
+  for (int n = 0; n < 2; ++n) {
+    auto* opcion = new QRadioButton(c.rotulo.section(u'|', n + 1, n + 1));
+    opcion->setObjectName(QStringLiteral("%1(%2)").arg(c.nombre).arg(n));
+    opcion->setChecked(*c.marca == (n == 0));
+    fila->addWidget(opcion);
+    if (n == 0) recoger_.push_back([opcion, v = c.marca] { *v = opcion->isChecked(); });
+  }
+  fila->addStretch();
+  return juntas;
+}
+
+QWidget* frmMantenimientoDetalle::crearEleccion(const CampoDetalle& c) {
+  auto* lista = new QComboBox;
+  lista->setObjectName(c.nombre);
+  for (const auto& [codigo, palabras] : c.ajustes.entradas) lista->addItem(palabras, codigo);
+  lista->setCurrentIndex(c.texto->isEmpty() ? -1 : lista->findData(*c.texto));
+  connect(lista, &QComboBox::currentIndexChanged, lista, [lista] { quitarMal(lista); });
+  recoger_.push_back([lista, v = c.texto] { *v = lista->currentData().toString(); });
+  return lista;
+}
+
+void frmMantenimientoDetalle::bloquear() {
   for (QWidget* w : panel_->findChildren<QWidget*>())
     if (w->focusPolicy() != Qt::NoFocus) w->setEnabled(false);
   aceptar_->setFocus();
 }
 
 void frmMantenimientoDetalle::aceptar() {
+  for (const auto& recoger : recoger_) recoger();
   QString campoMal;
   if (guardar(campoMal)) {
     accept();

@@ -1,32 +1,31 @@
 #include "backoffice/frm_tipo_cambio.h"
 
-#include "foundation/puesto.h"
-#include "foundation/rutinas.h"
+namespace {
+
+std::vector<CampoDetalle> camposDe(TipoCambio& v) {
+  return {
+      // The rate of another day is another row.
+      {CampoDetalle::Texto, QStringLiteral("txtFecha"), QStringLiteral("&Fecha"), &v.txtFecha, nullptr, {.mascara = MascaraFecha,
+       .fijo = v.modo == ModoDetalle::Editar}},
+      {CampoDetalle::Importe, QStringLiteral("txtTC"), QStringLiteral("&Tipo Cambio"), &v.txtTC,
+       nullptr, {.filtro = {ClaseTecla::Decimal}, .mascara = MascaraTipoCambio}},
+  };
+}
+
+}  // namespace
 
 frmTipoCambio::frmTipoCambio(Puesto& p, TipoCambio& v, QWidget* padre)
-    : frmMantenimientoDetalle(QStringLiteral("frmTipoCambio"), v.modo, QStringLiteral("Tipo de Cambio"), padre),
+    : frmMantenimientoDetalle(
+          {QStringLiteral("frmTipoCambio"), TituloDetalle(v.modo, QStringLiteral("Tipo de Cambio")), v.modo}, camposDe(v),
+          padre),
       p_(p),
       v_(v) {
-  Campo* fecha = panel().campo(QStringLiteral("txtFecha"), QStringLiteral("&Fecha"));
-  Campo* tc = panel().importe(QStringLiteral("txtTC"), QStringLiteral("&Tipo Cambio"));
-  fecha->setPlaceholderText(QStringLiteral("dd/mm/aaaa"));
-  fecha->alSalir = [fecha] { fecha->setText(MascaraFecha(fecha->text())); };
-  tc->filtro = [](QChar tecla) { return FiltrarTecla(tecla, {ClaseTecla::Decimal}); };
-  tc->alSalir = [tc] { tc->setText(MascaraTipoCambio(tc->text())); };
-  // The rate of another day is another row.
-  if (v.modo == ModoDetalle::Editar) {
-    fecha->setReadOnly(true);
-    fecha->setFocusPolicy(Qt::NoFocus);
-  }
-  enlaces_.texto(fecha, v_.txtFecha);
-  enlaces_.texto(tc, v_.txtTC);
-  enlaces_.mostrar();
+  control<Campo>("txtFecha")->setPlaceholderText(QStringLiteral("dd/mm/aaaa"));
   // Today's date stands there already, so the rate is what is left to type.
-  listo(tc);
+  if (seEdita()) control<Campo>("txtTC")->setFocus();
 }
 
 bool frmTipoCambio::guardar(QString& campoMal) {
-  enlaces_.recoger();
   const bool guardado = GuardarTipoCambio(p_, v_);
   campoMal = v_.campoMal;
   return guardado;
@@ -34,6 +33,5 @@ bool frmTipoCambio::guardar(QString& campoMal) {
 
 bool abrirTipoCambio(Puesto& p, ModoDetalle modo, const QString& fecha, TipoCambio& v, QWidget* padre) {
   if (!CargarTipoCambio(p, modo, fecha, v)) return false;
-  frmTipoCambio forma(p, v, padre);
-  return forma.exec() == QDialog::Accepted;
+  return frmTipoCambio(p, v, padre).exec() == QDialog::Accepted;
 }

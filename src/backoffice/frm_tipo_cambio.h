@@ -14,7 +14,6 @@ class frmTipoCambio final : public frmMantenimientoDetalle {
  private:
   Puesto& p_;
   TipoCambio& v_;
-  Enlaces enlaces_;
 };
 
 // Loads and shows the detail. True when it was saved; `v` then holds what was stored.

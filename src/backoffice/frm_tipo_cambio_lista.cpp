@@ -17,19 +17,15 @@ FilaLista filaDe(const FilaTipoCambio& f) { return {{f.fecha, f.monto}, f.fecha,
 }  // namespace
 
 frmTipoCambioLista::frmTipoCambioLista(Puesto& p, QWidget* padre)
-    : frmMantenimientoLista(QStringLiteral("frmTipoCambioLista"), QStringLiteral("Relación de Tipo de Cambio"),
-                            nuevaLista(), padre),
-      p_(p) {
+    : frmMantenimientoLista(p, {QStringLiteral("frmTipoCambioLista"), QStringLiteral("Relación de Tipo de Cambio")},
+                            nuevaLista(), padre) {
   std::vector<FilaTipoCambio> filas;
-  LeerTiposCambio(p_, filas);
-  std::vector<FilaLista> mostradas;
-  for (const auto& f : filas) mostradas.push_back(filaDe(f));
-  lista().llenar(std::move(mostradas));
+  if (LeerTiposCambio(p, filas)) llenarCon(filas, filaDe);
   lista().elegir(lista().filas() - 1);  // the latest day
 }
 
 std::optional<FilaLista> frmTipoCambioLista::detalle(ModoDetalle modo, const FilaLista* fila) {
   TipoCambio v;
-  if (!abrirTipoCambio(p_, modo, fila ? fila->clave.toString() : QString(), v, this)) return {};
+  if (!abrirTipoCambio(puesto(), modo, fila ? fila->clave.toString() : QString(), v, this)) return {};
   return filaDe(FilaDe(v));
 }

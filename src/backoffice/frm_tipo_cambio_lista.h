@@ -1,8 +1,6 @@
 #pragma once
 #include "backoffice/frm_mantenimiento.h"
 
-struct Puesto;
-
 // All rates by date.
 class frmTipoCambioLista final : public frmMantenimientoLista {
   Q_OBJECT
@@ -11,7 +9,4 @@ class frmTipoCambioLista final : public frmMantenimientoLista {
 
  protected:
   std::optional<FilaLista> detalle(ModoDetalle modo, const FilaLista* fila) override;
-
- private:
-  Puesto& p_;
 };

@@ -302,11 +302,9 @@ void frmPrincipal::mantenimiento(int n) {
 
 void frmPrincipal::configurarParametros() {
   v_.bAcceso = false;  // an earlier consent doesn't open protected settings
-  if (const auto supervisor = pantallas_.autorizar(QStringLiteral("Configuración Parámetros"))) {
-    v_.txtsupervisor = *supervisor;
-    v_.bAcceso = true;
+  if (AutorizarOperacion(v_, pantallas_, QStringLiteral("Configuración Parámetros"))) {
+    pantallas_.mantenimiento(PantallaMantenimiento::Parametros);
   }
-  if (v_.bAcceso) pantallas_.mantenimiento(PantallaMantenimiento::Parametros);
 }
 
 void frmPrincipal::operacion(int n) {

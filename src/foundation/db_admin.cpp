@@ -8,7 +8,8 @@
 namespace {
 
 constexpr int kEsperaNormal_ms = 20'000;
-constexpr int kEsperaVenta_ms = 2'000;
+constexpr int kEsperaVenta_ms = 1'700;
+constexpr int kEsperaOtra_ms = 250;  // of a sale that has just waited for another server: two seconds in all
 constexpr int kDescanso_s = 60;
 
 const QString kConvert = QStringLiteral("CONVERT(DATETIME,'");
@@ -33,18 +34,19 @@ QString textoDe(const QVariant& valor) {
 bool clsDBAdmin::AbrirBD(Conexion& cnn, const QString& cadena, bool flagMensaje, Espera espera) {
   auto& agotados = p_.ses.tiempoAgotado;
   const bool venta = espera == Espera::Venta;
+  int espera_ms = kEsperaNormal_ms;
   if (venta) {
-    const auto ultimo = agotados.constFind(cadena);
-    if (ultimo != agotados.constEnd()) {
-      const qint64 hace = ultimo->secsTo(p_.reloj.now());
-      if (hace >= 0 && hace < kDescanso_s) {
-        cnn.cerrar();
-        return false;
-      }
-      agotados.erase(ultimo);
+    agotados.removeIf([ahora = p_.reloj.now()](const auto& uno) {
+      const qint64 hace = uno.value().secsTo(ahora);
+      return hace < 0 || hace >= kDescanso_s;
+    });
+    if (agotados.contains(cadena)) {
+      cnn.cerrar();
+      return false;
     }
+    espera_ms = agotados.isEmpty() ? kEsperaVenta_ms : kEsperaOtra_ms;
   }
-  const auto error = cnn.abrir(p_.motores, cadena, venta ? kEsperaVenta_ms : kEsperaNormal_ms);
+  const auto error = cnn.abrir(p_.motores, cadena, espera_ms);
   if (cadena == p_.ses.psConexionCentral) p_.ses.bCentralCaida = error.has_value();
   if (!error) {
     agotados.remove(cadena);

@@ -301,7 +301,6 @@ void frmCajaRegistradoraFull::mostrar() {
   mostrarLocales();
   mostrarPaneles();
   liquidacion_.mostrar(v_);
-  if (!adelanto_.txtGlosa1->hasFocus()) adelanto_.txtGlosa1->setCursorPosition(0);  // a long text from its beginning
   rejilla_->ponerTitulo(kPorc, tituloPorcentaje(v_.recargo));
   rejilla_->refrescar();
   estado_->mostrar(EstadoDelPuesto(p_));

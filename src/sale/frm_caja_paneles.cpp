@@ -104,8 +104,7 @@ PanelesAdelanto nuevosPanelesAdelanto(Enlaces& enlaces, CajaRegistradoraFull& v)
   r.cmdBuscaPago = busca(datos, QStringLiteral("cmdBuscaPago"), QStringLiteral("ALT+&P"));
   Campo* pago = datos->fijo(QStringLiteral("txtimportepago"), QStringLiteral("PAGO"));
   enlaces.texto(pago, v.txtimportepago);
-  r.txtGlosa1 = texto(datos, QStringLiteral("txtGlosa1"), QStringLiteral("GLOSA"), v.txtGlosa1);
-  r.txtGlosa1->setProperty("textoLibre", true);
+  texto(datos, QStringLiteral("txtGlosa1"), QStringLiteral("GLOSA"), v.txtGlosa1)->setProperty("textoLibre", true);
 
   auto* hoja = new QWidget;
   auto* v2 = new QVBoxLayout(hoja);

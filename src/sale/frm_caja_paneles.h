@@ -17,7 +17,7 @@ PanelPago nuevoPanelPago(Enlaces& enlaces, CajaRegistradoraFull& v);
 struct PanelesAdelanto {
   QFrame *frapade = nullptr, *fraPagoAdelantado = nullptr;
   QWidget* pestana = nullptr;
-  Campo *txtPagoAdelantado = nullptr, *txtPADEDolares = nullptr, *txtPADE = nullptr, *txtTX = nullptr, *txtGlosa1 = nullptr;
+  Campo *txtPagoAdelantado = nullptr, *txtPADEDolares = nullptr, *txtPADE = nullptr, *txtTX = nullptr;
   QPushButton *cmdBuscaPago = nullptr, *cmdPagoAdelantado = nullptr;
 };
 PanelesAdelanto nuevosPanelesAdelanto(Enlaces& enlaces, CajaRegistradoraFull& v);

@@ -130,11 +130,11 @@ QWidget* frmCajaRegistradora::nuevosCampos() {
   txtTarjeta_ = panel->campo(QStringLiteral("txtTarjeta"), QStringLiteral("Nro. &Tarjeta:"));
   txtTarjeta_->filtro = soloDigitos;
   enlaces_.texto(txtTarjeta_, v_.txtTarjeta);
-  Campo* txtCliente = panel->campo(QStringLiteral("txtCliente"), QStringLiteral("&Nombres:"));
-  txtCliente->setProperty("textoLibre", true);
-  enlaces_.texto(txtCliente, v_.txtNombres);
+  txtCliente_ = panel->campo(QStringLiteral("txtCliente"), QStringLiteral("&Nombres:"));
+  txtCliente_->setProperty("textoLibre", true);
+  enlaces_.texto(txtCliente_, v_.txtNombres);
   for (QLabel* l : panel->findChildren<QLabel*>()) {
-    if (l->buddy() == txtCliente) l->setObjectName(QStringLiteral("lblCliente"));
+    if (l->buddy() == txtCliente_) l->setObjectName(QStringLiteral("lblCliente"));
   }
   txtRuc_ = panel->campo(QStringLiteral("txtRuc"), QStringLiteral("RUC:"));
   txtRuc_->filtro = soloDigitos;
@@ -224,6 +224,8 @@ void frmCajaRegistradora::nuevasTeclas() {
 void frmCajaRegistradora::mostrar() {
   const QScopedValueRollback<bool> guarda(mostrando_, true);
   enlaces_.mostrar();
+  // A long name is read from its beginning.
+  if (!txtCliente_->hasFocus()) txtCliente_->setCursorPosition(0);
   lblProducto_->poner(v_.lblProducto);
   lblSubtotal_->poner(v_.lblSubtotal);
   lblTotal_->poner(v_.lblTotal);

@@ -59,7 +59,7 @@ class frmCajaRegistradora final : public Forma {
   std::array<TeclaArticulo*, kTeclasProducto + 1> teclas_{};
   std::array<QPushButton*, kBotonPago + 1> cmdTecla_{};  // by index; no entry where there is no button
   QPushButton *cmdCambio_ = nullptr, *cmdSalir_ = nullptr;
-  Campo *txtCantidad_ = nullptr, *txtTarjeta_ = nullptr, *txtLocal_ = nullptr, *txtRuc_ = nullptr;
+  Campo *txtCantidad_ = nullptr, *txtTarjeta_ = nullptr, *txtCliente_ = nullptr, *txtLocal_ = nullptr, *txtRuc_ = nullptr;
   QComboBox* dcbLocal_ = nullptr;
   QLabel *lblTipo_ = nullptr, *lblLocal_ = nullptr;
   Renglon *lblProducto_ = nullptr, *lblSubtotal_ = nullptr, *lblTotal_ = nullptr;

@@ -182,7 +182,8 @@ bool LeerNumeroDocumento(Puesto& p, const QString& tipo, NumeroDocumento& n) {
           rs)) {
     return false;
   }
-  if (rs.Eof() && !crearFila(p, fila)) return false;
+  // A factura that finds no common row makes its own, "01", and so can do it once only.
+  if (rs.Eof() && !crearFila(p, tipo)) return false;
   NumeroDocumento nuevo;
   nuevo.numero = AEntero(Numero(rs[u"nDocCodigo"])) + 1;
   nuevo.serie = LimpiarNulo(rs[u"cSerieDoc"]);

@@ -1,6 +1,8 @@
 #include "app/arranque.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "apoyo/puesto_prueba.h"
 #include "platform/io/perfil.h"
@@ -136,6 +138,28 @@ TEST_F(ArranqueTest, AStoreOfAnotherProgramNamesWhatItLacks) {
   p.persona().espera(QStringLiteral("Faltan las tablas: "));
   arrancaYTermina();
   EXPECT_EQ(antes, bytes(kAlmacen));
+}
+
+// Rights bind nobody who is root, so the start is made as somebody else.
+TEST_F(ArranqueTest, AStoreThatCanOnlyBeReadIsTold) {
+  p.poCnnLocal.cerrar();
+  const QByteArray antes = bytes(kAlmacen);
+  const auto rutas = {p.rutas.programa, enCarpeta(kAlmacen)};
+  for (const QString& ruta : rutas) ASSERT_EQ(0, ::chmod(qPrintable(ruta), ruta == p.rutas.programa ? 0777 : 0444));
+  const uid_t quien = ::geteuid();
+  ASSERT_EQ(0, quien == 0 ? ::seteuid(65534) : 0);
+  p.persona().espera(QStringLiteral("es de solo lectura"));
+  arrancaYTermina();
+  ASSERT_EQ(0, ::seteuid(quien));
+  EXPECT_EQ(antes, bytes(kAlmacen));
+}
+
+TEST_F(ArranqueTest, APipeInPlaceOfTheSettingsIsNotWaitedFor) {
+  p.poCnnLocal.cerrar();
+  QFile::remove(enCarpeta(QStringLiteral("KEB.cfg")));
+  ASSERT_EQ(0, ::mkfifo(qPrintable(enCarpeta(QStringLiteral("KEB.cfg"))), 0666));
+  p.persona().espera(QStringLiteral("no es un archivo de texto"));
+  arrancaYTermina();
 }
 
 TEST_F(ArranqueTest, SettingsThatCannotBeReadEndTheStart) {

@@ -78,6 +78,28 @@ TEST(Reportes, WhatEndsAReport) {
   }
 }
 
+TEST(Reportes, GiveUpAfterTheirAttempts) {
+  const struct { const char* porque; bool (*imprimir)(PuestoDeReporte&); int intentos; const char* marcas; } casos[] = {
+      {"X", [](PuestoDeReporte& p) { return ReportesEspeciales(p, p.v, PedidoX()); }, 4, "4"},
+      {"Z1", [](PuestoDeReporte& p) { return p.cerrarZ1(); }, 3, "3"},
+      {"Z by date, no mark", [](PuestoDeReporte& p) { return ReportesEspecialesFecha(p, p.v, u8("Z")); }, 4, "0"},
+  };
+  for (const auto& c : casos) {
+    SCOPED_TRACE(c.porque);
+    PuestoDeReporte p;
+    p.persona().dejaPasar();
+    p.ejecuta(u8("DROP TABLE Tipo_Cambio"));
+    EXPECT_FALSE(c.imprimir(p));
+    int vacias = 0;
+    for (const auto& caja : p.persona().vistas) vacias += caja.texto.isEmpty();
+    EXPECT_EQ(c.intentos - 1, vacias);
+    EXPECT_TRUE(p.persona().vistas.back().texto.startsWith(u8("No fue posible imprimir reporte")));
+    EXPECT_EQ(u8(c.marcas), p.filas(u8("SELECT COUNT(*) FROM Operacion")));
+    EXPECT_EQ(u8("1|0\n2|0"), p.filas(u8("SELECT prn, idct FROM _Tmp1 ORDER BY prn"))) << "no correlative is drawn";
+    EXPECT_EQ(0, p.v.nIntentosReporte);
+  }
+}
+
 // By date the central database is asked at the end only: its words come, the tax section stays away.
 TEST(Reportes, ADatedReportGoesOnWithoutTheTaxSection) {
   PuestoDeReporte p;

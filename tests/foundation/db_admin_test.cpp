@@ -78,17 +78,19 @@ TEST(DBAdmin, ASaleWaitsForASilentServerOnceAMinute) {
   Conexion c;
   const auto abrir = [&](clsDBAdmin::Espera e) { p.poDBAdmin.AbrirBD(c, p.ses.psConexionCentral, false, e); };
   abrir(clsDBAdmin::Espera::Venta);
-  EXPECT_EQ(2000, mudos.espera);
+  EXPECT_EQ(1700, mudos.espera);
   EXPECT_TRUE(p.ses.bCentralCaida);
   base.elReloj().ahora = base.elReloj().ahora.addSecs(59);
   abrir(clsDBAdmin::Espera::Venta);
   EXPECT_EQ(1, mudos.intentos);
+  p.poDBAdmin.AbrirBD(c, QStringLiteral("Data Source=otro"), false, clsDBAdmin::Espera::Venta);
+  EXPECT_EQ(250, mudos.espera);  // two seconds for both
   abrir(clsDBAdmin::Espera::Normal);  // a report asks all the same
-  EXPECT_EQ(2, mudos.intentos);
+  EXPECT_EQ(3, mudos.intentos);
   EXPECT_EQ(20000, mudos.espera);
   base.elReloj().ahora = base.elReloj().ahora.addSecs(1);
   abrir(clsDBAdmin::Espera::Venta);
-  EXPECT_EQ(3, mudos.intentos);
+  EXPECT_EQ(4, mudos.intentos);
 }
 
 TEST(Rutinas, KeysPassOrAreRefused) {

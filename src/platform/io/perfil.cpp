@@ -42,6 +42,7 @@ std::optional<QString> leer(const QString& archivo, Contenido& c) {
   const QFileInfo info(archivo);
   if (!info.exists() && !info.isSymLink()) return {};
   if (info.isDir()) return QStringLiteral("es una carpeta");
+  if (info.exists() && !info.isFile()) return QStringLiteral("no es un archivo de texto");  // a pipe would wait for ever
   QByteArray bytes;
   if (auto e = LeerBytes(archivo, bytes, kMaximo)) return e;
   if (esBinario(bytes)) return QStringLiteral("no es un archivo de texto");

@@ -8,6 +8,7 @@
 
 #include "platform/io/archivo.h"
 #include "platform/io/perfil.h"
+#include "platform/io/senales.h"
 #include "platform/text/texto.h"
 
 #ifdef Q_OS_UNIX
@@ -15,8 +16,6 @@
 #include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <csignal>
 #endif
 
 namespace {
@@ -102,10 +101,7 @@ struct PuertosSistema::Destino {
 
 PuertosSistema::PuertosSistema(const QString& carpeta, ImpresorasSistema* sistema)
     : carpeta_(carpeta), sistema_(sistema) {
-#ifdef Q_OS_UNIX
-  // A printer server that hangs up must come back as a failed write, not end the till.
-  std::signal(SIGPIPE, SIG_IGN);
-#endif
+  FallasDeEscrituraComoErrores();  // a printer server that hangs up must not end the till
 }
 
 PuertosSistema::Destino PuertosSistema::destinoDe(const QString& puerto) const {

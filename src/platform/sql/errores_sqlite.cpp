@@ -11,6 +11,8 @@ struct Palabras {
 
 // Words of our own where the engine's say too little to the person at the desk.
 const Palabras kPalabras[] = {
+    // A limit of file size or a quota; the engine says no more of it.
+    {SQLITE_IOERR_WRITE, u"El disco está lleno o no responde: no se pudo guardar."},
     {SQLITE_BUSY, u"La base de datos está ocupada por otro programa. Intente de nuevo."},
     {SQLITE_LOCKED, u"La base de datos está ocupada. Intente de nuevo."},
     {SQLITE_FULL, u"El disco está lleno: no se pudo guardar."},
@@ -51,7 +53,7 @@ ErrorBD errorDe(sqlite3* base, int codigo) {
   }
   if (deSentencia(primario)) return {kErrorSentencia, primario, motor};
   for (const Palabras& p : kPalabras) {
-    if (p.codigo == primario) {
+    if (p.codigo == extendido || p.codigo == primario) {
       return {kErrorGeneral, extendido, QStringLiteral("%1 (%2)").arg(QString::fromUtf16(p.texto), motor)};
     }
   }

@@ -199,8 +199,9 @@ void fCharindex(sqlite3_context* c, int n, sqlite3_value** v) {
   if (!hayNulo(n, v)) buscar(c, textoDe(v[1]), textoDe(v[0]), n == 3 ? sqlite3_value_int(v[2]) : 1);
 }
 
+// The bytes of a text where the engine holds them: asked as a text it would copy each one to end it with a zero.
 std::string_view bytesDe(sqlite3_value* v) {
-  const auto* t = reinterpret_cast<const char*>(sqlite3_value_text(v));
+  const auto* t = static_cast<const char*>(sqlite3_value_blob(v));
   return t ? std::string_view(t, static_cast<size_t>(sqlite3_value_bytes(v))) : std::string_view();
 }
 

@@ -134,6 +134,10 @@ std::optional<ErrorBD> MotorSqlite::preparar(const QString& archivo, int espera_
     if ((e->nativo & 0xff) == SQLITE_BUSY) e->numero = kErrorTiempo;
     return e;
   }
+  if (sqlite3_db_readonly(base_, "main") == 1) {
+    return errorPropio(kErrorGeneral, QStringLiteral("La base de datos '%1' es de solo lectura: no se puede guardar en "
+                                                     "ella. Revise los permisos del archivo.").arg(archivo));
+  }
   for (const char* pragma : {"PRAGMA foreign_keys=OFF", "PRAGMA synchronous=FULL", "PRAGMA recursive_triggers=OFF"}) {
     if (auto e = directa(pragma)) return e;
   }

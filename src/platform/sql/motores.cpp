@@ -1,6 +1,7 @@
 #include <QDir>
 
 #include "platform/sql/cadena_conexion.h"
+#include "platform/sql/motor_postgres.h"
 #include "platform/sql/motor_sqlite.h"
 
 namespace {
@@ -19,6 +20,7 @@ class MotoresDelSistema final : public Motores {
       case TipoMotor::Embebido:
         return MotorSqlite::abrir(QDir(carpeta_).filePath(c.archivo), Dialecto::TSql, espera_ms, opciones_, error);
       case TipoMotor::Postgres:
+        return MotorPostgres::abrir(c, espera_ms, error);
       case TipoMotor::SqlServer:
         break;
     }

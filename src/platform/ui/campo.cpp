@@ -8,9 +8,34 @@
 
 #include "platform/ui/tema.h"
 
+namespace {
+
+// An accent that is typed with two keys comes as composed text and not as a key.
+class FiltroCompuesto final : public QObject {
+ public:
+  explicit FiltroCompuesto(Campo* campo) : QObject(campo), campo_(campo) {}
+  bool eventFilter(QObject*, QEvent* evento) override {
+    if (evento->type() != QEvent::InputMethod || !campo_->filtro) return false;
+    auto* e = static_cast<QInputMethodEvent*>(evento);
+    QString pasa;
+    for (const QChar escrito : e->commitString()) {
+      const QChar c = campo_->filtro(escrito);
+      if (!c.isNull() && c != QChar(8)) pasa += c;
+    }
+    e->setCommitString(pasa, e->replacementStart(), e->replacementLength());
+    return false;
+  }
+
+ private:
+  Campo* campo_;
+};
+
+}  // namespace
+
 Campo::Campo(const QString& nombre, QWidget* padre) : QLineEdit(padre) {
   setObjectName(nombre);
   setContextMenuPolicy(Qt::NoContextMenu);
+  installEventFilter(new FiltroCompuesto(this));
   connect(this, &QLineEdit::textChanged, this, [this] { quitarMal(this); });
 }
 
@@ -137,8 +162,11 @@ Campo* Panel::fijo(const QString& nombre, const QString& etiqueta) {
 }
 
 void Enlaces::mostrar() const {
-  for (const auto& [control, campo] : lineas_)
-    if (control->text() != *campo) control->setText(*campo);
+  for (const auto& [control, campo] : lineas_) {
+    if (control->text() == *campo) continue;
+    control->setText(*campo);
+    if (!control->hasFocus()) control->setCursorPosition(0);  // a long text shows its beginning
+  }
   for (const auto& [control, campo] : rotulos_)
     if (control->text() != *campo) control->setText(*campo);
   for (const auto& [control, campo] : marcas_) control->setChecked(*campo);

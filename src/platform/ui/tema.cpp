@@ -110,6 +110,9 @@ QLineEdit:read-only, QLineEdit:disabled, QComboBox:disabled, QPlainTextEdit:read
   background: @fondoFijo; color: @fijo; border-color: @linea; }
 QLineEdit[papel="pendiente"] { background: #FFFF00; color: @tinta; }
 QLineEdit[estado="mal"], QComboBox[estado="mal"], QPlainTextEdit[estado="mal"] { border: 2px solid @alto; padding: 0px 7px; }
+QComboBox::drop-down { border: 0px; width: 28px; }
+QComboBox::down-arrow { image: url(:/iconos/flecha.svg); width: 12px; height: 12px; }
+QComboBox QLineEdit { border: 0px; background: transparent; padding: 0px; min-height: 0px; }
 QComboBox QAbstractItemView { background: @superficie; selection-background-color: @accion; selection-color: #FFFFFF; }
 
 QPushButton {
@@ -128,12 +131,20 @@ QPushButton[papel="tecla"][asignada="true"] { background: @teclaAsignada; }
 QPushButton[papel="tecla"]:pressed { border: 2px solid @tinta; }
 
 QCheckBox, QRadioButton { spacing: 8px; background: transparent; }
-QCheckBox::indicator, QRadioButton::indicator { width: 18px; height: 18px; }
+QCheckBox::indicator, QRadioButton::indicator {
+  width: 16px; height: 16px; border: 1px solid @lineaCampo; background: @superficie; border-radius: 3px; }
+QRadioButton::indicator { border-radius: 9px; }
+QCheckBox::indicator:checked { background: @accion; border-color: @accion; image: url(:/iconos/marca.svg); }
+QRadioButton::indicator:checked { image: url(:/iconos/punto.svg); }
+QCheckBox::indicator:disabled, QRadioButton::indicator:disabled { background: @fondoFijo; border-color: @linea; }
+QCheckBox::indicator:checked:disabled { background: @lineaCampo; border-color: @lineaCampo; }
+QCheckBox:disabled, QRadioButton:disabled { color: @fijo; }
 
 QTableView {
   background: @superficie; border: 1px solid @lineaCampo; gridline-color: @linea; font-size: 12pt;
   selection-background-color: @accion; selection-color: #FFFFFF; }
 QTableView[papel="registro"] { font-size: 14pt; }
+QTableView[papel="impreso"] { font-family: "Courier New", "DejaVu Sans Mono"; }
 QTableView QLineEdit { border: 0px; border-radius: 0px; padding: 0px 4px; min-height: 0px; }
 QTableView[papel="registro"] QLineEdit { font-size: 14pt; }
 QTableView QLineEdit[estado="mal"] { border: 2px solid @alto; padding: 0px 2px; }

@@ -39,6 +39,8 @@ SELECT * FROM Regla_Punto
  UPDATE OPERACIONPARALELA SET cEstado = 2 WHERE cOperCode = 9
  UPDATE OPERACIONPARALELA SET cOpercodeRela = 9, cEstado = 2 WHERE cOperCode = 8
  INSERT INTO OPERACION (cOperCode, cUserDesc, nTarjNumb, cAlmaCode, cProdCode, nProdCant, nProdPrecUnit, nMontoDolares, dOperFech, cOperTipo, cCajaCodi, cTurnoCodi, nDscto, nServicio, cDocCodigo, cRuc, cDocSerie, cDocTipo, cEmisor, cOpercodeanula, idLocal,cSupervisor)  VALUES (45, 'ana', '00001234', '01', 12, 2, 5.5, 0, '24/11/2026 17:05', 1, '00012', '01', 0, 10, 33, '', '012', '02', '', 0, 1,'')
+ SELECT C.cTeclCode, C.sTeclDesc, C.cProdCode, P.sProdDescCrta FROM ConfiguracionTeclado AS C INNER JOIN Producto AS P ON C.cProdCode = P.cProdCode WHERE C.cTeclCode BETWEEN 1 AND 24 AND P.cAlmaCode = '01' ORDER BY C.cTeclCode
+ SELECT sProdDesc, sProdDescCrta, nProdPrecUnit, cProdEstd, nActivo, cFlagCanje, nPuntos, cFlagServicio, cCodCatalogo FROM Producto WHERE cProdCode = 12 AND cAlmaCode = '01'
 INSERT INTO OPERACION (cOperCode, cUserDesc, nTarjNumb, cAlmaCode, cProdCode, nProdCant, nProdPrecUnit,nMontoDolares, dOperFech, cOperTipo, cCajaCodi, cTurnoCodi, nServicio, cDocCodigo, cRuc, cDocSerie, cDocTipo, IdLocal) VALUES (46, 'ana', '', '01', 12, 1, 5.5, 0, '24/11/2026 17:05', 1, '00012', '01', 10, 34, '', '012', '02', Null)
 select cod_tar,descrip from tipo_tarjeta order by descrip
  SELECT cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, cProdEstd, vDescProv, cFlagCanje, nPuntos, cFlagServicio, cCodCatalogo, sDescLinea FROM Producto WHERE cProdEstd = 1 AND nActivo = 1 AND (sProdDesc like '%lomo%' OR sProdDescCrta like '%lomo%' OR cCodCatalogo like '%lomo%' OR vDescProv like '%lomo%') ORDER BY sProdDesc

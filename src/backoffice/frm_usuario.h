@@ -1,0 +1,17 @@
+#pragma once
+#include "backoffice/frm_mantenimiento.h"
+#include "backoffice/usuario.h"
+
+// One user. `v` has been loaded; it is the caller's and holds what was stored after Accepted.
+class frmUsuario final : public frmMantenimientoDetalle {
+  Q_OBJECT
+ public:
+  frmUsuario(Puesto& p, DetalleUsuario& v, QWidget* padre = nullptr);
+
+ protected:
+  bool guardar(QString& campoMal) override;
+
+ private:
+  Puesto& p_;
+  DetalleUsuario& v_;
+};

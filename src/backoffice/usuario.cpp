@@ -1,0 +1,124 @@
+#include "backoffice/usuario.h"
+
+#include "foundation/puesto.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+
+namespace {
+
+QString seleccion(const QString& usuario) {
+  return FormatearSQL(QStringLiteral("SELECT * FROM Usuario WHERE TRIM(sUserDesc) = TRIM('$')"),
+                      {ReemplazarComilla(usuario)});
+}
+
+bool leerPerfiles(Puesto& p, DetalleUsuario& v) {
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("SELECT * FROM Perfil"), rs)) return false;
+  for (const auto& f : rs) v.perfiles.emplace_back(LimpiarNulo(f[u"cPerfCode"]), LimpiarNulo(f[u"sPerfDesc"]));
+  return true;
+}
+
+bool validar(Puesto& p, DetalleUsuario& v) {
+  return Comprobar(p, {
+      {Recortar(v.txtUsuario).isEmpty(), u"txtUsuario", u"Ingresar Nombre de Usuario"},
+      {Recortar(v.txtReingresarPassword).isEmpty(), u"txtReingresarPassword", u"Reingresar Password de Usuario"},
+      {v.txtPassword != v.txtReingresarPassword, u"txtReingresarPassword", u"Password reingresado incorrecto"},
+      {v.dcbPerfil.isEmpty(), u"dcbPerfil", u"Seleccionar Perfil"},
+      {Recortar(v.txtApellidos).isEmpty(), u"txtApellidos", u"Ingresar Apellidos"},
+      {Recortar(v.txtNombres).isEmpty(), u"txtNombres", u"Ingresar Nombres"},
+      // The same as the list's button says: nobody shuts himself out.
+      {v.modo == ModoDetalle::Editar && !v.activo && EsUsuarioActual(p, v.txtUsuario), u"optActivo(0)",
+       u"El usuario no puede desactivarse a si mismo"},
+  }, v.campoMal);
+}
+
+// Two names that the login can't tell apart are one user, whatever the key of the table makes of them.
+bool yaEsta(Puesto& p, DetalleUsuario& v) {
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, seleccion(v.txtUsuario), rs)) return true;
+  return !Comprobar(p, {{!rs.Eof(), u"txtUsuario", u"Ya hay un usuario con ese nombre."}}, v.campoMal);
+}
+
+}  // namespace
+
+bool LeerUsuarios(Puesto& p, std::vector<FilaUsuario>& filas) {
+  filas.clear();
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
+                                    QStringLiteral("SELECT sUserDesc, sPerfDesc, sUserApel, sUserName, cUserActi "
+                                                   "FROM Usuario a, Perfil b "
+                                                   "WHERE a.cPerfCode = b.cPerfCode Order by sUserName, sPerfDesc"),
+                                    rs)) return false;
+  for (const auto& f : rs) {
+    filas.push_back({LimpiarNulo(f[u"sUserDesc"]), LimpiarNulo(f[u"sPerfDesc"]),
+                     LimpiarNulo(f[u"sUserName"]) + u' ' + LimpiarNulo(f[u"sUserApel"]), Numero(f[u"cUserActi"]) == 1});
+  }
+  return true;
+}
+
+bool EsUsuarioActual(const Puesto& p, const QString& usuario) {
+  return Recortar(usuario).compare(Recortar(p.ses.psUsuario), Qt::CaseInsensitive) == 0;
+}
+
+bool CargarUsuario(Puesto& p, ModoDetalle modo, const QString& usuario, DetalleUsuario& v) {
+  v = {};
+  v.modo = modo;
+  if (modo == ModoDetalle::Borrar && EsUsuarioActual(p, usuario)) {
+    p.mensajes.mostrar(QStringLiteral("El usuario no puede borrarse a si mismo"));
+    return false;
+  }
+  if (!leerPerfiles(p, v)) return false;
+  if (modo == ModoDetalle::Nuevo) return true;
+  Recordset rs;
+  if (!LeerFilaDetalle(p, seleccion(usuario), QStringLiteral("El usuario %1 ya no existe.").arg(usuario), rs)) return false;
+  v.txtUsuario = LimpiarNulo(rs[u"sUserDesc"]);
+  v.txtPassword = v.txtReingresarPassword = LimpiarNulo(rs[u"sUserPass"]);
+  v.dcbPerfil = LimpiarNulo(rs[u"cPerfCode"]);
+  v.txtApellidos = LimpiarNulo(rs[u"sUserApel"]);
+  v.txtNombres = LimpiarNulo(rs[u"sUserName"]);
+  v.activo = Numero(rs[u"cUserActi"]) == 1;
+  return true;
+}
+
+bool GuardarUsuario(Puesto& p, DetalleUsuario& v) {
+  v.campoMal.clear();
+  if (v.modo == ModoDetalle::Ver) return true;
+  if (!validar(p, v)) return false;
+  if (v.modo == ModoDetalle::Nuevo && yaEsta(p, v)) return false;
+  const QString usuario = ReemplazarComilla(v.txtUsuario), clave = ReemplazarComilla(v.txtPassword);
+  const QString apellidos = ReemplazarComilla(Recortar(v.txtApellidos)), nombres = ReemplazarComilla(Recortar(v.txtNombres));
+  if (!GuardarPorModo(p, v.modo, {
+          FormatearSQL(QStringLiteral("INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName, "
+                                      "cUserActi) VALUES ('$', '$', $, '$', '$', $)"),
+                       {usuario, clave, v.dcbPerfil, apellidos, nombres, v.activo}),
+          FormatearSQL(QStringLiteral("UPDATE Usuario SET sUserPass = '$', cPerfCode = $, sUserApel = '$', "
+                                      "sUserName = '$', cUserActi = $ WHERE TRIM(sUserDesc) = TRIM('$')"),
+                       {clave, v.dcbPerfil, apellidos, nombres, v.activo, usuario}),
+          FormatearSQL(QStringLiteral("DELETE * FROM Usuario WHERE TRIM(sUserDesc) = TRIM('$')"), {usuario})})) return false;
+  const QString nueva = Recortar(v.txtPassword);
+  if (v.modo == ModoDetalle::Editar && EsUsuarioActual(p, v.txtUsuario) && nueva != p.ses.psClaveUsuario) {
+    p.ses.psClaveUsuario = nueva;
+  }
+  return true;
+}
+
+FilaUsuario FilaDe(const DetalleUsuario& v) {
+  QString perfil;
+  for (const auto& [codigo, palabras] : v.perfiles)
+    if (codigo == v.dcbPerfil) perfil = palabras;
+  return {Recortar(v.txtUsuario), perfil, Recortar(v.txtNombres) + u' ' + Recortar(v.txtApellidos), v.activo};
+}
+
+bool ActivarUsuario(Puesto& p, FilaUsuario& fila) {
+  if (EsUsuarioActual(p, fila.usuario)) {
+    p.mensajes.mostrar(QStringLiteral("El usuario no puede desactivarse a si mismo"));
+    return false;
+  }
+  if (!PreguntarActivar(p, fila.activo, fila.usuario)) return false;
+  if (!EjecutarConAviso(p, FormatearSQL(QStringLiteral("UPDATE Usuario SET cUserActi = $ WHERE TRIM(sUserDesc) = "
+                                                       "TRIM('$')"), {!fila.activo, ReemplazarComilla(fila.usuario)}))) {
+    return false;
+  }
+  fila.activo = !fila.activo;
+  return true;
+}

@@ -1,0 +1,11 @@
+#include "platform/io/senales.h"
+
+#include <QtGlobal>
+#include <csignal>
+
+void FallasDeEscrituraComoErrores() {
+#ifdef Q_OS_UNIX
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+#endif
+}
