@@ -91,6 +91,17 @@ TEST(Caja, OpeningIsStoredWithItsTurnAndFloat) {
             "[\"01\",1100.5,0]");
 }
 
+TEST(Caja, AVoidLeavesAMirrorAndGivesThePointsBack) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, QStringLiteral("anula"));
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT cOperCode, cProdCode, nProdCant, nProdPrecUnit, cOperFlagAnula, "
+                                   "cOperCodeAnula FROM Operacion ORDER BY cOperID")),
+            "[1,101,1,38,1,0],[1,0,1,0,1,0],[2,101,-1,38,1,1]");
+  EXPECT_TRUE(p.papel().contains(QLatin1String(" TIENE ACUMULADO: 123 PUNTOS\n")));
+  EXPECT_EQ(p.papel().count(QLatin1String("          TRANSACCION ANULADA\n")), 2);
+  EXPECT_EQ(p.filas(kCorrelativos), "[1,2],[2,0]");  // the copy draws none
+}
+
 TEST(Caja, SalesAreOnPaperAndInTheStore) {
   const Puesto p(abierto());
   tocaComoSeEspera(p, QStringLiteral("venta"));
