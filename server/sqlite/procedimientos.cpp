@@ -1,4 +1,4 @@
-#include "platform/sql/procedimientos.h"
+#include "entrada.h"
 
 #include "platform/text/fecha.h"
 #include "servidores.h"
@@ -25,10 +25,6 @@ std::optional<QVariantList> limitesDelDia(const QVariant& texto) {
   if (!fecha) return {};
   const QDateTime dia = fecha->date().startOfDay();
   return QVariantList{FechaISO(dia), FechaISO(dia.addDays(1))};
-}
-
-Error noEsFecha(const QVariant& texto) {
-  return ErrorBD{kErrorSentencia, kNoEsFecha, QStringLiteral("«%1» no es una fecha.").arg(texto.toString())};
 }
 
 // A new head for the detail of a closing; gives its number. What a closing of the same till left behind when it was
@@ -94,16 +90,21 @@ Error retornarIgv(AccesoMotor& bd, const QVariantList&, QVariant& valor) {
 
 }  // namespace
 
+ErrorBD noEsFecha(const QVariant& texto) {
+  return {kErrorSentencia, kNoEsFecha, QStringLiteral("«%1» no es una fecha.").arg(texto.toString())};
+}
+
 std::shared_ptr<const Procedimientos> procedimientosDeServidores() {
   auto todos = std::make_shared<Procedimientos>();
-  const struct { const char* nombre; int argumentos; Error (*hacer)(AccesoMotor&, const QVariantList&, Recordset&); } kTabla[] = {
+  std::vector<EntradaProcedimiento> tabla = procedimientosDeCuentas();
+  tabla.insert(tabla.end(), {
       {"spr_insertar_cabecera_z1", 2, insertarCabeceraZ1},
       {"spr_promediar_montos_z1", 1, promediarMontosZ1},
       {"spr_agrupar_z1", 1, agruparZ1},
       {"spr_inserta_sincronizacion", 1, insertaSincronizacion},
       {"spr_limpiar_caja_dia", 2, limpiarCajaDia},
-  };
-  for (const auto& p : kTabla) {
+  });
+  for (const auto& p : tabla) {
     const QString nombre = QString::fromLatin1(p.nombre);
     todos->agregar(nombre, [nombre, p](AccesoMotor& bd, const QVariantList& a, Recordset& rs) -> Error {
       if (a.size() == p.argumentos) return p.hacer(bd, a, rs);

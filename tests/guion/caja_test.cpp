@@ -91,6 +91,17 @@ TEST(Caja, OpeningIsStoredWithItsTurnAndFloat) {
             "[\"01\",1100.5,0]");
 }
 
+TEST(Caja, AVoidLeavesAMirrorAndGivesThePointsBack) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, QStringLiteral("anula"));
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT cOperCode, cProdCode, nProdCant, nProdPrecUnit, cOperFlagAnula, "
+                                   "cOperCodeAnula FROM Operacion ORDER BY cOperID")),
+            "[1,101,1,38,1,0],[1,0,1,0,1,0],[2,101,-1,38,1,1]");
+  EXPECT_TRUE(p.papel().contains(QLatin1String(" TIENE ACUMULADO: 123 PUNTOS\n")));
+  EXPECT_EQ(p.papel().count(QLatin1String("          TRANSACCION ANULADA\n")), 2);
+  EXPECT_EQ(p.filas(kCorrelativos), "[1,2],[2,0]");  // the copy draws none
+}
+
 TEST(Caja, SalesAreOnPaperAndInTheStore) {
   const Puesto p(abierto());
   tocaComoSeEspera(p, QStringLiteral("venta"));
@@ -290,6 +301,50 @@ TEST_P(Registradoras, AKillAtAnyStepLeavesADeskThatStartsAndSellsOn) {
       EXPECT_TRUE(despues.endsWith(QString::fromLatin1(GetParam().vacio) + QStringLiteral("=\nok\n[estado 0]\n"))) << qUtf8Printable(despues);
       exigirNumerosSanos(p);
     }
+  }
+}
+
+const QByteArray kHastaElSupervisor =
+    "reloj 24/11/2026 21:00:00\ninicia\nespera frmPassword\nescribe txtPassword caja\ntecla Enter\nespera frmPrincipal\n"
+    "responde Sí\nclic Toolbar1(11)\nespera frmAutorizarOperacion\nescribe txtUsuario SUPERVISOR\nescribe txtPassword super\n";
+const QByteArray kElCuadre = "espera frmCuadre\nclic Command1\n";
+
+// The opened desk with one sale of 3.00.
+const Puesto& vendido() {
+  static const Puesto puesto = [] {
+    Puesto p(abierto());
+    EXPECT_TRUE(p.tocaLineas(kRegistradoras[0].hastaElPago + QByteArray("tecla Ctrl+Enter\n")).endsWith(u"[estado 0]\n"));
+    return p;
+  }();
+  return puesto;
+}
+
+std::vector<int> pasosDelCierre() {
+  if (!qEnvironmentVariableIsSet("TARVOPOS_LARGO")) return {4, 30, 75, 110, 150};
+  std::vector<int> todos(400);
+  std::iota(todos.begin(), todos.end(), 1);
+  return todos;
+}
+
+TEST(Caja, AClosingThatWasKilledIsEndedAfterTheNextStart) {
+  for (const int n : pasosDelCierre()) {
+    SCOPED_TRACE(n);
+    const Puesto p(vendido());
+    const QString escrito =
+        p.tocaLineas(kHastaElSupervisor + "mata antes " + QByteArray::number(n) + "\ntecla Enter\n" + kElCuadre);
+    if (!escrito.endsWith(u"[señal]\n")) {
+      EXPECT_GT(n, 150) << qUtf8Printable(escrito);
+      return;
+    }
+    const int paso = p.filas(QStringLiteral("SELECT iCierreCaja FROM Configuracion")).mid(1, 1).toInt();
+    const QString despues = p.tocaLineas(kHastaElSupervisor + "tecla Enter\n" + (paso <= 4 ? kElCuadre : QByteArray()) +
+                                         "espera frmPrincipal\nestado mnuMantenimiento_Hijo(8)\n");
+    EXPECT_TRUE(despues.endsWith(u"visible activo fijo\nok\n[estado 0]\n")) << qUtf8Printable(despues);
+    EXPECT_EQ(paso > 0, despues.contains(u"Se ha habilitado la Opcion Reporte Z"));
+    EXPECT_EQ(p.filas(QStringLiteral("SELECT iCierreCaja FROM Configuracion")), "[6]");
+    EXPECT_EQ(p.filas(QStringLiteral("SELECT prn, idz, Imac FROM _Tmp1 ORDER BY prn")), "[1,1,3],[2,1,3]");
+    EXPECT_EQ(p.filas(QStringLiteral("SELECT COUNT(*), SUM(MontoTotal) FROM CabeceraZ")), "[1,3]");
+    exigirNumerosSanos(p);
   }
 }
 

@@ -118,6 +118,51 @@ TEST(Procedimientos, CleaningTakesOneDayOfOneTill) {
   EXPECT_EQ("00001|8\n00002|7", c.filas("SELECT cCajaCodi, cOperCode FROM OperacionParalelaProducto ORDER BY 1, 2"));
 }
 
+// Two facturas in soles, one of them half paid, a third in dollars that is paid in its own currency, a fourth voided.
+TEST(Procedimientos, TheAccountsListWhatIsOpen) {
+  Central c;
+  c.filas("INSERT INTO TipoCredito VALUES ('01','30 DIAS')");
+  c.filas("INSERT INTO Venta01 (cCodVta, TipoDoc, cSerieDoc, NroDoc, cCodCaja, cClienteCode, IdLocal, DscCliente, TotVta, "
+          "TotVtaUSD, cCodMoneda, cCodTipoCredito, fechaemision, FechaAnulacion, bLiquidado) VALUES "
+          "(1,'01','001','000001','00001','00000005',1,'ANA',100,33.33,'N','01','2026-11-20 00:00:00',NULL,1),"
+          "(2,'01','001','000002','00001','00000005',1,'ANA',60,20,'N','01','2026-11-21 00:00:00',NULL,0),"
+          "(3,'01','001','000003','00001','00000006',2,'LUZ',301,100,'E','01','2026-11-22 00:00:00',NULL,0),"
+          "(4,'01','001','000004','00001','00000005',1,'ANA',10,3,'N','01','2026-11-22 00:00:00','2026-11-23 00:00:00',0)");
+  c.filas("INSERT INTO Pagos (TipoDoc, cSerieDoc, NroDoc, Monto, Moneda, nTipoCambio, FechaAnulacion) VALUES "
+          "('01','001','000001',40,'N',3,NULL), ('01','001','000001',60,'N',3,'2026-11-23 00:00:00'),"
+          "('01','001','000003',100,'E',3,NULL)");
+  EXPECT_EQ("01|001|000001|2026-11-20 00:00:00|SUR|ANA|00000005|1|SOLES|100.0|33.33|60.0|20.0\n"
+            "01|001|000002|2026-11-21 00:00:00|SUR|ANA|00000005|1|SOLES|60.0|20.0|60.0|20.0",
+            c.llama("usp_sel_ListadoDocumentosPendientesPago", {u8("01")}));
+  EXPECT_EQ("2|00001|01|001|000002|00000005|1|SUR|ANA|Null|60.0|20.0|N|30 DIAS|2026-11-21 00:00:00\n"
+            "3|00001|01|001|000003|00000006|2|NORTE|LUZ|Null|301.0|100.0|E|30 DIAS|2026-11-22 00:00:00",
+            c.llama("usp_sel_ListadoDocumentosPendientesNC", {u8("01")}));
+  EXPECT_EQ("3|01|FACTURA|001|000003|2026-11-22 00:00:00|DOLARES|301.0|100.0|1.0|0.0",
+            c.llama("usp_sel_CtaCtexCliente", {qint64(6), qint64(2)}));
+}
+
+TEST(Procedimientos, StockIsTheLastCountLessWhatWasSoldSince) {
+  Central c;
+  c.filas("INSERT INTO Articulo (cCodartic, vDscartic, cUndSalida, bSwActivo) VALUES ('000101','CAFE','UND',1),"
+          "('000102','TORTA','UND',1), ('000103','FUERA','UND',0)");
+  c.filas("INSERT INTO SaldoArticulo VALUES ('01','000101','2026-11-01 00:00:00',90), ('01','000101','2026-11-20 00:00:00',50)");
+  c.filas("INSERT INTO Operacion (cOperID, cCajaCodi, dOperFech, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nProdCant, "
+          "nProdPrecUnit, cOperFlagAnula) VALUES (1,'00001','2026-11-24 09:00:00','01','02','001','000101',3,2,0),"
+          "(2,'00001','2026-11-24 10:00:00','01','02','001','000101',4,2,0), (3,'00001','2026-11-24 10:00:00','01','02','001',"
+          "'000101',9,2,1), (4,'00001','2026-11-24 10:00:00','01','02','001','0',1,0,0), "
+          "(5,'00001','2026-11-25 10:00:00','01','02','001','000101',8,2,0)");
+  for (int vez = 0; vez < 2; ++vez) EXPECT_EQ("", c.llama("zankebmovivnta_reprocesa", {u8("24/11/2026")}));
+  EXPECT_EQ("2026-11-24 00:00:00|00001|01|02|001|000101|7.0|14.0", c.filas("SELECT * FROM ZANKEBMOVIVNTA"));
+  const auto saldos = [&](const char* hasta) {
+    return c.llama("usp_Log_Saldos", {u8("20261024"), u8(hasta), u8("*"), u8(""), qint64(0), qint64(0), u8("01")});
+  };
+  EXPECT_EQ("CAFE|UND|000101|50.0|7.0\nTORTA|UND|000102|0|0", saldos("20261124"));
+  EXPECT_EQ("CAFE|UND|000101|90.0|0\nTORTA|UND|000102|0|0", saldos("20261115"));
+  EXPECT_EQ("«x» no es una fecha.", saldos("x"));
+  EXPECT_EQ("", c.llama("sp_send_cdosysmail", {u8("a"), u8("b;c"), u8("Error"), u8("Detalle")}));
+  EXPECT_EQ("2026-11-24 22:15:00|a|b;c|Error|Detalle", c.filas("SELECT * FROM CorreoSalida"));
+}
+
 TEST(Procedimientos, TheRestAndWrongCalls) {
   Central c;
   EXPECT_EQ("", c.llama("spr_inserta_sincronizacion", {u8("00001")}));

@@ -45,3 +45,9 @@ UPDATE CabeceraZ SET obs='Ya existe registro' WHERE IdZ=7
 SELECT FECHA = GETDATE()
 exec dbo.spr_promediar_montos_z1 1
 dbo.spr_limpiar_caja_dia '00012','24/11/2026'
+dbo.ZANKEBMOVIVNTA_REPROCESA '24/11/2026'
+usp_sel_ListadoDocumentosPendientesPago '01'
+usp_sel_ListadoDocumentosPendientesNC '02'
+usp_sel_CtaCtexCliente 5, 1
+ usp_Log_Saldos '20261024',                '20261124',                '*',                '',                0,               0,                '01'
+exec sp_send_cdosysmail 'caja@local','uno@local;dos@local','Error','Detalle'
