@@ -63,10 +63,11 @@ TEST(Anulacion, EachStatementFailsInTurnAndTheNextVoidPutsItRight) {
       Anular(p, v, p.jefe);
       if (plan.van < n) break;
       const QStringList antes = plan.sentencias.mid(0, n - 1);
-      SCOPED_TRACE(qPrintable(QString::number(d.codigo) + q(": ") + plan.sentencias[n - 1]));
+      const QString fallada = plan.sentencias[n - 1];
+      SCOPED_TRACE(qPrintable(QString::number(d.codigo) + q(": ") + fallada));
       plan.armar(0);
       // An order that can't be looked up counts as taken, which leaves the button as it was.
-      EXPECT_EQ(plan.sentencias[n - 1].contains(q("cDocSerie=")), v.accion);
+      EXPECT_EQ(fallada.contains(q("cDocSerie=")), v.accion);
       // What was written before stands, and nothing more.
       EXPECT_EQ(QString::number(antes.filter(q("INSERT INTO")).size()),
                 p.filas(q("SELECT (SELECT COUNT(*) FROM Operacion WHERE nProdCant < 0) + "
