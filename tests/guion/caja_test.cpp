@@ -158,6 +158,35 @@ TEST(Caja, WithdrawalsAndTheirReceipts) {
   EXPECT_TRUE(recibo.readAll().contains("\n         *40.00")) << "the refused and the failed ones left no receipt";
 }
 
+const QString kParalelas = QStringLiteral(
+    "SELECT cOperCode, cOperTipo, nMontoSoles, nMontoDolares, nEfectivoSoles, cEstado, cOperCodeRela, sGlosa "
+    "FROM OperacionParalela ORDER BY cOperCode");
+const QString kDinero = QStringLiteral(
+    "SELECT cOperCode, cOperTipo, cDocTipo, cDocSerie, cProdCode, nProdPrecUnit, nMontoSoles, nMontoDolares, "
+    "cOperCodeAnula, cEmisor FROM Operacion ORDER BY cOperID");
+
+TEST(Caja, AdvancePaymentsNotesOrdersAndTheirLiquidation) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, QStringLiteral("paralelas"));
+  EXPECT_EQ(p.filas(kParalelas),
+            "[1,22,75,20,0,\"2\",6,\"Cumpleaños\"],[2,23,50,13.33,50,\"2\",6,\"\"],[3,21,152,40.53,0,\"2\",6,\"\"],"
+            "[4,20,18.5,4.93,18.5,\"1\",0,\"Club Social\"],[5,20,18.5,4.93,0,\"1\",0,\"\"],"
+            "[6,24,27,7.2,50,\"2\",0,\"\"]");
+  EXPECT_EQ(p.filas(kDinero),
+            "[2,2,\"13\",\"001\",0,0,-50,0,0,\"\"],[4,1,\"10\",\"001\",0,0,18.5,0,0,null],"
+            "[5,1,\"10\",\"001\",0,-19,0,10,0,null],[6,1,\"14\",\"001\",0,-23,50,0,0,null],"
+            "[7,3,\"02\",\"001\",101,38,0,0,6,\"\"],[7,3,\"02\",\"001\",0,0,152,0,6,\"\"]");
+}
+
+TEST(Caja, ALiquidationPaidByCardAndItsFactura) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, QStringLiteral("liquida_con_tarjeta"));
+  EXPECT_EQ(p.filas(kParalelas), "[1,22,30,8,30,\"2\",3,\"\"],[2,21,38,10.13,0,\"2\",3,\"\"],[3,24,8,2.13,3,\"2\",0,\"\"]");
+  EXPECT_EQ(p.filas(kDinero),
+            "[3,1,\"14\",\"001\",0,0,3,0,0,null],[3,2,\"14\",\"001\",0,0,5,0,0,\"\"],"
+            "[4,3,\"01\",\"001\",101,38,0,0,3,\",001\"]");
+}
+
 TEST(Caja, RefusedCardsAndSupervisors) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("avisos")); }
 
 TEST(Caja, TheThirdWrongPasswordEndsTheProgram) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("clave")); }
