@@ -21,6 +21,8 @@
 #include "sale/frm_caja_voucher.h"
 #include "sale/frm_pago.h"
 #include "sale/frm_vuelto.h"
+#include "voiding/frm_anula_transaccion.h"
+#include "voiding/frm_reimpresion.h"
 
 namespace {
 
@@ -82,6 +84,16 @@ void Pantallas::mantenimiento(PantallaMantenimiento cual) {
     case PantallaMantenimiento::Parametros: frmParametros(p_, padre()).exec(); return;
     case PantallaMantenimiento::TiposTarjeta: FrmTablas(p_, padre()).exec(); return;
   }
+}
+
+void Pantallas::anular() {
+  frmAnulaTransaccion f(p_, *this, padre());
+  f.exec();
+}
+
+void Pantallas::reimprimir(const QString& local) {
+  frmReimpresion f(p_, local, padre());
+  f.exec();
 }
 
 void Pantallas::cuadreDeCaja(Principal& v, ModoCuadre modo) {

@@ -6,12 +6,14 @@
 #include "cashday/pantallas_principal.h"
 #include "sale/pantallas_venta.h"
 #include "sale/traspaso.h"
+#include "voiding/pantallas_anulacion.h"
 
 class QWidget;
 struct Puesto;
 
 // The interfaces over the real windows. Each screen stands over the window that is active when it opens.
-class Pantallas final : public PantallasPrincipal, public PantallasVenta, public PantallasBackoffice {
+class Pantallas final : public PantallasPrincipal, public PantallasVenta, public PantallasBackoffice,
+                        public PantallasAnulacion {
  public:
   // `alRearrancar` ends the session and starts the program again, after the event under way.
   Pantallas(Puesto& p, std::function<void()> alRearrancar) : alRearrancar_(std::move(alRearrancar)), p_(p) {}
@@ -31,6 +33,8 @@ class Pantallas final : public PantallasPrincipal, public PantallasVenta, public
   std::optional<TarjetaElegida> buscarCliente(const QString& texto) override;
   std::optional<DocumentoElegido> buscarParalela(ListaParalela lista, bool soloVer) override;
   void retiro() override;
+  void anular() override;
+  void reimprimir(const QString& local) override;
   bool irARapida(const VentaEnCurso& venta) override;
   bool irAFull(const VentaEnCurso& venta) override;
   void noDisponible(const QString& pantalla) override;

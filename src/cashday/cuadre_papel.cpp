@@ -56,12 +56,12 @@ std::optional<ErrorBD> guardarLineas(Puesto& p, const QStringList& lineas) {
   if (const auto e = p.poCnnLocal.consultar(QStringLiteral(" SELECT MAX(dCuadreID) AS TOTAL FROM CUADRE_CAJA"), rs)) {
     return e;
   }
-  const double numero = Numero(rs[u"TOTAL"]) + 1;
+  const double id = Numero(rs[u"TOTAL"]) + 1;
   QStringList sentencias;
-  for (int n = 0; n < lineas.size(); ++n) {
+  for (const QString& linea : lineas) {
     sentencias << FormatearSQL(QStringLiteral(" INSERT INTO CUADRE_CAJA(dCuadreFecha, dCuadreID, dCuadreLinea, "
                                               "dCuadreDetalle) VALUES ('$', $, $, '$')"),
-                               {FormatearFecha(p.reloj.now(), u"dd/mm/yyyy"), numero, n + 1, lineas[n]});
+                               {FormatearFecha(p.reloj.now(), u"dd/mm/yyyy"), id, sentencias.size() + 1, linea});
   }
   return EjecutarJuntas(p.poCnnLocal, sentencias);
 }

@@ -3,6 +3,7 @@
 #include "cashday/pantallas_principal.h"
 #include "cashday/principal.h"
 #include "cashday/reportes.h"
+#include "cashday/transaccion.h"
 #include "foundation/puesto.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -14,23 +15,24 @@ bool consultar(Puesto& p, const QString& sql, Recordset& rs) {
   return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs);
 }
 
-// Closes what an earlier day left open in one of the two tables and writes the watermarks anew, both or neither.
-// `cerradas` tells whether there was any.
-bool cerrarAnteriores(Puesto& p, const QString& contar, const QString& cerrar, bool& cerradas) {
+// What an earlier day left open in one of the two tables.
+struct Sobrantes {
+  QString contar, cerrar, marca;  // `marca` reads the watermark as it will be
+  QString columna;                // of Configuracion, that holds it
+};
+
+const QString kAnteriores = QStringLiteral("dOperFech < (SELECT max(fec) FROM _Tmp)");
+
+// Closes them and writes the watermark anew, both or neither. `cerradas` tells whether there were any.
+bool cerrarAnteriores(Puesto& p, const Sobrantes& s, bool& cerradas) {
   cerradas = false;
   Recordset rs;
-  if (!consultar(p, contar, rs)) return false;
+  if (!consultar(p, s.contar, rs)) return false;
   if (Numero(rs[u"nCount"]) <= 0) return true;
-  if (p.poCnnLocal.iniciar()) return false;
-  MarcasDia m;
-  const bool bien = p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, cerrar, true) && LeerMarcas(p, m) &&
-                    p.poDBAdmin.EjecutarSentencia(p.poCnnLocal,
-                                                  QStringLiteral("UPDATE Configuracion SET cOperId = ") + m.cOperIdx +
-                                                      QStringLiteral(", cOperIdP = ") + m.cOperCodex,
-                                                  true) &&
-                    !p.poCnnLocal.confirmar();
-  if (!bien) {
-    p.poCnnLocal.deshacer();
+  if (!consultar(p, s.marca, rs)) return false;
+  const QString marca = QStringLiteral("UPDATE Configuracion SET %1 = %2").arg(s.columna, LimpiarNulo(rs[u"marca"]));
+  if (const auto error = EjecutarJuntas(p.poCnnLocal, {s.cerrar, marca})) {
+    p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + s.cerrar);
     return false;
   }
   cerradas = true;
@@ -42,22 +44,20 @@ bool cerrarAnteriores(Puesto& p, const QString& contar, const QString& cerrar, b
 }
 
 bool cerrarDiasAnteriores(Puesto& p, Principal& principal) {
+  const Sobrantes operaciones{
+      QStringLiteral("SELECT Count(*) As nCount FROM Operacion Where coperflagabierto = 1 AND ") + kAnteriores,
+      QStringLiteral("UPDATE Operacion SET coperflagabierto = '0' WHERE ") + kAnteriores,
+      QStringLiteral("SELECT MAX(cOperID) AS marca FROM Operacion Where coperflagabierto = 0 OR ") + kAnteriores,
+      QStringLiteral("cOperId")};
+  const Sobrantes paralelas{
+      QStringLiteral("SELECT count(*) as nCount FROM Operacionparalela Where coperflagabierto = 1 AND  ") + kAnteriores,
+      QStringLiteral("UPDATE Operacionparalela SET coperflagabierto = '0' WHERE ") + kAnteriores,
+      QStringLiteral("SELECT MAX(cOperCode) AS marca FROM OperacionParalela Where coperflagabierto = 0 OR ") + kAnteriores,
+      QStringLiteral("cOperIdP")};
   bool cerradas = false;
-  if (!cerrarAnteriores(p,
-                        QStringLiteral("SELECT Count(*) As nCount FROM Operacion Where coperflagabierto = 1 "
-                                       "AND dOperFech < (SELECT max(fec) FROM _Tmp)"),
-                        QStringLiteral("UPDATE Operacion SET coperflagabierto = '0' "
-                                       "WHERE dOperFech < (SELECT max(fec) FROM _Tmp)"),
-                        cerradas)) {
-    return false;
-  }
+  if (!cerrarAnteriores(p, operaciones, cerradas)) return false;
   if (cerradas) principal.sincronizarDiaAnt = true;
-  return cerrarAnteriores(p,
-                          QStringLiteral("SELECT count(*) as nCount FROM Operacionparalela Where coperflagabierto = 1 "
-                                         "AND  dOperFech < (SELECT max(fec) FROM _Tmp)"),
-                          QStringLiteral("UPDATE Operacionparalela SET coperflagabierto = '0' "
-                                         "WHERE dOperFech < (SELECT max(fec) FROM _Tmp)"),
-                          cerradas);
+  return cerrarAnteriores(p, paralelas, cerradas);
 }
 
 bool fallaApertura(Puesto& p) {
@@ -96,18 +96,13 @@ void CapturaTipoCambio(Puesto& p, PantallasPrincipal& pantallas) {
 }
 
 bool LeerMarcas(Puesto& p, MarcasDia& m) {
-  const struct { const char *sql, *campo; QString& marca; } marcas[] = {
-      {"SELECT IIF(ISNULL(MAX(cOperID)),0, MAX(cOperID)) as cOperIDx FROM Operacion Where coperflagabierto = 0 ",
-       "cOperIDx", m.cOperIdx},
-      {"SELECT IIF(ISNULL(MAX(cOperCode)),0, MAX(cOperCode)) as cOperCodex FROM OperacionParalela "
-       "Where coperflagabierto = 0 ",
-       "cOperCodex", m.cOperCodex},
-  };
-  for (const auto& una : marcas) {
-    Recordset rs;
-    if (!consultar(p, QString::fromLatin1(una.sql), rs)) return false;
-    una.marca = LimpiarNulo(rs[QString::fromLatin1(una.campo)]);
-  }
+  Recordset rs;
+  if (!consultar(p, QStringLiteral("SELECT IIF(ISNULL(MAX(cOperID)),0, MAX(cOperID)) as cOperIDx FROM Operacion "
+                                   "Where coperflagabierto = 0 "), rs)) return false;
+  m.cOperIdx = LimpiarNulo(rs[0]);
+  if (!consultar(p, QStringLiteral("SELECT IIF(ISNULL(MAX(cOperCode)),0, MAX(cOperCode)) as cOperCodex FROM "
+                                   "OperacionParalela Where coperflagabierto = 0 "), rs)) return false;
+  m.cOperCodex = LimpiarNulo(rs[0]);
   return true;
 }
 

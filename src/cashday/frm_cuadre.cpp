@@ -158,7 +158,8 @@ QWidget* frmCuadre::nuevosProductos() {
   for (const auto& c : campos) {
     const QString nombre = QString::fromLatin1(c.nombre), etiqueta = QString::fromLatin1(c.etiqueta);
     Campo* campo = c.seEscribe ? panel->importe(nombre, etiqueta) : panel->fijo(nombre, etiqueta);
-    if (c.texto != &q.txtProductosNombre) campo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    if (c.texto == &q.txtProductosNombre) txtProductosNombre_ = campo;
+    else campo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     producto_.texto(campo, *c.texto);
     if (!c.seEscribe) continue;
     campo->filtro = digitos;
@@ -197,7 +198,7 @@ QWidget* frmCuadre::nuevosProductos() {
 void frmCuadre::mostrarProducto(int fila) {
   TomarProducto(v_, fila < 0 ? -1 : lvwProductos_->fila(fila).clave.toInt());
   producto_.mostrar();
-  findChild<Campo*>(QStringLiteral("txtProductosNombre"))->home(false);
+  txtProductosNombre_->home(false);
 }
 
 void frmCuadre::dejarCaja() {

@@ -32,5 +32,5 @@ class frmCuadre final : public Forma {
   Enlaces caja_, producto_;
   QTabWidget* SSTab1_ = nullptr;
   Lista* lvwProductos_ = nullptr;
-  Campo* txtProductosID_ = nullptr;
+  Campo *txtProductosNombre_ = nullptr, *txtProductosID_ = nullptr;
 };

@@ -1,6 +1,7 @@
 #include "foundation/puesto.h"
 #include "foundation/rutinas.h"
 #include "platform/text/numero.h"
+#include "platform/text/texto.h"
 #include "sale/caja_full.h"
 #include "sale/caja_liquidacion.h"
 #include "sale/commit.h"
@@ -100,7 +101,7 @@ TrasTecla accionTecla(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantal
     case 3:
       return {true, {}};
     default:
-      pantallas.reimprimir(v.txtCaja);
+      pantallas.reimprimir(Recortar(v.txtLocal));
       return {};
   }
 }

@@ -10,7 +10,7 @@
 
 namespace {
 
-// What the two lists differ in. The six columns that they share keep their proportions; all have to stand in view.
+// What the two lists differ in. All columns stand in view.
 const struct {
   QStringView titulo, leyendaTotal, nombreTotal, vacia;
   double comunes;  // share of the width that the six take
@@ -24,13 +24,12 @@ const struct {
 
 std::vector<ColumnaLista> columnasDe(int lista) {
   const struct { QStringView titulo; double ancho; bool derecha; ColumnaLista::Clase clase; } kComunes[] = {
-      {u"TX", 0.15, false, ColumnaLista::Numero},         {u"Tipo", 0.15, false, ColumnaLista::Texto},
-      {u"Doc", 0.2, false, ColumnaLista::Texto},          {u"Tarjeta", 0.23, false, ColumnaLista::Texto},
-      {u"Total(S/.)", 0.25, true, ColumnaLista::Numero},  {u"Fecha", 0.5, false, ColumnaLista::Fecha}};
-  constexpr double kSuma = 1.48;
+      {u"TX", 0.12, false, ColumnaLista::Numero},         {u"Tipo", 0.12, false, ColumnaLista::Texto},
+      {u"Doc", 0.17, false, ColumnaLista::Texto},         {u"Tarjeta", 0.2, false, ColumnaLista::Texto},
+      {u"Total(S/.)", 0.19, true, ColumnaLista::Numero},  {u"Fecha", 0.2, false, ColumnaLista::Fecha}};
   std::vector<ColumnaLista> columnas;
   for (const auto& c : kComunes) {
-    columnas.push_back({c.titulo.toString(), c.ancho / kSuma * kListas[lista].comunes, c.derecha, c.clase});
+    columnas.push_back({c.titulo.toString(), c.ancho * kListas[lista].comunes, c.derecha, c.clase});
   }
   columnas.insert(columnas.end(), kListas[lista].propias.begin(), kListas[lista].propias.end());
   return columnas;

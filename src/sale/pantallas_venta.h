@@ -69,8 +69,8 @@ class PantallasVenta {
   // The void screen.
   virtual void anular() { noDisponible(QStringLiteral("ANULAR TRANSACCION")); }
 
-  // The reprint screen of the desk `caja`.
-  virtual void reimprimir(const QString& /*caja*/) { noDisponible(QStringLiteral("AC/TC")); }
+  // The reprint screen; `local` is the site that stands on the register, "" for none.
+  virtual void reimprimir(const QString& /*local*/) { noDisponible(QStringLiteral("AC/TC")); }
 
   // The other register is to open with this sale, once the one that asks has closed. False when there is none; the box
   // has been shown.

@@ -82,7 +82,7 @@ void MensajesGuion::espera(const QString& texto, const QString& respuesta) { esp
 
 std::optional<QString> MensajesGuion::tomar(const QString& texto, const QString& titulo) {
   vistas.push_back({texto, titulo});
-  if (libre_) return {};
+  if (libre_) return respuesta_.isEmpty() ? std::nullopt : std::optional(respuesta_);
   if (esperas_.empty()) {
     ADD_FAILURE() << "a box that nobody expected: " << qPrintable(titulo) << " | " << qPrintable(texto);
     return {};

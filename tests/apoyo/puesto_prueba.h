@@ -33,8 +33,11 @@ class MensajesGuion final : public Mensajes {
 
   // The next box must hold `texto` somewhere; `respuesta` answers a question ("Sí", "No") or an input box.
   void espera(const QString& texto, const QString& respuesta = {});
-  // Boxes are recorded only, and take their default answer.
-  void dejaPasar() { libre_ = true; }
+  // Boxes are recorded only, and take `respuesta`, without one their default answer.
+  void dejaPasar(const QString& respuesta = {}) {
+    libre_ = true;
+    respuesta_ = respuesta;
+  }
 
   struct Caja { QString texto, titulo; };
   std::vector<Caja> vistas;
@@ -48,6 +51,7 @@ class MensajesGuion final : public Mensajes {
   std::optional<QString> tomar(const QString& texto, const QString& titulo);
   std::deque<Espera> esperas_;
   bool libre_ = false;
+  QString respuesta_;
 };
 
 class PuertosRegistro final : public Puertos {

@@ -3,9 +3,10 @@
 
 #include "cashday/pantallas_principal.h"
 
-// Records which screens were asked for.
-struct PantallasGuion final : PantallasPrincipal {
+// Records which screens were asked for; refuses every authorisation unless it has a supervisor.
+struct PantallasGuion : PantallasPrincipal {
   QStringList abiertas;
+  std::optional<QString> supervisor;
   void abrirRapida() override { abiertas << QStringLiteral("rápida"); }
   void abrirFull() override { abiertas << QStringLiteral("full"); }
   void tipoCambioLista() override { abiertas << QStringLiteral("lista T.C."); }
@@ -21,7 +22,7 @@ struct PantallasGuion final : PantallasPrincipal {
   void rearrancar() override { abiertas << QStringLiteral("rearranca"); }
   std::optional<QString> autorizar(const QString& acto) override {
     abiertas << QStringLiteral("autoriza ") + acto;
-    return {};
+    return supervisor;
   }
   void noDisponible(const QString& nombre) override { abiertas << QStringLiteral("falta ") + nombre; }
 };

@@ -91,6 +91,17 @@ TEST(Caja, OpeningIsStoredWithItsTurnAndFloat) {
             "[\"01\",1100.5,0]");
 }
 
+TEST(Caja, AVoidLeavesAMirrorAndGivesThePointsBack) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, QStringLiteral("anula"));
+  EXPECT_EQ(p.filas(QStringLiteral("SELECT cOperCode, cProdCode, nProdCant, nProdPrecUnit, cOperFlagAnula, "
+                                   "cOperCodeAnula FROM Operacion ORDER BY cOperID")),
+            "[1,101,1,38,1,0],[1,0,1,0,1,0],[2,101,-1,38,1,1]");
+  EXPECT_TRUE(p.papel().contains(QLatin1String(" TIENE ACUMULADO: 123 PUNTOS\n")));
+  EXPECT_EQ(p.papel().count(QLatin1String("          TRANSACCION ANULADA\n")), 2);
+  EXPECT_EQ(p.filas(kCorrelativos), "[1,2],[2,0]");  // the copy draws none
+}
+
 TEST(Caja, SalesAreOnPaperAndInTheStore) {
   const Puesto p(abierto());
   tocaComoSeEspera(p, QStringLiteral("venta"));
@@ -145,6 +156,35 @@ TEST(Caja, WithdrawalsAndTheirReceipts) {
   QFile recibo(p.ruta() + QStringLiteral("/impresos/Ticketera_000002.txt"));
   ASSERT_TRUE(recibo.open(QIODevice::ReadOnly));
   EXPECT_TRUE(recibo.readAll().contains("\n         *40.00")) << "the refused and the failed ones left no receipt";
+}
+
+const QString kParalelas = QStringLiteral(
+    "SELECT cOperCode, cOperTipo, nMontoSoles, nMontoDolares, nEfectivoSoles, cEstado, cOperCodeRela, sGlosa "
+    "FROM OperacionParalela ORDER BY cOperCode");
+const QString kDinero = QStringLiteral(
+    "SELECT cOperCode, cOperTipo, cDocTipo, cDocSerie, cProdCode, nProdPrecUnit, nMontoSoles, nMontoDolares, "
+    "cOperCodeAnula, cEmisor FROM Operacion ORDER BY cOperID");
+
+TEST(Caja, AdvancePaymentsNotesOrdersAndTheirLiquidation) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, QStringLiteral("paralelas"));
+  EXPECT_EQ(p.filas(kParalelas),
+            "[1,22,75,20,0,\"2\",6,\"Cumpleaños\"],[2,23,50,13.33,50,\"2\",6,\"\"],[3,21,152,40.53,0,\"2\",6,\"\"],"
+            "[4,20,18.5,4.93,18.5,\"1\",0,\"Club Social\"],[5,20,18.5,4.93,0,\"1\",0,\"\"],"
+            "[6,24,27,7.2,50,\"2\",0,\"\"]");
+  EXPECT_EQ(p.filas(kDinero),
+            "[2,2,\"13\",\"001\",0,0,-50,0,0,\"\"],[4,1,\"10\",\"001\",0,0,18.5,0,0,null],"
+            "[5,1,\"10\",\"001\",0,-19,0,10,0,null],[6,1,\"14\",\"001\",0,-23,50,0,0,null],"
+            "[7,3,\"02\",\"001\",101,38,0,0,6,\"\"],[7,3,\"02\",\"001\",0,0,152,0,6,\"\"]");
+}
+
+TEST(Caja, ALiquidationPaidByCardAndItsFactura) {
+  const Puesto p(abierto());
+  tocaComoSeEspera(p, QStringLiteral("liquida_con_tarjeta"));
+  EXPECT_EQ(p.filas(kParalelas), "[1,22,30,8,30,\"2\",3,\"\"],[2,21,38,10.13,0,\"2\",3,\"\"],[3,24,8,2.13,3,\"2\",0,\"\"]");
+  EXPECT_EQ(p.filas(kDinero),
+            "[3,1,\"14\",\"001\",0,0,3,0,0,null],[3,2,\"14\",\"001\",0,0,5,0,0,\"\"],"
+            "[4,3,\"01\",\"001\",101,38,0,0,3,\",001\"]");
 }
 
 TEST(Caja, RefusedCardsAndSupervisors) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("avisos")); }
@@ -261,6 +301,50 @@ TEST_P(Registradoras, AKillAtAnyStepLeavesADeskThatStartsAndSellsOn) {
       EXPECT_TRUE(despues.endsWith(QString::fromLatin1(GetParam().vacio) + QStringLiteral("=\nok\n[estado 0]\n"))) << qUtf8Printable(despues);
       exigirNumerosSanos(p);
     }
+  }
+}
+
+const QByteArray kHastaElSupervisor =
+    "reloj 24/11/2026 21:00:00\ninicia\nespera frmPassword\nescribe txtPassword caja\ntecla Enter\nespera frmPrincipal\n"
+    "responde Sí\nclic Toolbar1(11)\nespera frmAutorizarOperacion\nescribe txtUsuario SUPERVISOR\nescribe txtPassword super\n";
+const QByteArray kElCuadre = "espera frmCuadre\nclic Command1\n";
+
+// The opened desk with one sale of 3.00.
+const Puesto& vendido() {
+  static const Puesto puesto = [] {
+    Puesto p(abierto());
+    EXPECT_TRUE(p.tocaLineas(kRegistradoras[0].hastaElPago + QByteArray("tecla Ctrl+Enter\n")).endsWith(u"[estado 0]\n"));
+    return p;
+  }();
+  return puesto;
+}
+
+std::vector<int> pasosDelCierre() {
+  if (!qEnvironmentVariableIsSet("TARVOPOS_LARGO")) return {4, 30, 75, 110, 150};
+  std::vector<int> todos(400);
+  std::iota(todos.begin(), todos.end(), 1);
+  return todos;
+}
+
+TEST(Caja, AClosingThatWasKilledIsEndedAfterTheNextStart) {
+  for (const int n : pasosDelCierre()) {
+    SCOPED_TRACE(n);
+    const Puesto p(vendido());
+    const QString escrito =
+        p.tocaLineas(kHastaElSupervisor + "mata antes " + QByteArray::number(n) + "\ntecla Enter\n" + kElCuadre);
+    if (!escrito.endsWith(u"[señal]\n")) {
+      EXPECT_GT(n, 150) << qUtf8Printable(escrito);
+      return;
+    }
+    const int paso = p.filas(QStringLiteral("SELECT iCierreCaja FROM Configuracion")).mid(1, 1).toInt();
+    const QString despues = p.tocaLineas(kHastaElSupervisor + "tecla Enter\n" + (paso <= 4 ? kElCuadre : QByteArray()) +
+                                         "espera frmPrincipal\nestado mnuMantenimiento_Hijo(8)\n");
+    EXPECT_TRUE(despues.endsWith(u"visible activo fijo\nok\n[estado 0]\n")) << qUtf8Printable(despues);
+    EXPECT_EQ(paso > 0, despues.contains(u"Se ha habilitado la Opcion Reporte Z"));
+    EXPECT_EQ(p.filas(QStringLiteral("SELECT iCierreCaja FROM Configuracion")), "[6]");
+    EXPECT_EQ(p.filas(QStringLiteral("SELECT prn, idz, Imac FROM _Tmp1 ORDER BY prn")), "[1,1,3],[2,1,3]");
+    EXPECT_EQ(p.filas(QStringLiteral("SELECT COUNT(*), SUM(MontoTotal) FROM CabeceraZ")), "[1,3]");
+    exigirNumerosSanos(p);
   }
 }
 

@@ -4,7 +4,7 @@
 #include <unistd.h>
 
 #include "apoyo/motor_que_falla.h"
-#include "platform/io/puertos_sistema.h"
+#include "apoyo/puertos_que_matan.h"
 #include "sale/caja_liquidacion.h"
 #include "venta_prueba.h"
 
@@ -145,29 +145,6 @@ INSTANTIATE_TEST_SUITE_P(CommitOnAFullDisk, Fallas,
                          testing::Combine(testing::Values(Falla::desdeAhi),
                                           testing::Values(kEscenas[0], kEscenas[6])),
                          [](const auto& i) { return std::get<1>(i.param).nombre; });
-
-// Port writes take part in the plan's count.
-class PuertosQueMatan final : public Puertos {
- public:
-  PuertosQueMatan(const QString& carpeta, PlanFallas& plan) : real_(carpeta), plan_(plan) {}
-  std::optional<QString> copiar(const QString& archivo, const QString& puerto) override {
-    ++plan_.van;
-    if (plan_.toca() && plan_.muerte == Muerte::antes) std::raise(SIGKILL);
-    const auto e = real_.copiar(archivo, puerto);
-    if (plan_.toca()) std::raise(SIGKILL);
-    return e;
-  }
-  void enviarSinEsperar(const QString& archivo, const QString& puerto) override { copiar(archivo, puerto); }
-  QList<ImpresoraSistema> impresoras() override { return {{QStringLiteral("Alterna"), QStringLiteral("LPT2")}}; }
-  QString impresoraPorDefecto() override { return real_.impresoraPorDefecto(); }
-  std::optional<QString> imprimir(const QString& i, const QString& l, int t, const QStringList& x) override {
-    return real_.imprimir(i, l, t, x);
-  }
-
- private:
-  PuertosSistema real_;
-  PlanFallas& plan_;
-};
 
 // One document on the desk's folder by a desk of its own; with a plan that kills it doesn't come back.
 void emitirEn(PuestoPrueba& p, PlanFallas plan, const EscenaFalla& escena) {

@@ -162,8 +162,11 @@ Campo* Panel::fijo(const QString& nombre, const QString& etiqueta) {
 }
 
 void Enlaces::mostrar() const {
-  for (const auto& [control, campo] : lineas_)
-    if (control->text() != *campo) control->setText(*campo);
+  for (const auto& [control, campo] : lineas_) {
+    if (control->text() == *campo) continue;
+    control->setText(*campo);
+    if (!control->hasFocus()) control->setCursorPosition(0);  // a long text shows its beginning
+  }
   for (const auto& [control, campo] : rotulos_)
     if (control->text() != *campo) control->setText(*campo);
   for (const auto& [control, campo] : marcas_) control->setChecked(*campo);

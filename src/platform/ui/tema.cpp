@@ -108,6 +108,8 @@ QLineEdit, QPlainTextEdit, QComboBox {
 QLineEdit, QComboBox { min-height: 30px; }
 QLineEdit:read-only, QLineEdit:disabled, QComboBox:disabled, QPlainTextEdit:read-only {
   background: @fondoFijo; color: @fijo; border-color: @linea; }
+QPlainTextEdit[papel="rollo"] {
+  background: @superficie; color: @tinta; font-family: "Courier New", "DejaVu Sans Mono", monospace; padding: 8px; }
 QLineEdit[papel="pendiente"] { background: #FFFF00; color: @tinta; }
 QLineEdit[estado="mal"], QComboBox[estado="mal"], QPlainTextEdit[estado="mal"] { border: 2px solid @alto; padding: 0px 7px; }
 QComboBox::drop-down { border: 0px; width: 28px; }

@@ -8,6 +8,7 @@
 //                  "bien", "cuidado", "alto" status words
 //     QFrame       "tarjeta" a card on the ground; "pantalla" the dark display
 //     QLabel in a display: "cifra" the total, "vuelto" the change, "leyenda" a caption, "articulo" its 18 pt lines
+//     QPlainTextEdit "rollo" a text as the paper has it
 //     QTableView   "registro" the lines of a register; "impreso" lines as the paper shows them
 //     QLineEdit    "pendiente" the yellow of what is pending
 //   setProperty("estado", "mal")    a field whose text was refused

@@ -1,0 +1,190 @@
+#include "voiding/anulacion.h"
+
+#include "documento/clase.h"
+#include "documento/pasos.h"
+#include "documento/ticket.h"
+#include "foundation/puesto.h"
+#include "loyalty/puntos.h"
+#include "platform/text/fecha.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+#include "printing/canal.h"
+#include "store/numeracion.h"
+#include "voiding/anulacion_filas.h"
+#include "voiding/pantallas_anulacion.h"
+
+namespace {
+
+const QString kFin = QStringLiteral("\r\n");
+const FormaTransaccion kForma{QStringLiteral("Producto         Cant. Precio  SubTotal"), QStringLiteral("   ITEM  ")};
+const QString kFecha = QStringLiteral("DD/MM/YYYY (DDD)");
+
+// A word in the middle of the paper, by the void ticket's own rule.
+QString alCentro(const QString& texto, int blancos) {
+  return Derecha(Espacios(blancos) + texto, static_cast<int>(texto.size()) / 2 + 20);
+}
+
+// What lives for the length of one void.
+struct Anulacion {
+  PantallaTransaccion& v;
+  PantallasAnulacion& pantallas;
+  AvanceAnulacion avance;
+  bool filaNueva = true;     // of a parallel document: the void's row is still to be written
+  bool dejaBoton = false;    // ended without an answer: the button stays as it was
+
+  const Transaccion& t() const { return *v.cargada; }
+};
+
+bool exigirCodigo(Puesto&, Anulacion& a) { return EsNumerico(Recortar(a.v.txtTransaccion)); }
+
+bool autorizar(Puesto&, Anulacion& a) {
+  const auto nombre = a.pantallas.autorizar(QStringLiteral("Anulación de transacción"));
+  a.dejaBoton = !nombre || Recortar(*nombre).isEmpty();
+  if (!a.dejaBoton) a.v.txtsupervisor = *nombre;
+  return !a.dejaBoton;
+}
+
+// The code on the screen may have been voided since it was loaded, or belong to another document than the text.
+bool mirarEstado(Puesto& p, Anulacion& a) {
+  const qint64 codigo = AEntero(Val(Recortar(a.v.txtTransaccion)));
+  Transaccion t;
+  const LecturaTransaccion lectura = LeerTransaccion(p, codigo, a.v.chkAlterno, t);
+  if (lectura == LecturaTransaccion::Fallo) return false;
+  if (lectura == LecturaTransaccion::Leida) {
+    if (!LeerAvance(p, t, a.avance)) return false;
+    if (a.avance.estado == Anulada::Del_todo) {
+      p.mensajes.mostrar(QStringLiteral("Esta transacción ya ha sido anulada"));
+      return false;
+    }
+  }
+  if (a.v.cargada && a.v.cargada->codigo == codigo && a.v.cargada->paralela == a.v.chkAlterno) return true;
+  BuscarTransaccion(p, a.v);
+  a.dejaBoton = a.v.cargada.has_value();  // now it is on the screen, to be looked at first
+  return false;
+}
+
+bool mirarOrden(Puesto& p, Anulacion& a) {
+  if (!a.v.chkAlterno || Izquierda(Recortar(a.v.txtSerie), 2) != u"OC" ||
+      VerificarLiquidacionOC(p, Recortar(a.v.txtSerie), Recortar(a.v.txtNumero))) {
+    return true;
+  }
+  p.mensajes.mostrar(QStringLiteral("La OC tiene una Liquidacion asociada...No se puede eliminar!"));
+  a.dejaBoton = true;
+  return false;
+}
+
+bool confirmar(Puesto& p, Anulacion& a) {
+  if (a.t().tipo != kOperacionLiquidacion) return true;
+  const bool si = p.mensajes.preguntar(QStringLiteral("Este es un documento proveniente de una Liquidación \r"
+                                                      "Al Anular el documento se anulara la liquidación \r"
+                                                      "Desea Continuar?"),
+                                       QStringLiteral("Confirmación"), false);
+  a.dejaBoton = !si;
+  return si;
+}
+
+bool tomarCodigoNuevo(Puesto& p, Anulacion& a) {
+  a.filaNueva = a.avance.codigo == 0;
+  return !a.filaNueva || CodigoOperacion(p, a.t().paralela, a.avance.codigo);
+}
+
+bool grabarFilas(Puesto& p, Anulacion& a) {
+  const QString fecha = FormatearFecha(p.reloj.now(), u"DD/MM/YYYY hh:mm");
+  return a.t().paralela ? AnularParalela(p, a.t(), a.avance, a.filaNueva, fecha)
+                        : AnularVenta(p, a.t(), a.avance, fecha);
+}
+
+bool deshacer(Puesto& p, Anulacion& a) {
+  const Transaccion& t = a.t();
+  if ((t.tipo != kOperacionLiquidacion && t.tipo != kOrdenConsumo) || t.relacion == 0) return true;
+  return DeshacerLiquidacion(p, t.relacion);
+}
+
+QString textoDelPapel(Puesto& p, const Anulacion& a, int impresora) {
+  const BloquesTransaccion& b = a.v.bloques;
+  const QDateTime ahora = p.reloj.now();
+  const QString anulada = alCentro(QStringLiteral("TRANSACCION ANULADA"), 20) + kFin;
+  return b.cabecera + kFin + Espacios(13) + FormatearFecha(ahora, kFecha) + kFin + anulada + b.fecha + kFin + b.cuerpo +
+         kFin + b.documento + anulada + kFin + u' ' + Izquierda(p.ses.psUsuario, 10) + u' ' +
+         FormatearFecha(ahora, u"hh:mm") + u' ' + kFin + QStringLiteral("Supervisor: ") + Izquierda(a.v.txtsupervisor, 10) +
+         u' ' + kFin + QStringLiteral("CAJA: ") + p.ses.psCaja + QStringLiteral("   TURNO: ") + p.ses.psTurno + kFin +
+         QStringLiteral("Correlativo: ") + CorrelativoImpresion(p, impresora);
+}
+
+bool imprimir(Puesto& p, Anulacion& a) {
+  const bool paralela = a.t().paralela;
+  const int impresora = paralela ? kImpresoraAlterna : kImpresoraPrincipal;
+  ImprimirDocumento(p, textoDelPapel(p, a, impresora), impresora,
+                    paralela ? QString() : QString::number(a.avance.codigo));
+  return true;
+}
+
+bool extornar(Puesto& p, Anulacion& a) {
+  const Transaccion& t = a.t();
+  if (t.tarjeta.isEmpty() || t.idLocal.isEmpty()) return true;
+  Extorna_puntos(p, t.tarjeta, a.v.bloques.total, static_cast<int>(AEntero(Val(t.idLocal))),
+                 {t.docTipo, t.docSerie, AEntero(Val(t.docNumero))});
+  return true;
+}
+
+// The payment register of the central database: with it away the void stands all the same.
+bool sellarPago(Puesto& p, Anulacion& a) {
+  Conexion central;
+  if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, false, clsDBAdmin::Espera::Venta)) return false;
+  const QString donde =
+      FormatearSQL(QStringLiteral(" FechaAnulacion IS NULL AND cSerieDocPago='$' AND CONVERT(INT,NroDocPago)=$"),
+                   {ReemplazarComilla(a.t().docSerie), AEntero(Val(a.t().docNumero))});
+  Recordset rs;
+  const bool leido =
+      p.poDBAdmin.EjecutarConsulta(central, QStringLiteral("SELECT COUNT(1) TOTAL FROM pagos WHERE") + donde, rs);
+  if (leido && Numero(rs[u"TOTAL"]) != 0) {
+    p.poDBAdmin.EjecutarSentencia(central, QStringLiteral("UPDATE pagos SET FechaAnulacion = getdate() WHERE") + donde,
+                                  true);
+  }
+  p.poDBAdmin.CerrarBD(central);
+  return leido;
+}
+
+const Paso<Anulacion> kPasos[] = {
+    {"codigo", exigirCodigo}, {"supervisor", autorizar},      {"estado", mirarEstado}, {"orden", mirarOrden},
+    {"confirmar", confirmar}, {"codigo nuevo", tomarCodigoNuevo}, {"filas", grabarFilas}, {"liquidacion", deshacer},
+    {"ticket", imprimir},     {"puntos", extornar},           {"pago", sellarPago},
+};
+
+}  // namespace
+
+void MuestraTransaccion(Puesto& p, PantallaTransaccion& v) {
+  const Transaccion& t = *v.cargada;
+  BloquesTransaccion& b = v.bloques;
+  b.cabecera = BloqueCabecera(p);
+  b.fecha = Espacios(12) + FormatearFecha(t.fecha, kFecha) + kFin;
+  const QString palabra = PalabraTransaccion(t.tipo);
+  if (!palabra.isEmpty()) b.fecha += alCentro(palabra, 18);
+  if (t.tipo == kOperacionVoucher) b.fecha += kFin;
+  b.cuerpo = CuerpoTransaccion(t, kForma, b.total);
+  b.documento = BloqueDocumento(t);
+  v.txtTexto = b.cabecera + kFin + b.fecha + kFin + b.cuerpo + kFin + b.documento;
+}
+
+bool VerificarLiquidacionOC(Puesto& p, const QString& serie, const QString& numero) {
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(
+          p.poCnnLocal,
+          FormatearSQL(QStringLiteral("SELECT  * FROM OperacionParalela WHERE cDocSerie='$' AND cDocCodigo=$"),
+                       {ReemplazarComilla(serie), AEntero(Val(numero))}),
+          rs)) {
+    return false;
+  }
+  const qint64 relacion = AEntero(Numero(rs[u"cOperCodeRela"]));
+  if (relacion == 0) return true;
+  return p.poDBAdmin.EjecutarConsulta(
+             p.poCnnLocal,
+             FormatearSQL(QStringLiteral("SELECT  * FROM OperacionParalela WHERE cOperCode=$"), {relacion}), rs) &&
+         LimpiarNulo(rs[u"cDocTipo"]) != u"14";
+}
+
+void Anular(Puesto& p, PantallaTransaccion& v, PantallasAnulacion& pantallas) {
+  Anulacion a{v, pantallas, {}, true, false};
+  EjecutarPasos<Anulacion>(p, a, kPasos);
+  if (!a.dejaBoton) v.accion = false;
+}

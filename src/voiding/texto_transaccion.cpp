@@ -1,0 +1,111 @@
+#include "voiding/texto_transaccion.h"
+
+#include "documento/ticket.h"
+#include "foundation/puesto.h"
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+#include "printing/canal.h"
+
+namespace {
+
+const QString kFin = QStringLiteral("\r\n");
+const QString kMascara = QStringLiteral("###,###,##0.00");
+
+QString conAsterisco(double valor, int ancho, QStringView mascara = kMascara) {
+  return Derecha(Espacios(28) + u'*' + Formatear(valor, mascara), ancho);
+}
+
+struct Sumas {
+  double total = 0, neto = 0, servicio = 0, cantidad = 0;
+};
+
+QString lineaArticulo(const LineaTransaccion& l) {
+  FormaLineas f;
+  f.descripcion = 18;
+  f.importe = 7;
+  f.mascara = kMascara;
+  LineaDocumento aPrecioDeLista = l.linea;
+  aPrecioDeLista.porcentaje = 0;
+  return LineasArticulo(aPrecioDeLista, f) + kFin;
+}
+
+QString lineaDescuento(double porcentaje) {
+  return Espacios(4) + Izquierda(QStringLiteral("%Dscto          "), 10) + u' ' +
+         Derecha(Espacios(10) + u'*' + Formatear(porcentaje, u"###,##0.00"), 11) + kFin;
+}
+
+QString lineas(const Transaccion& t, const FormaTransaccion& forma, Sumas& s) {
+  const bool orden = t.tipo == kOrdenConsumo;
+  QString texto = forma.titulo + kFin + Separador() + kFin;
+  for (const LineaTransaccion& l : t.lineas) {
+    texto += lineaArticulo(l);
+    const double importe = l.linea.cantidad * l.linea.precio;
+    s.total += importe;
+    s.cantidad += l.linea.cantidad;
+    if (orden) {
+      s.neto += importe + importe * l.linea.porcentaje / 100;
+      if (l.linea.porcentaje != 0) texto += lineaDescuento(l.linea.porcentaje);
+    } else {
+      s.servicio += importe * l.servicio / 100;
+    }
+  }
+  return texto;
+}
+
+QString totales(const Transaccion& t, const Sumas& s) {
+  const QString rotulo = QStringLiteral("CASH/TL  ");
+  switch (t.tipo) {
+    case kPagoAdelantado:
+    case kPagoAdelantadoVoucher:
+      return rotulo + (t.enDolares ? QStringLiteral("$  ") : QStringLiteral("S/.")) +
+             conAsterisco(s.total, t.tipo == kPagoAdelantado ? 26 : 29);
+    case kOrdenConsumo:
+      if (t.vuelto == 0) return rotulo + conAsterisco(s.neto, 29);
+      return QStringLiteral("SUB/TOTL ") + conAsterisco(s.neto, 29) + kFin + QStringLiteral("EFECTIVO ") +
+             conAsterisco(t.efectivo, 29) + kFin + QStringLiteral("VUELTO   ") + conAsterisco(t.vuelto, 29);
+    default:
+      return rotulo + conAsterisco(s.total, 29);
+  }
+}
+
+}  // namespace
+
+QString BloqueCabecera(Puesto& p) {
+  (void)CargarCabeceraImpresion(p);  // a header that can't be read stays as it was
+  QString s;
+  for (const QString& linea : p.ses.psCabeceraImpresion) {
+    if (!Recortar(linea).isEmpty()) s += LineaCentrada(linea);
+  }
+  return s;
+}
+
+QString PalabraTransaccion(int tipo) {
+  switch (tipo) {
+    case kOperacionEfectivo:
+    case kOperacionLiquidacion:
+      return {};
+    default:
+      return datosDe(static_cast<ClaseDocumento>(tipo)).palabra;
+  }
+}
+
+QString CuerpoTransaccion(const Transaccion& t, const FormaTransaccion& forma, double& total) {
+  Sumas s;
+  QString texto;
+  if (t.tipo == kPagoAdelantado || t.tipo == kPagoAdelantadoVoucher) {
+    s.total = t.enDolares ? t.montoDolares : t.montoSoles;
+  } else {
+    texto = lineas(t, forma, s);
+  }
+  if (s.servicio != 0) {
+    texto += QStringLiteral("  %SERVICIO") + Derecha(Espacios(14) + u'*' + Formatear(s.servicio, kMascara), 15) + kFin;
+  }
+  texto += Separador() + kFin + totales(t, s) + kFin + forma.item + conAsterisco(s.cantidad, 29, u"###,##0.00") + kFin +
+           kFin;
+  total = s.total;
+  return texto;
+}
+
+QString BloqueDocumento(const Transaccion& t) {
+  return Espacios(10) + QStringLiteral("Documento:") + t.docSerie + u'-' + Ceros(t.docNumero, 7) + kFin;
+}

@@ -1,0 +1,148 @@
+#include "cashday/cierre_prueba.h"
+
+#include <gtest/gtest.h>
+
+#include "cashday/dia.h"
+#include "platform/text/texto.h"
+
+namespace {
+
+const QString kPregunta = QStringLiteral("Esta Operación Cerrará Caja\r Desea Continuar?");
+const QString kTerminado = QStringLiteral("Se han cerrado todas las operaciones.");
+
+void cerrar(PuestoPrueba& p, Principal& v, PantallasGuion& pantallas, QStringList* avances = nullptr) {
+  CerrarCaja(p, v, pantallas, [avances](const QString& a) { if (avances) *avances << a; });
+}
+
+}  // namespace
+
+TEST(CerrarCaja, ClosesTheDay) {
+  DiaVendido p;
+  Principal v;
+  PantallasCierre pantallas(p);
+  p.persona().espera(kPregunta, "Sí");
+  p.persona().espera(kTerminado);
+  QStringList avances;
+  cerrar(p, v, pantallas, &avances);
+  EXPECT_EQ(kTotalesDelDia, p.totales());
+  EXPECT_EQ(kDiaCerrado, p.cerradas());
+  EXPECT_EQ(6, p.paso());
+  EXPECT_EQ("autoriza Reporte Z,cuadre 1,sincroniza", pantallas.abiertas.join(u','));
+  EXPECT_EQ("", avances.back());
+  EXPECT_EQ("", p.ses.psTurno + p.filas("SELECT cCodiTurno FROM Configuracion"));
+  EXPECT_TRUE(v.demasMenus && v.mantenimiento[kIniciarCaja] && v.botones[12]);
+  EXPECT_FALSE(v.cierreInterrumpido || v.operaciones[kReporteZ] || v.botones[6] || v.botones[kBotonReporteZ]);
+  EXPECT_EQ("0", p.filas(p.poCnnCentral, "SELECT COUNT(*) FROM TCABECERAZ1 WHERE nidEstado = -1"));
+  EXPECT_EQ("3", p.filas(p.poCnnCentral, "SELECT COUNT(*) FROM TDETALLEZ1")) << "101 and 102 sold, 101 ordered";
+}
+
+TEST(CerrarCaja, BeginsOnlyWhenItMay) {
+  const struct { const char *porque, *respuesta; bool supervisor; const char *sql, *caja; } casos[] = {
+      {"the clerk thinks better of it", "No", true, "", nullptr},
+      {"no supervisor", "Sí", false, "", nullptr},
+      {"nothing sold", "Sí", true, "UPDATE Configuracion SET cOperId = 9", "Debe registrar operaciones."},
+      {"nothing sold, resumed", "Sí", true, "UPDATE Configuracion SET cOperId = 9, iCierreCaja = 4",
+       "Debe registrar operaciones."},
+      {"the clock was set back", "Sí", true, "UPDATE Operacion SET dOperFech = '25/11/2026'",
+       "La fecha del sistema no puede ser posterior a al ultima operacion realizada...Verifique!!"},
+      {"no step to be read", "Sí", true, "DROP TABLE Configuracion", "Error"},
+  };
+  for (const auto& c : casos) {
+    SCOPED_TRACE(c.porque);
+    DiaVendido p;
+    if (*c.sql) p.ejecuta(QString::fromLatin1(c.sql));
+    const QString antes = p.filas("SELECT * FROM Configuracion");
+    Principal v;
+    PantallasCierre pantallas(p);
+    if (!c.supervisor) pantallas.supervisor.reset();
+    p.persona().espera(kPregunta, QString::fromUtf8(c.respuesta));
+    if (QLatin1String(c.sql).contains(QLatin1String("DROP"))) p.persona().espera(" - ");
+    if (c.caja) p.persona().espera(QString::fromLatin1(c.caja));
+    cerrar(p, v, pantallas);
+    EXPECT_EQ(antes, p.filas("SELECT * FROM Configuracion"));
+    EXPECT_EQ("0", p.filas("SELECT COUNT(*) FROM Operacion WHERE cOperTipo >= 10"));
+    EXPECT_FALSE(v.cierreInterrumpido);
+  }
+}
+
+TEST(CerrarCaja, ResumesAtTheStoredStep) {
+  const struct { int paso; const char* papeles; } casos[] = {  // "1": Z1, "Z", then the two counts
+      {0, "1Z"}, {1, "1Z"}, {2, "1Z"}, {3, "Z"}, {4, ""}, {5, ""}, {6, "1Z"}};
+  for (const auto& c : casos) {
+    SCOPED_TRACE(c.paso);
+    DiaVendido p;
+    p.ejecuta(QStringLiteral("UPDATE Configuracion SET iCierreCaja = %1").arg(c.paso));
+    if (c.paso == 5) p.ejecuta(QStringLiteral("UPDATE Configuracion SET cOperId = 9"));  // it asks for no sales
+    Principal v;
+    BloquearPorCierre(v);
+    PantallasCierre pantallas(p);
+    p.persona().espera(kPregunta, "Sí");
+    p.persona().espera(kTerminado);
+    cerrar(p, v, pantallas);
+    EXPECT_EQ(6, p.paso());
+    QString papeles;
+    if (p.papeles().papel[QStringLiteral("LPT2")].contains("Z1 CHECK")) papeles += u'1';
+    if (p.papeles().papel[QStringLiteral("LPT1")].contains("Z  CHECK")) papeles += u'Z';
+    EXPECT_EQ(c.papeles, papeles);
+    EXPECT_EQ(c.paso == 5 ? 0 : 1, pantallas.abiertas.count(QStringLiteral("cuadre 1")));
+    EXPECT_EQ(papeles.isEmpty() ? "0" : "12", p.filas("SELECT COUNT(*) FROM CUADRE_CAJA"))
+        << "a count without a report of this session prints nothing";
+    EXPECT_FALSE(v.cierreInterrumpido);
+    EXPECT_TRUE(v.demasMenus && v.mantenimiento[kIniciarCaja]);
+    EXPECT_EQ("", p.filas("SELECT cCodiTurno FROM Configuracion")) << "also when no Z has blanked it";
+  }
+}
+
+// Each step that needs the central database says so once; the last one holds the closing back.
+TEST(CerrarCaja, WithoutTheCentralDatabaseItStaysAtTheLastStep) {
+  DiaVendido p;
+  const QString central = p.ses.psConexionCentral;
+  p.ses.psConexionCentral = QStringLiteral("Provider=SQLOLEDB.1;Data Source=sqlite:ausente.db");
+  Principal v;
+  PantallasCierre pantallas(p);
+  p.persona().espera(kPregunta, "Sí");
+  p.persona().espera("no llegó a la base central");
+  for (int n = 0; n < 2; ++n) p.persona().espera("No se pudo conectar a la BD de Logistica en SQL SERVER. ");
+  p.persona().espera("No se pudo marcar el cierre en la base de datos central");
+  cerrar(p, v, pantallas);
+  EXPECT_EQ(5, p.paso());
+  EXPECT_TRUE(v.cierreInterrumpido && v.operaciones[kReporteZ] && v.botones[kBotonReporteZ]);
+  EXPECT_FALSE(v.demasMenus || v.operaciones[4] || v.mantenimiento[kIniciarCaja]);
+  p.ses.psConexionCentral = central;
+  p.persona().espera(kPregunta, "Sí");
+  p.persona().espera(kTerminado);
+  cerrar(p, v, pantallas);
+  EXPECT_EQ(6, p.paso());
+  EXPECT_EQ(kDiaCerrado, p.cerradas());
+  EXPECT_FALSE(v.cierreInterrumpido);
+  EXPECT_EQ("", p.ses.psTurno);
+}
+
+TEST(CambioTurno, MovesTheTurnAndStartsAgain) {
+  const struct { const char *turno, *sigue; bool supervisor; } casos[] = {
+      {"01", "02", true}, {"02", "03", false}, {"09", "10", false}, {"99", "00", false}};
+  for (const auto& c : casos) {
+    SCOPED_TRACE(c.turno);
+    DiaVendido p;
+    p.ses.psTurno = QString::fromLatin1(c.turno);
+    p.ses.pbSincronizaMaestros = p.ses.pbSincronizaCierre = true;
+    Principal v;
+    v.bAcceso = true;
+    PantallasCierre pantallas(p);
+    if (!c.supervisor) pantallas.supervisor.reset();
+    CambioTurno(p, v, pantallas);
+    EXPECT_EQ(c.sigue, p.filas("SELECT cCodiTurno FROM Configuracion"));
+    EXPECT_EQ("autoriza Reporte X,sincroniza,rearranca", pantallas.abiertas.join(u','));
+    EXPECT_EQ(c.supervisor, p.papeles().papel[QStringLiteral("LPT1")].contains("X  CHECK"));
+    EXPECT_TRUE(p.ses.pbSincronizaMaestros);
+    EXPECT_FALSE(p.ses.pbSincronizaCierre);
+  }
+  DiaVendido p;
+  p.ejecuta(QStringLiteral("DROP TABLE Configuracion"));
+  Principal v;
+  PantallasGuion pantallas;
+  p.persona().espera(" - ");
+  CambioTurno(p, v, pantallas);
+  EXPECT_EQ("01", p.ses.psTurno) << "a turn that isn't stored is not begun";
+  EXPECT_EQ("autoriza Reporte X", pantallas.abiertas.join(u','));
+}

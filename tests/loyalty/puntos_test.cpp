@@ -1,0 +1,129 @@
+// Points: what a sale earns, where it is recorded, and what waits while the client database is away.
+#include "loyalty/puntos.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+#include "apoyo/motor_que_falla.h"
+#include "apoyo/puesto_prueba.h"
+#include "loyalty/cliente_bd.h"
+#include "loyalty/pendientes.h"
+
+namespace {
+
+QString q(const char* s) { return QString::fromUtf8(s); }
+
+const ClavePuntos kBoleta{QStringLiteral("02"), QStringLiteral("001"), 33};
+const QString kTarjeta = QStringLiteral("00000005");
+const QString kFilas = QStringLiteral(
+    "SELECT cClieCode, cAcumCode, nAcumImpo, nPuntCant, cDocTipo, cDocCodigo, IdLocal FROM Acumulacion_Punto");
+const QString kSaldos = QStringLiteral("SELECT nPuntCant FROM Cliente ORDER BY IdLocal, cClieCode");
+
+// Customer 5 of site 1 earns, customer 6 is a company, customer 5 of site 2 is another person.
+struct Tienda : PuestoPrueba {
+  explicit Tienda(const Envolver& envolver = {}) : PuestoPrueba(envolver) {
+    EXPECT_TRUE(ConectarCliente(*this, false));
+    for (Conexion* c : {&poCnnCliente, &poCnnLocal}) {
+      ejecuta(*c, q("INSERT INTO Regla_Punto (nImpoMaxi, nPuntImpo, nPuntCant) VALUES (0, 10, 1)"));
+    }
+    ejecuta(poCnnCliente, q("INSERT INTO Cliente (cClieCode, IdLocal, iTipo, nPuntCant) VALUES (5, 1, 1, 20)"));
+    ejecuta(poCnnCliente, q("INSERT INTO Cliente (cClieCode, IdLocal, iTipo, nPuntCant) VALUES (6, 1, 3, 0)"));
+    ejecuta(poCnnCliente, q("INSERT INTO Cliente (cClieCode, IdLocal, iTipo, nPuntCant) VALUES (5, 2, 1, 70)"));
+    for (const char* t : {"5, 1, '00000005'", "6, 1, '00000006'", "5, 2, '00000005'"}) {
+      ejecuta(poCnnCliente, q("INSERT INTO Tarjeta (cClieCode, IdLocal, nTarjNumb) VALUES (") + q(t) + u')');
+    }
+    // The copies as the pull brings them: without site and kind.
+    ejecuta(q("INSERT INTO Cliente (cClieCode) VALUES (5)"));
+    ejecuta(q("INSERT INTO Cliente (cClieCode) VALUES (6)"));
+    ejecuta(q("INSERT INTO Tarjeta (cClieCode, nTarjNumb) VALUES (5, '00000005')"));
+    ejecuta(q("INSERT INTO Tarjeta (cClieCode, nTarjNumb) VALUES (6, '00000006')"));
+    LeerReglaPunto(*this);
+  }
+  void cae() { QFile::rename(base(), base() + u'x'); }
+  void vuelve() { QFile::rename(base() + u'x', base()); }
+  QString enCliente(const QString& sql) {
+    Conexion c;
+    EXPECT_FALSE(c.abrir(motores, ses.psConexionCliente, 1000));
+    return filas(c, sql);
+  }
+
+ private:
+  QString base() const { return rutas.enPrograma(q("cliente.db")); }
+};
+
+TEST(Puntos, WholeUnitsOnlyAndADivisorOfZeroCountsAsOne) {
+  const struct { int cada, cantidad; double importe; int puntos; } kCasos[] = {
+      {10, 1, 29.90, 2}, {10, 1, 9.99, 0}, {10, 3, 30, 9}, {0, 2, 4.5, 8}, {10, 1, -5, -1}, {1, 2, 5e9, 2147483647}};
+  PuestoPrueba p;
+  for (const auto& c : kCasos) {
+    p.ses.pnPuntImpo = c.cada;
+    p.ses.pnPuntCant = c.cantidad;
+    EXPECT_EQ(c.puntos, CalcularPuntos(p, c.importe)) << c.importe;
+  }
+}
+
+TEST(Puntos, OnlyACustomerThatEarnsHasABalanceAndRows) {
+  Tienda p;
+  AcumularPuntos(p, kTarjeta, kBoleta, 29.9, 1);
+  AcumularPuntos(p, kTarjeta, kBoleta, 5, 1);                                      // nothing earned, a row all the same
+  AcumularPuntos(p, q("00000006"), kBoleta, 29.9, 1);                              // a company
+  AcumularPuntos(p, q("00000009"), kBoleta, 29.9, 1);                              // no such card
+  AcumularPuntos(p, kTarjeta, {q("14"), q("LQ1"), 1}, 29.9, 1);                    // a liquidation
+  AcumularPuntos(p, QString(), kBoleta, 29.9, 1);
+  EXPECT_EQ(q("5|1|30|2|02|33|1\n5|2|5|0|02|33|1"), p.enCliente(kFilas));
+  EXPECT_EQ(q("22\n0\n70"), p.enCliente(kSaldos));
+  EXPECT_EQ(q("22"), SaldoPuntos(p, kTarjeta, 1));
+  EXPECT_EQ(q("-1"), SaldoPuntos(p, q("00000006"), 1));
+  EXPECT_EQ(q("-1"), SaldoPuntos(p, q("00000009"), 1));
+  EXPECT_EQ(q("5"), ClienteDeTarjeta(p, kTarjeta, 2).codigo);
+  p.ejecuta(p.poCnnCliente, q("UPDATE Cliente SET nPuntCant=-3 WHERE cClieCode=5 AND IdLocal=1"));
+  EXPECT_FALSE(PuntosDelTicket(p, kBoleta, kTarjeta, 1, 20));                      // the sum is below zero
+  EXPECT_EQ(1, PuntosDelTicket(p, kBoleta, kTarjeta, 1, 40)->acumulado);
+}
+
+TEST(Puntos, NothingIsLostWhileTheClientDatabaseIsAway) {
+  Tienda p;
+  p.cae();
+  p.persona().espera(q("No se pudo conectar a la Base de Datos Cliente."));       // once for the outage
+  AcumularPuntos(p, kTarjeta, kBoleta, 29.9, 1);
+  AcumularPuntos(p, kTarjeta, kBoleta, 40, 1);
+  AcumularPuntos(p, q("00000006"), kBoleta, 50, 0);  // kind and site not known here
+  EXPECT_EQ(q("5|1|30|2|02|33|1\n5|2|40|4|02|33|1\n6|1|50|5|02|33|0"), p.filas(kFilas));
+  EXPECT_EQ(q("-1"), SaldoPuntos(p, kTarjeta, 1));
+  p.persona().espera(q("No se logró Extornar los puntos acumulados del cliente Cod:0"));
+  Extorna_puntos(p, kTarjeta, 29.9, 1, kBoleta);
+  p.vuelve();
+  ASSERT_TRUE(ConectarCliente(p, false));
+  EnviarPendientesCliente(p);
+  EnviarPendientesCliente(p);  // nothing waits any more
+  EXPECT_EQ(q("5|1|30|2|02|33|1\n5|2|40|4|02|33|1"), p.enCliente(kFilas));
+  EXPECT_EQ(q("26\n0\n70"), p.enCliente(kSaldos));
+  EXPECT_EQ(q("0"), p.filas(q("SELECT COUNT(*) FROM Acumulacion_Punto WHERE cSincroFlag = 0")));
+  Extorna_puntos(p, kTarjeta, 29.9, 1, kBoleta);
+  EXPECT_EQ(q("24\n0\n70"), p.enCliente(kSaldos));
+}
+
+TEST(Puntos, EachStatementOfTheStoreFailsInTurnAndTheNextSendingGoesOn) {
+  for (int n = 1;; ++n) {
+    PlanFallas plan;
+    Tienda p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+    p.persona().dejaPasar();
+    p.cae();
+    AcumularPuntos(p, kTarjeta, kBoleta, 29.9, 1);
+    AcumularPuntos(p, kTarjeta, kBoleta, 40, 1);
+    p.vuelve();
+    ASSERT_TRUE(ConectarCliente(p, false));
+    plan.armar(n);
+    EnviarPendientesCliente(p);
+    if (plan.van < n) break;
+    // A row whose mark failed goes once more; every other one exactly once.
+    const bool repite = plan.sentencias[n - 1].contains(q("UPDATE Acumulacion_Punto"));
+    plan.armar(0);
+    EnviarPendientesCliente(p);
+    EXPECT_EQ(repite ? 3 : 2, p.enCliente(kFilas).split(u'\n').size()) << n;
+    EXPECT_EQ(q("0"), p.filas(q("SELECT COUNT(*) FROM Acumulacion_Punto WHERE cSincroFlag = 0")));
+  }
+}
+
+}  // namespace

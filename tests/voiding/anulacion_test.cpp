@@ -1,0 +1,158 @@
+// What a void stores, what it leaves when it stops in the middle, and that the next one puts it right.
+#include "anulacion_prueba.h"
+
+namespace {
+
+QString q(const char* s) { return QString::fromUtf8(s); }
+
+// A boleta of two lines (code 1), the boleta of a liquidation (code 4) and an O/C with cash (code 6), among documents
+// of other customers under the same codes.
+void llenar(PuestoConDocumentos& p) {
+  p.fila(1, 1, "02", 1, 101, 2, 4.5);
+  p.fila(1, 1, "02", 1, 102, 1, 12);
+  p.fila(1, 1, "02", 1, 0, 1, -9, 30);
+  p.fila(1, 2, "13", 1, 0, 1, 0, 50);   // the card row of PADV 1
+  p.fila(3, 1, "02", 2, 102, 1, 12);    // a sale that has the liquidation's code
+  p.fila(3, 3, "14", 3, 0, 1, 0, 20);   // the liquidation's cash
+  p.fila(4, 3, "02", 3, 101, 1, 4.5, 0, 3);
+  p.fila(4, 3, "02", 3, 0, 1, 0, 4.5, 3);
+  p.fila(4, 1, "10", 4, 0, 1, 0, 8);    // the cash of O/C 4
+  p.fila(6, 1, "10", 6, 0, 1, 0, 12);   // the cash of O/C 6
+  p.fila(6, 1, "02", 4, 102, 1, 12);    // a sale that has the order's code
+  p.paralela(1, 22, "12", "2", 3);
+  p.paralela(2, 21, "11", "2", 3);
+  p.paralela(3, 24, "14", "2");
+  p.paralela(4, 20, "10", "1");
+  p.paralela(5, 21, "11", "0", 3);      // voided before: stays so
+  p.paralela(6, 20, "10", "1");
+  p.paralela(7, 21, "11", "1", 3);      // open, and of the billing document 3
+}
+
+const struct { int codigo; bool alterno; const char* queda; } kDocumentos[] = {
+    {1, false,
+     "1|1|02|101|2|1|0\n1|1|02|102|1|1|0\n1|1|02|0|1|1|0\n1|2|13|0|1|0|0\n3|1|02|102|1|0|0\n3|3|14|0|1|0|0\n"
+     "4|3|02|101|1|0|3\n4|3|02|0|1|0|3\n4|1|10|0|1|0|0\n6|1|10|0|1|0|0\n6|1|02|102|1|0|0\n"
+     "7|1|Null|101|-2|1|1\n7|1|Null|102|-1|1|1\n"
+     "1|22|2|3|0|Null\n2|21|2|3|0|Null\n3|24|2|0|0|Null\n4|20|1|0|0|Null\n5|21|0|3|0|Null\n6|20|1|0|0|Null\n7|21|1|3|0|Null"},
+    {4, false,
+     "1|1|02|101|2|0|0\n1|1|02|102|1|0|0\n1|1|02|0|1|0|0\n1|2|13|0|1|0|0\n3|1|02|102|1|0|0\n"
+     "4|3|02|101|1|1|3\n4|3|02|0|1|1|3\n4|1|10|0|1|0|0\n6|1|10|0|1|0|0\n6|1|02|102|1|0|0\n7|3|Null|101|-1|1|4\n"
+     "1|22|1|0|0|Null\n2|21|1|0|0|Null\n4|20|1|0|0|Null\n5|21|0|3|0|Null\n6|20|1|0|0|Null\n7|21|1|3|0|Null"},
+    {6, true,
+     "1|1|02|101|2|0|0\n1|1|02|102|1|0|0\n1|1|02|0|1|0|0\n1|2|13|0|1|0|0\n3|1|02|102|1|0|0\n3|3|14|0|1|0|0\n"
+     "4|3|02|101|1|0|3\n4|3|02|0|1|0|3\n4|1|10|0|1|0|0\n6|1|02|102|1|0|0\n"
+     "1|22|2|3|0|Null\n2|21|2|3|0|Null\n3|24|2|0|0|Null\n4|20|1|0|0|Null\n5|21|0|3|0|Null\n6|20|0|0|8|Null\n7|21|1|3|0|Null\n"
+     "8|20|0|0|0|ANULACION"},
+};
+
+TEST(Anulacion, EachStatementFailsInTurnAndTheNextVoidPutsItRight) {
+  for (const auto& d : kDocumentos) {
+    int n = 1, conFilas = 0;
+    for (;; ++n) {
+      PlanFallas plan;
+      PuestoConDocumentos p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+      llenar(p);
+      PantallaTransaccion v;
+      v.chkAlterno = d.alterno;
+      v.txtTransaccion = QString::number(d.codigo);
+      BuscarTransaccion(p, v);
+      ASSERT_TRUE(v.cargada);
+      p.persona().dejaPasar(q("Sí"));
+      p.elReloj().ahora = p.elReloj().ahora.addSecs(60);
+      plan.armar(n, Falla::desdeAhi);
+      Anular(p, v, p.jefe);
+      if (plan.van < n) break;
+      const QStringList antes = plan.sentencias.mid(0, n - 1);
+      SCOPED_TRACE(qPrintable(QString::number(d.codigo) + q(": ") + plan.sentencias[n - 1]));
+      plan.armar(0);
+      // An order that can't be looked up counts as taken, which leaves the button as it was.
+      EXPECT_EQ(plan.sentencias[n - 1].contains(q("cDocSerie=")), v.accion);
+      // What was written before stands, and nothing more.
+      EXPECT_EQ(QString::number(antes.filter(q("INSERT INTO")).size()),
+                p.filas(q("SELECT (SELECT COUNT(*) FROM Operacion WHERE nProdCant < 0) + "
+                          "(SELECT COUNT(*) FROM OperacionParalela WHERE sGlosa = 'ANULACION')")));
+      conFilas += antes.filter(q("INSERT INTO")).isEmpty() ? 0 : 1;
+      p.anular(d.codigo, d.alterno);
+      EXPECT_EQ(q(d.queda), p.todo());
+    }
+    EXPECT_GT(conFilas, 2) << d.codigo;
+  }
+}
+
+TEST(Anulacion, EveryRefusalHasItsWords) {
+  const struct { const char *porque, *codigo; bool alterno; const char* caja; } kCasos[] = {
+      {"no such code", "99", false, "El número de transacción no existe o ya ha sido cerrada."},
+      {"a closed day", "9", false, "El número de transacción no existe o ya ha sido cerrada."},
+      {"a mirror", "10", false, "Esta es una transacción de anulación. No puede ser anulada"},
+      {"a withdrawal", "11", false, "No es una transacción de venta."},
+      {"the liquidation itself", "3", true, "Esta es una transacción de liquidación. No puede ser anulada"},
+      {"a settled note", "2", true, "El número de transacción no existe o ya ha sido cerrada."},
+      {"an order of a liquidation", "8", true, "La OC tiene una Liquidacion asociada...No se puede eliminar!"},
+      {"a day without rate", "12", false, "Para registrar ventas en dólares debe registrar el tipo de cambio"},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    PuestoConDocumentos p;
+    llenar(p);
+    p.fila(9, 1, "02", 5, 101, 1, 4.5);
+    p.ejecuta(q("UPDATE Operacion SET cOperFlagAbierto=0 WHERE cOperCode=9"));
+    p.fila(10, 1, "", 0, 101, -1, 4.5, 0, 9);
+    p.ejecuta(q("UPDATE Operacion SET cOperFlagAnula=1 WHERE cOperCode=10"));
+    p.ejecuta(q("INSERT INTO Operacion (cOperCode, cOperTipo, nProdCant, nProdPrecUnit) VALUES (11, 5, 1, 50)"));
+    p.paralela(8, 20, "10", "1", 3);
+    p.fila(12, 1, "02", 6, 101, 1, 4.5);
+    p.ejecuta(q("UPDATE Operacion SET dOperFech='23/11/2026' WHERE cOperCode=12"));
+    p.jefe.nombre = q(c.codigo) == u"12" ? QString() : q("JEFE");
+    const QString antes = p.todo();
+    p.persona().espera(q(c.caja));
+    p.anular(q(c.codigo).toInt(), c.alterno);
+    EXPECT_EQ(antes, p.todo());
+  }
+}
+
+TEST(Anulacion, ACodeThatIsStaleIsToldAndTheQuestionOfALiquidationCanBeDenied) {
+  PuestoConDocumentos p;
+  llenar(p);
+  const QString antes = p.todo();
+  p.persona().espera(q("Desea Continuar?"), q("No"));
+  EXPECT_TRUE(p.anular(4).accion);
+  EXPECT_EQ(antes, p.todo());
+  PantallaTransaccion v = p.anular(1);
+  EXPECT_FALSE(v.accion);
+  v.txtSerie.clear();
+  v.txtNumero.clear();
+  BuscarDocumento(p, v);  // several: the text stays, the button is free again
+  EXPECT_TRUE(v.accion);
+  EXPECT_EQ(q("1"), v.txtTransaccion);
+  p.persona().espera(q("Esta transacción ya ha sido anulada"));
+  Anular(p, v, p.jefe);
+  v.txtNumero = q("000004");  // as typed
+  BuscarDocumento(p, v);
+  EXPECT_EQ(q("6"), v.txtTransaccion);
+  v.txtNumero = q("77");
+  p.persona().espera(q("No existen coincidencias para el documento"));
+  BuscarDocumento(p, v);
+  EXPECT_FALSE(v.accion);
+}
+
+TEST(Anulacion, AnAdvancePaymentIsStampedInThePaymentRegisterAndPointsGoBack) {
+  PuestoConDocumentos p;
+  p.paralela(1, 22, "12", "1");
+  p.fila(1, 1, "02", 1, 102, 3, 12, 0, 0, "'00000007', 2, 0, 0");
+  Conexion central;
+  ASSERT_FALSE(central.abrir(p.motores, p.ses.psConexionCentral, 1000));
+  p.ejecuta(central, q("INSERT INTO Pagos (cSerieDocPago, NroDocPago) VALUES ('XX1', '0000001')"));
+  p.ejecuta(q("INSERT INTO Regla_Punto (nImpoMaxi, nPuntImpo, nPuntCant) VALUES (0, 10, 1)"));
+  p.anular(1, true);
+  EXPECT_EQ(q("2026-11-24"), p.filas(central, q("SELECT FechaAnulacion FROM Pagos")).left(10));
+  ASSERT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnCliente, p.ses.psConexionCliente));
+  p.ejecuta(p.poCnnCliente, q("INSERT INTO Regla_Punto (nImpoMaxi, nPuntImpo, nPuntCant) VALUES (0, 10, 1)"));
+  p.ejecuta(p.poCnnCliente, q("INSERT INTO Cliente (cClieCode, IdLocal, iTipo, nPuntCant) VALUES (7, 2, 1, 40)"));
+  p.ejecuta(p.poCnnCliente, q("INSERT INTO Cliente (cClieCode, IdLocal, iTipo, nPuntCant) VALUES (7, 1, 1, 90)"));
+  p.ejecuta(p.poCnnCliente, q("INSERT INTO Tarjeta (cClieCode, IdLocal, nTarjNumb) VALUES (7, 2, '00000007')"));
+  p.anular(1);
+  ASSERT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnCliente, p.ses.psConexionCliente));
+  EXPECT_EQ(q("90\n37"), p.filas(p.poCnnCliente, q("SELECT nPuntCant FROM Cliente ORDER BY IdLocal")));
+}
+
+}  // namespace
