@@ -146,7 +146,8 @@ TEST(Fuzz, MutatedStatementsNeverHarm) {
   qint64 vueltas = 0;
   OpcionesMotores opciones;
   opciones.procedimientos = procedimientosDeServidores();
-  opciones.ahora = [] { return QDateTime(QDate(2026, 11, 24), QTime(17, 5, 30)); };  // the two answers may not differ by a second
+  // One time for both answers, whatever second it is.
+  opciones.ahora = [] { return QDateTime(QDate(2026, 11, 24), QTime(17, 5, 30)); };
   opciones.interrumpir = [&] { return ++vueltas > 2000; };
   Lado lados[] = {{true, tablasDelPuesto(), leerSentencias("local"), opciones},
                   {false, tablasDelCentral(), leerSentencias("central"), opciones}};

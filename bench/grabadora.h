@@ -1,0 +1,69 @@
+#pragma once
+// Records what a sale asks of engines and ports, and plays it again on SQLite's bare interface: the floor.
+#include <sqlite3.h>
+
+#include <QHash>
+#include <QStringList>
+#include <memory>
+#include <vector>
+
+#include "platform/io/puertos.h"
+#include "platform/sql/motor.h"
+
+struct Evento {
+  enum Tipo { Abre, Cierra, Sentencia, Archivo } tipo;
+  QString base;     // the database's file
+  QString texto;    // the statement as it goes to the engine, or the bytes of a file that goes to a port
+  QString archivo;  // that file
+};
+
+// Stands between a desk and its engines while `grabando` is on.
+class MotoresGrabados final : public Motores {
+ public:
+  explicit MotoresGrabados(Motores& reales) : reales_(reales) {}
+  std::unique_ptr<Motor> abrir(const QString& cadena, int espera_ms, ErrorBD& error) override;
+
+  bool grabando = false;
+  std::vector<Evento> eventos;
+
+ private:
+  Motores& reales_;
+};
+
+// A statement in which the figures that grow by one from sale to sale are bound; the rest is prepared as it is.
+struct SentenciaPiso {
+  QByteArray sql;
+  std::vector<qint64> inicio, paso;  // value of each place at the first sale, and what each sale adds
+};
+
+// The same statements on the same tables in another folder, the local store's prepared once.
+class Piso {
+ public:
+  // `primera` and `segunda` are two sales that follow each other; the floor begins with `primera`. Databases are the
+  // files of those names in `carpeta`. `log` is what a sale appends to the daily log, line by line.
+  Piso(const std::vector<Evento>& primera, const std::vector<Evento>& segunda, const QString& carpeta,
+       const QList<QByteArray>& log, bool conDisco);
+  ~Piso();
+  Piso(const Piso&) = delete;
+  Piso& operator=(const Piso&) = delete;
+
+  void venta();
+  sqlite3* local() { return local_; }
+
+ private:
+  struct Paso {
+    Evento evento;
+    SentenciaPiso sentencia;
+    sqlite3_stmt* preparada = nullptr;
+  };
+  sqlite3* abrirBase(const QString& nombre);
+  void correr(Paso& paso, sqlite3* base);
+  void escribir(const Paso& paso);
+
+  QString carpeta_;
+  QList<QByteArray> log_;
+  std::vector<Paso> pasos_;
+  sqlite3* local_ = nullptr;
+  bool conDisco_;
+  qint64 van_ = 0;
+};
