@@ -26,13 +26,13 @@ void retratarPortada(const QString& carpeta) {
   }
 }
 
-void mostrarPapel(const QString& archivo) {
-  QFile f(archivo);
+void mostrarPapel(const QString& carpeta, const QString& puerto) {
+  QFile f(carpeta + u'/' + puerto);
   if (!f.open(QIODevice::ReadOnly)) {
-    Decir(QStringLiteral("No se imprimió nada."));
+    Decir(QStringLiteral("No se imprimió nada en %1.").arg(puerto));
     return;
   }
-  Decir(QStringLiteral("Lo impreso:\n"));
+  Decir(QStringLiteral("Lo impreso en %1:\n").arg(puerto));
   Decir(TextoDePapel(f.readAll()));
 }
 
@@ -64,7 +64,7 @@ int ordenDemo(const QStringList& palabras) {
     escena.reloj.alDormir = [&](int) { retratarPortada(capturas); };
   });
   if (estado != kBien) return estado;
-  mostrarPapel(carpeta + QStringLiteral("/puertos/LPT1"));
+  for (const char* puerto : {"LPT1", "LPT2"}) mostrarPapel(carpeta + QStringLiteral("/puertos"), QLatin1String(puerto));
   Decir(QStringLiteral("Papel:     %1/puertos\nPantallas: %2").arg(carpeta, capturas));
   return kBien;
 }
