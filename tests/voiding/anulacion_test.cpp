@@ -1,5 +1,9 @@
 // What a void stores, what it leaves when it stops in the middle, and that the next one puts it right.
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include "anulacion_prueba.h"
+#include "apoyo/puertos_que_matan.h"
 
 namespace {
 
@@ -77,6 +81,53 @@ TEST(Anulacion, EachStatementFailsInTurnAndTheNextVoidPutsItRight) {
       EXPECT_EQ(q(d.queda), p.todo());
     }
     EXPECT_GT(conFilas, 2) << d.codigo;
+  }
+}
+
+// The void of a document by a process of its own; with a plan that kills it doesn't come back.
+void anularEn(PuestoConDocumentos& p, PlanFallas pedido, int codigo, bool alterno) {
+  PlanFallas plan;
+  MotoresQueFallan motores(p.motores, plan);
+  PuertosQueMatan puertos(p.rutas.programa, plan);
+  Puesto otro(motores, puertos, p.reloj, p.mensajes, p.salida, p.rutas);
+  otro.ses = p.ses;
+  EXPECT_TRUE(otro.poDBAdmin.AbrirBD(otro.poCnnLocal, q("driver={Microsoft Access Driver (*.mdb)};DBQ=") + p.ses.psRutaBD));
+  PantallaTransaccion v;
+  v.chkAlterno = alterno;
+  v.txtTransaccion = QString::number(codigo);
+  BuscarTransaccion(otro, v);
+  plan.armar(pedido.n, pedido.falla, pedido.muerte);
+  Anular(otro, v, p.jefe);
+}
+
+// Killed behind each statement and each write to a port: the next void takes up what is there, whatever it is.
+TEST(AnulacionMuerta, TheNextVoidEndsWhatAKilledOneLeft) {
+  for (const auto& d : kDocumentos) {
+    int muertas = 0;
+    for (bool entera = false; !entera; ++muertas) {
+      SCOPED_TRACE(qPrintable(QString::number(d.codigo) + q(": ") + QString::number(muertas + 1)));
+      PuestoConDocumentos p;
+      llenar(p);
+      p.persona().dejaPasar(q("Sí"));
+      p.poCnnLocal.cerrar();  // no connection lives in both processes
+      const pid_t hijo = ::fork();
+      ASSERT_GE(hijo, 0);
+      if (hijo == 0) {
+        PlanFallas plan;
+        plan.armar(muertas + 1, Falla::unaVez, Muerte::despues);
+        anularEn(p, plan, d.codigo, d.alterno);
+        ::_exit(0);
+      }
+      int estado = 0;
+      ASSERT_EQ(hijo, ::waitpid(hijo, &estado, 0));
+      entera = WIFEXITED(estado);
+      EXPECT_TRUE(entera ? WEXITSTATUS(estado) == 0 : WTERMSIG(estado) == SIGKILL);
+      ASSERT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnLocal, q("driver={Microsoft Access Driver (*.mdb)};DBQ=") + p.ses.psRutaBD));
+      p.anular(d.codigo, d.alterno);
+      EXPECT_EQ(q(d.queda), p.todo());
+      EXPECT_EQ(q("ok"), p.filas(q("SELECT integrity_check FROM pragma_integrity_check")));
+    }
+    EXPECT_GT(muertas, 10) << d.codigo;
   }
 }
 
