@@ -3,6 +3,7 @@
 // kill interrupts.
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -119,6 +120,51 @@ TEST(Anulacion, KilledAtAnyStepIsEndedByTheNextOne) {
     EXPECT_GE(repetidas, 2);
     EXPECT_GT(n, 20);
   }
+}
+
+// The closing of the day of two turns, killed on its way: after the next start it goes on, and what it leaves is what the
+// play without a kill leaves, once.
+TEST(Cierre, KilledAtAnyStepClosesTheSameDay) {
+  const QString guion = leerTexto(kDias + QStringLiteral("/dos_turnos.guion"));
+  const qsizetype hasta = guion.indexOf(QStringLiteral("# X-1 y X del segundo turno"));
+  ASSERT_GT(hasta, 0);
+  Mesa vendida;
+  ASSERT_TRUE(vendida.crear());
+  ASSERT_TRUE(vendida.toca(guion.left(hasta).toUtf8()).endsWith(u"ok\n[estado 0]\n"));
+  const QByteArray cierra = "reloj 24/11/2026 21:00:00\n" + kHastaLaVenta +
+                            "responde Sí\nclic Toolbar1(11)\nespera frmAutorizarOperacion\nescribe txtUsuario SUPERVISOR\n"
+                            "escribe txtPassword super\n";
+  const QByteArray cuadre = "espera frmCuadre\ntecla Alt+C\n";
+  static const QRegularExpression numero(QStringLiteral("Correlativo: (\\d+)"));
+  const int salto = qEnvironmentVariableIsSet("TARVOPOS_LARGO") ? 1 : 27;
+  int n = 3;
+  for (bool muere = true; muere; n += salto) {
+    SCOPED_TRACE(n);
+    Mesa m(vendida);
+    muere = m.toca(cierra + "mata despues " + QByteArray::number(n) + "\ntecla Enter\n" + cuadre).endsWith(u"[señal]\n");
+    if (muere) {
+      const int paso = m.filas(QStringLiteral("local SELECT iCierreCaja FROM Configuracion")).mid(1, 1).toInt();
+      if (paso != 6) {
+        EXPECT_TRUE(m.toca(cierra + "tecla Enter\n" + (paso < 5 ? cuadre : QByteArray()) + "espera frmPrincipal\n")
+                        .endsWith(u"ok\n[estado 0]\n"));
+      }
+    }
+    EXPECT_EQ("[6,\"\",2,2096.14,2,2232.24,2,2182.44,29,90,4,0,77]",
+              m.filas(QStringLiteral("local SELECT iCierreCaja, cCodiTurno, (SELECT idz FROM _Tmp1 WHERE prn = 1), (SELECT Imac FROM "
+                                     "_Tmp1 WHERE prn = 1), (SELECT idz FROM _Tmp1 WHERE prn = 2), (SELECT Imac FROM _Tmp1 WHERE prn "
+                                     "= 2), (SELECT COUNT(*) FROM CabeceraZ), (SELECT MontoTotal FROM CabeceraZ WHERE IdZ = 2), "
+                                     "(SELECT COUNT(*) FROM DetalleZ WHERE IdZ = 2), (SELECT SUM(Cantidad) FROM DetalleZ WHERE IdZ "
+                                     "= 2), (SELECT COUNT(*) FROM _Tmp), (SELECT COUNT(*) FROM Operacion WHERE cOperFlagAbierto = "
+                                     "1), (SELECT COUNT(*) FROM Operacion WHERE cOperTipo < 10) FROM Configuracion")));
+    EXPECT_EQ("[38,110,2]", m.filas(QStringLiteral("central SELECT COUNT(*), SUM(nProdCant), (SELECT COUNT(*) FROM TCABECERAZ1 "
+                                                   "WHERE nidEstado = 0) FROM TDETALLEZ1")));
+    QStringList numeros;  // of both printers, whose runs are far apart
+    const QString papeles = m.rollo(QStringLiteral("LPT1")) + m.rollo(QStringLiteral("LPT2"));
+    for (auto i = numero.globalMatch(papeles); i.hasNext();) numeros << i.next().captured(1);
+    EXPECT_GE(numeros.size(), 2);
+    EXPECT_EQ(0, numeros.removeDuplicates());
+  }
+  EXPECT_GT(n, 200);
 }
 
 }  // namespace
