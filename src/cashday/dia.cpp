@@ -23,11 +23,6 @@ const Sobrantes kParalelas{QStringLiteral("Operacionparalela"), QStringLiteral("
 
 const QString kAnteriores = QStringLiteral("dOperFech < (SELECT max(fec) FROM _Tmp)");
 
-// The watermark as it stands once those rows are closed.
-QString marcaSinSobrantes(const Sobrantes& s) {
-  return QStringLiteral("SELECT MAX(%1) AS marca FROM %2 Where coperflagabierto = 0 OR %3").arg(s.clave, s.tabla, kAnteriores);
-}
-
 enum class Apertura { EnCurso, Reanudada };
 
 // Closes them; an opening under way also writes the watermark anew, both or neither. One that is taken up again finds
@@ -46,7 +41,10 @@ bool cerrarAnteriores(Puesto& p, const Sobrantes& s, Apertura apertura, bool& ce
   if (Numero(rs[u"nCount"]) <= 0) return true;
   QStringList cierre{QStringLiteral("UPDATE %1 SET coperflagabierto = '0' WHERE %2").arg(s.tabla, cuales)};
   if (apertura == Apertura::EnCurso) {
-    if (!consultar(p, marcaSinSobrantes(s), rs)) return false;
+    if (!consultar(p, QStringLiteral("SELECT MAX(%1) AS marca FROM %2 Where coperflagabierto = 0 OR %3")
+                          .arg(s.clave, s.tabla, kAnteriores), rs)) {
+      return false;
+    }
     cierre << QStringLiteral("UPDATE Configuracion SET %1 = %2").arg(s.marca, LimpiarNulo(rs[u"marca"]));
   }
   if (const auto error = EjecutarJuntas(p.poCnnLocal, cierre)) {
@@ -70,10 +68,13 @@ bool cerrarDiasAnteriores(Puesto& p, Principal& principal, Apertura apertura) {
 
 // The watermarks of an opening leave out at once what it will close: a desk that dies before it has closed them counts
 // no row of yesterday. What can't be read is told where the rows are closed.
-void pasarSobrantes(Puesto& p, MarcasDia& m) {
+void pasarSobrantes(Puesto& p, const Sobrantes& s, QString& marca) {
   Recordset rs;
-  if (!p.poCnnLocal.consultar(marcaSinSobrantes(kOperaciones), rs) && !rs[0].isNull()) m.cOperIdx = LimpiarNulo(rs[0]);
-  if (!p.poCnnLocal.consultar(marcaSinSobrantes(kParalelas), rs) && !rs[0].isNull()) m.cOperCodex = LimpiarNulo(rs[0]);
+  if (p.poCnnLocal.consultar(QStringLiteral("SELECT MAX(%1) AS marca FROM %2 Where coperflagabierto = 1 AND %3")
+                                 .arg(s.clave, s.tabla, kAnteriores), rs)) {
+    return;
+  }
+  if (Numero(rs[u"marca"]) > Val(marca)) marca = LimpiarNulo(rs[u"marca"]);
 }
 
 bool fallaApertura(Puesto& p) {
@@ -166,7 +167,8 @@ bool AbrirCaja(Puesto& p, FrmApertura& v, Principal& principal) {
   if (AvisarRelojAtrasado(p)) return false;
   MarcasDia m;
   if (!LeerMarcas(p, m)) return fallaApertura(p);
-  pasarSobrantes(p, m);
+  pasarSobrantes(p, kOperaciones, m.cOperIdx);
+  pasarSobrantes(p, kParalelas, m.cOperCodex);
   const QString turno = QStringLiteral("01");
   if (!p.poDBAdmin.EjecutarSentencia(
           p.poCnnLocal,

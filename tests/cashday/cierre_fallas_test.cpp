@@ -184,6 +184,58 @@ TEST(CierreSinCentral, EachFailureIsToldOnceAndTheChainGoesOn) {
   }
 }
 
+// A Z1 longer than the 21 blocks of a report: no line is lost; when the paper ends half way, or right at its start, that is
+// told once a paper and the day closes with the same totals.
+TEST(CierreLargo, LosesNoLineAndClosesWithoutPaper) {
+  struct PapelQueSeAcaba final : PuertosQueMatan {
+    using PuertosQueMatan::PuertosQueMatan;
+    int van = 0, desde = 0;
+    std::optional<QString> copiar(const QString& archivo, const QString& puerto) override {
+      if (++van >= desde && desde > 0) return q("Falta papel.");
+      return PuertosQueMatan::copiar(archivo, puerto);
+    }
+  };
+  constexpr int kAdelantos = 2100;
+  const struct { int desde, cajas, adelantos; } casos[] = {
+      {0, 0, kAdelantos}, {12, 4, 11 * 101 - 20}, {1, 4, 0}};  // twenty lines stand before the first of them
+  for (const auto& c : casos) {
+    SCOPED_TRACE(c.desde);
+    DiaVendido p;
+    ASSERT_FALSE(p.poCnnLocal.iniciar());
+    p.ejecuta(q("INSERT INTO Usuario (sUserDesc, sUserName, sUserApel) VALUES ('ANA', 'ADELANTO', 'X')"));
+    for (int n = 0; n < kAdelantos; ++n) {
+      p.ejecuta(q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, cDocTipo, cDocSerie, cDocCodigo, cEstado, nMontoSoles, "
+                  "cTurnoCodi, cUserDesc) VALUES (%1, 22, '12', 'PA1', %1, '1', 1, '01', 'ANA')").arg(n + 2));
+    }
+    ASSERT_FALSE(p.poCnnLocal.confirmar());
+    p.poCnnLocal.cerrar();
+    PlanFallas plan;
+    PapelQueSeAcaba puertos(p.rutas.programa, plan);
+    puertos.desde = c.desde;
+    PersonaQueCierra persona;
+    Puesto otro(p.motores, puertos, p.reloj, persona, p.salida, p.rutas);
+    otro.ses = p.ses;
+    ASSERT_TRUE(otro.poDBAdmin.AbrirBD(otro.poCnnLocal, q("driver={Microsoft Access Driver (*.mdb)};DBQ=") + p.ses.psRutaBD));
+    Principal v;
+    CargarPrincipal(otro, v);
+    PantallasCierre pantallas(otro);
+    CerrarCaja(otro, v, pantallas, [](const QString&) {});
+    otro.poCnnLocal.cerrar();
+    abrirDeNuevo(p);
+    EXPECT_EQ(c.cajas, persona.cajas.count(q("Falta papel.")));
+    EXPECT_EQ(c.cajas + 1, persona.cajas.size()) << qPrintable(persona.cajas.join(u'\n'));
+    EXPECT_EQ(6, p.paso());
+    EXPECT_EQ(QString(kTotalesDelDia).replace(q("|0|0|1/"), q("|0|0|2101/")), p.totales());
+    EXPECT_TRUE(v.demasMenus && v.mantenimiento[kIniciarCaja]);
+    QFile f(p.rutas.enPrograma(q("puertos/LPT2")));
+    const QByteArray rollo = f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    EXPECT_EQ(c.adelantos, rollo.count("\nADELANTO X "));
+    if (c.desde == 0) {
+      EXPECT_EQ(21, plan.sentencias.count(q("PUERTO LPT2")));
+    }
+  }
+}
+
 class CierreConFallas : public testing::TestWithParam<Falla> {};
 
 TEST_P(CierreConFallas, EachStatementHasItsTurn) {
