@@ -152,6 +152,15 @@ Nodo Reescritor::llamada(int ini) {
     if (i > 0) ramas = comun(ramas, args[i].tipo);
   }
   n.tipo = tipoResultado(regla->resultado, args, todos, ramas);
+  if (jet_ && (tk(nombre).es(u"INT") || tk(nombre).es(u"FIX")) && args[0].tipo == Tipo::Fecha) {  // its day
+    e_.reemplazar(nombre, QStringLiteral("tp_datevalue"));
+    n.tipo = Tipo::Fecha;
+  }
+  if (!jet_ && tk(nombre).es(u"AVG") && args[0].tipo == Tipo::Entero) {  // the mean of whole numbers is whole there
+    e_.reemplazar(nombre, QStringLiteral("CAST(avg"));
+    e_.despues(p_ - 1, QStringLiteral(" AS INTEGER)"));
+    n.tipo = Tipo::Entero;
+  }
   return n;
 }
 

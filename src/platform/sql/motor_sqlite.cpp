@@ -412,7 +412,12 @@ std::optional<ErrorBD> MotorSqlite::directa(const char* sql) {
 
 std::optional<ErrorBD> MotorSqlite::iniciar() { return directa("BEGIN IMMEDIATE"); }
 std::optional<ErrorBD> MotorSqlite::confirmar() { return directa("COMMIT"); }
-std::optional<ErrorBD> MotorSqlite::deshacer() { return directa("ROLLBACK"); }
+
+// A full disk has undone the transaction already.
+std::optional<ErrorBD> MotorSqlite::deshacer() {
+  if (sqlite3_get_autocommit(base_) != 0) return {};
+  return directa("ROLLBACK");
+}
 
 QString MotorSqlite::traducir(const QString& sql) {
   if (entorno_.dialecto == Dialecto::TSql && leerLlamada(sql)) return sql;

@@ -78,6 +78,13 @@ Nodo Reescritor::unario() {
 
 Nodo Reescritor::binario(Nodo izq, int op, int prec) {
   ++p_;
+  // Equal to any of them is in them; apart from all of them is not in them.
+  const bool alguno = tk(op).op(u"=") && (es(u"ANY") || es(u"SOME")), ninguno = tk(op).op(u"<>") && es(u"ALL");
+  if ((alguno || ninguno) && tk(p_ + 1).op(u"(")) {
+    e_.reemplazar(op, alguno ? QStringLiteral(" IN") : QStringLiteral(" NOT IN"));
+    e_.borrar(p_++);
+    return enLista(izq, op);
+  }
   Nodo der = expresion(prec + 1);
   Nodo n{izq.ini, p_};
   if (der.vacio()) return n;

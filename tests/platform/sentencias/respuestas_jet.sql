@@ -712,3 +712,146 @@ DROP TABLE T2
 DROP TABLE T3
 DROP TABLE T4
 DROP TABLE T5
+CREATE TABLE T1 (id INTEGER, nom TEXT(20), imp DOUBLE, fec DATETIME, flag INTEGER, est TEXT(1))
+INSERT INTO T1 VALUES (1,'Ana',10.5,'24/11/2026 10:00',1,'1')
+INSERT INTO T1 VALUES (2,'ÑATO',20,#11/25/2026 10:30#,0,'2')
+INSERT INTO T1 VALUES (3,'Óscar',Null,Null,1,'1')
+INSERT INTO T1 VALUES (4,'ana','7',#1/2/2026#,0,Null)
+SELECT id FROM T1 WHERE id = ANY (SELECT id FROM T1 WHERE flag=0) ORDER BY id
+  2/4
+SELECT id FROM T1 WHERE id <> ALL (SELECT id FROM T1 WHERE flag=0) ORDER BY id
+  1/3
+SELECT COUNT(*) FROM T1 WHERE est = 1
+  2
+SELECT id FROM T1 WHERE est IN (1,2) ORDER BY id
+  1/2/3
+SELECT id FROM T1 WHERE id IN ('1','2') ORDER BY id
+  1/2
+SELECT id FROM T1 WHERE fec IN (#11/25/2026 10:30#)
+  2
+SELECT nom, COUNT(*) FROM T1 GROUP BY nom ORDER BY 1
+  Ana|2/ÑATO|1/Óscar|1
+SELECT DISTINCT nom FROM T1 ORDER BY nom
+  Ana/ÑATO/Óscar
+SELECT FORMAT(fec,'yyyymm') AS m, COUNT(*) AS n FROM T1 WHERE NOT fec IS NULL GROUP BY FORMAT(fec,'yyyymm') ORDER BY FORMAT(fec,'yyyymm')
+  202601|1/202611|2
+SELECT IIf(flag=1,'a',IIf(imp>10,'b','c')) AS k, SUM(imp) AS s FROM T1 GROUP BY IIf(flag=1,'a',IIf(imp>10,'b','c')) ORDER BY 1
+  a|10.5/b|20/c|7
+SELECT id FROM T1 WHERE (fec >= #11/24/2026# And fec < #11/25/2026#) Or id = 4 ORDER BY id
+  1/4
+SELECT id FROM T1 WHERE Year(fec)=2026 And Month(fec)=11 ORDER BY id
+  1/2
+SELECT id FROM T1 WHERE DateValue(fec)=#11/24/2026#
+  1
+SELECT id FROM T1 WHERE Int(fec)=#11/24/2026#
+  1
+SELECT id FROM T1 WHERE fec > Date()-60 And fec < #11/25/2026#
+SELECT MAX(id)+1 AS n FROM T1
+  5
+SELECT IIF(ISNULL(MAX(id)),1,MAX(id)+1) FROM T1 WHERE id>9
+  1
+SELECT SUM(imp*IIf(flag=1,1,-1)) FROM T1
+  -16.5
+SELECT SUM(imp)/COUNT(imp) FROM T1
+  12.5
+SELECT Round(SUM(imp)/3,2) FROM T1
+  12.5
+SELECT AVG(id) FROM T1
+  2.5
+SELECT TOP 1 id FROM T1 ORDER BY imp DESC, id
+  2
+SELECT id, imp FROM T1 ORDER BY imp, id
+  3|Null/4|7/1|10.5/2|20
+SELECT id FROM T1 ORDER BY (flag=1), id
+  1/3/2/4
+SELECT id FROM T1 ORDER BY flag=1 DESC, id
+  2/4/1/3
+SELECT t.id, u.id FROM T1 t, T1 u WHERE t.nom=u.nom AND t.id<u.id
+  1|4
+SELECT A.n FROM (SELECT COUNT(*) AS n, flag FROM T1 GROUP BY flag) AS A WHERE A.flag=0
+  2
+SELECT 'T' & Format(id,'000') & '-' & Left(nom,2) FROM T1 WHERE id=2
+  T002-ÑA
+SELECT Mid(nom,InStr(nom,'t')) FROM T1 WHERE id=2
+  TO
+SELECT Val(Mid('AB012',3)) + id FROM T1 WHERE id=1
+  13
+SELECT Trim(Str(id)) & '/' & CStr(imp) FROM T1 WHERE id=1
+  1/10.5
+SELECT IIf(imp Is Null,0,imp) FROM T1 WHERE id=3
+  0
+SELECT IIf(IsNull(imp),0,imp)*2 FROM T1 ORDER BY id
+  21/40/0/14
+SELECT -imp FROM T1 WHERE id=1
+  -10.5
+SELECT id FROM T1 WHERE -id = -2
+  2
+SELECT id FROM T1 WHERE Not (id=1 Or id=2) ORDER BY id
+  3/4
+SELECT id FROM T1 WHERE id Not Between 2 And 3 ORDER BY id
+  1/4
+SELECT id FROM T1 WHERE imp Between '7' And '11' ORDER BY id
+  1/4
+SELECT id FROM T1 WHERE nom Like 'ana' And id<>1
+  4
+SELECT id FROM T1 WHERE nom Like '*a*' AND nom Not Like '*c*' ORDER BY id
+  1/2/4
+SELECT id FROM T1 WHERE fec Like '*2026*' ORDER BY id
+  1/2/4
+SELECT id FROM T1 WHERE imp Like '1*'
+  1
+UPDATE T1 SET imp = imp + 1, nom = UCase(nom) WHERE id IN (SELECT MAX(id) FROM T1)
+SELECT nom, imp FROM T1 WHERE id=4
+  ANA|8
+UPDATE T1 SET imp = (SELECT COUNT(*) FROM T1 AS x WHERE x.flag = T1.flag)
+SELECT imp FROM T1 ORDER BY id
+  2/2/2/2
+UPDATE T1 AS a INNER JOIN T1 AS b ON a.nom=b.nom SET a.imp = b.id*10 WHERE a.id=4 AND b.id=1
+SELECT id,imp FROM T1 ORDER BY id
+  1|2/2|2/3|2/4|10
+UPDATE T1 LEFT JOIN (SELECT id AS k FROM T1 WHERE flag=0) AS q ON T1.id=q.k SET T1.est='X' WHERE q.k IS NULL
+SELECT id FROM T1 WHERE est='x' ORDER BY id
+  1/3
+UPDATE T1 INNER JOIN T1 AS b ON T1.id=b.id SET T1.imp=1, b.imp=2
+  error
+UPDATE T1 SET fec=Null, est='' WHERE id=1
+SELECT fec, est FROM T1 WHERE id=1
+  Null|
+UPDATE T1 SET noexiste=1
+  error
+UPDATE T1, NoHay SET T1.id=1
+  error
+INSERT INTO T1 (id, fec) SELECT id+10, fec FROM T1 WHERE id=2
+SELECT fec FROM T1 WHERE id=12
+  <2026-11-25 10:30:00>
+INSERT INTO T1 (id, fec, nom) SELECT 13, '31/12/2026', 5 FROM T1 WHERE id=1
+SELECT fec, nom FROM T1 WHERE id=13
+  <2026-12-31 00:00:00>|5
+INSERT INTO T1 (id,fec) VALUES (14,Now())
+INSERT INTO T1 (id,fec) VALUES (15,Date()-1)
+SELECT DateDiff('d',fec,Date()) FROM T1 WHERE id=15
+  1
+INSERT INTO T1 (id,flag) VALUES (16,True)
+SELECT flag FROM T1 WHERE id=16
+  -1
+SELECT id FROM T1 WHERE flag=True
+  16
+INSERT INTO T1 (id,flag) VALUES (17,1=1)
+SELECT flag FROM T1 WHERE id=17
+  -1
+DELETE FROM T1 WHERE id>10
+DELETE a.* FROM T1 AS a, T1 AS b WHERE a.nom=b.nom AND a.id>b.id
+SELECT COUNT(*) FROM T1
+  3
+DELETE * FROM T1 AS z WHERE z.id=3
+DELETE FROM NoHay
+  error
+SELECT * INTO T1 FROM T1
+  error
+SELECT 1 AS a INTO T9
+SELECT a FROM T9
+  1
+DROP TABLE T9
+DROP TABLE T1
+SELECT 1; SELECT 2
+  error
