@@ -78,7 +78,8 @@ SentenciaPiso comoPiso(const QString& a, const QString& b) {
 std::unique_ptr<Motor> MotoresGrabados::abrir(const QString& cadena, int espera_ms, ErrorBD& error) {
   auto motor = reales_.abrir(cadena, espera_ms, error);
   if (!motor) return motor;
-  const QString base = QFileInfo(leerCadenaConexion(cadena).archivo).fileName();
+  QString& base = bases_[cadena];
+  if (base.isEmpty()) base = QFileInfo(leerCadenaConexion(cadena).archivo).fileName();
   return std::make_unique<MotorGrabado>(std::move(motor), base, *this);
 }
 

@@ -28,6 +28,7 @@ class MotoresGrabados final : public Motores {
 
  private:
   Motores& reales_;
+  QHash<QString, QString> bases_;  // the file by the connection string
 };
 
 // A statement in which the figures that grow by one from sale to sale are bound; the rest is prepared as it is.

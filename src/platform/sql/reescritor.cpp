@@ -32,7 +32,6 @@ Reescritura Reescritor::correr() {
     r.error = ErrorBD{kErrorSentencia, 0, QStringLiteral("La sentencia es demasiado compleja.")};
     return r;
   }
-  r.tablaAjena = tablaAjena_;
   return r;
 }
 
@@ -53,13 +52,6 @@ void Reescritor::separarSignos() {
     const bool comentario = (tk(i).op(u"-") && tk(i + 1).op(u"-")) || (tk(i).op(u"/") && tk(i + 1).op(u"*"));
     if (juntos && comentario) e_.despues(i, QStringLiteral(" "));
   }
-}
-
-// The catalogue's table; one that it lacks is noted, since another program may have made it meanwhile.
-const Tabla* Reescritor::buscarTabla(const QString& nombre) {
-  const Tabla* t = c_.tabla(nombre);
-  if (!t && !nombre.isEmpty()) tablaAjena_ = true;
-  return t;
 }
 
 // SELECT ... [UNION [ALL] SELECT ...] [ORDER BY ...], and the closing parenthesis stays for the caller.
@@ -250,7 +242,7 @@ void Reescritor::ordenYGrupo() {
 void Reescritor::insertar() {
   ++p_;
   if (!come(u"INTO") && tk(p_).nombre()) e_.antes(p_, QStringLiteral("INTO "));
-  const Tabla* tabla = buscarTabla(nombreDeTabla());
+  const Tabla* tabla = c_.tabla(nombreDeTabla());
   const std::vector<Columna> columnas = columnasDeInsercion(tabla);
   if (come(u"VALUES")) {
     filasDeValores(columnas);
@@ -303,7 +295,7 @@ void Reescritor::actualizar() {
   ++p_;
   ambitos_.emplace_back();
   const QString nombre = nombreDeTabla();
-  const Tabla* tabla = buscarTabla(nombre);
+  const Tabla* tabla = c_.tabla(nombre);
   agregarFuente(nombre, aliasDeFuente(true));
   if (!come(u"SET")) return;
   ligable_ = true;

@@ -65,7 +65,6 @@ class Reescritor {
   QString nombreDeTabla();
   QString aliasDeFuente(bool pedirAs = false);
   void sinPistas();
-  const Tabla* buscarTabla(const QString& nombre);
   void agregarFuente(const QString& tabla, const QString& alias);
 
   // Expressions (reescritor_expresiones.cpp)
@@ -126,6 +125,5 @@ class Reescritor {
   bool rendido_ = false;
   bool ligable_ = false;
   bool distinto_ = false;   // the list at hand is of a SELECT DISTINCT
-  bool tablaAjena_ = false;
   std::vector<Ambito> ambitos_;
 };
