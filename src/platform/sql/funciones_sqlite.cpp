@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <cmath>
+#include <cstring>
 
 #include "platform/sql/contiene.h"
 #include "platform/sql/edicion.h"
@@ -387,6 +388,7 @@ const EntradaFuncion kFunciones[] = {
     {"tp_bool", 1, fBool},         {"tp_string", 2, fString},     {"tp_reverso", 1, fReverso},
     {"tp_concat", -1, fConcat},    {"tp_replace", 3, fReplace},   {"tp_stuff", 4, fStuff},
     {"tp_str", -1, fStr},          {"tp_strcomp", -1, fStrcomp},  {"tp_instrrev", 2, fInstrrev},
+    {"tp_primero", 1, fExtremo<true>, finExtremo}, {"tp_ultimo", 1, fExtremo<false>, finExtremo},
     {nullptr, 0, nullptr}};
 
 int comparar(int na, const void* a, int nb, const void* b, bool sinFinales) {
@@ -492,25 +494,42 @@ bool pareceSql(QStringView texto, QStringView patron, Dialecto dialecto, QChar e
   return Parecido(texto, patron, dialecto == Dialecto::Jet, escape).correr();
 }
 
-int registrarFunciones(sqlite3* base, EntornoFunciones& entorno) {
-  int rc = SQLITE_OK;
+namespace {
+
+int registrar(sqlite3* base, EntornoFunciones& entorno, const EntradaFuncion& f) {
+  const bool cambia = qstrcmp(f.nombre, "tp_ahora") == 0 || qstrcmp(f.nombre, "tp_hoy") == 0 ||
+                      qstrcmp(f.nombre, "tp_hora") == 0;
+  const int trato = SQLITE_UTF8 | SQLITE_INNOCUOUS | (cambia ? 0 : SQLITE_DETERMINISTIC);
+  return sqlite3_create_function_v2(base, f.nombre, f.argumentos, trato, &entorno, f.final ? nullptr : f.funcion,
+                                    f.final ? f.funcion : nullptr, f.final, nullptr);
+}
+
+// All names begin with "tp_" and are found without regard to case.
+int registrarNombrada(sqlite3* base, EntornoFunciones& entorno, std::string_view nombre) {
   for (const EntradaFuncion* tabla : {static_cast<const EntradaFuncion*>(kFunciones), funcionesDeFecha()}) {
-    for (const EntradaFuncion* f = tabla; f->nombre && rc == SQLITE_OK; ++f) {
-      const bool cambia = qstrcmp(f->nombre, "tp_ahora") == 0 || qstrcmp(f->nombre, "tp_hoy") == 0 ||
-                          qstrcmp(f->nombre, "tp_hora") == 0;
-      rc = sqlite3_create_function_v2(base, f->nombre, f->argumentos,
-                                      SQLITE_UTF8 | SQLITE_INNOCUOUS | (cambia ? 0 : SQLITE_DETERMINISTIC), &entorno,
-                                      f->funcion, nullptr, nullptr, nullptr);
+    for (const EntradaFuncion* f = tabla; f->nombre; ++f) {
+      const bool este = std::strlen(f->nombre) == nombre.size() &&
+                        sqlite3_strnicmp(f->nombre, nombre.data(), static_cast<int>(nombre.size())) == 0;
+      if (!este) continue;
+      return entorno.registradas.insert(f).second ? registrar(base, entorno, *f) : SQLITE_OK;
     }
   }
-  const auto agregado = [&](const char* nombre, void (*paso)(sqlite3_context*, int, sqlite3_value**)) {
-    if (rc == SQLITE_OK) {
-      rc = sqlite3_create_function_v2(base, nombre, 1, SQLITE_UTF8, &entorno, nullptr, paso, finExtremo, nullptr);
-    }
-  };
-  agregado("tp_primero", fExtremo<true>);
-  agregado("tp_ultimo", fExtremo<false>);
-  if (rc != SQLITE_OK) return rc;
+  return SQLITE_OK;
+}
+
+}  // namespace
+
+int registrarFunciones(sqlite3* base, EntornoFunciones& entorno, const QByteArray& sentencia) {
+  const std::string_view s(sentencia.data(), static_cast<size_t>(sentencia.size()));
+  int rc = SQLITE_OK;
+  for (size_t i = 0; rc == SQLITE_OK && (i = s.find('_', i)) != s.npos; ++i) {
+    if (i < 2 || sqlite3_strnicmp(s.data() + i - 2, "tp_", 3) != 0) continue;
+    size_t fin = i + 1;
+    while (fin < s.size() && std::isalpha(static_cast<unsigned char>(s[fin]))) ++fin;
+    rc = registrarNombrada(base, entorno, s.substr(i - 2, fin - i + 2));
+  }
+  if (rc != SQLITE_OK || entorno.conColacion || sqlite3_strlike("%TARVO%", sentencia.data(), 0) != 0) return rc;
+  entorno.conColacion = true;
   return sqlite3_create_collation_v2(base, "TARVO", SQLITE_UTF8, nullptr,
                                      entorno.dialecto == Dialecto::Jet ? colacionJet : colacionTSql, nullptr);
 }

@@ -32,7 +32,6 @@ Reescritura Reescritor::correr() {
     r.error = ErrorBD{kErrorSentencia, 0, QStringLiteral("La sentencia es demasiado compleja.")};
     return r;
   }
-  r.tablaAjena = tablaAjena_;
   r.tablaNueva = tablaNueva_;
   return r;
 }
@@ -54,13 +53,6 @@ void Reescritor::separarSignos() {
     const bool comentario = (tk(i).op(u"-") && tk(i + 1).op(u"-")) || (tk(i).op(u"/") && tk(i + 1).op(u"*"));
     if (juntos && comentario) e_.despues(i, QStringLiteral(" "));
   }
-}
-
-// The catalogue's table; one that it lacks is noted, since another program may have made it meanwhile.
-const Tabla* Reescritor::buscarTabla(const QString& nombre) {
-  const Tabla* t = c_.tabla(nombre);
-  if (!t && !nombre.isEmpty()) tablaAjena_ = true;
-  return t;
 }
 
 // SELECT ... [UNION [ALL] SELECT ...] [ORDER BY ...], and the closing parenthesis stays for the caller.
@@ -276,7 +268,7 @@ void Reescritor::ordenYGrupo() {
 void Reescritor::insertar() {
   ++p_;
   if (!come(u"INTO") && tk(p_).nombre()) e_.antes(p_, QStringLiteral("INTO "));
-  const Tabla* tabla = buscarTabla(nombreDeTabla());
+  const Tabla* tabla = c_.tabla(nombreDeTabla());
   const std::vector<Columna> columnas = columnasDeInsercion(tabla);
   if (come(u"VALUES")) {
     filasDeValores(columnas);

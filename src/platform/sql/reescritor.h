@@ -72,7 +72,6 @@ class Reescritor {
   QString nombreDeTabla();
   QString aliasDeFuente(bool pedirAs = false);
   void sinPistas();
-  const Tabla* buscarTabla(const QString& nombre);
   void agregarFuente(const QString& tabla, const QString& alias);
 
   // Expressions (reescritor_expresiones.cpp)
@@ -137,7 +136,6 @@ class Reescritor {
   bool rendido_ = false;
   bool ligable_ = false;
   bool distinto_ = false;   // the list at hand is of a SELECT DISTINCT
-  bool tablaAjena_ = false;
   QString tablaNueva_;      // of SELECT ... INTO
   std::vector<Ambito> ambitos_;
 };
