@@ -28,6 +28,18 @@ Tipo tipoDeclarado(const QString& declaracion) {
   return Tipo::Desconocido;
 }
 
+QString declaracionDe(Tipo tipo) {
+  switch (tipo) {
+    case Tipo::Fecha: return QStringLiteral("DATETIME");
+    case Tipo::Logico:
+    case Tipo::Entero: return QStringLiteral("INTEGER");
+    case Tipo::Texto: return QStringLiteral("TEXT COLLATE NOCASE");
+    case Tipo::Real: return QStringLiteral("REAL");
+    case Tipo::Numero: return QStringLiteral("NUMERIC");
+    default: return {};
+  }
+}
+
 void Catalogo::leer(sqlite3* base) {
   tablas_.clear();
   static const char kColumnas[] =

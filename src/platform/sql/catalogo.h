@@ -28,6 +28,8 @@ struct Tabla {
 
 // The type that a declaration such as "DATETIME" or "VARCHAR(10)" stands for.
 Tipo tipoDeclarado(const QString& declaracion);
+// ... and back: how a column of that type is declared.
+QString declaracionDe(Tipo tipo);
 
 class Catalogo {
  public:

@@ -223,13 +223,44 @@ std::optional<ErrorBD> MotorSqlite::correrSentencia(const QString& sql, Recordse
   std::optional<ErrorBD> error;
   const std::shared_ptr<Preparada> p = prepararForma(sql, error);
   if (!p) return error;
-  error = ligar(*p, sql);
-  if (!error) error = recorrer(*p, rs, afectadas);
+  if (p->tablaNueva.isEmpty()) {
+    error = ligar(*p, sql);
+    if (!error) error = recorrer(*p, rs, afectadas);
+  } else {
+    error = llenarTablaNueva(*p, sql, afectadas);
+  }
   if (p->cambiaEsquema) {
     catalogoLeido_ = false;
     formas_.vaciar();
   }
   return error;
+}
+
+// SELECT ... INTO: a table with the types of the list, then its rows; both or neither.
+std::optional<ErrorBD> MotorSqlite::llenarTablaNueva(const Preparada& p, const QString& sql, qint64* afectadas) {
+  const auto nombre = [](QString n) { return u'"' + n.replace(u'"', QStringLiteral("\"\"")) + u'"'; };
+  QStringList columnas;
+  for (qsizetype i = 0; i < p.campos.size(); ++i) {
+    const auto k = static_cast<size_t>(i);
+    columnas << nombre(p.campos[i]) + u' ' + declaracionDe(k < p.tipos.size() ? p.tipos[k] : Tipo::Desconocido);
+  }
+  const QString crear = QStringLiteral("CREATE TABLE %1 (%2)").arg(nombre(p.tablaNueva), columnas.join(u','));
+  if (auto e = directa("SAVEPOINT nueva")) return e;
+  auto error = directa(crear.toUtf8().constData());
+  if (!error) {
+    Preparada llena;
+    llena.literales = p.literales;
+    const QByteArray texto = "INSERT INTO " + nombre(p.tablaNueva).toUtf8() + ' ' + sqlite3_sql(p.sentencia);
+    const int largo = static_cast<int>(texto.size());
+    const int rc = sqlite3_prepare_v2(base_, texto.constData(), largo, &llena.sentencia, nullptr);
+    if (rc != SQLITE_OK) error = errorDe(base_, rc);
+    if (!error) error = ligar(llena, sql);
+    if (!error) error = recorrer(llena, nullptr, nullptr);
+    if (!error && afectadas) *afectadas = sqlite3_changes64(base_);
+  }
+  if (error) directa("ROLLBACK TO nueva");
+  const auto cierre = directa("RELEASE nueva");
+  return error ? error : cierre;
 }
 
 std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, std::optional<ErrorBD>& error) {
@@ -257,7 +288,8 @@ std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, std::o
   }
   auto p = std::make_shared<Preparada>();
   p->literales = edicion->literales();
-  p->cambiaEsquema = r.cambiaEsquema;
+  p->cambiaEsquema = r.cambiaEsquema || !r.tablaNueva.isEmpty();
+  p->tablaNueva = r.tablaNueva;
   const QByteArray texto = edicion->texto(false).toUtf8();
   if (texto.contains('\0')) {  // the engine would read no further
     error = errorPropio(kErrorSentencia, QStringLiteral("La sentencia contiene un carácter nulo."));
@@ -280,6 +312,7 @@ std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, std::o
     const char* declarado = sqlite3_column_decltype(p->sentencia, i);
     p->fechas.push_back((declarado && tipoDeclarado(QString::fromUtf8(declarado)) == Tipo::Fecha) ||
                         (conTipos && r.salida[i].tipo == Tipo::Fecha));
+    if (conTipos) p->tipos.push_back(r.salida[i].tipo);
   }
   std::vector<int> fijos;
   for (size_t i = 0; i < p->literales.size(); ++i) {

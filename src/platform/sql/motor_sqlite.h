@@ -33,6 +33,7 @@ class MotorSqlite final : public Motor, public AccesoMotor {
   std::optional<ErrorBD> registrarServidor();
   std::optional<ErrorBD> correr(const QString& sql, Recordset* rs, qint64* afectadas);
   std::optional<ErrorBD> correrSentencia(const QString& sql, Recordset* rs, qint64* afectadas);
+  std::optional<ErrorBD> llenarTablaNueva(const Preparada& p, const QString& sql, qint64* afectadas);
   std::optional<ErrorBD> llamar(const Llamada& llamada, Recordset* rs);
   std::shared_ptr<Preparada> prepararForma(const QString& sql, std::optional<ErrorBD>& error);
   std::optional<ErrorBD> ligar(Preparada& p, const QString& sql);
