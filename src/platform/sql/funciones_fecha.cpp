@@ -142,6 +142,7 @@ const char16_t* mascaraDeEstilo(int estilo) {
     case 111: return u"yyyy/mm/dd";
     case 112: return u"yyyymmdd";
     case 120: case 121: return u"yyyy-mm-dd hh:nn:ss";
+    case 126: return u"yyyy-mm-ddThh:nn:ss";
     default: return nullptr;
   }
 }

@@ -357,6 +357,14 @@ QString fechaConMascara(QDateTime f, QString mascara) {
   return FormatearFecha(f, mascara.left(i)) + mitad + FormatearFecha(f, mascara.mid(i + 5));
 }
 
+// Up to three masks: of positive numbers, of negative ones, of zero.
+QString numeroConMascara(double x, const QString& mascara) {
+  const QStringList partes = mascara.split(u';');
+  const bool negativo = x < 0 && !partes.value(1).isEmpty(), cero = x == 0 && !partes.value(2).isEmpty();
+  const QString parte = partes[negativo ? 1 : cero ? 2 : 0];
+  return Formatear((negativo ? -x : x) * (parte.contains(u'%') ? 100 : 1), parte);
+}
+
 // A mask of places formats a number, > and < a text, any other a date.
 void fFormat(sqlite3_context* c, int n, sqlite3_value** v) {
   if (hayNulo(n, v)) {  // FORMAT of Null is a blank text there
@@ -368,7 +376,7 @@ void fFormat(sqlite3_context* c, int n, sqlite3_value** v) {
   if (mascara == u">" || mascara == u"<") return darTexto(c, mascara == u">" ? t.toUpper() : t.toLower());
   if (mascara.contains(u'0') || mascara.contains(u'#')) {
     const QVariant x = sqlite3_value_type(v[0]) == SQLITE_TEXT ? leerNumero(t) : QVariant(sqlite3_value_double(v[0]));
-    return darTexto(c, x.isValid() ? Formatear(x.toDouble() * (mascara.contains(u'%') ? 100 : 1), mascara) : t);
+    return darTexto(c, x.isValid() ? numeroConMascara(x.toDouble(), mascara) : t);
   }
   const auto f = leerInstante(t);
   darTexto(c, f ? fechaConMascara(*f, mascara) : t);

@@ -25,6 +25,7 @@ Reescritura Reescritor::correr() {
   } else if (es(u"DELETE")) {
     borrarFilas();
   } else {
+    if (!jet_ && tk(1).es(u"TRAN")) e_.reemplazar(1, QStringLiteral("TRANSACTION"));
     r.cambiaEsquema = es(u"CREATE") || es(u"ALTER") || es(u"DROP");
     return r;
   }

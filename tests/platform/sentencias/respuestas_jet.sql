@@ -855,3 +855,7 @@ DROP TABLE T9
 DROP TABLE T1
 SELECT 1; SELECT 2
   error
+SELECT Format(#11/24/2026#,'dddd d mmmm yyyy')
+  martes 24 noviembre 2026
+SELECT Format(-5,'0.00;(0.00)'), Format(5,'0.00;(0.00)')
+  (5.00)|5.00
