@@ -148,7 +148,7 @@ TEST(Fuzz, MutatedStatementsNeverHarm) {
   opciones.procedimientos = procedimientosDeServidores();
   // One time for both answers, whatever second it is.
   opciones.ahora = [] { return QDateTime(QDate(2026, 11, 24), QTime(17, 5, 30)); };
-  opciones.interrumpir = [&] { return ++vueltas > 2000; };
+  opciones.interrumpir = [&] { return ++vueltas > 200; };
   Lado lados[] = {{true, tablasDelPuesto(), leerSentencias("local"), opciones},
                   {false, tablasDelCentral(), leerSentencias("central"), opciones}};
   Catalogo vacio;
