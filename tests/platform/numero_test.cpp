@@ -52,22 +52,10 @@ TEST(Texto, CutsByCharactersAndKeepsOneByteEach) {
 }
 
 TEST(Fecha, EitherOrder) {
-  const struct { const char *porque, *texto; OrdenFecha orden; const char* sale; } kCasos[] = {
-      {"day first", "03/04/2025 10:05", OrdenFecha::DiaMes, "2025-04-03 10:05:00"},
-      {"month first", "03/04/2025", OrdenFecha::MesDia, "2025-03-04 00:00:00"},
-      {"impossible month", "04/25/2025", OrdenFecha::DiaMes, "2025-04-25 00:00:00"},
-      {"impossible day between #", "25/04/2025", OrdenFecha::MesDia, "2025-04-25 00:00:00"},
-      {"year first wins over the order", "2025/04/03", OrdenFecha::MesDia, "2025-04-03 00:00:00"},
-      {"two digit year", "3/4/25", OrdenFecha::DiaMes, "2025-04-03 00:00:00"},
-      {"afternoon", "03/04/2025 1:07:09 PM", OrdenFecha::DiaMes, "2025-04-03 13:07:09"},
-      {"no such day", "31/02/2025", OrdenFecha::DiaMes, ""},
-      {"not only a date", "03/04/2025x", OrdenFecha::DiaMes, ""},
-      {"hour out of range", "03/04/2025 25:00", OrdenFecha::DiaMes, ""},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
-    const auto f = LeerFecha(QString::fromLatin1(c.texto), c.orden);
-    EXPECT_EQ(QString::fromLatin1(c.sale), f ? FechaISO(*f) : QString());
+  for (const auto& c : leerCasos("platform/fechas")) {
+    SCOPED_TRACE(c.donde());
+    const auto f = LeerFecha(c["texto"], c["orden"] == u"mes primero" ? OrdenFecha::MesDia : OrdenFecha::DiaMes);
+    EXPECT_EQ(c["sale"], f ? FechaISO(*f) : QString());
   }
   const QDateTime t(QDate(2026, 11, 25), QTime(9, 5));
   EXPECT_EQ("(mié) 25/11/2026 09:05"_q, FormatearFecha(t, u"(DDD) DD/MM/YYYY hh:mm"));
