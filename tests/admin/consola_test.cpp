@@ -1,3 +1,4 @@
+#include "apoyo/casos.h"
 #include "admin/consola_sql.h"
 
 #include <cmath>
@@ -76,24 +77,7 @@ TEST_F(Consola, Answers) {
 }
 
 TEST(SoloCambiaPrueba, TheVerbDecides) {
-  const struct { const char* sql; bool cambia; } kCasos[] = {
-      {"  INSERT INTO t SELECT * FROM u", true},
-      {"DELETE * FROM t", true},
-      {"Update t set a='select'", true},
-      {"SET LANGUAGE Spanish", true},
-      {"SELECT 'delete'", false},
-      {"(select 1)", false},
-      {"/* update */ select 1", false},
-      {"-- update\n delete from t", true},
-      {"exec dbo.spr_x 'a', -1", false},
-      {"dbo.spr_agrupar_z1 5", false},
-      {" usp_Log_Saldos 'a'", false},
-      {"WITH a AS (SELECT 1 FROM t) INSERT INTO u SELECT * FROM a", true},
-      {"WITH a AS (SELECT ')' FROM [insert]), b AS (SELECT 2) SELECT * FROM a", false},
-      {"", false},
-      {"'sin fin", false},
-  };
-  for (const auto& c : kCasos) EXPECT_EQ(c.cambia, SoloCambia(u8(c.sql))) << c.sql;
+  for (const auto& c : leerCasos("admin/solo_cambia")) EXPECT_EQ(c.si("cambia"), SoloCambia(c["sql"])) << c.donde();
 }
 
 TEST_F(Consola, OneAnswerALineAndBlankLinesNone) {

@@ -1,3 +1,4 @@
+#include "apoyo/casos.h"
 #include "admin/crear_puesto.h"
 
 #include <QSet>
@@ -18,26 +19,9 @@ TEST_F(CrearPuestoPrueba, AFolderIsReadyForTheTill) {
   creaPuesto(d);
 
   const QString mdb = en("tienda/caja12/TarvoPos.mdb");
-  const struct { const char *porque, *sql, *sale; } kFilas[] = {
-      {"nothing counted yet, each kind with its series",
-       "SELECT cTipoDoc, cSerieDoc, cOperCode, nDocCodigo FROM Config_Documento ORDER BY 1",
-       "01|F01|0|0\n02|012|0|0\n10|OC12|0|0\n11|NC12|0|0\n12|PA12|0|0\n13|PV12|0|0\n14|LQ12|0|0"},
-      {"one row of settings", "SELECT Caja, Almacen, PorcServ, DFlag, DataServer, ServidorSQL FROM Configuracion",
-       "00012|03|8|S|sqlite:central.db|sqlite:cliente.db"},
-      {"a closed desk on driver printing",
-       "SELECT cCodiTurno, iCierreCaja, nFlagCortaPapel, nFlagCortaPapelALT, GAVETA FROM Configuracion", "|0|0|0|N"},
-      {"both printers count from one", "SELECT prn, idct, maxid, idz FROM _Tmp1", "1|0|999999|0\n2|0|999999|0"},
-      {"their serial marks differ", "SELECT count(DISTINCT nsmr) FROM _Tmp1", "2"},
-      {"the first user may do all", "SELECT sUserDesc, sUserPass, cPerfCode, cUserActi FROM Usuario",
-       "SUPERVISOR|secreta|1|1"},
-      {"keys can be assigned", "SELECT count(*), min(cTeclCode), max(cTeclCode), sum(cProdCode) FROM ConfiguracionTeclado",
-       "24|1|24|0"},
-      {"the first pull is a full one", "SELECT count(*), count(dFechSincro) FROM Sincronizacion", "1|0"},
-      {"the offline rule can be updated", "SELECT nPuntImpo, nPuntCant FROM Regla_Punto", "10|1"},
-  };
-  for (const auto& f : kFilas) {
-    SCOPED_TRACE(f.porque);
-    EXPECT_EQ(f.sale, texto(filas(mdb, f.sql)));
+  for (const auto& f : leerCasos("admin/puesto_nuevo")) {
+    SCOPED_TRACE(f.donde());
+    EXPECT_EQ(f["sale"], filas(mdb, qPrintable(f["sql"])));
   }
   EXPECT_EQ("18.0", texto(filas(en("tienda/caja12/central.db"), "SELECT nmonto1 FROM parametro WHERE cCodParam='IGV'")));
   EXPECT_EQ("03", texto(filas(en("tienda/caja12/central.db"), "SELECT cCodAlmac FROM Almacen")));
@@ -145,15 +129,12 @@ TEST(SerieInicialPrueba, NoTwoDesksShareASeries) {
 }
 
 TEST(SerieInicialPrueba, Forms) {
-  const struct { const char *caja, *boleta, *orden; } kCasos[] = {
-      {"00001", "001", "OC1"}, {"00012", "012", "OC12"}, {"7", "07", "OC7"}, {"00100", "000", "OC100"},
-      {"A1", "0A1", "OCA1"}};
-  for (const auto& c : kCasos) {
-    EXPECT_EQ(c.boleta, texto(SerieInicial(u8("02"), u8(c.caja))));
-    EXPECT_EQ(c.orden, texto(SerieInicial(u8("10"), u8(c.caja))));
+  for (const auto& c : leerCasos("admin/series")) {
+    EXPECT_EQ(c["boleta"], SerieInicial(u8("02"), c["caja"]));
+    EXPECT_EQ(c["orden"], SerieInicial(u8("10"), c["caja"]));
     DatosPuesto d = datos(u8("."));
-    d.caja = u8(c.caja);
-    EXPECT_EQ(d.caja == u8("00100") ? 1 : 0, AvisosDePuesto(d).size()) << c.caja;
+    d.caja = c["caja"];
+    EXPECT_EQ(d.caja == u8("00100") ? 1 : 0, AvisosDePuesto(d).size()) << c.donde();
   }
 }
 
@@ -166,28 +147,16 @@ TEST(ClaveAlAzarPrueba, IsNewEachTime) {
 
 TEST(ArgumentosPrueba, WordsComeApart) {
   const FormaOrden forma{1, 2, {u8("--caja"), u8("--clave")}, {u8("--demo")}};
-  const struct { const char *porque, *palabras, *sale; } kCasos[] = {
-      {"places and options in any order", "a --caja 1 b --demo", "a,b caja=1 demo"},
-      {"a value with a sign", "a --clave=--x=y", "a clave=--x=y"},
-      {"standard input is a place", "-", "-"},
-      {"unknown", "a --kaja 1", "error"},
-      {"twice", "a --caja 1 --caja 2", "error"},
-      {"a value is missing", "a --caja", "error"},
-      {"an option instead of the value", "a --caja --demo", "error"},
-      {"a switch with a value", "a --demo=1", "error"},
-      {"too few", "--demo", "error"},
-      {"too many", "a b c", "error"},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("admin/argumentos")) {
+    SCOPED_TRACE(c.donde());
     Argumentos a;
     QString sale = u8("error");
-    if (!LeerArgumentos(u8(c.palabras).split(u' '), forma, a)) {
+    if (!LeerArgumentos(c["palabras"].split(u' '), forma, a)) {
       sale = a.lugares.join(u',');
       for (const char* o : {"--caja", "--clave"}) if (a.tiene(u8(o))) sale += u8(" ") + u8(o).mid(2) + u8("=") + a.valor(u8(o), {});
       if (a.tiene(u8("--demo"))) sale += u8(" demo");
     }
-    EXPECT_EQ(c.sale, texto(sale));
+    EXPECT_EQ(c["sale"], sale);
   }
 }
 

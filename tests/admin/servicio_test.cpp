@@ -1,3 +1,4 @@
+#include "apoyo/casos.h"
 #include "admin/respaldo.h"
 #include "admin/verificar.h"
 #include "apoyo_admin.h"
@@ -66,35 +67,11 @@ TEST_F(Servicio, ADamagedStoreIsNotBackedUp) {
 
 TEST_F(Servicio, FindingsNameWhatIsWrong) {
   EXPECT_EQ("", texto(VerificarPuesto(en("p")).join(u'\n')));
-  const struct { const char *porque, *dano, *arreglo, *dice; } kCasos[] = {
-      {"a table is gone", "ALTER TABLE Perfil RENAME TO otra", "ALTER TABLE otra RENAME TO Perfil", "Falta la tabla Perfil."},
-      {"a column is gone", "ALTER TABLE Producto RENAME nPuntos TO nada", "ALTER TABLE Producto RENAME nada TO nPuntos",
-       "Falta la columna nPuntos de la tabla Producto."},
-      {"an index is gone", "DROP INDEX Operacion_codigo", "CREATE INDEX Operacion_codigo ON Operacion (cOperCode)",
-       "Falta el índice Operacion_codigo: las ventas serán cada vez más lentas."},
-      {"two rows of settings", "INSERT INTO Configuracion (Caja) VALUES ('00001')",
-       "DELETE FROM Configuracion WHERE rowid = 2", "La tabla Configuracion tiene 2 filas y debe tener 1."},
-      {"a printer without its counter", "DELETE FROM _Tmp1 WHERE prn = 2",
-       "INSERT INTO _Tmp1 (prn, nsmr) VALUES (2, 'X')", "La tabla _Tmp1 tiene 1 filas y debe tener 2."},
-      {"another desk in the file", "UPDATE Configuracion SET Caja = '00009'", "UPDATE Configuracion SET Caja = '00001'",
-       "Caja es «00009» en la tabla Configuracion y «00001» en KEB.cfg."},
-      {"a step that is none", "UPDATE Configuracion SET iCierreCaja = 7", "UPDATE Configuracion SET iCierreCaja = 0",
-       "iCierreCaja vale 7; sólo va de 0 a 6."},
-      {"no row for boletas", "DELETE FROM Config_Documento WHERE cTipoDoc = '02'",
-       "INSERT INTO Config_Documento (cTipoDoc, cSerieDoc) VALUES ('02', '001')", "Config_Documento no tiene la fila 02."},
-      {"two kinds under one series", "UPDATE Config_Documento SET cSerieDoc = 'OC1' WHERE cTipoDoc = '11'",
-       "UPDATE Config_Documento SET cSerieDoc = 'NC1' WHERE cTipoDoc = '11'",
-       "Config_Documento: las filas 10, 11 comparten la serie OC1."},
-      {"a counter behind its documents", "INSERT INTO Operacion (cDocTipo, cDocCodigo) VALUES ('01', 5)",
-       "DELETE FROM Operacion", "Config_Documento: el último número de la fila 02 es 0, pero ya existe el 5."},
-      {"nobody may authorise", "UPDATE Usuario SET cUserActi = 0", "UPDATE Usuario SET cUserActi = 1",
-       "No hay ningún supervisor activo en la tabla Usuario."},
-  };
-  for (const auto& c : kCasos) {
-    cambia(mdb(), c.dano);
-    EXPECT_EQ(c.dice, texto(VerificarPuesto(en("p")).join(u'\n'))) << c.porque;
-    cambia(mdb(), c.arreglo);
-    EXPECT_EQ("", texto(VerificarPuesto(en("p")).join(u'\n'))) << "behind: " << c.porque;
+  for (const auto& c : leerCasos("admin/verificar")) {
+    cambia(mdb(), qPrintable(c["dano"]));
+    EXPECT_EQ(c["dice"], VerificarPuesto(en("p")).join(u'\n')) << c.donde();
+    cambia(mdb(), qPrintable(c["arreglo"]));
+    EXPECT_EQ("", texto(VerificarPuesto(en("p")).join(u'\n'))) << "behind: " << c.donde();
   }
   QFile::remove(en("p/KEB.cfg"));
   EXPECT_EQ("Falta KEB.cfg.", texto(VerificarPuesto(en("p")).join(u'\n')));

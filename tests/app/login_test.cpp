@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "apoyo/casos.h"
 #include "apoyo/puesto_prueba.h"
 
 namespace {
@@ -19,32 +20,21 @@ void usuarios(PuestoPrueba& p) {
 }  // namespace
 
 TEST(Login, OneAttempt) {
-  const struct { const char *porque, *usuario, *clave, *caja, *foco; int intentos; bool entra; } casos[] = {
-      {"blank name counts nothing", "  ", "x", "Ingresar Usuario", "txtUsuario", 0, false},
-      {"unknown", "NADIE", "x", "Usuario no válido", "txtUsuario", 1, false},
-      {"inactive before the password is looked at", "BAJA", "mal", "Usuario no activo. Contactar al supervisor.", "txtPassword", 1, false},
-      {"inactive with the right password", "BAJA", "x", "Usuario no activo", "txtPassword", 1, false},
-      {"case of the password counts", "ANA", "secreta", "Password no válido", "txtPassword", 1, false},
-      {"blank password", "ANA", "", "Password no válido", "txtPassword", 1, false},
-      {"blanks around either do not count", " ana ", " Secreta ", "", "", 1, true},
-      {"a quote in the name", "O'HARA", "q", "", "", 1, true},
-      {"a quote that would open the door", "x' OR '1'='1", "q", "Usuario no válido", "txtUsuario", 1, false},
-  };
-  for (const auto& c : casos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("app/login")) {
+    SCOPED_TRACE(c.donde());
     PuestoPrueba p;
     usuarios(p);
     p.ses.psUsuario.clear();
     Login v;
-    v.txtUsuario = QString::fromLatin1(c.usuario);
-    v.txtPassword = QString::fromLatin1(c.clave);
-    if (*c.caja) p.persona().espera(QString::fromUtf8(c.caja));
+    v.txtUsuario = c["usuario"];
+    v.txtPassword = c["clave"];
+    if (!c["caja"].isEmpty()) p.persona().espera(c["caja"]);
     ProbarLogin(p, v);
-    EXPECT_EQ(c.entra, v.aceptado);
-    EXPECT_EQ(c.entra, v.cierra);
-    EXPECT_EQ(c.intentos, v.intentos);
-    if (!c.entra) {
-      EXPECT_EQ(c.foco, v.foco);
+    EXPECT_EQ(c.si("entra"), v.aceptado);
+    EXPECT_EQ(c.si("entra"), v.cierra);
+    EXPECT_EQ(c.entero("intentos"), v.intentos);
+    if (!c.si("entra")) {
+      EXPECT_EQ(c["foco"], v.foco);
       EXPECT_EQ("", p.ses.psUsuario);
     }
   }
@@ -62,20 +52,4 @@ TEST(Login, AcceptedUserBecomesTheLastOne) {
   ProbarLogin(p, v);
   EXPECT_EQ("ANA|Secreta|2", p.ses.psUsuario + u'|' + p.ses.psClaveUsuario + u'|' + p.ses.psPerfilUsuario);
   EXPECT_EQ("ANA", p.filas("SELECT sUserDesc FROM Usuario WHERE cUserFlag = 1"));
-}
-
-TEST(Login, TheThirdAttemptCloses) {
-  PuestoPrueba p;
-  usuarios(p);
-  p.persona().dejaPasar();
-  Login v;
-  const struct { const char *usuario, *clave; bool cierra; } casos[] = {
-      {"NADIE", "x", false}, {"", "x", false}, {"BAJA", "x", false}, {"ANA", "mal", true}};
-  for (const auto& c : casos) {
-    v.txtUsuario = QString::fromLatin1(c.usuario);
-    v.txtPassword = QString::fromLatin1(c.clave);
-    ProbarLogin(p, v);
-    EXPECT_EQ(c.cierra, v.cierra) << c.usuario;
-  }
-  EXPECT_FALSE(v.aceptado);
 }

@@ -1,6 +1,7 @@
 // Articles and function keys.
 #include <gtest/gtest.h>
 
+#include "apoyo/casos.h"
 #include "apoyo/motor_que_falla.h"
 #include "apoyo/puesto_prueba.h"
 #include "backoffice/producto.h"
@@ -59,30 +60,6 @@ TEST(Productos, AreStoredByTheMode) {
   }
 }
 
-TEST(Productos, AreRefusedInOrder) {
-  PuestoPrueba p;
-  DetalleProducto v = producto(ModoDetalle::Nuevo, "1", "", "");
-  v.chkCanje = true;
-  const struct { std::function<void()> antes; const char *caja, *campo; } casos[] = {
-      {[] {}, "Debe indicar el número de fichas equivalentes", "chkFicha"},
-      {[&] { v.chkFicha = true; }, "Debe ingresar el número de fichas", "txtFichas"},
-      {[&] { v.txtFichas = "0"; }, "Debe ingresar el número de fichas", "txtFichas"},
-      {[&] { v.txtFichas = "99999999999"; }, "Debe ingresar el número de fichas", "txtFichas"},
-      {[&] { v.txtFichas = "5"; }, "Ingresar Nombre de Producto", "txtDescripcion"},
-      {[&] { v.txtDescripcion = "A"; }, "Ingresar Descripción Corta de Producto", "txtCorta"},
-      {[&] { v.txtCorta = "A"; v.chkCanje = false; v.txtPUnitario = " "; }, "Ingresar PRecio Unitario del Producto", "txtPUnitario"},
-      {[&] { v.txtPUnitario = "1.2.3"; }, "Ingresar PRecio Unitario del Producto", "txtPUnitario"},
-  };
-  for (const auto& c : casos) {
-    SCOPED_TRACE(c.caja);
-    c.antes();
-    p.persona().espera(QString::fromUtf8(c.caja));
-    EXPECT_FALSE(GuardarProducto(p, v));
-    EXPECT_EQ(c.campo, v.campoMal);
-  }
-  EXPECT_EQ("", p.filas(kFila));
-}
-
 TEST(Productos, TheNextCodeIsTheWarehousesOwn) {
   PuestoPrueba p;
   p.ejecuta("INSERT INTO Producto (cAlmaCode, cProdCode) VALUES ('02', 500)");
@@ -105,28 +82,20 @@ TEST(Productos, TheNextCodeIsTheWarehousesOwn) {
 }
 
 TEST(Teclado, AKeyTakesAnArticleThatCanBeSold) {
-  const struct { const char *porque, *codigo, *caja, *teclas, *rotulo; } casos[] = {
-      {"of this warehouse", "101", "", "5|1|101\n13|1|101", "CAFE"},
-      {"moved here", " 7", "", "5|1|101\n13|1|7", "TE"},
-      {"free keys keep the flag", "", "", "5|1|101\n13|1|0", "Producto13"},
-      {"no such article", "99", "El artículo 99 no existe.", "5|1|101\n13|0|0", ""},
-      {"no code", "1.5", "El artículo 1.5 no existe.", "5|1|101\n13|0|0", ""},
-      {"a move onto a pair that exists", "8", "UNIQUE", "5|1|101\n13|0|0", ""},
-  };
-  for (const auto& c : casos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("backoffice/teclas")) {
+    SCOPED_TRACE(c.donde());
     PuestoPrueba p;
     conTeclas(p);
     ConfiguraBotonProducto v;
     ASSERT_TRUE(CargarTeclas(p, v) && ElegirTecla(p, v, 13));
     EXPECT_EQ("DEP 13 SHFT+F1 ", v.txtBoton + u' ' + v.txtTecla + u' ' + v.txtCodigoProducto);
-    const bool mal = *c.caja;
-    if (mal) p.persona().espera(QString::fromUtf8(c.caja));
-    v.txtCodigoProducto = QString::fromUtf8(c.codigo);
+    const bool mal = !c["caja"].isEmpty();
+    if (mal) p.persona().espera(c["caja"]);
+    v.txtCodigoProducto = c["codigo"];
     EXPECT_EQ(!mal, GrabarTecla(p, v));
-    EXPECT_EQ(c.teclas, p.filas(kTeclas));
-    EXPECT_EQ(c.rotulo, v.cmdTecla[13].rotulo);
-    EXPECT_EQ(c.codigo == QByteArray(" 7") ? "01" : "02", p.filas("SELECT cAlmaCode FROM Producto WHERE cProdCode = 7"));
+    EXPECT_EQ(c["teclas"], p.filas(kTeclas));
+    EXPECT_EQ(c["rotulo"], v.cmdTecla[13].rotulo);
+    EXPECT_EQ(c["codigo"] == u" 7" ? "01" : "02", p.filas("SELECT cAlmaCode FROM Producto WHERE cProdCode = 7"));
     EXPECT_EQ("02\n03", p.filas("SELECT cAlmaCode FROM Producto WHERE cProdCode = 8 ORDER BY cAlmaCode"));
   }
 }

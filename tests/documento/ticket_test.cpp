@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "apoyo/casos.h"
 #include "documento/totales.h"
 
 namespace {
@@ -9,17 +10,9 @@ namespace {
 QString q(const char* s) { return QString::fromUtf8(s); }
 
 TEST(Ticket, CentredLinesLoseTheirLeftWhenTooLong) {
-  const struct { const char *porque, *texto, *sale; } kCasos[] = {
-      {"even", "VOUCHER!", "                VOUCHER!\r\n"},
-      {"odd: half a column is dropped", "O/C", "                  O/C\r\n"},
-      {"exactly the paper", "1234567890123456789012345678901234567890", "1234567890123456789012345678901234567890\r\n"},
-      {"five of fifty go", "12345678901234567890123456789012345678901234567890",
-       "678901234567890123456789012345678901234567890\r\n"},
-      {"letters, not bytes", "ÑANDÚ", "                 ÑANDÚ\r\n"},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
-    EXPECT_EQ(q(c.sale), LineaCentrada(q(c.texto)));
+  for (const auto& c : leerCasos("documento/centradas")) {
+    SCOPED_TRACE(c.donde());
+    EXPECT_EQ(c["sale"], LineaCentrada(c["texto"]));
   }
 }
 
@@ -30,23 +23,14 @@ TEST(Ticket, TotalLinesKeepTheirColumns) {
 }
 
 TEST(Ticket, ArticleLines) {
-  const struct { const char *porque, *descripcion; int cantidad; double precio, porcentaje; const char* sale; } kCasos[] = {
-      {"plain", "Cafe", 3, 10, 0, "Cafe                3  10.00     30.00"},
-      {"cut to its column", "Piña colada grande 2", 1, 8.5, 0, "Piña colada gran    1   8.50      8.50"},
-      {"discount on a line of its own", "Cafe", 3, 10, -10,
-       "Cafe                3  10.00     30.00\r\n*Dscto 10 %                      -3.00"},
-      {"half a per cent", "Cafe", 1, 100, -0.5, "Cafe                1 100.00    100.00\r\n*Dscto 0.5 %                     -0.50"},
-      {"surcharge inside the price", "Cafe", 3, 10, 10, "Cafe                3  11.00     33.00"},
-      {"left digits fall off", "Cafe", 12345, 12345.67, 0, "Cafe             2345 345.67 407296.15"},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("documento/lineas")) {
+    SCOPED_TRACE(c.donde());
     LineaDocumento l;
-    l.descripcion = q(c.descripcion);
-    l.cantidad = c.cantidad;
-    l.precio = c.precio;
-    l.porcentaje = c.porcentaje;
-    EXPECT_EQ(q(c.sale), LineasArticulo(l, {}));
+    l.descripcion = c["descripcion"];
+    l.cantidad = c.entero("cantidad");
+    l.precio = c.numero("precio");
+    l.porcentaje = c.numero("porcentaje");
+    EXPECT_EQ(c["sale"], LineasArticulo(l, {}));
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "apoyo/casos.h"
 #include "apoyo/puesto_prueba.h"
 #include "platform/io/perfil.h"
 
@@ -20,22 +21,16 @@ void enArchivo(PuestoPrueba& p, const char* seccion, const char* clave, const QS
 }
 
 TEST(Parametros, TheTableWinsAndTheOtherIsRepaired) {
-  const struct { const char *porque, *tabla, *archivo, *leido, *quedaArchivo; } kCasos[] = {
-      {"the table hides the file, which keeps its value", "EPSON", "START", "EPSON", "START"},
-      {"a blank table takes the file's value", "", "START", "START", "START"},
-      {"blank everywhere is written blank", "", "", "", ""},
-      {"blanks round a value are cut", "  EPSON ", "x", "EPSON", "x"},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("foundation/parametros")) {
+    SCOPED_TRACE(c.donde());
     PuestoPrueba p;
     vaciar(p);
-    p.ejecuta(QStringLiteral("UPDATE Configuracion SET PRINTER='%1'").arg(QString::fromLatin1(c.tabla)));
-    enArchivo(p, "PARAMETROS", "PRINTER", QString::fromLatin1(c.archivo));
+    p.ejecuta(QStringLiteral("UPDATE Configuracion SET PRINTER='%1'").arg(c["tabla"]));
+    enArchivo(p, "PARAMETROS", "PRINTER", c["archivo"]);
     const QString leido = LeerParametro(p, kParametros, QStringLiteral("PRINTER"), p.ses.psArchivoCfg);
-    EXPECT_EQ(QString::fromLatin1(c.leido), leido);
+    EXPECT_EQ(c["leido"], leido);
     EXPECT_EQ(leido, p.filas(QStringLiteral("SELECT TRIM(PRINTER) FROM Configuracion")));
-    EXPECT_EQ(QString::fromLatin1(c.quedaArchivo), LeerPerfil(p.ses.psArchivoCfg, kParametros, QStringLiteral("PRINTER")));
+    EXPECT_EQ(c["quedaArchivo"], LeerPerfil(p.ses.psArchivoCfg, kParametros, QStringLiteral("PRINTER")));
   }
 }
 
@@ -48,24 +43,15 @@ TEST(Parametros, AKeyThatIsNoColumnWorksFromTheFile) {
 }
 
 TEST(Configuracion, EachMissingKeyAndAnUnknownLanguageEndTheProcess) {
-  const struct { const char *porque, *caja, *almacen, *servicio, *idioma, *caja_; } kCasos[] = {
-      {"desk", "", "01", "10", "", "Debe ingresar parámetro de Caja en archivo de Configuración"},
-      {"warehouse", "00001", "", "10", "", "Debe ingresar parámetro de almacén en archivo de Configuración"},
-      {"service", "00001", "01", "", "",
-       "Debe ingresar parámetro de Porcentaje de Servicio en archivo de Configuración"},
-      {"the first of several", "", "", "", "", "Debe ingresar parámetro de Caja en archivo de Configuración"},
-      {"language", "00001", "01", "10", "french",
-       "Comuníquese con el Proveedor, indicando:\n\n- Idioma Servidor SQL Server no es: 'SPANISH', 'ENGLISH'"},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("foundation/configuracion")) {
+    SCOPED_TRACE(c.donde());
     PuestoPrueba p;
     vaciar(p);
-    enArchivo(p, "PARAMETROS", "Caja", QString::fromLatin1(c.caja));
-    enArchivo(p, "PARAMETROS", "Almacen", QString::fromLatin1(c.almacen));
-    enArchivo(p, "PARAMETROS", "PorcServ", QString::fromLatin1(c.servicio));
-    enArchivo(p, "SQLServer", "IdionaSQLServer", QString::fromLatin1(c.idioma));
-    p.persona().espera(QString::fromUtf8(c.caja_));
+    enArchivo(p, "PARAMETROS", "Caja", c["caja"]);
+    enArchivo(p, "PARAMETROS", "Almacen", c["almacen"]);
+    enArchivo(p, "PARAMETROS", "PorcServ", c["servicio"]);
+    enArchivo(p, "SQLServer", "IdionaSQLServer", c["idioma"]);
+    p.persona().espera(c["caja_"]);
     try {
       LeerConfiguracion(p);
       ADD_FAILURE() << "the process went on";

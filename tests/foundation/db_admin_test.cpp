@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include "apoyo/casos.h"
 #include "apoyo/puesto_prueba.h"
 #include "foundation/rutinas.h"
 
@@ -117,20 +118,14 @@ TEST(Rutinas, KeysPassOrAreRefused) {
 }
 
 TEST(Rutinas, TheClockMayNotStandBeforeTheLastOperation) {
-  const struct { const char *porque, *operacion, *paralela; bool bien; } kCasos[] = {
-      {"empty store", nullptr, nullptr, true},
-      {"the same day, later hour", "24/11/2026 23:00", nullptr, true},
-      {"a day ahead", "25/11/2026 08:00", nullptr, false},
-      {"a day ahead in the parallel table", "23/11/2026 08:00", "25/11/2026 08:00", false},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("foundation/fecha")) {
+    SCOPED_TRACE(c.donde());
     PuestoPrueba p;
     const QString fila = QStringLiteral("INSERT INTO %1 (cOperCode, dOperFech) VALUES (1, '%2')");
-    if (c.operacion) p.ejecuta(fila.arg(QStringLiteral("Operacion"), QString::fromLatin1(c.operacion)));
-    if (c.paralela) p.ejecuta(fila.arg(QStringLiteral("OperacionParalela"), QString::fromLatin1(c.paralela)));
-    EXPECT_EQ(c.bien, VerificarFechaSistema(p));
-    if (!c.bien) {
+    if (!c.falta("operacion")) p.ejecuta(fila.arg(QStringLiteral("Operacion"), c["operacion"]));
+    if (!c.falta("paralela")) p.ejecuta(fila.arg(QStringLiteral("OperacionParalela"), c["paralela"]));
+    EXPECT_EQ(c.si("bien"), VerificarFechaSistema(p));
+    if (!c.si("bien")) {
       p.ses.psConexionCentral = QStringLiteral("Data Source=sqlite:noesta.db");
       EXPECT_TRUE(VerificarFechaSistema(p));  // with the central database away nothing is checked
     }

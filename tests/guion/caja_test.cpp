@@ -33,23 +33,33 @@ class Puesto {
 
   QString ruta() const { return carpeta_.filePath(QStringLiteral("puesto")); }
   QString toca(const QString& guion) const {
-    return admin({QStringLiteral("guion"), guion, QStringLiteral("--puesto"), ruta()});
+    return admin({QStringLiteral("guion"), guion, QStringLiteral("--puesto"), ruta(), QStringLiteral("--salida"), ruta()});
   }
   QString tocaLineas(const QByteArray& lineas) const {
     return admin({QStringLiteral("guion"), QStringLiteral("-"), QStringLiteral("--puesto"), ruta()}, lineas);
   }
-  // The rows of a query on the store as the console writes them: "[1,"a"],[2,"b"]".
+  // The rows of a query as the console writes them: "[1,"a"],[2,"b"]". It goes to the store; with "central: " or
+  // "cliente: " in front to that server.
   QString filas(const QString& sql) const {
-    const QString r = admin({QStringLiteral("sql"), QStringLiteral("--puesto"), ruta(), QStringLiteral("--base"),
-                             QStringLiteral("local")},
-                            sql.toUtf8() + '\n');
+    static const QRegularExpression servidor(QStringLiteral("^(?:(central|cliente): )?(.*)$"));
+    const auto m = servidor.match(sql);
+    const QString base = m.captured(1).isEmpty() ? QStringLiteral("local") : m.captured(1);
+    const QString r = admin({QStringLiteral("sql"), QStringLiteral("--puesto"), ruta(), QStringLiteral("--base"), base},
+                            m.captured(2).toUtf8() + '\n');
     const QString marca = QStringLiteral("\"filas\":[");
     const qsizetype i = r.indexOf(marca), fin = r.lastIndexOf(QStringLiteral("]}"));
     return i < 0 || fin < 0 ? r : r.mid(i + marca.size(), fin - i - marca.size());
   }
-  QString papel() const {
-    QFile f(ruta() + QStringLiteral("/puertos/LPT1"));
+  // What came out of a port.
+  QString papel(const QString& puerto = QStringLiteral("LPT1")) const {
+    QFile f(ruta() + QStringLiteral("/puertos/") + puerto);
     return f.open(QIODevice::ReadOnly) ? TextoDePapel(f.readAll()) : QString();
+  }
+  // The lines of both printers and of all that went through a driver.
+  QStringList renglones() const {
+    QString todo = papel() + papel(QStringLiteral("LPT2"));
+    for (const auto& f : QDir(ruta() + QStringLiteral("/impresos")).entryInfoList(QDir::Files)) todo += leerTexto(f.filePath());
+    return todo.remove(u'\r').split(u'\n');
   }
   // The numbers of the tickets on the paper, in their order.
   QStringList numeros() const {
@@ -79,159 +89,16 @@ void tocaComoSeEspera(const Puesto& p, const QString& obra) {
                                   p.toca(kPruebas + u'/' + obra + QStringLiteral(".guion"))));
 }
 
-const QString kContadores = QStringLiteral(
-    "SELECT cTipoDoc, cOperCode, nDocCodigo FROM Config_Documento WHERE cTipoDoc IN ('01','02')");
-const QString kCorrelativos = QStringLiteral("SELECT prn, idct FROM _Tmp1 ORDER BY prn");
-const QString kFilas = QStringLiteral(
-    "SELECT cOperCode, cOperTipo, cDocTipo, cDocCodigo, cRuc, cProdCode, nProdCant, nProdPrecUnit, nMontoSoles, "
-    "nMontoDolares, cUserDesc, cTurnoCodi FROM Operacion ORDER BY cOperID");
-
 TEST(Caja, OpeningIsStoredWithItsTurnAndFloat) {
   EXPECT_EQ(abierto().filas(QStringLiteral("SELECT cCodiTurno, nImporApertSol, nImporApertDol FROM Configuracion")),
             "[\"01\",1100.5,0]");
 }
 
-TEST(Caja, AVoidLeavesAMirrorAndGivesThePointsBack) {
-  const Puesto p(abierto());
-  tocaComoSeEspera(p, QStringLiteral("anula"));
-  EXPECT_EQ(p.filas(QStringLiteral("SELECT cOperCode, cProdCode, nProdCant, nProdPrecUnit, cOperFlagAnula, "
-                                   "cOperCodeAnula FROM Operacion ORDER BY cOperID")),
-            "[1,101,1,38,1,0],[1,0,1,0,1,0],[2,101,-1,38,1,1]");
-  EXPECT_TRUE(p.papel().contains(QLatin1String(" TIENE ACUMULADO: 123 PUNTOS\n")));
-  EXPECT_EQ(p.papel().count(QLatin1String("          TRANSACCION ANULADA\n")), 2);
-  EXPECT_EQ(p.filas(kCorrelativos), "[1,2],[2,0]");  // the copy draws none
-}
-
-TEST(Caja, SalesAreOnPaperAndInTheStore) {
-  const Puesto p(abierto());
-  tocaComoSeEspera(p, QStringLiteral("venta"));
-  // A boleta paid with 30 dollars, 18.00 soles back; a factura paid exact. Both kinds share one run of numbers.
-  EXPECT_EQ(p.filas(kFilas),
-            "[1,1,\"02\",1,\"\",101,2,38,0,0,\"CAJERO\",\"01\"],[1,1,\"02\",1,\"\",303,1,18.5,0,0,\"CAJERO\",\"01\"],"
-            "[1,1,\"02\",1,\"\",0,1,-18,0,30,\"CAJERO\",\"01\"],"
-            "[2,1,\"01\",2,\"20999999991\",807,1,92,0,0,\"CAJERO\",\"01\"],"
-            "[2,1,\"01\",2,\"20999999991\",0,1,0,92,0,\"CAJERO\",\"01\"]");
-  EXPECT_EQ(p.filas(kContadores), "[\"01\",2,0],[\"02\",1,2]");
-  EXPECT_EQ(p.filas(kCorrelativos), "[1,2],[2,0]");
-  EXPECT_EQ(p.numeros().join(u' '), "000001 000002");
-  for (const char* linea : {" VUELTO(S/)                      18.00\n", " RUC Cliente: 20999999991\n",
-                            " IGV                             14.03\n", "         Correlativo: 000002\n"}) {
-    EXPECT_TRUE(p.papel().contains(QLatin1String(linea))) << linea;
-  }
-  QFile prn(p.ruta() + QStringLiteral("/Temp/textfile.prn"));
-  ASSERT_TRUE(prn.open(QIODevice::ReadOnly));
-  const QByteArray ultimo = prn.readAll();
-  EXPECT_TRUE(ultimo.startsWith("\x1B@\r\n") && ultimo.endsWith("\x1DV\x01\r\n"));
-  EXPECT_TRUE(ultimo.contains("MA\xCDZ SACO 50 KG     1  92.00     92.00\r\n"));
-}
-
-TEST(Caja, MenusAndASecondStartInOnePlay) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("menus")); }
-
-TEST(Caja, SearchesLeaveTheStoreAsItWas) {
-  const Puesto p(abierto());
-  tocaComoSeEspera(p, QStringLiteral("busquedas"));
-  EXPECT_EQ(p.filas(QStringLiteral("SELECT COUNT(*) FROM Operacion")), "[0]");
-}
-
-TEST(Caja, CardsAndCashPayASale) {
-  const Puesto p(abierto());
-  tocaComoSeEspera(p, QStringLiteral("voucher"));
-  EXPECT_EQ(p.filas(QStringLiteral("SELECT cOperTipo, cProdCode, nProdPrecUnit, nMontoSoles, cEmisor FROM Operacion")),
-            "[2,807,92,0,\",001,002\"],[1,0,0,12,\",001,002\"]");
-}
-
-TEST(Caja, DollarsAndChangeOfTheQuickRegister) {
-  const Puesto p(abierto());
-  tocaComoSeEspera(p, QStringLiteral("efectivo"));
-  EXPECT_EQ(p.filas(QStringLiteral("SELECT nProdPrecUnit, nMontoSoles, nMontoDolares, nVueltoDolares FROM Operacion "
-                                   "WHERE cProdCode = 0")),
-            "[-17.75,0,30,5],[0,36,0,0]");
-}
-
-TEST(Caja, WithdrawalsAndTheirReceipts) {
-  const Puesto p(abierto());
-  tocaComoSeEspera(p, QStringLiteral("retiro"));
-  EXPECT_EQ(p.filas(QStringLiteral("SELECT cOperCode, nProdPrecUnit FROM Operacion WHERE cOperTipo = 5")),
-            "[1,1500.5],[3,40]");
-  QFile recibo(p.ruta() + QStringLiteral("/impresos/Ticketera_000002.txt"));
-  ASSERT_TRUE(recibo.open(QIODevice::ReadOnly));
-  EXPECT_TRUE(recibo.readAll().contains("\n         *40.00")) << "the refused and the failed ones left no receipt";
-}
-
-const QString kParalelas = QStringLiteral(
-    "SELECT cOperCode, cOperTipo, nMontoSoles, nMontoDolares, nEfectivoSoles, cEstado, cOperCodeRela, sGlosa "
-    "FROM OperacionParalela ORDER BY cOperCode");
-const QString kDinero = QStringLiteral(
-    "SELECT cOperCode, cOperTipo, cDocTipo, cDocSerie, cProdCode, nProdPrecUnit, nMontoSoles, nMontoDolares, "
-    "cOperCodeAnula, cEmisor FROM Operacion ORDER BY cOperID");
-
-TEST(Caja, AdvancePaymentsNotesOrdersAndTheirLiquidation) {
-  const Puesto p(abierto());
-  tocaComoSeEspera(p, QStringLiteral("paralelas"));
-  EXPECT_EQ(p.filas(kParalelas),
-            "[1,22,75,20,0,\"2\",6,\"Cumpleaños\"],[2,23,50,13.33,50,\"2\",6,\"\"],[3,21,152,40.53,0,\"2\",6,\"\"],"
-            "[4,20,18.5,4.93,18.5,\"1\",0,\"Club Social\"],[5,20,18.5,4.93,0,\"1\",0,\"\"],"
-            "[6,24,27,7.2,50,\"2\",0,\"\"]");
-  EXPECT_EQ(p.filas(kDinero),
-            "[2,2,\"13\",\"001\",0,0,-50,0,0,\"\"],[4,1,\"10\",\"001\",0,0,18.5,0,0,null],"
-            "[5,1,\"10\",\"001\",0,-19,0,10,0,null],[6,1,\"14\",\"001\",0,-23,50,0,0,null],"
-            "[7,3,\"02\",\"001\",101,38,0,0,6,\"\"],[7,3,\"02\",\"001\",0,0,152,0,6,\"\"]");
-}
-
-TEST(Caja, ALiquidationPaidByCardAndItsFactura) {
-  const Puesto p(abierto());
-  tocaComoSeEspera(p, QStringLiteral("liquida_con_tarjeta"));
-  EXPECT_EQ(p.filas(kParalelas), "[1,22,30,8,30,\"2\",3,\"\"],[2,21,38,10.13,0,\"2\",3,\"\"],[3,24,8,2.13,3,\"2\",0,\"\"]");
-  EXPECT_EQ(p.filas(kDinero),
-            "[3,1,\"14\",\"001\",0,0,3,0,0,null],[3,2,\"14\",\"001\",0,0,5,0,0,\"\"],"
-            "[4,3,\"01\",\"001\",101,38,0,0,3,\",001\"]");
-}
-
-TEST(Caja, RefusedCardsAndSupervisors) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("avisos")); }
-
-TEST(Caja, TheThirdWrongPasswordEndsTheProgram) { tocaComoSeEspera(Puesto(abierto()), QStringLiteral("clave")); }
-
 TEST(Caja, DoesNotStartWithoutTheCentralDatabase) {
   const Puesto p(abierto());
-  tocaComoSeEspera(p, QStringLiteral("sin_central"));
+  p.toca(kPruebas + QStringLiteral("/sin_central.guion"));
   EXPECT_TRUE(p.tocaLineas("reloj 24/11/2026 09:00:00\ninicia\nespera frmPassword\n").endsWith(u"ok\n[estado 0]\n"))
       << "the next start works";
-}
-
-TEST(Caja, TheQuickRegisterSellsAndHandsOver) {
-  const Puesto p(abierto());
-  tocaComoSeEspera(p, QStringLiteral("rapida"));
-  // Change in both currencies, exact cash, a factura by voucher, and a sale that went over to the full register.
-  EXPECT_EQ(p.filas(kFilas),
-            "[1,1,\"02\",1,\"\",101,2,38,0,0,\"CAJERO\",\"01\"],[1,1,\"02\",1,\"\",102,1,36,0,0,\"CAJERO\",\"01\"],"
-            "[1,1,\"02\",1,\"\",0,1,-38,0,40,\"CAJERO\",\"01\"],"
-            "[2,1,\"02\",2,\"\",206,1,3,0,0,\"CAJERO\",\"01\"],[2,1,\"02\",2,\"\",0,1,0,3,0,\"CAJERO\",\"01\"],"
-            "[3,2,\"01\",3,\"20999999991\",401,2,15.9,0,0,\"CAJERO\",\"01\"],"
-            "[4,1,\"02\",4,\"\",101,3,38,0,0,\"CAJERO\",\"01\"],[4,1,\"02\",4,\"\",301,1,24.9,0,0,\"CAJERO\",\"01\"],"
-            "[4,1,\"02\",4,\"\",206,1,3,0,0,\"CAJERO\",\"01\"],[4,1,\"02\",4,\"\",0,1,0,141.9,0,\"CAJERO\",\"01\"]");
-  EXPECT_EQ(p.numeros().join(u' '), "000001 000002 000003 000004");
-  for (const char* linea : {" UD. ACUMULO: 11 PUNTOS\n TIENE ACUMULADO: 131 PUNTOS\n", "              U$(TC: 3.75)\n",
-                            "POLLO DE CORRAL, K    2  15.90   31.80\n", " EFECTIVO                         3.00\n"}) {
-    EXPECT_TRUE(p.papel().contains(QLatin1String(linea))) << linea;
-  }
-}
-
-TEST(Caja, SellsOnWhateverIsAway) {
-  const Puesto p(abierto());
-  tocaComoSeEspera(p, QStringLiteral("central_cae"));
-  EXPECT_EQ(p.numeros().join(u' '), "000001 000003") << "the second ticket met no paper";
-  EXPECT_EQ(p.filas(QStringLiteral("SELECT DISTINCT cDocCodigo FROM Operacion ORDER BY 1")), "[1],[2],[3]");
-}
-
-TEST(Caja, ReportsOfTheTurnAndOfADate) {
-  const Puesto p(abierto());
-  EXPECT_EQ(p.filas(QStringLiteral("INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, cUserActi) "
-                                   "VALUES ('rovel', 'soporte', 1, 1)")), "{\"afectadas\":1}\n[estado 0]\n");
-  tocaComoSeEspera(p, QStringLiteral("reportes"));
-  EXPECT_EQ(p.papel().count(QStringLiteral("X  CHECK                             01")), 1) << "the second had no central database";
-  EXPECT_EQ(p.papel().count(QStringLiteral("Z  CHECK                             01")), 1);
-  EXPECT_EQ(p.filas(QStringLiteral("SELECT COUNT(*) FROM Operacion WHERE cOperTipo = 10")), "[3]");
-  EXPECT_EQ(p.filas(QStringLiteral("SELECT idz, Imac FROM _Tmp1 WHERE prn = 1")), "[0,0]") << "by date no counter moves";
 }
 
 // A register: the play up to the commit of a first sale, what takes that sale off the screen and types another, with
@@ -353,29 +220,39 @@ TEST(Caja, AClosingThatWasKilledIsEndedAfterTheNextStart) {
   }
 }
 
-// Plays with what they leave beside them: NAME.filas holds a query and its rows in turn, NAME.papel how the paper begins.
-class ObraDeCaja : public testing::TestWithParam<QString> {};
+// Beside NAME.guion and NAME.salida, each only where a play needs it: NAME.antes, statements that come before it;
+// NAME.filas, a query and its rows in turn; NAME.papel, how the paper of LPT1 begins; NAME.renglones, "N:LINE" for a line
+// that stands N times on all paper.
+class ObraDeCaja : public testing::TestWithParam<QString> {
+ protected:
+  QStringList lineas(const char* clase) const {
+    const QString archivo = kPruebas + u'/' + GetParam() + QLatin1String(clase);
+    return QFile::exists(archivo) ? leerTexto(archivo).split(u'\n', Qt::SkipEmptyParts) : QStringList();
+  }
+};
 
 TEST_P(ObraDeCaja, LeavesWhatStandsBesideIt) {
   const Puesto p(abierto());
+  for (const QString& sql : lineas(".antes")) EXPECT_TRUE(p.filas(sql).contains(u"afectadas")) << qUtf8Printable(sql);
   tocaComoSeEspera(p, GetParam());
-  const QString base = kPruebas + u'/' + GetParam();
-  const QStringList filas = leerTexto(base + QStringLiteral(".filas")).split(u'\n', Qt::SkipEmptyParts);
-  ASSERT_TRUE(!filas.isEmpty() && filas.size() % 2 == 0);
+  const QStringList filas = lineas(".filas"), renglones = p.renglones();
+  ASSERT_EQ(filas.size() % 2, 0);
   for (qsizetype i = 0; i < filas.size(); i += 2) EXPECT_EQ(filas[i + 1], p.filas(filas[i])) << qUtf8Printable(filas[i]);
-  const QString papel = base + QStringLiteral(".papel");
-  if (QFile::exists(papel)) {
-    EXPECT_EQ(leerTexto(papel), p.papel().left(leerTexto(papel).size()));
+  const QString papel = lineas(".papel").isEmpty() ? QString() : leerTexto(kPruebas + u'/' + GetParam() + QStringLiteral(".papel"));
+  EXPECT_EQ(papel, p.papel().left(papel.size()));
+  for (const QString& r : lineas(".renglones")) {
+    EXPECT_EQ(r.section(u':', 0, 0).toInt(), renglones.count(r.section(u':', 1))) << qUtf8Printable(r);
   }
 }
 
-std::vector<QString> obrasConFilas() {
+// The opening is played by each of the others.
+std::vector<QString> obrasSinApertura() {
   std::vector<QString> obras = obrasDe(kPruebas);
-  std::erase_if(obras, [](const QString& o) { return !QFile::exists(kPruebas + u'/' + o + QStringLiteral(".filas")); });
+  std::erase(obras, QStringLiteral("apertura"));
   return obras;
 }
 
-INSTANTIATE_TEST_SUITE_P(Pruebas, ObraDeCaja, testing::ValuesIn(obrasConFilas()),
+INSTANTIATE_TEST_SUITE_P(Pruebas, ObraDeCaja, testing::ValuesIn(obrasSinApertura()),
                          [](const auto& obra) { return obra.param.toStdString(); });
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include "apoyo/casos.h"
 #include "admin/guion_lexico.h"
 
 #include <gtest/gtest.h>
@@ -15,46 +16,22 @@ QString leida(const QString& linea) {
 }
 
 TEST(Lexico, TheLastArgumentRunsToTheEndOfTheLine) {
-  const struct { const char *porque, *linea, *leida; } kCasos[] = {
-      {"blank", " \t ", ""},
-      {"comment", "  # inicia", ""},
-      {"no argument", "\tinicia", "inicia"},
-      {"array element", "clic cmdTecla(2)", "clic|cmdTecla(2)"},
-      {"blanks inside and behind count, those in front don't", "escribe  txtRUC   a  b ", "escribe|txtRUC|a  b "},
-      {"a number sign in a text is text", "escribe txtRUC # 1", "escribe|txtRUC|# 1"},
-      {"behind other arguments it is a comment", "tecla F5 # busca", "tecla|F5"},
-      {"text may be empty", "escribe txtRUC", "escribe|txtRUC"},
-      {"cell with text", "celda TDBGrid1 1 6 2 x", "celda|TDBGrid1|1|6|2 x"},
-      {"cell emptied", "celda TDBGrid1 1 6", "celda|TDBGrid1|1|6"},
-      {"entry with blanks", "elige cboTipoVenta ANULAR TRANSACCION", "elige|cboTipoVenta|ANULAR TRANSACCION"},
-      {"answer without text", "responde Sí", "responde|Sí"},
-      {"port with blanks", "cae puerto \\\\sala\\mi ticketera", "cae|puerto|\\\\sala\\mi ticketera"},
-      {"unknown", "pulsa F5", "error"},
-      {"case counts", "Inicia", "error"},
-      {"one short", "reloj 25/11/2026", "error"},
-      {"one too many", "clic cmdA cmdB", "error"},
-      {"entry without text", "elige cboTipoVenta", "error"},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
-    EXPECT_EQ(leida(QString::fromUtf8(c.linea)), QString::fromUtf8(c.leida));
+  for (const auto& c : leerCasos("guion/lexico")) {
+    SCOPED_TRACE(c.donde());
+    EXPECT_EQ(leida(c["linea"]), c["leida"]);
   }
 }
 
 TEST(Lexico, WholeNumbersAreDigitsOnly) {
-  const struct { const char* texto; int minimo, valor; } kCasos[] = {
-      {"1", 1, 1}, {"007", 1, 7}, {"999999999", 0, 999999999}, {"0", 0, 0},
-      {"0", 1, -1}, {"-1", 0, -1}, {"1.5", 0, -1}, {"1e3", 0, -1}, {"", 0, -1}, {"1000000000", 0, -1}, {"٣", 0, -1},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.texto);
-    const Accion a{1, QStringLiteral("falla"), {QString::fromUtf8(c.texto)}};
+  for (const auto& c : leerCasos("guion/enteros")) {
+    SCOPED_TRACE(c.donde());
+    const Accion a{1, QStringLiteral("falla"), {c["texto"]}};
     int valor = -1;
     try {
-      valor = a.entero(0, c.minimo);
+      valor = a.entero(0, c.entero("minimo"));
     } catch (const ErrorGuion&) {
     }
-    EXPECT_EQ(valor, c.valor);
+    EXPECT_EQ(valor, c.entero("valor"));
   }
 }
 

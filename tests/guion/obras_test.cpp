@@ -7,6 +7,7 @@
 #include <QtEndian>
 #include <gtest/gtest.h>
 
+#include "apoyo/casos.h"
 #include "obra.h"
 
 namespace {
@@ -29,43 +30,8 @@ INSTANTIATE_TEST_SUITE_P(Obras, Obra, testing::ValuesIn(obrasDe(kObras)),
                          [](const auto& obra) { return obra.param.toStdString(); });
 
 TEST(Obras, AnActionThatCannotBeDoneEndsThePlay) {
-  const struct { const char *pantalla, *accion, *razon; } kCasos[] = {
-      {"", "clic cmdA", "no hay ninguna pantalla; falta «inicia»"},
-      {"", "tecla F5", "no hay ninguna pantalla; falta «inicia»"},
-      {"", "captura a", "no hay ninguna pantalla; falta «inicia»"},
-      {"", "termina", "el programa no está en marcha"},
-      {"", "reloj 31/02/2026 10:00:00", "«31/02/2026 10:00:00» no es una fecha dd/mm/aaaa hh:mm:ss"},
-      {"", "reloj 1/2/2026 10:00:00", "«1/2/2026 10:00:00» no es una fecha dd/mm/aaaa hh:mm:ss"},
-      {"", "pasa -1", "«-1» no es un número de segundos"},
-      {"", "responde Quizá", "«Quizá» no es Sí, No, Aceptar ni Cancelar"},
-      {"", "cae impresora", "se escribe central, cliente o puerto NOMBRE"},
-      {"", "falla desde", "se escribe N o desde N"},
-      {"", "mata luego 1", "se escribe antes o despues, no «luego»"},
-      {"frmPrincipal", "inicia", "el programa ya está en marcha"},
-      {"frmPrincipal", "clic mnu(4)", "mnu(4) está inactivo"},
-      {"frmPrincipal", "clic mnu(5)", "mnu(5) está oculto"},
-      {"frmPrincipal", "clic cmdNo", "no hay ningún control «cmdNo» en frmPrincipal"},
-      {"frmPrincipal", "fila lblCentro 1", "lblCentro no es una lista ni una rejilla"},
-      {"frmPrincipal", "tecla Ctrl+Nada", "«Ctrl+Nada» no es una tecla"},
-      {"frmPrincipal", "captura ../fuera", "«../fuera» no sirve como nombre de archivo"},
-      {"frmCampos", "clic mnu(1)", "no hay ningún control «mnu(1)» en frmCampos"},
-      {"frmCampos", "clic cmdOculto", "cmdOculto está oculto"},
-      {"frmCampos", "escribe txtInactivo 1", "txtInactivo está inactivo"},
-      {"frmCampos", "escribe txtFijo 1", "txtFijo está fijo"},
-      {"frmCampos", "escribe cmdOculto 1", "cmdOculto está oculto"},
-      {"frmCampos", "elige cboTipo VALE", "cboTipo no tiene la entrada «VALE»"},
-      {"frmCampos", "marca txtLibre si", "txtLibre no se marca"},
-      {"frmCampos", "marca chkServicio tal", "se escribe si o no, no «tal»"},
-      {"frmListas", "celda grdLineas 3 1 9", "grdLineas no tiene la fila 3; tiene 2"},
-      {"frmListas", "celda grdLineas 0 1 9", "«0» no es un número entero desde 1"},
-      {"frmListas", "celda grdLineas 1 3 9", "grdLineas no tiene la columna 3"},
-      {"frmListas", "celda grdLineas 1 0 9", "la columna 0 de grdLineas no se puede editar"},
-      {"frmListas", "fila lvwTX 1", "lvwTX está oculto"},
-      {"frmListas", "dobleclic lstVacia 1", "lstVacia no tiene la fila 1; tiene 0"},
-      {"frmListas", "elige SSTab1 Otra", "SSTab1 no tiene la entrada «Otra»"},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.accion);
+  for (const auto& c : leerCasos("guion/no_se_puede")) {
+    SCOPED_TRACE(c.donde());
     QByteArray obra, salida;
     int linea = 1;
     const auto antes = [&](const QByteArray& accion) {
@@ -73,12 +39,12 @@ TEST(Obras, AnActionThatCannotBeDoneEndsThePlay) {
       salida += "ok\n";
       ++linea;
     };
-    const QByteArray pantalla = c.pantalla;
+    const QString pantalla = c["pantalla"];
     if (!pantalla.isEmpty()) antes("inicia");
     if (pantalla == "frmCampos") antes("clic mnu(2)");
     if (pantalla == "frmListas") antes("clic mnu(3)");
-    obra += QByteArray(c.accion) + "\nlee frmPrincipal\n";
-    salida += "línea " + QByteArray::number(linea) + ": " + c.razon + "\n[estado 1]\n";
+    obra += c["accion"].toUtf8() + "\nlee frmPrincipal\n";
+    salida += "línea " + QByteArray::number(linea) + ": " + c["razon"].toUtf8() + "\n[estado 1]\n";
     EXPECT_EQ("", primeraDiferencia(QString::fromUtf8(salida), enEscena({QStringLiteral("-")}, obra)));
   }
 }

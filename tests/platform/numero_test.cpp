@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "apoyo/casos.h"
 #include "platform/text/fecha.h"
 #include "platform/text/texto.h"
 
@@ -10,25 +11,9 @@ namespace {
 QString operator""_q(const char* s, size_t n) { return QString::fromUtf8(s, static_cast<qsizetype>(n)); }
 
 TEST(Mascara, RoundsAndGroupsAsTheScreenShows) {
-  const struct { const char *porque; double valor; const char *mascara, *sale; } kCasos[] = {
-      {"binary below the half", 1.005, "0.00", "1.01"},
-      {"half away from zero", -2.5, "0", "-3"},
-      {"half of a thousandth", 0.125, "0.00", "0.13"},
-      {"carry over all nines", 999.995, "0.00", "1000.00"},
-      {"no sign on zero", -0.004, "0.00", "0.00"},
-      {"a sum that drifted", 0.1 + 0.2, "0.00", "0.30"},
-      {"thousands", 1234567.5, "###,###,##0.00", "1,234,567.50"},
-      {"thousands with a sign", -1234.5, "###,###,##0.00", "-1,234.50"},
-      {"a sign isn't a digit of a group", -123.45, "###,##0.00", "-123.45"},
-      {"leading zeros", 42, "000000", "000042"},
-      {"no zero before the point", 0.5, "###,###,###,####.00", ".50"},
-      {"small number keeps its zeros", 0.05, "0.00", "0.05"},
-      {"large", 123456789012.0, "########0.00", "123456789012.00"},
-      {"optional decimals", 5, "##0.##", "5."},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
-    EXPECT_EQ(QString::fromLatin1(c.sale), Formatear(c.valor, QString::fromLatin1(c.mascara)));
+  for (const auto& c : leerCasos("platform/mascara")) {
+    SCOPED_TRACE(c.donde());
+    EXPECT_EQ(c["sale"], Formatear(c.numero("valor"), c["mascara"]));
   }
 }
 
@@ -67,22 +52,10 @@ TEST(Texto, CutsByCharactersAndKeepsOneByteEach) {
 }
 
 TEST(Fecha, EitherOrder) {
-  const struct { const char *porque, *texto; OrdenFecha orden; const char* sale; } kCasos[] = {
-      {"day first", "03/04/2025 10:05", OrdenFecha::DiaMes, "2025-04-03 10:05:00"},
-      {"month first", "03/04/2025", OrdenFecha::MesDia, "2025-03-04 00:00:00"},
-      {"impossible month", "04/25/2025", OrdenFecha::DiaMes, "2025-04-25 00:00:00"},
-      {"impossible day between #", "25/04/2025", OrdenFecha::MesDia, "2025-04-25 00:00:00"},
-      {"year first wins over the order", "2025/04/03", OrdenFecha::MesDia, "2025-04-03 00:00:00"},
-      {"two digit year", "3/4/25", OrdenFecha::DiaMes, "2025-04-03 00:00:00"},
-      {"afternoon", "03/04/2025 1:07:09 PM", OrdenFecha::DiaMes, "2025-04-03 13:07:09"},
-      {"no such day", "31/02/2025", OrdenFecha::DiaMes, ""},
-      {"not only a date", "03/04/2025x", OrdenFecha::DiaMes, ""},
-      {"hour out of range", "03/04/2025 25:00", OrdenFecha::DiaMes, ""},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
-    const auto f = LeerFecha(QString::fromLatin1(c.texto), c.orden);
-    EXPECT_EQ(QString::fromLatin1(c.sale), f ? FechaISO(*f) : QString());
+  for (const auto& c : leerCasos("platform/fechas")) {
+    SCOPED_TRACE(c.donde());
+    const auto f = LeerFecha(c["texto"], c["orden"] == u"mes primero" ? OrdenFecha::MesDia : OrdenFecha::DiaMes);
+    EXPECT_EQ(c["sale"], f ? FechaISO(*f) : QString());
   }
   const QDateTime t(QDate(2026, 11, 25), QTime(9, 5));
   EXPECT_EQ("(mié) 25/11/2026 09:05"_q, FormatearFecha(t, u"(DDD) DD/MM/YYYY hh:mm"));

@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <csignal>
 
+#include "apoyo/casos.h"
 #include "sql_banco.h"
 
 namespace {
@@ -13,27 +14,18 @@ const QStringList kTabla = {u8("CREATE TABLE T (id INTEGER PRIMARY KEY, nombre T
 TEST(Motor, TellsFailuresByNumber) {
   Banco b(true, kTabla);
   ASSERT_FALSE(b.cnn.ejecutar(u8("INSERT INTO T VALUES (1,'a',NULL)")));
-  const struct { const char *porque, *sql; qint64 numero; int nativo; } kCasos[] = {
-      {"a key twice", "INSERT INTO T VALUES (1,'b',NULL)", kErrorSentencia, kNativoClaveDuplicada},
-      {"a unique text twice, other case", "INSERT INTO T VALUES (2,'A',NULL)", kErrorSentencia, kNativoClaveDuplicada},
-      {"no such table", "SELECT * FROM Nada", kErrorSentencia, 1},
-      {"no such column", "UPDATE T SET nada=1", kErrorSentencia, 1},
-      {"no statement", "SELEC 1", kErrorSentencia, 1},
-      {"a text without end", "SELECT 'abc", kErrorSentencia, 1},
-      {"too few parentheses", "SELECT (1", kErrorSentencia, 1},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("platform/motor_fallas")) {
+    SCOPED_TRACE(c.donde());
     Recordset rs;
     rs.llenar({u8("x")}, {{QVariant(1)}});
     qint64 afectadas = 77;
-    const auto e = b.cnn.ejecutar(u8(c.sql), &afectadas);
+    const auto e = b.cnn.ejecutar(c["sql"], &afectadas);
     ASSERT_TRUE(e);
-    EXPECT_EQ(c.numero, e->numero);
-    EXPECT_EQ(c.nativo, e->nativo);
+    EXPECT_EQ(kErrorSentencia, e->numero);
+    EXPECT_EQ(c.entero("nativo"), e->nativo);
     EXPECT_FALSE(e->descripcion.isEmpty());
     EXPECT_EQ(77, afectadas);
-    EXPECT_TRUE(b.cnn.consultar(u8(c.sql), rs));
+    EXPECT_TRUE(b.cnn.consultar(c["sql"], rs));
     EXPECT_EQ(0, rs.RecordCount());
   }
   EXPECT_TRUE(b.cnn.ejecutar(u8("DELETE FROM T ") + QChar(0) + u8(" WHERE 1=0"))) << "cut by the engine at the zero";

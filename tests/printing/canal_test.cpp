@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 
+#include "apoyo/casos.h"
 #include "apoyo/puesto_prueba.h"
 #include "platform/text/texto.h"
 
@@ -36,27 +37,16 @@ TEST(Canal, ARawTextIsResetTextFeedCut) {
 }
 
 TEST(Canal, RoutesByPrinterSelectorAndPort) {
-  const struct { const char *porque, *principal, *alterna, *puerto, *puertoPrinter; int selector; const char* sale; } kCasos[] = {
-      {"main, no key", "T", "A", "LPT2:", "", 1, "LPT1"},
-      {"main, key", "T", "A", "LPT2:", "LPT3", 1, "LPT3"},
-      {"alternate: four letters of the port", "T", "A", "LPT2:", "LPT3", 2, "LPT2"},
-      {"alternate by any other number", "T", "A", "LPT2:", "", 7, "LPT2"},
-      {"COM, whole port, main", "T", "A", "COM1:", "LPT3", 1, "COM1:"},
-      {"COM, whole port, alternate", "T", "A", "COM1:", "", 2, "COM1:"},
-      {"network, main", "\\\\srv\\t", "A", "COM1:", "LPT3", 1, "\\\\srv\\t"},
-      {"network main decides for the alternate too", "\\\\srv\\t", "A", "LPT2:", "", 2, "A"},
-      {"a network alternate alone doesn't", "T", "\\\\srv\\a", "LPT2:", "", 2, "LPT2"},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("printing/rutas")) {
+    SCOPED_TRACE(c.donde());
     PuestoPrueba p;
-    p.ses.kPAR_IMPRESORA = q(c.principal);
-    p.ses.kPAR_IMPRESORA_ALTERNA = q(c.alterna);
-    p.papeles().lista = {{q("Actual"), q(c.puerto)}};
-    p.ejecuta(q("UPDATE Configuracion SET PuertoPrinter='%1'").arg(q(c.puertoPrinter)));
+    p.ses.kPAR_IMPRESORA = c["principal"];
+    p.ses.kPAR_IMPRESORA_ALTERNA = c["alterna"];
+    p.papeles().lista = {{q("Actual"), c["puerto"]}};
+    p.ejecuta(q("UPDATE Configuracion SET PuertoPrinter='%1'").arg(c["puertoPrinter"]));
     QString tronco = q("x");
-    ImprimirTextoPuerto(p, q("texto"), c.selector, tronco);
-    EXPECT_EQ(q(c.sale), QStringList(p.papeles().papel.keys()).join(u' '));
+    ImprimirTextoPuerto(p, q("texto"), c.entero("selector"), tronco);
+    EXPECT_EQ(c["sale"], QStringList(p.papeles().papel.keys()).join(u' '));
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "apoyo/casos.h"
 #include "apoyo/puesto_prueba.h"
 #include "sale/autorizar.h"
 #include "sale/caja_lineas.h"
@@ -14,6 +15,9 @@ QString q(const char* t) { return QString::fromUtf8(t); }
 
 const QString kSinCliente = q("No se pudo conectar a la Base de Datos Cliente.\n"
                               "Las Operaciones se guardaran temporalmente hasta que se restablesca la conexión.");
+
+// In the order of ResultadoTarjeta.
+const QStringList kResultados{q("sin tarjeta"), q("sin servidor"), q("no existe"), q("hallada"), q("varios locales")};
 
 struct CajaFull : testing::Test {
   PuestoPrueba p;
@@ -116,27 +120,18 @@ TEST_F(CajaFull, ThePointsRuleAndItsCopy) {
 }
 
 TEST_F(CajaFull, Cards) {
-  const struct { const char *porque, *tarjeta, *local; ResultadoTarjeta sale; const char *queda, *nombre, *suLocal, *caja; } kCasos[] = {
-      {"valid today",       "5",  "",  ResultadoTarjeta::Hallada,       "00000005", "PÉREZ ANA", "1", ""},
-      {"expired yesterday", "6",  "",  ResultadoTarjeta::NoExiste,      "", "", "", "El Código de cliente no existe o la tarjeta se encuentra inactiva"},
-      {"inactive",          "7",  "",  ResultadoTarjeta::NoExiste,      "", "", "", "El Código de cliente no existe o la tarjeta se encuentra inactiva"},
-      {"in two sites",      "8",  "",  ResultadoTarjeta::VariosLocales, "00000008", "", "", ""},
-      {"one of the two",    "8",  "2", ResultadoTarjeta::Hallada,       "00000008", "DÍAZ LUZ", "2", ""},
-      {"not in that site",  "9",  "1", ResultadoTarjeta::NoExiste,      "", "", "", "El Código de cliente no existe o la tarjeta se encuentra inactiva"},
-      {"blank",             "  ", "1", ResultadoTarjeta::SinTarjeta,    "", "", "", ""},
-  };
   Inicio(p, v);
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("sale/tarjetas")) {
+    SCOPED_TRACE(c.donde());
     CancelarVenta(p, v);
-    v.txtLocal = q(c.local);
-    if (*c.caja) p.persona().espera(q(c.caja));
-    EXPECT_EQ(c.sale, busca(c.tarjeta));
-    EXPECT_EQ(q(c.queda), v.txtTarjeta);
-    EXPECT_EQ(q(c.nombre), v.txtNombres);
-    EXPECT_EQ(q(c.suLocal), v.txtLocal);
+    v.txtLocal = c["local"];
+    if (!c["caja"].isEmpty()) p.persona().espera(c["caja"]);
+    EXPECT_EQ(kResultados.indexOf(c["sale"]), static_cast<int>(busca(qPrintable(c["tarjeta"]))));
+    EXPECT_EQ(c["queda"], v.txtTarjeta);
+    EXPECT_EQ(c["nombre"], v.txtNombres);
+    EXPECT_EQ(c["suLocal"], v.txtLocal);
     EXPECT_EQ(v.txtLocal.toInt(), v.nIdLocal);
-    EXPECT_EQ(c.sale == ResultadoTarjeta::VariosLocales, v.localVisible);
+    EXPECT_EQ(c["sale"] == u"varios locales", v.localVisible);
   }
   EXPECT_EQ(QStringList{q("clientes 00000008")}, pantallas.abiertas);
 }
@@ -248,78 +243,27 @@ TEST_F(CajaFull, TheDateHoldsTheDeskUp) {
   EXPECT_EQ(q("Mensaje"), p.persona().vistas.back().titulo);
 }
 
-TEST_F(CajaFull, ASaleFromTheKeyToTheRows) {
-  Inicio(p, v);
-  ASSERT_TRUE(SalirCelda(p, v, 0, kCod, q("1")));
-  v.txtEfectivoSoles = q("50");
-  v.efectivoTecleado = true;
-  SalirEfectivoSoles(p, v);
-  const TrasTecla tras = PulsarTecla(p, v, pantallas, 2);
-  EXPECT_EQ(q("txtTarjeta"), tras.foco.control);
-  EXPECT_FALSE(tras.cierra);
-  EXPECT_TRUE(VentaVacia(v));
-  EXPECT_EQ(q("1|1|10|0|1\n0|1|-40|50|1"),
-            p.filas(q("SELECT cProdCode, nProdCant, nProdPrecUnit, nMontoSoles, cOperTipo FROM Operacion")));
-}
-
-TEST_F(CajaFull, KeysThatLeaveTheSaleAndOneThatWaitsForItsDocument) {
-  Inicio(p, v);
-  ASSERT_TRUE(SalirCelda(p, v, 0, kCod, q("1")));
-  v.efectivoTecleado = true;
-  EXPECT_FALSE(PulsarTecla(p, v, pantallas, 4).cierra);
-  EXPECT_FALSE(v.efectivoTecleado);
-  EXPECT_TRUE(PulsarTecla(p, v, pantallas, 3).cierra);
-  EXPECT_FALSE(VentaVacia(v));
-
-  v.bLiquidando = true;
-  for (int indice : {0, 3}) {
-    p.persona().espera(q("Debe Emitir un documento de venta para la Liquidación\n"
-                         "Se emitirá una Boleta de Venta \nDesea continuar?"), q("No"));
-    EXPECT_FALSE(PulsarTecla(p, v, pantallas, indice).cierra);
-    EXPECT_EQ(q("Liquidación"), p.persona().vistas.back().titulo);
-    EXPECT_FALSE(VentaVacia(v));
-  }
-  v.bLiquidando = false;
-  PulsarTecla(p, v, pantallas, 0);
-  EXPECT_TRUE(VentaVacia(v));
-}
-
 TEST_F(CajaFull, WhoMayAuthorise) {
   p.ejecuta(q("INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, cUserActi) VALUES ('JEFE', 'Abc', 1, 1)"));
   p.ejecuta(q("INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, cUserActi) VALUES ('EXJEFE', 'Abc', 1, 0)"));
   p.ejecuta(q("INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, cUserActi) VALUES ('ANA', 'Abc', 2, 1)"));
-  const struct { const char *porque, *usuario, *clave, *caja, *foco; } kCasos[] = {
-      {"supervisor",              " JEFE ", " Abc ", "", ""},
-      {"unknown",                 "NADIE",  "Abc",   "Usuario no válido", "txtUsuario"},
-      {"a quote finds nobody",    "' OR 'a'='a", "", "Usuario no válido", "txtUsuario"},
-      {"inactive, before the password", "EXJEFE", "mal", "Usuario no activo. Contactar al supervisor.", "txtPassword"},
-      {"case counts",             "JEFE",   "abc",   "Password no válido", "txtPassword"},
-      {"a cashier",               "ANA",    "Abc",   "Usuario no autorizado. Sólo el SUPERVISOR puede autorizar esta operación", "txtUsuario"},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
-    if (*c.caja) p.persona().espera(q(c.caja));
-    const auto rechazo = RechazoAutorizacion(p, q(c.usuario), q(c.clave));
-    EXPECT_EQ(!*c.caja, !rechazo);
-    EXPECT_EQ(q(c.foco), rechazo.value_or(QString()));
+  for (const auto& c : leerCasos("sale/supervisores")) {
+    SCOPED_TRACE(c.donde());
+    if (!c["caja"].isEmpty()) p.persona().espera(c["caja"]);
+    const auto rechazo = RechazoAutorizacion(p, c["usuario"], c["clave"]);
+    EXPECT_EQ(c["caja"].isEmpty(), !rechazo);
+    EXPECT_EQ(c["foco"], rechazo.value_or(QString()));
   }
 }
 
 TEST(Autorizar, WhatTheDialogLeavesBehind) {
-  const struct { const char *porque, *nombre; bool antes; const char* tenia; bool acceso; const char* queda; } kCasos[] = {
-      {"accepted",                      "jefe ", false, "",     true,  "jefe "},
-      {"accepted again by another",     "otro",  false, "jefe", true,  "otro"},
-      {"closed",                        nullptr, true,  " ",    false, " "},
-      {"closed, an older name stands",  nullptr, true,  "jefe", true,  "jefe"},
-      {"closed, the flag was off",      nullptr, false, "jefe", false, "jefe"},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
-    bool acceso = c.antes;
-    QString supervisor = q(c.tenia);
-    CerrarAutorizacion(c.nombre ? std::optional(q(c.nombre)) : std::nullopt, acceso, supervisor);
-    EXPECT_EQ(c.acceso, acceso);
-    EXPECT_EQ(q(c.queda), supervisor);
+  for (const auto& c : leerCasos("sale/autorizacion")) {
+    SCOPED_TRACE(c.donde());
+    bool acceso = c.si("antes");
+    QString supervisor = c["tenia"];
+    CerrarAutorizacion(c.falta("nombre") ? std::nullopt : std::optional(c["nombre"]), acceso, supervisor);
+    EXPECT_EQ(c.si("acceso"), acceso);
+    EXPECT_EQ(c["queda"], supervisor);
   }
 }
 

@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include "apoyo/casos.h"
 #include "apoyo/puesto_prueba.h"
 #include "sale/caja_full.h"
 
 namespace {
 
 QString q(const char* t) { return QString::fromUtf8(t); }
+
+const QHash<QString, int> kColumnas{{q("código"), kCod}, {q("catálogo"), kCatalogo}, {q("cant."), kCant},
+                                   {q("precio"), kPrecio}, {q("signo"), kSigno}, {q("porc."), kPorc}};
 
 struct CajaLineas : testing::Test {
   PuestoPrueba p;
@@ -25,7 +29,8 @@ struct CajaLineas : testing::Test {
     p.ejecuta(q("UPDATE Producto SET cProdEstd = 0 WHERE cProdCode = 16"));
     p.ejecuta(q("UPDATE Producto SET nPuntos = 50, cFlagCanje = 1 WHERE cProdCode = 17"));
   }
-  bool sale(int columna, const char* texto, int fila = 0) { return SalirCelda(p, v, fila, columna, q(texto)); }
+  bool sale(int columna, const QString& texto, int fila = 0) { return SalirCelda(p, v, fila, columna, texto); }
+  bool sale(int columna, const char* texto, int fila = 0) { return sale(columna, q(texto), fila); }
   QString celdas(int fila = 0) const {
     QStringList t;
     for (const auto& c : v.lineas[static_cast<size_t>(fila)]) t << c;
@@ -48,86 +53,42 @@ TEST_F(CajaLineas, ACodeFillsTheRow) {
 }
 
 TEST_F(CajaLineas, CodesAndCatalogueCodes) {
-  const struct { const char* porque; int columna; const char *texto, *articulo, *caja; } kCasos[] = {
-      {"code with zeros",              kCod,      "000013",   "000013", ""},
-      {"unknown code",                 kCod,      "99",       "",       "Articulo No Existe...!!!"},
-      {"letters are no code",          kCod,      "12a",      "",       "Articulo No Existe...!!!"},
-      {"the head isn't cut off",       kCod,      "1000012",  "",       "Articulo No Existe...!!!"},
-      {"withdrawn by the server",      kCod,      "15",       "",       "El Producto no se encuentra activo."},
-      {"not for sale",                 kCod,      "16",       "",       "El Producto no se encuentra activo."},
-      {"nothing typed",                kCod,      " ",        "",       ""},
-      {"part: the lowest code",        kCatalogo, "CAF",      "000012", ""},
-      {"exact wins over lower",        kCatalogo, "caf-010",  "000013", ""},
-      {"points at other places",       kCatalogo, "7.70.123", "000014", ""},
-      {"catalogue code withdrawn",     kCatalogo, "OLD",      "",       "El Producto no se encuentra activo."},
-      {"catalogue code not for sale",  kCatalogo, "SUS",      "",       "El Producto no se encuentra activo."},
-      {"unknown catalogue code",       kCatalogo, "NADA",     "",       "Articulo No Existe...!!!"},
-      {"unknown number",               kCatalogo, "55.5",     "",       "Articulo No Existe...!!!"},
-      {"a quote is only a letter",     kCatalogo, "D'ORO",    "000018", ""},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("sale/articulos")) {
+    SCOPED_TRACE(c.donde());
     v = {};
-    if (*c.caja) p.persona().espera(q(c.caja));
-    EXPECT_EQ(!*c.caja, sale(c.columna, c.texto));
-    EXPECT_EQ(q(c.articulo), v.lineas[0][kCod]);
-    if (!*c.articulo) {
+    if (!c["caja"].isEmpty()) p.persona().espera(c["caja"]);
+    EXPECT_EQ(c["caja"].isEmpty(), sale(kColumnas.value(c["columna"]), c["texto"]));
+    EXPECT_EQ(c["articulo"], v.lineas[0][kCod]);
+    if (c["articulo"].isEmpty()) {
       EXPECT_EQ(FilaVenta{}, v.lineas[0]);
     }
   }
 }
 
 TEST_F(CajaLineas, AmountsThatACellTakes) {
-  const struct { const char* porque; int columna; const char *texto, *queda, *caja; bool acepta; } kCasos[] = {
-      {"quantity",              kCant,   "3",     "3.00",  "", true},
-      {"half goes up",          kCant,   "2.5",   "3.00",  "", true},
-      {"blank is one",          kCant,   "",      "1.00",  "", true},
-      {"zero",                  kCant,   "0",     "2.00",  "", false},
-      {"rounds to zero",        kCant,   "0.4",   "2.00",  "", false},
-      {"negative",              kCant,   "-1",    "2.00",  "", false},
-      {"letters",               kCant,   "dos",   "2.00",  "", false},
-      {"a barcode by mistake",  kCant,   "7751234567890", "2.00", "", false},
-      {"price with a comma",    kPrecio, "1,250.5", "1250.50", "", true},
-      {"price for free",        kPrecio, "0",     "0.00",  "", true},
-      {"negative price",        kPrecio, "-1",    "10.00", "", false},
-      {"blank price",           kPrecio, "",      "0.00",  "", true},
-      {"plus",                  kSigno,  "+",     "+",     "", true},
-      {"anything is minus",     kSigno,  "x",     "-",     "", true},
-      {"percentage",            kPorc,   "12.345", "12.35", "", true},
-      {"all of it",             kPorc,   "100",   "100.00", "", true},
-      {"too much",              kPorc,   "100.01", "5.00", "Porcentaje Recargo/ Descuento incorrecto ", false},
-      {"negative percentage",   kPorc,   "-5",    "5.00",  "", false},
-  };
   p.articulo(1, q("A"), 10);
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("sale/celdas")) {
+    SCOPED_TRACE(c.donde());
     v = {};
     ASSERT_TRUE(sale(kCod, "1") && sale(kCant, "2") && sale(kPorc, "5"));
     const FilaVenta antes = v.lineas[0];
-    if (*c.caja) p.persona().espera(q(c.caja));
-    EXPECT_EQ(c.acepta, sale(c.columna, c.texto));
-    EXPECT_EQ(q(c.queda), v.lineas[0][static_cast<size_t>(c.columna)]);
-    if (!c.acepta) {
+    if (!c["caja"].isEmpty()) p.persona().espera(c["caja"]);
+    EXPECT_EQ(c.si("acepta"), sale(kColumnas.value(c["columna"]), c["texto"]));
+    EXPECT_EQ(c["queda"], v.lineas[0][static_cast<size_t>(kColumnas.value(c["columna"]))]);
+    if (!c.si("acepta")) {
       EXPECT_EQ(antes, v.lineas[0]);
     }
   }
 }
 
 TEST_F(CajaLineas, WhenAPercentageGoesBackToZero) {
-  const struct { const char* porque; const char* precio; int columna; const char *texto, *queda; } kCasos[] = {
-      {"another quantity",           "10", kCant,  "3",  "0.00"},
-      {"the same quantity",          "10", kCant,  "1",  "5.00"},
-      {"to a surcharge",             "10", kSigno, "+",  "0.00"},
-      {"a line without value",       "0",  kCant,  "3",  "5.00"},
-      {"another price keeps it",     "10", kPrecio, "8", "5.00"},
-  };
   p.articulo(1, q("A"), 10);
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("sale/porcentaje")) {
+    SCOPED_TRACE(c.donde());
     v = {};
-    ASSERT_TRUE(sale(kCod, "1") && sale(kPrecio, c.precio) && sale(kPorc, "5"));
-    EXPECT_TRUE(sale(c.columna, c.texto));
-    EXPECT_EQ(q(c.queda), v.lineas[0][kPorc]);
+    ASSERT_TRUE(sale(kCod, "1") && sale(kPrecio, c["precio"]) && sale(kPorc, "5"));
+    EXPECT_TRUE(sale(kColumnas.value(c["columna"]), c["texto"]));
+    EXPECT_EQ(c["queda"], v.lineas[0][kPorc]);
   }
 }
 

@@ -1,5 +1,6 @@
 // The kinds of sale beside a plain one, from the screen's fields to the rows: advance payments, notes, liquidations,
 // vouchers.
+#include "apoyo/casos.h"
 #include "sale/caja_liquidacion.h"
 
 #include "sale/caja_adelanto.h"
@@ -196,27 +197,17 @@ TEST_F(Liquidacion, ANoteDrawsOnItsAdvancePayment) {
 }
 
 TEST_F(Liquidacion, AmountsPaidInAdvance) {
-  const struct { const char *porque, *soles, *dolares, *caja, *fila; } kCasos[] = {
-      //                                              currency | soles | dollars | cash soles | cash dollars
-      {"soles",               "100",    "",     "", "1|100|33.33|100|0"},
-      {"dollars",             "0.00",   "20",   "", "2|60|20|0|20"},
-      {"dollars win",         "10.00",  "5.00", "", "2|15|5|10|5"},
-      {"thousands",           "1,000",  "",     "", "1|1000|333.33|1000|0"},
-      {"nothing",             "",       "0",    "Debe registar una cantidad mayor que cero.", ""},
-      {"less than nothing",   "-5",     "",     "Debe registar una cantidad mayor que cero.", ""},
-      {"letters end it silently", "cien", "",   "", ""},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("sale/adelantos")) {
+    SCOPED_TRACE(c.donde());
     CancelarVenta(p, v);
     CambiarTipo(p, v, pantallas, kPADE);
-    v.txtPagoAdelantado = q(c.soles);
-    v.txtPADEDolares = q(c.dolares);
-    if (*c.caja != '\0') p.persona().espera(q(c.caja));
+    v.txtPagoAdelantado = c["soles"];
+    v.txtPADEDolares = c["dolares"];
+    if (!c["caja"].isEmpty()) p.persona().espera(c["caja"]);
     const QString ultimo = p.filas(q("SELECT MAX(cOperCode) FROM OperacionParalela"));
     const Foco foco = PulsarTecla(p, v, pantallas, 2).foco;
-    EXPECT_EQ(*c.fila != '\0' ? q("txtTarjeta") : q("txtPagoAdelantado"), foco.control);
-    EXPECT_EQ(q(c.fila), p.filas(q("SELECT nMoneda, nMontoSoles, nMontoDolares, nEfectivoSoles, nEfectivoDolares FROM "
+    EXPECT_EQ(!c["fila"].isEmpty() ? q("txtTarjeta") : q("txtPagoAdelantado"), foco.control);
+    EXPECT_EQ(c["fila"], p.filas(q("SELECT nMoneda, nMontoSoles, nMontoDolares, nEfectivoSoles, nEfectivoDolares FROM "
                                    "OperacionParalela WHERE cOperTipo=22 AND cOperCode>") + ultimo));
   }
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
+#include "apoyo/casos.h"
 #include "apoyo/puesto_prueba.h"
 #include "platform/text/numero.h"
 #include "sale/caja_full.h"
@@ -25,26 +26,15 @@ FilaVenta linea(const QString& precio, const QString& cant, const QString& signo
 
 TEST(CajaTotales, OneLine) {
   PuestoPrueba p;
-  const struct { const char* porque; int tipo; const char *precio, *cant, *signo, *porc, *servicio, *sub, *serv, *igv; } kCasos[] = {
-      //                                    price    qty     sign pct     serv  subtotal service igv
-      {"discount with service",     kEfectivo, "10.00", "3.00", "-", "10.00", "SI", "27.00", "2.11", "3.80"},
-      {"surcharge",                 kEfectivo, "10.00", "3.00", "+", "10.00", "SI", "33.00", "2.58", "4.64"},
-      {"no service",                kEfectivo, "10.00", "3.00", "-", "10.00", "NO", "27.00", "0.00", "4.12"},
-      {"a blank quantity is one",   kEfectivo, "10.00", "",     "-", "0.00",  "NO", "10.00", "0.00", "1.53"},
-      {"a comma is no end",         kEfectivo, "1,000.00", "2", "-", "",      "NO", "2000.00", "0.00", "305.08"},
-      {"another sign is a discount", kEfectivo, "10.00", "1.00", "", "50.00", "NO", "5.00", "0.00", "0.76"},
-      {"all of it off",             kEfectivo, "10.00", "1.00", "-", "100.00", "SI", "0.00", "0.00", "0.00"},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("sale/linea")) {
+    SCOPED_TRACE(c.donde());
     CajaRegistradoraFull v;
-    v.nTipoVenta = c.tipo;
-    v.lineas = {linea(q(c.precio), q(c.cant), q(c.signo), q(c.porc), q(c.servicio))};
+    v.lineas = {linea(c["precio"], c["cant"], c["signo"], c["porc"], c["servicio"])};
     CalculaTotales(p, v);
-    EXPECT_EQ(q(c.sub), v.lineas[0][kSubTotal]);
-    EXPECT_EQ(q(c.serv), v.lineas[0][kServ]);
-    EXPECT_EQ(q(c.igv), v.lineas[0][kIgv]);
-    EXPECT_EQ(q(c.sub), v.txtSoles);
+    EXPECT_EQ(c["sub"], v.lineas[0][kSubTotal]);
+    EXPECT_EQ(c["serv"], v.lineas[0][kServ]);
+    EXPECT_EQ(c["igv"], v.lineas[0][kIgv]);
+    EXPECT_EQ(c["sub"], v.txtSoles);
   }
 }
 
@@ -69,48 +59,32 @@ TEST(CajaTotales, SumsUnroundedLinesAndSkipsUnreadableOnes) {
   EXPECT_EQ(q("-7.00"), v.txtSoles) << "a liquidation has its own sums";
 }
 
-// The fields in the order in which the cashier leaves them; "" is not touched.
 TEST(CajaPago, TheCashPanel) {
   PuestoPrueba p;
-  const struct { const char *porque; int tipo; const char *total, *dolares, *corregido, *vueltoUS, *tecleado, *soles, *dolar, *vuelto; } kCajas[] = {
-      //                                      total     US$     then     back     typed    soles     US$      change   (3.00)
-      {"nothing typed",             kEfectivo, "100.00", "",     "",      "",      "",      "100.00", "0.00",  "0.00"},
-      {"dollars pay some",          kEfectivo, "100.00", "20",   "",      "",      "",      "40.00",  "20.00", "0.00"},
-      {"dollars too many",          kEfectivo, "100.00", "40",   "",      "",      "",      "0.00",   "40.00", "20.00"},
-      {"50 corrected to 20",        kEfectivo, "100.00", "50",   "20",    "",      "",      "40.00",  "20.00", "0.00"},
-      {"dollars back",              kEfectivo, "100.00", "40",   "",      "5",     "",      "0.00",   "40.00", "5.00"},
-      {"more back than paid",       kEfectivo, "100.00", "20",   "",      "30",    "",      "40.00",  "20.00", "0.00"},
-      {"typed soles stay",          kEfectivo, "100.00", "20",   "",      "",      "50",    "50.00",  "20.00", "10.00"},
-      {"typed soles are too few",   kEfectivo, "100.00", "",     "",      "",      "70",    "70.00",  "0.00",  "-30.00"},
-      {"dollars make soles idle",   kEfectivo, "100.00", "40",   "",      "",      "10",    "0.00",   "40.00", "20.00"},
-      {"zero is nothing typed",     kEfectivo, "100.00", "",     "",      "",      "0",     "100.00", "0.00",  "0.00"},
-      {"two points are no amount",  kEfectivo, "100.00", "1.2.3", "",     "",      "",      "100.00", "0.00",  "0.00"},
-      {"an order counts cash too",  kOC,       "100.00", "20",   "",      "",      "",      "40.00",  "20.00", "0.00"},
-      {"a note takes no cash",      kNC,       "100.00", "",     "",      "",      "",      "0.00",   "0.00",  "0.00"},
-  };
-  for (const auto& c : kCajas) {
-    SCOPED_TRACE(c.porque);
+  const QHash<QString, TipoVenta> tipos{{q("efectivo"), kEfectivo}, {q("orden"), kOC}, {q("nota"), kNC}};
+  for (const auto& c : leerCasos("sale/efectivo")) {
+    SCOPED_TRACE(c.donde());
     CajaRegistradoraFull v;
-    v.nTipoVenta = c.tipo;
-    v.txtSoles = q(c.total);
+    v.nTipoVenta = tipos.value(c["tipo"]);
+    v.txtSoles = c["total"];
     CuadraPago(p, v);
-    for (const char* d : {c.dolares, c.corregido}) {
-      if (!*d) continue;
-      v.txtEfectivoDolares = q(d);
+    for (const QString& d : {c["dolares"], c["corregido"]}) {
+      if (d.isEmpty()) continue;
+      v.txtEfectivoDolares = d;
       SalirDolares(p, v);
     }
-    if (*c.vueltoUS) {
-      v.txtVueltoDolares = q(c.vueltoUS);
+    if (!c["vueltoUS"].isEmpty()) {
+      v.txtVueltoDolares = c["vueltoUS"];
       SalirDolares(p, v);
     }
-    if (*c.tecleado) {
-      v.txtEfectivoSoles = q(c.tecleado);
+    if (!c["tecleado"].isEmpty()) {
+      v.txtEfectivoSoles = c["tecleado"];
       v.efectivoTecleado = true;
       SalirEfectivoSoles(p, v);
     }
-    EXPECT_EQ(q(c.soles), v.txtEfectivoSoles);
-    EXPECT_EQ(q(c.dolar), v.txtEfectivoDolares);
-    EXPECT_EQ(q(c.vuelto), v.txtVueltoSoles);
+    EXPECT_EQ(c["soles"], v.txtEfectivoSoles);
+    EXPECT_EQ(c["dolar"], v.txtEfectivoDolares);
+    EXPECT_EQ(c["vuelto"], v.txtVueltoSoles);
   }
 }
 

@@ -1,6 +1,7 @@
 // What a sale stores, prints and leaves on the screen.
 #include <gtest/gtest.h>
 
+#include "apoyo/casos.h"
 #include "venta_prueba.h"
 
 namespace {
@@ -47,26 +48,16 @@ TEST(Commit, ASaleIsLinesAndATenderRow) {
 }
 
 TEST(Commit, TheTenderRowByWhatWasTyped) {
-  const struct { const char *porque, *soles, *dolares, *vueltoDolares, *fila; } kCasos[] = {
-      //                             tender: price = -change in soles | soles | dollars | change in dollars
-      {"nothing typed", "", "", "", "0|30|0|0"},
-      {"zeros typed", "0.00", "0.00", "", "0|30|0|0"},
-      {"change in soles", "50.00", "", "", "-20|50|0|0"},
-      {"dollars cover it, change in soles", "", "20.00", "", "-30|0|20|0"},
-      {"dollars back", "", "20.00", "10.00", "0|0|20|10"},
-      {"both", "", "5.00", "", "0|15|5|0"},
-      {"thousands with commas", "1,030.00", "", "", "-1000|1030|0|0"},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("sale/fila_de_pago")) {
+    SCOPED_TRACE(c.donde());
     Caja caja;
     CalculaTotales(caja.p, caja.v);  // the total stands before cash is typed
-    caja.v.txtEfectivoSoles = q(c.soles);
-    caja.v.efectivoTecleado = *c.soles != '\0';
-    caja.v.txtEfectivoDolares = q(c.dolares);
-    caja.v.txtVueltoDolares = q(c.vueltoDolares);
+    caja.v.txtEfectivoSoles = c["soles"];
+    caja.v.efectivoTecleado = !c["soles"].isEmpty();
+    caja.v.txtEfectivoDolares = c["dolares"];
+    caja.v.txtVueltoDolares = c["vueltoDolares"];
     caja.vender();
-    EXPECT_EQ(q(c.fila), caja.p.filas(q("SELECT nProdPrecUnit, nMontoSoles, nMontoDolares, nVueltoDolares "
+    EXPECT_EQ(c["fila"], caja.p.filas(q("SELECT nProdPrecUnit, nMontoSoles, nMontoDolares, nVueltoDolares "
                                         "FROM Operacion WHERE cProdCode=0")));
   }
 }

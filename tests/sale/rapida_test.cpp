@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 
+#include "apoyo/casos.h"
 #include "apoyo/motor_que_falla.h"
 #include "sale/caja_rapida.h"
 #include "sale/commit_rapida.h"
@@ -72,26 +73,16 @@ TEST(Rapida, OpensWithItsKeys) {
 }
 
 TEST(Rapida, KeysAndQuantitiesMakeTheTotal) {
-  const struct { const char *porque; int tecla; const char *cantidad, *queda, *sub, *total; } kPasos[] = {
-      {"the first article", 1, nullptr, "1", "10.00", "10.00"},
-      {"a fraction is rounded", 0, "2.5", "3", "30.00", "30.00"},
-      {"a line joins the total", 2, nullptr, "1", "12.50", "42.50"},
-      {"blank is one", 0, "", "1", "12.50", "42.50"},
-      {"the last quantity is taken with the next key", 1, "2", "1", "10.00", "65.00"},
-      {"no quantity: nothing happens", 1, "0", "0", "10.00", "65.00"},
-      {"nor with letters", 2, "1x", "1x", "10.00", "65.00"},
-      {"nor above 32 bits", kBotonImprime, "4000000000", "4000000000", "10.00", "65.00"},
-  };
   Rapida r;
   AbrirRapida(r.p, r.v);
-  for (const auto& paso : kPasos) {
-    SCOPED_TRACE(paso.porque);
-    if (paso.cantidad) r.v.txtCantidad = q(paso.cantidad);
-    if (paso.tecla) r.pulsar(paso.tecla);
+  for (const auto& paso : leerCasos("sale/teclas_rapidas")) {
+    SCOPED_TRACE(paso.donde());
+    if (!paso.falta("cantidad")) r.v.txtCantidad = paso["cantidad"];
+    if (paso.entero("tecla")) r.pulsar(paso.entero("tecla"));
     else EXPECT_TRUE(SalirCantidad(r.v));
-    EXPECT_EQ(q(paso.queda), r.v.txtCantidad);
-    EXPECT_EQ(q("Sub:") + Rellenar(q(paso.sub), 14), r.v.lblSubtotal);
-    EXPECT_EQ(q("TOT:") + Rellenar(q(paso.total), 14), r.v.lblTotal);
+    EXPECT_EQ(paso["queda"], r.v.txtCantidad);
+    EXPECT_EQ(q("Sub:") + Rellenar(paso["sub"], 14), r.v.lblSubtotal);
+    EXPECT_EQ(q("TOT:") + Rellenar(paso["total"], 14), r.v.lblTotal);
   }
   EXPECT_EQ(q("Cafe             10.00"), r.v.lblProducto);
   EXPECT_EQ(3u, r.v.lineas.size());
@@ -147,16 +138,6 @@ TEST(Rapida, WhatASaleStores) {
     EXPECT_EQ(kVentaExacta, r.v.nTipoVenta);
     EXPECT_FALSE(r.v.bVentaIniciada);
   }
-}
-
-TEST(Rapida, AClosedCashScreenDoesNothing) {
-  Rapida r;
-  r.teclear();
-  GrabarVentaRapida(r.p, r.v, r.pantallas);
-  EXPECT_EQ(QStringList{q("efectivo 42.5")}, r.pantallas.abiertas);
-  EXPECT_EQ(QString(), r.p.filas(kVentas));
-  EXPECT_TRUE(r.p.papeles().papel.isEmpty());
-  EXPECT_EQ(2u, r.v.lineas.size());
 }
 
 QByteArray leer(const QString& archivo) {

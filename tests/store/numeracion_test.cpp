@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 
+#include "apoyo/casos.h"
 #include "apoyo/puesto_prueba.h"
 
 namespace {
@@ -15,9 +16,9 @@ void abrirCentral(PuestoPrueba& p) {
   ASSERT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral));
 }
 
-QString reservar(PuestoPrueba& p, const char* tipo) {
+QString reservar(PuestoPrueba& p, const QString& tipo) {
   NumeroDocumento n;
-  if (!ReservarDocumento(p, q(tipo), kLogCajaFull, n)) return q("failed");
+  if (!ReservarDocumento(p, tipo, kLogCajaFull, n)) return q("failed");
   return n.serie + u'-' + QString::number(n.numero);
 }
 
@@ -27,40 +28,24 @@ QByteArray log(PuestoPrueba& p, const char* nombre) {
 }
 
 TEST(Numeracion, EachNumberIsHeldAgainstStoreAndCentral) {
-  const struct {
-    const char* porque;
-    int config, local, central;  // last number of each; 0 none
-    int otraCaja;                // highest number of another desk in the central database
-    const char *tipo, *sale, *log;
-  } kCasos[] = {
-      {"first of all", 0, 0, 0, 0, "02", "001-1", nullptr},
-      {"in step", 5, 5, 5, 0, "02", "001-6", nullptr},
-      {"a factura uses the same run", 5, 5, 0, 0, "01", "001-6", nullptr},
-      {"an old copy of the store", 3, 7, 0, 0, "02", "001-8", "Error_Full_1024.log"},
-      {"ahead: rows were deleted", 9, 7, 0, 0, "02", "001-8", "Error_Full_10210.log"},
-      {"ahead with no rows at all stays", 9, 0, 0, 0, "02", "001-10", nullptr},
-      {"central beats a lower local", 5, 5, 8, 0, "01", "001-9", "Error_Full_1016.log"},
-      {"a higher local beats central", 5, 5, 3, 0, "02", "001-6", nullptr},
-      {"another desk's numbers are its own", 5, 5, 0, 90, "02", "001-6", nullptr},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("store/numeracion")) {
+    SCOPED_TRACE(c.donde());
     PuestoPrueba p;
-    p.ejecuta(q("UPDATE Config_Documento SET nDocCodigo=%1 WHERE cTipoDoc='02'").arg(c.config));
-    if (c.local) p.ejecuta(q("INSERT INTO Operacion (cOperCode, cDocTipo, cDocCodigo) VALUES (1,'01',%1)").arg(c.local));
+    p.ejecuta(q("UPDATE Config_Documento SET nDocCodigo=%1 WHERE cTipoDoc='02'").arg(c.entero("config")));
+    if (c.entero("local")) p.ejecuta(q("INSERT INTO Operacion (cOperCode, cDocTipo, cDocCodigo) VALUES (1,'01',%1)").arg(c.entero("local")));
     abrirCentral(p);
-    for (const auto& [numero, caja] : {std::pair(c.central, "00001"), std::pair(c.otraCaja, "00002")}) {
+    for (const auto& [numero, caja] : {std::pair(c.entero("central"), "00001"), std::pair(c.entero("otraCaja"), "00002")}) {
       if (numero == 0) continue;
       p.ejecuta(p.poCnnCentral, q("INSERT INTO venta01 (cCodVta, TipoDoc, cSerieDoc, NroDoc, cCodCaja) "
                                   "VALUES (%1,'02','001','%2','%3')").arg(numero).arg(numero, 6, 10, QChar(u'0')).arg(q(caja)));
     }
     p.poCnnCentral.cerrar();
-    if (c.log) p.persona().espera(q("Ocurrio un error en la numeración, se asignará el "));
-    EXPECT_EQ(q(c.sale), reservar(p, c.tipo));
-    EXPECT_EQ(q(c.sale).section(u'-', 1), p.filas(q("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='02'")));
+    if (!c.falta("log")) p.persona().espera(q("Ocurrio un error en la numeración, se asignará el "));
+    EXPECT_EQ(c["sale"], reservar(p, c["tipo"]));
+    EXPECT_EQ(c["sale"].section(u'-', 1), p.filas(q("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='02'")));
     EXPECT_EQ(q("0"), p.filas(q("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='01'")));
     const QStringList logs = QDir(p.rutas.temp).entryList({q("*.log")});
-    EXPECT_EQ(c.log ? q(c.log) : QString(), logs.join(u' '));
+    EXPECT_EQ(c["log"], logs.join(u' '));
   }
 }
 
@@ -74,18 +59,13 @@ TEST(Numeracion, ACorrectedNumberIsShownAndLogged) {
 }
 
 TEST(Numeracion, AMissingRowIsMade) {
-  const struct { const char *tipo, *sale, *fila; } kCasos[] = {
-      {"01", "045-1", "01|0|0|F01|2026-11-24 00:00:00|Primer Registro"},  // the update asks for "02"
-      {"02", "045-1", "02|0|1|045|2026-11-24 00:00:00|Primer Registro"},
-      {"11", "NC1-1", "11|0|1|NC1|2026-11-24 00:00:00|Primer Registro"},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.tipo);
+  for (const auto& c : leerCasos("store/fila_nueva")) {
+    SCOPED_TRACE(c.donde());
     PuestoPrueba p;
     p.ses.psCaja = q("12345");
     p.ejecuta(q("DELETE FROM Config_Documento"));
-    EXPECT_EQ(q(c.sale), reservar(p, c.tipo));
-    EXPECT_EQ(q(c.fila),
+    EXPECT_EQ(c["sale"], reservar(p, c["tipo"]));
+    EXPECT_EQ(c["fila"],
               p.filas(q("SELECT cTipoDoc, cOperCode, nDocCodigo, cSerieDoc, dUltAct, observacion FROM Config_Documento")));
   }
 }

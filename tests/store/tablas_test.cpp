@@ -6,6 +6,7 @@
 #include <QSet>
 #include <memory>
 
+#include "apoyo/casos.h"
 #include "servidores.h"
 
 namespace {
@@ -71,62 +72,19 @@ TEST(Tablas, ColumnsHaveOnlyTheTypesThatTheDialectKnows) {
 }
 
 TEST(Tablas, WhatAnInsertLeavesOut) {
-  const struct { const char *porque, *sentencia, *consulta, *sale; } kCasos[] = {
-      {"a withdrawal has no article, card or document, and counts as open",
-       "INSERT INTO OPERACION (cOperCode, cUserDesc, nProdCant, nProdPrecUnit, dOperFech, cOperTipo, cCajaCodi, "
-       "cTurnoCodi) VALUES (7, 'ANA', 1, 50, '2026-11-24 10:30:00', 5, '00001', '01')",
-       "SELECT cOperID, cProdCode, nMontoSoles, nMontoDolares, nVueltoDolares, nDscto, nServicio, cOperCodeAnula, "
-       "cOperFlagAnula, cOperFlagAbierto, typeof(cFlagSincronizacion), cFlagSincronizacion, nTarjNumb, cDocTipo, "
-       "cDocCodigo, cEmisor, IdLocal FROM operacion",
-       "1|Null|0.0|0.0|0.0|0.0|0.0|0|0|1|text|0|Null|Null|Null|Null|Null"},
-      {"the start number leaves a bare row", "INSERT INTO Operacion(cOperCode) VALUES ('4999')",
-       "SELECT max(cOperCode), typeof(cOperCode), cProdCode, cOperTipo FROM Operacion", "4999|integer|Null|0"},
-      {"a parallel document is open, unsent and not voided",
-       "INSERT INTO OPERACIONPARALELA (cOperCode, cOperTipo, cEstado) VALUES (1, 21, '1')",
-       "SELECT cOperFlagAbierto, cFlagSincronizacion, cOperCodeAnul, cOperCodeRela, nMoneda FROM OperacionParalela",
-       "1|0|0|0|0"},
-      {"an article typed at the desk can be sold",
-       "INSERT INTO Producto (cAlmaCode, cProdCode, nProdPrecUnit) VALUES ('01', 5, '1.5')",
-       "SELECT nActivo, cFlagCanje, nPuntos, cFlagServicio, cProdFlagCanje, cFlagDetracc, nProdPrecUnit FROM Producto",
-       "1|0|0|0|0|0|1.5"},
-      {"a pulled customer waits for nothing", "INSERT INTO Cliente (cClieCode) VALUES (3)",
-       "SELECT cSincroFlag, IdLocal, nPuntCant FROM Cliente", "1|0|0"},
-      {"a Z waits for the push", "INSERT INTO CabeceraZ (IdZ, Caja) VALUES (1, '00001')",
-       "SELECT bFlagSincro, obs FROM CabeceraZ", "0|Null"},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("store/omisiones")) {
+    SCOPED_TRACE(c.donde());
     Base b(tablasDelPuesto());
-    b.ejecuta(u8(c.sentencia));
-    EXPECT_EQ(u8(c.sale), b.filas(u8(c.consulta)));
+    b.ejecuta(c["sentencia"]);
+    EXPECT_EQ(c["sale"], b.filas(c["consulta"]));
   }
 }
 
 TEST(Tablas, KeysRefuseASecondRow) {
-  const struct { const char *primera, *segunda; bool acepta; } kCasos[] = {
-      {"INSERT INTO Producto (cProdCode, cAlmaCode) VALUES (1, '01')",
-       "INSERT INTO Producto (cProdCode, cAlmaCode) VALUES (1, '01')", false},
-      {"INSERT INTO Producto (cProdCode, cAlmaCode) VALUES (1, '01')",
-       "INSERT INTO Producto (cProdCode, cAlmaCode) VALUES (1, '02')", true},
-      {"INSERT INTO Tipo_Cambio VALUES ('2026-11-24 00:00:00', 3.75)",
-       "INSERT INTO Tipo_Cambio VALUES ('2026-11-24 00:00:00', 3.80)", false},
-      {"INSERT INTO Usuario (sUserDesc) VALUES ('ANA')", "INSERT INTO Usuario (sUserDesc) VALUES ('ana')", false},
-      {"INSERT INTO Config_Documento (cTipoDoc) VALUES ('02')",
-       "INSERT INTO Config_Documento (cTipoDoc) VALUES ('02')", false},
-      {"INSERT INTO Cliente (cClieCode) VALUES (1)", "INSERT INTO Cliente (cClieCode) VALUES (1)", false},
-      {"INSERT INTO Cliente (cClieCode, IdLocal) VALUES (1, 1)",
-       "INSERT INTO Cliente (cClieCode, IdLocal) VALUES (1, 2)", true},
-      {"INSERT INTO Tarjeta (nTarjNumb) VALUES ('00000001')", "INSERT INTO Tarjeta (nTarjNumb) VALUES ('00000001')",
-       false},
-      {"INSERT INTO Acumulacion_Punto (cClieCode, cAcumCode, IdLocal) VALUES (1, 1, 1)",
-       "INSERT INTO Acumulacion_Punto (cClieCode, cAcumCode, IdLocal) VALUES (1, 1, 1)", true},
-      {"INSERT INTO CabeceraZ (IdZ, Caja) VALUES (1, '00001')", "INSERT INTO CabeceraZ (IdZ, Caja) VALUES (1, '00001')",
-       false},
-  };
-  for (const auto& c : kCasos) {
+  for (const auto& c : leerCasos("store/claves")) {
     Base b(tablasDelPuesto());
-    b.ejecuta(u8(c.primera));
-    EXPECT_EQ(c.acepta, b.acepta(u8(c.segunda))) << c.segunda;
+    b.ejecuta(c["primera"]);
+    EXPECT_EQ(c.si("acepta"), b.acepta(c["segunda"])) << c.donde();
   }
 }
 
@@ -157,43 +115,14 @@ TEST(Tablas, APurgeMovesWholeRows) {
 }
 
 // What stands in a plan says how much is read: SEARCH goes to the rows asked for, SCAN reads the table.
-TEST(Tablas, ASaleDoesNotReadTheHistory) {
-  const char* const kSentencias[] = {
-      "SELECT MAX(cOperCode) AS maximo FROM Operacion",
-      "SELECT MAX(cOperCode) AS maximo FROM OperacionParalela",
-      "SELECT MAX(cDocCodigo) AS maximo FROM Operacion WHERE cDocTipo IN ('01','02')",
-      "SELECT MAX(cDocCodigo) AS maximo FROM OperacionParalela WHERE cDocTipo = '11'",
-      "SELECT MAX(dOperFech) FROM Operacion",
-      "SELECT MAX(dOperFech) FROM OperacionParalela",
-      "SELECT * FROM Config_Documento WHERE cTipoDoc='02'",
-      "UPDATE Config_Documento SET nDocCodigo=5 WHERE cTipodoc='02'",
-      "SELECT idct + 1 as cod, maxid FROM _tmp1 WHERE prn=1",
-      "SELECT sProdDescCrta FROM Producto WHERE cAlmaCode = '01' AND cProdCode = 5",
-      "SELECT sProdDescCrta FROM Producto WHERE cAlmaCode = '01' AND cCodCatalogo = '1.25.003'",
-      "SELECT * FROM OperacionParalela WHERE cOperCode=5",
-      "UPDATE OPERACIONPARALELA SET cEstado = 2 WHERE cOperCode = 5",
-      "SELECT cAlmaCode FROM OperacionParalelaProducto WHERE cOperCode = 5",
-      "Select * FROM Operacion WHERE cOperCode= 5",
-      "Select distinct cdocTipo, cOpercode from Operacion where cOperFlagAnula = 0 AND cOperFlagAbierto = 1 "
-      "And cdocSerie = '001' And cDocCodigo = 5",
-      "SELECT  * FROM OperacionParalela WHERE cDocSerie='OC1' AND cDocCodigo=5",
-      "SELECT count(*) as TOTAL FROM Operacion WHERE cOperCodeAnula =5 AND cOperFlagAbierto = 1",
-      "SELECT MAX(cOperID) FROM Operacion Where coperflagabierto = 0",
-      "UPDATE OPERACION SET cOperFlagAbierto = 0 WHERE cOperFlagAbierto = 1",
-      "UPDATE OPERACIONPARALELA SET cOperFlagAbierto = 0 WHERE cOperFlagAbierto = 1",
-      "SELECT SUM(nMontoSoles + nProdPrecUnit) AS TOTAL FROM Operacion WHERE cOperFlagAbierto = 1 AND cOperTipo in (1,3)",
-      "SELECT count(*) AS TOTAL FROM Operacion o WHERE o.cOperTipo in (1,2,3,4,5) and o.cOperId > 100",
-      "SELECT SUM(o.nProdCant) FROM Operacion o WHERE cOperTipo in (1,2,3) and o.cOperId > 100 AND cprodcode <> 0",
-      "SELECT sum(o.nMontosoles) FROM OperacionParalela o WHERE o.cOperTipo in (22) and o.cEstado in ('1')",
-      "SELECT SUM(nMontoSoles) as Total FROM OperacionParalela WHERE cOperCodeRela=5 AND cDocTipo='11'",
-      "SELECT * FROM Acumulacion_Punto WHERE cSincroFlag = 0",
-      "SELECT * FROM Cliente WHERE cSincroFlag = 0",
-  };
-  Base b(tablasDelPuesto());
-  for (const char* s : kSentencias) {
-    const QString plan = b.plan(u8(s));
-    EXPECT_TRUE(plan.contains(u8("SEARCH"))) << s << "\n" << qPrintable(plan);
-    EXPECT_FALSE(plan.contains(u8("SCAN"))) << s << "\n" << qPrintable(plan);
+TEST(Tablas, NeitherASaleNorAServersAnswerReadsAWholeTable) {
+  Base puesto(tablasDelPuesto()), central(tablasDelCentral()), cliente(tablasDelCliente());
+  for (const auto& c : leerCasos("store/planes")) {
+    SCOPED_TRACE(c.donde());
+    Base& b = c["base"] == u"puesto" ? puesto : c["base"] == u"central" ? central : cliente;
+    const QString plan = b.plan(c["sql"]);
+    EXPECT_TRUE(plan.contains(u8("SEARCH"))) << qPrintable(plan);
+    EXPECT_FALSE(plan.contains(u8("SCAN"))) << qPrintable(plan);
   }
 }
 
@@ -205,27 +134,6 @@ TEST(Tablas, TheHighestNumberCostsTheSameOverAnyHistory) {
   EXPECT_EQ(u8("20000"), b.filas(u8("SELECT MAX(cDocCodigo) FROM Operacion WHERE cDocTipo IN ('01','02')")));
   EXPECT_EQ(u8("SEARCH Operacion USING COVERING INDEX Operacion_numero"),
             b.plan(u8("SELECT MAX(cDocCodigo) FROM Operacion WHERE cDocTipo IN ('01','02')")));
-}
-
-TEST(Tablas, ServersAnswerADeskWithoutReadingOtherDesks) {
-  const char* const kCentral[] = {
-      "SELECT max(cast(NroDoc as int)) FROM venta01 WHERE cCodCaja='00001' AND TipoDoc in ('01','02')",
-      "SELECT CDocSerie, MAX(cDoccodigo) FROM operacion WHERE cCajaCodi='00001' group by CDocSerie",
-      "SELECT MAX(cOperId) FROM operacion WHERE cCajaCodi='00001'",
-      "SELECT Count(*) FROM Cuentacte WHERE cSerieDoc = '001' AND cNroDoc = '000005' AND cCodCaja = '00001'",
-      "SELECT nPrecioVtaNew FROM ArticuloPrecioVenta B WHERE B.cCodArtic = '000005'",
-      "DELETE FROM operacionparalelaproducto WHERE cOperCOde = 5 AND cCajaCodi = '00001'",
-      "SELECT COUNT(1) FROM pagos WHERE cSerieDocPago='PA1'",
-  };
-  Base central(tablasDelCentral());
-  for (const char* s : kCentral) EXPECT_FALSE(central.plan(u8(s)).contains(u8("SCAN"))) << s;
-  const char* const kCliente[] = {
-      "SELECT cClieCode FROM Tarjeta WHERE nTarjNumb = '00000001' AND IdLocal = 1",
-      "SELECT MAX(cAcumCode) FROM Acumulacion_Punto WHERE cClieCode = 1 AND IdLocal = 1",
-      "UPDATE Cliente SET nPuntCant = nPuntCant + 1 WHERE cClieCode = 1 AND IdLocal = 1",
-  };
-  Base cliente(tablasDelCliente());
-  for (const char* s : kCliente) EXPECT_FALSE(cliente.plan(u8(s)).contains(u8("SCAN"))) << s;
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "apoyo/casos.h"
 #include "anulacion_prueba.h"
 #include "apoyo/puertos_que_matan.h"
 
@@ -132,18 +133,8 @@ TEST(AnulacionMuerta, TheNextVoidEndsWhatAKilledOneLeft) {
 }
 
 TEST(Anulacion, EveryRefusalHasItsWords) {
-  const struct { const char *porque, *codigo; bool alterno; const char* caja; } kCasos[] = {
-      {"no such code", "99", false, "El número de transacción no existe o ya ha sido cerrada."},
-      {"a closed day", "9", false, "El número de transacción no existe o ya ha sido cerrada."},
-      {"a mirror", "10", false, "Esta es una transacción de anulación. No puede ser anulada"},
-      {"a withdrawal", "11", false, "No es una transacción de venta."},
-      {"the liquidation itself", "3", true, "Esta es una transacción de liquidación. No puede ser anulada"},
-      {"a settled note", "2", true, "El número de transacción no existe o ya ha sido cerrada."},
-      {"an order of a liquidation", "8", true, "La OC tiene una Liquidacion asociada...No se puede eliminar!"},
-      {"a day without rate", "12", false, "Para registrar ventas en dólares debe registrar el tipo de cambio"},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("voiding/rechazos")) {
+    SCOPED_TRACE(c.donde());
     PuestoConDocumentos p;
     llenar(p);
     p.fila(9, 1, "02", 5, 101, 1, 4.5);
@@ -154,10 +145,10 @@ TEST(Anulacion, EveryRefusalHasItsWords) {
     p.paralela(8, 20, "10", "1", 3);
     p.fila(12, 1, "02", 6, 101, 1, 4.5);
     p.ejecuta(q("UPDATE Operacion SET dOperFech='23/11/2026' WHERE cOperCode=12"));
-    p.jefe.nombre = q(c.codigo) == u"12" ? QString() : q("JEFE");
+    p.jefe.nombre = c["codigo"] == u"12" ? QString() : q("JEFE");
     const QString antes = p.todo();
-    p.persona().espera(q(c.caja));
-    p.anular(q(c.codigo).toInt(), c.alterno);
+    p.persona().espera(c["caja"]);
+    p.anular(c["codigo"].toInt(), c.si("alterno"));
     EXPECT_EQ(antes, p.todo());
   }
 }
