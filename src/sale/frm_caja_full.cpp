@@ -74,6 +74,9 @@ frmCajaRegistradoraFull::frmCajaRegistradoraFull(Puesto& p, PantallasVenta& pant
   pestanas_->addTab(adelanto_.pestana, QStringLiteral("Pago Adelantado"));
   liquidacion_ = nuevoPanelLiquidacion(enlaces_, v_);
   pestanas_->addTab(liquidacion_.pestana, QStringLiteral(" Liquidación de Pago - N/C"));
+  connect(pestanas_, &QTabWidget::currentChanged, this, [this](int n) {
+    if (!mostrando_) v_.pestana = n;
+  });
   cuerpo()->addWidget(pestanas_, 1);
   cuerpo()->addWidget(nuevoPago());
   cuerpo()->addWidget(nuevaBotonera());
@@ -114,6 +117,7 @@ QWidget* frmCajaRegistradoraFull::nuevaCabecera() {
   // Wide enough for a kind that stays chosen; the list itself shows the longer entries whole.
   cboTipoVenta_->setFixedWidth(128);
   cboTipoVenta_->view()->setMinimumWidth(230);
+  cboTipoVenta_->installEventFilter(this);
   venta->agregar(QStringLiteral("Tip&o:"), cboTipoVenta_);
   txtRUC_ = venta->campo(QStringLiteral("txtRUC"), QStringLiteral("&RUC:"));
   txtRUC_->setMinimumWidth(130);
