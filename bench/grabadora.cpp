@@ -3,8 +3,8 @@
 #include <QDir>
 #include <QFileInfo>
 #include <cstdio>
-#include <cstdlib>
 
+#include "duelo.h"
 #include "platform/sql/cadena_conexion.h"
 
 namespace {
@@ -26,8 +26,14 @@ class MotorGrabado final : public Motor {
     apuntar(Evento::Sentencia, sql);
     return real_->ejecutar(sql, afectadas);
   }
-  std::optional<ErrorBD> iniciar() override { return real_->iniciar(); }
-  std::optional<ErrorBD> confirmar() override { return real_->confirmar(); }
+  std::optional<ErrorBD> iniciar() override {
+    apuntar(Evento::Sentencia, QStringLiteral("BEGIN IMMEDIATE"));
+    return real_->iniciar();
+  }
+  std::optional<ErrorBD> confirmar() override {
+    apuntar(Evento::Sentencia, QStringLiteral("COMMIT"));
+    return real_->confirmar();
+  }
   std::optional<ErrorBD> deshacer() override { return real_->deshacer(); }
   QString traducir(const QString& sql) override { return real_->traducir(sql); }
 
@@ -39,11 +45,6 @@ class MotorGrabado final : public Motor {
   QString base_;
   MotoresGrabados& cinta_;
 };
-
-[[noreturn]] void romper(const char* que, const QString& detalle) {
-  std::fprintf(stderr, "%s: %s\n", que, qPrintable(detalle));
-  std::exit(1);
-}
 
 bool digito(QChar c) { return c >= u'0' && c <= u'9'; }
 
@@ -59,40 +60,50 @@ QStringList cifrasYResto(const QString& t) {
 
 SentenciaPiso comoPiso(const QString& a, const QString& b) {
   const QStringList una = cifrasYResto(a), otra = cifrasYResto(b);
-  if (una.size() != otra.size()) romper("two sales differ", a + QStringLiteral(" / ") + b);
+  if (una.size() != otra.size()) romper("two acts differ", a + QStringLiteral(" / ") + b);
   SentenciaPiso s;
+  bool enTexto = false;
   for (qsizetype i = 0; i < una.size(); ++i) {
     if (una[i] == otra[i]) {
       s.sql += una[i].toUtf8();
+      enTexto ^= una[i].count(u'\'') % 2 == 1;
       continue;
     }
     s.inicio.push_back(una[i].toLongLong());
     s.paso.push_back(otra[i].toLongLong() - una[i].toLongLong());
-    s.sql += '?';
+    s.sql += enTexto ? "' || printf('%0" + QByteArray::number(una[i].size()) + "d', ?) || '" : QByteArray("?");
   }
   return s;
 }
 
 }  // namespace
 
+std::optional<QString> PuertosGrabados::copiar(const QString& archivo, const QString& puerto) {
+  QFile f(archivo);
+  if (cinta_.grabando && f.open(QIODevice::ReadOnly)) {
+    cinta_.eventos.push_back({Evento::Archivo, {}, QString::fromLatin1(f.readAll()), archivo});
+  }
+  return reales_.copiar(archivo, puerto);
+}
+
 std::unique_ptr<Motor> MotoresGrabados::abrir(const QString& cadena, int espera_ms, ErrorBD& error) {
   auto motor = reales_.abrir(cadena, espera_ms, error);
   if (!motor) return motor;
-  const QString base = QFileInfo(leerCadenaConexion(cadena).archivo).fileName();
+  QString& base = bases_[cadena];
+  if (base.isEmpty()) base = QFileInfo(leerCadenaConexion(cadena).archivo).fileName();
   return std::make_unique<MotorGrabado>(std::move(motor), base, *this);
 }
 
 Piso::Piso(const std::vector<Evento>& primera, const std::vector<Evento>& segunda, const QString& carpeta,
            const QList<QByteArray>& log, bool conDisco)
     : carpeta_(carpeta), log_(log), conDisco_(conDisco) {
-  if (primera.size() != segunda.size()) romper("two sales differ", QStringLiteral("in their number of calls"));
+  if (primera.size() != segunda.size()) romper("two acts differ", QStringLiteral("in their number of calls"));
   local_ = abrirBase(kLocal);
   for (size_t i = 0; i < primera.size(); ++i) {
     Paso paso{primera[i], {}, nullptr};
     if (paso.evento.tipo == Evento::Sentencia) paso.sentencia = comoPiso(primera[i].texto, segunda[i].texto);
     if (paso.evento.tipo == Evento::Sentencia && paso.evento.base == kLocal &&
-        sqlite3_prepare_v3(local_, paso.sentencia.sql.constData(), -1, SQLITE_PREPARE_PERSISTENT, &paso.preparada,
-                           nullptr) != SQLITE_OK) {
+        compilar(local_, paso.sentencia.sql, SQLITE_PREPARE_PERSISTENT, &paso.preparada) != SQLITE_OK) {
       romper(sqlite3_errmsg(local_), QString::fromUtf8(paso.sentencia.sql));
     }
     pasos_.push_back(std::move(paso));
@@ -120,9 +131,23 @@ sqlite3* Piso::abrirBase(const QString& nombre) {
   return base;
 }
 
+int Piso::compilar(sqlite3* base, const QByteArray& sql, unsigned opciones, sqlite3_stmt** sentencia) {
+  const auto probar = [&] { return sqlite3_prepare_v3(base, sql.constData(), -1, opciones, sentencia, nullptr); };
+  if (const int rc = probar(); rc != SQLITE_ERROR) return rc;
+  // A report asks for more of the dialect's functions.
+  entorno_.registradas.clear();
+  entorno_.conColacion = false;
+  registrarFunciones(base, entorno_, sql);
+  return probar();
+}
+
+void Piso::preparar(const QString& sql) {
+  if (!sql.isEmpty()) sqlite3_exec(local_, sql.toUtf8().constData(), nullptr, nullptr, nullptr);
+}
+
 void Piso::correr(Paso& paso, sqlite3* base) {
   sqlite3_stmt* s = paso.preparada;
-  if (!s && sqlite3_prepare_v2(base, paso.sentencia.sql.constData(), -1, &s, nullptr) != SQLITE_OK) {
+  if (!s && compilar(base, paso.sentencia.sql, 0, &s) != SQLITE_OK) {
     romper(sqlite3_errmsg(base), QString::fromUtf8(paso.sentencia.sql));
   }
   for (size_t i = 0; i < paso.sentencia.inicio.size(); ++i) {
@@ -151,16 +176,22 @@ void Piso::escribir(const Paso& paso) {
   }
 }
 
-void Piso::venta() {
+void Piso::acto() {
   QHash<QString, sqlite3*> abiertas{{kLocal, local_}};
   for (Paso& paso : pasos_) {
     sqlite3*& base = abiertas[paso.evento.base];
     switch (paso.evento.tipo) {
       case Evento::Abre: base = abrirBase(paso.evento.base); break;
-      case Evento::Cierra: sqlite3_close(base); break;
+      case Evento::Cierra:
+        sqlite3_close(base);
+        base = nullptr;
+        break;
       case Evento::Sentencia: correr(paso, base); break;
       case Evento::Archivo: escribir(paso); break;
     }
+  }
+  for (auto [nombre, base] : abiertas.asKeyValueRange()) {
+    if (base != local_) sqlite3_close(base);
   }
   const QByteArray diario = QFile::encodeName(QDir(carpeta_).filePath(QStringLiteral("Err.log")));
   for (const QByteArray& linea : log_) {

@@ -148,6 +148,10 @@ bool SoloCambia(const QString& sql) {
       if (profundidad == 0 && (palabra == u"select" || kCambian.contains(palabra))) break;
     }
   }
+  while (palabra == u"select" && palabras.siguiente(palabra, profundidad)) {  // SELECT ... INTO makes a table
+    if (palabra != u"into" || profundidad != 0) palabra = QStringLiteral("select");
+    else return true;
+  }
   return kCambian.contains(palabra);
 }
 

@@ -15,24 +15,40 @@ bool consultar(Puesto& p, const QString& sql, Recordset& rs) {
   return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs);
 }
 
-// What an earlier day left open in one of the two tables.
-struct Sobrantes {
-  QString contar, cerrar, marca;  // `marca` reads the watermark as it will be
-  QString columna;                // of Configuracion, that holds it
-};
+// Where an earlier day may have left rows open, the key that orders them and the column of Configuracion that holds
+// the watermark on it.
+struct Sobrantes { QString tabla, clave, marca; };
+const Sobrantes kOperaciones{QStringLiteral("Operacion"), QStringLiteral("cOperID"), QStringLiteral("cOperId")};
+const Sobrantes kParalelas{QStringLiteral("Operacionparalela"), QStringLiteral("cOperCode"), QStringLiteral("cOperIdP")};
 
 const QString kAnteriores = QStringLiteral("dOperFech < (SELECT max(fec) FROM _Tmp)");
 
-// Closes them and writes the watermark anew, both or neither. `cerradas` tells whether there were any.
-bool cerrarAnteriores(Puesto& p, const Sobrantes& s, bool& cerradas) {
+enum class Apertura { EnCurso, Reanudada };
+
+// Closes them; an opening under way also writes the watermark anew, both or neither. One that is taken up again finds
+// it written and goes by it: what lies above was sold since. `cerradas` tells whether there were any.
+bool cerrarAnteriores(Puesto& p, const Sobrantes& s, Apertura apertura, bool& cerradas) {
   cerradas = false;
+  QString cuales = kAnteriores;
+  if (apertura == Apertura::Reanudada) {
+    cuales += QStringLiteral(" AND %1 <= (SELECT %2 FROM Configuracion)").arg(s.clave, s.marca);
+  }
   Recordset rs;
-  if (!consultar(p, s.contar, rs)) return false;
+  if (!consultar(p, QStringLiteral("SELECT Count(*) As nCount FROM %1 Where coperflagabierto = 1 AND %2").arg(s.tabla, cuales),
+                 rs)) {
+    return false;
+  }
   if (Numero(rs[u"nCount"]) <= 0) return true;
-  if (!consultar(p, s.marca, rs)) return false;
-  const QString marca = QStringLiteral("UPDATE Configuracion SET %1 = %2").arg(s.columna, LimpiarNulo(rs[u"marca"]));
-  if (const auto error = EjecutarJuntas(p.poCnnLocal, {s.cerrar, marca})) {
-    p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + s.cerrar);
+  QStringList cierre{QStringLiteral("UPDATE %1 SET coperflagabierto = '0' WHERE %2").arg(s.tabla, cuales)};
+  if (apertura == Apertura::EnCurso) {
+    if (!consultar(p, QStringLiteral("SELECT MAX(%1) AS marca FROM %2 Where coperflagabierto = 0 OR %3")
+                          .arg(s.clave, s.tabla, kAnteriores), rs)) {
+      return false;
+    }
+    cierre << QStringLiteral("UPDATE Configuracion SET %1 = %2").arg(s.marca, LimpiarNulo(rs[u"marca"]));
+  }
+  if (const auto error = EjecutarJuntas(p.poCnnLocal, cierre)) {
+    p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + cierre.front());
     return false;
   }
   cerradas = true;
@@ -43,21 +59,22 @@ bool cerrarAnteriores(Puesto& p, const Sobrantes& s, bool& cerradas) {
   return true;
 }
 
-bool cerrarDiasAnteriores(Puesto& p, Principal& principal) {
-  const Sobrantes operaciones{
-      QStringLiteral("SELECT Count(*) As nCount FROM Operacion Where coperflagabierto = 1 AND ") + kAnteriores,
-      QStringLiteral("UPDATE Operacion SET coperflagabierto = '0' WHERE ") + kAnteriores,
-      QStringLiteral("SELECT MAX(cOperID) AS marca FROM Operacion Where coperflagabierto = 0 OR ") + kAnteriores,
-      QStringLiteral("cOperId")};
-  const Sobrantes paralelas{
-      QStringLiteral("SELECT count(*) as nCount FROM Operacionparalela Where coperflagabierto = 1 AND  ") + kAnteriores,
-      QStringLiteral("UPDATE Operacionparalela SET coperflagabierto = '0' WHERE ") + kAnteriores,
-      QStringLiteral("SELECT MAX(cOperCode) AS marca FROM OperacionParalela Where coperflagabierto = 0 OR ") + kAnteriores,
-      QStringLiteral("cOperIdP")};
+bool cerrarDiasAnteriores(Puesto& p, Principal& principal, Apertura apertura) {
   bool cerradas = false;
-  if (!cerrarAnteriores(p, operaciones, cerradas)) return false;
+  if (!cerrarAnteriores(p, kOperaciones, apertura, cerradas)) return false;
   if (cerradas) principal.sincronizarDiaAnt = true;
-  return cerrarAnteriores(p, paralelas, cerradas);
+  return cerrarAnteriores(p, kParalelas, apertura, cerradas);
+}
+
+// The watermarks of an opening leave out at once what it will close: a desk that dies before it has closed them counts
+// no row of yesterday. What can't be read is told where the rows are closed.
+void pasarSobrantes(Puesto& p, const Sobrantes& s, QString& marca) {
+  Recordset rs;
+  if (p.poCnnLocal.consultar(QStringLiteral("SELECT MAX(%1) AS marca FROM %2 Where coperflagabierto = 1 AND %3")
+                                 .arg(s.clave, s.tabla, kAnteriores), rs)) {
+    return;
+  }
+  if (Numero(rs[u"marca"]) > Val(marca)) marca = LimpiarNulo(rs[u"marca"]);
 }
 
 bool fallaApertura(Puesto& p) {
@@ -150,6 +167,8 @@ bool AbrirCaja(Puesto& p, FrmApertura& v, Principal& principal) {
   if (AvisarRelojAtrasado(p)) return false;
   MarcasDia m;
   if (!LeerMarcas(p, m)) return fallaApertura(p);
+  pasarSobrantes(p, kOperaciones, m.cOperIdx);
+  pasarSobrantes(p, kParalelas, m.cOperCodex);
   const QString turno = QStringLiteral("01");
   if (!p.poDBAdmin.EjecutarSentencia(
           p.poCnnLocal,
@@ -163,7 +182,11 @@ bool AbrirCaja(Puesto& p, FrmApertura& v, Principal& principal) {
   p.mensajes.mostrar(QStringLiteral("Se ha aperturado la caja."));
   HabilitarBotonesDia(principal, true);
   ProcesoCaja(principal, true);
-  return cerrarDiasAnteriores(p, principal) || fallaApertura(p);
+  return cerrarDiasAnteriores(p, principal, Apertura::EnCurso) || fallaApertura(p);
+}
+
+void CompletarApertura(Puesto& p, Principal& principal) {
+  (void)cerrarDiasAnteriores(p, principal, Apertura::Reanudada);
 }
 
 void CambioTurno(Puesto& p, Principal& v, PantallasPrincipal& pantallas) {

@@ -44,6 +44,11 @@ QString MascaraApertura(const QString& texto);
 //            failed, which a box has told.
 bool AbrirCaja(Puesto& p, FrmApertura& v, Principal& principal);
 
+// Closes what an opening that died, or whose store failed, would still have closed: rows of earlier days at or below
+// the watermarks of the open day. The person is told as by the opening itself; a store that fails has told its own
+// message, and the next start tries again.
+void CompletarApertura(Puesto& p, Principal& principal);
+
 // Prints the X of the turn that ends, with its own authorisation, then moves the turn on (after "99" comes "00"),
 // synchronises and starts the program again for the next clerk. The turn moves also when the report was refused; when
 // the store refuses it, a box has told so and everything is as before.

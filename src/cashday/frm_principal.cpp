@@ -83,9 +83,9 @@ frmPrincipal::frmPrincipal(Puesto& p, PantallasPrincipal& pantallas) : p_(p), pa
   crearBarra();
   crearCentro();
   // What the supervisor dialog fills.
-  auto* supervisor = new QLineEdit(this);
-  supervisor->setObjectName(QStringLiteral("txtsupervisor"));
-  supervisor->hide();
+  txtsupervisor_ = new QLineEdit(this);
+  txtsupervisor_->setObjectName(QStringLiteral("txtsupervisor"));
+  txtsupervisor_->hide();
   new AnilloFoco(this);
   resize(1024, 740);
 }
@@ -266,6 +266,7 @@ void frmPrincipal::refrescar() {
   for (QAction* a : demas_) a->setEnabled(v_.demasMenus);
   diaAnterior_->setEnabled(v_.sincronizarDiaAnt && v_.demasMenus);
   usuarios_->setVisible(v_.usuariosVisible);
+  txtsupervisor_->setText(v_.txtsupervisor);
   for (size_t n = 1; n < botones_.size(); ++n) {
     accionBoton_[n]->setVisible(v_.botonVisible[n]);
     if (botones_[n]) botones_[n]->setEnabled(v_.botones[n]);

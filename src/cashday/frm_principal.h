@@ -73,6 +73,7 @@ class frmPrincipal final : public QMainWindow {
   std::vector<QAction*> demas_;
   QAction *diaAnterior_ = nullptr, *usuarios_ = nullptr;
   QLabel *titular_ = nullptr, *sentencia_ = nullptr;
+  QLineEdit* txtsupervisor_ = nullptr;
   std::vector<QPushButton*> abierta_;
   QPushButton *iniciar_ = nullptr, *reporteZ_ = nullptr;
   LineaEstado* estado_ = nullptr;

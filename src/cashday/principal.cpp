@@ -74,7 +74,10 @@ void CargarPrincipal(Puesto& p, Principal& v) {
     p.mensajes.mostrar(QString());
     return;
   }
-  if (Numero(rs[u"icierrecaja"]) < 1) return;
+  if (Numero(rs[u"icierrecaja"]) < 1) {
+    if (abierto) CompletarApertura(p, v);
+    return;
+  }
   BloquearPorCierre(v);
   p.mensajes.mostrar(
       QStringLiteral("Se ha habilitado la Opcion Reporte Z, porque algunas operaciones no han concluido"));

@@ -108,12 +108,20 @@ LecturaTransaccion leerParalela(Puesto& p, Transaccion& t) {
   return leidas ? LecturaTransaccion::Leida : LecturaTransaccion::Fallo;
 }
 
-// Rows that the undoing of a liquidation would still take away; -1 when they can't be counted.
-qint64 quedaDeLiquidacion(Puesto& p, qint64 liquidacion) {
-  if (liquidacion == 0) return 0;
-  const qint64 documento = contar(p, QStringLiteral("OperacionParalela"), kDeLiquidacion, liquidacion);
+// Rows that the undoing of the sale's liquidation would still take away; -1 when they can't be counted. A liquidation
+// issued since under the same code is another one: its sale is in force, or it is younger than the void.
+qint64 quedaDeLiquidacion(Puesto& p, const Transaccion& t) {
+  if (t.tipo != kOperacionLiquidacion || t.relacion == 0) return 0;
+  const qint64 otraVenta = contar(
+      p, QStringLiteral("Operacion"),
+      QStringLiteral("cOperCodeAnula = $ AND cOperTipo = 3 AND cOperFlagAnula = 0 AND cOperFlagAbierto = 1"), t.relacion);
+  if (otraVenta != 0) return otraVenta > 0 ? 0 : -1;
+  const QString hastaAnular =
+      kDeLiquidacion + QStringLiteral(" AND dOperFech <= (SELECT MAX(dOperFech) FROM Operacion WHERE cOperCodeAnula = %1 "
+                                      "AND cOperFlagAnula = 1 AND nProdCant < 0)").arg(t.codigo);
+  const qint64 documento = contar(p, QStringLiteral("OperacionParalela"), hastaAnular, t.relacion);
   if (documento != 0) return documento;
-  return contar(p, QStringLiteral("Operacion"), kDeLiquidacion, liquidacion);
+  return contar(p, QStringLiteral("Operacion"), hastaAnular, t.relacion);
 }
 
 bool avanceVenta(Puesto& p, const Transaccion& t, AvanceAnulacion& a) {
@@ -133,7 +141,7 @@ bool avanceVenta(Puesto& p, const Transaccion& t, AvanceAnulacion& a) {
   a.codigo = entero(rs[u"Nuevo"]);
   const qint64 sinMarca = contar(p, QStringLiteral("Operacion"),
                                  QStringLiteral("cOperCode = $ AND cOperFlagAnula = 0") + kSinParalelas, t.codigo);
-  const qint64 queda = t.tipo == kOperacionLiquidacion ? quedaDeLiquidacion(p, t.relacion) : 0;
+  const qint64 queda = quedaDeLiquidacion(p, t);
   if (sinMarca < 0 || queda < 0) return false;
   const bool todo = sinMarca == 0 && queda == 0 && a.lineas >= t.lineas.size();
   a.estado = todo ? Anulada::Del_todo : Anulada::AMedias;

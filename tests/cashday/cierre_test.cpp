@@ -93,31 +93,6 @@ TEST(CerrarCaja, ResumesAtTheStoredStep) {
   }
 }
 
-// Each step that needs the central database says so once; the last one holds the closing back.
-TEST(CerrarCaja, WithoutTheCentralDatabaseItStaysAtTheLastStep) {
-  DiaVendido p;
-  const QString central = p.ses.psConexionCentral;
-  p.ses.psConexionCentral = QStringLiteral("Provider=SQLOLEDB.1;Data Source=sqlite:ausente.db");
-  Principal v;
-  PantallasCierre pantallas(p);
-  p.persona().espera(kPregunta, "Sí");
-  p.persona().espera("no llegó a la base central");
-  for (int n = 0; n < 2; ++n) p.persona().espera("No se pudo conectar a la BD de Logistica en SQL SERVER. ");
-  p.persona().espera("No se pudo marcar el cierre en la base de datos central");
-  cerrar(p, v, pantallas);
-  EXPECT_EQ(5, p.paso());
-  EXPECT_TRUE(v.cierreInterrumpido && v.operaciones[kReporteZ] && v.botones[kBotonReporteZ]);
-  EXPECT_FALSE(v.demasMenus || v.operaciones[4] || v.mantenimiento[kIniciarCaja]);
-  p.ses.psConexionCentral = central;
-  p.persona().espera(kPregunta, "Sí");
-  p.persona().espera(kTerminado);
-  cerrar(p, v, pantallas);
-  EXPECT_EQ(6, p.paso());
-  EXPECT_EQ(kDiaCerrado, p.cerradas());
-  EXPECT_FALSE(v.cierreInterrumpido);
-  EXPECT_EQ("", p.ses.psTurno);
-}
-
 TEST(CambioTurno, MovesTheTurnAndStartsAgain) {
   const struct { const char *turno, *sigue; bool supervisor; } casos[] = {
       {"01", "02", true}, {"02", "03", false}, {"09", "10", false}, {"99", "00", false}};

@@ -1,7 +1,10 @@
 #include "cashday/dia.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include "apoyo/motor_que_falla.h"
 #include "apoyo/puesto_prueba.h"
 #include "cashday/pantallas_guion.h"
 #include "cashday/principal.h"
@@ -137,6 +140,54 @@ TEST(AbrirCaja, AStoreThatFailsOpensNothing) {
     EXPECT_EQ("Mensaje", p.persona().vistas.back().titulo);
     EXPECT_EQ(c.turno, p.ses.psTurno);
     EXPECT_EQ("", v.campoMal);
+  }
+}
+
+// Killed behind each statement, or failing from it on: after the next start nothing of yesterday counts, and what has
+// been sold since does, even by a clock that was set back.
+TEST(AbrirCaja, AnOpeningThatDiedIsCompletedByTheNextStart) {
+  for (const Muerte muerte : {Muerte::despues, Muerte::no}) {
+    int n = 1, completadas = 0;
+    for (bool llega = true; llega; ++n) {
+      SCOPED_TRACE(n);
+      PlanFallas plan;
+      PuestoPrueba p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+      cerrado(p);
+      p.ejecuta(QStringLiteral("INSERT INTO _Tmp (fec) VALUES ('23/11/2026 22:00')"));
+      for (int id : {40, 45}) operacion(p, id, "23/11/2026 10:00", id == 45);
+      for (int id : {7, 9}) paralela(p, id, "23/11/2026 10:00", id == 9);
+      p.persona().dejaPasar();
+      p.poCnnLocal.cerrar();  // no connection lives in both processes
+      const pid_t hijo = ::fork();
+      ASSERT_GE(hijo, 0);
+      if (hijo == 0) {
+        FrmApertura v;
+        Principal principal;
+        plan.armar(0);
+        (void)p.poDBAdmin.AbrirBD(p.poCnnLocal, "driver={Microsoft Access Driver (*.mdb)};DBQ=" + p.ses.psRutaBD);
+        plan.armar(n, Falla::desdeAhi, muerte);
+        AbrirCaja(p, v, principal);
+        ::_exit(plan.van >= n ? 1 : 0);
+      }
+      int estado = 0;
+      ASSERT_EQ(hijo, ::waitpid(hijo, &estado, 0));
+      llega = estado != 0;
+      ASSERT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnLocal, "driver={Microsoft Access Driver (*.mdb)};DBQ=" + p.ses.psRutaBD));
+      p.ses.psTurno = p.filas("SELECT cCodiTurno FROM Configuracion");
+      FrmApertura v;
+      Principal principal;
+      if (p.ses.psTurno.isEmpty()) {
+        EXPECT_TRUE(AbrirCaja(p, v, principal));
+      }
+      operacion(p, 60, "23/11/2026 21:00", 1);
+      CargarPrincipal(p, principal);
+      completadas += principal.sincronizarDiaAnt;
+      EXPECT_EQ("01|0|0|45|9", p.filas(kDia));
+      EXPECT_EQ("60", p.filas("SELECT cOperId FROM Operacion WHERE cOperFlagAbierto = 1"));
+      EXPECT_EQ("0", p.filas("SELECT COUNT(*) FROM OperacionParalela WHERE cOperFlagAbierto = 1"));
+    }
+    EXPECT_GT(n, 12);
+    EXPECT_GT(completadas, 3);
   }
 }
 

@@ -26,4 +26,22 @@ TEST(Sentencias, AllOfThemRunOnTheirTables) {
   }
 }
 
+// What the dialects answer: the files alternate statements and answers, in one database each.
+TEST(Sentencias, TheDialectsAnswerAsTheirEngines) {
+  for (const bool jet : {true, false}) {
+    Banco b(jet, {});
+    QString sql, sale;
+    for (const QString& linea : leerSentencias(jet ? "respuestas_jet" : "respuestas_tsql")) {
+      if (!linea.startsWith(u"  ")) {
+        EXPECT_FALSE(sale.startsWith(u"error")) << sql.toStdString() << "\n" << sale.toStdString();
+        sale = b.respuesta(sql = linea);
+        continue;
+      }
+      if (linea == u"  error") EXPECT_TRUE(sale.startsWith(u"error")) << sql.toStdString();
+      else EXPECT_EQ(linea.mid(2), sale) << sql.toStdString() << "\n" << b.cnn.traducir(sql).toStdString();
+      sale.clear();
+    }
+  }
+}
+
 }  // namespace

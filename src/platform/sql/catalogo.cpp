@@ -28,36 +28,43 @@ Tipo tipoDeclarado(const QString& declaracion) {
   return Tipo::Desconocido;
 }
 
-void Catalogo::leer(sqlite3* base) {
-  tablas_.clear();
-  static const char kColumnas[] =
-      "SELECT m.name, c.name, c.type FROM main.sqlite_schema AS m, pragma_table_info(m.name) AS c "
-      "WHERE m.type IN ('table','view') ORDER BY m.name, c.cid";
+QString declaracionDe(Tipo tipo) {
+  switch (tipo) {
+    case Tipo::Fecha: return QStringLiteral("DATETIME");
+    case Tipo::Logico:
+    case Tipo::Entero: return QStringLiteral("INTEGER");
+    case Tipo::Texto: return QStringLiteral("TEXT COLLATE NOCASE");
+    case Tipo::Real: return QStringLiteral("REAL");
+    case Tipo::Numero: return QStringLiteral("NUMERIC");
+    default: return {};
+  }
+}
+
+void Catalogo::olvidar() { tablas_.clear(); }
+
+const Tabla* Catalogo::tabla(const QString& nombre) const {
+  const QString clave = nombre.toLower();
+  if (const auto t = tablas_.find(clave); t != tablas_.end()) return &t->second;
+  Tabla t = leer(nombre);
+  return t.columnas.empty() ? nullptr : &tablas_.emplace(clave, std::move(t)).first->second;
+}
+
+Tabla Catalogo::leer(const QString& nombre) const {
+  Tabla t{nombre, {}};
+  if (!base_ || nombre.isEmpty()) return t;
+  const QByteArray tabla = nombre.toUtf8();
+  // The PRAGMA itself: its table-valued form costs more than the small statement that a connection may be opened for.
+  const QByteArray pragma = "PRAGMA main.table_info(\"" + QByteArray(tabla).replace('"', "\"\"") + "\")";
   sqlite3_stmt* s = nullptr;
-  if (sqlite3_prepare_v2(base, kColumnas, -1, &s, nullptr) != SQLITE_OK) return;
-  Tabla actual;
+  if (sqlite3_prepare_v2(base_, pragma.constData(), -1, &s, nullptr) != SQLITE_OK) return t;
   while (sqlite3_step(s) == SQLITE_ROW) {
-    const QString nombre = textoDeColumna(s, 0);
-    if (nombre != actual.nombre) {
-      agregar(std::move(actual));
-      actual = {nombre, {}};
-    }
     Columna c;
     c.nombre = textoDeColumna(s, 1);
     c.tipo = tipoDeclarado(textoDeColumna(s, 2));
-    c.sinCaso = c.tipo == Tipo::Texto && comparaSinCaso(base, nombre.toUtf8(), c.nombre.toUtf8());
+    c.sinCaso = c.tipo == Tipo::Texto && comparaSinCaso(base_, tabla, c.nombre.toUtf8());
     c.real = true;
-    actual.columnas.push_back(std::move(c));
+    t.columnas.push_back(std::move(c));
   }
-  agregar(std::move(actual));
   sqlite3_finalize(s);
-}
-
-const Tabla* Catalogo::tabla(const QString& nombre) const {
-  const auto t = tablas_.constFind(nombre.toLower());
-  return t == tablas_.constEnd() ? nullptr : &*t;
-}
-
-void Catalogo::agregar(Tabla tabla) {
-  if (!tabla.nombre.isEmpty()) tablas_.insert(tabla.nombre.toLower(), std::move(tabla));
+  return t;
 }

@@ -1,7 +1,7 @@
 #pragma once
 // What the engine's schema says of tables and columns, as far as the rewriting needs it.
-#include <QHash>
 #include <QString>
+#include <map>
 #include <vector>
 
 struct sqlite3;
@@ -28,15 +28,23 @@ struct Tabla {
 
 // The type that a declaration such as "DATETIME" or "VARCHAR(10)" stands for.
 Tipo tipoDeclarado(const QString& declaracion);
+// ... and back: how a column of that type is declared.
+QString declaracionDe(Tipo tipo);
 
+// A table is read when it is first asked for: a connection that lives for one statement reads what that one names. One
+// that was not there is looked for again, since another program may have made it meanwhile.
 class Catalogo {
  public:
-  // Reads all tables of `base`. A failure leaves the catalogue empty: nothing is then known of any type.
-  void leer(sqlite3* base);
-  // The table of that name, without regard to case; null when there is none. Valid until the next leer().
+  // Of the tables of `base`, which stays the caller's; without one there are none.
+  explicit Catalogo(sqlite3* base = nullptr) : base_(base) {}
+  // The table of that name, without regard to case; null when there is none or it can't be read. Valid until olvidar().
   const Tabla* tabla(const QString& nombre) const;
-  void agregar(Tabla tabla);
+  // The tables have changed.
+  void olvidar();
 
  private:
-  QHash<QString, Tabla> tablas_;
+  Tabla leer(const QString& nombre) const;
+
+  sqlite3* base_;
+  mutable std::map<QString, Tabla> tablas_;
 };

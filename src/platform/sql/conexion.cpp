@@ -16,17 +16,44 @@ std::optional<ErrorBD> Conexion::abrir(Motores& motores, const QString& cadena, 
   return error;
 }
 
+void Conexion::cerrar() {
+  motor_.reset();
+  porDeshacer_ = false;
+}
+
+// What would run inside a transaction that was given up would be lost with it.
+std::optional<ErrorBD> Conexion::listo() {
+  if (!motor_) return cerrada();
+  if (porDeshacer_) return deshacer();
+  return {};
+}
+
 std::optional<ErrorBD> Conexion::consultar(const QString& sql, Recordset& rs) {
   rs.llenar({}, {});
-  return motor_ ? motor_->consultar(sql, rs) : cerrada();
+  if (auto e = listo()) return e;
+  return motor_->consultar(sql, rs);
 }
 
 std::optional<ErrorBD> Conexion::ejecutar(const QString& sql, qint64* afectadas) {
-  return motor_ ? motor_->ejecutar(sql, afectadas) : cerrada();
+  if (auto e = listo()) return e;
+  return motor_->ejecutar(sql, afectadas);
 }
 
-std::optional<ErrorBD> Conexion::iniciar() { return motor_ ? motor_->iniciar() : cerrada(); }
-std::optional<ErrorBD> Conexion::confirmar() { return motor_ ? motor_->confirmar() : cerrada(); }
-std::optional<ErrorBD> Conexion::deshacer() { return motor_ ? motor_->deshacer() : cerrada(); }
+std::optional<ErrorBD> Conexion::iniciar() {
+  if (auto e = listo()) return e;
+  return motor_->iniciar();
+}
+
+std::optional<ErrorBD> Conexion::confirmar() {
+  if (auto e = listo()) return e;
+  return motor_->confirmar();
+}
+
+std::optional<ErrorBD> Conexion::deshacer() {
+  if (!motor_) return cerrada();
+  auto e = motor_->deshacer();
+  porDeshacer_ = e.has_value();
+  return e;
+}
 
 QString Conexion::traducir(const QString& sql) { return motor_ ? motor_->traducir(sql) : sql; }

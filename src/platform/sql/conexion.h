@@ -7,16 +7,20 @@ class Conexion {
  public:
   // Opens; what was open before is closed first. On failure the connection stays closed and gives the error.
   std::optional<ErrorBD> abrir(Motores& motores, const QString& cadena, int espera_ms);
-  void cerrar() { motor_.reset(); }
+  void cerrar();
   bool abierta() const { return motor_ != nullptr; }
 
   std::optional<ErrorBD> consultar(const QString& sql, Recordset& rs);
   std::optional<ErrorBD> ejecutar(const QString& sql, qint64* afectadas = nullptr);
   std::optional<ErrorBD> iniciar();
   std::optional<ErrorBD> confirmar();
+  // A transaction that can't be undone at once is undone before anything else runs here; until then every call fails.
   std::optional<ErrorBD> deshacer();
   QString traducir(const QString& sql);
 
  private:
+  std::optional<ErrorBD> listo();
+
   std::unique_ptr<Motor> motor_;
+  bool porDeshacer_ = false;
 };

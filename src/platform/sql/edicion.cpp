@@ -103,7 +103,12 @@ QString Edicion::texto(bool conLiterales) const {
   sale.reserve(sql_.size() + 64);
   qsizetype hasta = 0;
   int parametro = 0;
+  QString apartado;
+  const auto cambiar = [&](size_t i) {  // from the text to what is set aside, and back
+    if (static_cast<int>(i) == movidos_.ini || static_cast<int>(i) == movidos_.fin) std::swap(sale, apartado);
+  };
   for (size_t i = 0; i < tokens_.size(); ++i) {
+    cambiar(i);
     sale += sql_.mid(hasta, tokens_[i].ini - hasta);
     sale += ediciones_[i].antes;
     const QString nuevo = deToken(static_cast<int>(i), conLiterales, parametro);
@@ -111,6 +116,7 @@ QString Edicion::texto(bool conLiterales) const {
     sale += nuevo;
     sale += ediciones_[i].despues;
     hasta = tokens_[i].ini + tokens_[i].largo;
+    if (static_cast<int>(i) == movidos_.tras) sale += apartado;
   }
   return sale;
 }

@@ -51,6 +51,8 @@ class Edicion {
   }
   void reemplazar(int token, const QString& texto);
   void borrar(int token) { reemplazar(token, QString()); }
+  // The tokens [ini, fin) come out behind the token `tras`, further on. Once a statement.
+  void mover(int ini, int fin, int tras) { movidos_ = {ini, fin, tras}; }
   // The literal at that token, null for another token.
   Literal* literal(int token);
 
@@ -64,8 +66,11 @@ class Edicion {
   };
   QString deToken(int i, bool conLiterales, int& parametro) const;
 
+  struct Movidos { int ini = -1, fin = -1, tras = -1; };
+
   QStringView sql_;
   Dialecto dialecto_;
+  Movidos movidos_;
   bool incompleta_ = false;
   std::vector<Token> tokens_;
   std::vector<Cambio> ediciones_;

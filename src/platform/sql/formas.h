@@ -19,6 +19,8 @@ struct Preparada {
   std::vector<Literal> literales;
   std::vector<bool> fechas;   // columns that come back as dates
   QStringList campos;
+  std::vector<Tipo> tipos;    // of the columns; empty when they can't be told
+  QString tablaNueva;         // SELECT ... INTO
   bool cambiaEsquema = false;
 };
 

@@ -14,6 +14,8 @@ const ReglaFuncion kReglas[] = {
     {u"ASC",       true,  false, 1, 1, u"tp_asc",        R::Entero},
     {u"ASCII",     false, true,  1, 1, u"tp_asc",        R::Entero},
     {u"AVG",       true,  true,  1, 1, u"",              R::Real},
+    {u"CBOOL",     true,  false, 1, 1, u"tp_bool",       R::Entero},
+    {u"CBYTE",     true,  false, 1, 1, u"tp_aentero",    R::Entero},
     {u"CCUR",      true,  false, 1, 1, u"tp_cdbl",       R::Real},
     {u"CDATE",     true,  false, 1, 1, u"tp_cdate",      R::Fecha},
     {u"CDBL",      true,  false, 1, 1, u"tp_cdbl",       R::Real},
@@ -21,8 +23,10 @@ const ReglaFuncion kReglas[] = {
     {u"CHARINDEX", false, true,  2, 3, u"tp_charindex",  R::Entero},
     {u"CHR",       true,  true,  1, 1, u"tp_chr",        R::Texto},
     {u"CINT",      true,  false, 1, 1, u"tp_aentero",    R::Entero},
+    {u"CHOOSE",    true,  true,  2, 99, u"",             R::Comun, ReglaFuncion::Eleccion},
     {u"CLNG",      true,  false, 1, 1, u"tp_aentero",    R::Entero},
     {u"COALESCE",  true,  true,  2, 99, u"",             R::Comun},
+    {u"CONCAT",    false, true,  2, 99, u"tp_concat",    R::Texto},
     {u"COUNT",     true,  true,  1, 1, u"",              R::Entero},
     {u"CSNG",      true,  false, 1, 1, u"tp_cdbl",       R::Real},
     {u"CSTR",      true,  false, 1, 1, u"tp_texto",      R::Texto, kTexto0},
@@ -33,6 +37,7 @@ const ReglaFuncion kReglas[] = {
     {u"DATESERIAL", true, false, 3, 3, u"tp_dateserial", R::Fecha},
     {u"DATEVALUE", true,  false, 1, 1, u"tp_datevalue",  R::Fecha},
     {u"DAY",       true,  true,  1, 1, u"tp_day",        R::Entero},
+    {u"FIRST",     true,  false, 1, 1, u"tp_primero",    R::DelPrimero},
     {u"FIX",       true,  false, 1, 1, u"tp_fix",        R::Numero},
     {u"FLOOR",     false, true,  1, 1, u"tp_int",        R::Numero},
     {u"FORMAT",    true,  false, 1, 2, u"tp_format",     R::Texto},
@@ -40,13 +45,18 @@ const ReglaFuncion kReglas[] = {
     {u"HOUR",      true,  false, 1, 1, u"tp_hour",       R::Entero},
     {u"IIF",       true,  true,  3, 3, u"",              R::DelSegundo},
     {u"INSTR",     true,  false, 2, 3, u"tp_instr",      R::Entero},
+    {u"INSTR",     true,  false, 4, 4, u"tp_instr",      R::Entero},
+    {u"INSTRREV",  true,  false, 2, 2, u"tp_instrrev",   R::Entero},
     {u"INT",       true,  false, 1, 1, u"tp_int",        R::Numero},
+    {u"ISDATE",    true,  true,  1, 1, u"tp_isdate",     R::Logico},
     {u"ISNULL",    true,  false, 1, 1, u"tp_isnull",     R::Logico},
     {u"ISNULL",    false, true,  2, 2, u"ifnull",        R::Comun},
     {u"ISNUMERIC", true,  true,  1, 1, u"tp_isnumeric",  R::Logico},
+    {u"LAST",      true,  false, 1, 1, u"tp_ultimo",     R::DelPrimero},
     {u"LCASE",     true,  false, 1, 1, u"tp_minus",      R::Texto},
     {u"LEFT",      true,  true,  2, 2, u"tp_izquierda",  R::Texto},
     {u"LEN",       true,  true,  1, 1, u"tp_len",        R::Entero},
+    {u"LOG",       true,  true,  1, 1, u"ln",            R::Real},
     {u"LOWER",     false, true,  1, 1, u"tp_minus",      R::Texto},
     {u"LTRIM",     true,  true,  1, 1, u"",              R::Texto, kTexto0},
     {u"MAX",       true,  true,  1, 1, u"",              R::DelPrimero},
@@ -56,21 +66,34 @@ const ReglaFuncion kReglas[] = {
     {u"MONTH",     true,  true,  1, 1, u"tp_month",      R::Entero},
     {u"NOW",       true,  false, 0, 0, u"tp_ahora",      R::Fecha},
     {u"NULLIF",    false, true,  2, 2, u"",              R::DelPrimero},
-    {u"REPLACE",   true,  true,  3, 3, u"",              R::Texto, kTexto0},
+    {u"REPLACE",   true,  false, 3, 3, u"",              R::Texto, kTexto0},
+    {u"REPLACE",   false, true,  3, 3, u"tp_replace",    R::Texto},
     {u"REPLICATE", false, true,  2, 2, u"tp_replicate",  R::Texto},
+    {u"REVERSE",   false, true,  1, 1, u"tp_reverso",    R::Texto},
     {u"RIGHT",     true,  true,  2, 2, u"tp_derecha",    R::Texto},
     {u"ROUND",     true,  true,  1, 2, u"tp_round",      R::Real},
     {u"RTRIM",     true,  true,  1, 1, u"",              R::Texto, kTexto0},
     {u"SECOND",    true,  false, 1, 1, u"tp_second",     R::Entero},
+    {u"SGN",       true,  false, 1, 1, u"sign",          R::Numero},
     {u"SPACE",     true,  true,  1, 1, u"tp_space",      R::Texto},
-    {u"STR",       true,  true,  1, 1, u"tp_texto",      R::Texto},
+    {u"SQR",       true,  false, 1, 1, u"sqrt",          R::Real},
+    {u"STR",       true,  false, 1, 1, u"tp_str",        R::Texto},
+    {u"STR",       false, true,  1, 3, u"tp_str",        R::Texto},
+    {u"STRCOMP",   true,  false, 2, 3, u"tp_strcomp",    R::Entero},
+    {u"STRING",    true,  false, 2, 2, u"tp_string",     R::Texto},
+    {u"STRREVERSE", true, false, 1, 1, u"tp_reverso",    R::Texto},
+    {u"STUFF",     false, true,  4, 4, u"tp_stuff",      R::Texto},
     {u"SUBSTRING", false, true,  3, 3, u"substr",        R::Texto, kTexto0},
     {u"SUM",       true,  true,  1, 1, u"",              R::Suma},
+    {u"SWITCH",    true,  false, 2, 99, u"",             R::Comun, ReglaFuncion::Eleccion},
+    {u"TIME",      true,  false, 0, 0, u"tp_hora",       R::Fecha},
+    {u"TIMESERIAL", true, false, 3, 3, u"tp_timeserial", R::Fecha},
+    {u"TIMEVALUE", true,  false, 1, 1, u"tp_timevalue",  R::Fecha},
     {u"TRIM",      true,  true,  1, 1, u"",              R::Texto, kTexto0},
     {u"UCASE",     true,  false, 1, 1, u"tp_mayus",      R::Texto},
     {u"UPPER",     false, true,  1, 1, u"tp_mayus",      R::Texto},
     {u"VAL",       true,  false, 1, 1, u"tp_val",        R::Real},
-    {u"WEEKDAY",   true,  false, 1, 1, u"tp_weekday",    R::Entero},
+    {u"WEEKDAY",   true,  false, 1, 2, u"tp_weekday",    R::Entero},
     {u"YEAR",      true,  true,  1, 1, u"tp_year",       R::Entero},
 };
 
@@ -108,9 +131,43 @@ Nodo Reescritor::llamada(int ini) {
   if (es(u"CONVERT") && !jet_) return convertir(nombre);
   if (es(u"CAST")) return moldear(nombre);
   p_ += 2;
-  const bool partes = es(u"DISTINCT") || es(u"ALL");
-  if (partes) ++p_;
+  const bool distintos = es(u"DISTINCT");
+  if (distintos || es(u"ALL")) ++p_;
   std::vector<Nodo> args;
+  argumentos(nombre, args, distintos);
+  Nodo n{ini, p_, Tipo::Desconocido, true};
+  const ReglaFuncion* regla = reglaDeFuncion(tk(nombre).texto, static_cast<int>(args.size()), e_.dialecto());
+  if (!regla) return n;
+  if (regla->forma == ReglaFuncion::Eleccion) return eleccion(nombre, args, n);
+  if (regla->forma == kParte && !args.empty() && args[0].literal < 0 && args[0].fin == args[0].ini + 1) {
+    e_.reemplazar(args[0].ini, u'\'' + tk(args[0].ini).texto.toString() + u'\'');
+  }
+  const bool mascara = regla->nuevo == u"tp_format" && args.size() == 1;
+  if ((regla->forma == kTexto0 || mascara) && !args.empty()) comoTexto(args[0]);
+  if (!regla->nuevo.isEmpty()) e_.reemplazar(nombre, regla->nuevo.toString());
+  Tipo todos = Tipo::Nulo;
+  Tipo ramas = Tipo::Nulo;
+  for (size_t i = 0; i < args.size(); ++i) {
+    todos = comun(todos, args[i].tipo);
+    if (i > 0) ramas = comun(ramas, args[i].tipo);
+  }
+  n.tipo = tipoResultado(regla->resultado, args, todos, ramas);
+  if (jet_ && (tk(nombre).es(u"INT") || tk(nombre).es(u"FIX")) && args[0].tipo == Tipo::Fecha) {  // its day
+    e_.reemplazar(nombre, QStringLiteral("tp_datevalue"));
+    n.tipo = Tipo::Fecha;
+  }
+  if (!jet_ && tk(nombre).es(u"AVG") && args[0].tipo == Tipo::Entero) {  // the mean of whole numbers is whole there
+    e_.reemplazar(nombre, QStringLiteral("CAST(avg"));
+    e_.despues(p_ - 1, QStringLiteral(" AS INTEGER)"));
+    n.tipo = Tipo::Entero;
+  }
+  return n;
+}
+
+// What stands in the parentheses of the call of `nombre`, up to behind them.
+void Reescritor::argumentos(int nombre, std::vector<Nodo>& args, bool distintos) {
+  const bool condicion = tk(nombre).es(u"IIF") || tk(nombre).es(u"SWITCH");
+  const bool extremo = tk(nombre).es(u"MAX") || tk(nombre).es(u"MIN");
   while (!fin() && !tk(p_).op(u")")) {
     const int de = p_;
     if (tk(p_).op(u"*")) {
@@ -123,7 +180,10 @@ Nodo Reescritor::llamada(int ini) {
       n.fin = p_;
       args.push_back(n);
     } else {
-      args.push_back(expresion());
+      Nodo n = expresion();
+      if (!condicion || (tk(nombre).es(u"IIF") && !args.empty())) comoNumero(n);
+      if ((distintos || extremo) && n.tipo == Tipo::Texto && !n.sinCaso && n.literal < 0) colacion(n, true);
+      args.push_back(n);
     }
     if (!comeOp(u",") && !tk(p_).op(u")")) {
       if (p_ > de) break;
@@ -131,22 +191,26 @@ Nodo Reescritor::llamada(int ini) {
     }
   }
   if (!comeOp(u")")) hastaCerrar();
+}
 
-  Nodo n{ini, p_, Tipo::Desconocido, true};
-  const ReglaFuncion* regla = reglaDeFuncion(tk(nombre).texto, static_cast<int>(args.size()), e_.dialecto());
-  if (!regla) return n;
-  if (regla->forma == kParte && !args.empty() && args[0].literal < 0 && args[0].fin == args[0].ini + 1) {
-    e_.reemplazar(args[0].ini, u'\'' + tk(args[0].ini).texto.toString() + u'\'');
+// SWITCH(condition, value, ...) and CHOOSE(n, value, ...) are a CASE.
+Nodo Reescritor::eleccion(int nombre, const std::vector<Nodo>& args, Nodo n) {
+  const bool porNumero = tk(nombre).es(u"CHOOSE");
+  if (!porNumero && args.size() % 2 != 0) return n;
+  for (const Nodo& a : args) {
+    if (a.vacio() || !(tk(a.fin).op(u",") || tk(a.fin).op(u")"))) return n;
   }
-  if (regla->forma == kTexto0 && !args.empty()) comoTexto(args[0]);
-  if (!regla->nuevo.isEmpty()) e_.reemplazar(nombre, regla->nuevo.toString());
-  Tipo todos = Tipo::Nulo;
-  Tipo ramas = Tipo::Nulo;
+  e_.reemplazar(nombre, QStringLiteral("(CASE"));
+  e_.reemplazar(nombre + 1, porNumero ? QStringLiteral(" ") : QStringLiteral(" WHEN "));
+  n.tipo = Tipo::Nulo;
   for (size_t i = 0; i < args.size(); ++i) {
-    todos = comun(todos, args[i].tipo);
-    if (i > 0) ramas = comun(ramas, args[i].tipo);
+    if (porNumero ? i > 0 : i % 2 == 1) n.tipo = comun(n.tipo, args[i].tipo);
+    if (i + 1 == args.size()) break;
+    e_.reemplazar(args[i].fin, porNumero    ? QStringLiteral(" WHEN %1 THEN ").arg(i + 1)
+                               : i % 2 == 0 ? QStringLiteral(" THEN ")
+                                            : QStringLiteral(" WHEN "));
   }
-  n.tipo = tipoResultado(regla->resultado, args, todos, ramas);
+  e_.reemplazar(args.back().fin, QStringLiteral(" END)"));
   return n;
 }
 
@@ -174,7 +238,7 @@ Reescritor::TipoSql Reescritor::tipoSql() {
 QString Reescritor::funcionDeTipo(const TipoSql& tipo) const {
   switch (tipo.tipo) {
     case Tipo::Fecha: return QStringLiteral("tp_afecha");
-    case Tipo::Entero: return QStringLiteral("tp_convint");
+    case Tipo::Entero: return tk(tipo.ini).es(u"BIT") ? QStringLiteral("tp_bool") : QStringLiteral("tp_convint");
     case Tipo::Texto: return QStringLiteral("tp_convtexto");
     case Tipo::Real: return QStringLiteral("tp_cdbl");
     case Tipo::Numero: return QStringLiteral("tp_decimal");
@@ -194,7 +258,8 @@ Nodo Reescritor::convertir(int ini) {
   const bool conLargo = tipo.tipo == Tipo::Texto || tipo.tipo == Tipo::Numero;
   for (int i = tipo.ini; i < tipo.fin; ++i) e_.borrar(i);
   if (conLargo) {
-    const QString largo = tipo.tipo == Tipo::Texto ? tipo.largo : tipo.decimales;
+    const bool dinero = tk(tipo.ini).texto.contains(u"money", Qt::CaseInsensitive);
+    const QString largo = tipo.tipo == Tipo::Texto ? tipo.largo : dinero ? QStringLiteral("4") : tipo.decimales;
     e_.reemplazar(tipo.ini, largo.toInt() > 0 || tipo.tipo == Tipo::Numero ? QString::number(largo.toInt())
                                                                           : QStringLiteral("30"));
   } else {

@@ -12,7 +12,8 @@ struct ReglaFuncion {
   int minimo, maximo;   // arguments; a call with others passes on as it is
   QStringView nuevo;    // "" keeps the name
   Resultado resultado;
-  enum Forma { Llana, PrimeroTexto, Intervalo } forma = Llana;  // Intervalo: the first argument names a part of a date
+  // Intervalo: the first argument names a part of a date. Eleccion: a CASE in the engine.
+  enum Forma { Llana, PrimeroTexto, Intervalo, Eleccion } forma = Llana;
 };
 
 // The rule of a call, null when there is none.

@@ -68,6 +68,31 @@ void fHoy(sqlite3_context* c, int, sqlite3_value**) {
   darFecha(c, QDateTime(entornoDe(c).ahora().date(), QTime(0, 0)));
 }
 
+// A time of the day is that time on day 0.
+void darHora(sqlite3_context* c, const QTime& hora) { darFecha(c, QDateTime(QDate(1899, 12, 30), hora)); }
+
+void fHora(sqlite3_context* c, int, sqlite3_value**) { darHora(c, entornoDe(c).ahora().time()); }
+
+void fTimeserial(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  const qint64 minutos = qint64(sqlite3_value_int(v[0])) * 60 + sqlite3_value_int(v[1]);
+  const qint64 s = minutos * 60 + sqlite3_value_int(v[2]);
+  if (s < 0 || s >= 86400) return darError(c, QStringLiteral("La hora queda fuera de rango."));
+  darHora(c, QTime(0, 0).addSecs(static_cast<int>(s)));
+}
+
+void fTimevalue(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  QString t = textoDe(v[0]).trimmed();
+  if (!t.contains(u' ') && t.contains(u':')) t.prepend(u"30/12/1899 ");
+  if (const auto f = leerInstante(t)) return darHora(c, f->time());
+  darError(c, QStringLiteral("No se puede convertir '%1' a hora.").arg(t));
+}
+
+void fIsdate(sqlite3_context* c, int n, sqlite3_value** v) {
+  sqlite3_result_int(c, !hayNulo(n, v) && sqlite3_value_type(v[0]) == SQLITE_TEXT && leerInstante(textoDe(v[0])));
+}
+
 void fCdate(sqlite3_context* c, int n, sqlite3_value** v) {
   QDateTime f;
   if (!hayNulo(n, v) && fecha(c, v[0], f)) darFecha(c, f);
@@ -117,6 +142,7 @@ const char16_t* mascaraDeEstilo(int estilo) {
     case 111: return u"yyyy/mm/dd";
     case 112: return u"yyyymmdd";
     case 120: case 121: return u"yyyy-mm-dd hh:nn:ss";
+    case 126: return u"yyyy-mm-ddThh:nn:ss";
     default: return nullptr;
   }
 }
@@ -229,6 +255,14 @@ void darParte(sqlite3_context* c, Parte parte, sqlite3_value* v) {
 template <Parte parte>
 void fParte(sqlite3_context* c, int, sqlite3_value** v) { darParte(c, parte, v[0]); }
 
+// WEEKDAY(date [, first day of the week]), 1 for Sunday unless told.
+void fWeekday(sqlite3_context* c, int n, sqlite3_value** v) {
+  QDateTime f;
+  if (hayNulo(n, v) || !fecha(c, v[0], f)) return;
+  const int primero = n > 1 ? std::clamp(sqlite3_value_int(v[1]), 1, 7) : 1;
+  sqlite3_result_int(c, (f.date().dayOfWeek() % 7 + 8 - primero) % 7 + 1);
+}
+
 void fDatepart(sqlite3_context* c, int n, sqlite3_value** v) {
   if (!hayNulo(n, v)) darParte(c, parteDe(textoDe(v[0])), v[1]);
 }
@@ -250,16 +284,21 @@ const EntradaFuncion kFunciones[] = {
     {"tp_datepart", 2, fDatepart},  {"tp_dateserial", 3, fDateserial},
     {"tp_year", 1, fParte<Parte::Anio>},   {"tp_month", 1, fParte<Parte::Mes>}, {"tp_day", 1, fParte<Parte::Dia>},
     {"tp_hour", 1, fParte<Parte::Hora>},   {"tp_minute", 1, fParte<Parte::Minuto>},
-    {"tp_second", 1, fParte<Parte::Segundo>}, {"tp_weekday", 1, fParte<Parte::DiaSemana>},
+    {"tp_second", 1, fParte<Parte::Segundo>}, {"tp_weekday", -1, fWeekday},
+    {"tp_hora", 0, fHora},          {"tp_timeserial", 3, fTimeserial}, {"tp_timevalue", 1, fTimevalue},
+    {"tp_isdate", 1, fIsdate},
     {nullptr, 0, nullptr}};
 
 }  // namespace
 
 std::optional<QDateTime> leerInstante(const QString& texto) {
   const QString t = texto.trimmed();
-  if (t.size() == 8) {  // yyyymmdd
-    const QDate d = QDate::fromString(t, QStringLiteral("yyyyMMdd"));
-    if (d.isValid() && leerInstante(t.left(4) + u'/' + t.mid(4, 2) + u'/' + t.mid(6))) return QDateTime(d, QTime(0, 0));
+  if (t.size() == 8 || (t.size() > 9 && t[8] == u' ')) {  // yyyymmdd, with a time or without
+    const QDate d = QDate::fromString(t.left(8), QStringLiteral("yyyyMMdd"));
+    const QString separada = t.left(4) + u'/' + t.mid(4, 2) + u'/' + t.mid(6);
+    if (d.isValid()) {
+      if (const auto f = LeerFecha(separada)) return f;
+    }
   }
   QString conBlanco = t;
   if (conBlanco.size() > 10 && conBlanco[10] == u'T') conBlanco[10] = u' ';

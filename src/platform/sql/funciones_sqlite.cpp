@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <cmath>
+#include <cstring>
 
 #include "platform/sql/contiene.h"
 #include "platform/sql/edicion.h"
@@ -118,11 +119,36 @@ void fFix(sqlite3_context* c, int n, sqlite3_value** v) {
   if (!hayNulo(n, v)) sqlite3_result_double(c, std::trunc(numeroDe(v[0])));
 }
 
+const QString kEntreCero = QStringLiteral("División por cero.");
+
+void fDivisor(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v) && numeroDe(v[0]) == 0) return darError(c, kEntreCero);
+  sqlite3_result_value(c, v[0]);
+}
+
+void fResto(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  const qint64 b = AEntero(numeroDe(v[1]));
+  if (b == 0) return darError(c, kEntreCero);
+  sqlite3_result_int64(c, b == -1 ? 0 : AEntero(numeroDe(v[0])) % b);
+}
+
+void fPotencia(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v)) sqlite3_result_double(c, std::pow(numeroDe(v[0]), numeroDe(v[1])));
+}
+
+// True is -1 in Jet and 1 in T-SQL.
+void fBool(sqlite3_context* c, int n, sqlite3_value** v) {
+  QVariant x;
+  if (hayNulo(n, v) || !estricto(c, v[0], x)) return;
+  sqlite3_result_int(c, x.toDouble() == 0 ? 0 : entornoDe(c).dialecto == Dialecto::Jet ? -1 : 1);
+}
+
 void fDividir(sqlite3_context* c, int n, sqlite3_value** v) {
   if (hayNulo(n, v)) return;
   const qint64 a = AEntero(numeroDe(v[0]));
   const qint64 b = AEntero(numeroDe(v[1]));
-  if (b == 0) return sqlite3_result_null(c);
+  if (b == 0) return darError(c, kEntreCero);
   if (b == -1) return sqlite3_result_double(c, -static_cast<double>(a));
   sqlite3_result_int64(c, a / b);
 }
@@ -183,15 +209,95 @@ void fReplicate(sqlite3_context* c, int n, sqlite3_value** v) {
   if (!hayNulo(n, v)) darTexto(c, textoDe(v[0]).left(kCopias).repeated(std::clamp(sqlite3_value_int(v[1]), 0, kCopias)));
 }
 
+void fString(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v)) darTexto(c, textoDe(v[1]).left(1).repeated(std::clamp(sqlite3_value_int(v[0]), 0, kCopias)));
+}
+
+void fReverso(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  QString t = textoDe(v[0]);
+  std::reverse(t.begin(), t.end());
+  darTexto(c, t);
+}
+
+void fConcat(sqlite3_context* c, int n, sqlite3_value** v) {
+  QString t;
+  for (int i = 0; i < n; ++i) t += textoDe(v[i]);
+  darTexto(c, t);
+}
+
+void fReplace(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  const QString que = textoDe(v[1]);
+  darTexto(c, que.isEmpty() ? textoDe(v[0]) : textoDe(v[0]).replace(que, textoDe(v[2]), Qt::CaseInsensitive));
+}
+
+// STUFF(text, from, how many, instead)
+void fStuff(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (n < 3 || sqlite3_value_type(v[0]) == SQLITE_NULL) return;
+  const QString t = textoDe(v[0]);
+  const int desde = sqlite3_value_int(v[1]), largo = sqlite3_value_int(v[2]);
+  if (desde < 1 || desde > t.size() || largo < 0) return;
+  darTexto(c, t.left(desde - 1) + textoDe(v[3]) + t.mid(qint64(desde) - 1 + largo));
+}
+
+// STR: Jet keeps a place for the sign; T-SQL rounds and fills up to a length, 10 unless told.
+void fStr(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  const double x = numeroDe(v[0]);
+  const QString signo = x < 0 ? QString() : QStringLiteral(" ");
+  if (entornoDe(c).dialecto == Dialecto::Jet) return darTexto(c, signo + TextoDe(x));
+  const int largo = n > 1 ? std::clamp(sqlite3_value_int(v[1]), 0, kCopias) : 10;
+  const int decimales = n > 2 ? std::clamp(sqlite3_value_int(v[2]), 0, 15) : 0;
+  const QString mascara = decimales > 0 ? QStringLiteral("0.") + QString(decimales, u'0') : QStringLiteral("0");
+  const QString t = Formatear(x, mascara);
+  darTexto(c, t.size() > largo ? QString(largo, u'*') : t.rightJustified(largo));
+}
+
+void fStrcomp(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  const bool binario = n > 2 && sqlite3_value_int(v[2]) == 0;
+  const QString a = textoDe(v[0]), b = textoDe(v[1]);
+  const int orden = binario ? a.compare(b) : compararTextosSql(a, b, false);
+  sqlite3_result_int(c, (orden > 0) - (orden < 0));
+}
+
+void fInstrrev(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v)) sqlite3_result_int64(c, textoDe(v[0]).lastIndexOf(textoDe(v[1]), -1, Qt::CaseInsensitive) + 1);
+}
+
+// FIRST and LAST: the value of a row, Null too, so it is kept beside a mark.
+struct Extremo {
+  sqlite3_value* valor;
+  bool visto;
+};
+
+template <bool primero>
+void fExtremo(sqlite3_context* c, int, sqlite3_value** v) {
+  auto* e = static_cast<Extremo*>(sqlite3_aggregate_context(c, sizeof(Extremo)));
+  if (!e || (primero && e->visto)) return;
+  sqlite3_value_free(e->valor);
+  e->valor = sqlite3_value_dup(v[0]);
+  e->visto = true;
+}
+
+void finExtremo(sqlite3_context* c) {
+  auto* e = static_cast<Extremo*>(sqlite3_aggregate_context(c, 0));
+  if (!e || !e->valor) return;
+  sqlite3_result_value(c, e->valor);
+  sqlite3_value_free(e->valor);
+}
+
 // INSTR([from,] text, wanted) of Jet and CHARINDEX(wanted, text [, from]) of T-SQL.
-void buscar(sqlite3_context* c, const QString& en, const QString& que, int desde) {
+void buscar(sqlite3_context* c, const QString& en, const QString& que, int desde, bool conCaso = false) {
   if (desde < 1) desde = 1;
-  sqlite3_result_int64(c, en.indexOf(que, desde - 1, Qt::CaseInsensitive) + 1);
+  sqlite3_result_int64(c, en.indexOf(que, desde - 1, conCaso ? Qt::CaseSensitive : Qt::CaseInsensitive) + 1);
 }
 
 void fInstr(sqlite3_context* c, int n, sqlite3_value** v) {
   if (hayNulo(n, v)) return;
-  if (n == 3) buscar(c, textoDe(v[1]), textoDe(v[2]), sqlite3_value_int(v[0]));
+  const bool conCaso = n == 4 && sqlite3_value_int(v[3]) == 0;
+  if (n >= 3) buscar(c, textoDe(v[1]), textoDe(v[2]), sqlite3_value_int(v[0]), conCaso);
   else buscar(c, textoDe(v[0]), textoDe(v[1]), 1);
 }
 
@@ -229,20 +335,51 @@ void fLike(sqlite3_context* c, int n, sqlite3_value** v) {
                                   escape.isEmpty() ? QChar() : escape[0]));
 }
 
-// A mask of places formats a number, any other a date.
+// The masks that have a name.
+QString mascaraDe(const QString& nombre) {
+  static const struct { const char16_t *nombre, *mascara; } kConNombre[] = {
+      {u"general date", u"dd/mm/yyyy hh:nn:ss"}, {u"short date", u"dd/mm/yyyy"}, {u"short time", u"hh:nn"},
+      {u"long time", u"hh:nn:ss"}, {u"standard", u"#,##0.00"}, {u"fixed", u"0.00"}, {u"percent", u"0.00%"}};
+  const QString buscado = nombre.toLower();
+  for (const auto& m : kConNombre) {
+    if (buscado == QStringView(m.nombre)) return QString::fromUtf16(m.mascara);
+  }
+  return nombre;
+}
+
+// "hh:nn AM/PM" counts to twelve.
+QString fechaConMascara(QDateTime f, QString mascara) {
+  const qsizetype i = mascara.indexOf(u"am/pm", 0, Qt::CaseInsensitive);
+  if (i < 0) return FormatearFecha(f, mascara);
+  const QTime h = f.time();
+  f.setTime(QTime((h.hour() + 11) % 12 + 1, h.minute(), h.second()));
+  const QString mitad = h.hour() < 12 ? QStringLiteral("AM") : QStringLiteral("PM");
+  return FormatearFecha(f, mascara.left(i)) + mitad + FormatearFecha(f, mascara.mid(i + 5));
+}
+
+// Up to three masks: of positive numbers, of negative ones, of zero.
+QString numeroConMascara(double x, const QString& mascara) {
+  const QStringList partes = mascara.split(u';');
+  const bool negativo = x < 0 && !partes.value(1).isEmpty(), cero = x == 0 && !partes.value(2).isEmpty();
+  const QString parte = partes[negativo ? 1 : cero ? 2 : 0];
+  return Formatear((negativo ? -x : x) * (parte.contains(u'%') ? 100 : 1), parte);
+}
+
+// A mask of places formats a number, > and < a text, any other a date.
 void fFormat(sqlite3_context* c, int n, sqlite3_value** v) {
   if (hayNulo(n, v)) {  // FORMAT of Null is a blank text there
     return darTexto(c, QString());
   }
   const QString t = textoDe(v[0]);
   if (n < 2) return darTexto(c, t);
-  const QString mascara = textoDe(v[1]);
+  const QString mascara = mascaraDe(textoDe(v[1]));
+  if (mascara == u">" || mascara == u"<") return darTexto(c, mascara == u">" ? t.toUpper() : t.toLower());
   if (mascara.contains(u'0') || mascara.contains(u'#')) {
     const QVariant x = sqlite3_value_type(v[0]) == SQLITE_TEXT ? leerNumero(t) : QVariant(sqlite3_value_double(v[0]));
-    return darTexto(c, x.isValid() ? Formatear(x.toDouble(), mascara) : t);
+    return darTexto(c, x.isValid() ? numeroConMascara(x.toDouble(), mascara) : t);
   }
   const auto f = leerInstante(t);
-  darTexto(c, f ? FormatearFecha(*f, mascara) : t);
+  darTexto(c, f ? fechaConMascara(*f, mascara) : t);
 }
 
 const EntradaFuncion kFunciones[] = {
@@ -255,6 +392,11 @@ const EntradaFuncion kFunciones[] = {
     {"tp_minus", 1, fMinus},       {"tp_izquierda", 2, fIzquierda}, {"tp_derecha", 2, fDerecha},
     {"tp_space", 1, fSpace},       {"tp_replicate", 2, fReplicate}, {"tp_instr", -1, fInstr},
     {"tp_charindex", -1, fCharindex}, {"tp_like", -1, fLike},     {"tp_format", -1, fFormat},
+    {"tp_divisor", 1, fDivisor},   {"tp_resto", 2, fResto},       {"tp_potencia", 2, fPotencia},
+    {"tp_bool", 1, fBool},         {"tp_string", 2, fString},     {"tp_reverso", 1, fReverso},
+    {"tp_concat", -1, fConcat},    {"tp_replace", 3, fReplace},   {"tp_stuff", 4, fStuff},
+    {"tp_str", -1, fStr},          {"tp_strcomp", -1, fStrcomp},  {"tp_instrrev", 2, fInstrrev},
+    {"tp_primero", 1, fExtremo<true>, finExtremo}, {"tp_ultimo", 1, fExtremo<false>, finExtremo},
     {nullptr, 0, nullptr}};
 
 int comparar(int na, const void* a, int nb, const void* b, bool sinFinales) {
@@ -360,17 +502,42 @@ bool pareceSql(QStringView texto, QStringView patron, Dialecto dialecto, QChar e
   return Parecido(texto, patron, dialecto == Dialecto::Jet, escape).correr();
 }
 
-int registrarFunciones(sqlite3* base, EntornoFunciones& entorno) {
-  int rc = SQLITE_OK;
+namespace {
+
+int registrar(sqlite3* base, EntornoFunciones& entorno, const EntradaFuncion& f) {
+  const bool cambia = qstrcmp(f.nombre, "tp_ahora") == 0 || qstrcmp(f.nombre, "tp_hoy") == 0 ||
+                      qstrcmp(f.nombre, "tp_hora") == 0;
+  const int trato = SQLITE_UTF8 | SQLITE_INNOCUOUS | (cambia ? 0 : SQLITE_DETERMINISTIC);
+  return sqlite3_create_function_v2(base, f.nombre, f.argumentos, trato, &entorno, f.final ? nullptr : f.funcion,
+                                    f.final ? f.funcion : nullptr, f.final, nullptr);
+}
+
+// All names begin with "tp_" and are found without regard to case.
+int registrarNombrada(sqlite3* base, EntornoFunciones& entorno, std::string_view nombre) {
   for (const EntradaFuncion* tabla : {static_cast<const EntradaFuncion*>(kFunciones), funcionesDeFecha()}) {
-    for (const EntradaFuncion* f = tabla; f->nombre && rc == SQLITE_OK; ++f) {
-      const bool cambia = qstrcmp(f->nombre, "tp_ahora") == 0 || qstrcmp(f->nombre, "tp_hoy") == 0;
-      rc = sqlite3_create_function_v2(base, f->nombre, f->argumentos,
-                                      SQLITE_UTF8 | SQLITE_INNOCUOUS | (cambia ? 0 : SQLITE_DETERMINISTIC), &entorno,
-                                      f->funcion, nullptr, nullptr, nullptr);
+    for (const EntradaFuncion* f = tabla; f->nombre; ++f) {
+      const bool este = std::strlen(f->nombre) == nombre.size() &&
+                        sqlite3_strnicmp(f->nombre, nombre.data(), static_cast<int>(nombre.size())) == 0;
+      if (!este) continue;
+      return entorno.registradas.insert(f).second ? registrar(base, entorno, *f) : SQLITE_OK;
     }
   }
-  if (rc != SQLITE_OK) return rc;
+  return SQLITE_OK;
+}
+
+}  // namespace
+
+int registrarFunciones(sqlite3* base, EntornoFunciones& entorno, const QByteArray& sentencia) {
+  const std::string_view s(sentencia.data(), static_cast<size_t>(sentencia.size()));
+  int rc = SQLITE_OK;
+  for (size_t i = 0; rc == SQLITE_OK && (i = s.find('_', i)) != s.npos; ++i) {
+    if (i < 2 || sqlite3_strnicmp(s.data() + i - 2, "tp_", 3) != 0) continue;
+    size_t fin = i + 1;
+    while (fin < s.size() && std::isalpha(static_cast<unsigned char>(s[fin]))) ++fin;
+    rc = registrarNombrada(base, entorno, s.substr(i - 2, fin - i + 2));
+  }
+  if (rc != SQLITE_OK || entorno.conColacion || sqlite3_strlike("%TARVO%", sentencia.data(), 0) != 0) return rc;
+  entorno.conColacion = true;
   return sqlite3_create_collation_v2(base, "TARVO", SQLITE_UTF8, nullptr,
                                      entorno.dialecto == Dialecto::Jet ? colacionJet : colacionTSql, nullptr);
 }

@@ -5,6 +5,7 @@
 #include <QString>
 #include <functional>
 #include <optional>
+#include <set>
 
 #include "platform/sql/token.h"
 
@@ -16,10 +17,13 @@ struct sqlite3_value;
 struct EntornoFunciones {
   Dialecto dialecto = Dialecto::Jet;
   std::function<QDateTime()> ahora;
+  std::set<const void*> registradas;  // what the connection has of them
+  bool conColacion = false;
 };
 
-// Gives back an engine's code, 0 when all are in place.
-int registrarFunciones(sqlite3* base, EntornoFunciones& entorno);
+// Registers what `sentencia`, in the engine's language, names and was not registered before: a connection that lives for
+// one statement would spend more on all of them than on that. Gives back an engine's code, 0 when all are in place.
+int registrarFunciones(sqlite3* base, EntornoFunciones& entorno, const QByteArray& sentencia);
 
 // Less, equal or more, as both dialects compare texts: without regard to case, with regard to accents, in Spanish
 // order. `sinFinales`: blanks at the end don't count.
@@ -36,7 +40,8 @@ using FuncionSql = void (*)(sqlite3_context*, int, sqlite3_value**);
 struct EntradaFuncion {
   const char* nombre;
   int argumentos;
-  FuncionSql funcion;
+  FuncionSql funcion;                              // a step of it, where `final` gives the answer
+  void (*final)(sqlite3_context*) = nullptr;
 };
 bool hayNulo(int n, sqlite3_value** v);
 QString textoDe(sqlite3_value* v);

@@ -70,11 +70,12 @@ ErrorBD errorPropio(qint64 numero, const QString& palabras) { return {numero, 0,
 // The first bytes tell a database before anything opens the file for writing.
 std::optional<ErrorBD> revisarArchivo(const QString& archivo) {
   const QFileInfo info(archivo);
-  if (!info.exists()) {
+  const bool esArchivo = info.isFile();
+  if (!esArchivo && !info.exists()) {
     return errorPropio(kErrorGeneral, QStringLiteral("No se encuentra la base de datos '%1'.").arg(archivo));
   }
   QFile f(archivo);
-  if (!info.isFile() || !f.open(QIODevice::ReadOnly)) {
+  if (!esArchivo || !f.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
     return errorPropio(kErrorGeneral, QStringLiteral("No se puede leer la base de datos '%1'.").arg(archivo));
   }
   static const QByteArray kFirma("SQLite format 3\0", 16);
@@ -122,15 +123,17 @@ std::optional<ErrorBD> MotorSqlite::preparar(const QString& archivo, int espera_
   const QByteArray ruta = archivo.toUtf8();
   int rc = sqlite3_open_v2(ruta.constData(), &base_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
   if (rc != SQLITE_OK) return errorDe(base_, rc);
+  catalogo_ = Catalogo(base_);
   sqlite3_extended_result_codes(base_, 1);
   sqlite3_busy_timeout(base_, espera_ms);
   sqlite3_db_config(base_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(base_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
   sqlite3_db_config(base_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
   sqlite3_db_config(base_, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_db_config(base_, SQLITE_DBCONFIG_ENABLE_FKEY, 0, nullptr);
   sqlite3_limit(base_, SQLITE_LIMIT_ATTACHED, 0);
-  // Reading the schema is what shows that the pages behind the first are those of a database.
-  if (auto e = directa("SELECT count(*) FROM sqlite_schema")) {
+  // It reads the schema, which is what shows that the pages behind the first are those of a database.
+  if (auto e = directa("PRAGMA synchronous=FULL")) {
     if ((e->nativo & 0xff) == SQLITE_BUSY) e->numero = kErrorTiempo;
     return e;
   }
@@ -138,9 +141,7 @@ std::optional<ErrorBD> MotorSqlite::preparar(const QString& archivo, int espera_
     return errorPropio(kErrorGeneral, QStringLiteral("La base de datos '%1' es de solo lectura: no se puede guardar en "
                                                      "ella. Revise los permisos del archivo.").arg(archivo));
   }
-  for (const char* pragma : {"PRAGMA foreign_keys=OFF", "PRAGMA synchronous=FULL", "PRAGMA recursive_triggers=OFF"}) {
-    if (auto e = directa(pragma)) return e;
-  }
+  if (auto e = directa("PRAGMA recursive_triggers=OFF")) return e;
   if (!entorno_.ahora) {
     entorno_.ahora = [this] {
       Recordset rs;
@@ -148,7 +149,6 @@ std::optional<ErrorBD> MotorSqlite::preparar(const QString& archivo, int espera_
       return leerInstante(rs[0].toString()).value_or(QDateTime());
     };
   }
-  if (registrarFunciones(base_, entorno_) != SQLITE_OK) return errorDe(base_, SQLITE_ERROR);
   if (auto e = registrarServidor()) return e;
   if (interrumpir_) {
     sqlite3_progress_handler(base_, 1000, [](void* yo) {
@@ -197,12 +197,6 @@ std::optional<ErrorBD> MotorSqlite::registrarServidor() {
   return {};
 }
 
-const Catalogo& MotorSqlite::catalogo() {
-  if (!catalogoLeido_) catalogo_.leer(base_);
-  catalogoLeido_ = true;
-  return catalogo_;
-}
-
 std::optional<ErrorBD> MotorSqlite::consultar(const QString& sql, Recordset& rs) {
   rs.llenar({}, {});
   return correr(sql, &rs, nullptr);
@@ -221,19 +215,52 @@ std::optional<ErrorBD> MotorSqlite::correr(const QString& sql, Recordset* rs, qi
 
 std::optional<ErrorBD> MotorSqlite::correrSentencia(const QString& sql, Recordset* rs, qint64* afectadas) {
   std::optional<ErrorBD> error;
-  const std::shared_ptr<Preparada> p = prepararForma(sql, error);
+  const std::vector<Token> tokens = separar(sql, entorno_.dialecto);
+  const std::shared_ptr<Preparada> p = prepararForma(sql, tokens, error);
   if (!p) return error;
-  error = ligar(*p, sql);
-  if (!error) error = recorrer(*p, rs, afectadas);
+  if (p->tablaNueva.isEmpty()) {
+    error = ligar(*p, tokens);
+    if (!error) error = recorrer(*p, rs, afectadas);
+  } else {
+    error = llenarTablaNueva(*p, tokens, afectadas);
+  }
   if (p->cambiaEsquema) {
-    catalogoLeido_ = false;
+    catalogo_.olvidar();
     formas_.vaciar();
   }
   return error;
 }
 
-std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, std::optional<ErrorBD>& error) {
-  const std::vector<Token> tokens = separar(sql, entorno_.dialecto);
+// SELECT ... INTO: a table with the types of the list, then its rows; both or neither.
+std::optional<ErrorBD> MotorSqlite::llenarTablaNueva(const Preparada& p, const std::vector<Token>& tokens,
+                                                       qint64* afectadas) {
+  const auto nombre = [](QString n) { return u'"' + n.replace(u'"', QStringLiteral("\"\"")) + u'"'; };
+  QStringList columnas;
+  for (qsizetype i = 0; i < p.campos.size(); ++i) {
+    const auto k = static_cast<size_t>(i);
+    columnas << nombre(p.campos[i]) + u' ' + declaracionDe(k < p.tipos.size() ? p.tipos[k] : Tipo::Desconocido);
+  }
+  const QString crear = QStringLiteral("CREATE TABLE %1 (%2)").arg(nombre(p.tablaNueva), columnas.join(u','));
+  if (auto e = directa("SAVEPOINT nueva")) return e;
+  auto error = directa(crear.toUtf8().constData());
+  if (!error) {
+    Preparada llena;
+    llena.literales = p.literales;
+    const QByteArray texto = "INSERT INTO " + nombre(p.tablaNueva).toUtf8() + ' ' + sqlite3_sql(p.sentencia);
+    const int largo = static_cast<int>(texto.size());
+    const int rc = sqlite3_prepare_v2(base_, texto.constData(), largo, &llena.sentencia, nullptr);
+    if (rc != SQLITE_OK) error = errorDe(base_, rc);
+    if (!error) error = ligar(llena, tokens);
+    if (!error) error = recorrer(llena, nullptr, nullptr);
+    if (!error && afectadas) *afectadas = sqlite3_changes64(base_);
+  }
+  if (error) directa("ROLLBACK TO nueva");
+  const auto cierre = directa("RELEASE nueva");
+  return error ? error : cierre;
+}
+
+std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, const std::vector<Token>& tokens,
+                                                      std::optional<ErrorBD>& error) {
   const QString forma = Formas::clave(sql, tokens, {});
   if (const auto* fijos = formas_.fijos(forma)) {
     auto p = formas_.buscar(fijos->empty() ? forma : Formas::clave(sql, tokens, *fijos));
@@ -243,28 +270,22 @@ std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, std::o
     error = errorPropio(kErrorSentencia, QStringLiteral("Solo se puede ejecutar una sentencia a la vez."));
     return {};
   }
-  std::optional<Edicion> edicion(std::in_place, sql, entorno_.dialecto);
-  const bool catalogoDeAntes = catalogoLeido_;
-  Reescritura r = reescribir(*edicion, catalogo());
-  if (r.tablaAjena && catalogoDeAntes) {  // another program may have made it since the tables were read
-    catalogoLeido_ = false;
-    edicion.emplace(sql, entorno_.dialecto);
-    r = reescribir(*edicion, catalogo());
-  }
+  Edicion edicion(sql, entorno_.dialecto);
+  const Reescritura r = reescribir(edicion, catalogo_);
   if (r.error) {
     error = r.error;
     return {};
   }
   auto p = std::make_shared<Preparada>();
-  p->literales = edicion->literales();
-  p->cambiaEsquema = r.cambiaEsquema;
-  const QByteArray texto = edicion->texto(false).toUtf8();
+  p->literales = edicion.literales();
+  p->cambiaEsquema = r.cambiaEsquema || !r.tablaNueva.isEmpty();
+  p->tablaNueva = r.tablaNueva;
+  const QByteArray texto = edicion.texto(false).toUtf8();
   if (texto.contains('\0')) {  // the engine would read no further
     error = errorPropio(kErrorSentencia, QStringLiteral("La sentencia contiene un carácter nulo."));
     return {};
   }
-  const int rc = sqlite3_prepare_v3(base_, texto.constData(), static_cast<int>(texto.size()), SQLITE_PREPARE_PERSISTENT,
-                                    &p->sentencia, nullptr);
+  const int rc = compilar(texto, SQLITE_PREPARE_PERSISTENT, p->sentencia);
   if (rc != SQLITE_OK) {
     error = errorDe(base_, rc);
     return {};
@@ -280,6 +301,7 @@ std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, std::o
     const char* declarado = sqlite3_column_decltype(p->sentencia, i);
     p->fechas.push_back((declarado && tipoDeclarado(QString::fromUtf8(declarado)) == Tipo::Fecha) ||
                         (conTipos && r.salida[i].tipo == Tipo::Fecha));
+    if (conTipos) p->tipos.push_back(r.salida[i].tipo);
   }
   std::vector<int> fijos;
   for (size_t i = 0; i < p->literales.size(); ++i) {
@@ -290,10 +312,13 @@ std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, std::o
   return p;
 }
 
-std::optional<ErrorBD> MotorSqlite::ligar(Preparada& p, const QString& sql) {
+int MotorSqlite::compilar(const QByteArray& texto, unsigned opciones, sqlite3_stmt*& sentencia) {
+  if (const int rc = registrarFunciones(base_, entorno_, texto)) return rc;
+  return sqlite3_prepare_v3(base_, texto.constData(), static_cast<int>(texto.size()), opciones, &sentencia, nullptr);
+}
+
+std::optional<ErrorBD> MotorSqlite::ligar(Preparada& p, const std::vector<Token>& tokens) {
   sqlite3_clear_bindings(p.sentencia);
-  if (p.literales.empty()) return {};
-  const std::vector<Token> tokens = separar(sql, entorno_.dialecto);
   int parametro = 0;
   for (const Literal& l : p.literales) {
     const ValorLiteral v = leerLiteral(tokens[l.token], l.lectura, entorno_.dialecto);
@@ -352,7 +377,7 @@ std::optional<ErrorBD> MotorSqlite::llamar(const Llamada& llamada, Recordset* rs
 std::optional<ErrorBD> MotorSqlite::consultar(const QString& sql, const QVariantList& valores, Recordset& rs) {
   Preparada p;
   const QByteArray texto = sql.toUtf8();
-  int rc = sqlite3_prepare_v2(base_, texto.constData(), static_cast<int>(texto.size()), &p.sentencia, nullptr);
+  int rc = compilar(texto, 0, p.sentencia);
   for (int i = 0; rc == SQLITE_OK && i < valores.size(); ++i) rc = ligarValor(p.sentencia, i + 1, valores[i]);
   if (rc != SQLITE_OK) return errorDe(base_, rc);
   const int columnas = sqlite3_column_count(p.sentencia);
@@ -379,11 +404,16 @@ std::optional<ErrorBD> MotorSqlite::directa(const char* sql) {
 
 std::optional<ErrorBD> MotorSqlite::iniciar() { return directa("BEGIN IMMEDIATE"); }
 std::optional<ErrorBD> MotorSqlite::confirmar() { return directa("COMMIT"); }
-std::optional<ErrorBD> MotorSqlite::deshacer() { return directa("ROLLBACK"); }
+
+// A full disk has undone the transaction already.
+std::optional<ErrorBD> MotorSqlite::deshacer() {
+  if (sqlite3_get_autocommit(base_) != 0) return {};
+  return directa("ROLLBACK");
+}
 
 QString MotorSqlite::traducir(const QString& sql) {
   if (entorno_.dialecto == Dialecto::TSql && leerLlamada(sql)) return sql;
   Edicion edicion(sql, entorno_.dialecto);
-  if (reescribir(edicion, catalogo()).error) return sql;
+  if (reescribir(edicion, catalogo_).error) return sql;
   return edicion.texto(true);
 }

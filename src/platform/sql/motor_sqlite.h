@@ -33,12 +33,14 @@ class MotorSqlite final : public Motor, public AccesoMotor {
   std::optional<ErrorBD> registrarServidor();
   std::optional<ErrorBD> correr(const QString& sql, Recordset* rs, qint64* afectadas);
   std::optional<ErrorBD> correrSentencia(const QString& sql, Recordset* rs, qint64* afectadas);
+  std::optional<ErrorBD> llenarTablaNueva(const Preparada& p, const std::vector<Token>& tokens, qint64* afectadas);
   std::optional<ErrorBD> llamar(const Llamada& llamada, Recordset* rs);
-  std::shared_ptr<Preparada> prepararForma(const QString& sql, std::optional<ErrorBD>& error);
-  std::optional<ErrorBD> ligar(Preparada& p, const QString& sql);
+  std::shared_ptr<Preparada> prepararForma(const QString& sql, const std::vector<Token>& tokens,
+                                           std::optional<ErrorBD>& error);
+  int compilar(const QByteArray& texto, unsigned opciones, sqlite3_stmt*& sentencia);
+  std::optional<ErrorBD> ligar(Preparada& p, const std::vector<Token>& tokens);
   std::optional<ErrorBD> recorrer(Preparada& p, Recordset* rs, qint64* afectadas);
   std::optional<ErrorBD> directa(const char* sql);
-  const Catalogo& catalogo();
 
   friend struct FuncionRegistrada;
   EntornoFunciones entorno_;
@@ -46,6 +48,5 @@ class MotorSqlite final : public Motor, public AccesoMotor {
   std::function<bool()> interrumpir_;
   Formas formas_{300};
   Catalogo catalogo_;
-  bool catalogoLeido_ = false;
   sqlite3* base_ = nullptr;
 };

@@ -1,4 +1,5 @@
 #include <QDir>
+#include <QHash>
 
 #include "platform/sql/cadena_conexion.h"
 #include "platform/sql/motor_postgres.h"
@@ -13,7 +14,8 @@ class MotoresDelSistema final : public Motores {
 
   std::unique_ptr<Motor> abrir(const QString& cadena, int espera_ms, ErrorBD& error) override {
     error = {};
-    const CadenaConexion c = leerCadenaConexion(cadena);
+    if (!leidas_.contains(cadena)) leidas_.insert(cadena, leerCadenaConexion(cadena));
+    const CadenaConexion& c = leidas_[cadena];
     switch (c.tipo) {
       case TipoMotor::Local:
         return MotorSqlite::abrir(c.archivo, Dialecto::Jet, espera_ms, opciones_, error);
@@ -34,6 +36,7 @@ class MotoresDelSistema final : public Motores {
  private:
   QString carpeta_;
   OpcionesMotores opciones_;
+  QHash<QString, CadenaConexion> leidas_;  // a sale opens the same servers again and again
 };
 
 }  // namespace

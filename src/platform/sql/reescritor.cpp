@@ -25,6 +25,7 @@ Reescritura Reescritor::correr() {
   } else if (es(u"DELETE")) {
     borrarFilas();
   } else {
+    if (!jet_ && tk(1).es(u"TRAN")) e_.reemplazar(1, QStringLiteral("TRANSACTION"));
     r.cambiaEsquema = es(u"CREATE") || es(u"ALTER") || es(u"DROP");
     return r;
   }
@@ -32,7 +33,7 @@ Reescritura Reescritor::correr() {
     r.error = ErrorBD{kErrorSentencia, 0, QStringLiteral("La sentencia es demasiado compleja.")};
     return r;
   }
-  r.tablaAjena = tablaAjena_;
+  r.tablaNueva = tablaNueva_;
   return r;
 }
 
@@ -53,13 +54,6 @@ void Reescritor::separarSignos() {
     const bool comentario = (tk(i).op(u"-") && tk(i + 1).op(u"-")) || (tk(i).op(u"/") && tk(i + 1).op(u"*"));
     if (juntos && comentario) e_.despues(i, QStringLiteral(" "));
   }
-}
-
-// The catalogue's table; one that it lacks is noted, since another program may have made it meanwhile.
-const Tabla* Reescritor::buscarTabla(const QString& nombre) {
-  const Tabla* t = c_.tabla(nombre);
-  if (!t && !nombre.isEmpty()) tablaAjena_ = true;
-  return t;
 }
 
 // SELECT ... [UNION [ALL] SELECT ...] [ORDER BY ...], and the closing parenthesis stays for the caller.
@@ -91,11 +85,18 @@ std::vector<Columna> Reescritor::seleccion(const std::vector<Columna>* destino) 
 std::vector<Columna> Reescritor::nucleo(const std::vector<Columna>* destino) {
   ++p_;
   QString limite;
-  const bool distinto = come(u"DISTINCT") || come(u"DISTINCTROW");
+  bool distinto = come(u"DISTINCT");
+  if (jet_ && es(u"DISTINCTROW")) e_.borrar(p_++);  // whole rows of the tables, which are distinct as they are
   if (!distinto) come(u"ALL");
   const bool conTope = tope(limite);
   const int lista = p_;
   const int desde = buscarDesde(p_);
+  // The columns of the first SELECT say how the rows of all are told apart.
+  for (int i = desde, abiertos = 0; !distinto && tk(i).tipo != TipoToken::Fin && abiertos >= 0; ++i) {
+    if (tk(i).op(u"(")) ++abiertos;
+    if (tk(i).op(u")")) --abiertos;
+    distinto = abiertos == 0 && tk(i).es(u"UNION") && !tk(i + 1).es(u"ALL");
+  }
 
   const bool ligableDeFuera = ligable_;
   ambitos_.emplace_back();
@@ -119,9 +120,25 @@ void Reescritor::nucleoCompleto(int lista, int desde, std::vector<Columna>& sali
   const int tras = p_;
   p_ = lista;
   ligable_ = false;
-  listaDeSalida(desde, salida, destino);
+  int fin = desde;
+  if (ambitos_.size() == 1) separarDestino(lista, fin);
+  listaDeSalida(fin, salida, destino);
   p_ = tras > desde ? tras : desde;
   clausulas();
+}
+
+// INTO name behind the list of the outermost SELECT: the engine makes that table apart.
+void Reescritor::separarDestino(int lista, int& fin) {
+  int i = lista;
+  for (int abiertos = 0; i < fin; ++i) {
+    if (tk(i).op(u"(")) ++abiertos;
+    if (tk(i).op(u")")) --abiertos;
+    if (abiertos == 0 && tk(i).es(u"INTO")) break;
+  }
+  if (i >= fin || !tk(fin - 1).nombre()) return;
+  tablaNueva_ = contenido(tk(fin - 1));
+  for (int k = i; k < fin; ++k) e_.borrar(k);
+  fin = i;
 }
 
 // TOP n before the list becomes LIMIT behind the whole.
@@ -173,6 +190,7 @@ void Reescritor::listaDeSalida(int fin, std::vector<Columna>& salida, const std:
         avanza();
       } else {
         if (destino && salida.size() < destino->size()) asignar((*destino)[salida.size()], n);
+        comoNumero(n);
         Columna c{n.nombre, n.tipo, n.sinCaso, n.columna};
         if (distinto_ && n.tipo == Tipo::Texto && !n.sinCaso && n.literal < 0) {
           colacion(n, true);
@@ -233,8 +251,9 @@ void Reescritor::ordenYGrupo() {
   come(u"BY");
   ligable_ = false;
   do {
-    const Nodo n = expresion();
+    Nodo n = expresion();
     if (n.vacio()) return;
+    if (orden) comoNumero(n);
     if (n.tipo == Tipo::Texto && n.literal < 0) {
       // A list is read by people: Spanish order. A group is a matter of equality, which NOCASE columns have.
       if (orden) {
@@ -250,7 +269,7 @@ void Reescritor::ordenYGrupo() {
 void Reescritor::insertar() {
   ++p_;
   if (!come(u"INTO") && tk(p_).nombre()) e_.antes(p_, QStringLiteral("INTO "));
-  const Tabla* tabla = buscarTabla(nombreDeTabla());
+  const Tabla* tabla = c_.tabla(nombreDeTabla());
   const std::vector<Columna> columnas = columnasDeInsercion(tabla);
   if (come(u"VALUES")) {
     filasDeValores(columnas);
@@ -297,45 +316,4 @@ void Reescritor::filasDeValores(const std::vector<Columna>& columnas) {
     }
     comeOp(u")");
   } while (comeOp(u","));
-}
-
-void Reescritor::actualizar() {
-  ++p_;
-  ambitos_.emplace_back();
-  const QString nombre = nombreDeTabla();
-  const Tabla* tabla = buscarTabla(nombre);
-  agregarFuente(nombre, aliasDeFuente(true));
-  if (!come(u"SET")) return;
-  ligable_ = true;
-  do {
-    while (tk(p_ + 1).op(u".") && tk(p_).nombre()) {  // no prefix before the column that is set
-      e_.borrar(p_);
-      e_.borrar(p_ + 1);
-      p_ += 2;
-    }
-    if (!tk(p_).nombre() || !tk(p_ + 1).op(u"=")) break;
-    const QString col = contenido(tk(p_));
-    p_ += 2;
-    Nodo n = expresion();
-    if (n.vacio() || !tabla) continue;
-    for (const Columna& c : tabla->columnas) {
-      if (c.nombre.compare(col, Qt::CaseInsensitive) == 0) asignar(c, n);
-    }
-  } while (comeOp(u","));
-  if (come(u"FROM")) fuentes();
-  clausulas();
-}
-
-void Reescritor::borrarFilas() {
-  ++p_;
-  ambitos_.emplace_back();
-  if (tk(p_).op(u"*")) {
-    e_.borrar(p_++);
-  } else if (tk(p_).nombre() && tk(p_ + 1).op(u".") && tk(p_ + 2).op(u"*")) {
-    for (int i = 0; i < 3; ++i) e_.borrar(p_++);
-  }
-  if (!come(u"FROM") && tk(p_).nombre()) e_.antes(p_, QStringLiteral("FROM "));
-  const QString nombre = nombreDeTabla();
-  agregarFuente(nombre, aliasDeFuente(true));
-  clausulas();
 }

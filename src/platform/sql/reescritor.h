@@ -25,7 +25,7 @@ class Reescritor {
 
  private:
   struct Fuente {
-    QString alias;
+    QString tabla, alias;
     std::vector<Columna> columnas;
   };
   struct Ambito {
@@ -54,7 +54,14 @@ class Reescritor {
   void insertar();
   std::vector<Columna> columnasDeInsercion(const Tabla* tabla);
   void filasDeValores(const std::vector<Columna>& columnas);
+  void separarDestino(int lista, int& fin);
+
+  // Changes of rows (reescritor_cambios.cpp)
   void actualizar();
+  bool fuentesDeCambio(int ini, const QString& nombre);
+  QStringList asignaciones(const Fuente* destino, bool junta);
+  const Fuente* fuenteLlamada(const QString& nombre) const;
+  const Fuente* fuenteDeColumna(int i) const;
   void borrarFilas();
 
   // FROM (reescritor_fuentes.cpp)
@@ -65,7 +72,6 @@ class Reescritor {
   QString nombreDeTabla();
   QString aliasDeFuente(bool pedirAs = false);
   void sinPistas();
-  const Tabla* buscarTabla(const QString& nombre);
   void agregarFuente(const QString& tabla, const QString& alias);
 
   // Expressions (reescritor_expresiones.cpp)
@@ -84,6 +90,8 @@ class Reescritor {
 
   // Functions (funciones_dialecto.cpp)
   Nodo llamada(int ini);
+  void argumentos(int nombre, std::vector<Nodo>& args, bool distintos);
+  Nodo eleccion(int nombre, const std::vector<Nodo>& args, Nodo n);
   Nodo convertir(int ini);
   Nodo moldear(int ini);
   struct TipoSql {
@@ -97,6 +105,8 @@ class Reescritor {
   // Types (reescritor_tipos.cpp)
   Tipo comun(Tipo a, Tipo b) const;
   void comparar(Nodo& a, Nodo& b);
+  void comoNumero(Nodo& n);
+  void divisor(const Nodo& n);
   void compararTextos(Nodo& a, Nodo& b);
   void unaFechaUnTexto(Nodo& otro);
   void unNumeroUnTexto(Nodo& texto);
@@ -126,6 +136,6 @@ class Reescritor {
   bool rendido_ = false;
   bool ligable_ = false;
   bool distinto_ = false;   // the list at hand is of a SELECT DISTINCT
-  bool tablaAjena_ = false;
+  QString tablaNueva_;      // of SELECT ... INTO
   std::vector<Ambito> ambitos_;
 };

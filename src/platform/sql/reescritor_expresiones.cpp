@@ -3,7 +3,7 @@
 namespace {
 
 // Tightness of the operators; what stands higher binds tighter.
-enum Precedencia { kO = 1, kY, kNo, kComparar, kUnir, kSuma, kModulo, kDivisionEntera, kProducto };
+enum Precedencia { kO = 1, kY, kNo, kComparar, kUnir, kSuma, kModulo, kDivisionEntera, kProducto, kPotencia };
 
 }  // namespace
 
@@ -11,7 +11,7 @@ bool Reescritor::finDeExpresion(int i) const {
   const Token& t = tk(i);
   if (t.tipo == TipoToken::Fin) return true;
   if (t.tipo != TipoToken::Nombre) return false;
-  if ((t.es(u"LEFT") || t.es(u"RIGHT")) && tk(i + 1).op(u"(")) return false;
+  if ((t.es(u"LEFT") || t.es(u"RIGHT") || t.es(u"ASC")) && tk(i + 1).op(u"(")) return false;
   for (const QStringView palabra :
        {u"FROM", u"WHERE", u"GROUP", u"ORDER", u"HAVING", u"UNION", u"EXCEPT", u"INTERSECT", u"LIMIT", u"ON", u"AS",
         u"SET", u"VALUES", u"INNER", u"LEFT", u"RIGHT", u"FULL", u"CROSS", u"JOIN", u"NATURAL", u"WHEN", u"THEN",
@@ -27,13 +27,14 @@ int Reescritor::precedencia(int i, bool& predicado) const {
   predicado = false;
   const Token& t = tk(i);
   if (t.tipo == TipoToken::Operador) {
-    for (const QStringView s : {u"=", u"<>", u"<", u">", u"<=", u">=", u"!=", u"=="}) {
+    for (const QStringView s : {u"=", u"<>", u"<", u">", u"<=", u">=", u"!=", u"==", u"!<", u"!>"}) {
       if (t.texto == s) return kComparar;
     }
     if (t.texto == u"&") return jet_ ? kUnir : kSuma;
     if (t.texto == u"+" || t.texto == u"-" || t.texto == u"||") return kSuma;
     if (t.texto == u"*" || t.texto == u"/" || (t.texto == u"%" && !jet_)) return kProducto;
     if (t.texto == u"\\" && jet_) return kDivisionEntera;
+    if (t.texto == u"^" && jet_) return kPotencia;
     return 0;
   }
   if (t.tipo != TipoToken::Nombre) return 0;
@@ -68,7 +69,8 @@ Nodo Reescritor::unario() {
   }
   if (tk(p_).op(u"-") || tk(p_).op(u"+")) {
     ++p_;
-    const Nodo n = expresion(kProducto + 1);
+    Nodo n = expresion(kProducto + 1);
+    comoNumero(n);
     return {ini, p_, esNumerico(n.tipo) ? n.tipo : Tipo::Numero};
   }
   return primario();
@@ -76,6 +78,13 @@ Nodo Reescritor::unario() {
 
 Nodo Reescritor::binario(Nodo izq, int op, int prec) {
   ++p_;
+  // Equal to any of them is in them; apart from all of them is not in them.
+  const bool alguno = tk(op).op(u"=") && (es(u"ANY") || es(u"SOME")), ninguno = tk(op).op(u"<>") && es(u"ALL");
+  if ((alguno || ninguno) && tk(p_ + 1).op(u"(")) {
+    e_.reemplazar(op, alguno ? QStringLiteral(" IN") : QStringLiteral(" NOT IN"));
+    e_.borrar(p_++);
+    return enLista(izq, op);
+  }
   Nodo der = expresion(prec + 1);
   Nodo n{izq.ini, p_};
   if (der.vacio()) return n;
@@ -86,10 +95,16 @@ Nodo Reescritor::binario(Nodo izq, int op, int prec) {
       if (tk(op).es(u"XOR")) e_.reemplazar(op, QStringLiteral("<>"));
       return n;
     case kComparar:
+      if (tk(op).op(u"!<")) e_.reemplazar(op, QStringLiteral(">="));
+      if (tk(op).op(u"!>")) e_.reemplazar(op, QStringLiteral("<="));
       comparar(izq, der);
       n.tipo = Tipo::Logico;
       return n;
     case kUnir:
+      for (Nodo* lado : {&izq, &der}) {
+        comoNumero(*lado);
+        if (lado->tipo == Tipo::Fecha) comoTexto(*lado);
+      }
       e_.antes(n.ini, QStringLiteral("tp_une("));
       e_.reemplazar(op, QStringLiteral(","));
       e_.despues(n.fin - 1, QStringLiteral(")"));
@@ -99,18 +114,23 @@ Nodo Reescritor::binario(Nodo izq, int op, int prec) {
     case kSuma:
       return sumar(izq, op, der);
     case kModulo:
-      e_.reemplazar(op, QStringLiteral("%"));
-      n.tipo = Tipo::Entero;
-      return n;
     case kDivisionEntera:
-      e_.envolver(n.ini, n.fin, QStringLiteral("tp_dividir("));
+    case kPotencia:
+      comoNumero(izq);
+      comoNumero(der);
+      e_.envolver(n.ini, n.fin, prec == kModulo   ? QStringLiteral("tp_resto(")
+                                : prec == kPotencia ? QStringLiteral("tp_potencia(")
+                                                    : QStringLiteral("tp_dividir("));
       e_.reemplazar(op, QStringLiteral(","));
-      n.tipo = Tipo::Entero;
+      n.tipo = prec == kPotencia ? Tipo::Real : Tipo::Entero;
       n.primario = true;
       return n;
     default:
       break;
   }
+  comoNumero(izq);
+  comoNumero(der);
+  if (!tk(op).op(u"*")) divisor(der);
   if (tk(op).op(u"/") && jet_) {
     if (izq.tipo != Tipo::Real && der.tipo != Tipo::Real) e_.reemplazar(op, QStringLiteral("*1.0/"));
     n.tipo = Tipo::Real;

@@ -2,8 +2,9 @@
 
 void Reescritor::agregarFuente(const QString& tabla, const QString& alias) {
   Fuente f;
+  f.tabla = tabla;
   f.alias = alias.isEmpty() ? tabla : alias;
-  if (const Tabla* t = buscarTabla(tabla)) f.columnas = t->columnas;
+  if (const Tabla* t = c_.tabla(tabla)) f.columnas = t->columnas;
   ambitos_.back().fuentes.push_back(std::move(f));
 }
 

@@ -32,7 +32,25 @@ void Reescritor::colacion(const Nodo& n, bool propia) {
   else e_.envolver(n.ini, n.fin, QStringLiteral("("), QStringLiteral(")") + c);
 }
 
+// True is -1 in Jet, wherever a condition is taken for its value.
+void Reescritor::comoNumero(Nodo& n) {
+  if (!jet_ || n.tipo != Tipo::Logico) return;
+  e_.envolver(n.ini, n.fin, QStringLiteral("-("));
+  n.tipo = Tipo::Entero;
+  n.primario = false;
+}
+
+// The engine gives Null for a division by zero, the dialects an error. A number that stands there says what it is.
+void Reescritor::divisor(const Nodo& n) {
+  if (n.literal >= 0 && leerNumero(contenido(tk(n.literal))).toDouble() != 0) return;
+  e_.envolver(n.ini, n.fin, QStringLiteral("tp_divisor("));
+}
+
 void Reescritor::comparar(Nodo& a, Nodo& b) {
+  if (a.tipo != b.tipo) {
+    comoNumero(a);
+    comoNumero(b);
+  }
   if (a.tipo == Tipo::Fecha && b.tipo == Tipo::Texto) return unaFechaUnTexto(b);
   if (b.tipo == Tipo::Fecha && a.tipo == Tipo::Texto) return unaFechaUnTexto(a);
   if (esNumerico(a.tipo) && b.tipo == Tipo::Texto) return unNumeroUnTexto(b);
@@ -74,6 +92,8 @@ void Reescritor::comoTexto(const Nodo& n) {
 
 Nodo Reescritor::sumar(Nodo a, int op, Nodo b) {
   Nodo n{a.ini, b.fin};
+  comoNumero(a);
+  comoNumero(b);
   const bool mas = tk(op).op(u"+");
   if (tk(op).op(u"||") || (mas && (a.tipo == Tipo::Texto || b.tipo == Tipo::Texto))) {
     comoTexto(a);
@@ -104,6 +124,7 @@ Nodo Reescritor::sumar(Nodo a, int op, Nodo b) {
 
 // A value on its way into a column.
 void Reescritor::asignar(const Columna& destino, Nodo& n) {
+  comoNumero(n);
   if (destino.tipo == Tipo::Fecha && (n.tipo == Tipo::Texto || n.tipo == Tipo::Desconocido)) {
     unaFechaUnTexto(n);
   } else if (esNumerico(destino.tipo) && n.tipo == Tipo::Texto && n.literal >= 0) {

@@ -9,7 +9,7 @@
 struct Reescritura {
   std::vector<Columna> salida;  // columns of the result; empty when they can't be told
   bool cambiaEsquema = false;   // CREATE, ALTER, DROP: what is known of tables is stale afterwards
-  bool tablaAjena = false;      // it names a table that the catalogue lacks
+  QString tablaNueva;           // SELECT ... INTO: the table that its rows go to
   std::optional<ErrorBD> error; // the statement must not run
 };
 

@@ -6,6 +6,13 @@ bool esLetra(QChar c) { return c.isLetter() || c == u'_' || c == u'@' || c == u'
 bool esDigito(QChar c) { return c >= u'0' && c <= u'9'; }
 bool sigueNombre(QChar c) { return esLetra(c) || esDigito(c); }
 
+// The operators of two signs.
+bool esPar(QChar a, QChar b) {
+  if (b == u'=') return a == u'<' || a == u'>' || a == u'!' || a == u'=';
+  if (b == u'>') return a == u'<' || a == u'!';
+  return (a == u'|' && b == u'|') || (a == u'!' && b == u'<');
+}
+
 class Lector {
  public:
   Lector(QStringView s, Dialecto d) : s_(s), jet_(d == Dialecto::Jet) {}
@@ -113,11 +120,7 @@ class Lector {
       while (sigueNombre(en(k))) ++k;
       return hasta(TipoToken::Nombre, k);
     }
-    const QStringView dos = s_.mid(i_, 2);
-    for (const QStringView par : {u"<>", u"<=", u">=", u"!=", u"||", u"==", u"!<", u"!>"}) {
-      if (dos == par) return hasta(TipoToken::Operador, i_ + 2);
-    }
-    return hasta(TipoToken::Operador, i_ + 1);
+    return hasta(TipoToken::Operador, i_ + (esPar(c, en(i_ + 1)) ? 2 : 1));
   }
 
   QStringView s_;

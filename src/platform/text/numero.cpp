@@ -6,6 +6,7 @@
 namespace {
 
 constexpr int kDigitos = 15;
+constexpr double kEnteroExacto = 1e15;  // below it a whole double has 15 digits at most
 
 // A double as a decimal of 15 significant digits: 0.d1d2d3... x 10^exponente.
 struct Decimal {
@@ -18,6 +19,12 @@ Decimal descomponer(double valor) {
   Decimal d;
   if (valor == 0 || !std::isfinite(valor)) return d;
   d.negativo = valor < 0;
+  if (std::fabs(valor) < kEnteroExacto && valor == std::trunc(valor)) {  // most figures are whole
+    d.digitos = QByteArray::number(static_cast<qint64>(std::fabs(valor)));
+    d.exponente = static_cast<int>(d.digitos.size());
+    while (d.digitos.endsWith('0')) d.digitos.chop(1);
+    return d;
+  }
   const QByteArray e = QByteArray::number(std::fabs(valor), 'e', kDigitos - 1);
   const auto corte = e.indexOf('e');
   d.digitos = e.left(corte);
@@ -104,6 +111,7 @@ double Redondear(double valor, int decimales) {
 }
 
 qint64 AEntero(double valor) {
+  if (std::fabs(valor) < kEnteroExacto && valor == std::trunc(valor)) return static_cast<qint64>(valor);
   const double r = Redondear(valor, 0);
   constexpr double tope = 9.2e18;
   if (r >= tope) return std::numeric_limits<qint64>::max();

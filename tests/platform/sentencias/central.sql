@@ -51,3 +51,24 @@ usp_sel_ListadoDocumentosPendientesNC '02'
 usp_sel_CtaCtexCliente 5, 1
  usp_Log_Saldos '20261024',                '20261124',                '*',                '',                0,               0,                '01'
 exec sp_send_cdosysmail 'caja@local','uno@local;dos@local','Error','Detalle'
+select cCodBanco,vDscBanco from banco order by vDscBanco
+select isnull(max(cast(NroDoc as int)),0) as maximo from venta01 WHERE TipoDoc = '02'
+select nmonto1 from parametro where cCodParam='DETRS'
+select nmonto1 from parametro where cCodParam='DETRP'
+select vtexto1 from parametro where cCodParam='CTABN'
+SELECT COUNT(1) TOTAL FROM pagos WHERE FechaAnulacion IS NULL AND cSerieDocPago='PA1' AND CONVERT(INT,NroDocPago)=33
+select cast(max(NroDoc)as int)as nromax from (select distinct cDocCodigo as NroDoc from operacion where  cDocSerie ='012' and year(doperfech)=2026 and month(doperfech)=11 and day(doperfech)=24 Union select NroDoc from venta01 where cSerieDoc='012' and year(fechaemision)=2026 and month(fechaemision)=11 and day(fechaemision)=24) o 
+ SELECT * FROM Cliente WHERE dFechModi > CONVERT(DATETIME, '20261120',112) and dFechCrea <= CONVERT(DATETIME, '20261120',112)
+SELECT * FROM Tarjeta
+ SELECT * FROM Tarjeta WHERE dFechModi > CONVERT(DATETIME, '20261120',112) and dFechCrea <= CONVERT(DATETIME, '20261120',112)
+ SELECT cCodArtic   FROM Articulo   WHERE cCodArtic = '000012'
+ SELECT cCodArtic, cCodCatal, vDscartic,  vDscartCt   FROM Articulo   WHERE cCodArtic = '000012'    AND bFlagVenta = 1    AND NOT bFlagDesc = 1
+dbo.spr_agrupar_z1 1
+dbo.spr_inserta_sincronizacion '00012'
+dbo.spr_promediar_montos_z1 1
+exec dbo.spr_insertar_cabecera_z1 '00012', -2
+INSERT INTO TDETALLEZ1(nidZ1,cCajaCodi,dOperFech,cAlmaCode,cdocTipo,cProdCode,nProdCant) VALUES(7,'00012',CONVERT(DATETIME,'24/11/2026',103),'01','02','12',2)
+ INSERT INTO OperacionParalela (cCajaCodi, cOpercode , cOperTipo, dOperFech, nTarjNumb, nMoneda, nMontoSoles, nMontoDolares, nEfectivoSoles, nEfectivoDolares, nVueltoSoles, nVueltoDolares, sGlosa, cEstado, cTurnoCodi, cUserDesc, cFlagSincronizacion, cOperCodeRela, cOperCodeAnul, cOperFlagAbierto, cDocSerie, cDocCodigo, cDocTipo, cCodiCLie, vDescClie, iTipoCliente) VALUES ('00012',9,20,CONVERT(DATETIME,'2026-11-24 17:05:00',120),'00001234',0,118.5,33.86,120,0,1.5,0,'x','1','01','ana','1',0,0,0,'OC1','0000007','10','5','Ñahui Ana',1)
+ INSERT INTO OperacionParalelaProducto (cCajaCodi, cOpercode , cAlmaCode, cProdCode, nProdCant, nProdPrecUnit, nDscto, nServicio, nItem, cSupervisor) VALUES ('00012',9,'01','000012',2,5.5,-10,10,1,'jefe')
+INSERT INTO CabeceraZ(IdZ,Caja,CantidadTotal,MontoTotal,Fecha,RangoTKBOL,RangoTKFAC,CodigoRep,cOperIdIni,cOperIdFin,cOperIdPIni,cOperIdPFin) VALUES (99,'00012',12,118.5,'2026-11-24','a','b','Código Rep. Z1: 000007',1,12,1,5)
+INSERT INTO DetalleZ(IdZ,Caja,nItem,CodProd,DscProd,Cantidad) VALUES (99,'00012',1,12,'Lomo',2)

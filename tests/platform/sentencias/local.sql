@@ -202,3 +202,115 @@ INSERT INTO tipo_tarjeta (cod_tar, Descrip) VALUES('009','VISA')
 UPDATE tipo_tarjeta SET  Descrip = 'VISA'  WHERE cod_tar = '009'
  INSERT INTO Operacion(cOperCode) VALUES ('500')
 UPDATE Producto set cAlmaCode='02'
+# The rest of voids and reprints
+ SELECT MAX(cOperCode) AS maximo FROM OperacionParalela
+Select * FROM Operacion WHERE cOperCode= 45
+Select * FROM OperacionParalela WHERE cOperCode= 5
+Select nTarjNumb, dOperFech  FROM OperacionParalela WHERE cOperCode= 5
+SELECT  * FROM OperacionParalela WHERE cOperCode=5
+SELECT  * FROM OperacionParalela WHERE cDocSerie='OC1' AND cDocCodigo=7
+SELECT cOperCodeAnula as CodRela FROM Operacion WHERE cOperCode = 45   AND cOperFlagAbierto = 1 
+SELECT cOperCodeRela as CodRela FROM OperacionParalela WHERE cOperCode = 5   AND cOperFlagAbierto = 1 
+# The rest of the day
+SELECT count(*) as nCount FROM Operacionparalela Where coperflagabierto = 1 AND  dOperFech < (SELECT max(fec) FROM _Tmp)
+UPDATE Operacionparalela SET coperflagabierto = '0' WHERE dOperFech < (SELECT max(fec) FROM _Tmp)
+SELECT cOperId FROM Configuracion
+ SELECT count(*) AS TOTAL FROM Operacion o WHERE o.cOperTipo in (1,2,3,4,5)   and o.cOperId > 12 
+update configuracion set icierrecaja=1
+update configuracion set icierrecaja=6
+ UPDATE OPERACIONPARALELA SET cOperFlagAbierto = 0 WHERE cOperFlagAbierto = 1
+UPDATE Configuracion SET cOperId = 12, cOperIdP = NULL
+select coperid from Configuracion
+select coperidP from Configuracion
+select max(coperid) from operacion
+select max(copercode) from operacionParalela
+# The rest of the reports
+ SELECT SUM(o.nmontosoles +  o.nprodprecunit ) as TOTAL   FROM operacion o   WHERE o.cOperTipo = 2 and o.cDocTipo='14'     AND o.cOperFlagAnula = 0   and o.cOperId > 12  AND cTurnoCodi = '01'
+SELECT distinct(o.cOpercode)  FROM operacion o WHERE  (o.cdoctipo='02' or o.cdoctipo='01')  AND o.cOperFlaganula=0    and o.cOperId > 12 
+SELECT distinct(o.cOpercode)  FROM operacion o WHERE  (o.cemisor <> ''  or o.cOperTipo=2)  AND o.cOperFlaganula=0    and o.cOperId > 12 
+ SELECT SUM((o.nProdPrecUnit * o.nProdCant) + ((o.nProdPrecUnit * o.nProdCant) * o.nDscto/100)) as TKMontNulos   FROM Operacion o   WHERE o.cOperflaganula= 1     AND o.cProdcode <>  0     AND o.cOpercodeanula <> 0    and o.cOperId > 12 
+ SELECT distinct o.cOperCode   FROM Operacion o   WHERE o.cOperflaganula= 1     AND o.cProdcode <>  0     AND o.cOpercodeanula <> 0    and o.cOperId > 12 
+ SELECT SUM(o.nMontoSoles + o.nProdPrecUnit) AS TOTAL FROM Operacion o  WHERE (o.cOperTipo in( 1, 3))  AND o.cDoctipo in ('01','02')  AND o.cProdCode = 0  AND o.cOperFlaganula= 0    and o.cOperId > 12 
+select max(copercode) as CodigoUltimo from operacion where format(doperfech,'dd/mm/yyyy')='24/11/2026' and copertipo=10
+ Select sum(nProdCant) as items  , sum((nProdPrecUnit *  nProdCant) + ((nProdPrecUnit *  nProdCant) * nDscto/100) ) as precio     FROM OperacionParalelaProducto p , OperacionParalela o    WHERE p.cOpercode = o.cOpercode      AND o.cOpercodeAnul=0    and o.cOperCode > 5      AND o.cEstado='1' AND o.cOperTipo in (20)   AND o.cTurnoCodi = '01' 
+ Select sum(p.nProdCant) as items  , sum((p.nProdPrecUnit * p.nProdCant)  + ((p.nProdPrecUnit * p.nProdCant) * nDscto/100) ) as precio     FROM OperacionParalelaProducto p , OperacionParalela o    WHERE p.cOpercode = o.cOpercode      AND o.cOpercodeAnul=0    and o.cOperCode > 5      AND o.cEstado='1' AND cOperTipo in (21)  
+ SELECT d.cProdCode , sum(d.nProdCant) as Cantidad ,  max(p.cCodcatalogo) as Catalogo, max(p.sProdDesc) as Descripcion  FROM OperacionParalelaProducto  d, OperacionParalela o,   Producto  p  WHERE d.cOpercode = o.cOpercode    AND d.cProdCode = p.cProdCode    AND d.cProdcode <> 0    and o.cOperCode > 5    AND o.cOperCodeanul =  0 AND cEstado= '1' AND o.cOpertipo in (21)  GROUP BY d.cprodcode  ORDER BY  4
+ SELECT Sum(o.nMontosoles) as PADE, count(*) as items FROM OperacionParalela o  WHERE o.cOperTipo in (22) and o.cEstado in ('1')  AND o.cOpercodeAnul = 0    and o.cOperCode > 5 
+ SELECT sum(o.nMontosoles) as padliq, Count(*) as item  FROM OperacionParalela o  WHERE o.cOperTipo in (22) and o.cEstado in ('2')  AND o.cOpercodeAnul = 0    and o.cOperCode > 5 
+ SELECT o.cOperCode, o.cOperTipo, o.nTarjNumb, o.sGlosa, o.nMontosoles, o.nMontoDolares, o.nMoneda FROM OperacionParalela o  WHERE o.cOperTipo in (22) and o.cEstado in ('2')  AND o.cOpercodeAnul = 0    and o.cOperCode > 5 
+ SELECT sum(nMontosoles) as padliq, count(*) as item FROM OperacionParalela  WHERE cOperTipo in (22) and cOperFlagAbierto=0 and cEstado in ('2')  AND cOperCodeRela in (SELECT o.cOperCode from OperacionParalela o WHERE o.cOpercodeAnul = 0    and o.cOperCode > 5 ) AND cOpercodeAnul = 0 
+ SELECT cOperCode, cOperTipo, nTarjNumb, sGlosa, nMontosoles, nMoneda, nMontoDolares FROM OperacionParalela  WHERE cOperTipo in (23) and cOperFlagAbierto=0 and cEstado in ('2')  AND cOperCodeRela in (SELECT o.cOperCode from OperacionParalela o WHERE o.cOpercodeAnul = 0    and o.cOperCode > 5 ) AND cOpercodeAnul = 0 
+ SELECT SUM((o.nProdPrecUnit * o.nProdCant) +  ((o.nProdPrecUnit * o.nProdCant) * o.nDscto/100)) AS TOTAL FROM Operacion o  WHERE o.cOperTipo = 2 AND o.cOperFlagAnula = 0  AND o.cOpercodeAnula=0    and o.cOperId > 12 
+ SELECT SUM(o.nMontoSoles + o.nProdPrecUnit) AS TOTAL FROM Operacion o  WHERE (o.cOperTipo in( 1))  AND o.cDoctipo in ('01','02','10', '14')  AND o.cProdCode = 0  AND o.cOperFlaganula= 0    and o.cOperId > 12 
+# The rest of the cash count
+ SELECT SUM(nProdPrecUnit) AS TOTAL FROM Operacion WHERE cOperFlagAbierto = 1  AND cOperTipo = 5  AND cOperFlagAnula = 0 
+ SELECT SUM(nMontosoles) AS TOTAL FROM Operacion WHERE cOperFlagAbierto = 1  AND cOperTipo = 1 AND TRIM(cEmisor) <> ''  AND cOperFlagAnula = 0 
+ SELECT SUM((nProdPrecUnit * nProdCant) +  ((nProdPrecUnit * nProdCant) * nDscto/100)) AS TOTAL FROM Operacion WHERE cOperFlagAbierto = 1  AND cOperTipo = 2 AND cOperFlagAnula = 0  AND cOpercodeAnula=0 
+SELECT SUM(nmontosoles +  nprodprecunit ) as TOTAL   FROM operacion  WHERE cOperFlagAbierto = 1  AND cOperTipo = 2 and cDocTipo='14'  AND cOperFlagAnula = 0
+ SELECT SUM(nMontoDolares - nVueltoDolares) AS TOTAL FROM Operacion WHERE cOperFlagAbierto = 1  AND cOperTipo in (1, 3)  AND cDoctipo in ('01','02')  AND cOperFlaganula= 0 
+ SELECT SUM(nMontoDolares-nVueltoDolares) AS TOTAL FROM Operacion WHERE cOperFlagAbierto = 1  AND cOperTipo in (1)  AND cDoctipo in ('01','02', '14', '10')  AND cOperFlaganula= 0 
+ SELECT Sum(nEfectivosoles) as PADES, Sum(nEfectivoDolares) as PADED FROM OperacionParalela  WHERE cOperTipo in (22) and cOperFlagAbierto=1 and cEstado in ('1') and cOpercodeAnul=0
+ SELECT Sum(nEfectivosoles) as PADVS, Sum(nEfectivoDolares) as PADVD FROM OperacionParalela  WHERE cOperTipo in (23) and cOperFlagAbierto=1 and cEstado in ('1') and cOpercodeAnul=0
+# Parallel documents reports
+ SELECT count(*) AS TOTAL FROM OperacionParalela o  WHERE o.cOperTipo = 20   and o.cOperCode > 5 
+ SELECT O.cOperCode, O.cProdCode, O.nProdCant, O.nProdPrecUnit, O.nDscto, P.sProdDescCrta, O.nProdCant * O.nProdPrecUnit * (100 - O.nDscto) / 100 As TotalMonto, c.cTeclCode , c.sTeclDesc FROM Operacion O INNER JOIN (Producto P LEFT JOIN ConfiguracionTeclado AS C ON P.cProdCode = C.cProdCode) ON O.cProdCode = P.cProdCode AND P.cAlmaCode = O.cAlmaCode Where cOperTipo = 10    and o.cOperId > 12  ORDER BY 1
+ SELECT o.cOperTipo, o.cOperCode, SUM(o.nProdCant * o.nProdPrecUnit * (100 - o.nDscto) / 100) AS TotMonto FROM Operacion o  WHERE ((o.cOperTipo = 3 AND o.cProdCode <> 0) OR (o.cOperTipo = 10 AND o.cOperFlagAnula = 1) OR (o.cOperTipo = 10 AND o.cOperFlagAnula = 0 AND o.nProdPrecUnit > 0)) AND o.cOperTipo = 10   and o.cOperId > 12  GROUP BY o.cOperTipo, o.cOperCode ORDER BY 1
+ SELECT SUM(O.nProdCant) AS TotItem, SUM(O.nProdCant * O.nProdPrecUnit * (100 - O.nDscto) /100) AS TotMonto FROM (ConfiguracionTeclado AS C RIGHT JOIN Producto as P ON C.cProdCode = P.cProdCode) INNER JOIN Operacion AS O ON P.cProdCode = O.cProdCode AND P.cAlmaCode = O.cAlmaCode WHERE cProdFlagCanje <> 1  AND cOperTipo = 10   and o.cOperId > 12 
+UPDATE Operacion SET cOperFlagAbierto = 0 WHERE cOperTipo = '20' and cOperFlagAbierto = 1
+# Report X-1 on a sheet
+ SELECT  cOperTipo,  p.sProdDescCrta, P.nProdPrecUnit, o.nProdCant, o.cDocSerie, o.cDocCodigo, o.cDocTipo, o.cOpercodeAnula,  o.nProdCant * o.nProdPrecUnit AS TotalMonto, cemisor  FROM operacion o  Left Outer Join producto p   on o.cprodcode= p.cprodcode  WHERE cdoctipo in ('01', '02') and o.cprodcode <> 0    and o.cOperId > 12  AND not copercode in (select copercodeanula from operacion where cOperflaganula=1 )
+SELECT a.cEstado, a.cOperTipo, a.cDocSerie, a.cDocCodigo, a.cDocTipo,a.cOperCodeAnul, d.nProdCant AS  sProdCant ,  d.nProdPrecUnit  AS Precio, d.nDscto, p.sproddesccrta as producto ,  p.cprodcode,  p.ccodcatalogo AS Codigo FROM  operacionparalelaproducto d, operacionparalela a , producto p WHERE d.copercode in       (select o.copercode  FROM OperacionParalela o        WHERE 1=1    and o.cOperCode > 5  ) AND d.cOpercode=a.COperCode and   d.cProdCode=p.cProdCode and  a.cdoccodigo <> 0 AND a.cOpertipo in (20,21,24) 
+ SELECT o.cDocserie, o.cDoccodigo, o.cOperCodeAnul, o.cOperCode, o.cOperTipo, o.cestado, o.nTarjNumb, o.sGlosa, o.nMontosoles FROM OperacionParalela o  WHERE o.cOperTipo in (22,23) and o.cEstado in ('1')    and o.cOperCode > 5 
+ SELECT o.cDocserie, o.cDoccodigo, o.cOperCode, o.cOperTipo, o.nTarjNumb, o.sGlosa, o.nMontosoles FROM OperacionParalela o  WHERE o.cOperTipo in (22) and o.cEstado in ('2')    and o.cOperCode > 5  AND o.cOpercodeAnul = 0 
+ SELECT cDocserie, cDoccodigo, cOperCode, cOperTipo, nTarjNumb, sGlosa, nMontosoles FROM OperacionParalela  WHERE cOperTipo in (22) and cOperFlagAbierto=0 and cEstado in ('2')  AND cOperCodeRela in (SELECT o.cOperCode from OperacionParalela o WHERE 1 = 1    and o.cOperCode > 5 ) AND cOpercodeAnul = 0 
+ SELECT o.cEstado, o.cOperTipo, o.cDocSerie, o.cDocCodigo, o.cDocTipo,o.cOperCodeAnul, o.sglosa, o.nmontosoles   FROM Operacionparalela o  WHERE o.copercodeanul <>  0 AND not o.cOpertipo in (20,21,24)    and o.cOperCode > 5 
+ SELECT  C.sTeclDesc, P.sProdDescCrta, MAX(P.nProdPrecUnit) AS PrecioUnit, SUM(O.nProdCant) AS TotalItem, SUM(O.nProdCant * O.nProdPrecUnit) AS TotalMonto FROM (ConfiguracionTeclado AS C RIGHT JOIN Producto as P ON C.cProdCode = P.cProdCode) INNER JOIN Operacion AS O ON P.cProdCode = O.cProdCode  WHERE cOperTipo in (1,2,3,4,5)   and o.cOperId > 12  GROUP BY C.cTeclCode, C.sTeclDesc, P.sProdDescCrta ORDER BY 1
+Select a.cprodcode,sum(a.nProdCant) as  sProdCant , max(a.nProdPrecUnit)  as Precio,a.nDscto, max(p.sproddesccrta) as producto , max(p.ccodcatalogo) as Codigo  from operacionparalelaproducto a  left outer join producto p on  a.cProdCode=p.cProdCode  where copercode in (select o.copercode  from operacionparalela o  where o.cestado='1' and o.cOperTipo in (20)    and o.cOperCode > 5  ) group by a.cprodcode, a.nDscto  ORDER BY  max(p.sproddesccrta)
+Select o.cprodcode, sum(o.nProdCant) as  sProdCant , max(o.nProdPrecUnit)  as Precio,o.nDscto, max(p.sproddesccrta) as producto , max(p.ccodcatalogo) as Codigo  from operacionparalelaproducto o  left outer join producto p on  o.cProdCode=p.cProdCode and  o.cAlmaCode=p.cAlmaCode  where copercode in (select copercode  from operacionparalela  where cestado='1' and cOperTipo in (21) ) group by o.cprodcode, o.nDscto  ORDER BY  max(p.sproddesccrta)
+ Select sum(nProdCant) as items  , sum(nProdCant * (nProdPrecUnit * ( ( 100 - nDscto)/100)) ) as precio  From operacionparalelaproducto  where copercode in (select o.copercode  from operacionparalela o  where o.cestado='1' and o.cOperTipo in (20)    and o.cOperCode > 5  ) 
+ SELECT SUM(o.nProdCant * o.nProdPrecUnit * (100 - o.nDscto) /100) AS TOTAL  FROM Operacion o  WHERE o.cOperTipo = 2     and o.cOperId > 12  AND NOT o.cOperFlagAnula = 1  AND o.cOperCode Not In (Select cOperCodeAnula                          From Operacion                         Where cOperFlagAnula = 1    and cOperId > 12  )
+SELECT SUM(o.nmontosoles + o.nprodprecunit ) as TOTAL   FROM operacion o  WHERE o.cOperTipo = 2 and o.cDocTipo='14'    and o.cOperId > 12  AND NOT o.cOperFlagAnula = 1
+ SELECT SUM(o.nMontoDolares-o.nVueltoDolares) AS TOTAL FROM Operacion o  WHERE o.cOperTipo in (1)    and o.cOperId > 12  AND ( o.coperCode not in (SELECT cOperCodeanula                           FROM Operacion WHERE cOperFlagAnula=1    and cOperId > 12  )                           OR  cdocTipo NOT in ('02', '01'))  AND (o.cOperCode NOT in (Select cOperCode FROM OperacionParalela WHERE cOperCodeAnul <> 0 ) OR  cDocTipo in ('02', '01')) 
+ SELECT SUM((o.nProdPrecUnit * o.nProdCant)+o.nMontoSoles) AS TOTAL FROM Operacion o WHERE (o.cOperTipo in (1))    and o.cOperId > 12  AND o.cProdCode = 0 AND ( o.coperCode not in (SELECT cOperCodeanula                           FROM Operacion WHERE cOperFlagAnula=1    and cOperId > 12  )                           OR  cdocTipo NOT in ('02', '01'))  AND (o.cOperCode NOT in (Select cOperCode FROM OperacionParalela WHERE cOperCodeAnul <> 0 ) OR  cDocTipo in ('02', '01')) 
+# The cross-check with the central database
+SELECT cSerieDoc FROM Config_Documento WHERE cTipoDoc IN('01','02')
+SELECT Count(Operacion.cProdCode) AS CuentaDeProdCode From Operacion WHERE (((Year([dOperFech]))=Year(Now())) AND ((Month([dOperFech]))=Month(Now())) AND ((Day([dOperFech]))=Day(Now())) AND ((Operacion.cProdCode)<>0) AND ((Operacion.cDocSerie) in ('012','F01')) AND ((Operacion.cOperFlagAnula)=0)) 
+# The rest of what is sent
+UPDATE operacion SET cFlagSincronizacion = '1' WHERE cOperCode = 45
+UPDATE OPERACION SET cFlagSincronizacion = '1' WHERE cOperCOde = 45 AND cOperId=13
+UPDATE  operacionparalela SET cFlagSincronizacion = '1' WHERE cOperCode = 5
+UPDATE OPERACIONParalela SET cFlagSincronizacion = '1' WHERE cOpercode = 5
+ SELECT * FROM Operacion WHERE cOperFlagAbierto = 0  AND cProdCode <> 0  and coperid > 1 and coperid <= 12  ORDER BY cOperCode
+ SELECT * FROM OperacionParalela WHERE cOperFlagAbierto= 0  AND cOperCodeAnul = 0  AND cOperCode > 1 AND cOperCode <= 12 AND NOT cOperCode in  (Select cOperCodeAnul from operacionParalela )  ORDER BY cOpercode
+ SELECT * FROM OperacionParalelaProducto WHERE cOperCode = 5 and cProdCode <> 0 
+select idlocal from operacion where cOperCode=5 and year(dOperFech)=2026 and month(dOperFech)=11 and day(dOperFech)=24
+select * from CabeceraZ where bflagsincro=0
+SELECT IdZ,Caja,CantidadTotal,MontoTotal,Fecha,RangoTKBOL,RangoTKFAC,CodigoRep,cOperIdIni,cOperIdFin,cOperIdPIni,cOperIdPFin FROM CabeceraZ WHERE bFlagSincro=0
+SELECT IdZ,Caja,nItem,CodProd,DscProd,Cantidad FROM DetalleZ WHERE bFlagSincro=0 AND IdZ=7 AND Caja='00012' ORDER BY IdZ,nItem
+UPDATE CabeceraZ SET bFlagSincro=1 WHERE bFlagSincro=0
+UPDATE DetalleZ SET bFlagSincro=1 WHERE bFlagSincro=0
+# The rest of the purge
+DELETE from OPERACIONPARALELAPRODUCTO WHERE cOperCode IN  (SELECT cOpercode FROM OPERACIONPARALELA WHERE cFlagSincronizacion ='1' AND dOperFech < #2026/11/16# AND  not(cEstado='1') AND not (cDocTipo in('12','13'))) 
+DELETE FROM OPERACIONPARALELA WHERE cFlagSincronizacion ='1' AND dOperFech < #2026/11/16# AND  NOT (cEstado='1') AND not (cDocTipo in('12','13')) 
+DELETE FROM OPERACION WHERE cFlagSincronizacion ='1' AND cDoctipo<>'01' AND dOperFech < #2026/11/16# 
+DELETE FROM OPERACIONPARALELAPRODUCTOHIST WHERE cOpercode in (SELECT copercode FROM OPERACIONPARALELA WHERE DOPERFECH <  dateadd( 'm', -3, date()))
+DELETE FROM OPERACIONPARALELA_HISTORICO WHERE DOPERFECH <  dateadd( 'm', -3, date())
+DELETE FROM OPERACION_HISTORICO WHERE DOPERFECH <  dateadd( 'm', -3, date())
+DELETE FROM canje_punto  WHERE dCanjDate > #2026/11/01#   AND dCanjDate < #2026/11/16#
+DELETE FROM canje_ticket  WHERE dCanjDate > #2026/11/01#   AND dCanjDate < #2026/11/16#
+DELETE FROM cuadre_caja  WHERE dCuadreFecha > #2026/11/01#   AND dCuadreFecha < #2026/11/16#
+SELECT cOperCode   FROM OperacionParalela  WHERE dOperFech > #2026/11/01#   AND dOperFech < #2026/11/16#
+ UPDATE Sincronizacion     SET dFechSincro = '01/01/1900'
+# The rest of a day sent again
+ SELECT * FROM Operacion  WHERE cProdCode <> 0  AND FORMAT(dOperFech, 'dd/mm/yyyy') = '24/11/2026' UNION  SELECT * FROM Operacion_Historico  WHERE cProdCode <> 0  AND FORMAT(dOperFech, 'dd/mm/yyyy') = '24/11/2026'
+ SELECT * FROM OperacionParalela  WHERE cOperCodeAnul = 0  AND FORMAT(dOperFech, 'dd/mm/yyyy') = '24/11/2026' AND NOT cOperCode in  (Select cOperCodeAnul from OperacionParalela )  UNION  SELECT * FROM OperacionParalela_Historico  WHERE cOperCodeAnul = 0  AND FORMAT(dOperFech, 'dd/mm/yyyy') = '24/11/2026' AND NOT cOperCode in  (Select cOperCodeAnul from OperacionParalela_Historico ) 
+ SELECT * FROM OperacionParalelaProducto WHERE cOperCode = 5 and cProdCode <> 0  UNION  SELECT * FROM OperacionParalelaProductoHist WHERE cOperCode = 5 and cProdCode <> 0 
+# The rest of customers and users
+ SELECT cClieCode FROM Tarjeta WHERE nTarjNumb='00001234'
+UPDATE Usuario SET sUserPass = 'x', cPerfCode = 2, sUserApel = 'Ñahui', sUserName = 'Ana', cUserActi = 1 WHERE TRIM(sUserDesc) = TRIM('ana')
+# Master data
+ INSERT INTO UNIDADMEDIDA (cUndmedid, vDscundmd, vDscCrta) VALUES ('ZZZ','Zeta','ZZ')
+ UPDATE UNIDADMEDIDA SET vDscundmd = 'Zeta', vDscCrta = 'ZZ' WHERE cUndmedid = 'ZZZ'
+ UPDATE configuracionTeclado     SET cProdCode = 0, cTeclFlagAsig='0'  where cProdCode IN (SELECT cProdCode FROM Producto WHERE nActivo =0) 
+ Select nActivo from producto where cProdCode=12
+ UPDATE producto  SET nActivo = 1,  sProdDesc = 'x',  sProdDescCrta = 'x',  cCodCatalogo = 'x'  WHERE cProdCode = 12

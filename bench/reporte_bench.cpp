@@ -1,0 +1,90 @@
+// The reports of a day of 20,000 rows and the closing's own work, beside the floor of their own statements. `filas`: rows
+// of older days, which must not show.
+#include "cashday/cierre.h"
+#include "cashday/pantallas_guion.h"
+#include "cashday/principal.h"
+#include "cashday/reportes.h"
+#include "duelo.h"
+
+namespace {
+
+constexpr int kDelDia = 20'000, kVeces = 15;
+
+QString q(const char* s) { return QString::fromUtf8(s); }
+
+struct Tienda : PuestoPrueba {
+  explicit Tienda(qint64 antiguas) {
+    for (int i = 101; i <= 140; ++i) articulo(i, q("ARTICULO %1").arg(i), 4.5);
+    ejecuta(q("INSERT INTO Tipo_Cambio (dTipoCambFech, nTipoCambMont) VALUES ('24/11/2026', 3.75)"));
+    persona().dejaPasar();
+    poCnnLocal.cerrar();
+    correrEn(ses.psRutaBD, sentenciasDeHistoria(antiguas, kDelDia));
+  }
+};
+
+void medir(benchmark::State& estado, const Duelo::Acto& acto, const QString& preparar = {}) {
+  Tienda base(estado.range(0));
+  Duelo duelo(base, true);
+  duelo.aprender(acto, preparar);
+  duelo.medir(estado, {q("SELECT COUNT(*), MAX(cOperID), SUM(cOperCode), SUM(cOperFlagAbierto) FROM Operacion"),
+                       q("SELECT prn, idct, idz, Imac FROM _Tmp1"), q("SELECT COUNT(*), SUM(idz), SUM(tvd) FROM _Tmp"),
+                       q("SELECT cOperId, cOperIdP, iCierreCaja, cCodiTurno FROM Configuracion"),
+                       q("SELECT COUNT(*), MAX(CodigoRep) FROM CabeceraZ"), q("SELECT COUNT(*), SUM(Cantidad) FROM DetalleZ")});
+}
+
+void exigir(bool hecho) {
+  if (!hecho) romper("the act was not done");
+}
+
+void ReporteX(benchmark::State& estado) {
+  medir(estado, [](Puesto& p) {
+    Principal v;
+    exigir(ReportesEspeciales(p, v, PedidoX()));
+  });
+}
+
+void ReporteX1(benchmark::State& estado) {
+  medir(estado, [](Puesto& p) {
+    Principal v;
+    exigir(ReportesEspeciales1(p, v, PedidoX()));
+  });
+}
+
+// As the closing asks for them: on a first attempt, which moves the counters.
+void CierreZ1(benchmark::State& estado) {
+  medir(estado, [](Puesto& p) {
+    Principal v;
+    v.nIntentosReporte = 1;
+    exigir(ReportesEspeciales1(p, v, PedidoZ(3)));
+  });
+}
+
+void CierreZ(benchmark::State& estado) {
+  medir(estado, [](Puesto& p) {
+    Principal v;
+    v.nIntentosReporte = 1;
+    p.ses.psTurno = q("01");
+    exigir(ReportesEspeciales(p, v, PedidoZ(4)));
+  });
+}
+
+void Blanqueo(benchmark::State& estado) {
+  const QString reabrir = q("UPDATE Operacion SET cOperFlagAbierto = 1 WHERE cOperID > %1").arg(estado.range(0));
+  medir(estado, [](Puesto& p) {
+    Principal v;
+    PantallasGuion pantallas;
+    p.ses.psTurno = q("01");
+    exigir(BlanqueaTransacciones(p, v, pantallas));
+  }, reabrir);
+}
+
+void argumentos(benchmark::internal::Benchmark* b) {
+  b->ArgName("filas")->Arg(1'000)->Arg(1'000'000)->UseManualTime()->Iterations(kVeces)->Unit(benchmark::kMillisecond);
+}
+BENCHMARK(ReporteX)->Apply(argumentos);
+BENCHMARK(ReporteX1)->Apply(argumentos);
+BENCHMARK(CierreZ1)->Apply(argumentos);
+BENCHMARK(CierreZ)->Apply(argumentos);
+BENCHMARK(Blanqueo)->Apply(argumentos);
+
+}  // namespace

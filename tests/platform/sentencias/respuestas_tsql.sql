@@ -1,0 +1,297 @@
+# A statement a line; behind it, indented, its answer: cells by |, rows by /. Without an answer it must run.
+CREATE TABLE t1 (id int, nom varchar(20), imp decimal(10,2), fec datetime, flag bit)
+CREATE TABLE t2 (id int, cod char(5), cant int)
+INSERT INTO t1 (id,nom,imp,fec,flag) VALUES (1,'Ana',10.5,'20261124',1)
+INSERT t1 VALUES (2,N'ÑATO',20,CONVERT(DATETIME,'25/11/2026 10:30:00',103),0)
+INSERT INTO t1 VALUES (3,'beto ',NULL,NULL,NULL)
+INSERT INTO t2 VALUES (1,'A1',3),(1,'B2',4),(2,'a1',5)
+SELECT CONVERT(char(10),fec,103) FROM t1 WHERE id=1
+  24/11/2026
+SELECT CONVERT(varchar(10),fec,120) FROM t1 WHERE id=2
+  2026-11-25
+SELECT CONVERT(varchar(8),fec,112) FROM t1 WHERE id=2
+  20261125
+SELECT CONVERT(varchar,fec,101) FROM t1 WHERE id=2
+  11/25/2026
+SELECT CONVERT(int,'000123')
+  123
+SELECT CONVERT(int,12.9)
+  12
+SELECT CONVERT(int,'12.9')
+  error
+SELECT CAST('5' AS int)+1
+  6
+SELECT CAST(12.345 AS decimal(10,2))
+  12.35
+SELECT CAST(12.345 AS numeric(13,1))
+  12.3
+SELECT CAST(5 AS varchar(3))+'x'
+  5x
+SELECT CONVERT(varchar(2),'abcdef')
+  ab
+SELECT CONVERT(datetime,'24/11/2026',103)
+  <2026-11-24 00:00:00>
+SELECT CONVERT(datetime,'20261124',112)
+  <2026-11-24 00:00:00>
+SELECT CONVERT(datetime,'2026-11-24 17:05:30',120)
+  <2026-11-24 17:05:30>
+SELECT CONVERT(datetime,'x',103)
+  error
+SELECT ISNULL(NULL,5)
+  5
+SELECT ISNULL(imp,0) FROM t1 WHERE id=3
+  0
+SELECT ISNULL(MAX(id),0)+1 FROM t1 WHERE id>9
+  1
+SELECT COALESCE(NULL,NULL,'x')
+  x
+SELECT NULLIF(1,1)
+  Null
+SELECT TOP 2 id FROM t1 ORDER BY id DESC
+  3/2
+SELECT TOP (1) id FROM t1 ORDER BY id
+  1
+SELECT 'a'+'b'
+  ab
+SELECT 'a'+NULL
+  Null
+SELECT N'ñ'+'x'
+  ñx
+SELECT 'n: '+CAST(id AS varchar) FROM t1 WHERE id=2
+  n: 2
+SELECT CASE WHEN id>1 THEN 'x' ELSE 'y' END FROM t1 ORDER BY id
+  y/x/x
+SELECT CASE id WHEN 1 THEN 'u' WHEN 2 THEN 'd' END FROM t1 ORDER BY id
+  u/d/Null
+SELECT CASE nom WHEN 'ANA' THEN 1 ELSE 0 END FROM t1 WHERE id=1
+  1
+SELECT LEN('ab  ')
+  2
+SELECT LEN(NULL)
+  Null
+SELECT SUBSTRING('abcdef',2,3)
+  bcd
+SELECT SUBSTRING('abc',0,2)
+  a
+SELECT LEFT('abc',2)+RIGHT('abc',1)
+  abc
+SELECT RTRIM('a  ')+'|'
+  a|
+SELECT LTRIM('  a')
+  a
+SELECT UPPER('ñ')
+  Ñ
+SELECT LOWER('Á')
+  á
+SELECT REPLACE('aXa','x','-')
+  a-a
+SELECT REPLICATE('0',3)+'5'
+  0005
+SELECT RIGHT('000000'+CAST(33 AS varchar),6)
+  000033
+SELECT CHARINDEX('b','abc')
+  2
+SELECT CHARINDEX('B','abc',1)
+  2
+SELECT STUFF('abcdef',2,3,'X')
+  aXef
+SELECT REVERSE('abc')
+  cba
+SELECT SPACE(2)+'x'
+    x
+SELECT STR(12.5,6,1)
+    12.5
+SELECT STR(5)
+           5
+SELECT CHAR(65)
+  A
+SELECT ASCII('A')
+  65
+SELECT CONCAT('a',NULL,1)
+  a1
+SELECT ISNUMERIC('12')
+  1
+SELECT ISDATE('20261124')
+  1
+SELECT 5/2
+  2
+SELECT 5.0/2
+  2.5
+SELECT -7/2
+  -3
+SELECT 7%3
+  1
+SELECT 1/0
+  error
+SELECT 5%0
+  error
+SELECT ROUND(2.345,2)
+  2.35
+SELECT ROUND(125,-1)
+  130
+SELECT FLOOR(-2.1)
+  -3
+SELECT CEILING(2.1)
+  3
+SELECT ABS(-2)
+  2
+SELECT SIGN(-2)
+  -1
+SELECT POWER(2,3)
+  8
+SELECT SQRT(9)
+  3
+SELECT cant/2 FROM t2 WHERE cant=5
+  2
+SELECT imp/2 FROM t1 WHERE id=1
+  5.25
+SELECT 7/2*1.0
+  3
+SELECT 1 & 3
+  1
+SELECT 1 | 2
+  3
+SELECT YEAR(fec),MONTH(fec),DAY(fec) FROM t1 WHERE id=2
+  2026|11|25
+SELECT DATEADD(day,-1,fec) FROM t1 WHERE id=2
+  <2026-11-24 10:30:00>
+SELECT DATEADD(dd,1,'20261130')
+  <2026-12-01 00:00:00>
+SELECT DATEADD(mm,1,'20260131')
+  <2026-02-28 00:00:00>
+SELECT DATEADD(hour,2,'2026-11-24 23:00:00')
+  <2026-11-25 01:00:00>
+SELECT DATEADD(mi,5,'20261124')
+  <2026-11-24 00:05:00>
+SELECT DATEDIFF(dd,'20261124','20261201')
+  7
+SELECT DATEDIFF(minute,'2026-11-24 10:00','2026-11-24 11:30')
+  90
+SELECT DATEDIFF(yy,'20251231','20260101')
+  1
+SELECT DATEPART(dw,'20261124')
+  3
+SELECT DATEPART(month,'20261124')
+  11
+SELECT DATEDIFF(dd,0,'19000102')
+  1
+SELECT DATEADD(dd,DATEDIFF(dd,0,'2026-11-24 17:00'),0)
+  <2026-11-24 00:00:00>
+SELECT id FROM t1 WHERE fec='20261124'
+  1
+SELECT id FROM t1 WHERE fec>='2026-11-24' AND fec<'2026-11-26'
+  1/2
+SELECT id FROM t1 WHERE CONVERT(varchar(10),fec,103)='25/11/2026'
+  2
+SELECT id FROM t1 WHERE fec BETWEEN '20261124' AND '20261125 23:59:59'
+  1/2
+SELECT id FROM t1 WHERE nom LIKE 'b%'
+  3
+SELECT id FROM t1 WHERE nom LIKE '[a-b]%' ORDER BY id
+  1/3
+SELECT id FROM t1 WHERE nom LIKE '_na'
+  1
+SELECT id FROM t1 WHERE nom LIKE '[^a-m]%'
+  2
+SELECT id FROM t1 WHERE nom LIKE 'a*'
+  
+SELECT id FROM t2 WHERE cod='A1' ORDER BY id
+  1/2
+SELECT total=id, nom AS n, 'x y'=imp FROM t1 WHERE id=1
+  1|Ana|10.5
+SELECT t.id 'mi id', t.nom "otro", t.imp [tres] FROM t1 t WHERE t.id=1
+  1|Ana|10.5
+SELECT COUNT(1) TOTAL FROM t1
+  3
+SELECT id FROM dbo.t1 WITH (NOLOCK) WHERE id=1
+  1
+SELECT a.id FROM t1 a (nolock) WHERE a.id=1
+  1
+SELECT id FROM central.dbo.t1 WHERE id=1
+  1
+SELECT dbo.t1.id FROM dbo.t1 WHERE dbo.t1.id=1
+  1
+SELECT [t1].[id] FROM [dbo].[t1] WHERE [id]=1
+  1
+UPDATE t1 SET imp = b.cant FROM t1 a INNER JOIN t2 b ON a.id=b.id WHERE b.cod='a1' AND a.id=2
+SELECT imp FROM t1 ORDER BY id
+  10.5/5/Null
+UPDATE a SET a.imp = 7 FROM t1 a INNER JOIN t2 b ON a.id=b.id WHERE b.cod='B2'
+SELECT imp FROM t1 ORDER BY id
+  7/5/Null
+UPDATE t1 SET imp=t2.cant FROM t2 WHERE t1.id=t2.id AND t2.cod='B2'
+SELECT imp FROM t1 ORDER BY id
+  4/5/Null
+UPDATE t1 SET imp=ISNULL(imp,0)+1
+UPDATE t1 SET fec='24/11/2026' WHERE id=3
+SELECT * INTO t4 FROM t1 WHERE id<3
+INSERT INTO t4 (id,nom) SELECT id, cod FROM t2 WHERE cant=4
+DELETE t4 WHERE nom='B2'
+DELETE a FROM t4 a INNER JOIN t2 b ON a.id=b.id WHERE b.cant=5
+DELETE FROM t4 FROM t4 INNER JOIN t2 ON t4.id=t2.id
+SELECT COUNT(*) FROM t4
+  0
+SELECT id, SUM(cant) s FROM t2 GROUP BY id HAVING SUM(cant)>3 ORDER BY id
+  1|7/2|5
+SELECT COUNT(DISTINCT cod) FROM t2
+  2
+SELECT id FROM t1 UNION SELECT id FROM t2 ORDER BY id
+  1/2/3
+SELECT x.s FROM (SELECT SUM(cant) s FROM t2) x
+  12
+SELECT a.id, s=(SELECT SUM(cant) FROM t2 b WHERE b.id=a.id) FROM t1 a ORDER BY a.id
+  1|7/2|5/3|Null
+SELECT a.id FROM t1 a LEFT OUTER JOIN t2 b ON a.id=b.id WHERE b.id IS NULL
+  3
+SELECT a.id FROM t1 a WHERE EXISTS(SELECT * FROM t2 b WHERE b.id=a.id) ORDER BY 1
+  1/2
+SELECT id FROM t1 -- comentario
+SELECT /* c */ id FROM t1 WHERE id=1
+  1
+SELECT IIF(1=1,'a','b')
+  a
+SELECT id FROM t1 WHERE id!=1 ORDER BY id
+  2/3
+SELECT id FROM t1 WHERE id!<2 ORDER BY id
+  2/3
+SELECT ROW_NUMBER() OVER (ORDER BY id DESC) r, id FROM t1
+  1|3/2|2/3|1
+SELECT flag FROM t1 WHERE flag=1
+  1
+SELECT SUM(cant)/2 FROM t2
+  6
+SELECT AVG(cant) FROM t2
+  4
+SELECT SUM(imp) FROM t1 WHERE id>9
+  Null
+SELECT MAX(fec) FROM t1 WHERE id<3
+  <2026-11-25 10:30:00>
+SELECT CAST(imp AS int) FROM t1 WHERE id=1
+  5
+SELECT CAST('abc' AS int)
+  error
+SELECT id FROM t1 WHERE id='1'
+  1
+SELECT id FROM t1 WHERE id='x'
+  error
+SELECT CONVERT(numeric(9,2),'12.345')
+  12.35
+SELECT CONVERT(money,'12.5')
+  12.5
+SELECT CONVERT(bit,5)
+  1
+DROP TABLE t1
+DROP TABLE t2
+DROP TABLE t4
+CREATE TABLE t7 (id int, cod varchar(5))
+INSERT INTO t7 VALUES (1,'a'),(2,'b'),(4,'A')
+SELECT AVG(id) FROM t7
+  2
+SELECT id FROM t7 WHERE id = ANY (SELECT 4 UNION SELECT 9)
+  4
+SELECT id FROM t7 WHERE id <> ALL (SELECT id FROM t7 WHERE cod='a')
+  2
+SELECT CONVERT(varchar(19),CONVERT(datetime,'20261124 10:11:12'),126)
+  2026-11-24T10:11:12
+BEGIN TRAN
+ROLLBACK TRAN
