@@ -40,8 +40,8 @@ class PuertosGrabados final : public Puertos {
   void enviarSinEsperar(const QString& archivo, const QString& puerto) override { copiar(archivo, puerto); }
   QList<ImpresoraSistema> impresoras() override { return reales_.impresoras(); }
   QString impresoraPorDefecto() override { return reales_.impresoraPorDefecto(); }
-  std::optional<QString> imprimir(const QString& i, const QString& l, int t, const QStringList& textos) override {
-    return reales_.imprimir(i, l, t, textos);
+  std::optional<QString> imprimir(const QString& i, const QString& l, int t, const DocumentoImpreso& d) override {
+    return reales_.imprimir(i, l, t, d);
   }
 
  private:

@@ -131,12 +131,12 @@ void PuertosConFallas::enviarSinEsperar(const QString& archivo, const QString& p
 }
 
 std::optional<QString> PuertosConFallas::imprimir(const QString& impresora, const QString& letra, int tamano,
-                                                  const QStringList& textos) {
+                                                  const DocumentoImpreso& documento) {
   const Fallas::Paso p(fallas_);
   if (auto error = caida(impresora)) return error;
   for (const ImpresoraSistema& i : real_.impresoras()) {
     if (i.nombre.compare(impresora, Qt::CaseInsensitive) != 0) continue;
     if (auto error = caida(i.puerto)) return error;
   }
-  return real_.imprimir(impresora, letra, tamano, textos);
+  return real_.imprimir(impresora, letra, tamano, documento);
 }

@@ -76,7 +76,7 @@ class PuertosConFallas final : public Puertos {
   QList<ImpresoraSistema> impresoras() override { return real_.impresoras(); }
   QString impresoraPorDefecto() override { return real_.impresoraPorDefecto(); }
   std::optional<QString> imprimir(const QString& impresora, const QString& letra, int tamano,
-                                  const QStringList& textos) override;
+                                  const DocumentoImpreso& documento) override;
 
  private:
   std::optional<QString> caida(const QString& puerto) const;

@@ -8,7 +8,11 @@ frmCabeceraImpresion::frmCabeceraImpresion(Puesto& p, DetalleCabecera& v, QWidge
             nullptr, {.filtro = {ClaseTecla::Mayusculas}}}},
           padre),
       p_(p),
-      v_(v) {}
+      v_(v) {
+  // As it will be printed, and wide enough for a whole line of the paper.
+  control<Campo>("txtDescripcion")->setProperty("papel", "impreso");
+  setMinimumWidth(680);
+}
 
 bool frmCabeceraImpresion::guardar(QString& campoMal) {
   campoMal.clear();

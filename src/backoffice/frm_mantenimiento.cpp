@@ -174,7 +174,7 @@ frmMantenimientoDetalle::frmMantenimientoDetalle(const AspectoDetalle& aspecto,
   connect(cancelar, &QPushButton::clicked, this, &QDialog::reject);
   cuerpo()->addStretch();
   cuerpo()->addLayout(filaBotones({aceptar_, cancelar}));
-  setMinimumWidth(480);
+  setMinimumWidth(600);
   if (seEdita() && primero) {
     primero->setFocus();
   } else {
@@ -212,6 +212,7 @@ Campo* frmMantenimientoDetalle::crearTexto(const CampoDetalle& c) {
   }
   if (c.ajustes.mascara) campo->alSalir = [campo, mascara = c.ajustes.mascara] { campo->setText(mascara(campo->text())); };
   campo->setText(*c.texto);
+  campo->setCursorPosition(0);  // a long text is read from its beginning
   recoger_.push_back([campo, v = c.texto] { *v = campo->text(); });
   return campo;
 }

@@ -37,6 +37,16 @@ struct SentenciasDetalle {
 // Runs the statement of the mode. False when the store refused it; its box has been shown.
 [[nodiscard]] bool GuardarPorModo(Puesto& p, ModoDetalle modo, const SentenciasDetalle& s);
 
+// Saves a detail: nothing to do in the mode that only views, otherwise `validar` and the statement of the mode, which
+// `sentencias` makes. False when the check or the store refused it; the box has been shown and `v.campoMal` names the
+// field.
+template <class Detalle>
+[[nodiscard]] bool GuardarDetalle(Puesto& p, Detalle& v, bool (*validar)(Puesto&, Detalle&),
+                                  SentenciasDetalle (*sentencias)(const Puesto&, const Detalle&)) {
+  v.campoMal.clear();
+  return v.modo == ModoDetalle::Ver || (validar(p, v) && GuardarPorModo(p, v.modo, sentencias(p, v)));
+}
+
 // Reads the row of a detail. False when it can't be read (the message has been shown) or is no longer there (a box
 // says `falta`).
 [[nodiscard]] bool LeerFilaDetalle(Puesto& p, const QString& sql, const QString& falta, Recordset& rs);

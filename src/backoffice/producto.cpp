@@ -25,6 +25,7 @@ bool sonFichas(const QString& texto) {
 }
 
 bool validar(Puesto& p, DetalleProducto& v) {
+  MarcarCanje(v);
   return Comprobar(p, {
       {v.chkCanje && !v.chkFicha, u"chkFicha", u"Debe indicar el número de fichas equivalentes"},
       {v.chkFicha && !sonFichas(v.txtFichas), u"txtFichas", u"Debe ingresar el número de fichas"},
@@ -34,6 +35,23 @@ bool validar(Puesto& p, DetalleProducto& v) {
       {!EsNumerico(v.txtPUnitario) || LeerImporte(v.txtPUnitario) < 0, u"txtPUnitario",
        u"Ingresar PRecio Unitario del Producto"},
   }, v.campoMal);
+}
+
+SentenciasDetalle sentencias(const Puesto& p, const DetalleProducto& v) {
+  const double fichas = sonFichas(v.txtFichas) ? LeerImporte(v.txtFichas) : 0;
+  const QString almacen = ReemplazarComilla(p.ses.psAlmacen), codigo = Recortar(v.txtCodigo);
+  const QString descripcion = ReemplazarComilla(Recortar(v.txtDescripcion)), corta = ReemplazarComilla(Recortar(v.txtCorta));
+  const QString precio = Formatear(LeerImporte(v.txtPUnitario), u"#########0.00");
+  return {
+      FormatearSQL(QStringLiteral("INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, "
+                                  "cProdEstd, cProdFlagFicha, cProdFichaCant, cProdFlagCanje, cProdFlagControl) "
+                                  "VALUES ('$', $, '$', '$', $, $, $, $, $, $)"),
+                   {almacen, codigo, descripcion, corta, precio, v.activo, v.chkFicha, fichas, v.chkCanje, v.chkControl}),
+      FormatearSQL(QStringLiteral("UPDATE Producto SET sProdDesc = '$', sProdDescCrta = '$', nProdPrecUnit = $, "
+                                  "cProdEstd = $, cProdFlagFicha = $, cProdFichaCant = $, cProdFlagCanje = $, "
+                                  "cProdFlagControl = $ WHERE cProdCode = $ AND cAlmaCode = '$'"),
+                   {descripcion, corta, precio, v.activo, v.chkFicha, fichas, v.chkCanje, v.chkControl, codigo, almacen}),
+      FormatearSQL(QStringLiteral("DELETE * FROM Producto WHERE cProdCode = $ and cAlmaCode ='$'"), {codigo, almacen})};
 }
 
 }  // namespace
@@ -87,26 +105,7 @@ void MarcarCanje(DetalleProducto& v) {
   if (v.chkCanje) v.txtPUnitario = QStringLiteral("0");
 }
 
-bool GuardarProducto(Puesto& p, DetalleProducto& v) {
-  v.campoMal.clear();
-  if (v.modo == ModoDetalle::Ver) return true;
-  MarcarCanje(v);
-  if (!validar(p, v)) return false;
-  const double fichas = sonFichas(v.txtFichas) ? LeerImporte(v.txtFichas) : 0;
-  const QString almacen = ReemplazarComilla(p.ses.psAlmacen), codigo = Recortar(v.txtCodigo);
-  const QString descripcion = ReemplazarComilla(Recortar(v.txtDescripcion)), corta = ReemplazarComilla(Recortar(v.txtCorta));
-  const QString precio = Formatear(LeerImporte(v.txtPUnitario), u"#########0.00");
-  return GuardarPorModo(p, v.modo, {
-      FormatearSQL(QStringLiteral("INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, "
-                                  "cProdEstd, cProdFlagFicha, cProdFichaCant, cProdFlagCanje, cProdFlagControl) "
-                                  "VALUES ('$', $, '$', '$', $, $, $, $, $, $)"),
-                   {almacen, codigo, descripcion, corta, precio, v.activo, v.chkFicha, fichas, v.chkCanje, v.chkControl}),
-      FormatearSQL(QStringLiteral("UPDATE Producto SET sProdDesc = '$', sProdDescCrta = '$', nProdPrecUnit = $, "
-                                  "cProdEstd = $, cProdFlagFicha = $, cProdFichaCant = $, cProdFlagCanje = $, "
-                                  "cProdFlagControl = $ WHERE cProdCode = $ AND cAlmaCode = '$'"),
-                   {descripcion, corta, precio, v.activo, v.chkFicha, fichas, v.chkCanje, v.chkControl, codigo, almacen}),
-      FormatearSQL(QStringLiteral("DELETE * FROM Producto WHERE cProdCode = $ and cAlmaCode ='$'"), {codigo, almacen})});
-}
+bool GuardarProducto(Puesto& p, DetalleProducto& v) { return GuardarDetalle(p, v, validar, sentencias); }
 
 FilaProducto FilaDe(const DetalleProducto& v) {
   return {v.txtCodigo, Recortar(v.txtDescripcion), Recortar(v.txtCorta), precioMostrado(LeerImporte(v.txtPUnitario)),

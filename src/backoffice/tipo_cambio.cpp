@@ -11,43 +11,39 @@ const QString kFecha = QStringLiteral("dd/mm/yyyy");
 
 QString montoMostrado(const QVariant& monto) { return Formatear(Numero(monto), u"###,###,##0.00"); }
 
-bool rechazar(Puesto& p, TipoCambio& v, const QString& campo, const QString& texto) {
-  v.campoMal = campo;
-  p.mensajes.mostrar(texto);
-  return false;
+QString seleccion(const QString& fecha) {
+  return FormatearSQL(QStringLiteral(" SELECT dTipoCambFech, nTipoCambMont FROM Tipo_Cambio"
+                                     " WHERE FORMAT(dTipoCambFech, 'dd/mm/yyyy') = '$'"), {fecha});
 }
 
-bool validar(Puesto& p, TipoCambio& v) {
-  const QString fecha = MascaraFecha(v.txtFecha);
-  if (!LeerFecha(fecha)) {
-    return rechazar(p, v, QStringLiteral("txtFecha"), QStringLiteral("Ingrese un tipo de fecha válido."));
-  }
-  v.txtFecha = fecha;
-  // A rate of nothing would close the registers without a word, so it counts as not entered.
-  if (!EsNumerico(v.txtTC) || Redondear(LeerImporte(v.txtTC), 2) <= 0) {
-    return rechazar(p, v, QStringLiteral("txtTC"), QStringLiteral("Ingrese el tipo de cambio."));
-  }
+// The engine's words on a key that is there already tell a clerk nothing.
+bool yaEsta(Puesto& p, TipoCambio& v) {
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, seleccion(v.txtFecha), rs)) return true;
+  if (rs.Eof()) return false;
+  v.campoMal = QStringLiteral("txtFecha");
+  p.mensajes.mostrar(QStringLiteral("Ya hay un tipo de cambio para el %1.\nPara cambiarlo use Editar.").arg(v.txtFecha));
   return true;
 }
 
-bool ejecutar(Puesto& p, const QString& sql) { return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sql, true); }
-
-// The store says nothing of a rate that is there already; a clerk must know why nothing was saved.
-bool hayTipoCambio(Puesto& p, const QString& fecha) {
-  Recordset rs;
-  return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                      FormatearSQL(QStringLiteral(" SELECT dTipoCambFech, nTipoCambMont FROM Tipo_Cambio"
-                                                                  " WHERE FORMAT(dTipoCambFech, 'dd/mm/yyyy') = '$'"),
-                                                   {fecha}), rs) &&
-         !rs.Eof();
+bool validar(Puesto& p, TipoCambio& v) {
+  v.txtFecha = MascaraFecha(v.txtFecha);
+  if (!Comprobar(p, {
+          {!LeerFecha(v.txtFecha), u"txtFecha", u"Ingrese un tipo de fecha válido."},
+          // A rate of nothing would close the registers without a word, so it counts as not entered.
+          {!EsNumerico(v.txtTC) || Redondear(LeerImporte(v.txtTC), 2) <= 0, u"txtTC", u"Ingrese el tipo de cambio."},
+      }, v.campoMal)) return false;
+  return v.modo != ModoDetalle::Nuevo || !yaEsta(p, v);
 }
 
-bool insertar(Puesto& p, TipoCambio& v, const QString& monto) {
-  if (ejecutar(p, FormatearSQL(QStringLiteral("INSERT INTO Tipo_Cambio (dTipoCambFech, nTipoCambMont) "
-                                              "VALUES ('$', '$')"), {v.txtFecha, monto}))) return true;
-  if (!hayTipoCambio(p, v.txtFecha)) return false;
-  return rechazar(p, v, QStringLiteral("txtFecha"),
-                  QStringLiteral("Ya hay un tipo de cambio para el %1.\nPara cambiarlo use Editar.").arg(v.txtFecha));
+SentenciasDetalle sentencias(const Puesto&, const TipoCambio& v) {
+  const QString monto = Formatear(LeerImporte(v.txtTC), u"########0.00");
+  return {FormatearSQL(QStringLiteral("INSERT INTO Tipo_Cambio (dTipoCambFech, nTipoCambMont) VALUES ('$', '$')"),
+                       {v.txtFecha, monto}),
+          FormatearSQL(QStringLiteral("UPDATE Tipo_Cambio SET nTipoCambMont = '$' "
+                                      "WHERE FORMAT(dTipoCambFech,'dd/mm/yyyy') = '$'"), {monto, v.txtFecha}),
+          FormatearSQL(QStringLiteral("DELETE * FROM Tipo_Cambio WHERE format(dTipoCambFech,'dd/mm/yyyy') = '$'"),
+                       {v.txtFecha})};
 }
 
 }  // namespace
@@ -71,12 +67,7 @@ bool CargarTipoCambio(Puesto& p, ModoDetalle modo, const QString& fecha, TipoCam
     return true;
   }
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                    FormatearSQL(QStringLiteral(" SELECT dTipoCambFech, nTipoCambMont FROM Tipo_Cambio"
-                                                                " WHERE FORMAT(dTipoCambFech, 'dd/mm/yyyy') = '$'"),
-                                                 {fecha}), rs)) return false;
-  if (rs.Eof()) {
-    p.mensajes.mostrar(QStringLiteral("El tipo de cambio del %1 ya no existe.").arg(fecha));
+  if (!LeerFilaDetalle(p, seleccion(fecha), QStringLiteral("El tipo de cambio del %1 ya no existe.").arg(fecha), rs)) {
     return false;
   }
   v.txtFecha = fecha;
@@ -85,27 +76,8 @@ bool CargarTipoCambio(Puesto& p, ModoDetalle modo, const QString& fecha, TipoCam
 }
 
 bool GuardarTipoCambio(Puesto& p, TipoCambio& v) {
-  v.campoMal.clear();
-  if (v.modo == ModoDetalle::Ver) return true;
-  if (!validar(p, v)) return false;
-  const QString monto = Formatear(LeerImporte(v.txtTC), u"########0.00");
-  switch (v.modo) {
-    case ModoDetalle::Nuevo:
-      if (!insertar(p, v, monto)) return false;
-      break;
-    case ModoDetalle::Editar:
-      if (!ejecutar(p, FormatearSQL(QStringLiteral("UPDATE Tipo_Cambio SET nTipoCambMont = '$' "
-                                                   "WHERE FORMAT(dTipoCambFech,'dd/mm/yyyy') = '$'"),
-                                    {monto, v.txtFecha}))) return false;
-      break;
-    case ModoDetalle::Borrar:
-      if (!ejecutar(p, FormatearSQL(QStringLiteral("DELETE * FROM Tipo_Cambio "
-                                                   "WHERE format(dTipoCambFech,'dd/mm/yyyy') = '$'"),
-                                    {v.txtFecha}))) return false;
-      break;
-    case ModoDetalle::Ver: break;
-  }
-  v.txtTC = MascaraTipoCambio(monto);
+  if (!GuardarDetalle(p, v, validar, sentencias)) return false;
+  v.txtTC = MascaraTipoCambio(v.txtTC);
   return true;
 }
 

@@ -18,25 +18,38 @@ bool leerPerfiles(Puesto& p, DetalleUsuario& v) {
   return true;
 }
 
-bool validar(Puesto& p, DetalleUsuario& v) {
-  return Comprobar(p, {
-      {Recortar(v.txtUsuario).isEmpty(), u"txtUsuario", u"Ingresar Nombre de Usuario"},
-      {Recortar(v.txtReingresarPassword).isEmpty(), u"txtReingresarPassword", u"Reingresar Password de Usuario"},
-      {v.txtPassword != v.txtReingresarPassword, u"txtReingresarPassword", u"Password reingresado incorrecto"},
-      {v.dcbPerfil.isEmpty(), u"dcbPerfil", u"Seleccionar Perfil"},
-      {Recortar(v.txtApellidos).isEmpty(), u"txtApellidos", u"Ingresar Apellidos"},
-      {Recortar(v.txtNombres).isEmpty(), u"txtNombres", u"Ingresar Nombres"},
-      // The same as the list's button says: nobody shuts himself out.
-      {v.modo == ModoDetalle::Editar && !v.activo && EsUsuarioActual(p, v.txtUsuario), u"optActivo(0)",
-       u"El usuario no puede desactivarse a si mismo"},
-  }, v.campoMal);
-}
-
 // Two names that the login can't tell apart are one user, whatever the key of the table makes of them.
 bool yaEsta(Puesto& p, DetalleUsuario& v) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, seleccion(v.txtUsuario), rs)) return true;
   return !Comprobar(p, {{!rs.Eof(), u"txtUsuario", u"Ya hay un usuario con ese nombre."}}, v.campoMal);
+}
+
+bool validar(Puesto& p, DetalleUsuario& v) {
+  if (!Comprobar(p, {
+          {Recortar(v.txtUsuario).isEmpty(), u"txtUsuario", u"Ingresar Nombre de Usuario"},
+          {Recortar(v.txtReingresarPassword).isEmpty(), u"txtReingresarPassword", u"Reingresar Password de Usuario"},
+          {v.txtPassword != v.txtReingresarPassword, u"txtReingresarPassword", u"Password reingresado incorrecto"},
+          {v.dcbPerfil.isEmpty(), u"dcbPerfil", u"Seleccionar Perfil"},
+          {Recortar(v.txtApellidos).isEmpty(), u"txtApellidos", u"Ingresar Apellidos"},
+          {Recortar(v.txtNombres).isEmpty(), u"txtNombres", u"Ingresar Nombres"},
+          // The same as the list's button says: nobody shuts himself out.
+          {v.modo == ModoDetalle::Editar && !v.activo && EsUsuarioActual(p, v.txtUsuario), u"optActivo(0)",
+           u"El usuario no puede desactivarse a si mismo"},
+      }, v.campoMal)) return false;
+  return v.modo != ModoDetalle::Nuevo || !yaEsta(p, v);
+}
+
+SentenciasDetalle sentencias(const Puesto&, const DetalleUsuario& v) {
+  const QString usuario = ReemplazarComilla(v.txtUsuario), clave = ReemplazarComilla(v.txtPassword);
+  const QString apellidos = ReemplazarComilla(Recortar(v.txtApellidos)), nombres = ReemplazarComilla(Recortar(v.txtNombres));
+  return {FormatearSQL(QStringLiteral("INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName, "
+                                      "cUserActi) VALUES ('$', '$', $, '$', '$', $)"),
+                       {usuario, clave, v.dcbPerfil, apellidos, nombres, v.activo}),
+          FormatearSQL(QStringLiteral("UPDATE Usuario SET sUserPass = '$', cPerfCode = $, sUserApel = '$', "
+                                      "sUserName = '$', cUserActi = $ WHERE TRIM(sUserDesc) = TRIM('$')"),
+                       {clave, v.dcbPerfil, apellidos, nombres, v.activo, usuario}),
+          FormatearSQL(QStringLiteral("DELETE * FROM Usuario WHERE TRIM(sUserDesc) = TRIM('$')"), {usuario})};
 }
 
 }  // namespace
@@ -81,20 +94,7 @@ bool CargarUsuario(Puesto& p, ModoDetalle modo, const QString& usuario, DetalleU
 }
 
 bool GuardarUsuario(Puesto& p, DetalleUsuario& v) {
-  v.campoMal.clear();
-  if (v.modo == ModoDetalle::Ver) return true;
-  if (!validar(p, v)) return false;
-  if (v.modo == ModoDetalle::Nuevo && yaEsta(p, v)) return false;
-  const QString usuario = ReemplazarComilla(v.txtUsuario), clave = ReemplazarComilla(v.txtPassword);
-  const QString apellidos = ReemplazarComilla(Recortar(v.txtApellidos)), nombres = ReemplazarComilla(Recortar(v.txtNombres));
-  if (!GuardarPorModo(p, v.modo, {
-          FormatearSQL(QStringLiteral("INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName, "
-                                      "cUserActi) VALUES ('$', '$', $, '$', '$', $)"),
-                       {usuario, clave, v.dcbPerfil, apellidos, nombres, v.activo}),
-          FormatearSQL(QStringLiteral("UPDATE Usuario SET sUserPass = '$', cPerfCode = $, sUserApel = '$', "
-                                      "sUserName = '$', cUserActi = $ WHERE TRIM(sUserDesc) = TRIM('$')"),
-                       {clave, v.dcbPerfil, apellidos, nombres, v.activo, usuario}),
-          FormatearSQL(QStringLiteral("DELETE * FROM Usuario WHERE TRIM(sUserDesc) = TRIM('$')"), {usuario})})) return false;
+  if (!GuardarDetalle(p, v, validar, sentencias)) return false;
   const QString nueva = Recortar(v.txtPassword);
   if (v.modo == ModoDetalle::Editar && EsUsuarioActual(p, v.txtUsuario) && nueva != p.ses.psClaveUsuario) {
     p.ses.psClaveUsuario = nueva;

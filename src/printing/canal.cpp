@@ -207,8 +207,8 @@ void AbrirGaveta(Puesto& p, const QString& modelo) {
   (void)p.puertos.copiar(archivo, QStringLiteral("LPT1"));
 }
 
-void ImprimirPorControlador(Puesto& p, const QStringList& textos, const Letra& letra) {
-  mostrarFallo(p, p.puertos.imprimir(impresoraActual(p).nombre, letra.nombre, letra.puntos, textos));
+void ImprimirPorControlador(Puesto& p, const DocumentoImpreso& documento, const Letra& letra) {
+  mostrarFallo(p, p.puertos.imprimir(impresoraActual(p).nombre, letra.nombre, letra.puntos, documento));
 }
 
 void ImprimirDocumento(Puesto& p, const QString& texto, int impresora, const QString& tronco, const Letra& letra) {

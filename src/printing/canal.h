@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <array>
 
+struct DocumentoImpreso;
 struct Puesto;
 
 enum NumeroImpresora { kImpresoraPrincipal = 1, kImpresoraAlterna = 2 };
@@ -58,8 +59,8 @@ void ImprimirDocumento(Puesto& p, const QString& texto, int impresora, const QSt
 // The same for a report, blocks 0 to the current one.
 void ImprimirInforme(Puesto& p, const BloquesInforme& b, int impresora, const QString& tronco, const Letra& letra = {});
 
-// Prints texts through the driver of the current printer, whatever its flag, and ends the document.
-void ImprimirPorControlador(Puesto& p, const QStringList& textos, const Letra& letra = {});
+// Prints through the driver of the current printer, whatever its flag, and ends the document.
+void ImprimirPorControlador(Puesto& p, const DocumentoImpreso& documento, const Letra& letra = {});
 
 // Loads the print header into the session. Without rows it stays as it was; false when it can't be read, and then the
 // box has been shown.

@@ -3,6 +3,7 @@
 #include "foundation/puesto.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
+#include "sale/importe_tecleado.h"
 #include "sale/pantallas_venta.h"
 
 namespace {
@@ -57,5 +58,5 @@ void EntrarMonto(CajaRegistradoraFull& v, bool dolares) {
 
 void SalirMonto(QString& campo) {
   const QString texto = Recortar(campo);
-  if (texto.isEmpty() || EsNumerico(texto)) campo = Formatear(LeerImporte(texto), u"0.00");
+  if (texto.isEmpty() || EsImporte(texto)) campo = Formatear(LeerImporte(texto), u"0.00");
 }

@@ -7,6 +7,7 @@
 #include "platform/text/texto.h"
 #include "sale/caja_full.h"
 #include "sale/caja_totales.h"
+#include "sale/importe_tecleado.h"
 
 namespace {
 
@@ -155,7 +156,7 @@ std::optional<QString> importeAceptado(Puesto& p, int columna, const QString& te
     if (entera < 1 || entera > kCantidadMaxima) return {};
     return Formatear(entera, kImporte);
   }
-  if (valor < 0) return {};
+  if (valor < 0 || !EsImporte(texto)) return {};
   if (columna == kPorc && valor > 100) {
     p.mensajes.mostrar(QStringLiteral("Porcentaje Recargo/ Descuento incorrecto "));
     return {};

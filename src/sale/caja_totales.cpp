@@ -6,6 +6,7 @@
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 #include "sale/caja_full.h"
+#include "sale/importe_tecleado.h"
 
 namespace {
 
@@ -17,11 +18,6 @@ QString texto(qint64 cent) { return Formatear(static_cast<double>(cent) / 100, k
 
 // A field of dollars in cents of sol.
 qint64 enSoles(const Puesto& p, const QString& campo) { return centimos(p.ses.pnTipoCambio * LeerImporte(campo)); }
-
-// What a field of money shows once it was left: unreadable text is 0.00, never a part of what was typed.
-QString importeTecleado(const QString& campo) {
-  return Formatear(EsNumerico(campo) ? LeerImporte(campo) : 0, kImporte);
-}
 
 QString cantidadDe(const FilaVenta& f) { return f[kCant].isEmpty() ? QStringLiteral("1") : f[kCant]; }
 QString precioDe(const FilaVenta& f) { return f[kPrecio].isEmpty() ? QStringLiteral("0") : f[kPrecio]; }
@@ -101,7 +97,7 @@ void CalculaEfectivo(const Puesto& p, CajaRegistradoraFull& v) {
 }
 
 void SalirEfectivoSoles(const Puesto& p, CajaRegistradoraFull& v) {
-  v.txtEfectivoSoles = importeTecleado(v.txtEfectivoSoles);
+  v.txtEfectivoSoles = ImporteTecleado(v.txtEfectivoSoles, kImporte);
   if (centimos(v.txtEfectivoSoles) == 0) {
     v.efectivoTecleado = false;
     v.txtVueltoSoles = QStringLiteral("0.00");
@@ -112,8 +108,8 @@ void SalirEfectivoSoles(const Puesto& p, CajaRegistradoraFull& v) {
 }
 
 void SalirDolares(const Puesto& p, CajaRegistradoraFull& v) {
-  v.txtEfectivoDolares = importeTecleado(v.txtEfectivoDolares);
-  v.txtVueltoDolares = importeTecleado(v.txtVueltoDolares);
+  v.txtEfectivoDolares = ImporteTecleado(v.txtEfectivoDolares, kImporte);
+  v.txtVueltoDolares = ImporteTecleado(v.txtVueltoDolares, kImporte);
   v.txtVueltoSoles = QStringLiteral("0.00");
   CuadraPago(p, v);
 }

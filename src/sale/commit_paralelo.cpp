@@ -4,6 +4,7 @@
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 #include "sale/caja_liquidacion.h"
+#include "sale/importe_tecleado.h"
 #include "sale/pantallas_venta.h"
 #include "sale/pasos_venta.h"
 
@@ -12,7 +13,7 @@ namespace {
 // An amount paid in advance: blank is 0, anything else that is no number isn't one.
 bool leer(const QString& campo, double& importe) {
   const QString texto = Recortar(campo);
-  if (!texto.isEmpty() && !EsNumerico(texto)) return false;
+  if (!texto.isEmpty() && !EsImporte(texto)) return false;
   importe = LeerImporte(texto);
   return true;
 }

@@ -1,5 +1,5 @@
 // What the full register does beside a plain sale: searches, advance payments, liquidations.
-#include <QEvent>
+#include <QComboBox>
 #include <QFocusEvent>
 #include <QPushButton>
 #include <QTabWidget>
@@ -44,6 +44,7 @@ void frmCajaRegistradoraFull::enlazarDocumentos() {
 
 // Entering one of the two amounts paid in advance empties the other; coming back from a box is no entering.
 bool frmCajaRegistradoraFull::eventFilter(QObject* objeto, QEvent* evento) {
+  if (objeto == cboTipoVenta_ && evento->type() == QEvent::Wheel) return true;  // no kind is chosen by a brush of a wheel
   const bool dolares = objeto == adelanto_.txtPADEDolares;
   if (evento->type() == QEvent::FocusIn && (dolares || objeto == adelanto_.txtPagoAdelantado) &&
       static_cast<QFocusEvent*>(evento)->reason() != Qt::ActiveWindowFocusReason) {

@@ -74,6 +74,9 @@ frmCajaRegistradoraFull::frmCajaRegistradoraFull(Puesto& p, PantallasVenta& pant
   pestanas_->addTab(adelanto_.pestana, QStringLiteral("Pago Adelantado"));
   liquidacion_ = nuevoPanelLiquidacion(enlaces_, v_);
   pestanas_->addTab(liquidacion_.pestana, QStringLiteral(" Liquidación de Pago - N/C"));
+  connect(pestanas_, &QTabWidget::currentChanged, this, [this](int n) {
+    if (!mostrando_) v_.pestana = n;
+  });
   cuerpo()->addWidget(pestanas_, 1);
   cuerpo()->addWidget(nuevoPago());
   cuerpo()->addWidget(nuevaBotonera());
@@ -86,7 +89,7 @@ frmCajaRegistradoraFull::frmCajaRegistradoraFull(Puesto& p, PantallasVenta& pant
 
   Inicio(p_, v_);
   mostrar();
-  txtTarjeta_->setFocus();
+  cliente_.txtTarjeta->setFocus();
 }
 
 void frmCajaRegistradoraFull::fijo(Panel* panel, const QString& nombre, const QString& etiqueta, int ancho,
@@ -114,6 +117,7 @@ QWidget* frmCajaRegistradoraFull::nuevaCabecera() {
   // Wide enough for a kind that stays chosen; the list itself shows the longer entries whole.
   cboTipoVenta_->setFixedWidth(128);
   cboTipoVenta_->view()->setMinimumWidth(230);
+  cboTipoVenta_->installEventFilter(this);
   venta->agregar(QStringLiteral("Tip&o:"), cboTipoVenta_);
   txtRUC_ = venta->campo(QStringLiteral("txtRUC"), QStringLiteral("&RUC:"));
   txtRUC_->setMinimumWidth(130);
@@ -134,41 +138,20 @@ QWidget* frmCajaRegistradoraFull::nuevaCabecera() {
 }
 
 QWidget* frmCajaRegistradoraFull::nuevoCliente() {
-  auto* panel = new Panel({}, 6);
+  auto* panel = new Panel(QStringLiteral("Datos del Cliente"), 6);
   apretar(panel);
-  txtTarjeta_ = panel->campo(QStringLiteral("txtTarjeta"), QStringLiteral("Nro. &Tarjeta:"));
-  txtTarjeta_->setFixedWidth(120);
-  txtTarjeta_->filtro = soloDigitos;
-  enlaces_.texto(txtTarjeta_, v_.txtTarjeta);
-  auto* nombres = panel->campo(QStringLiteral("txtNombres"), QStringLiteral("&Nombres:"));
-  nombres->setProperty("textoLibre", true);
-  nombres->setMinimumWidth(150);
-  enlaces_.texto(nombres, v_.txtNombres);
-  txtLocal_ = panel->campo(QStringLiteral("txtLocal"), QStringLiteral("&Local:"));
-  txtLocal_->setFixedWidth(56);
-  txtLocal_->filtro = soloDigitos;
-  enlaces_.texto(txtLocal_, v_.txtLocal);
-  lblLocal_ = nuevoTexto(QStringLiteral("Elija local:"), QStringLiteral("suave"));
-  lblLocal_->setObjectName(QStringLiteral("lblLocal"));
-  panel->agregar({}, lblLocal_);
-  dcbLocal_ = new QComboBox;
-  dcbLocal_->setObjectName(QStringLiteral("dcbLocal"));
-  panel->agregar({}, dcbLocal_);
+  cliente_ = nuevosControlesCliente(panel, enlaces_, p_, v_, pantallas_,
+                                    {.nombres = QStringLiteral("txtNombres"),
+                                     .local = QStringLiteral("&Local:"),
+                                     .con = [this](const auto& accion) { con(accion); }});
+  cliente_.txtTarjeta->setFixedWidth(120);
+  cliente_.txtNombres->setMinimumWidth(150);
+  cliente_.txtLocal->setFixedWidth(56);
   auto* busca = nuevoBoton(QStringLiteral("txtBuscaCliente"), QStringLiteral("Buscar (F2)"));
   busca->setMinimumWidth(132);
   panel->agregar({}, busca);
 
-  const auto ajustar = [this] { con([this] { AjustarCliente(v_); }); };
-  txtTarjeta_->alSalir = ajustar;
-  txtLocal_->alSalir = ajustar;
   connect(busca, &QPushButton::clicked, this, [this] { buscarCliente(); });
-  connect(dcbLocal_, &QComboBox::currentIndexChanged, this, [this](int n) {
-    if (mostrando_ || n < 0) return;
-    con([this, n] {
-      ElegirLocal(v_, v_.locales[static_cast<size_t>(n)].id);
-      BuscaTarjeta(p_, v_, pantallas_);
-    });
-  });
   return panel;
 }
 
@@ -252,14 +235,14 @@ void frmCajaRegistradoraFull::nuevasTeclas() {
   tecla(Qt::ALT | Qt::Key_R, [this] { enfocar(txtRUC_); }, QStringLiteral("RUC"));
   tecla(Qt::ALT | Qt::Key_E, [this] { enfocar(pago_.txtEfectivoSoles); }, QStringLiteral("efectivo"));
   tecla(Qt::ALT | Qt::Key_V, [this] { enfocar(pago_.txtVueltoDolares); }, QStringLiteral("vuelto US$"));
-  tecla(Qt::ALT | Qt::Key_T, [this] { enfocar(txtTarjeta_); }, QStringLiteral("tarjeta"));
+  tecla(Qt::ALT | Qt::Key_T, [this] { enfocar(cliente_.txtTarjeta); }, QStringLiteral("tarjeta"));
   tecla(Qt::ALT | Qt::Key_X, [this] {
     verPestana(1);
     enfocar(adelanto_.txtTX);
   });
   // On the side of the lines and lists the same letter belongs to "Eliminar".
   tecla(Qt::ALT | Qt::Key_L, [this] {
-    if (!pestanas_->isAncestorOf(focusWidget())) enfocar(txtLocal_);
+    if (!pestanas_->isAncestorOf(focusWidget())) enfocar(cliente_.txtLocal);
     else if (pestanas_->currentIndex() == 2) eliminarTX(listaDelFoco());
     else eliminarFila();
   });
@@ -298,7 +281,7 @@ void frmCajaRegistradoraFull::mostrar() {
   const QScopedValueRollback<bool> guarda(mostrando_, true);
   enlaces_.mostrar();
   mostrarTipos();
-  mostrarLocales();
+  cliente_.mostrar(v_);
   mostrarPaneles();
   liquidacion_.mostrar(v_);
   rejilla_->ponerTitulo(kPorc, tituloPorcentaje(v_.recargo));
@@ -322,16 +305,6 @@ void frmCajaRegistradoraFull::mostrarTipos() {
   cboTipoVenta_->setCurrentIndex(actual);
   // The sale document of a liquidation paid by cards can't be another one.
   cboTipoVenta_->setEnabled(!(v_.bLiquidando && v_.bVoucherListo));
-}
-
-void frmCajaRegistradoraFull::mostrarLocales() {
-  if (dcbLocal_->count() != static_cast<int>(v_.locales.size())) {
-    dcbLocal_->clear();
-    for (const auto& l : v_.locales) dcbLocal_->addItem(l.nombre, l.id);
-  }
-  dcbLocal_->setCurrentIndex(v_.nIdLocal > 0 ? dcbLocal_->findData(v_.nIdLocal) : -1);
-  lblLocal_->setVisible(v_.localVisible);
-  dcbLocal_->setVisible(v_.localVisible);
 }
 
 void frmCajaRegistradoraFull::mostrarPaneles() {
@@ -360,7 +333,7 @@ void frmCajaRegistradoraFull::mostrarPaneles() {
 }
 
 bool frmCajaRegistradoraFull::alEntrar(QWidget* campo) {
-  if (campo == txtTarjeta_ || campo == txtLocal_) {
+  if (cliente_.buscaDesde(campo)) {
     buscarTarjeta();
     return true;
   }
@@ -429,8 +402,8 @@ void frmCajaRegistradoraFull::buscarTarjeta() {
 }
 
 void frmCajaRegistradoraFull::trasTarjeta(ResultadoTarjeta r) {
-  if (r == ResultadoTarjeta::NoExiste) enfocar(txtTarjeta_);
-  else if (r == ResultadoTarjeta::VariosLocales && dcbLocal_->count() > 0) enfocar(dcbLocal_);
+  if (r == ResultadoTarjeta::NoExiste) enfocar(cliente_.txtTarjeta);
+  else if (r == ResultadoTarjeta::VariosLocales && cliente_.dcbLocal->count() > 0) enfocar(cliente_.dcbLocal);
   else irALineas();
 }
 

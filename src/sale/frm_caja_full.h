@@ -4,10 +4,10 @@
 #include "sale/caja_full.h"
 #include "sale/frm_caja_liquidacion.h"
 #include "sale/frm_caja_paneles.h"
+#include "sale/frm_cliente_caja.h"
 
 class LineaEstado;
 class QComboBox;
-class QLabel;
 class QTabWidget;
 
 // The full register. The desk and the screens that it opens outlive it.
@@ -40,7 +40,6 @@ class frmCajaRegistradoraFull final : public Forma {
 
   void recoger();
   void mostrarTipos();
-  void mostrarLocales();
   void mostrarPaneles();
 
   // Runs `accion` on the struct between the controls' texts in and out.
@@ -78,9 +77,9 @@ class frmCajaRegistradoraFull final : public Forma {
   bool mostrando_ = false;  // lists are being filled, not chosen from
 
   Rejilla* rejilla_ = nullptr;
-  QComboBox *cboTipoVenta_ = nullptr, *dcbLocal_ = nullptr;
-  QLabel* lblLocal_ = nullptr;
-  Campo *txtTarjeta_ = nullptr, *txtLocal_ = nullptr, *txtRUC_ = nullptr;
+  QComboBox* cboTipoVenta_ = nullptr;
+  ControlesCliente cliente_;
+  Campo* txtRUC_ = nullptr;
   QTabWidget* pestanas_ = nullptr;
   PanelPago pago_;
   PanelesAdelanto adelanto_;

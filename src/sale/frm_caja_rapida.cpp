@@ -74,7 +74,7 @@ frmCajaRegistradora::frmCajaRegistradora(Puesto& p, PantallasVenta& pantallas, Q
   AbrirRapida(p_, v_);
   for (size_t n = 1; n < teclas_.size(); ++n) teclas_[n]->poner(v_.teclas[n].rotulo, v_.teclas[n].articulo);
   mostrar();
-  txtTarjeta_->setFocus();
+  cliente_.txtTarjeta->setFocus();
 }
 
 void frmCajaRegistradora::recibir(const VentaEnCurso& venta) {
@@ -127,39 +127,19 @@ QWidget* frmCajaRegistradora::nuevosCampos() {
   txtCantidad_ = panel->importe(QStringLiteral("txtCantidad"), QStringLiteral("Cantidad:"));
   txtCantidad_->filtro = soloDecimal;
   enlaces_.texto(txtCantidad_, v_.txtCantidad);
-  txtTarjeta_ = panel->campo(QStringLiteral("txtTarjeta"), QStringLiteral("Nro. &Tarjeta:"));
-  txtTarjeta_->filtro = soloDigitos;
-  enlaces_.texto(txtTarjeta_, v_.txtTarjeta);
-  txtCliente_ = panel->campo(QStringLiteral("txtCliente"), QStringLiteral("&Nombres:"));
-  txtCliente_->setProperty("textoLibre", true);
-  enlaces_.texto(txtCliente_, v_.txtNombres);
-  for (QLabel* l : panel->findChildren<QLabel*>()) {
-    if (l->buddy() == txtCliente_) l->setObjectName(QStringLiteral("lblCliente"));
-  }
-  txtRuc_ = panel->campo(QStringLiteral("txtRuc"), QStringLiteral("RUC:"));
-  txtRuc_->filtro = soloDigitos;
-  enlaces_.texto(txtRuc_, v_.txtRuc);
-  txtLocal_ = panel->campo(QStringLiteral("txtLocal"), QStringLiteral("&Local :"));
-  txtLocal_->filtro = soloDigitos;
-  enlaces_.texto(txtLocal_, v_.txtLocal);
-  lblLocal_ = nuevoTexto(QStringLiteral("Elija local:"), QStringLiteral("suave"));
-  lblLocal_->setObjectName(QStringLiteral("lblLocal"));
-  dcbLocal_ = new QComboBox;
-  dcbLocal_->setObjectName(QStringLiteral("dcbLocal"));
-  panel->agregar({}, lblLocal_);
-  panel->agregar({}, dcbLocal_);
-
   txtCantidad_->alSalir = [this] { salirCantidad(); };
-  const auto ajustar = [this] { con([this] { AjustarCliente(v_); }); };
-  txtTarjeta_->alSalir = ajustar;
-  txtLocal_->alSalir = ajustar;
-  connect(dcbLocal_, &QComboBox::currentIndexChanged, this, [this](int n) {
-    if (mostrando_ || n < 0) return;
-    con([this, n] {
-      ElegirLocal(v_, v_.locales[static_cast<size_t>(n)].id);
-      BuscaTarjeta(p_, v_, pantallas_);
-    });
-  });
+  cliente_ = nuevosControlesCliente(panel, enlaces_, p_, v_, pantallas_,
+                                    {.nombres = QStringLiteral("txtCliente"),
+                                     .local = QStringLiteral("&Local :"),
+                                     .antesDelLocal = [this, panel] {
+                                       txtRuc_ = panel->campo(QStringLiteral("txtRuc"), QStringLiteral("RUC:"));
+                                       txtRuc_->filtro = soloDigitos;
+                                       enlaces_.texto(txtRuc_, v_.txtRuc);
+                                     },
+                                     .con = [this](const auto& accion) { con(accion); }});
+  for (QLabel* l : panel->findChildren<QLabel*>()) {
+    if (l->buddy() == cliente_.txtNombres) l->setObjectName(QStringLiteral("lblCliente"));
+  }
   return panel;
 }
 
@@ -211,7 +191,7 @@ void frmCajaRegistradora::nuevasTeclas() {
     tecla(QKeyCombination(Qt::ControlModifier, static_cast<Qt::Key>(Qt::Key_1 + n)), [this, n] { pulsar(37 + n); });
   }
   tecla(Qt::CTRL | Qt::Key_C, [this] { enfocar(txtCantidad_); }, QStringLiteral("cantidad"));
-  tecla(Qt::CTRL | Qt::Key_L, [this] { enfocar(txtTarjeta_); }, QStringLiteral("tarjeta"));
+  tecla(Qt::CTRL | Qt::Key_L, [this] { enfocar(cliente_.txtTarjeta); }, QStringLiteral("tarjeta"));
   tecla(Qt::CTRL | Qt::Key_R, [this] { enfocar(txtRuc_); }, QStringLiteral("RUC"));
   tecla(Qt::Key_Space, [this] { espacio(); }, {}, true);
   tecla(Qt::ALT | Qt::Key_F4, [this] { accept(); });
@@ -222,31 +202,20 @@ void frmCajaRegistradora::nuevasTeclas() {
 }
 
 void frmCajaRegistradora::mostrar() {
-  const QScopedValueRollback<bool> guarda(mostrando_, true);
   enlaces_.mostrar();
   // A long name is read from its beginning.
-  if (!txtCliente_->hasFocus()) txtCliente_->setCursorPosition(0);
+  if (!cliente_.txtNombres->hasFocus()) cliente_.txtNombres->setCursorPosition(0);
   lblProducto_->poner(v_.lblProducto);
   lblSubtotal_->poner(v_.lblSubtotal);
   lblTotal_->poner(v_.lblTotal);
   txtCantidad_->setEnabled(v_.bVentaIniciada);
   for (const int n : {kBotonAnula, kBotonPago}) cmdTecla_[static_cast<size_t>(n)]->setEnabled(!v_.bVentaIniciada);
-  mostrarLocales();
+  cliente_.mostrar(v_);
   estado_->mostrar(EstadoDelPuesto(p_));
 }
 
-void frmCajaRegistradora::mostrarLocales() {
-  if (dcbLocal_->count() != static_cast<int>(v_.locales.size())) {
-    dcbLocal_->clear();
-    for (const auto& l : v_.locales) dcbLocal_->addItem(l.nombre, l.id);
-  }
-  dcbLocal_->setCurrentIndex(v_.nIdLocal > 0 ? dcbLocal_->findData(v_.nIdLocal) : -1);
-  lblLocal_->setVisible(v_.localVisible);
-  dcbLocal_->setVisible(v_.localVisible);
-}
-
 bool frmCajaRegistradora::alEntrar(QWidget* campo) {
-  if (campo != txtTarjeta_ && campo != txtLocal_) return false;
+  if (!cliente_.buscaDesde(campo)) return false;
   buscarTarjeta();
   return true;
 }
@@ -297,9 +266,9 @@ void frmCajaRegistradora::salirCantidad() {
 void frmCajaRegistradora::buscarTarjeta() {
   ResultadoTarjeta r{};
   con([this, &r] { r = BuscaTarjeta(p_, v_, pantallas_); });
-  if (r == ResultadoTarjeta::NoExiste) enfocar(txtTarjeta_);
-  else if (r == ResultadoTarjeta::VariosLocales && dcbLocal_->count() > 0) enfocar(dcbLocal_);
-  else enfocar(v_.bVentaIniciada ? txtCantidad_ : txtTarjeta_);
+  if (r == ResultadoTarjeta::NoExiste) enfocar(cliente_.txtTarjeta);
+  else if (r == ResultadoTarjeta::VariosLocales && cliente_.dcbLocal->count() > 0) enfocar(cliente_.dcbLocal);
+  else enfocar(v_.bVentaIniciada ? txtCantidad_ : cliente_.txtTarjeta);
 }
 
 void frmCajaRegistradora::espacio() {

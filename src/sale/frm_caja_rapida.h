@@ -1,9 +1,9 @@
 #pragma once
 #include "platform/ui/forma.h"
 #include "sale/caja_rapida.h"
+#include "sale/frm_cliente_caja.h"
 
 class LineaEstado;
-class QComboBox;
 class QGridLayout;
 class QLabel;
 class Renglon;
@@ -33,7 +33,6 @@ class frmCajaRegistradora final : public Forma {
 
   void recoger() { enlaces_.recoger(); }
   void mostrar();
-  void mostrarLocales();
   // Runs `accion` on the struct between the controls' texts in and out.
   template <class Accion>
   void con(Accion accion) {
@@ -53,14 +52,13 @@ class frmCajaRegistradora final : public Forma {
   PantallasVenta& pantallas_;
   CajaRegistradora v_;
   Enlaces enlaces_;
-  bool mostrando_ = false;  // the list is being filled, not chosen from
   bool pulsando_ = false;   // a key runs: it looks at the quantity itself
 
   std::array<TeclaArticulo*, kTeclasProducto + 1> teclas_{};
   std::array<QPushButton*, kBotonPago + 1> cmdTecla_{};  // by index; no entry where there is no button
-  Campo *txtCantidad_ = nullptr, *txtTarjeta_ = nullptr, *txtCliente_ = nullptr, *txtLocal_ = nullptr, *txtRuc_ = nullptr;
-  QComboBox* dcbLocal_ = nullptr;
-  QLabel *lblTipo_ = nullptr, *lblLocal_ = nullptr;
+  Campo *txtCantidad_ = nullptr, *txtRuc_ = nullptr;
+  ControlesCliente cliente_;
+  QLabel* lblTipo_ = nullptr;
   Renglon *lblProducto_ = nullptr, *lblSubtotal_ = nullptr, *lblTotal_ = nullptr;
   LineaEstado* estado_ = nullptr;
 };

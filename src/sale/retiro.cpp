@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kTipoRetiro = 5;
 constexpr int kMargenCabecera = 14;
+constexpr int kPuntosMonto = 9;
 const QString kFinLinea = QStringLiteral("\r\n");
 
 std::optional<double> monto(Puesto& p, const QString& sql) {
@@ -49,16 +50,17 @@ std::optional<bool> VerificaSaldo(Puesto& p, double importe) {
   return saldo > 0 && saldo >= importe;
 }
 
-QStringList ReciboRetiro(const QStringList& cabecera, double importe, const QString& usuario, qint64 codigo,
-                         const QDateTime& momento) {
+DocumentoImpreso ReciboRetiro(const QStringList& cabecera, double importe, const QString& usuario, qint64 codigo,
+                              const QDateTime& momento) {
   QString arriba;
   for (const QString& linea : cabecera) {
     if (!Recortar(linea).isEmpty()) arriba += centrada(linea) + kFinLinea;
   }
   return {arriba + kFinLinea + kFinLinea,
           Espacios(6) + FormatearFecha(momento, u"DD/MM/YYYY (DDD)"),
-          QStringLiteral("PAGO     ") + kFinLinea +
-              Derecha(Espacios(14) + u'*' + Formatear(importe, u"###,###,##0.00"), 15),
+          {QStringLiteral("PAGO     ") + kFinLinea +
+               Derecha(Espacios(14) + u'*' + Formatear(importe, u"###,###,##0.00"), 15),
+           kPuntosMonto, true},
           QStringLiteral(" "),
           u' ' + Izquierda(usuario, 10) + u' ' + FormatearFecha(momento, u"hh:mm") + u' ' +
               Ceros(QString::number(codigo), 6),

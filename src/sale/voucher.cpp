@@ -64,7 +64,7 @@ bool AgregarTarjeta(Puesto& p, CajaVoucher& v, int emisor) {
 
 bool PonerPago(CajaVoucher& v, int fila, const QString& texto) {
   const QString t = Recortar(texto);
-  if (!t.isEmpty() && (!EsNumerico(t) || LeerImporte(t) < 0)) return false;
+  if (!t.isEmpty() && (!EsImporte(t) || LeerImporte(t) < 0)) return false;
   v.pagos[static_cast<size_t>(fila)].Pago = ImporteTecleado(t, kImporte);
   cuadrar(v);
   return true;

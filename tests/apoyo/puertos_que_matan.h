@@ -19,7 +19,7 @@ class PuertosQueMatan : public Puertos {
     return {{QStringLiteral("Ticketera"), QStringLiteral("LPT1")}, {QStringLiteral("Alterna"), QStringLiteral("LPT2")}};
   }
   QString impresoraPorDefecto() override { return real_.impresoraPorDefecto(); }
-  std::optional<QString> imprimir(const QString& i, const QString& l, int t, const QStringList& x) override {
+  std::optional<QString> imprimir(const QString& i, const QString& l, int t, const DocumentoImpreso& x) override {
     return real_.imprimir(i, l, t, x);
   }
 

@@ -115,9 +115,9 @@ std::optional<QString> PuertosRegistro::copiar(const QString& archivo, const QSt
 }
 
 std::optional<QString> PuertosRegistro::imprimir(const QString& impresora, const QString&, int,
-                                                 const QStringList& textos) {
+                                                 const DocumentoImpreso& documento) {
   if (!fallo.isEmpty()) return fallo;
-  impresos.emplace_back(impresora, textos);
+  impresos.emplace_back(impresora, documento.textos());
   return {};
 }
 

@@ -67,7 +67,7 @@ class PuertosRegistro final : public Puertos {
   QList<ImpresoraSistema> impresoras() override { return lista; }
   QString impresoraPorDefecto() override { return lista.front().nombre; }
   std::optional<QString> imprimir(const QString& impresora, const QString& letra, int tamano,
-                                  const QStringList& textos) override;
+                                  const DocumentoImpreso& textos) override;
 };
 
 struct ProcesoTerminado : std::runtime_error {

@@ -37,7 +37,7 @@ struct Anotados final : Motores, Puertos {
   void enviarSinEsperar(const QString& archivo, const QString& puerto) override { copiar(archivo, puerto); }
   QList<ImpresoraSistema> impresoras() override { return {{QStringLiteral("Ticketera"), QStringLiteral("LPT1:")}}; }
   QString impresoraPorDefecto() override { return QStringLiteral("Ticketera"); }
-  std::optional<QString> imprimir(const QString& impresora, const QString&, int, const QStringList&) override {
+  std::optional<QString> imprimir(const QString& impresora, const QString&, int, const DocumentoImpreso&) override {
     llegado << QStringLiteral("driver>") + impresora;
     return {};
   }
@@ -153,7 +153,7 @@ QByteArray loQueLlegoAntesDeMorir(int n, Fallas::Momento momento, int* senal) {
       void enviarSinEsperar(const QString&, const QString&) override {}
       QList<ImpresoraSistema> impresoras() override { return {}; }
       QString impresoraPorDefecto() override { return {}; }
-      std::optional<QString> imprimir(const QString&, const QString&, int, const QStringList&) override { return {}; }
+      std::optional<QString> imprimir(const QString&, const QString&, int, const DocumentoImpreso&) override { return {}; }
       Puertos& real;
       std::function<void()> avisar;
     } avisa(b.real, decir);

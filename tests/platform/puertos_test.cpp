@@ -19,11 +19,11 @@ class ImpresorasFalsas final : public ImpresorasSistema {
   QStringList lista, impreso;
   QStringList nombres() override { return lista; }
   QString porDefecto() override { return lista.isEmpty() ? QString() : lista.back(); }
-  std::optional<QString> imprimir(const QString& impresora, const QString&, int, const QStringList&) override {
+  std::optional<QString> imprimir(const QString& impresora, const QString&, int, const DocumentoImpreso&) override {
     impreso << impresora;
     return {};
   }
-  std::optional<QString> escribirPdf(const QString& archivo, const QString&, int, const QStringList&) override {
+  std::optional<QString> escribirPdf(const QString& archivo, const QString&, int, const DocumentoImpreso&) override {
     impreso << QFileInfo(archivo).fileName();
     return {};
   }

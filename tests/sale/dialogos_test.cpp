@@ -169,7 +169,9 @@ TEST(Retiro, TheReceiptIsThePaperWeExpect) {
       {"sin_cabecera.txt", {}, 0, "ANA", 12}};
   for (const auto& c : kCasos) {
     SCOPED_TRACE(c.papel);
-    const QString texto = ReciboRetiro(c.cabecera, c.monto, q(c.usuario), c.codigo, momento).join(u'\n');
+    const DocumentoImpreso recibo = ReciboRetiro(c.cabecera, c.monto, q(c.usuario), c.codigo, momento);
+    EXPECT_TRUE(recibo.partes[2].puntos == 9 && recibo.partes[2].negrita);
+    const QString texto = recibo.textos().join(u'\n');
     EXPECT_EQ(papel(c.papel).replace("\r\n", "\n"), AUnByte(texto).replace("\r\n", "\n") + '\n');
   }
 }

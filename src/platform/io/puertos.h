@@ -3,11 +3,32 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <initializer_list>
 #include <optional>
 
 struct ImpresoraSistema {
   QString nombre;  // DeviceName
   QString puerto;  // port text, such as "LPT1" or "COM1:"
+};
+
+// A part of a printed document: several lines, ended by CR LF or LF, in one letter.
+struct ParteImpresa {
+  ParteImpresa(const QString& t, int tamano = 0, bool gruesa = false) : texto(t), puntos(tamano), negrita(gruesa) {}
+
+  QString texto;
+  int puntos;  // 0: the document's size
+  bool negrita;
+};
+
+// What is printed through a driver, part by part; each begins a line.
+struct DocumentoImpreso {
+  DocumentoImpreso() = default;
+  DocumentoImpreso(std::initializer_list<ParteImpresa> p) : partes(p) {}
+  DocumentoImpreso(const QStringList& textos) : partes(textos.begin(), textos.end()) {}
+
+  QStringList textos() const;
+
+  QList<ParteImpresa> partes;
 };
 
 class Puertos {
@@ -24,8 +45,8 @@ class Puertos {
   virtual QList<ImpresoraSistema> impresoras() = 0;
   virtual QString impresoraPorDefecto() = 0;
 
-  // Prints lines through the driver of that printer and ends the document; each item may hold several lines, ended
-  // by CR LF or LF. Font by name and size in points. Gives the words of the failure, nothing when it went well.
+  // Prints through the driver of that printer and ends the document. Font by name and size in points, the latter for
+  // all parts without a size of their own. Gives the words of the failure, nothing when it went well.
   virtual std::optional<QString> imprimir(const QString& impresora, const QString& letra, int tamano,
-                                          const QStringList& textos) = 0;
+                                          const DocumentoImpreso& documento) = 0;
 };

@@ -124,6 +124,12 @@ PuertosSistema::Destino PuertosSistema::destinoDe(const QString& puerto) const {
 #endif
 }
 
+QStringList DocumentoImpreso::textos() const {
+  QStringList lista;
+  for (const auto& parte : partes) lista << parte.texto;
+  return lista;
+}
+
 std::optional<QString> PuertosSistema::copiar(const QString& archivo, const QString& puerto) {
   if (puerto.trimmed().isEmpty()) {
     return QStringLiteral("No se pudo imprimir: la impresora no tiene puerto. Revise la configuración de impresoras.");
@@ -182,23 +188,23 @@ QString PuertosSistema::impresoraPorDefecto() {
 }
 
 std::optional<QString> PuertosSistema::imprimir(const QString& impresora, const QString& letra, int tamano,
-                                                const QStringList& textos) {
+                                                const DocumentoImpreso& documento) {
   if (sistema_ && sistema_->nombres().contains(impresora)) {
-    const auto e = sistema_->imprimir(impresora, letra, tamano, textos);
+    const auto e = sistema_->imprimir(impresora, letra, tamano, documento);
     if (!e) return {};
     return QStringLiteral("No se pudo imprimir en %1: %2. Revise la impresora y vuelva a imprimir el documento.")
         .arg(impresora, *e);
   }
   const auto lista = impresoras();
   for (const auto& i : lista) {
-    if (i.nombre == impresora) return imprimirEnCarpeta(impresora, letra, tamano, textos);
+    if (i.nombre == impresora) return imprimirEnCarpeta(impresora, letra, tamano, documento);
   }
   return QStringLiteral("La impresora %1 no está en este equipo. Elija otra en la configuración de impresoras.")
       .arg(impresora);
 }
 
 std::optional<QString> PuertosSistema::imprimirEnCarpeta(const QString& impresora, const QString& letra, int tamano,
-                                                         const QStringList& textos) {
+                                                         const DocumentoImpreso& documento) {
   const QDir impresos(carpeta_ + QStringLiteral("/impresos"));
   const auto fallo = [&impresos](const QString& palabras) {
     return QStringLiteral("No se pudo guardar el documento en %1: %2.").arg(impresos.path(), palabras);
@@ -212,8 +218,8 @@ std::optional<QString> PuertosSistema::imprimirEnCarpeta(const QString& impresor
   }
   const QString base = impresos.filePath(
       comoArchivo(impresora) + u'_' + Ceros(QString::number(++ultimoImpreso_), 6));
-  if (const auto e = SustituirArchivo(base + QStringLiteral(".txt"), comoBytes(textos))) return fallo(*e);
+  if (const auto e = SustituirArchivo(base + QStringLiteral(".txt"), comoBytes(documento.textos()))) return fallo(*e);
   if (!sistema_) return {};
-  if (const auto e = sistema_->escribirPdf(base + QStringLiteral(".pdf"), letra, tamano, textos)) return fallo(*e);
+  if (const auto e = sistema_->escribirPdf(base + QStringLiteral(".pdf"), letra, tamano, documento)) return fallo(*e);
   return {};
 }

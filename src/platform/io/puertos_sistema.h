@@ -18,9 +18,9 @@ class ImpresorasSistema {
   // "" when the system names none.
   virtual QString porDefecto() = 0;
   virtual std::optional<QString> imprimir(const QString& impresora, const QString& letra, int tamano,
-                                          const QStringList& textos) = 0;
+                                          const DocumentoImpreso& documento) = 0;
   virtual std::optional<QString> escribirPdf(const QString& archivo, const QString& letra, int tamano,
-                                             const QStringList& textos) = 0;
+                                             const DocumentoImpreso& documento) = 0;
 };
 
 class PuertosSistema final : public Puertos {
@@ -34,13 +34,13 @@ class PuertosSistema final : public Puertos {
   QList<ImpresoraSistema> impresoras() override;
   QString impresoraPorDefecto() override;
   std::optional<QString> imprimir(const QString& impresora, const QString& letra, int tamano,
-                                  const QStringList& textos) override;
+                                  const DocumentoImpreso& documento) override;
 
  private:
   struct Destino;
   Destino destinoDe(const QString& puerto) const;
   std::optional<QString> imprimirEnCarpeta(const QString& impresora, const QString& letra, int tamano,
-                                           const QStringList& textos);
+                                           const DocumentoImpreso& documento);
 
   QString carpeta_;
   ImpresorasSistema* sistema_;

@@ -8,8 +8,8 @@ class ImpresorasQt final : public ImpresorasSistema {
   QStringList nombres() override;
   QString porDefecto() override;
   std::optional<QString> imprimir(const QString& impresora, const QString& letra, int tamano,
-                                  const QStringList& textos) override;
+                                  const DocumentoImpreso& documento) override;
   // A page as wide as a ticket's roll and as long as the text; only a very long one takes several pages.
   std::optional<QString> escribirPdf(const QString& archivo, const QString& letra, int tamano,
-                                     const QStringList& textos) override;
+                                     const DocumentoImpreso& documento) override;
 };

@@ -146,7 +146,7 @@ QTableView {
   background: @superficie; border: 1px solid @lineaCampo; gridline-color: @linea; font-size: 12pt;
   selection-background-color: @accion; selection-color: #FFFFFF; }
 QTableView[papel="registro"] { font-size: 14pt; }
-QTableView[papel="impreso"] { font-family: "Courier New", "DejaVu Sans Mono"; }
+QTableView[papel="impreso"], QLineEdit[papel="impreso"] { font-family: "Courier New", "DejaVu Sans Mono"; }
 QTableView QLineEdit { border: 0px; border-radius: 0px; padding: 0px 4px; min-height: 0px; }
 QTableView[papel="registro"] QLineEdit { font-size: 14pt; }
 QTableView QLineEdit[estado="mal"] { border: 2px solid @alto; padding: 0px 2px; }
