@@ -1,82 +1,20 @@
 // Plays screenplays on the real till: those of guiones/pruebas, each on a copy of the demo desk that the first of them
 // has opened, and sales that a fault or a kill interrupts at one step after the other. What they wrote is compared with
 // the file beside them; what they left, with the store, read through the support console, and the paper.
-#include <QDir>
 #include <QFile>
-#include <QRegularExpression>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <numeric>
 
-#include "admin/demo_papel.h"
 #include "obra.h"
 
 namespace {
 
 const QString kPruebas = QStringLiteral(TARVOPOS_FUENTES "/guiones/pruebas");
 
-QString admin(const QStringList& palabras, const QByteArray& entrada = {}) {
-  return tocar(carpetaDePruebas() + QStringLiteral("/../bin/tarvopos-admin"), palabras, entrada);
-}
-
-// A desk of its own in a folder that goes with it.
-class Puesto {
- public:
-  // A demo desk as it is made.
-  Puesto() { EXPECT_TRUE(admin({QStringLiteral("crear-puesto"), ruta(), QStringLiteral("--demo")}).endsWith(u"[estado 0]\n")); }
-  Puesto(const Puesto& otro) {
-    const QDir de(otro.ruta());
-    QDir().mkpath(ruta());
-    for (const QString& f : de.entryList(QDir::Files)) QFile::copy(de.filePath(f), ruta() + u'/' + f);
-  }
-  Puesto& operator=(const Puesto&) = delete;
-
-  QString ruta() const { return carpeta_.filePath(QStringLiteral("puesto")); }
-  QString toca(const QString& guion) const {
-    return admin({QStringLiteral("guion"), guion, QStringLiteral("--puesto"), ruta(), QStringLiteral("--salida"), ruta()});
-  }
-  QString tocaLineas(const QByteArray& lineas) const {
-    return admin({QStringLiteral("guion"), QStringLiteral("-"), QStringLiteral("--puesto"), ruta()}, lineas);
-  }
-  // The rows of a query as the console writes them: "[1,"a"],[2,"b"]". It goes to the store; with "central: " or
-  // "cliente: " in front to that server.
-  QString filas(const QString& sql) const {
-    static const QRegularExpression servidor(QStringLiteral("^(?:(central|cliente): )?(.*)$"));
-    const auto m = servidor.match(sql);
-    const QString base = m.captured(1).isEmpty() ? QStringLiteral("local") : m.captured(1);
-    const QString r = admin({QStringLiteral("sql"), QStringLiteral("--puesto"), ruta(), QStringLiteral("--base"), base},
-                            m.captured(2).toUtf8() + '\n');
-    const QString marca = QStringLiteral("\"filas\":[");
-    const qsizetype i = r.indexOf(marca), fin = r.lastIndexOf(QStringLiteral("]}"));
-    return i < 0 || fin < 0 ? r : r.mid(i + marca.size(), fin - i - marca.size());
-  }
-  // What came out of a port.
-  QString papel(const QString& puerto = QStringLiteral("LPT1")) const {
-    QFile f(ruta() + QStringLiteral("/puertos/") + puerto);
-    return f.open(QIODevice::ReadOnly) ? TextoDePapel(f.readAll()) : QString();
-  }
-  // The lines of both printers and of all that went through a driver.
-  QStringList renglones() const {
-    QString todo = papel() + papel(QStringLiteral("LPT2"));
-    for (const auto& f : QDir(ruta() + QStringLiteral("/impresos")).entryInfoList(QDir::Files)) todo += leerTexto(f.filePath());
-    return todo.remove(u'\r').split(u'\n');
-  }
-  // The numbers of the tickets on the paper, in their order.
-  QStringList numeros() const {
-    static const QRegularExpression nro(QStringLiteral("TK NRO: \\d+-(\\d+)"));
-    QStringList r;
-    for (auto i = nro.globalMatch(papel()); i.hasNext();) r << i.next().captured(1);
-    return r;
-  }
-
- private:
-  QTemporaryDir carpeta_;
-};
-
 // The desk that the opening's play has opened, made once.
-const Puesto& abierto() {
-  static const Puesto puesto = [] {
-    Puesto p;
+const PuestoDeObra& abierto() {
+  static const PuestoDeObra puesto = [] {
+    PuestoDeObra p;
     EXPECT_EQ("", primeraDiferencia(leerTexto(kPruebas + QStringLiteral("/apertura.salida")),
                                     p.toca(kPruebas + QStringLiteral("/apertura.guion"))));
     return p;
@@ -84,7 +22,7 @@ const Puesto& abierto() {
   return puesto;
 }
 
-void tocaComoSeEspera(const Puesto& p, const QString& obra) {
+void tocaComoSeEspera(const PuestoDeObra& p, const QString& obra) {
   EXPECT_EQ("", primeraDiferencia(leerTexto(kPruebas + u'/' + obra + QStringLiteral(".salida")),
                                   p.toca(kPruebas + u'/' + obra + QStringLiteral(".guion"))));
 }
@@ -95,7 +33,7 @@ TEST(Caja, OpeningIsStoredWithItsTurnAndFloat) {
 }
 
 TEST(Caja, DoesNotStartWithoutTheCentralDatabase) {
-  const Puesto p(abierto());
+  const PuestoDeObra p(abierto());
   p.toca(kPruebas + QStringLiteral("/sin_central.guion"));
   EXPECT_TRUE(p.tocaLineas("reloj 24/11/2026 09:00:00\ninicia\nespera frmPassword\n").endsWith(u"ok\n[estado 0]\n"))
       << "the next start works";
@@ -122,13 +60,13 @@ INSTANTIATE_TEST_SUITE_P(Caja, Registradoras, testing::ValuesIn(kRegistradoras),
 const QByteArray kHastaElPago = kRegistradoras[0].hastaElPago;
 
 // No number is on two papers, the counters are not behind any number in use, and the store is sound.
-void exigirNumerosSanos(const Puesto& p) {
+void exigirNumerosSanos(const PuestoDeObra& p) {
   QStringList numeros = p.numeros();
   EXPECT_EQ(numeros.removeDuplicates(), 0) << qUtf8Printable(p.papel());
   EXPECT_EQ(p.filas(QStringLiteral("SELECT COUNT(*) FROM Operacion WHERE cDocCodigo > "
                                    "(SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc = '02')")),
             "[0]");
-  EXPECT_TRUE(admin({QStringLiteral("verificar"), p.ruta()}).endsWith(u"[estado 0]\n"));
+  EXPECT_TRUE(p.admin({QStringLiteral("verificar"), p.ruta()}).endsWith(u"[estado 0]\n"));
 }
 
 // Without the long run only the steps around the number and the rows have their turn; with it all that a sale has, up to
@@ -143,7 +81,7 @@ std::vector<int> pasosDeLaVenta() {
 TEST_P(Registradoras, AFailedStatementLeavesADeskThatSellsOn) {
   for (const int n : pasosDeLaVenta()) {
     SCOPED_TRACE(n);
-    const Puesto p(abierto());
+    const PuestoDeObra p(abierto());
     const QString escrito =
         p.tocaLineas(GetParam().hastaElPago + QByteArray("falla ") + QByteArray::number(n) +
                      "\ntecla Ctrl+Enter\nfalla 0\n" + GetParam().otraVenta + "tecla Ctrl+Enter\n");
@@ -161,7 +99,7 @@ TEST_P(Registradoras, AKillAtAnyStepLeavesADeskThatStartsAndSellsOn) {
   for (const int n : pasosDeLaVenta()) {
     for (const QByteArray& momento : {QByteArray("antes "), QByteArray("despues ")}) {
       SCOPED_TRACE(momento.toStdString() + std::to_string(n));
-      const Puesto p(abierto());
+      const PuestoDeObra p(abierto());
       const QString escrito = p.tocaLineas(GetParam().hastaElPago + QByteArray("mata ") + momento +
                                            QByteArray::number(n) + "\ntecla Ctrl+Enter\n");
       if (!escrito.endsWith(u"[señal]\n")) {
@@ -173,50 +111,6 @@ TEST_P(Registradoras, AKillAtAnyStepLeavesADeskThatStartsAndSellsOn) {
       EXPECT_TRUE(despues.endsWith(QString::fromLatin1(GetParam().vacio) + QStringLiteral("=\nok\n[estado 0]\n"))) << qUtf8Printable(despues);
       exigirNumerosSanos(p);
     }
-  }
-}
-
-const QByteArray kHastaElSupervisor =
-    "reloj 24/11/2026 21:00:00\ninicia\nespera frmPassword\nescribe txtPassword caja\ntecla Enter\nespera frmPrincipal\n"
-    "responde Sí\nclic Toolbar1(11)\nespera frmAutorizarOperacion\nescribe txtUsuario SUPERVISOR\nescribe txtPassword super\n";
-const QByteArray kElCuadre = "espera frmCuadre\nclic Command1\n";
-
-// The opened desk with one sale of 3.00.
-const Puesto& vendido() {
-  static const Puesto puesto = [] {
-    Puesto p(abierto());
-    EXPECT_TRUE(p.tocaLineas(kRegistradoras[0].hastaElPago + QByteArray("tecla Ctrl+Enter\n")).endsWith(u"[estado 0]\n"));
-    return p;
-  }();
-  return puesto;
-}
-
-std::vector<int> pasosDelCierre() {
-  if (!qEnvironmentVariableIsSet("TARVOPOS_LARGO")) return {4, 30, 75, 110, 150};
-  std::vector<int> todos(400);
-  std::iota(todos.begin(), todos.end(), 1);
-  return todos;
-}
-
-TEST(Caja, AClosingThatWasKilledIsEndedAfterTheNextStart) {
-  for (const int n : pasosDelCierre()) {
-    SCOPED_TRACE(n);
-    const Puesto p(vendido());
-    const QString escrito =
-        p.tocaLineas(kHastaElSupervisor + "mata antes " + QByteArray::number(n) + "\ntecla Enter\n" + kElCuadre);
-    if (!escrito.endsWith(u"[señal]\n")) {
-      EXPECT_GT(n, 150) << qUtf8Printable(escrito);
-      return;
-    }
-    const int paso = p.filas(QStringLiteral("SELECT iCierreCaja FROM Configuracion")).mid(1, 1).toInt();
-    const QString despues = p.tocaLineas(kHastaElSupervisor + "tecla Enter\n" + (paso <= 4 ? kElCuadre : QByteArray()) +
-                                         "espera frmPrincipal\nestado mnuMantenimiento_Hijo(8)\n");
-    EXPECT_TRUE(despues.endsWith(u"visible activo fijo\nok\n[estado 0]\n")) << qUtf8Printable(despues);
-    EXPECT_EQ(paso > 0, despues.contains(u"Se ha habilitado la Opcion Reporte Z"));
-    EXPECT_EQ(p.filas(QStringLiteral("SELECT iCierreCaja FROM Configuracion")), "[6]");
-    EXPECT_EQ(p.filas(QStringLiteral("SELECT prn, idz, Imac FROM _Tmp1 ORDER BY prn")), "[1,1,3],[2,1,3]");
-    EXPECT_EQ(p.filas(QStringLiteral("SELECT COUNT(*), SUM(MontoTotal) FROM CabeceraZ")), "[1,3]");
-    exigirNumerosSanos(p);
   }
 }
 
@@ -232,7 +126,7 @@ class ObraDeCaja : public testing::TestWithParam<QString> {
 };
 
 TEST_P(ObraDeCaja, LeavesWhatStandsBesideIt) {
-  const Puesto p(abierto());
+  const PuestoDeObra p(abierto());
   for (const QString& sql : lineas(".antes")) EXPECT_TRUE(p.filas(sql).contains(u"afectadas")) << qUtf8Printable(sql);
   tocaComoSeEspera(p, GetParam());
   const QStringList filas = lineas(".filas"), renglones = p.renglones();

@@ -1,72 +1,30 @@
 // Whole days of the shop, played on a new desk: what the person is told, the rows of every table and both rolls of paper,
 // letter for letter. What stands beside a play was worked out from its keys, the price list and the layouts. And voids that a
 // kill interrupts.
-#include <QDir>
-#include <QFile>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-#include "admin/demo_papel.h"
 #include "obra.h"
 
 namespace {
 
 const QString kDias = QStringLiteral(TARVOPOS_FUENTES "/guiones");
 
-// A desk in a folder of its own.
-class Mesa {
- public:
-  Mesa() = default;
-  Mesa(const Mesa& otra) {
-    const QDir de(otra.carpeta_.filePath(QStringLiteral("puesto")));
-    QDir().mkpath(ruta(QStringLiteral("puesto")));
-    for (const QString& f : de.entryList(QDir::Files)) QFile::copy(de.filePath(f), ruta(QStringLiteral("puesto/") + f));
-  }
-  Mesa& operator=(const Mesa&) = delete;
-
-  QString admin(const QStringList& palabras, const QByteArray& entrada = {}) {
-    return tocar(carpetaDePruebas() + QStringLiteral("/../bin/tarvopos-admin"), palabras, entrada);
-  }
-  QString ruta(const QString& de) { return carpeta_.filePath(de); }
-  bool crear() {
-    return admin({QStringLiteral("crear-puesto"), ruta(QStringLiteral("puesto")), QStringLiteral("--demo")}).endsWith(u"[estado 0]\n");
-  }
-  QString toca(const QByteArray& lineas) {
-    return admin({QStringLiteral("guion"), QStringLiteral("-"), QStringLiteral("--puesto"), ruta(QStringLiteral("puesto"))}, lineas);
-  }
-  QString rollo(const QString& puerto) {
-    QFile f(ruta(QStringLiteral("puesto/puertos/") + puerto));
-    return f.open(QIODevice::ReadOnly) ? TextoDePapel(f.readAll()) : QString();
-  }
-  // The rows of a query "BASE SELECT ...", one a line.
-  QString filas(const QString& consulta) {
-    const QString base = consulta.section(u' ', 0, 0);
-    QString r = admin({QStringLiteral("sql"), QStringLiteral("--puesto"), ruta(QStringLiteral("puesto")),
-                       QStringLiteral("--base"), base}, consulta.section(u' ', 1).toUtf8() + '\n');
-    r = r.section(QStringLiteral("\"filas\":["), 1).section(QStringLiteral("]}\n"), 0, 0);
-    return r.replace(QStringLiteral("],["), QStringLiteral("]\n["));
-  }
-
- private:
-  QTemporaryDir carpeta_;
-};
-
-class Dia : public testing::TestWithParam<QString>, protected Mesa {};
+class Dia : public testing::TestWithParam<QString> {};
 
 TEST_P(Dia, LeavesItsRowsAndItsPaper) {
-  const QString base = kDias + u'/' + GetParam(), puesto = ruta(QStringLiteral("puesto"));
-  ASSERT_TRUE(crear());
-  QString dicho = admin({QStringLiteral("guion"), base + QStringLiteral(".guion"), QStringLiteral("--puesto"), puesto,
-                         QStringLiteral("--salida"), ruta(QStringLiteral("capturas"))});
+  const QString base = kDias + u'/' + GetParam();
+  const PuestoDeObra p;
+  QString dicho = p.toca(base + QStringLiteral(".guion"));
   dicho.remove(QStringLiteral("ok\n"));
   EXPECT_EQ("", primeraDiferencia(leerTexto(base + QStringLiteral(".salida")), dicho));
-  EXPECT_EQ("", primeraDiferencia(leerTexto(base + QStringLiteral(".papel")), rollo(QStringLiteral("LPT1"))));
-  EXPECT_EQ("", primeraDiferencia(leerTexto(base + QStringLiteral(".papel_alterna")), rollo(QStringLiteral("LPT2"))));
+  EXPECT_EQ("", primeraDiferencia(leerTexto(base + QStringLiteral(".papel")), p.papel()));
+  EXPECT_EQ("", primeraDiferencia(leerTexto(base + QStringLiteral(".papel_alterna")), p.papel(QStringLiteral("LPT2"))));
   const QStringList bloques = leerTexto(base + QStringLiteral(".filas")).trimmed().split(QStringLiteral("\n\n"));
   EXPECT_GT(bloques.size(), 10);
   for (const QString& b : bloques) {
-    EXPECT_EQ("", primeraDiferencia(b.section(u'\n', 1), filas(b.section(u'\n', 0, 0)))) << qUtf8Printable(b);
+    const QString filas = p.filas(b.section(u'\n', 0, 0)).replace(QStringLiteral("],["), QStringLiteral("]\n["));
+    EXPECT_EQ("", primeraDiferencia(b.section(u'\n', 1), filas)) << qUtf8Printable(b);
   }
 }
 
@@ -82,9 +40,8 @@ TEST(Anulacion, KilledAtAnyStepIsEndedByTheNextOne) {
   const struct { int codigo; const char *responde, *queda; } casos[] = {
       // mirrors, rows without their mark, liquidations, advance payments and notes in force
       {1, "", "[2,0,1,0]"}, {4, "responde Sí\n", "[1,0,0,2]"}};
-  Mesa hecha;
-  ASSERT_TRUE(hecha.crear());
-  ASSERT_TRUE(hecha.toca("reloj 24/11/2026 08:00:00\n" + kHastaLaVenta +
+  const PuestoDeObra hecha;
+  ASSERT_TRUE(hecha.tocaLineas("reloj 24/11/2026 08:00:00\n" + kHastaLaVenta +
                          "tecla Enter\nespera FrmApertura\ntecla Alt+G\nespera frmPrincipal\ntecla Enter\n"
                          "espera frmCajaRegistradoraFull\nescribe txtTarjeta 1\ntecla Enter\ncelda TDBGrid1 1 1 101\n"
                          "tecla Alt+D\ncelda TDBGrid1 2 1 303\ntecla Ctrl+Enter\n"
@@ -101,21 +58,21 @@ TEST(Anulacion, KilledAtAnyStepIsEndedByTheNextOne) {
                              "\ntecla Enter\ntecla Alt+A\nespera frmAutorizarOperacion\nescribe txtUsuario SUPERVISOR\n"
                              "escribe txtPassword super\n" + c.responde;
     const QString queda = QStringLiteral(
-        "local SELECT (SELECT COUNT(*) FROM Operacion WHERE cOperCodeAnula = %1 AND nProdCant < 0), (SELECT COUNT(*) FROM "
+        "SELECT (SELECT COUNT(*) FROM Operacion WHERE cOperCodeAnula = %1 AND nProdCant < 0), (SELECT COUNT(*) FROM "
         "Operacion WHERE cOperCode = %1 AND cOperFlagAnula = 0), (SELECT COUNT(*) FROM OperacionParalela WHERE cOperTipo = 24), "
         "(SELECT COUNT(*) FROM OperacionParalela WHERE cEstado = '1') FROM Configuracion").arg(c.codigo);
     int n = 2, repetidas = 0;
     for (bool muere = true; muere; n += salto) {
       SCOPED_TRACE(n);
-      Mesa m(hecha);
-      const QString escrito = m.toca(anula + "mata despues " + QByteArray::number(n) + "\ntecla Enter\n");
+      const PuestoDeObra m(hecha);
+      const QString escrito = m.tocaLineas(anula + "mata despues " + QByteArray::number(n) + "\ntecla Enter\n");
       muere = escrito.endsWith(u"[señal]\n");
       if (m.filas(queda) != QLatin1String(c.queda)) {
         ++repetidas;
-        EXPECT_TRUE(m.toca(anula + "tecla Enter\nespera frmAnulaTransaccion\n").endsWith(u"ok\n[estado 0]\n"));
+        EXPECT_TRUE(m.tocaLineas(anula + "tecla Enter\nespera frmAnulaTransaccion\n").endsWith(u"ok\n[estado 0]\n"));
       }
       EXPECT_EQ(QLatin1String(c.queda), m.filas(queda));
-      EXPECT_TRUE(m.admin({QStringLiteral("verificar"), m.ruta(QStringLiteral("puesto"))}).endsWith(u"[estado 0]\n"));
+      EXPECT_TRUE(m.admin({QStringLiteral("verificar"), m.ruta()}).endsWith(u"[estado 0]\n"));
     }
     EXPECT_GE(repetidas, 2);
     EXPECT_GT(n, 20);
@@ -128,9 +85,8 @@ TEST(Cierre, KilledAtAnyStepClosesTheSameDay) {
   const QString guion = leerTexto(kDias + QStringLiteral("/dos_turnos.guion"));
   const qsizetype hasta = guion.indexOf(QStringLiteral("# X-1 y X del segundo turno"));
   ASSERT_GT(hasta, 0);
-  Mesa vendida;
-  ASSERT_TRUE(vendida.crear());
-  ASSERT_TRUE(vendida.toca(guion.left(hasta).toUtf8()).endsWith(u"ok\n[estado 0]\n"));
+  const PuestoDeObra vendida;
+  ASSERT_TRUE(vendida.tocaLineas(guion.left(hasta).toUtf8()).endsWith(u"ok\n[estado 0]\n"));
   const QByteArray cierra = "reloj 24/11/2026 21:00:00\n" + kHastaLaVenta +
                             "responde Sí\nclic Toolbar1(11)\nespera frmAutorizarOperacion\nescribe txtUsuario SUPERVISOR\n"
                             "escribe txtPassword super\n";
@@ -140,26 +96,26 @@ TEST(Cierre, KilledAtAnyStepClosesTheSameDay) {
   int n = 3;
   for (bool muere = true; muere; n += salto) {
     SCOPED_TRACE(n);
-    Mesa m(vendida);
-    muere = m.toca(cierra + "mata despues " + QByteArray::number(n) + "\ntecla Enter\n" + cuadre).endsWith(u"[señal]\n");
+    const PuestoDeObra m(vendida);
+    muere = m.tocaLineas(cierra + "mata despues " + QByteArray::number(n) + "\ntecla Enter\n" + cuadre).endsWith(u"[señal]\n");
     if (muere) {
-      const int paso = m.filas(QStringLiteral("local SELECT iCierreCaja FROM Configuracion")).mid(1, 1).toInt();
+      const int paso = m.filas(QStringLiteral("SELECT iCierreCaja FROM Configuracion")).mid(1, 1).toInt();
       if (paso != 6) {
-        EXPECT_TRUE(m.toca(cierra + "tecla Enter\n" + (paso < 5 ? cuadre : QByteArray()) + "espera frmPrincipal\n")
+        EXPECT_TRUE(m.tocaLineas(cierra + "tecla Enter\n" + (paso < 5 ? cuadre : QByteArray()) + "espera frmPrincipal\n")
                         .endsWith(u"ok\n[estado 0]\n"));
       }
     }
     EXPECT_EQ("[6,\"\",2,2096.14,2,2232.24,2,2182.44,29,90,4,0,77]",
-              m.filas(QStringLiteral("local SELECT iCierreCaja, cCodiTurno, (SELECT idz FROM _Tmp1 WHERE prn = 1), (SELECT Imac FROM "
+              m.filas(QStringLiteral("SELECT iCierreCaja, cCodiTurno, (SELECT idz FROM _Tmp1 WHERE prn = 1), (SELECT Imac FROM "
                                      "_Tmp1 WHERE prn = 1), (SELECT idz FROM _Tmp1 WHERE prn = 2), (SELECT Imac FROM _Tmp1 WHERE prn "
                                      "= 2), (SELECT COUNT(*) FROM CabeceraZ), (SELECT MontoTotal FROM CabeceraZ WHERE IdZ = 2), "
                                      "(SELECT COUNT(*) FROM DetalleZ WHERE IdZ = 2), (SELECT SUM(Cantidad) FROM DetalleZ WHERE IdZ "
                                      "= 2), (SELECT COUNT(*) FROM _Tmp), (SELECT COUNT(*) FROM Operacion WHERE cOperFlagAbierto = "
                                      "1), (SELECT COUNT(*) FROM Operacion WHERE cOperTipo < 10) FROM Configuracion")));
-    EXPECT_EQ("[38,110,2]", m.filas(QStringLiteral("central SELECT COUNT(*), SUM(nProdCant), (SELECT COUNT(*) FROM TCABECERAZ1 "
+    EXPECT_EQ("[38,110,2]", m.filas(QStringLiteral("central: SELECT COUNT(*), SUM(nProdCant), (SELECT COUNT(*) FROM TCABECERAZ1 "
                                                    "WHERE nidEstado = 0) FROM TDETALLEZ1")));
     QStringList numeros;  // of both printers, whose runs are far apart
-    const QString papeles = m.rollo(QStringLiteral("LPT1")) + m.rollo(QStringLiteral("LPT2"));
+    const QString papeles = m.papel() + m.papel(QStringLiteral("LPT2"));
     for (auto i = numero.globalMatch(papeles); i.hasNext();) numeros << i.next().captured(1);
     EXPECT_GE(numeros.size(), 2);
     EXPECT_EQ(0, numeros.removeDuplicates());

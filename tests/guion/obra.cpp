@@ -3,7 +3,10 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
+#include <QRegularExpression>
 #include <gtest/gtest.h>
+
+#include "admin/demo_papel.h"
 
 QString tocar(const QString& programa, const QStringList& argumentos, const QByteArray& entrada) {
   QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
@@ -53,3 +56,50 @@ std::vector<QString> obrasDe(const QString& carpeta) {
 }
 
 QString carpetaDePruebas() { return QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).path(); }
+
+PuestoDeObra::PuestoDeObra() {
+  EXPECT_TRUE(admin({QStringLiteral("crear-puesto"), ruta(), QStringLiteral("--demo")}).endsWith(u"[estado 0]\n"));
+}
+
+PuestoDeObra::PuestoDeObra(const PuestoDeObra& otro) {
+  const QDir de(otro.ruta());
+  QDir().mkpath(ruta());
+  for (const QString& f : de.entryList(QDir::Files)) QFile::copy(de.filePath(f), ruta() + u'/' + f);
+}
+
+QString PuestoDeObra::admin(const QStringList& palabras, const QByteArray& entrada) const {
+  return tocar(carpetaDePruebas() + QStringLiteral("/../bin/tarvopos-admin"), palabras, entrada);
+}
+
+QString PuestoDeObra::toca(const QString& guion, const QByteArray& lineas) const {
+  return admin({QStringLiteral("guion"), guion, QStringLiteral("--puesto"), ruta(), QStringLiteral("--salida"), ruta()}, lineas);
+}
+
+QString PuestoDeObra::filas(const QString& sql) const {
+  static const QRegularExpression servidor(QStringLiteral("^(?:(central|cliente): )?(.*)$"));
+  const auto m = servidor.match(sql);
+  const QString base = m.captured(1).isEmpty() ? QStringLiteral("local") : m.captured(1);
+  const QString r = admin({QStringLiteral("sql"), QStringLiteral("--puesto"), ruta(), QStringLiteral("--base"), base},
+                          m.captured(2).toUtf8() + '\n');
+  const QString marca = QStringLiteral("\"filas\":[");
+  const qsizetype i = r.indexOf(marca), fin = r.lastIndexOf(QStringLiteral("]}"));
+  return i < 0 || fin < 0 ? r : r.mid(i + marca.size(), fin - i - marca.size());
+}
+
+QString PuestoDeObra::papel(const QString& puerto) const {
+  QFile f(ruta() + QStringLiteral("/puertos/") + puerto);
+  return f.open(QIODevice::ReadOnly) ? TextoDePapel(f.readAll()) : QString();
+}
+
+QStringList PuestoDeObra::renglones() const {
+  QString todo = papel() + papel(QStringLiteral("LPT2"));
+  for (const auto& f : QDir(ruta() + QStringLiteral("/impresos")).entryInfoList(QDir::Files)) todo += leerTexto(f.filePath());
+  return todo.remove(u'\r').split(u'\n');
+}
+
+QStringList PuestoDeObra::numeros() const {
+  static const QRegularExpression nro(QStringLiteral("TK NRO: \\d+-(\\d+)"));
+  QStringList r;
+  for (auto i = nro.globalMatch(papel()); i.hasNext();) r << i.next().captured(1);
+  return r;
+}

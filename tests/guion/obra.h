@@ -1,7 +1,8 @@
 #pragma once
-// Runs a program that plays a screenplay and gives all it wrote.
+// Runs programs that play screenplays and gives all they wrote and left.
 #include <QString>
 #include <QStringList>
+#include <QTemporaryDir>
 #include <string>
 #include <vector>
 
@@ -18,3 +19,29 @@ std::vector<QString> obrasDe(const QString& carpeta);
 
 // The folder of the test program itself.
 QString carpetaDePruebas();
+
+// A demo desk in a folder that goes with it; a copy is a desk of its own.
+class PuestoDeObra {
+ public:
+  PuestoDeObra();
+  PuestoDeObra(const PuestoDeObra& otro);
+  PuestoDeObra& operator=(const PuestoDeObra&) = delete;
+
+  QString ruta() const { return carpeta_.filePath(QStringLiteral("puesto")); }
+  QString admin(const QStringList& palabras, const QByteArray& entrada = {}) const;
+  // Plays a file, or lines; pictures go into the desk's folder.
+  QString toca(const QString& guion, const QByteArray& lineas = {}) const;
+  QString tocaLineas(const QByteArray& lineas) const { return toca(QStringLiteral("-"), lineas); }
+  // The rows of a query as the console writes them: "[1,"a"],[2,"b"]". It goes to the store; with "central: " or
+  // "cliente: " in front to that server.
+  QString filas(const QString& sql) const;
+  // What came out of a port.
+  QString papel(const QString& puerto = QStringLiteral("LPT1")) const;
+  // The lines of both printers and of all that went through a driver.
+  QStringList renglones() const;
+  // The numbers of the tickets on the paper, in their order.
+  QStringList numeros() const;
+
+ private:
+  QTemporaryDir carpeta_;
+};

@@ -43,7 +43,10 @@ QVariant leerNumero(const QString& texto) {
 
 ValorLiteral leerLiteral(const Token& token, Lectura lectura, Dialecto dialecto) {
   if (token.tipo == TipoToken::Fecha) return fechaDe(contenido(token), OrdenFecha::MesDia, dialecto);
-  if (token.tipo == TipoToken::Numero) return {leerNumero(token.texto.toString()), {}};
+  if (token.tipo == TipoToken::Numero) {
+    const QVariant n = leerNumero(token.texto.toString());
+    return n.isValid() ? ValorLiteral{n, {}} : ValorLiteral{{}, noCoincide(token.texto.toString(), u"un número")};
+  }
   const QString texto = contenido(token);
   switch (lectura) {
     case Lectura::FechaDiaMes: return fechaDe(texto, OrdenFecha::DiaMes, dialecto);
