@@ -146,6 +146,7 @@ QWidget* frmCajaRegistradoraFull::nuevoCliente() {
                                      .con = [this](const auto& accion) { con(accion); }});
   cliente_.txtTarjeta->setFixedWidth(120);
   cliente_.txtNombres->setMinimumWidth(150);
+  panel->ensanchar(cliente_.txtNombres);
   cliente_.txtLocal->setFixedWidth(56);
   auto* busca = nuevoBoton(QStringLiteral("txtBuscaCliente"), QStringLiteral("Buscar (F2)"));
   busca->setMinimumWidth(132);

@@ -137,6 +137,12 @@ void Panel::agregar(const QString& etiqueta, QWidget* control) {
   if (++par_ == pares_) saltar();
 }
 
+void Panel::ensanchar(QWidget* control) {
+  int fila = 0, columna = 0, filas = 0, columnas = 0;
+  rejilla_->getItemPosition(rejilla_->indexOf(control), &fila, &columna, &filas, &columnas);
+  for (int i = 0; i < rejilla_->columnCount(); ++i) rejilla_->setColumnStretch(i, i == columna ? 1 : 0);
+}
+
 void Panel::saltar() {
   if (par_ == 0) return;
   par_ = 0;

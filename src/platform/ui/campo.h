@@ -55,6 +55,8 @@ class Panel final : public QFrame {
   Campo* fijo(const QString& nombre, const QString& etiqueta);
   // A control behind its label; with an empty label it takes both places.
   void agregar(const QString& etiqueta, QWidget* control);
+  // That control takes all the width that the others leave.
+  void ensanchar(QWidget* control);
   // The next pair begins a new row.
   void saltar();
 

@@ -157,7 +157,7 @@ QHeaderView::section {
 
 QTabWidget::pane { background: @superficie; border: 1px solid @linea; border-radius: 4px; top: -1px; }
 QTabBar::tab { background: @fondoFijo; color: @tintaSuave; border: 1px solid @linea; padding: 6px 16px; font-size: 12pt; }
-QTabBar::tab:disabled { color: @lineaCampo; font-style: italic; }
+QTabBar::tab:disabled { color: @lineaCampo; }
 QTabBar::tab:selected { background: @superficie; color: @tinta; border-bottom-color: @superficie; font-weight: 600; }
 QGroupBox { background: @superficie; border: 1px solid @linea; border-radius: 6px; margin-top: 12px; padding-top: 10px; }
 QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0px 4px; color: @tintaSuave; }
