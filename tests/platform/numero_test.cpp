@@ -1,6 +1,9 @@
 #include "platform/text/numero.h"
 
+#include <QRandomGenerator>
 #include <gtest/gtest.h>
+
+#include <cmath>
 
 #include "apoyo/casos.h"
 #include "platform/text/fecha.h"
@@ -31,6 +34,20 @@ TEST(Numero, ReadsBackWhatAFieldHolds) {
   for (const char* si : {"1", "-1.5", "1,234.00", " 7 ", ".5"}) EXPECT_TRUE(EsNumerico(QString::fromLatin1(si))) << si;
   for (const char* no : {"", " ", "a", "1a", "1.2.3", "1e5", "-", ".", "1 2", ",5"}) {
     EXPECT_FALSE(EsNumerico(QString::fromLatin1(no))) << no;
+  }
+}
+
+// Figures that end at the fourth decimal take a short way to their text; it must be the text of the long one.
+TEST(Numero, TheDecimalTextHasFifteenDigitsWhateverTheFigure) {
+  QRandomGenerator azar(26);
+  for (int i = 0; i < 50'000; ++i) {
+    const double entero = static_cast<double>(azar.generate64() >> azar.bounded(20, 63));
+    double v = entero / std::pow(10, azar.bounded(0, 8));
+    if (i % 3 == 1) v *= 1.18;
+    if (i % 3 == 2) v = std::nextafter(v, i % 2 == 0 ? 0 : 1e9);
+    if (v >= 1e15 || v < 1e-4) continue;
+    ASSERT_EQ(QString::number(v, 'g', 15), TextoDe(v));
+    ASSERT_EQ(QString::number(-v, 'g', 15), TextoDe(-v));
   }
 }
 

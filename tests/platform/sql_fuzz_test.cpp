@@ -110,7 +110,7 @@ struct Lado {
       if (s.trimmed().startsWith(u8("insert"), Qt::CaseInsensitive)) b.cnn.ejecutar(s);  // rows to ask for
     }
     ErrorBD error;
-    motor = MotorSqlite::abrir(b.archivo(), d, 1000, opciones, error);
+    motor = MotorSqlite::abrir(b.archivo(), d, 1000, opciones, std::make_shared<MemoriaDeFormas>(), error);
     if (!motor || motor->iniciar()) ADD_FAILURE() << error.descripcion.toStdString();
   }
   Dialecto d;

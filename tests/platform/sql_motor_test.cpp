@@ -137,6 +137,48 @@ TEST(Motor, SeesTablesThatAnotherProgramChanged) {
   EXPECT_EQ("<2025-04-03 00:00:00>|5", b.respuesta("SELECT * FROM Nueva"));
 }
 
+// What one connection has learnt of a statement serves the next one, as long as the tables are the same.
+TEST(Motor, WhatAConnectionLearntFallsWithTheTables) {
+  const QString suma = u8("SELECT a + a FROM S"), inserta = u8("INSERT INTO S VALUES ('3')");
+  const struct { const char* porque; QStringList cambia; const char* da; } kCambios[] = {
+      {"numbers add", {u8("CREATE TABLE S (a INTEGER)"), inserta}, "6"},
+      {"the same again", {}, "6"},
+      {"texts join", {u8("DROP TABLE S"), u8("CREATE TABLE S (a TEXT)"), inserta}, "33"},
+      {"undone by words", {u8("BEGIN"), u8("DROP TABLE S"), u8("CREATE TABLE S (a INTEGER)"), inserta, suma, u8("ROLLBACK")}, "33"},
+      {"the same number of changes, others", {u8("DROP TABLE S"), u8("CREATE TABLE S (b TEXT, a TEXT)"), u8("INSERT INTO S VALUES ('4', '5')")}, "55"},
+  };
+  Banco b(true, kTabla);
+  for (const auto& c : kCambios) {
+    SCOPED_TRACE(c.porque);
+    Conexion cambia;
+    ASSERT_FALSE(cambia.abrir(*b.motores, b.cadena, 1000));
+    for (const QString& sql : c.cambia) EXPECT_FALSE(cambia.ejecutar(sql)) << sql.toStdString();
+    const auto pregunta = [&suma, &c](Conexion& cnn) {
+      Recordset rs;
+      ASSERT_FALSE(cnn.consultar(suma, rs));
+      EXPECT_EQ(QLatin1String(c.da), rs[0].toString());
+    };
+    pregunta(cambia);
+    for (int i = 0; i < 2; ++i) {
+      Conexion otra;
+      ASSERT_FALSE(otra.abrir(*b.motores, b.cadena, 1000));
+      pregunta(otra);
+    }
+  }
+  Conexion x;  // in a transaction that is undone
+  ASSERT_FALSE(x.abrir(*b.motores, b.cadena, 1000));
+  ASSERT_FALSE(x.iniciar());
+  EXPECT_FALSE(x.ejecutar(u8("DROP TABLE S")));
+  EXPECT_FALSE(x.ejecutar(u8("CREATE TABLE S (a INTEGER)")));
+  EXPECT_FALSE(x.ejecutar(inserta));
+  Recordset rs;
+  ASSERT_FALSE(x.consultar(suma, rs));
+  EXPECT_EQ("6", rs[0].toString());
+  ASSERT_FALSE(x.deshacer());
+  ASSERT_FALSE(x.consultar(suma, rs));
+  EXPECT_EQ("55", rs[0].toString());
+}
+
 TEST(Motor, ALockIsWaitedForAndThenTold) {
   Banco b(true, kTabla);
   Conexion otra;

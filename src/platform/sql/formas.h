@@ -1,12 +1,23 @@
 #pragma once
 // Statements of one shape differ in their literals only. A shape is rewritten and prepared once; the literals of
-// later statements are bound to it.
+// later statements are bound to it. The rewriting outlives the connection, the prepared statement does not.
 #include <sqlite3.h>
 
+#include <QHash>
 #include <list>
 #include <memory>
 
 #include "platform/sql/reescritura.h"
+
+// What the rewriting makes of a shape.
+struct FormaEscrita {
+  QByteArray texto;                // in the engine's language, bound literals as ?1, ?2 ...
+  std::vector<Literal> literales;
+  std::vector<int> fijos;          // literals that stay in the text, in their order
+  std::vector<Tipo> salida;        // of the columns; empty when they can't be told
+  QString tablaNueva;              // SELECT ... INTO
+  bool cambiaEsquema = false;
+};
 
 // A prepared statement and what must be known to run it.
 struct Preparada {
@@ -16,35 +27,64 @@ struct Preparada {
   Preparada& operator=(const Preparada&) = delete;
 
   sqlite3_stmt* sentencia = nullptr;
-  std::vector<Literal> literales;
+  std::shared_ptr<const FormaEscrita> forma;
   std::vector<bool> fechas;   // columns that come back as dates
   QStringList campos;
-  std::vector<Tipo> tipos;    // of the columns; empty when they can't be told
-  QString tablaNueva;         // SELECT ... INTO
-  bool cambiaEsquema = false;
 };
 
-// The most recently used shapes of one connection.
+// The shape of a statement: its text with a mark in the place of each literal. Literals that are known to stay in the
+// statement (`fijos`) are part of it.
+QString ClaveDeForma(QStringView sql, const std::vector<Token>& tokens, const std::vector<int>& fijos);
+
+// The most recently used shapes and what belongs to each.
+template <class T>
 class Formas {
  public:
   explicit Formas(size_t tope) : tope_(tope) {}
 
-  // The shape of a statement: its text with a mark in the place of each literal. Literals that are known to stay in
-  // the statement (`fijos`, places in the order of literals) are part of it.
-  static QString clave(QStringView sql, const std::vector<Token>& tokens, const std::vector<int>& fijos);
+  // What is kept of the statement's shape, null when nothing is. `forma` is its key without literals that stay.
+  std::shared_ptr<T> buscar(const QString& forma, QStringView sql, const std::vector<Token>& tokens) {
+    const auto fijos = fijos_.constFind(forma);
+    if (fijos == fijos_.constEnd()) return {};
+    const auto i = por_clave_.constFind(fijos->empty() ? forma : ClaveDeForma(sql, tokens, *fijos));
+    if (i == por_clave_.constEnd()) return {};
+    recientes_.splice(recientes_.begin(), recientes_, *i);
+    return (*i)->second;
+  }
 
-  // Which literals of a shape stay in the statement; null when the shape has not been seen.
-  const std::vector<int>* fijos(const QString& forma) const;
-  void recordarFijos(const QString& forma, std::vector<int> fijos);
+  void guardar(const QString& forma, QStringView sql, const std::vector<Token>& tokens, const std::vector<int>& fijos,
+               std::shared_ptr<T> que) {
+    if (fijos_.size() > static_cast<qsizetype>(4 * tope_)) vaciar();
+    fijos_.insert(forma, fijos);
+    const QString clave = fijos.empty() ? forma : ClaveDeForma(sql, tokens, fijos);
+    if (const auto i = por_clave_.constFind(clave); i != por_clave_.constEnd()) {
+      recientes_.erase(*i);
+      por_clave_.remove(clave);
+    }
+    recientes_.emplace_front(clave, std::move(que));
+    por_clave_.insert(clave, recientes_.begin());
+    if (recientes_.size() <= tope_) return;
+    por_clave_.remove(recientes_.back().first);
+    recientes_.pop_back();
+  }
 
-  std::shared_ptr<Preparada> buscar(const QString& clave);
-  void guardar(const QString& clave, std::shared_ptr<Preparada> p);
-  void vaciar();
+  void vaciar() {
+    recientes_.clear();
+    por_clave_.clear();
+    fijos_.clear();
+  }
 
  private:
-  using Lista = std::list<std::pair<QString, std::shared_ptr<Preparada>>>;
+  using Lista = std::list<std::pair<QString, std::shared_ptr<T>>>;
   size_t tope_;
   Lista recientes_;
-  QHash<QString, Lista::iterator> por_clave_;
+  QHash<QString, typename Lista::iterator> por_clave_;
   QHash<QString, std::vector<int>> fijos_;
+};
+
+// What the connections to one database have learnt of it: they come and go, a sale opens five. It holds for one state of
+// the tables, which `esquema` numbers: the engine counts it up with every change of them.
+struct MemoriaDeFormas {
+  int esquema = -1;
+  Formas<const FormaEscrita> formas{300};
 };

@@ -106,12 +106,14 @@ MotorSqlite::~MotorSqlite() {
 }
 
 std::unique_ptr<MotorSqlite> MotorSqlite::abrir(const QString& archivo, Dialecto dialecto, int espera_ms,
-                                                const OpcionesMotores& opciones, ErrorBD& error) {
+                                                const OpcionesMotores& opciones, std::shared_ptr<MemoriaDeFormas> memoria,
+                                                ErrorBD& error) {
   if (const auto e = revisarArchivo(archivo)) {
     error = *e;
     return {};
   }
   std::unique_ptr<MotorSqlite> m(new MotorSqlite(dialecto, opciones));
+  m->memoria_ = std::move(memoria);
   if (const auto e = m->preparar(archivo, espera_ms)) {
     error = *e;
     return {};
@@ -215,20 +217,25 @@ std::optional<ErrorBD> MotorSqlite::correr(const QString& sql, Recordset* rs, qi
 
 std::optional<ErrorBD> MotorSqlite::correrSentencia(const QString& sql, Recordset* rs, qint64* afectadas) {
   std::optional<ErrorBD> error;
+  const bool enTransaccion = sqlite3_get_autocommit(base_) == 0;
   const std::vector<Token> tokens = separar(sql, entorno_.dialecto);
   const std::shared_ptr<Preparada> p = prepararForma(sql, tokens, error);
   if (!p) return error;
-  if (p->tablaNueva.isEmpty()) {
+  if (p->forma->tablaNueva.isEmpty()) {
     error = ligar(*p, tokens);
     if (!error) error = recorrer(*p, rs, afectadas);
   } else {
     error = llenarTablaNueva(*p, tokens, afectadas);
   }
-  if (p->cambiaEsquema) {
-    catalogo_.olvidar();
-    formas_.vaciar();
-  }
+  const bool acabada = enTransaccion && sqlite3_get_autocommit(base_) != 0;  // a full disk ends one too
+  if (p->forma->cambiaEsquema || acabada) olvidarEsquema();
   return error;
+}
+
+void MotorSqlite::olvidarEsquema() {
+  catalogo_.olvidar();
+  formas_.vaciar();
+  esquema_ = -1;
 }
 
 // SELECT ... INTO: a table with the types of the list, then its rows; both or neither.
@@ -236,17 +243,19 @@ std::optional<ErrorBD> MotorSqlite::llenarTablaNueva(const Preparada& p, const s
                                                        qint64* afectadas) {
   const auto nombre = [](QString n) { return u'"' + n.replace(u'"', QStringLiteral("\"\"")) + u'"'; };
   QStringList columnas;
+  const std::vector<Tipo>& tipos = p.forma->salida;
+  const bool conTipos = static_cast<qsizetype>(tipos.size()) == p.campos.size();
   for (qsizetype i = 0; i < p.campos.size(); ++i) {
-    const auto k = static_cast<size_t>(i);
-    columnas << nombre(p.campos[i]) + u' ' + declaracionDe(k < p.tipos.size() ? p.tipos[k] : Tipo::Desconocido);
+    columnas << nombre(p.campos[i]) + u' ' + declaracionDe(conTipos ? tipos[static_cast<size_t>(i)] : Tipo::Desconocido);
   }
-  const QString crear = QStringLiteral("CREATE TABLE %1 (%2)").arg(nombre(p.tablaNueva), columnas.join(u','));
+  const QString tabla = nombre(p.forma->tablaNueva);
+  const QString crear = QStringLiteral("CREATE TABLE %1 (%2)").arg(tabla, columnas.join(u','));
   if (auto e = directa("SAVEPOINT nueva")) return e;
   auto error = directa(crear.toUtf8().constData());
   if (!error) {
     Preparada llena;
-    llena.literales = p.literales;
-    const QByteArray texto = "INSERT INTO " + nombre(p.tablaNueva).toUtf8() + ' ' + sqlite3_sql(p.sentencia);
+    llena.forma = p.forma;
+    const QByteArray texto = "INSERT INTO " + tabla.toUtf8() + ' ' + sqlite3_sql(p.sentencia);
     const int largo = static_cast<int>(texto.size());
     const int rc = sqlite3_prepare_v2(base_, texto.constData(), largo, &llena.sentencia, nullptr);
     if (rc != SQLITE_OK) error = errorDe(base_, rc);
@@ -259,33 +268,66 @@ std::optional<ErrorBD> MotorSqlite::llenarTablaNueva(const Preparada& p, const s
   return error ? error : cierre;
 }
 
-std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, const std::vector<Token>& tokens,
-                                                      std::optional<ErrorBD>& error) {
-  const QString forma = Formas::clave(sql, tokens, {});
-  if (const auto* fijos = formas_.fijos(forma)) {
-    auto p = formas_.buscar(fijos->empty() ? forma : Formas::clave(sql, tokens, *fijos));
-    if (p && !sqlite3_stmt_busy(p->sentencia)) return p;
+// What other connections have learnt, while the tables are still those that they saw; null in a transaction, whose changes of
+// tables may be undone.
+Formas<const FormaEscrita>* MotorSqlite::memoriaAlDia() {
+  if (!memoria_ || sqlite3_get_autocommit(base_) == 0) return nullptr;
+  if (esquema_ < 0) {
+    sqlite3_stmt* s = nullptr;
+    if (sqlite3_prepare_v2(base_, "PRAGMA schema_version", -1, &s, nullptr) == SQLITE_OK && sqlite3_step(s) == SQLITE_ROW) {
+      esquema_ = sqlite3_column_int(s, 0);
+    }
+    sqlite3_finalize(s);
+    if (esquema_ < 0) return nullptr;
   }
-  if (masDeUna(tokens)) {
-    error = errorPropio(kErrorSentencia, QStringLiteral("Solo se puede ejecutar una sentencia a la vez."));
-    return {};
+  if (memoria_->esquema != esquema_) {
+    memoria_->formas.vaciar();
+    memoria_->esquema = esquema_;
+  }
+  return &memoria_->formas;
+}
+
+std::shared_ptr<const FormaEscrita> MotorSqlite::escribirForma(const QString& sql, const std::vector<Token>& tokens,
+                                                               const QString& forma, std::optional<ErrorBD>& error) {
+  auto* memoria = memoriaAlDia();
+  if (memoria) {
+    if (auto sabida = memoria->buscar(forma, sql, tokens)) return sabida;
   }
   Edicion edicion(sql, entorno_.dialecto);
-  const Reescritura r = reescribir(edicion, catalogo_);
+  Reescritura r = reescribir(edicion, catalogo_);
   if (r.error) {
     error = r.error;
     return {};
   }
-  auto p = std::make_shared<Preparada>();
-  p->literales = edicion.literales();
-  p->cambiaEsquema = r.cambiaEsquema || !r.tablaNueva.isEmpty();
-  p->tablaNueva = r.tablaNueva;
-  const QByteArray texto = edicion.texto(false).toUtf8();
-  if (texto.contains('\0')) {  // the engine would read no further
+  auto f = std::make_shared<FormaEscrita>();
+  f->texto = edicion.texto(false).toUtf8();
+  f->literales = edicion.literales();
+  for (size_t i = 0; i < f->literales.size(); ++i) {
+    if (!f->literales[i].ligado) f->fijos.push_back(static_cast<int>(i));
+  }
+  for (const Columna& c : r.salida) f->salida.push_back(c.tipo);
+  f->tablaNueva = r.tablaNueva;
+  f->cambiaEsquema = r.cambiaEsquema || !r.tablaNueva.isEmpty();
+  if (f->texto.contains('\0')) {  // the engine would read no further
     error = errorPropio(kErrorSentencia, QStringLiteral("La sentencia contiene un carácter nulo."));
     return {};
   }
-  const int rc = compilar(texto, SQLITE_PREPARE_PERSISTENT, p->sentencia);
+  if (memoria && !f->cambiaEsquema) memoria->guardar(forma, sql, tokens, f->fijos, f);
+  return f;
+}
+
+std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, const std::vector<Token>& tokens,
+                                                      std::optional<ErrorBD>& error) {
+  const QString forma = ClaveDeForma(sql, tokens, {});
+  if (auto p = formas_.buscar(forma, sql, tokens); p && !sqlite3_stmt_busy(p->sentencia)) return p;
+  if (masDeUna(tokens)) {
+    error = errorPropio(kErrorSentencia, QStringLiteral("Solo se puede ejecutar una sentencia a la vez."));
+    return {};
+  }
+  auto p = std::make_shared<Preparada>();
+  p->forma = escribirForma(sql, tokens, forma, error);
+  if (!p->forma) return {};
+  const int rc = compilar(p->forma->texto, SQLITE_PREPARE_PERSISTENT, p->sentencia);
   if (rc != SQLITE_OK) {
     error = errorDe(base_, rc);
     return {};
@@ -295,20 +337,15 @@ std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, const 
     return {};
   }
   const int columnas = sqlite3_column_count(p->sentencia);
-  const bool conTipos = static_cast<int>(r.salida.size()) == columnas;
+  const std::vector<Tipo>& salida = p->forma->salida;
+  const bool conTipos = static_cast<int>(salida.size()) == columnas;
   for (int i = 0; i < columnas; ++i) {
     p->campos << QString::fromUtf8(sqlite3_column_name(p->sentencia, i));
     const char* declarado = sqlite3_column_decltype(p->sentencia, i);
     p->fechas.push_back((declarado && tipoDeclarado(QString::fromUtf8(declarado)) == Tipo::Fecha) ||
-                        (conTipos && r.salida[i].tipo == Tipo::Fecha));
-    if (conTipos) p->tipos.push_back(r.salida[i].tipo);
+                        (conTipos && salida[static_cast<size_t>(i)] == Tipo::Fecha));
   }
-  std::vector<int> fijos;
-  for (size_t i = 0; i < p->literales.size(); ++i) {
-    if (!p->literales[i].ligado) fijos.push_back(static_cast<int>(i));
-  }
-  formas_.guardar(fijos.empty() ? forma : Formas::clave(sql, tokens, fijos), p);
-  formas_.recordarFijos(forma, std::move(fijos));
+  formas_.guardar(forma, sql, tokens, p->forma->fijos, p);
   return p;
 }
 
@@ -320,7 +357,7 @@ int MotorSqlite::compilar(const QByteArray& texto, unsigned opciones, sqlite3_st
 std::optional<ErrorBD> MotorSqlite::ligar(Preparada& p, const std::vector<Token>& tokens) {
   sqlite3_clear_bindings(p.sentencia);
   int parametro = 0;
-  for (const Literal& l : p.literales) {
+  for (const Literal& l : p.forma->literales) {
     const ValorLiteral v = leerLiteral(tokens[l.token], l.lectura, entorno_.dialecto);
     if (v.error) return v.error;
     if (!l.ligado) continue;
@@ -408,7 +445,9 @@ std::optional<ErrorBD> MotorSqlite::confirmar() { return directa("COMMIT"); }
 // A full disk has undone the transaction already.
 std::optional<ErrorBD> MotorSqlite::deshacer() {
   if (sqlite3_get_autocommit(base_) != 0) return {};
-  return directa("ROLLBACK");
+  auto error = directa("ROLLBACK");
+  olvidarEsquema();  // tables may have been made or changed inside
+  return error;
 }
 
 QString MotorSqlite::traducir(const QString& sql) {

@@ -8,9 +8,11 @@
 class MotorSqlite final : public Motor, public AccesoMotor {
  public:
   // Opens `archivo`, which must exist and be a SQLite database; nothing is written to one that isn't. Null on
-  // failure, with `error` filled.
+  // failure, with `error` filled. `memoria` is what other connections to the file have learnt under this dialect, and may
+  // be null.
   static std::unique_ptr<MotorSqlite> abrir(const QString& archivo, Dialecto dialecto, int espera_ms,
-                                            const OpcionesMotores& opciones, ErrorBD& error);
+                                            const OpcionesMotores& opciones, std::shared_ptr<MemoriaDeFormas> memoria,
+                                            ErrorBD& error);
   ~MotorSqlite() override;
   MotorSqlite(const MotorSqlite&) = delete;
   MotorSqlite& operator=(const MotorSqlite&) = delete;
@@ -37,6 +39,10 @@ class MotorSqlite final : public Motor, public AccesoMotor {
   std::optional<ErrorBD> llamar(const Llamada& llamada, Recordset* rs);
   std::shared_ptr<Preparada> prepararForma(const QString& sql, const std::vector<Token>& tokens,
                                            std::optional<ErrorBD>& error);
+  std::shared_ptr<const FormaEscrita> escribirForma(const QString& sql, const std::vector<Token>& tokens,
+                                                    const QString& forma, std::optional<ErrorBD>& error);
+  Formas<const FormaEscrita>* memoriaAlDia();
+  void olvidarEsquema();
   int compilar(const QByteArray& texto, unsigned opciones, sqlite3_stmt*& sentencia);
   std::optional<ErrorBD> ligar(Preparada& p, const std::vector<Token>& tokens);
   std::optional<ErrorBD> recorrer(Preparada& p, Recordset* rs, qint64* afectadas);
@@ -46,7 +52,9 @@ class MotorSqlite final : public Motor, public AccesoMotor {
   EntornoFunciones entorno_;
   std::shared_ptr<const Procedimientos> procedimientos_;
   std::function<bool()> interrumpir_;
-  Formas formas_{300};
+  Formas<Preparada> formas_{300};
+  std::shared_ptr<MemoriaDeFormas> memoria_;
+  int esquema_ = -1;  // the state of the tables that this connection saw; -1 before it has looked
   Catalogo catalogo_;
   sqlite3* base_ = nullptr;
 };

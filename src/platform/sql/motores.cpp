@@ -18,9 +18,10 @@ class MotoresDelSistema final : public Motores {
     const CadenaConexion& c = leidas_[cadena];
     switch (c.tipo) {
       case TipoMotor::Local:
-        return MotorSqlite::abrir(c.archivo, Dialecto::Jet, espera_ms, opciones_, error);
+        return MotorSqlite::abrir(c.archivo, Dialecto::Jet, espera_ms, opciones_, memoriaDe(cadena), error);
       case TipoMotor::Embebido:
-        return MotorSqlite::abrir(QDir(carpeta_).filePath(c.archivo), Dialecto::TSql, espera_ms, opciones_, error);
+        return MotorSqlite::abrir(QDir(carpeta_).filePath(c.archivo), Dialecto::TSql, espera_ms, opciones_,
+                                  memoriaDe(cadena), error);
       case TipoMotor::Postgres:
         return MotorPostgres::abrir(c, espera_ms, error);
       case TipoMotor::SqlServer:
@@ -34,9 +35,17 @@ class MotoresDelSistema final : public Motores {
   }
 
  private:
+  std::shared_ptr<MemoriaDeFormas> memoriaDe(const QString& cadena) {
+    auto& memoria = memorias_[cadena];
+    if (!memoria) memoria = std::make_shared<MemoriaDeFormas>();
+    return memoria;
+  }
+
   QString carpeta_;
   OpcionesMotores opciones_;
-  QHash<QString, CadenaConexion> leidas_;  // a sale opens the same servers again and again
+  // A sale opens the same servers again and again.
+  QHash<QString, CadenaConexion> leidas_;
+  QHash<QString, std::shared_ptr<MemoriaDeFormas>> memorias_;
 };
 
 }  // namespace

@@ -7,6 +7,7 @@ namespace {
 
 constexpr int kDigitos = 15;
 constexpr double kEnteroExacto = 1e15;  // below it a whole double has 15 digits at most
+constexpr double kDiezmil = 1e4;
 
 // A double as a decimal of 15 significant digits: 0.d1d2d3... x 10^exponente.
 struct Decimal {
@@ -15,14 +16,22 @@ struct Decimal {
   int exponente = 0;
 };
 
+// The ten-thousandths of a positive value whose decimal text ends there or earlier, as most figures do; 0 for others.
+// The nearest double of a text of 15 digits or fewer has that very text.
+qint64 diezmilesimas(double valor) {
+  if (valor * kDiezmil >= kEnteroExacto) return 0;
+  const qint64 n = std::llround(valor * kDiezmil);
+  return static_cast<double>(n) / kDiezmil == valor ? n : 0;
+}
+
 Decimal descomponer(double valor) {
   Decimal d;
   if (valor == 0 || !std::isfinite(valor)) return d;
   d.negativo = valor < 0;
-  if (std::fabs(valor) < kEnteroExacto && valor == std::trunc(valor)) {  // most figures are whole
-    d.digitos = QByteArray::number(static_cast<qint64>(std::fabs(valor)));
-    d.exponente = static_cast<int>(d.digitos.size());
-    while (d.digitos.endsWith('0')) d.digitos.chop(1);
+  if (qint64 n = diezmilesimas(std::fabs(valor)); n > 0) {
+    while (n % 10 == 0) n /= 10, ++d.exponente;
+    d.digitos = QByteArray::number(n);
+    d.exponente += static_cast<int>(d.digitos.size()) - 4;
     return d;
   }
   const QByteArray e = QByteArray::number(std::fabs(valor), 'e', kDigitos - 1);
