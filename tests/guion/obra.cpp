@@ -8,11 +8,15 @@
 
 #include "admin/demo_papel.h"
 
-QString tocar(const QString& programa, const QStringList& argumentos, const QByteArray& entrada) {
+QProcessEnvironment entornoSinPantalla() {
   QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
   for (const char* v : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) entorno.remove(QString::fromLatin1(v));
+  return entorno;
+}
+
+QString tocar(const QString& programa, const QStringList& argumentos, const QByteArray& entrada) {
   QProcess p;
-  p.setProcessEnvironment(entorno);
+  p.setProcessEnvironment(entornoSinPantalla());
   p.setProcessChannelMode(QProcess::ForwardedErrorChannel);
   p.start(programa, argumentos);
   p.write(entrada);
@@ -33,14 +37,15 @@ QString leerTexto(const QString& archivo) {
   return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QStringLiteral("(no hay ") + archivo + u')';
 }
 
-QString primeraDiferencia(const QString& esperado, const QString& escrito) {
+std::string primeraDiferencia(const QString& esperado, const QString& escrito) {
   if (esperado == escrito) return {};
   const QStringList a = esperado.split(u'\n'), b = escrito.split(u'\n');
   qsizetype i = 0;
   while (i < a.size() && i < b.size() && a[i] == b[i]) ++i;
   return QStringLiteral("línea %1: se esperaba «%2» y vino «%3»\nTodo lo escrito:\n%4")
       .arg(i + 1)
-      .arg(a.value(i), b.value(i), escrito);
+      .arg(a.value(i), b.value(i), escrito)
+      .toStdString();
 }
 
 std::vector<QString> obrasDe(const QString& carpeta) {
@@ -56,6 +61,7 @@ std::vector<QString> obrasDe(const QString& carpeta) {
 }
 
 QString carpetaDePruebas() { return QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).path(); }
+QString programaAdmin() { return carpetaDePruebas() + QStringLiteral("/../bin/tarvopos-admin"); }
 
 PuestoDeObra::PuestoDeObra() {
   EXPECT_TRUE(admin({QStringLiteral("crear-puesto"), ruta(), QStringLiteral("--demo")}).endsWith(u"[estado 0]\n"));
@@ -68,7 +74,7 @@ PuestoDeObra::PuestoDeObra(const PuestoDeObra& otro) {
 }
 
 QString PuestoDeObra::admin(const QStringList& palabras, const QByteArray& entrada) const {
-  return tocar(carpetaDePruebas() + QStringLiteral("/../bin/tarvopos-admin"), palabras, entrada);
+  return tocar(programaAdmin(), palabras, entrada);
 }
 
 QString PuestoDeObra::toca(const QString& guion, const QByteArray& lineas) const {

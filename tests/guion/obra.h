@@ -1,5 +1,6 @@
 #pragma once
 // Runs programs that play screenplays and gives all they wrote and left.
+#include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -12,13 +13,16 @@ QString tocar(const QString& programa, const QStringList& argumentos, const QByt
 
 QString leerTexto(const QString& archivo);
 // "" when equal, else the first line that differs, both ways.
-QString primeraDiferencia(const QString& esperado, const QString& escrito);
+std::string primeraDiferencia(const QString& esperado, const QString& escrito);
 
 // The plays of a folder without their ".guion"; fails the run when one lacks its ".salida" or the other way round.
 std::vector<QString> obrasDe(const QString& carpeta);
 
-// The folder of the test program itself.
+// This process's environment without a display of its own.
+QProcessEnvironment entornoSinPantalla();
+// The folder of the test program itself, and the service command beside it.
 QString carpetaDePruebas();
+QString programaAdmin();
 
 // A demo desk in a folder that goes with it; a copy is a desk of its own.
 class PuestoDeObra {
