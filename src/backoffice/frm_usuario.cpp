@@ -3,7 +3,6 @@
 namespace {
 
 std::vector<CampoDetalle> camposDe(DetalleUsuario& v) {
-  const std::vector<ClaseTecla> mayusculas{ClaseTecla::Mayusculas};
   using C = CampoDetalle;
   return {
       // Another name would be another row.
@@ -11,8 +10,8 @@ std::vector<CampoDetalle> camposDe(DetalleUsuario& v) {
       {C::Clave, QStringLiteral("txtPassword"), QStringLiteral("&Password"), &v.txtPassword},
       {C::Clave, QStringLiteral("txtReingresarPassword"), QStringLiteral("&Reingresar Password"), &v.txtReingresarPassword},
       {C::Eleccion, QStringLiteral("dcbPerfil"), QStringLiteral("Per&fil"), &v.dcbPerfil, nullptr, {.entradas = v.perfiles}},
-      {C::Texto, QStringLiteral("txtApellidos"), QStringLiteral("Ape&llidos"), &v.txtApellidos, nullptr, {.filtro = mayusculas}},
-      {C::Texto, QStringLiteral("txtNombres"), QStringLiteral("&Nombres"), &v.txtNombres, nullptr, {.filtro = mayusculas}},
+      {C::Texto, QStringLiteral("txtApellidos"), QStringLiteral("Ape&llidos"), &v.txtApellidos},
+      {C::Texto, QStringLiteral("txtNombres"), QStringLiteral("&Nombres"), &v.txtNombres},
       {C::Opciones, QStringLiteral("optActivo"), QStringLiteral("Estado|Activo|Inactivo"), nullptr, &v.activo},
   };
 }
@@ -23,7 +22,13 @@ frmUsuario::frmUsuario(Puesto& p, DetalleUsuario& v, QWidget* padre)
     : frmMantenimientoDetalle({QStringLiteral("frmUsuario"), TituloDetalle(v.modo, QStringLiteral("Usuario")), v.modo},
                               camposDe(v), padre),
       p_(p),
-      v_(v) {}
+      v_(v) {
+  for (const char* nombre : {"txtApellidos", "txtNombres"}) {
+    control<Campo>(nombre)->filtro = [this](QChar tecla) {
+      return FiltrarTeclaNombre(p_, tecla, {ClaseTecla::Mayusculas});
+    };
+  }
+}
 
 bool frmUsuario::guardar(QString& campoMal) {
   const bool guardado = GuardarUsuario(p_, v_);

@@ -37,7 +37,8 @@ QChar FiltrarTecla(QChar tecla, std::initializer_list<ClaseTecla> clases) {
   return tecla;
 }
 
-QChar FiltrarTeclaNombre(Puesto& p, QChar tecla, std::initializer_list<ClaseTecla> clases, int& blancos) {
+QChar FiltrarTeclaNombre(Puesto& p, QChar tecla, std::initializer_list<ClaseTecla> clases) {
+  int& blancos = p.ses.nBlancosSeguidos;
   if (tecla != u' ') {
     blancos = 0;
   } else if (++blancos == 2) {

@@ -12,9 +12,9 @@ enum class ClaseTecla { Letras = 0, Decimal = 1, Mayusculas = 2, Minusculas = 3,
 // types nothing. Backspace (8) passes.
 QChar FiltrarTecla(QChar tecla, std::initializer_list<ClaseTecla> clases);
 
-// The same for names: the second blank in a row shows a box and becomes a backspace. `blancos` counts the blanks in
-// a row and belongs to the session.
-QChar FiltrarTeclaNombre(Puesto& p, QChar tecla, std::initializer_list<ClaseTecla> clases, int& blancos);
+// The same for names: the second blank in a row shows a box and becomes a backspace. The blanks are counted through the
+// session, from one field to the next.
+QChar FiltrarTeclaNombre(Puesto& p, QChar tecla, std::initializer_list<ClaseTecla> clases);
 
 // Whether the path exists; else, with `mensaje` on, shows `texto`.
 bool ExisteArchivo(Puesto& p, const QString& ruta, const QString& texto, bool mensaje);

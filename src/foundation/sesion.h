@@ -53,6 +53,7 @@ struct Sesion {
 
   // Points rule and card payments
   int pnImpoMaxi = 0, pnPuntImpo = 0, pnPuntCant = 0;
+  int nBlancosSeguidos = 0;  // typed one after the other in fields of names
   bool pbVoucher = false;
   std::vector<PagoTarjeta> poVoucher;
   double poVoucherTotal = 0;

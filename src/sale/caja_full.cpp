@@ -105,13 +105,15 @@ std::optional<Foco> ValidaVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVen
     p.mensajes.mostrar(QStringLiteral("Debe seleccionar Nota de Consumo a Liquidar"));
     return Foco{QStringLiteral("txtTXL(1)")};
   }
-  if (esNegativo(v.txtVueltoDolares) || (esNegativo(v.txtVueltoSoles) && !v.bLiquidando)) {
+  // The change in soles is computed: what puts it right is the cash.
+  const bool vueltoDolares = esNegativo(v.txtVueltoDolares), efectivoSoles = esNegativo(v.txtEfectivoSoles);
+  if (vueltoDolares || (esNegativo(v.txtVueltoSoles) && !v.bLiquidando)) {
     p.mensajes.mostrar(QStringLiteral("No se puede registrar la operacion si el vuelto es negativo"));
-    return Foco{QStringLiteral("txtEfectivoSoles")};
+    return Foco{vueltoDolares ? QStringLiteral("txtVueltoDolares") : QStringLiteral("txtEfectivoSoles")};
   }
-  if (esNegativo(v.txtEfectivoSoles) || (esNegativo(v.txtEfectivoDolares) && !v.bLiquidando)) {
+  if (efectivoSoles || (esNegativo(v.txtEfectivoDolares) && !v.bLiquidando)) {
     p.mensajes.mostrar(QStringLiteral("No se puede registrar la operacion si el efectivo es negativo"));
-    return Foco{QStringLiteral("txtEfectivoSoles")};
+    return Foco{efectivoSoles ? QStringLiteral("txtEfectivoSoles") : QStringLiteral("txtEfectivoDolares")};
   }
   // Whatever tab is in front: a kind that sells lines never goes out without an article.
   if (pantalla.llevaLineas) {

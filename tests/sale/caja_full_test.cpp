@@ -166,10 +166,10 @@ TEST_F(CajaFull, EveryCheckBeforeTheCommit) {
   using V = CajaRegistradoraFull;
   const struct { const char* porque; void (*falta)(V&); const char *caja, *foco; int fila; } kCasos[] = {
       {"fit to sell",     [](V&) {}, "", "", -1},
-      {"dollars back",    [](V& v) { v.txtVueltoDolares = q("-1"); }, "No se puede registrar la operacion si el vuelto es negativo", "txtEfectivoSoles", -1},
+      {"dollars back",    [](V& v) { v.txtVueltoDolares = q("-1"); }, "No se puede registrar la operacion si el vuelto es negativo", "txtVueltoDolares", -1},
       {"soles back",      [](V& v) { v.txtVueltoSoles = q("-1"); }, "No se puede registrar la operacion si el vuelto es negativo", "txtEfectivoSoles", -1},
       {"soles",           [](V& v) { v.txtEfectivoSoles = q("-1"); }, "No se puede registrar la operacion si el efectivo es negativo", "txtEfectivoSoles", -1},
-      {"dollars",         [](V& v) { v.txtEfectivoDolares = q("-1"); }, "No se puede registrar la operacion si el efectivo es negativo", "txtEfectivoSoles", -1},
+      {"dollars",         [](V& v) { v.txtEfectivoDolares = q("-1"); }, "No se puede registrar la operacion si el efectivo es negativo", "txtEfectivoDolares", -1},
       {"in the customer's favour", [](V& v) { v.bLiquidando = true; v.txtVueltoSoles = v.txtEfectivoDolares = q("-1"); }, "", "", -1},
       {"a row to fill",   [](V& v) { AgregarFila(v); }, "Debe registrar un artìculo.", "TDBGrid1", 1},
       {"the same behind another tab", [](V& v) { AgregarFila(v); v.pestana = 1; }, "Debe registrar un artìculo.", "TDBGrid1", 1},
