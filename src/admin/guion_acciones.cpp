@@ -2,8 +2,10 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QPainter>
 #include <QPixmap>
 #include <QThread>
 
@@ -241,7 +243,11 @@ std::deque<PasoGuion> AccionesGuion::captura(const Accion& a) {
     QWidget* pantalla = e_.pantallas.activa();
     if (!pantalla) throw ErrorGuion{QStringLiteral("no hay ninguna pantalla; falta «inicia»")};
     const QString archivo = e_.carpetaCapturas + u'/' + nombre + QStringLiteral(".png");
-    if (!QDir().mkpath(e_.carpetaCapturas) || !pantalla->grab().save(archivo, "PNG")) {
+    QPixmap foto = pantalla->grab();
+    if (QWidget* menu = QApplication::activePopupWidget()) {  // an open menu or list is a window of its own
+      QPainter(&foto).drawPixmap(pantalla->mapFromGlobal(menu->mapToGlobal(QPoint())), menu->grab());
+    }
+    if (!QDir().mkpath(e_.carpetaCapturas) || !foto.save(archivo, "PNG")) {
       throw ErrorGuion{QStringLiteral("no se pudo escribir %1").arg(archivo)};
     }
   });
