@@ -2,12 +2,12 @@
 
 -- Catalogue
 CREATE TABLE UnidadMedida (
-  cUndmedid TEXT PRIMARY KEY, vDscundmd TEXT, vDscCrta TEXT, dFechCrea DATETIME, dFechModi DATETIME
+  cUndmedid TEXT NOT NULL PRIMARY KEY, vDscundmd TEXT, vDscCrta TEXT, dFechCrea DATETIME, dFechModi DATETIME
 );
-CREATE TABLE Proveedor (cCodProve TEXT PRIMARY KEY, vRazSocPrv TEXT);
-CREATE TABLE LINEA (CCODLINEA TEXT PRIMARY KEY, vDscLinea TEXT);
+CREATE TABLE Proveedor (cCodProve TEXT NOT NULL PRIMARY KEY, vRazSocPrv TEXT);
+CREATE TABLE LINEA (CCODLINEA TEXT NOT NULL PRIMARY KEY, vDscLinea TEXT);
 CREATE TABLE Articulo (
-  cCodartic TEXT PRIMARY KEY,
+  cCodartic TEXT NOT NULL PRIMARY KEY,
   vDscartic TEXT,
   cCodCatal TEXT,
   vDscartCt TEXT,
@@ -29,8 +29,8 @@ CREATE TABLE Articulo (
 CREATE TABLE ArticuloPrecioVenta (
   cCodArtic TEXT NOT NULL, nNumItem INTEGER NOT NULL, nPrecioVtaNew REAL DEFAULT 0, PRIMARY KEY (cCodArtic, nNumItem)
 );
-CREATE TABLE Almacen (cCodAlmac TEXT PRIMARY KEY, vDscAlmac TEXT);
-CREATE TABLE parametro (cCodParam TEXT PRIMARY KEY, nmonto1 REAL, vtexto1 TEXT);
+CREATE TABLE Almacen (cCodAlmac TEXT NOT NULL PRIMARY KEY, vDscAlmac TEXT);
+CREATE TABLE parametro (cCodParam TEXT NOT NULL PRIMARY KEY, nmonto1 REAL, vtexto1 TEXT);
 
 -- Customers and cards, from where the desks pull them
 CREATE TABLE Cliente (
@@ -63,10 +63,10 @@ CREATE TABLE Tarjeta (
 CREATE TABLE local (idlocal INTEGER PRIMARY KEY, dsclocal TEXT, Activo INTEGER DEFAULT 0);
 
 -- Credit accounts
-CREATE TABLE TipoCredito (cCodTipoCredito TEXT PRIMARY KEY, vDscTipoCredito TEXT);
-CREATE TABLE tipoformapago (cCodTipoPago TEXT PRIMARY KEY, vDscTipoPago TEXT);
-CREATE TABLE banco (cCodBanco TEXT PRIMARY KEY, vDscBanco TEXT);
-CREATE TABLE tipo_tarjeta (cod_tar TEXT PRIMARY KEY, descrip TEXT);
+CREATE TABLE TipoCredito (cCodTipoCredito TEXT NOT NULL PRIMARY KEY, vDscTipoCredito TEXT);
+CREATE TABLE tipoformapago (cCodTipoPago TEXT NOT NULL PRIMARY KEY, vDscTipoPago TEXT);
+CREATE TABLE banco (cCodBanco TEXT NOT NULL PRIMARY KEY, vDscBanco TEXT);
+CREATE TABLE tipo_tarjeta (cod_tar TEXT NOT NULL PRIMARY KEY, descrip TEXT);
 CREATE TABLE Venta01 (
   cCodVta INTEGER PRIMARY KEY,
   TipoDoc TEXT,

@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QFileInfo>
+#include <QStringDecoder>
 #include <cmath>
 #include <istream>
 #include <ostream>
@@ -176,7 +177,13 @@ QByteArray ResponderSentencia(Conexion& cnn, const QString& sql, bool traducir) 
 void ConsolaSql(Conexion& cnn, std::istream& entrada, std::ostream& salida, bool traducir) {
   std::string linea;
   for (bool primera = true; std::getline(entrada, linea); primera = false) {
-    QString sql = QString::fromStdString(linea);
+    QStringDecoder lector(QStringDecoder::Utf8);
+    QString sql = lector(QByteArrayView(linea.data(), static_cast<qsizetype>(linea.size())));
+    if (lector.hasError()) {  // another encoding: its letters would be stored as marks of what they are not
+      salida << "{\"error\":{\"numero\":" << kErrorSentencia << ",\"nativo\":0,\"descripcion\":"
+             << enJson(QStringLiteral("La línea no es texto UTF-8.")).toUtf8().constData() << "}}" << std::endl;
+      continue;
+    }
     if (primera && sql.startsWith(QChar(0xFEFF))) sql.remove(0, 1);  // some editors put it in front
     sql = sql.trimmed();
     if (sql.isEmpty()) continue;

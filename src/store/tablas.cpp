@@ -95,7 +95,7 @@ CREATE INDEX OperacionParalelaProducto_codigo ON OperacionParalelaProducto (cOpe
 
 const char* const kMaestros = R"(
 CREATE TABLE Config_Documento (
-  cTipoDoc TEXT PRIMARY KEY,
+  cTipoDoc TEXT NOT NULL PRIMARY KEY,
   cOperCode INTEGER DEFAULT 0,
   nDocCodigo INTEGER DEFAULT 0,
   cSerieDoc TEXT,
@@ -156,10 +156,10 @@ CREATE TABLE ConfiguracionTeclado (
   cTeclFlagAsig TEXT DEFAULT '0',
   cProdCode INTEGER DEFAULT 0
 );
-CREATE TABLE Tipo_Cambio (dTipoCambFech DATETIME PRIMARY KEY, nTipoCambMont REAL DEFAULT 0);
+CREATE TABLE Tipo_Cambio (dTipoCambFech DATETIME NOT NULL PRIMARY KEY, nTipoCambMont REAL DEFAULT 0);
 CREATE TABLE Cabecera_Impresion (cCabeLinea INTEGER PRIMARY KEY, sCabeDescripcion TEXT);
 CREATE TABLE Usuario (
-  sUserDesc TEXT PRIMARY KEY,
+  sUserDesc TEXT NOT NULL PRIMARY KEY,
   sUserPass TEXT,
   cPerfCode INTEGER,
   sUserApel TEXT,
@@ -168,9 +168,9 @@ CREATE TABLE Usuario (
   cUserFlag INTEGER DEFAULT 0
 );
 CREATE TABLE Perfil (cPerfCode INTEGER PRIMARY KEY, sPerfDesc TEXT);
-CREATE TABLE UnidadMedida (cUndmedid TEXT PRIMARY KEY, vDscundmd TEXT, vDscCrta TEXT);
+CREATE TABLE UnidadMedida (cUndmedid TEXT NOT NULL PRIMARY KEY, vDscundmd TEXT, vDscCrta TEXT);
 CREATE TABLE Sincronizacion (dFechSincro DATETIME);
-CREATE TABLE tipo_tarjeta (cod_tar TEXT PRIMARY KEY, descrip TEXT);
+CREATE TABLE tipo_tarjeta (cod_tar TEXT NOT NULL PRIMARY KEY, descrip TEXT);
 CREATE TABLE CUADRE_CAJA (dCuadreFecha DATETIME, dCuadreID INTEGER, dCuadreLinea INTEGER, dCuadreDetalle TEXT);
 CREATE INDEX CUADRE_CAJA_id ON CUADRE_CAJA (dCuadreID);
 CREATE TABLE CabeceraZ (

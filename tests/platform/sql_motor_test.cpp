@@ -199,7 +199,7 @@ TEST(Motor, ARunawayQueryCanBeStopped) {
   OpcionesMotores opciones;
   bool parar = false;
   opciones.interrumpir = [&] { return parar; };
-  Banco b(true, kTabla, opciones);
+  Banco b(false, kTabla, opciones);
   parar = true;
   Recordset rs;
   const auto e = b.cnn.consultar(

@@ -19,12 +19,19 @@ bool comparaSinCaso(sqlite3* base, const QByteArray& tabla, const QByteArray& co
 }  // namespace
 
 Tipo tipoDeclarado(const QString& declaracion) {
+  static const struct { Tipo tipo; std::initializer_list<QStringView> palabras; } kTipos[] = {
+      {Tipo::Fecha, {u"DATE", u"TIME"}},
+      {Tipo::Entero, {u"INT", u"BIT", u"BOOL", u"LONG", u"SHORT", u"BYTE", u"COUNTER", u"YESNO"}},
+      {Tipo::Texto, {u"CHAR", u"TEXT", u"CLOB", u"MEMO"}},
+      {Tipo::Real, {u"REAL", u"FLOA", u"DOUB", u"SINGLE"}},
+      {Tipo::Numero, {u"NUMERIC", u"DECIMAL", u"MONEY", u"CURRENCY"}},
+  };
   const QString d = declaracion.toUpper();
-  if (d.contains(u"DATE") || d.contains(u"TIME")) return Tipo::Fecha;
-  if (d.contains(u"INT") || d.contains(u"BIT") || d.contains(u"BOOL")) return Tipo::Entero;
-  if (d.contains(u"CHAR") || d.contains(u"TEXT") || d.contains(u"CLOB")) return Tipo::Texto;
-  if (d.contains(u"REAL") || d.contains(u"FLOA") || d.contains(u"DOUB")) return Tipo::Real;
-  if (d.contains(u"NUMERIC") || d.contains(u"DECIMAL") || d.contains(u"MONEY")) return Tipo::Numero;
+  for (const auto& t : kTipos) {
+    for (const QStringView palabra : t.palabras) {
+      if (d.contains(palabra)) return t.tipo;
+    }
+  }
   return Tipo::Desconocido;
 }
 

@@ -54,8 +54,8 @@ const ReglaFuncion kReglas[] = {
     {u"ISNUMERIC", true,  true,  1, 1, u"tp_isnumeric",  R::Logico},
     {u"LAST",      true,  false, 1, 1, u"tp_ultimo",     R::DelPrimero},
     {u"LCASE",     true,  false, 1, 1, u"tp_minus",      R::Texto},
-    {u"LEFT",      true,  true,  2, 2, u"tp_izquierda",  R::Texto},
-    {u"LEN",       true,  true,  1, 1, u"tp_len",        R::Entero},
+    {u"LEFT",      true,  true,  2, 2, u"tp_izquierda",  R::Texto, kTexto0},
+    {u"LEN",       true,  true,  1, 1, u"tp_len",        R::Entero, kTexto0},
     {u"LOG",       true,  true,  1, 1, u"ln",            R::Real},
     {u"LOWER",     false, true,  1, 1, u"tp_minus",      R::Texto},
     {u"LTRIM",     true,  true,  1, 1, u"",              R::Texto, kTexto0},
@@ -70,7 +70,7 @@ const ReglaFuncion kReglas[] = {
     {u"REPLACE",   false, true,  3, 3, u"tp_replace",    R::Texto},
     {u"REPLICATE", false, true,  2, 2, u"tp_replicate",  R::Texto},
     {u"REVERSE",   false, true,  1, 1, u"tp_reverso",    R::Texto},
-    {u"RIGHT",     true,  true,  2, 2, u"tp_derecha",    R::Texto},
+    {u"RIGHT",     true,  true,  2, 2, u"tp_derecha",    R::Texto, kTexto0},
     {u"ROUND",     true,  true,  1, 2, u"tp_round",      R::Real},
     {u"RTRIM",     true,  true,  1, 1, u"",              R::Texto, kTexto0},
     {u"SECOND",    true,  false, 1, 1, u"tp_second",     R::Entero},
@@ -145,6 +145,20 @@ Nodo Reescritor::llamada(int ini) {
   const bool mascara = regla->nuevo == u"tp_format" && args.size() == 1;
   if ((regla->forma == kTexto0 || mascara) && !args.empty()) comoTexto(args[0]);
   if (!regla->nuevo.isEmpty()) e_.reemplazar(nombre, regla->nuevo.toString());
+  if (regla->resultado == R::Comun) {
+    igualarRamas(args);
+  } else if (regla->resultado == R::DelSegundo) {
+    std::vector<Nodo> ramasDeSi(args.begin() + 1, args.end());
+    igualarRamas(ramasDeSi);
+    std::copy(ramasDeSi.begin(), ramasDeSi.end(), args.begin() + 1);
+  } else if ((regla->resultado == R::Real || regla->nuevo == u"tp_aentero") && regla->minimo == 1 && !args.empty()) {
+    fechaComoNumero(args[0]);  // CDBL, CLNG ...
+  }
+  // The first one's type is the result's.
+  if (!jet_ && tk(nombre).es(u"ISNULL") && args[0].tipo == Tipo::Texto && esNumerico(args[1].tipo)) {
+    comoTexto(args[1]);
+    args[1].tipo = Tipo::Texto;
+  }
   Tipo todos = Tipo::Nulo;
   Tipo ramas = Tipo::Nulo;
   for (size_t i = 0; i < args.size(); ++i) {
@@ -222,6 +236,7 @@ Reescritor::TipoSql Reescritor::tipoSql() {
     t.fin = p_;
     return t;
   }
+  t.soloDia = tk(p_).es(u"DATE");
   t.tipo = tipoDeclarado(contenido(tk(p_++)));
   const bool conLargo = tk(p_).op(u"(") && (tk(p_ + 1).tipo == TipoToken::Numero || tk(p_ + 1).es(u"MAX"));
   const bool conDecimales = conLargo && tk(p_ + 2).op(u",") && tk(p_ + 3).tipo == TipoToken::Numero;
@@ -237,7 +252,7 @@ Reescritor::TipoSql Reescritor::tipoSql() {
 
 QString Reescritor::funcionDeTipo(const TipoSql& tipo) const {
   switch (tipo.tipo) {
-    case Tipo::Fecha: return QStringLiteral("tp_afecha");
+    case Tipo::Fecha: return tipo.soloDia ? QStringLiteral("tp_datevalue(tp_afecha") : QStringLiteral("tp_afecha");
     case Tipo::Entero: return tk(tipo.ini).es(u"BIT") ? QStringLiteral("tp_bool") : QStringLiteral("tp_convint");
     case Tipo::Texto: return QStringLiteral("tp_convtexto");
     case Tipo::Real: return QStringLiteral("tp_cdbl");
@@ -266,7 +281,8 @@ Nodo Reescritor::convertir(int ini) {
     e_.borrar(p_);
   }
   ++p_;
-  const Nodo valor = expresion();
+  Nodo valor = expresion();
+  if (esNumerico(tipo.tipo)) fechaComoNumero(valor);
   const bool estilo = comeOp(u",");
   // Styles speak of dates: a number has none here, and a text stays as it is on its way to a text.
   const bool conEstilo = tipo.tipo == Tipo::Fecha || (tipo.tipo == Tipo::Texto && valor.tipo != Tipo::Texto);
@@ -282,13 +298,14 @@ Nodo Reescritor::convertir(int ini) {
   }
   e_.reemplazar(ini, funcion);
   if (!comeOp(u")")) hastaCerrar();
+  if (tipo.soloDia) e_.despues(p_ - 1, QStringLiteral(")"));
   return {ini, p_, tipo.tipo, true};
 }
 
 // CAST(value AS type)
 Nodo Reescritor::moldear(int ini) {
   p_ = ini + 2;
-  expresion();
+  Nodo valor = expresion();
   const int como = p_;
   if (!come(u"AS")) {
     hastaCerrar();
@@ -296,7 +313,9 @@ Nodo Reescritor::moldear(int ini) {
   }
   const TipoSql tipo = tipoSql();
   const QString funcion = funcionDeTipo(tipo);
+  if (esNumerico(tipo.tipo)) fechaComoNumero(valor);
   if (!funcion.isEmpty() && tk(p_).op(u")")) {
+    if (tipo.soloDia) e_.despues(p_, QStringLiteral(")"));
     for (int i = como; i < tipo.fin; ++i) e_.borrar(i);
     e_.reemplazar(ini, funcion);
     if (tipo.tipo == Tipo::Texto) e_.despues(ini + 1, QString::number(tipo.largo.isEmpty() ? 30 : tipo.largo.toInt()) + u',');

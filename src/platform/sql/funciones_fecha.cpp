@@ -142,8 +142,37 @@ const char16_t* mascaraDeEstilo(int estilo) {
     case 111: return u"yyyy/mm/dd";
     case 112: return u"yyyymmdd";
     case 120: case 121: return u"yyyy-mm-dd hh:nn:ss";
+    case 2: return u"yy.mm.dd";
+    case 4: return u"dd.mm.yy";
+    case 5: return u"dd-mm-yy";
+    case 8: return u"hh:nn:ss";
+    case 11: return u"yy/mm/dd";
+    case 12: return u"yymmdd";
+    case 14: case 114: return u"hh:nn:ss:000";
+    case 20: return u"yyyy-mm-dd hh:nn:ss";
     case 126: return u"yyyy-mm-ddThh:nn:ss";
     default: return nullptr;
+  }
+}
+
+// Styles with the name of the month, in the servers' language; nothing for a style that there isn't.
+QString conMesEnLetras(const QDateTime& f, int estilo) {
+  static const char* const kMeses[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+  const QString mes = QString::fromLatin1(kMeses[f.date().month() - 1]), dia = FormatearFecha(f, u"dd");
+  const QString anio = FormatearFecha(f, u"yyyy");
+  const int hora = f.time().hour() % 12 == 0 ? 12 : f.time().hour() % 12;
+  const QString media = QStringLiteral("%1%2").arg(hora, 2).arg(FormatearFecha(f, u":nn"));
+  const QString letras = f.time().hour() < 12 ? QStringLiteral("AM") : QStringLiteral("PM");
+  const QString fecha = mes + QStringLiteral(" %1 ").arg(f.date().day(), 2) + anio + u' ';
+  switch (estilo) {
+    case 0: case 100: return fecha + media + letras;
+    case 9: case 109: return fecha + media + FormatearFecha(f, u":ss:000") + letras;
+    case 6: return dia + u' ' + mes + u' ' + anio.right(2);
+    case 106: return dia + u' ' + mes + u' ' + anio;
+    case 7: return mes + u' ' + dia + QStringLiteral(", ") + anio.right(2);
+    case 107: return mes + u' ' + dia + QStringLiteral(", ") + anio;
+    case 13: case 113: return dia + u' ' + mes + u' ' + anio + FormatearFecha(f, u" hh:nn:ss:000");
+    default: return {};
   }
 }
 
@@ -151,8 +180,12 @@ const char16_t* mascaraDeEstilo(int estilo) {
 void fConvtexto(sqlite3_context* c, int n, sqlite3_value** v) {
   if (hayNulo(n, v)) return;
   QString t = textoDe(v[1]);
-  if (const char16_t* mascara = mascaraDeEstilo(n > 2 ? sqlite3_value_int(v[2]) : 0)) {
-    if (const auto f = instanteDe(c, v[1]); f && sqlite3_value_type(v[1]) == SQLITE_TEXT) t = FormatearFecha(*f, mascara);
+  const int estilo = n > 2 ? sqlite3_value_int(v[2]) : 0;
+  const bool conEstilo = n > 2 && sqlite3_value_type(v[1]) == SQLITE_TEXT;
+  if (const auto f = conEstilo ? instanteDe(c, v[1]) : std::nullopt) {
+    const char16_t* mascara = mascaraDeEstilo(estilo);
+    t = mascara ? FormatearFecha(*f, mascara) : conMesEnLetras(*f, estilo);
+    if (t.isEmpty()) return darError(c, QStringLiteral("%1 no es un estilo de fecha.").arg(estilo));
   }
   darTexto(c, t.left(sqlite3_value_int(v[0])));
 }

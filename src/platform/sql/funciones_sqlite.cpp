@@ -78,6 +78,12 @@ void fNum(sqlite3_context* c, int, sqlite3_value** v) {
   else sqlite3_result_value(c, v[0]);
 }
 
+// On its way into a column of numbers.
+void fValor(sqlite3_context* c, int n, sqlite3_value** v) {
+  QVariant x;
+  if (!hayNulo(n, v) && estricto(c, v[0], x)) darNumero(c, x);
+}
+
 void fCdbl(sqlite3_context* c, int n, sqlite3_value** v) {
   QVariant x;
   if (!hayNulo(n, v) && estricto(c, v[0], x)) sqlite3_result_double(c, x.toDouble());
@@ -384,6 +390,7 @@ void fFormat(sqlite3_context* c, int n, sqlite3_value** v) {
 
 const EntradaFuncion kFunciones[] = {
     {"tp_texto", 1, fTexto},       {"tp_une", 2, fUne},           {"tp_num", 1, fNum},
+    {"tp_valor", 1, fValor},
     {"tp_cdbl", 1, fCdbl},         {"tp_aentero", 1, fAEntero},   {"tp_convint", 1, fConvInt},
     {"tp_decimal", 2, fDecimal},   {"tp_round", -1, fRound},      {"tp_int", 1, fInt},
     {"tp_fix", 1, fFix},           {"tp_dividir", 2, fDividir},   {"tp_val", 1, fVal},

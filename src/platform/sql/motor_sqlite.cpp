@@ -8,6 +8,7 @@
 
 namespace {
 
+constexpr size_t kCeldasMaximas = 20'000'000;  // some 800 MB
 constexpr int kEsperaBloqueo_ms = 5000;  // a backup or the support console may hold the file for a moment
 
 // A stored date, and nothing else: "YYYY-MM-DD hh:mm:ss".
@@ -374,6 +375,10 @@ std::optional<ErrorBD> MotorSqlite::recorrer(Preparada& p, Recordset* rs, qint64
   int rc = SQLITE_ROW;
   while ((rc = sqlite3_step(p.sentencia)) == SQLITE_ROW) {
     if (!rs) continue;
+    if (filas.size() * static_cast<size_t>(columnas) > kCeldasMaximas) {  // a join that was forgotten
+      sqlite3_reset(p.sentencia);
+      return errorPropio(kErrorSentencia, QStringLiteral("La consulta da demasiadas filas."));
+    }
     std::vector<QVariant> fila;
     fila.reserve(columnas);
     for (int i = 0; i < columnas; ++i) fila.push_back(celda(p.sentencia, i, p.fechas[i]));
@@ -385,7 +390,8 @@ std::optional<ErrorBD> MotorSqlite::recorrer(Preparada& p, Recordset* rs, qint64
   sqlite3_reset(p.sentencia);
   if (error) return error;
   if (rs) rs->llenar(p.campos, std::move(filas));
-  if (afectadas) *afectadas = escribe && columnas == 0 ? sqlite3_changes64(base_) : 0;
+  const bool filasCambiadas = escribe && columnas == 0 && !(p.forma && p.forma->cambiaEsquema);
+  if (afectadas) *afectadas = filasCambiadas ? sqlite3_changes64(base_) : 0;
   return {};
 }
 

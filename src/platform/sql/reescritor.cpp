@@ -16,6 +16,13 @@ Reescritura Reescritor::correr() {
     return r;
   }
   if (jet_) separarSignos();
+  if (es(u"WITH")) {
+    if (jet_) {
+      r.error = ErrorBD{kErrorSentencia, 0, QStringLiteral("La sentencia no puede empezar con WITH.")};
+      return r;
+    }
+    comunes();
+  }
   if (es(u"SELECT") || tk(0).op(u"(")) {
     r.salida = seleccion();
   } else if (es(u"INSERT")) {
@@ -33,8 +40,34 @@ Reescritura Reescritor::correr() {
     r.error = ErrorBD{kErrorSentencia, 0, QStringLiteral("La sentencia es demasiado compleja.")};
     return r;
   }
+  if (tablaNueva_.startsWith(u'#')) {
+    r.error = ErrorBD{kErrorSentencia, 0, QStringLiteral("No hay tablas temporales: '%1'.").arg(tablaNueva_)};
+  }
   r.tablaNueva = tablaNueva_;
   return r;
+}
+
+// WITH name [(columns)] AS (SELECT ...), ...: tables that the statement behind them names.
+void Reescritor::comunes() {
+  ++p_;
+  do {
+    const QString nombre = contenido(tk(p_)).toLower();
+    ++p_;
+    std::vector<Columna> columnas;
+    if (comeOp(u"(")) {
+      for (; !fin() && !comeOp(u")"); comeOp(u",")) columnas.push_back({contenido(tk(p_++))});
+    }
+    come(u"AS");
+    if (!comeOp(u"(")) return;
+    comunes_[nombre] = columnas;  // one that names itself knows no types
+    std::vector<Columna> de = seleccion();
+    for (size_t i = 0; i < de.size(); ++i) {
+      de[i].real = false;
+      if (i < columnas.size()) de[i].nombre = columnas[i].nombre;
+    }
+    comunes_[nombre] = de;
+    if (!comeOp(u")")) hastaCerrar();
+  } while (comeOp(u","));
 }
 
 // Nothing is ever bound to a statement's own parameters, which the engine would take for Null.

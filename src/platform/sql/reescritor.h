@@ -42,6 +42,7 @@ class Reescritor {
   // Sentences (reescritor.cpp)
   bool pideParametros() const;
   void separarSignos();
+  void comunes();
   std::vector<Columna> seleccion(const std::vector<Columna>* destino = nullptr);
   std::vector<Columna> nucleo(const std::vector<Columna>* destino);
   void nucleoCompleto(int lista, int desde, std::vector<Columna>& salida, const std::vector<Columna>* destino);
@@ -84,6 +85,7 @@ class Reescritor {
   Nodo binario(Nodo izq, int op, int precedencia);
   Nodo predicado(Nodo izq, int op);
   Nodo enLista(Nodo izq, int op);
+  bool alinear(Nodo& sujeto, std::vector<Nodo>& valores);
   int precedencia(int i, bool& predicado) const;
   void hastaCerrar(int abiertos = 1);
   bool finDeExpresion(int i) const;
@@ -97,6 +99,7 @@ class Reescritor {
   struct TipoSql {
     Tipo tipo = Tipo::Desconocido;
     QString largo, decimales;
+    bool soloDia = false;  // DATE
     int ini = 0, fin = 0;
   };
   TipoSql tipoSql();
@@ -105,10 +108,12 @@ class Reescritor {
   // Types (reescritor_tipos.cpp)
   Tipo comun(Tipo a, Tipo b) const;
   void comparar(Nodo& a, Nodo& b);
+  void igualarRamas(std::vector<Nodo>& ramas);
   void comoNumero(Nodo& n);
   void divisor(const Nodo& n);
   void compararTextos(Nodo& a, Nodo& b);
-  void unaFechaUnTexto(Nodo& otro);
+  void haciaFecha(Nodo& otro);
+  void fechaComoNumero(Nodo& n);
   void unNumeroUnTexto(Nodo& texto);
   Nodo sumar(Nodo a, int op, Nodo b);
   void comoTexto(const Nodo& n);
@@ -137,5 +142,6 @@ class Reescritor {
   bool ligable_ = false;
   bool distinto_ = false;   // the list at hand is of a SELECT DISTINCT
   QString tablaNueva_;      // of SELECT ... INTO
+  std::map<QString, std::vector<Columna>> comunes_;  // named by WITH, in lower case
   std::vector<Ambito> ambitos_;
 };

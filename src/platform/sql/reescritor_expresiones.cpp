@@ -118,6 +118,8 @@ Nodo Reescritor::binario(Nodo izq, int op, int prec) {
     case kPotencia:
       comoNumero(izq);
       comoNumero(der);
+      fechaComoNumero(izq);
+      fechaComoNumero(der);
       e_.envolver(n.ini, n.fin, prec == kModulo   ? QStringLiteral("tp_resto(")
                                 : prec == kPotencia ? QStringLiteral("tp_potencia(")
                                                     : QStringLiteral("tp_dividir("));
@@ -130,6 +132,8 @@ Nodo Reescritor::binario(Nodo izq, int op, int prec) {
   }
   comoNumero(izq);
   comoNumero(der);
+  fechaComoNumero(izq);
+  fechaComoNumero(der);
   if (!tk(op).op(u"*")) divisor(der);
   if (tk(op).op(u"/") && jet_) {
     if (izq.tipo != Tipo::Real && der.tipo != Tipo::Real) e_.reemplazar(op, QStringLiteral("*1.0/"));
@@ -162,6 +166,7 @@ Nodo Reescritor::predicado(Nodo izq, int op) {
     const int signo = p_ - 1;
     const Nodo patron = expresion(kUnir);
     if (patron.vacio()) return {izq.ini, p_, Tipo::Logico};
+    if (izq.tipo == Tipo::Fecha) comoTexto(izq);
     if (es(u"ESCAPE")) {
       e_.reemplazar(p_, QStringLiteral(","));
       ++p_;
@@ -177,6 +182,21 @@ Nodo Reescritor::predicado(Nodo izq, int op) {
   return n;
 }
 
+// Brings a subject and the values that it is held against to one type. Tells whether all of them are plain texts.
+bool Reescritor::alinear(Nodo& sujeto, std::vector<Nodo>& valores) {
+  bool ascii = true, numeros = esNumerico(sujeto.tipo);
+  for (const Nodo& v : valores) {
+    ascii = ascii && asciiLiteral(v);
+    numeros = numeros || esNumerico(v.tipo);
+  }
+  for (Nodo& v : valores) {
+    if (sujeto.tipo == Tipo::Fecha && (v.tipo == Tipo::Texto || esNumerico(v.tipo))) haciaFecha(v);
+    else if (numeros && v.tipo == Tipo::Texto) unNumeroUnTexto(v);
+  }
+  if (numeros && sujeto.tipo == Tipo::Texto) unNumeroUnTexto(sujeto);
+  return ascii;
+}
+
 Nodo Reescritor::enLista(Nodo izq, int op) {
   Nodo n{izq.ini, p_, Tipo::Logico};
   if (!comeOp(u"(")) return n;
@@ -185,19 +205,16 @@ Nodo Reescritor::enLista(Nodo izq, int op) {
     const Tipo otro = de.empty() ? Tipo::Desconocido : de[0].tipo;
     const bool textos = izq.tipo == Tipo::Texto && otro == Tipo::Texto;
     if (textos && !izq.sinCaso) e_.despues(op - 1, QStringLiteral(" COLLATE TARVO"));
+    if (izq.tipo == Tipo::Texto && esNumerico(otro)) unNumeroUnTexto(izq);
   } else {
-    bool soloAscii = true;
+    std::vector<Nodo> valores;
     while (!fin() && !tk(p_).op(u")")) {
-      Nodo v = expresion();
-      if (v.vacio()) {
-        ++p_;
-        continue;
-      }
-      soloAscii = soloAscii && asciiLiteral(v);
-      if (izq.tipo == Tipo::Fecha && v.tipo == Tipo::Texto) unaFechaUnTexto(v);
-      if (esNumerico(izq.tipo) && v.tipo == Tipo::Texto) unNumeroUnTexto(v);
+      const Nodo v = expresion();
+      if (v.vacio()) ++p_;
+      else valores.push_back(v);
       comeOp(u",");
     }
+    const bool soloAscii = alinear(izq, valores);
     if (izq.tipo == Tipo::Texto && !(izq.sinCaso && soloAscii)) {
       e_.despues(op - 1, izq.columna && soloAscii ? QStringLiteral(" COLLATE NOCASE")
                                                   : QStringLiteral(" COLLATE TARVO"));
@@ -317,19 +334,17 @@ Nodo Reescritor::caso() {
   const int ini = p_++;
   Nodo sujeto{p_, p_};
   if (!es(u"WHEN")) sujeto = expresion();
-  Tipo tipo = Tipo::Nulo;
-  bool ascii = true;
+  std::vector<Nodo> casos, ramas;
   while (come(u"WHEN") && !fin()) {
-    Nodo cuando = expresion();
-    if (!sujeto.vacio()) {
-      ascii = ascii && asciiLiteral(cuando);
-      if (sujeto.tipo == Tipo::Fecha && cuando.tipo == Tipo::Texto) unaFechaUnTexto(cuando);
-      if (esNumerico(sujeto.tipo) && cuando.tipo == Tipo::Texto) unNumeroUnTexto(cuando);
-    }
-    if (come(u"THEN")) tipo = comun(tipo, expresion().tipo);
+    casos.push_back(expresion());
+    if (come(u"THEN")) ramas.push_back(expresion());
   }
-  if (come(u"ELSE")) tipo = comun(tipo, expresion().tipo);
+  if (come(u"ELSE")) ramas.push_back(expresion());
   come(u"END");
+  igualarRamas(ramas);
+  Tipo tipo = Tipo::Nulo;
+  for (const Nodo& r : ramas) tipo = comun(tipo, r.tipo);
+  const bool ascii = sujeto.vacio() || alinear(sujeto, casos);
   if (sujeto.tipo == Tipo::Texto && !(sujeto.sinCaso && ascii)) colacion(sujeto, true);
   return {ini, p_, tipo, true};
 }

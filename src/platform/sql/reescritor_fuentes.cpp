@@ -4,7 +4,8 @@ void Reescritor::agregarFuente(const QString& tabla, const QString& alias) {
   Fuente f;
   f.tabla = tabla;
   f.alias = alias.isEmpty() ? tabla : alias;
-  if (const Tabla* t = c_.tabla(tabla)) f.columnas = t->columnas;
+  if (const auto comun = comunes_.find(tabla.toLower()); comun != comunes_.end()) f.columnas = comun->second;
+  else if (const Tabla* t = c_.tabla(tabla)) f.columnas = t->columnas;
   ambitos_.back().fuentes.push_back(std::move(f));
 }
 

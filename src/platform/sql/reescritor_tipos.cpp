@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "platform/sql/reescritor.h"
 
 const Columna* Reescritor::columna(const QString& alias, const QString& nombre) const {
@@ -40,10 +42,30 @@ void Reescritor::comoNumero(Nodo& n) {
   n.primario = false;
 }
 
-// The engine gives Null for a division by zero, the dialects an error. A number that stands there says what it is.
+// The engine gives Null for a division by zero, the dialects an error. A number that stands there says what it is; it stays
+// in the statement, since one of the same shape may have a zero.
 void Reescritor::divisor(const Nodo& n) {
+  if (n.literal >= 0) e_.literal(n.literal)->ligado = false;
   if (n.literal >= 0 && leerNumero(contenido(tk(n.literal))).toDouble() != 0) return;
   e_.envolver(n.ini, n.fin, QStringLiteral("tp_divisor("));
+}
+
+// Beside a number a date is its day, counted from the dialect's day 0, and the time of the day as a fraction.
+void Reescritor::fechaComoNumero(Nodo& n) {
+  if (n.tipo != Tipo::Fecha) return;
+  e_.envolver(n.ini, n.fin, QStringLiteral("tp_dias("),
+              jet_ ? QStringLiteral(",'1899-12-30 00:00:00')") : QStringLiteral(",'1900-01-01 00:00:00')"));
+  n.tipo = Tipo::Real;
+  n.primario = true;
+  n.columna = false;
+}
+
+// Of several values one is given: in T-SQL a date among them makes dates of the texts. In Jet each stays what it is.
+void Reescritor::igualarRamas(std::vector<Nodo>& ramas) {
+  if (jet_ || std::none_of(ramas.begin(), ramas.end(), [](const Nodo& n) { return n.tipo == Tipo::Fecha; })) return;
+  for (Nodo& n : ramas) {
+    if (n.tipo == Tipo::Texto) haciaFecha(n);
+  }
 }
 
 void Reescritor::comparar(Nodo& a, Nodo& b) {
@@ -51,8 +73,9 @@ void Reescritor::comparar(Nodo& a, Nodo& b) {
     comoNumero(a);
     comoNumero(b);
   }
-  if (a.tipo == Tipo::Fecha && b.tipo == Tipo::Texto) return unaFechaUnTexto(b);
-  if (b.tipo == Tipo::Fecha && a.tipo == Tipo::Texto) return unaFechaUnTexto(a);
+  const auto comoFecha = [](const Nodo& n) { return n.tipo == Tipo::Texto || esNumerico(n.tipo); };
+  if (a.tipo == Tipo::Fecha && comoFecha(b)) return haciaFecha(b);
+  if (b.tipo == Tipo::Fecha && comoFecha(a)) return haciaFecha(a);
   if (esNumerico(a.tipo) && b.tipo == Tipo::Texto) return unNumeroUnTexto(b);
   if (esNumerico(b.tipo) && a.tipo == Tipo::Texto) return unNumeroUnTexto(a);
   const bool puedeTexto = [](Tipo t) { return t == Tipo::Texto || t == Tipo::Desconocido; }(a.tipo) &&
@@ -70,8 +93,9 @@ void Reescritor::compararTextos(Nodo& a, Nodo& b) {
   colacion(b, false);
 }
 
-void Reescritor::unaFechaUnTexto(Nodo& otro) {
-  if (otro.literal >= 0) e_.literal(otro.literal)->lectura = Lectura::FechaDiaMes;
+// A text or a number beside a date.
+void Reescritor::haciaFecha(Nodo& otro) {
+  if (otro.literal >= 0 && otro.tipo == Tipo::Texto) e_.literal(otro.literal)->lectura = Lectura::FechaDiaMes;
   else e_.envolver(otro.ini, otro.fin, QStringLiteral("tp_cdate("));
   otro.tipo = Tipo::Fecha;
 }
@@ -122,13 +146,21 @@ Nodo Reescritor::sumar(Nodo a, int op, Nodo b) {
   return n;
 }
 
-// A value on its way into a column.
+// A value on its way into a column. A whole-number column takes none but whole numbers: Jet rounds, T-SQL cuts.
 void Reescritor::asignar(const Columna& destino, Nodo& n) {
   comoNumero(n);
-  if (destino.tipo == Tipo::Fecha && (n.tipo == Tipo::Texto || n.tipo == Tipo::Desconocido)) {
-    unaFechaUnTexto(n);
+  if (n.tipo == Tipo::Nulo || n.tipo == destino.tipo) return;
+  if (esNumerico(destino.tipo)) fechaComoNumero(n);
+  const bool textoLibre = n.literal < 0 && (n.tipo == Tipo::Texto || n.tipo == Tipo::Desconocido);
+  if (destino.tipo == Tipo::Fecha) {
+    haciaFecha(n);
+  } else if (destino.tipo == Tipo::Entero) {
+    if (n.tipo == Tipo::Texto && n.literal >= 0) unNumeroUnTexto(n);
+    e_.envolver(n.ini, n.fin, jet_ ? QStringLiteral("tp_aentero(") : QStringLiteral("tp_convint("));
   } else if (esNumerico(destino.tipo) && n.tipo == Tipo::Texto && n.literal >= 0) {
     unNumeroUnTexto(n);
+  } else if (esNumerico(destino.tipo) && textoLibre) {
+    e_.envolver(n.ini, n.fin, QStringLiteral("tp_valor("));
   } else if (destino.tipo == Tipo::Texto && (n.tipo == Tipo::Real || n.tipo == Tipo::Numero || n.tipo == Tipo::Fecha)) {
     comoTexto(n);
   }

@@ -859,3 +859,35 @@ SELECT Format(#11/24/2026#,'dddd d mmmm yyyy')
   martes 24 noviembre 2026
 SELECT Format(-5,'0.00;(0.00)'), Format(5,'0.00;(0.00)')
   (5.00)|5.00
+# Divisors of one shape, numbers beside codes, dates beside numbers and as texts.
+CREATE TABLE d1 (id LONG, cod TEXT, nom TEXT, tot DOUBLE, f DATETIME, n LONG)
+INSERT INTO d1 VALUES (1,'000007','ÁLVAREZ',118,'24/11/2026',35)
+UPDATE d1 SET tot=tot/2
+UPDATE d1 SET tot=tot/0
+  error
+SELECT tot FROM d1
+  59
+SELECT COUNT(*) FROM d1 WHERE cod IN (7,8) AND cod NOT IN (1,2)
+  1
+SELECT COUNT(*) FROM d1 WHERE f > 46350
+  0
+SELECT COUNT(*) FROM d1 WHERE f > 46348 OR f = 46350
+  1
+SELECT f*1, CLNG(f), CDBL(f) FROM d1
+  46350|46350|46350
+UPDATE d1 SET f=46351, n=n/2
+SELECT f, n FROM d1
+  <2026-11-25 00:00:00>|18
+UPDATE d1 SET n=nom
+  error
+UPDATE d1 SET tot=nom
+  error
+UPDATE d1 SET n='2.5', tot=cod
+SELECT n, tot FROM d1
+  3|7
+SELECT COUNT(*) FROM d1 WHERE f LIKE '25/11*' AND LEFT(f,2)='25' AND RIGHT(f,4)='2026' AND LEN(f)=10
+  1
+SELECT IIF(id=1,'sin',f) FROM d1
+  sin
+WITH x AS (SELECT 1) SELECT * FROM x
+  error

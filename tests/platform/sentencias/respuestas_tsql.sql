@@ -295,3 +295,65 @@ SELECT CONVERT(varchar(19),CONVERT(datetime,'20261124 10:11:12'),126)
   2026-11-24T10:11:12
 BEGIN TRAN
 ROLLBACK TRAN
+# Divisors of one shape, numbers beside codes, days, dates among other values, named queries.
+CREATE TABLE d1 (id int, cod varchar(6), nom varchar(20), tot decimal(10,2), f datetime, g datetime, n int)
+INSERT INTO d1 VALUES (1,'000007','ÁLVAREZ',118,'24/11/2026 10:00:00',NULL,35)
+SELECT COUNT(*) FROM d1 WHERE tot/2 > 1
+  1
+SELECT COUNT(*) FROM d1 WHERE tot/0 > 1
+  error
+SELECT COUNT(*) FROM d1 WHERE id%2 = 1
+  1
+SELECT COUNT(*) FROM d1 WHERE id%0 = 1
+  error
+SELECT COUNT(*) FROM d1 WHERE cod IN (7,8)
+  1
+SELECT COUNT(*) FROM d1 WHERE cod NOT IN (7,'8')
+  0
+SELECT COUNT(*) FROM d1 WHERE cod IN (SELECT id+6 FROM d1)
+  1
+SELECT CASE cod WHEN 7 THEN 'siete' ELSE 'otro' END FROM d1
+  siete
+SELECT COUNT(*) FROM d1 WHERE CONVERT(date,f)='20261124' AND CAST(f AS date)='24/11/2026'
+  1
+SELECT COUNT(*) FROM d1 WHERE f > 46000 AND f < 46400 AND f IN (46348.416666666664,0)
+  1
+SELECT CONVERT(datetime,FLOOR(CONVERT(float,f))) FROM d1
+  <2026-11-24 00:00:00>
+UPDATE d1 SET g=0
+SELECT g FROM d1
+  <1900-01-01 00:00:00>
+UPDATE d1 SET n=n*0.5, g=NULL
+SELECT n FROM d1
+  17
+UPDATE d1 SET n=nom
+  error
+INSERT INTO d1 (id,tot) SELECT id, nom FROM d1
+  error
+INSERT INTO d1 (id,n) SELECT id+1, cod FROM d1
+SELECT n FROM d1 WHERE id=2
+  7
+SELECT COUNT(*) FROM d1 WHERE ISNULL(g,'01/12/2030') > f
+  1
+SELECT COUNT(*) FROM d1 WHERE CASE WHEN g IS NULL THEN '01/12/2030' ELSE g END > GETDATE()
+  2
+SELECT MAX(ISNULL(g,'05/11/2026')), MAX(COALESCE(g,'06/12/2026')) FROM d1
+  <2026-11-05 00:00:00>|<2026-12-06 00:00:00>
+SELECT ISNULL(cod,0)+'x' FROM d1 ORDER BY id
+  000007x/0x
+WITH x AS (SELECT id, nom AS quien, f FROM d1 WHERE nom='álvarez') SELECT COUNT(*) FROM x WHERE quien='ÁLVAREZ' AND f>='24/11/2026'
+  1
+WITH x (a, b) AS (SELECT id, cod FROM d1), y AS (SELECT a FROM x WHERE b=7) SELECT TOP 1 ISNULL(a,0) FROM y
+  1
+WITH x AS (SELECT 5/0 AS a) SELECT * FROM x
+  error
+WITH n (i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<4) SELECT MAX(i) FROM n
+  4
+SELECT * INTO #t FROM d1
+  error
+SELECT CONVERT(varchar,f,8)+'|'+CONVERT(varchar,f,5)+'|'+CONVERT(varchar,f,12)+'|'+CONVERT(varchar,f,4) FROM d1 WHERE id=1
+  10:00:00|24-11-26|261124|24.11.26
+SELECT CONVERT(varchar,f,106)+'|'+CONVERT(varchar,f,107)+'|'+CONVERT(varchar,f,100)+'|'+CONVERT(varchar,f,6) FROM d1 WHERE id=1
+  24 Nov 2026|Nov 24, 2026|Nov 24 2026 10:00AM|24 Nov 26
+SELECT CONVERT(varchar,f,77) FROM d1 WHERE id=1
+  error
