@@ -55,8 +55,10 @@ frmMantenimientoLista::frmMantenimientoLista(Puesto& p, const AspectoLista& aspe
   cuerpo()->addWidget(cuenta_);
 
   indicio(QStringLiteral("Enter editar  ·  Esc salir"));
-  connect(buscar_, &QLineEdit::textEdited, this, [this](const QString& texto) {
-    if (!Recortar(texto).isEmpty() && !buscar(texto)) tema::aplicarRol(buscar_, "estado", QStringLiteral("mal"));
+  // Behind the field's own listener, which takes the mark away with each change.
+  connect(buscar_, &QLineEdit::textChanged, this, [this](const QString& texto) {
+    hallado_ = Recortar(texto).isEmpty() || buscar(texto);
+    if (!hallado_) tema::aplicarRol(buscar_, "estado", QStringLiteral("mal"));
   });
   connect(lista_, &Lista::elegida, this, [this] { abrir(ModoDetalle::Editar); });
   connect(lista_, &Lista::cambioActual, this, &frmMantenimientoLista::actualizar);
@@ -136,7 +138,7 @@ QString frmMantenimientoLista::textoBuscado() const { return Recortar(buscar_->t
 
 bool frmMantenimientoLista::alEntrar(QWidget* campo) {
   if (campo != buscar_) return false;
-  abrir(ModoDetalle::Editar);
+  if (hallado_) abrir(ModoDetalle::Editar);
   return true;
 }
 

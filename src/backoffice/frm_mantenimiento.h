@@ -67,6 +67,7 @@ class frmMantenimientoLista : public Forma {
   Lista* lista_;
   QString sinFilas_;
   Campo* buscar_;
+  bool hallado_ = true;  // what stands there is in the list
   QLabel* cuenta_;
   QVBoxLayout* botones_;
   std::vector<QPushButton*> conFila_;  // those that need a row

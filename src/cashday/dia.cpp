@@ -98,12 +98,15 @@ bool rechazarImporte(Puesto& p, FrmApertura& v, const QString& campo, const QStr
 
 }  // namespace
 
+QString ConsultaTipoCambio(const Puesto& p) {
+  return QStringLiteral(" SELECT nTipoCambMont FROM Tipo_Cambio WHERE FORMAT(dTipoCambFech, 'yyyy/mm/dd') = '") +
+         FormatearFecha(p.reloj.now(), u"yyyy/mm/dd") + u'\'';
+}
+
 void CapturaTipoCambio(Puesto& p, PantallasPrincipal& pantallas) {
   p.ses.pnTipoCambio = 0;
   Recordset rs;
-  if (!consultar(p, QStringLiteral(" SELECT nTipoCambMont FROM Tipo_Cambio "
-                                   "WHERE FORMAT(dTipoCambFech, 'yyyy/mm/dd') = '") +
-                        FormatearFecha(p.reloj.now(), u"yyyy/mm/dd") + u'\'', rs)) return;
+  if (!consultar(p, ConsultaTipoCambio(p), rs)) return;
   if (rs.RecordCount() == 1) {
     p.ses.pnTipoCambio = Numero(rs[u"nTipoCambMont"]);
     return;

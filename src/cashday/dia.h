@@ -6,6 +6,9 @@ struct Principal;
 struct Puesto;
 class PantallasPrincipal;
 
+// Asks the store for the rate of today.
+QString ConsultaTipoCambio(const Puesto& p);
+
 // Reads the rate of today into pnTipoCambio (soles per dollar). Without one it stays 0 until the next capture: the
 // box says so and the detail of the exchange rate is opened. A query that fails has shown its message and leaves 0.
 void CapturaTipoCambio(Puesto& p, PantallasPrincipal& pantallas);

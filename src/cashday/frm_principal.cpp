@@ -16,7 +16,6 @@
 #include "cashday/frm_apertura.h"
 #include "cashday/pantallas_principal.h"
 #include "cashday/reportes.h"
-#include "foundation/estado_linea.h"
 #include "foundation/puesto.h"
 #include "platform/ui/anillo_foco.h"
 #include "platform/ui/campo.h"
@@ -273,7 +272,7 @@ void frmPrincipal::refrescar() {
   }
   barraFecha_->setVisible(v_.botonVisible[kPrimerBotonFecha]);
   pintarCentro();
-  estado_->mostrar(EstadoDelPuesto(p_));
+  estado_->mostrar(EstadoPrincipal(p_));
 }
 
 void frmPrincipal::iniciar() {
@@ -401,7 +400,7 @@ void frmPrincipal::keyPressEvent(QKeyEvent* e) {
 void frmPrincipal::changeEvent(QEvent* e) {
   QMainWindow::changeEvent(e);
   // A register or another screen has given the keyboard back: the rate or a server may have changed meanwhile.
-  if (e->type() == QEvent::ActivationChange && isActiveWindow()) estado_->mostrar(EstadoDelPuesto(p_));
+  if (e->type() == QEvent::ActivationChange && isActiveWindow()) estado_->mostrar(EstadoPrincipal(p_));
 }
 
 void frmPrincipal::closeEvent(QCloseEvent* e) {

@@ -2,6 +2,7 @@
 
 #include "cashday/dia.h"
 #include "cashday/pantallas_principal.h"
+#include "foundation/estado_linea.h"
 #include "foundation/puesto.h"
 #include "loyalty/cliente_bd.h"
 #include "loyalty/pendientes.h"
@@ -81,6 +82,14 @@ void CargarPrincipal(Puesto& p, Principal& v) {
   BloquearPorCierre(v);
   p.mensajes.mostrar(
       QStringLiteral("Se ha habilitado la Opcion Reporte Z, porque algunas operaciones no han concluido"));
+}
+
+DatosEstado EstadoPrincipal(Puesto& p) {
+  DatosEstado d = EstadoDelPuesto(p);
+  Recordset rs;
+  const bool pedido = d.tipoCambio.isEmpty() && p.poCnnLocal.abierta() && !p.poCnnLocal.consultar(ConsultaTipoCambio(p), rs);
+  if (pedido && rs.RecordCount() == 1) d.tipoCambio = Formatear(Numero(rs[0]), u"###,##0.00");
+  return d;
 }
 
 void PrepararOperacion(Puesto& p, Principal& v, PantallasPrincipal& pantallas) {

@@ -3,6 +3,8 @@
 #include <QString>
 #include <array>
 
+#include "platform/io/datos_estado.h"
+
 struct Puesto;
 class PantallasPrincipal;
 
@@ -55,6 +57,10 @@ void PrepararOperacion(Puesto& p, Principal& v, PantallasPrincipal& pantallas);
 
 // Asks a supervisor; `acto` names in the title what is authorised. True, with v.bAcceso set, when there is one.
 bool AutorizarOperacion(Principal& v, PantallasPrincipal& pantallas, const QString& acto);
+
+// What the main window's status line tells: as everywhere, and the rate of the day also before anything has asked for it. A
+// rate that can't be read is left out without a word.
+DatosEstado EstadoPrincipal(Puesto& p);
 
 EstadoDia EstadoDelDia(const Puesto& p, const Principal& v);
 QString TituloPrincipal(const Puesto& p);

@@ -4,7 +4,6 @@
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
-#include "store/numeracion.h"
 
 bool GrabarParalela(Puesto& p, const DatosOperacion& o, const DatosParalela& d) {
   const QString plantilla = QStringLiteral(
@@ -88,11 +87,4 @@ bool CerrarParalela(Puesto& p, qint64 codigo, qint64 liquidacion) {
           : QStringLiteral(" UPDATE OPERACIONPARALELA SET cOpercodeRela = %2, cEstado = 2 WHERE cOperCode = %1")
                 .arg(codigo).arg(liquidacion);
   return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, plantilla, true);
-}
-
-bool SerieDeBoletas(Puesto& p, QString& serie) {
-  NumeroDocumento n;
-  if (p.ses.psSerieBoleta.isEmpty() && !LeerNumeroDocumento(p, QStringLiteral("02"), n)) return false;
-  serie = p.ses.psSerieBoleta;
-  return true;
 }

@@ -34,6 +34,3 @@ struct DatosParalela {
 
 // Closes a document. With a liquidation's code that is the document that it is tied to from now on.
 [[nodiscard]] bool CerrarParalela(Puesto& p, qint64 codigo, qint64 liquidacion = 0);
-
-// The series that boletas carry, read from the store while the session has none yet.
-[[nodiscard]] bool SerieDeBoletas(Puesto& p, QString& serie);

@@ -21,7 +21,10 @@ struct Acumulacion {
 // Kinds of customer by Cliente.iTipo: the only one that earns points.
 constexpr int kClienteConPuntos = 1;
 
-// The kind of a customer; -1 without such a customer or when the kind isn't known. False when the query fails, and then
+constexpr int kTipoDesconocido = -1;
+constexpr int kSinCliente = -2;
+
+// The kind of a customer, kTipoDesconocido when it isn't known, kSinCliente without such a customer. False when the query fails, and then
 // the box has been shown.
 [[nodiscard]] bool LeerTipoCliente(Puesto& p, Conexion& cnn, const QString& cliente, int idLocal, int& tipo);
 

@@ -19,14 +19,46 @@ bool hacer(Puesto& p, Conexion& cnn, const QString& plantilla, const std::vector
   return p.poDBAdmin.EjecutarSentencia(cnn, FormatearSQL(plantilla, valores), true);
 }
 
+bool leerLocales(Puesto& p, Conexion& cnn, const QString& consulta, std::vector<int>& locales) {
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(cnn, consulta, rs)) return false;
+  for (const auto& f : rs) locales.push_back(enteroDe(f[u"IdLocal"]));
+  return true;
+}
+
+// The sites that a customer's copy without one stands for: those of his waiting points, else his only one. False when a
+// query fails.
+bool localesDe(Puesto& p, const QString& codigo, std::vector<int>& locales) {
+  if (!leerLocales(p, p.poCnnLocal,
+                   QStringLiteral("SELECT DISTINCT IdLocal FROM Acumulacion_Punto WHERE cSincroFlag = 0 AND IdLocal <> 0 "
+                                  "AND cClieCode = ") + codigo, locales)) {
+    return false;
+  }
+  if (!locales.empty()) return true;
+  if (!leerLocales(p, p.poCnnCliente, QStringLiteral("SELECT IdLocal FROM Cliente WHERE cClieCode = ") + codigo, locales)) {
+    return false;
+  }
+  if (locales.size() != 1) locales.clear();
+  return true;
+}
+
+// A copy whose site can't be told waits on.
 bool enviarCliente(Puesto& p, const Recordset::Fila& f) {
   const QString codigo = LimpiarNulo(f[u"cClieCode"]);
   const int local = enteroDe(f[u"IdLocal"]);
-  return hacer(p, p.poCnnCliente,
+  std::vector<int> locales;
+  if (local != 0) locales.push_back(local);
+  else if (!localesDe(p, codigo, locales)) return false;
+  if (locales.empty()) return true;
+  for (const int suyo : locales) {
+    if (!hacer(p, p.poCnnCliente,
                QStringLiteral("UPDATE Cliente    SET dUltTDate = $,        cTranCode = $ "
                               " WHERE cClieCode = $   AND IdLocal = $"),
-               {fechaDelServidor(f[u"dUltTDate"]), enteroDe(f[u"cTranCode"]), codigo, local}) &&
-         hacer(p, p.poCnnLocal,
+               {fechaDelServidor(f[u"dUltTDate"]), enteroDe(f[u"cTranCode"]), codigo, suyo})) {
+      return false;
+    }
+  }
+  return hacer(p, p.poCnnLocal,
                QStringLiteral("UPDATE Cliente    SET cSincroFlag = 1  WHERE cClieCode = $   AND IdLocal = $"),
                {codigo, local});
 }
@@ -56,10 +88,11 @@ bool enviarAcumulacion(Puesto& p, const Recordset::Fila& f) {
   a.documento = {LimpiarNulo(f[u"cDocTipo"]), LimpiarNulo(f[u"cDocSerie"]), AEntero(Numero(f[u"cDocCodigo"]))};
   const int local = a.idLocal = enteroDe(f[u"IdLocal"]);
   if (local == 0 && !completarLocal(p, a)) return false;
-  int tipo = -1;
+  int tipo = kSinCliente;
   if (!LeerTipoCliente(p, p.poCnnCliente, a.cliente, a.idLocal, tipo)) return false;
+  if (tipo == kSinCliente) return true;  // points that nobody would get wait on
   // A row of the store's copies may turn out to be of a customer who earns nothing.
-  if (tipo == -1 || tipo == kClienteConPuntos) {
+  if (tipo == kClienteConPuntos) {
     if (!SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo) ||
         !InsertarAcumulacion(p, p.poCnnCliente, a, fechaDelServidor(f[u"dAcumDate"]), false) ||
         !hacer(p, p.poCnnCliente,

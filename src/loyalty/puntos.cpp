@@ -36,7 +36,7 @@ bool leerTitular(Puesto& p, Conexion& cnn, const QString& tarjeta, int idLocal, 
 
 // Whose points these are, by the client database. False when they are nobody's, or when it can't be read.
 bool buscarEnCliente(Puesto& p, Acumulacion& a) {
-  int tipo = -1;
+  int tipo = kSinCliente;
   return leerTitular(p, p.poCnnCliente, a.tarjeta, a.idLocal, a.cliente) && !a.cliente.isEmpty() &&
          LeerTipoCliente(p, p.poCnnCliente, a.cliente, a.idLocal, tipo) && tipo == kClienteConPuntos &&
          SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo);
@@ -62,9 +62,9 @@ bool buscarEnAlmacen(Puesto& p, Acumulacion& a) {
     local = suyo;
   }
   if (a.idLocal == 0) a.idLocal = local;
-  int tipo = -1;
+  int tipo = kSinCliente;
   return !a.cliente.isEmpty() && LeerTipoCliente(p, p.poCnnLocal, a.cliente, local, tipo) &&
-         (tipo == -1 || tipo == kClienteConPuntos);
+         (tipo < 0 || tipo == kClienteConPuntos);
 }
 
 void acumularEnCliente(Puesto& p, Acumulacion& a) {
@@ -83,6 +83,7 @@ void acumularEnCliente(Puesto& p, Acumulacion& a) {
       true);
 }
 
+// The customer's copy is that of the site or, as the pull brings it, one without a site.
 void acumularEnCola(Puesto& p, Acumulacion& a) {
   // Behind the rows that wait already: the mark of a sent row must never hit another one.
   qint64 enCola = 0;
@@ -95,8 +96,8 @@ void acumularEnCola(Puesto& p, Acumulacion& a) {
       FormatearSQL(QStringLiteral("UPDATE Cliente SET nPuntCant = nPuntCant + $, "
                                   "       dUltTDate = $, cTranCode = $, cSincroFlag = 0 "
                                   " WHERE cClieCode = $ "
-                                  "   AND IdLocal = $"),
-                   {a.puntos, momento, kPuntosAcumulados, a.cliente, a.idLocal}),
+                                  "   AND IdLocal = (SELECT MAX(IdLocal) FROM Cliente WHERE cClieCode = $ AND IdLocal IN ($, 0))"),
+                   {a.puntos, momento, kPuntosAcumulados, a.cliente, a.cliente, a.idLocal}),
       true);
 }
 

@@ -19,7 +19,7 @@ TrasTeclaRapida capturar(Puesto& p, CajaRegistradora& v, int tecla) {
 TrasTeclaRapida imprimirTickets(Puesto& p, CajaRegistradora& v, PantallasVenta& pantallas) {
   if (!v.bVentaIniciada) return {};
   if (!SalirCantidad(v)) return kCantidadMal;
-  if (!TarjetaAceptada(p, v, pantallas)) return {false, QStringLiteral("txtTarjeta")};
+  if (const QString campo = CampoPorMirar(p, v, pantallas); !campo.isEmpty()) return {false, campo};
   if (!RucAceptado(p, v.txtRuc)) return {false, QStringLiteral("txtRuc"), true};
   GrabarVentaRapida(p, v, pantallas);
   return {};

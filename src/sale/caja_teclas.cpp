@@ -36,7 +36,7 @@ Emision emitir(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
 }
 
 Emision comprobarYEmitir(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
-  if (!TarjetaAceptada(p, v, pantallas)) return {false, kAlCliente};
+  if (const QString campo = CampoPorMirar(p, v, pantallas); !campo.isEmpty()) return {false, {campo}};
   if (const auto foco = ValidaVenta(p, v, pantallas)) return {false, *foco};
   return emitir(p, v, pantallas);
 }
@@ -75,7 +75,7 @@ Foco exigirDocumento(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantall
   if (!si) return {};
   if (!v.bVoucherListo) PonerTipo(v, v.tipos.front());  // paid by cards it stays a voucher sale
   v.txtRUC.clear();
-  if (!TarjetaAceptada(p, v, pantallas)) return kAlCliente;
+  if (const QString campo = CampoPorMirar(p, v, pantallas); !campo.isEmpty()) return {campo};
   return emitir(p, v, pantallas).foco;
 }
 

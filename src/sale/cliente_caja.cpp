@@ -71,11 +71,15 @@ ResultadoTarjeta TomarCliente(Puesto& p, ClienteCaja& c, PantallasVenta& pantall
   return BuscaTarjeta(p, c, pantallas);
 }
 
-bool TarjetaAceptada(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas) {
+QString CampoPorMirar(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas) {
   AjustarCliente(c);
   const QString tarjeta = Recortar(c.txtTarjeta);
-  if (tarjeta.isEmpty() || Ceros(tarjeta, 8) == c.tarjetaHallada) return true;
-  return BuscaTarjeta(p, c, pantallas) != ResultadoTarjeta::NoExiste;
+  if (tarjeta.isEmpty() || Ceros(tarjeta, 8) == c.tarjetaHallada) return {};
+  switch (BuscaTarjeta(p, c, pantallas)) {
+    case ResultadoTarjeta::NoExiste: return QStringLiteral("txtTarjeta");
+    case ResultadoTarjeta::VariosLocales: return c.locales.empty() ? QString() : QStringLiteral("dcbLocal");
+    default: return {};
+  }
 }
 
 void AjustarCliente(ClienteCaja& c) {

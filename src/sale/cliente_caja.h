@@ -33,9 +33,10 @@ ResultadoTarjeta BuscaTarjeta(Puesto& p, ClienteCaja& c, PantallasVenta& pantall
 // A customer chosen in the search: card and site, then BuscaTarjeta.
 ResultadoTarjeta TomarCliente(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas, const TarjetaElegida& elegida);
 
-// Before a commit: a card that was typed and not looked up yet must not reach the rows when nobody has it. False then,
-// and the box has been shown.
-bool TarjetaAceptada(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas);
+// Before a commit: a card that was typed and not looked up yet must not reach the rows when nobody has it (the box has
+// been shown), nor without a word when the choice between its sites was left open. Gives the field that the cashier has to
+// look at then, "" when the commit may go on; asked again about the same card it goes on without a site.
+QString CampoPorMirar(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas);
 
 // Makes the customer's fields agree: name and site of the card found before go, once another card stands in
 // txtTarjeta, since they would narrow a search or stand on another customer's ticket; nIdLocal follows txtLocal.

@@ -7,6 +7,7 @@
 #include "sale/importe_tecleado.h"
 #include "sale/pantallas_venta.h"
 #include "sale/pasos_venta.h"
+#include "store/numeracion.h"
 
 namespace {
 

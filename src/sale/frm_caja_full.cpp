@@ -287,6 +287,7 @@ void frmCajaRegistradoraFull::mostrar() {
   liquidacion_.mostrar(v_);
   rejilla_->ponerTitulo(kPorc, tituloPorcentaje(v_.recargo));
   rejilla_->refrescar();
+  if (VentaVacia(v_)) rejilla_->ponerCelda({0, kCod});  // wherever the keyboard comes from, a code can be typed
   estado_->mostrar(EstadoDelPuesto(p_));
 }
 
@@ -338,8 +339,10 @@ bool frmCajaRegistradoraFull::alEntrar(QWidget* campo) {
     buscarTarjeta();
     return true;
   }
-  // Behind an amount comes the commit, not the other amount, which would empty this one.
-  if (campo == adelanto_.txtPagoAdelantado || campo == adelanto_.txtPADEDolares) {
+  // Behind an amount comes the commit, not the other amount, which would empty this one; behind the words as well, since
+  // "Cancelar" comes next there.
+  const bool glosa = campo->objectName().startsWith(u"txtGlosa");
+  if (campo == adelanto_.txtPagoAdelantado || campo == adelanto_.txtPADEDolares || glosa) {
     enfocar(cmdTecla_[2]);
     return true;
   }
@@ -353,10 +356,11 @@ bool frmCajaRegistradoraFull::puedeCerrar() {
 }
 
 void frmCajaRegistradoraFull::pulsar(int indice) {
-  // What stands in an open cell is part of the sale, unless the sale is given up anyway.
-  if (indice == 2 && !rejilla_->dejarCelda()) return;
+  // What stands in an open cell is part of the sale, unless the sale is given up.
+  const bool seAbandona = (indice == 0 || indice == 3) && !v_.bLiquidando;
+  if (!seAbandona && !rejilla_->dejarCelda()) return;
   rejilla_->abandonarCelda();
-  cmdTecla_[static_cast<size_t>(indice)]->setFocus();
+  if (indice != 4) cmdTecla_[static_cast<size_t>(indice)]->setFocus();  // a look at another ticket leaves all where it was
   recoger();
   const TrasTecla tras = PulsarTecla(p_, v_, pantallas_, indice);
   mostrar();

@@ -131,6 +131,7 @@ QWidget* frmCajaRegistradora::nuevosCampos() {
   cliente_ = nuevosControlesCliente(panel, enlaces_, p_, v_, pantallas_,
                                     {.nombres = QStringLiteral("txtCliente"),
                                      .local = QStringLiteral("&Local :"),
+                                     .nombresAparte = true,
                                      .antesDelLocal = [this, panel] {
                                        txtRuc_ = panel->campo(QStringLiteral("txtRuc"), QStringLiteral("RUC:"));
                                        txtRuc_->filtro = soloDigitos;

@@ -31,7 +31,16 @@ ControlesCliente nuevosControlesCliente(Panel* panel, Enlaces& enlaces, Puesto& 
   ControlesCliente r;
   r.txtTarjeta = panel->campo(QStringLiteral("txtTarjeta"), QStringLiteral("Nro. &Tarjeta:"));
   enlaces.texto(r.txtTarjeta, c.txtTarjeta);
-  r.txtNombres = panel->campo(pedido.nombres, QStringLiteral("&Nombres:"));
+  const QString nombres = QStringLiteral("&Nombres:");
+  if (pedido.nombresAparte) {
+    auto* rotulo = nuevoTexto(nombres);
+    r.txtNombres = new Campo(pedido.nombres);
+    rotulo->setBuddy(r.txtNombres);
+    panel->agregar({}, rotulo);
+    panel->agregar({}, r.txtNombres);
+  } else {
+    r.txtNombres = panel->campo(pedido.nombres, nombres);
+  }
   r.txtNombres->setProperty("textoLibre", true);
   enlaces.texto(r.txtNombres, c.txtNombres);
   pedido.antesDelLocal();

@@ -21,6 +21,9 @@ QString serieInicial(const QString& tipo) {
   return {};
 }
 
+// Of the fiscal documents of a desk that has issued none.
+QString serieDeCaja(const Puesto& p) { return u'0' + Derecha(p.ses.psCaja, 2); }
+
 // Boletas and facturas share one run of numbers, kept in the row "02".
 QString filaDe(const QString& tipo) { return tipo == u"01" ? QStringLiteral("02") : tipo; }
 
@@ -174,6 +177,19 @@ bool CodigoOperacion(Puesto& p, bool paralela, qint64& codigo) {
   return true;
 }
 
+bool SerieDeBoletas(Puesto& p, QString& serie) {
+  serie = p.ses.psSerieBoleta;
+  if (!serie.isEmpty()) return true;
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
+                                    QStringLiteral("SELECT cSerieDoc FROM Config_Documento WHERE cTipoDoc='02'"), rs)) {
+    return false;
+  }
+  serie = LimpiarNulo(rs[u"cSerieDoc"]);
+  if (serie.isEmpty()) serie = serieDeCaja(p);
+  return true;
+}
+
 bool LeerNumeroDocumento(Puesto& p, const QString& tipo, NumeroDocumento& n) {
   Recordset rs;
   const QString fila = filaDe(tipo);
@@ -187,7 +203,7 @@ bool LeerNumeroDocumento(Puesto& p, const QString& tipo, NumeroDocumento& n) {
   NumeroDocumento nuevo;
   nuevo.numero = AEntero(Numero(rs[u"nDocCodigo"])) + 1;
   nuevo.serie = LimpiarNulo(rs[u"cSerieDoc"]);
-  if (nuevo.serie.isEmpty()) nuevo.serie = esFiscal(tipo) ? u'0' + Derecha(p.ses.psCaja, 2) : serieInicial(tipo);
+  if (nuevo.serie.isEmpty()) nuevo.serie = esFiscal(tipo) ? serieDeCaja(p) : serieInicial(tipo);
   if (tipo == u"01") p.ses.psSerieFactura = nuevo.serie;
   if (tipo == u"02") p.ses.psSerieBoleta = nuevo.serie;
   n = nuevo;

@@ -29,6 +29,10 @@ bool esFiscal(const QString& tipo);
 // facturas. Takes nothing: the number is used up by GuardarNumeroDocumento. False when the row can't be read or made.
 [[nodiscard]] bool LeerNumeroDocumento(Puesto& p, const QString& tipo, NumeroDocumento& n);
 
+// The series that boletas carry, read from the store while the session has none yet. Makes no row: the first boleta does,
+// with its number.
+[[nodiscard]] bool SerieDeBoletas(Puesto& p, QString& serie);
+
 // Holds the number against the highest one stored and, for a fiscal document, the highest one of the central database,
 // which is asked with the patience of a sale; away, it is left out. A number that isn't the next one is corrected: a
 // log file in the temp folder, one box, and the sale goes on. False, with `n` untouched, when the store can't be read.

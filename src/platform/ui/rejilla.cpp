@@ -73,6 +73,10 @@ bool Rejilla::irA(CeldaRejilla celda) {
   return true;
 }
 
+void Rejilla::ponerCelda(CeldaRejilla celda) {
+  if (!editor_) setCurrentIndex(modelo_->index(celda.fila, celda.columna));
+}
+
 bool Rejilla::editar(const std::optional<QString>& texto) {
   const QModelIndex i = currentIndex();
   if (!i.isValid() || !esEditable(i.column())) return false;

@@ -57,6 +57,8 @@ class Rejilla final : public QTableView {
   CeldaRejilla celda() const;
   // Moves to a cell, with the keyboard. An open editor is left first; false when it refused.
   bool irA(CeldaRejilla celda);
+  // Makes it the current cell, without the keyboard; nothing while a cell is open.
+  void ponerCelda(CeldaRejilla celda);
   // Opens the editor of the current cell, with `texto` in place of what stands there. False in a locked column.
   bool editar(const std::optional<QString>& texto = {});
   bool editando() const { return editor_ != nullptr; }

@@ -13,11 +13,15 @@ namespace {
 constexpr int kMargen = 6;
 constexpr int kEstrechoMinimo = 70;  // per cent of a letter's width
 
+int anchoDePalabra(const QFont& f, const QString& texto) {
+  int ancho = 1;
+  for (const QString& t : texto.split(u' ')) ancho = std::max(ancho, QFontMetrics(f).horizontalAdvance(t));
+  return ancho;
+}
+
 // The longest word must not be cut: letters are drawn narrower until it fits.
 QFont queQuepa(QFont f, const QString& texto, int ancho) {
-  int palabra = 1;
-  for (const QString& t : texto.split(u' ')) palabra = std::max(palabra, QFontMetrics(f).horizontalAdvance(t));
-  if (palabra > ancho) f.setStretch(std::max(kEstrechoMinimo, 100 * ancho / palabra));
+  for (int estrecho = 99; estrecho >= kEstrechoMinimo && anchoDePalabra(f, texto) > ancho; --estrecho) f.setStretch(estrecho);
   return f;
 }
 
@@ -60,9 +64,10 @@ void TeclaArticulo::paintEvent(QPaintEvent*) {
     f.setPointSize(tema::kPtIndicio);
     p.setFont(queQuepa(f, rotulo, dentro.width()));
     p.setPen(QColor(tema::kTintaSuave));
-    p.drawText(dentro, Qt::AlignRight | Qt::AlignBottom, rotulo);
+    p.drawText(dentro, Qt::AlignRight | Qt::AlignBottom, p.fontMetrics().elidedText(rotulo, Qt::ElideRight, dentro.width()));
   }
   p.setPen(palette().color(QPalette::ButtonText));
   p.setFont(queQuepa(font(), articulo_, dentro.width()));
-  p.drawText(dentro.adjusted(0, alto, 0, -alto), Qt::AlignCenter | Qt::TextWordWrap, articulo_);
+  const bool cabe = anchoDePalabra(p.font(), articulo_) <= dentro.width();  // else a word is broken rather than cut
+  p.drawText(dentro.adjusted(0, alto, 0, -alto), Qt::AlignCenter | (cabe ? Qt::TextWordWrap : Qt::TextWrapAnywhere), articulo_);
 }
