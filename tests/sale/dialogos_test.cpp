@@ -1,9 +1,8 @@
 // The tender dialogs, the search and the withdrawal, without their windows.
 #include <gtest/gtest.h>
 
-#include <QFile>
-
 #include "apoyo/casos.h"
+#include "apoyo/golden.h"
 #include "apoyo/motor_que_falla.h"
 #include "apoyo/puesto_prueba.h"
 #include "platform/sql/contiene.h"
@@ -155,12 +154,6 @@ TEST(Contiene, AgreesWithTheGeneralMatcher) {
   EXPECT_GT(directos, 50);
 }
 
-QByteArray papel(const char* nombre) {
-  QFile f(QStringLiteral(TARVOPOS_FUENTES "/tests/golden/retiros/") + q(nombre));
-  EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << nombre;
-  return f.readAll();
-}
-
 TEST(Retiro, TheReceiptIsThePaperWeExpect) {
   const QDateTime momento(QDate(2026, 11, 25), QTime(9, 5));
   const struct { const char* papel; QStringList cabecera; double monto; const char* usuario; qint64 codigo; } kCasos[] = {
@@ -172,7 +165,7 @@ TEST(Retiro, TheReceiptIsThePaperWeExpect) {
     const DocumentoImpreso recibo = ReciboRetiro(c.cabecera, c.monto, q(c.usuario), c.codigo, momento);
     EXPECT_TRUE(recibo.partes[2].puntos == 9 && recibo.partes[2].negrita);
     const QString texto = recibo.textos().join(u'\n');
-    EXPECT_EQ(papel(c.papel).replace("\r\n", "\n"), AUnByte(texto).replace("\r\n", "\n") + '\n');
+    EXPECT_EQ(leerGolden(q("retiros/") + q(c.papel)).replace("\r\n", "\n"), AUnByte(texto).replace("\r\n", "\n") + '\n');
   }
 }
 
