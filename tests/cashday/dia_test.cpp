@@ -1,11 +1,8 @@
 #include "cashday/dia.h"
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include "apoyo/motor_que_falla.h"
-#include "apoyo/puesto_prueba.h"
+#include "apoyo/otro_puesto.h"
 #include "cashday/pantallas_guion.h"
 #include "cashday/principal.h"
 
@@ -157,22 +154,15 @@ TEST(AbrirCaja, AnOpeningThatDiedIsCompletedByTheNextStart) {
       for (int id : {40, 45}) operacion(p, id, "23/11/2026 10:00", id == 45);
       for (int id : {7, 9}) paralela(p, id, "23/11/2026 10:00", id == 9);
       p.persona().dejaPasar();
-      p.poCnnLocal.cerrar();  // no connection lives in both processes
-      const pid_t hijo = ::fork();
-      ASSERT_GE(hijo, 0);
-      if (hijo == 0) {
+      llega = 0 != enOtroProceso(p, [&] {
         FrmApertura v;
         Principal principal;
         plan.armar(0);
-        (void)p.poDBAdmin.AbrirBD(p.poCnnLocal, "driver={Microsoft Access Driver (*.mdb)};DBQ=" + p.ses.psRutaBD);
+        abrirAlmacen(p);
         plan.armar(n, Falla::desdeAhi, muerte);
         AbrirCaja(p, v, principal);
         ::_exit(plan.van >= n ? 1 : 0);
-      }
-      int estado = 0;
-      ASSERT_EQ(hijo, ::waitpid(hijo, &estado, 0));
-      llega = estado != 0;
-      ASSERT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnLocal, "driver={Microsoft Access Driver (*.mdb)};DBQ=" + p.ses.psRutaBD));
+      });
       p.ses.psTurno = p.filas("SELECT cCodiTurno FROM Configuracion");
       FrmApertura v;
       Principal principal;
