@@ -28,21 +28,12 @@ LineaRapida lineaRapida(int codigo, const QString& descripcion, double precio, i
   return l;
 }
 
-// Two keys with articles, the second with service, and one whose article is not on sale.
 struct Rapida {
   PuestoDeVenta p;
   CajaRegistradora v;
   PantallasGuion pantallas;
 
-  explicit Rapida(const Envolver& envolver = {}) : p(envolver) {
-    p.articulo(101, q("Cafe"), 10);
-    p.articulo(102, q("Torta de chocolate entera con crema"), 12.5, true);
-    p.articulo(103, q("Agua"), 2);
-    p.ejecuta(q("UPDATE Producto SET nActivo = 0 WHERE cProdCode = 103"));
-    for (const char* fila : {"1, 'BEBIDAS', 101", "2, '', 102", "24, 'DEP 24', 103", "25, 'DEP 25', 101", "3, 'DEP 3', 0"}) {
-      p.ejecuta(q("INSERT INTO ConfiguracionTeclado (cTeclCode, sTeclDesc, cProdCode) VALUES (%1)").arg(q(fila)));
-    }
-  }
+  explicit Rapida(const Envolver& envolver = {}) : p(envolver) { ejecutarArchivo(p, "sale/casos/teclado.sql"); }
   TrasTeclaRapida pulsar(int indice) { return PulsarTeclaRapida(p, v, pantallas, indice); }
   // Three of the first and one of the second.
   void teclear() {
