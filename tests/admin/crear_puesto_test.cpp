@@ -96,21 +96,13 @@ TEST_F(CrearPuestoPrueba, AFailureLeavesNothingHalfMade) {
 }
 
 TEST_F(CrearPuestoPrueba, BadDataAreRefusedBeforeAnythingIsMade) {
-  const struct { const char* porque; void (*mal)(DatosPuesto&); } kCasos[] = {
-      {"no desk", [](DatosPuesto& d) { d.caja.clear(); }},
-      {"a quote in the desk", [](DatosPuesto& d) { d.caja = u8("0'1"); }},
-      {"an accent in the desk", [](DatosPuesto& d) { d.caja = u8("ñ1"); }},
-      {"a warehouse with a blank", [](DatosPuesto& d) { d.almacen = u8("0 1"); }},
-      {"service in letters", [](DatosPuesto& d) { d.servicio = u8("diez"); }},
-      {"service below nothing", [](DatosPuesto& d) { d.servicio = u8("-1"); }},
-      {"a server that would end the connection string", [](DatosPuesto& d) { d.central = u8("sqlite:a;b"); }},
-      {"a server without a file", [](DatosPuesto& d) { d.cliente = u8("sqlite:"); }},
-      {"no password", [](DatosPuesto& d) { d.clave = u8(" "); }},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  const QHash<QString, QString DatosPuesto::*> campos{
+      {u8("caja"), &DatosPuesto::caja}, {u8("almacen"), &DatosPuesto::almacen}, {u8("servicio"), &DatosPuesto::servicio},
+      {u8("central"), &DatosPuesto::central}, {u8("cliente"), &DatosPuesto::cliente}, {u8("clave"), &DatosPuesto::clave}};
+  for (const auto& c : leerCasos("admin/datos_malos")) {
+    SCOPED_TRACE(c.donde());
     DatosPuesto d = datos(en("p"));
-    c.mal(d);
+    d.*campos[c["campo"]] = c["valor"];
     EXPECT_TRUE(CrearPuesto(d));
     EXPECT_FALSE(QFile::exists(en("p")));
   }

@@ -98,15 +98,6 @@ TEST_F(ArranqueTest, AClientDatabaseThatIsAwayIsToldAndTheStartGoesOn) {
   EXPECT_TRUE(p.ses.pbClienteCaido);
 }
 
-TEST_F(ArranqueTest, ACentralDatabaseThatIsAwayEndsTheStartAtTheNumbering) {
-  p.ejecuta(QStringLiteral("UPDATE Configuracion SET DataServer='sqlite:noesta.db'"));
-  p.persona().espera(QStringLiteral("central"));           // the repair's own box
-  p.persona().espera(QStringLiteral(" - select CDocSerie"));  // the data layer's
-  p.persona().espera(QStringLiteral("Error"));
-  p.persona().espera(QStringLiteral("No se pudo comprobar la numeración"));
-  arrancaYTermina();
-}
-
 TEST_F(ArranqueTest, AStoreThatIsMissingBrokenOrForeignIsToldAndKeepsItsBytes) {
   p.poCnnLocal.cerrar();
   const QByteArray sano = bytes(kAlmacen);

@@ -3,27 +3,15 @@
 #include <gtest/gtest.h>
 
 #include "apoyo/casos.h"
-#include "apoyo/puesto_prueba.h"
+#include "apoyo/golden.h"
 
-namespace {
-
-void usuarios(PuestoPrueba& p) {
-  const struct { const char *nombre, *clave; int activo, marca, perfil; } filas[] = {
-      {"ANA", "Secreta", 1, 0, 2}, {"JEFE", "jefe", 1, 1, 1}, {"BAJA", "x", 0, 0, 1}, {"O''HARA", "q", 1, 0, 2}};
-  for (const auto& f : filas) {
-    p.ejecuta(QStringLiteral("INSERT INTO Usuario (sUserDesc, suserPass, cUserActi, cUserFlag, cPerfCode) "
-                             "VALUES ('%1', '%2', %3, %4, '%5')")
-                  .arg(QString::fromLatin1(f.nombre), QString::fromLatin1(f.clave)).arg(f.activo).arg(f.marca).arg(f.perfil));
-  }
-}
-
-}  // namespace
+const char* const kUsuarios = "app/casos/usuarios.sql";
 
 TEST(Login, OneAttempt) {
   for (const auto& c : leerCasos("app/login")) {
     SCOPED_TRACE(c.donde());
     PuestoPrueba p;
-    usuarios(p);
+    ejecutarArchivo(p, kUsuarios);
     p.ses.psUsuario.clear();
     Login v;
     v.txtUsuario = c["usuario"];
@@ -42,7 +30,7 @@ TEST(Login, OneAttempt) {
 
 TEST(Login, AcceptedUserBecomesTheLastOne) {
   PuestoPrueba p;
-  usuarios(p);
+  ejecutarArchivo(p, kUsuarios);
   Login v;
   CargarLogin(p, v);
   EXPECT_EQ("JEFE", v.txtUsuario);

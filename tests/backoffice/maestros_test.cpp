@@ -1,10 +1,11 @@
-// Users and parameters.
+// Users, parameters and rates.
 #include <gtest/gtest.h>
 
 #include "apoyo/casos.h"
 #include "apoyo/motor_que_falla.h"
 #include "apoyo/puesto_prueba.h"
 #include "backoffice/parametros.h"
+#include "backoffice/tipo_cambio.h"
 #include "backoffice/usuario.h"
 
 namespace {
@@ -116,4 +117,16 @@ TEST(Parametros, WithoutTheCentralDatabaseTheListIsEmpty) {
   v.dcbAlmacen.clear();
   p.persona().espera("Debe elegir el almacén");
   EXPECT_FALSE(GrabarAlmacen(p, v));
+}
+
+TEST(TipoCambio, ADayWithoutARowIsTold) {
+  PuestoPrueba p;
+  p.ejecuta("INSERT INTO Tipo_Cambio (dTipoCambFech, nTipoCambMont) VALUES ('03/04/2026', '3.60')");
+  std::vector<FilaTipoCambio> filas;
+  ASSERT_TRUE(LeerTiposCambio(p, filas) && filas.size() == 1);
+  EXPECT_EQ("03/04/2026 3.60", filas[0].fecha + u' ' + filas[0].monto) << "3 April, day before month";
+  TipoCambio v;
+  EXPECT_TRUE(CargarTipoCambio(p, ModoDetalle::Ver, filas[0].fecha, v));
+  p.persona().espera("ya no existe");
+  EXPECT_FALSE(CargarTipoCambio(p, ModoDetalle::Ver, "04/03/2026", v));
 }

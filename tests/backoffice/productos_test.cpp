@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "apoyo/casos.h"
+#include "apoyo/golden.h"
 #include "apoyo/motor_que_falla.h"
-#include "apoyo/puesto_prueba.h"
 #include "backoffice/producto.h"
 #include "backoffice/teclado.h"
 
@@ -23,17 +23,7 @@ DetalleProducto producto(ModoDetalle modo, const char* codigo, const char* descr
   return v;
 }
 
-// Two keys, 5 with the coffee; the tea stands in warehouse 02 only, the cake in 02 and 03.
-void conTeclas(PuestoPrueba& p) {
-  p.articulo(101, "CAFE", 10);
-  p.articulo(7, "TE", 5);
-  p.articulo(8, "TORTA", 5);
-  p.ejecuta("UPDATE Producto SET cAlmaCode = '02' WHERE cProdCode <> 101");
-  p.ejecuta("INSERT INTO Producto (cAlmaCode, cProdCode) VALUES ('03', 8)");
-  for (const char* fila : {"5, 'DEP 5', '1', 101", "13, 'DEP 13', '0', 0"})
-    p.ejecuta(QStringLiteral("INSERT INTO ConfiguracionTeclado (cTeclCode, sTeclDesc, cTeclFlagAsig, cProdCode) VALUES (%1)")
-                  .arg(QLatin1String(fila)));
-}
+const char* const kTeclado = "backoffice/casos/teclado.sql";
 
 }  // namespace
 
@@ -85,7 +75,7 @@ TEST(Teclado, AKeyTakesAnArticleThatCanBeSold) {
   for (const auto& c : leerCasos("backoffice/teclas")) {
     SCOPED_TRACE(c.donde());
     PuestoPrueba p;
-    conTeclas(p);
+    ejecutarArchivo(p, kTeclado);
     ConfiguraBotonProducto v;
     ASSERT_TRUE(CargarTeclas(p, v) && ElegirTecla(p, v, 13));
     EXPECT_EQ("DEP 13 SHFT+F1 ", v.txtBoton + u' ' + v.txtTecla + u' ' + v.txtCodigoProducto);
@@ -122,7 +112,7 @@ TEST(Teclado, AFailedStatementLeavesAllAsItWas) {
     PlanFallas plan;
     PuestoPrueba p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
     p.persona().dejaPasar();
-    conTeclas(p);
+    ejecutarArchivo(p, kTeclado);
     ConfiguraBotonProducto v;
     ASSERT_TRUE(ElegirTecla(p, v, 13));
     v.txtCodigoProducto = "7";

@@ -1,12 +1,10 @@
 // What a closing leaves when a statement of it fails or the process dies in it, and that it can always be ended.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <QFile>
 #include <QRegularExpression>
 
-#include "apoyo/puertos_que_matan.h"
+#include "apoyo/otro_puesto.h"
 #include "cashday/cierre_prueba.h"
 #include "printing/canal.h"
 
@@ -19,12 +17,8 @@ QString q(const char* s) { return QString::fromUtf8(s); }
 QStringList cerrarEn(PuestoPrueba& p, PlanFallas& plan) {
   const PlanFallas pedido = plan;
   plan.armar(0);
-  MotoresQueFallan motores(p.motores, plan);
-  PuertosQueMatan puertos(p.rutas.programa, plan);
   PersonaQueCierra persona;
-  Puesto otro(motores, puertos, p.reloj, persona, p.salida, p.rutas);
-  otro.ses = p.ses;
-  EXPECT_TRUE(otro.poDBAdmin.AbrirBD(otro.poCnnLocal, q("driver={Microsoft Access Driver (*.mdb)};DBQ=") + p.ses.psRutaBD));
+  OtroPuesto<> otro(p, plan, persona);
   Recordset rs;
   EXPECT_FALSE(otro.poCnnLocal.consultar(q("SELECT cCodiTurno FROM Configuracion"), rs));
   otro.ses.psTurno = rs[0].toString();
@@ -52,10 +46,6 @@ QStringList correlativos(const PuestoPrueba& p, NumeroImpresora impresora) {
   return r;
 }
 
-void abrirDeNuevo(PuestoPrueba& p) {
-  ASSERT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnLocal, q("driver={Microsoft Access Driver (*.mdb)};DBQ=") + p.ses.psRutaBD));
-}
-
 // The steps of an undisturbed closing that change something: those after which the disk is not as before.
 std::vector<int> escrituras() {
   DiaVendido p;
@@ -77,24 +67,17 @@ TEST(CierreMuerto, GoesOnWhereItWasAndCountsOnce) {
   for (const int n : escrituras()) {
     SCOPED_TRACE(n);
     DiaVendido p;
-    p.poCnnLocal.cerrar();  // no connection lives in both processes
-    const pid_t hijo = ::fork();
-    ASSERT_GE(hijo, 0);
-    if (hijo == 0) {
+    const int estado = enOtroProceso(p, [&p, n] {
       PlanFallas plan;
       plan.armar(n, Falla::unaVez, Muerte::despues);
       cerrarEn(p, plan);
-      ::_exit(0);
-    }
-    int estado = 0;
-    ASSERT_EQ(hijo, ::waitpid(hijo, &estado, 0));
-    ASSERT_TRUE(WIFSIGNALED(estado) && WTERMSIG(estado) == SIGKILL);
-    abrirDeNuevo(p);
+    });
+    ASSERT_TRUE(murio(estado));
     const int quedo = p.paso();
     p.poCnnLocal.cerrar();
     PlanFallas plan;
     const QStringList abiertas = cerrarEn(p, plan);
-    abrirDeNuevo(p);
+    abrirAlmacen(p);
     SCOPED_TRACE(quedo);
     EXPECT_EQ(quedo <= 4 ? 1 : 0, abiertas.count(q("cuadre 1")));
     EXPECT_EQ(6, p.paso());
@@ -195,7 +178,7 @@ TEST(CierreLargo, LosesNoLineAndClosesWithoutPaper) {
       return PuertosQueMatan::copiar(archivo, puerto);
     }
   };
-  constexpr int kAdelantos = 2100;
+  constexpr int kAdelantos = 2300;
   const struct { int desde, cajas, adelantos; } casos[] = {
       {0, 0, kAdelantos}, {12, 4, 11 * 101 - 20}, {1, 4, 0}};  // twenty lines stand before the first of them
   for (const auto& c : casos) {
@@ -210,22 +193,19 @@ TEST(CierreLargo, LosesNoLineAndClosesWithoutPaper) {
     ASSERT_FALSE(p.poCnnLocal.confirmar());
     p.poCnnLocal.cerrar();
     PlanFallas plan;
-    PapelQueSeAcaba puertos(p.rutas.programa, plan);
-    puertos.desde = c.desde;
     PersonaQueCierra persona;
-    Puesto otro(p.motores, puertos, p.reloj, persona, p.salida, p.rutas);
-    otro.ses = p.ses;
-    ASSERT_TRUE(otro.poDBAdmin.AbrirBD(otro.poCnnLocal, q("driver={Microsoft Access Driver (*.mdb)};DBQ=") + p.ses.psRutaBD));
+    OtroPuesto<PapelQueSeAcaba> otro(p, plan, persona);
+    otro.misPuertos.desde = c.desde;
     Principal v;
     CargarPrincipal(otro, v);
     PantallasCierre pantallas(otro);
     CerrarCaja(otro, v, pantallas, [](const QString&) {});
     otro.poCnnLocal.cerrar();
-    abrirDeNuevo(p);
+    abrirAlmacen(p);
     EXPECT_EQ(c.cajas, persona.cajas.count(q("Falta papel.")));
     EXPECT_EQ(c.cajas + 1, persona.cajas.size()) << qPrintable(persona.cajas.join(u'\n'));
     EXPECT_EQ(6, p.paso());
-    EXPECT_EQ(QString(kTotalesDelDia).replace(q("|0|0|1/"), q("|0|0|2101/")), p.totales());
+    EXPECT_EQ(QString(kTotalesDelDia).replace(q("|0|0|1/"), q("|0|0|2301/")), p.totales());
     EXPECT_TRUE(v.demasMenus && v.mantenimiento[kIniciarCaja]);
     QFile f(p.rutas.enPrograma(q("puertos/LPT2")));
     const QByteArray rollo = f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
@@ -251,7 +231,7 @@ TEST_P(CierreConFallas, EachStatementHasItsTurn) {
       break;
     }
     SCOPED_TRACE(qPrintable(QString::number(n) + u' ' + plan.sentencias[n - 1]));
-    abrirDeNuevo(p);
+    abrirAlmacen(p);
     const int quedo = p.paso();
     const QString marcas = p.filas("SELECT cOperId, cOperIdP FROM Configuracion");
     EXPECT_EQ(quedo == 6, marcas != q("0|0")) << "marks and the last step stand together";
@@ -259,7 +239,7 @@ TEST_P(CierreConFallas, EachStatementHasItsTurn) {
     p.poCnnLocal.cerrar();
     PlanFallas sano;
     if (quedo != 6) cerrarEn(p, sano);
-    abrirDeNuevo(p);
+    abrirAlmacen(p);
     EXPECT_EQ(6, p.paso());
     EXPECT_EQ("3/0/0", p.cerradas().section(u'/', 0, 2));
     const QString totales = p.totales();

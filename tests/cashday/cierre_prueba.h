@@ -1,15 +1,15 @@
 #pragma once
 // A desk with a day's sales behind it, and what its closing must leave.
+#include "apoyo/golden.h"
 #include "cashday/cierre.h"
 #include "cashday/cuadre.h"
-#include "cashday/dia_de_archivo.h"
 #include "cashday/pantallas_guion.h"
 #include "cashday/principal.h"
 
 // Two articles on a boleta of 41.50, an order of 57.00.
 class DiaVendido : public PuestoPrueba {
  public:
-  explicit DiaVendido(const Envolver& envolver = {}) : PuestoPrueba(envolver) { ejecutarArchivo(*this, "cierre/dia.sql"); }
+  explicit DiaVendido(const Envolver& envolver = {}) : PuestoPrueba(envolver) { ejecutarArchivo(*this, "golden/cierre/dia.sql"); }
 
   int paso() { return filas("SELECT iCierreCaja FROM Configuracion").toInt(); }
   // All that a closing stores as totals: the sales once, whatever happened on the way.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "apoyo/casos.h"
 #include "cashday/dia.h"
 #include "platform/text/texto.h"
 
@@ -37,27 +38,17 @@ TEST(CerrarCaja, ClosesTheDay) {
 }
 
 TEST(CerrarCaja, BeginsOnlyWhenItMay) {
-  const struct { const char *porque, *respuesta; bool supervisor; const char *sql, *caja; } casos[] = {
-      {"the clerk thinks better of it", "No", true, "", nullptr},
-      {"no supervisor", "Sí", false, "", nullptr},
-      {"nothing sold", "Sí", true, "UPDATE Configuracion SET cOperId = 9", "Debe registrar operaciones."},
-      {"nothing sold, resumed", "Sí", true, "UPDATE Configuracion SET cOperId = 9, iCierreCaja = 4",
-       "Debe registrar operaciones."},
-      {"the clock was set back", "Sí", true, "UPDATE Operacion SET dOperFech = '25/11/2026'",
-       "La fecha del sistema no puede ser posterior a al ultima operacion realizada...Verifique!!"},
-      {"no step to be read", "Sí", true, "DROP TABLE Configuracion", "Error"},
-  };
-  for (const auto& c : casos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("cashday/no_cierra")) {
+    SCOPED_TRACE(c.donde());
     DiaVendido p;
-    if (*c.sql) p.ejecuta(QString::fromLatin1(c.sql));
+    if (!c.falta("sql")) p.ejecuta(c["sql"]);
     const QString antes = p.filas("SELECT * FROM Configuracion");
     Principal v;
     PantallasCierre pantallas(p);
-    if (!c.supervisor) pantallas.supervisor.reset();
-    p.persona().espera(kPregunta, QString::fromUtf8(c.respuesta));
-    if (QLatin1String(c.sql).contains(QLatin1String("DROP"))) p.persona().espera(" - ");
-    if (c.caja) p.persona().espera(QString::fromLatin1(c.caja));
+    if (!c.si("supervisor")) pantallas.supervisor.reset();
+    p.persona().espera(kPregunta, c["respuesta"]);
+    if (c["sql"].contains(u"DROP")) p.persona().espera(" - ");
+    if (!c.falta("caja")) p.persona().espera(c["caja"]);
     cerrar(p, v, pantallas);
     EXPECT_EQ(antes, p.filas("SELECT * FROM Configuracion"));
     EXPECT_EQ("0", p.filas("SELECT COUNT(*) FROM Operacion WHERE cOperTipo >= 10"));

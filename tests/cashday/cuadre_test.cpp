@@ -3,15 +3,15 @@
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
+#include "apoyo/golden.h"
 #include "apoyo/motor_que_falla.h"
-#include "cashday/dia_de_archivo.h"
 #include "cashday/pantallas_principal.h"
 #include "platform/text/numero.h"
 
 namespace {
 
 struct DiaDeCuadre : PuestoPrueba {
-  explicit DiaDeCuadre(const Envolver& envolver = {}) : PuestoPrueba(envolver) { ejecutarArchivo(*this, "cuadre/dia.sql"); }
+  explicit DiaDeCuadre(const Envolver& envolver = {}) : PuestoPrueba(envolver) { ejecutarArchivo(*this, "golden/cuadre/dia.sql"); }
 };
 
 Cuadre cargado(PuestoPrueba& p) {
@@ -19,12 +19,6 @@ Cuadre cargado(PuestoPrueba& p) {
   Inicio(p, v, kCuadreVista);
   CargarCuadre(p, v);
   return v;
-}
-
-QByteArray golden(const char* nombre) { return leerGolden(QLatin1String("cuadre/") + QLatin1String(nombre)); }
-
-QByteArray conCorte(const QByteArray& texto) {
-  return "\x1B@\r\n" + texto + "\r\n" + QByteArray("\r\n\r\n").repeated(4) + "\x1D\x56\x01\r\n";
 }
 
 }  // namespace
@@ -40,7 +34,7 @@ TEST(Cuadre, BothPapersAndTheStoredCount) {
   EXPECT_EQ("", DejarCaja(v));
   Imprimir(p, v);
   // The raw copy of both goes the main route.
-  EXPECT_EQ(QString::fromLatin1(conCorte(golden("z1.txt")) + conCorte(golden("z.txt"))),
+  EXPECT_EQ(QString::fromLatin1(conCorte(leerGolden("cuadre/z1.txt")) + conCorte(leerGolden("cuadre/z.txt"))),
             QString::fromLatin1(p.papeles().papel[QStringLiteral("LPT1")]));
   EXPECT_EQ("", QString::fromLatin1(p.papeles().papel[QStringLiteral("LPT2")]));
   EXPECT_EQ("12|1|1|12|2026-11-24 00:00:00",

@@ -1,11 +1,9 @@
 #include "cashday/dia.h"
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include "apoyo/motor_que_falla.h"
-#include "apoyo/puesto_prueba.h"
+#include "apoyo/casos.h"
+#include "apoyo/otro_puesto.h"
 #include "cashday/pantallas_guion.h"
 #include "cashday/principal.h"
 
@@ -69,76 +67,60 @@ TEST(AbrirCaja, OpensTheDay) {
 }
 
 TEST(AbrirCaja, RefusesWhatIsNoNumber) {
-  const struct { const char *soles, *dolares, *campo; } casos[] = {
-      {"abc", "0.00", "txtimporsoles"}, {"", "0.00", "txtimporsoles"},       {"1e3", "0.00", "txtimporsoles"},
-      {"10.00", "1.2.3", "TxtImporDolares"}, {"10.00", "0'; DELETE", "TxtImporDolares"},
-  };
-  for (const auto& c : casos) {
-    SCOPED_TRACE(std::string(c.soles) + " / " + c.dolares);
+  for (const auto& c : leerCasos("cashday/apertura_mala")) {
+    SCOPED_TRACE(c.donde());
     PuestoPrueba p;
     cerrado(p);
     const QString antes = p.filas(kDia);
-    FrmApertura v{c.soles, c.dolares, {}};
+    FrmApertura v{c["soles"], c["dolares"], {}};
     Principal principal;
     p.persona().espera("no es un número");
     EXPECT_FALSE(AbrirCaja(p, v, principal));
-    EXPECT_EQ(c.campo, v.campoMal);
+    EXPECT_EQ(c["campo"], v.campoMal);
     EXPECT_EQ(antes, p.filas(kDia));
     EXPECT_EQ("", p.ses.psTurno);
   }
 }
 
 TEST(AbrirCaja, ClosesWhatAnEarlierDayLeftOpen) {
-  const struct { const char* porque; bool operacion, paralela; int cajas; const char* marcas; } casos[] = {
-      {"nothing left", false, false, 0, "40|7"},
-      {"sales", true, false, 1, "45|7"},
-      {"parallel operations", false, true, 1, "40|9"},
-      {"both", true, true, 2, "45|9"},
-  };
-  for (const auto& c : casos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("cashday/quedo_abierto")) {
+    SCOPED_TRACE(c.donde());
     PuestoPrueba p;
     cerrado(p);
     p.ejecuta(QStringLiteral("INSERT INTO _Tmp (fec) VALUES ('23/11/2026 22:00')"));
     operacion(p, 40, "22/11/2026 10:00", 0);
     paralela(p, 7, "22/11/2026 10:00", 0);
-    if (c.operacion) operacion(p, 45, "23/11/2026 10:00", 1);
-    if (c.paralela) paralela(p, 9, "23/11/2026 10:00", 1);
+    if (c.si("operacion")) operacion(p, 45, "23/11/2026 10:00", 1);
+    if (c.si("paralela")) paralela(p, 9, "23/11/2026 10:00", 1);
     operacion(p, 50, "24/11/2026 08:00", 1);
     FrmApertura v;
     Principal principal;
     p.persona().espera("Se ha aperturado la caja.");
-    for (int n = 0; n < c.cajas; ++n) {
+    for (int n = 0; n < c.entero("cajas"); ++n) {
       p.persona().espera("NO se cerraron operaciones anteriores. \r\nRecuerde que debe procesar el menu SINCRONIZAR "
                          "DATOS (DIA ANTERIOR) antes del mediodia!!! ");
     }
     EXPECT_TRUE(AbrirCaja(p, v, principal));
-    EXPECT_EQ(c.marcas, p.filas("SELECT cOperId, cOperIdP FROM Configuracion")) << "the marks as after the closing";
-    EXPECT_EQ(c.operacion, principal.sincronizarDiaAnt) << "only sales free the entry";
+    EXPECT_EQ(c["marcas"], p.filas("SELECT cOperId, cOperIdP FROM Configuracion")) << "the marks as after the closing";
+    EXPECT_EQ(c.si("operacion"), principal.sincronizarDiaAnt) << "only sales free the entry";
     EXPECT_EQ("50", p.filas("SELECT cOperId FROM Operacion WHERE cOperFlagAbierto = 1"));
   }
 }
 
 TEST(AbrirCaja, AStoreThatFailsOpensNothing) {
-  const struct { const char *porque, *rompe, *turno; bool abierta; } casos[] = {
-      {"first mark", "DROP TABLE Operacion", "", false},
-      {"second mark", "DROP TABLE OperacionParalela", "", false},
-      {"the row of the day", "DROP TABLE Configuracion", "", false},
-      {"earlier days: the desk is open already", "DROP TABLE _Tmp", "01", true},
-  };
-  for (const auto& c : casos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("cashday/apertura_rota")) {
+    SCOPED_TRACE(c.donde());
     PuestoPrueba p;
     cerrado(p);
-    p.ejecuta(QString::fromLatin1(c.rompe));
+    p.ejecuta(c["rompe"]);
     FrmApertura v;
     Principal principal;
-    if (c.abierta) p.persona().espera("Se ha aperturado la caja.");
+    if (!c["turno"].isEmpty()) p.persona().espera("Se ha aperturado la caja.");
     p.persona().espera(" - ");  // the engine's words
     p.persona().espera("No se pudo aperturar la Caja.");
     EXPECT_FALSE(AbrirCaja(p, v, principal));
     EXPECT_EQ("Mensaje", p.persona().vistas.back().titulo);
-    EXPECT_EQ(c.turno, p.ses.psTurno);
+    EXPECT_EQ(c["turno"], p.ses.psTurno);
     EXPECT_EQ("", v.campoMal);
   }
 }
@@ -157,22 +139,15 @@ TEST(AbrirCaja, AnOpeningThatDiedIsCompletedByTheNextStart) {
       for (int id : {40, 45}) operacion(p, id, "23/11/2026 10:00", id == 45);
       for (int id : {7, 9}) paralela(p, id, "23/11/2026 10:00", id == 9);
       p.persona().dejaPasar();
-      p.poCnnLocal.cerrar();  // no connection lives in both processes
-      const pid_t hijo = ::fork();
-      ASSERT_GE(hijo, 0);
-      if (hijo == 0) {
+      llega = 0 != enOtroProceso(p, [&] {
         FrmApertura v;
         Principal principal;
         plan.armar(0);
-        (void)p.poDBAdmin.AbrirBD(p.poCnnLocal, "driver={Microsoft Access Driver (*.mdb)};DBQ=" + p.ses.psRutaBD);
+        abrirAlmacen(p);
         plan.armar(n, Falla::desdeAhi, muerte);
         AbrirCaja(p, v, principal);
         ::_exit(plan.van >= n ? 1 : 0);
-      }
-      int estado = 0;
-      ASSERT_EQ(hijo, ::waitpid(hijo, &estado, 0));
-      llega = estado != 0;
-      ASSERT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnLocal, "driver={Microsoft Access Driver (*.mdb)};DBQ=" + p.ses.psRutaBD));
+      });
       p.ses.psTurno = p.filas("SELECT cCodiTurno FROM Configuracion");
       FrmApertura v;
       Principal principal;
@@ -192,19 +167,12 @@ TEST(AbrirCaja, AnOpeningThatDiedIsCompletedByTheNextStart) {
 }
 
 TEST(HayOperaciones, CountsAboveTheMark) {
-  const struct { const char *porque, *marca; int id, abierta, tipo; bool hay; } casos[] = {
-      {"above the mark", "10", 11, 0, 1, true},
-      {"at the mark", "10", 10, 1, 1, false},
-      {"a report's mark row is no sale", "10", 11, 1, 10, false},
-      {"without a mark the open flag decides", "NULL", 5, 1, 5, true},
-      {"without a mark, closed", "NULL", 5, 0, 1, false},
-  };
-  for (const auto& c : casos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("cashday/hay_operaciones")) {
+    SCOPED_TRACE(c.donde());
     PuestoPrueba p;
-    p.ejecuta(QStringLiteral("UPDATE Configuracion SET cOperId = %1").arg(QString::fromLatin1(c.marca)));
-    operacion(p, c.id, "24/11/2026 09:00", c.abierta, c.tipo);
-    EXPECT_EQ(c.hay, HayOperaciones(p));
+    p.ejecuta(QStringLiteral("UPDATE Configuracion SET cOperId = %1").arg(c["marca"]));
+    operacion(p, c.entero("id"), "24/11/2026 09:00", c.entero("abierta"), c.entero("tipo"));
+    EXPECT_EQ(c.si("hay"), HayOperaciones(p));
   }
 }
 

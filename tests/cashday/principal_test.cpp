@@ -2,14 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "apoyo/casos.h"
 #include "apoyo/puesto_prueba.h"
 #include "cashday/pantallas_guion.h"
 
 namespace {
-
-const QString kCerrada = QStringLiteral("La caja se encuentra cerrada, debe aperturarla para empezar \r\nregistrar operaciones.");
-const QString kInterrumpido =
-    QStringLiteral("Se ha habilitado la Opcion Reporte Z, porque algunas operaciones no han concluido");
 
 template <size_t N>
 QString encendidos(const std::array<bool, N>& cuales) {
@@ -22,36 +19,24 @@ QString encendidos(const std::array<bool, N>& cuales) {
 }  // namespace
 
 TEST(CargarPrincipal, FreesWhatTheDayAllows) {
-  const QString todosBotones = "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17";
-  const struct {
-    const char *porque, *turno; int cierre; QStringList cajas; QString botones, mantenimiento, operaciones;
-    bool demas; EstadoDia::Clase estado; QString titular;
-  } casos[] = {
-      {"no turn", "", 0, {kCerrada}, "1 3 4 5 7 10 12 13 14 15 16 17", "8", "", true, EstadoDia::Cerrada,
-       "CAJA 00001 · CERRADA"},
-      {"a blank turn is none", "  ", 0, {kCerrada}, "1 3 4 5 7 10 12 13 14 15 16 17", "8", "", true, EstadoDia::Cerrada,
-       "CAJA 00001 · CERRADA"},
-      {"turn open", "02", 0, {}, todosBotones, "1 2 3 4 5 6 7", todosBotones, true, EstadoDia::Abierta,
-       "CAJA 00001 · ABIERTA · TURNO 02"},
-      {"closing interrupted", "01", 1, {kInterrumpido}, "11", "", "8", false, EstadoDia::CierreInterrumpido,
-       "CAJA 00001 · CIERRE SIN TERMINAR"},
-      {"interrupted after the Z blanked the turn", "", 4, {kCerrada, kInterrumpido}, "11", "", "8", false,
-       EstadoDia::CierreInterrumpido, "CAJA 00001 · CIERRE SIN TERMINAR"},
-  };
-  for (const auto& c : casos) {
-    SCOPED_TRACE(c.porque);
+  const QHash<QString, EstadoDia::Clase> clases{{"cerrada", EstadoDia::Cerrada}, {"abierta", EstadoDia::Abierta},
+                                                {"sin terminar", EstadoDia::CierreInterrumpido}};
+  for (const auto& c : leerCasos("cashday/principal")) {
+    SCOPED_TRACE(c.donde());
     PuestoPrueba p;
-    p.ses.psTurno = QString::fromLatin1(c.turno);
-    p.ejecuta(QStringLiteral("UPDATE Configuracion SET iCierreCaja = %1").arg(c.cierre));
-    for (const auto& caja : c.cajas) p.persona().espera(caja);
+    p.ses.psTurno = c["turno"];
+    p.ejecuta(QStringLiteral("UPDATE Configuracion SET iCierreCaja = %1").arg(c.entero("cierre")));
+    for (const char* caja : {"caja", "otraCaja"}) {
+      if (!c.falta(caja)) p.persona().espera(c[caja]);
+    }
     Principal v;
     CargarPrincipal(p, v);
-    EXPECT_EQ(c.botones, encendidos(v.botones));
-    EXPECT_EQ(c.mantenimiento, encendidos(v.mantenimiento));
-    EXPECT_EQ(c.operaciones, encendidos(v.operaciones));
-    EXPECT_EQ(c.demas, v.demasMenus);
-    EXPECT_EQ(c.estado, EstadoDelDia(p, v).clase);
-    EXPECT_EQ(c.titular, EstadoDelDia(p, v).titular);
+    EXPECT_EQ(c["botones"], encendidos(v.botones));
+    EXPECT_EQ(c["mantenimiento"], encendidos(v.mantenimiento));
+    EXPECT_EQ(c["operaciones"], encendidos(v.operaciones));
+    EXPECT_EQ(c.si("demas"), v.demasMenus);
+    EXPECT_EQ(clases.value(c["estado"]), EstadoDelDia(p, v).clase);
+    EXPECT_EQ(c["titular"], EstadoDelDia(p, v).titular);
   }
 }
 

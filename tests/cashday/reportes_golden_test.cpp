@@ -1,28 +1,15 @@
 // Reports against papers worked out by hand from the rows of dia.sql.
 #include <gtest/gtest.h>
 
-#include "platform/text/texto.h"
 #include "reporte_prueba.h"
 
 namespace {
 
 QString u8(const char* s) { return QString::fromUtf8(s); }
 
-// The first line that differs; "" when all are equal.
-std::string diferencia(const QByteArray& esperado, const QByteArray& hay) {
-  const auto a = esperado.split('\n'), b = hay.split('\n');
-  for (qsizetype i = 0; i < std::max(a.size(), b.size()); ++i) {
-    const QByteArray x = i < a.size() ? a[i] : "nothing", y = i < b.size() ? b[i] : "nothing";
-    if (x != y) return "line " + std::to_string(i + 1) + ": expected \"" + DeUnByte(x).toStdString() + "\", printed \"" + DeUnByte(y).toStdString() + '"';
-  }
-  return {};
-}
-
 QByteArray papel(const char* caso) {
-  QByteArray b = leerReporte(u8(caso) + u8(".txt"));
-  EXPECT_FALSE(b.isEmpty());
-  b.replace("@VERSION@", u8("%1.%2.%3").arg(TARVOPOS_VERSION_MAYOR).arg(TARVOPOS_VERSION_MENOR).arg(TARVOPOS_VERSION_REVISION).toUtf8());
-  return "\x1B@\r\n" + b + "\r\n" + QByteArray("\r\n\r\n").repeated(4) + "\x1D\x56\x01\r\n";
+  const QString version = u8("%1.%2.%3").arg(TARVOPOS_VERSION_MAYOR).arg(TARVOPOS_VERSION_MENOR).arg(TARVOPOS_VERSION_REVISION);
+  return conCorte(leerGolden(u8("reportes/%1.txt").arg(u8(caso))).replace("@VERSION@", version.toUtf8()));
 }
 
 struct Caso {
@@ -59,7 +46,7 @@ TEST_P(Reporte, IsThePaperWeExpect) {
   if (c.conDia) p.cargarDia();
   else p.persona().espera(u8("Para registrar ventas en dólares debe registrar el tipo de cambio"));
   EXPECT_TRUE(c.imprimir(p));
-  EXPECT_EQ("", diferencia(papel(c.caso), p.papeles().papel[u8(c.puerto)]));
+  EXPECT_EQ("", primeraDiferencia(papel(c.caso), p.papeles().papel[u8(c.puerto)]));
   EXPECT_EQ(1, p.papeles().papel.size());
   EXPECT_TRUE(p.v.bReporteImpreso);
 }

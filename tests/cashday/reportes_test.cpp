@@ -114,28 +114,6 @@ TEST(Reportes, ADatedReportGoesOnWithoutTheTaxSection) {
   EXPECT_TRUE(papel.contains("Correlativo: 21"));
 }
 
-// A port that fails half way shows one box; the closing counts as done. More lines than the blocks hold stay in the last.
-TEST(Reportes, PaperThatFailsAndPaperThatIsLong) {
-  PuestoDeReporte p;
-  p.cargarDia();
-  p.papeles().fallo = u8("sin papel");
-  p.persona().espera(u8("sin papel"));
-  EXPECT_TRUE(p.cerrarZ1());
-  EXPECT_EQ(u8("01|3"), p.filas(u8(kDia)));
-  p.papeles().fallo.clear();
-  EXPECT_FALSE(p.poCnnLocal.iniciar());
-  for (int n = 0; n < 2200; ++n) {
-    p.articulo(1000 + n, u8("A%1").arg(n), 1);
-    p.ejecuta(u8("INSERT INTO Operacion (cOperCode, cProdCode, cAlmaCode, nProdCant, cOperTipo) VALUES (50, %1, '01', 1, 1)").arg(1000 + n));
-  }
-  EXPECT_FALSE(p.poCnnLocal.confirmar());
-  EXPECT_TRUE(p.cerrarZ());
-  const QByteArray papel = p.papeles().papel[u8("LPT1")];
-  EXPECT_TRUE(papel.contains("A2199") && papel.endsWith("\x1D\x56\x01\r\n"));
-  EXPECT_GT(p.elReloj().dormido_ms, 21 * 20 * 1000) << "a second for each started 150 characters";
-  EXPECT_LT(p.elReloj().dormido_ms, papel.size() / 150 * 1000 + 22'000);
-}
-
 // Each statement of the store fails in turn, once or for good, in a closing of both printers.
 TEST(Reportes, EachStatementOfAClosingHasItsTurn) {
   for (const Falla falla : {Falla::unaVez, Falla::desdeAhi}) {

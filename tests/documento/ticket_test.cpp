@@ -42,45 +42,26 @@ QString comoTexto(const std::vector<RenglonTotal>& renglones) {
 }
 
 TEST(Totales, SaleByKindAndDocument) {
-  CifrasVenta boleta;
-  boleta.total = 100;
-  boleta.porcServ = q("10");
-  CifrasVenta factura = boleta;
-  factura.factura = true;
-  factura.igv = 15.25;
-  CifrasVenta conServicio = factura;
-  conServicio.igv = 14.06;
-  conServicio.servicio = 7.81;
-  conServicio.efectivo = {100, 0, 0, 0};
-  CifrasVenta dolares = boleta;
-  dolares.efectivo = {0, 40, 20, 0};
-  CifrasVenta cambioEnDolares = boleta;
-  cambioEnDolares.efectivo = {50, 20, 0, 3.33};
-  CifrasVenta tarjetas = boleta;
-  tarjetas.voucher = {{q("01"), q("VISA"), 60.1}, {q("02"), q("OTRA"), 39.9}};  // 100 less both is not quite 0
-  CifrasVenta tarjetaYEfectivo = boleta;
-  tarjetaYEfectivo.voucher = {{q("01"), q("VISA"), 60}};
-  tarjetaYEfectivo.efectivo = {50, 0, 10, 0};
-  CifrasVenta liquidando = boleta;
-  liquidando.efectivo = {100, 0, 0, 0};
-  liquidando.liquidacion = CifrasLiquidacion{{30, 0, 0, 2}, 70};
-  const struct { const char* porque; ClaseDocumento clase; CifrasVenta cifras; const char* sale; } kCasos[] = {
-      {"no cash, no lines of it", kVentaExacta, boleta, "TOTAL VTA 100.00\n"},
-      {"the three add up", kVentaExacta, factura, "VALOR VTA 84.75\nIGV 15.25\nTOTAL VTA 100.00\n"},
-      {"service between IGV and total", kVentaExacta, conServicio,
-       "VALOR VTA 78.13\nIGV 14.06\nSERVICIO(10 %) 7.81\nTOTAL VTA 100.00\nEFECTIVO(S/) 100.00\n"},
-      {"dollars with change in soles", kVentaConVuelto, dolares, "TOTAL VTA 100.00\nEFECTIVO(U$) 40.00\nVUELTO(S/) 20.00\n"},
-      {"change in dollars", kVentaConVuelto, cambioEnDolares,
-       "TOTAL VTA 100.00\nEFECTIVO(S/) 50.00\nEFECTIVO(U$) 20.00\nVUELTO(U$) 3.33\n"},
-      {"paid wholly by cards", kVentaVoucher, tarjetas, "TOTAL VTA 100.00\nVISA 60.10\nOTRA 39.90\n"},
-      {"card and cash", kVentaVoucher, tarjetaYEfectivo,
-       "TOTAL VTA 100.00\nVISA 60.00\nEFECTIVO S/. 40.00\nVUELTO 10.00\n"},
-      {"a liquidation's own cash", kVentaExacta, liquidando,
-       "TOTAL VTA 100.00\nEFECTIVO(S/) 30.00\nPADE/PADV 70.00\nVUELTO(U$) 2.00\n"},
+  const QHash<QString, ClaseDocumento> clases{
+      {q("exacta"), kVentaExacta}, {q("con vuelto"), kVentaConVuelto}, {q("voucher"), kVentaVoucher}};
+  const auto dinero = [](const QString& t) {
+    const QStringList n = t.split(u' ');
+    return EfectivoDocumento{n.value(0).toDouble(), n.value(1).toDouble(), n.value(2).toDouble(), n.value(3).toDouble()};
   };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
-    EXPECT_EQ(q(c.sale), comoTexto(TotalesVenta(c.clase, c.cifras)));
+  for (const auto& c : leerCasos("documento/totales")) {
+    SCOPED_TRACE(c.donde());
+    CifrasVenta v;
+    v.total = 100;
+    v.porcServ = q("10");
+    v.factura = c.si("factura");
+    v.igv = c.numero("igv");
+    v.servicio = c.numero("servicio");
+    v.efectivo = dinero(c["efectivo"]);
+    for (const QString& t : c["tarjetas"].split(u' ', Qt::SkipEmptyParts)) {
+      v.voucher.push_back({q("01"), t.section(u'=', 0, 0), t.section(u'=', 1).toDouble()});
+    }
+    if (!c.falta("liquidacion")) v.liquidacion = CifrasLiquidacion{dinero(c["liquidacion"]), 70};
+    EXPECT_EQ(c["sale"], comoTexto(TotalesVenta(clases.value(c["clase"]), v)));
   }
 }
 

@@ -3,10 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QFile>
-
+#include "apoyo/golden.h"
 #include "apoyo/motor_que_falla.h"
-#include "apoyo/puesto_prueba.h"
 #include "loyalty/cliente_bd.h"
 #include "loyalty/pendientes.h"
 
@@ -20,24 +18,11 @@ const QString kFilas = QStringLiteral(
     "SELECT cClieCode, cAcumCode, nAcumImpo, nPuntCant, cDocTipo, cDocCodigo, IdLocal FROM Acumulacion_Punto");
 const QString kSaldos = QStringLiteral("SELECT nPuntCant FROM Cliente ORDER BY IdLocal, cClieCode");
 
-// Customer 5 of site 1 earns, customer 6 is a company, customer 5 of site 2 is another person.
 struct Tienda : PuestoPrueba {
   explicit Tienda(const Envolver& envolver = {}) : PuestoPrueba(envolver) {
     EXPECT_TRUE(ConectarCliente(*this, false));
-    for (Conexion* c : {&poCnnCliente, &poCnnLocal}) {
-      ejecuta(*c, q("INSERT INTO Regla_Punto (nImpoMaxi, nPuntImpo, nPuntCant) VALUES (0, 10, 1)"));
-    }
-    ejecuta(poCnnCliente, q("INSERT INTO Cliente (cClieCode, IdLocal, iTipo, nPuntCant) VALUES (5, 1, 1, 20)"));
-    ejecuta(poCnnCliente, q("INSERT INTO Cliente (cClieCode, IdLocal, iTipo, nPuntCant) VALUES (6, 1, 3, 0)"));
-    ejecuta(poCnnCliente, q("INSERT INTO Cliente (cClieCode, IdLocal, iTipo, nPuntCant) VALUES (5, 2, 1, 70)"));
-    for (const char* t : {"5, 1, '00000005'", "6, 1, '00000006'", "5, 2, '00000005'"}) {
-      ejecuta(poCnnCliente, q("INSERT INTO Tarjeta (cClieCode, IdLocal, nTarjNumb) VALUES (") + q(t) + u')');
-    }
-    // The copies as the pull brings them: without site and kind.
-    ejecuta(q("INSERT INTO Cliente (cClieCode) VALUES (5)"));
-    ejecuta(q("INSERT INTO Cliente (cClieCode) VALUES (6)"));
-    ejecuta(q("INSERT INTO Tarjeta (cClieCode, nTarjNumb) VALUES (5, '00000005')"));
-    ejecuta(q("INSERT INTO Tarjeta (cClieCode, nTarjNumb) VALUES (6, '00000006')"));
+    ejecutarArchivo(*this, poCnnCliente, "loyalty/casos/cliente.sql");
+    ejecutarArchivo(*this, "loyalty/casos/copia.sql");
     LeerReglaPunto(*this);
   }
   void cae() { QFile::rename(base(), base() + u'x'); }

@@ -1,23 +1,9 @@
 #include "apoyo/casos.h"
-#include "sql_banco.h"
+#include "sql_sentencias.h"
 
 namespace {
 
-const QStringList kTienda = {
-    u8("CREATE TABLE Operacion (cOperID INTEGER PRIMARY KEY AUTOINCREMENT, cOperCode INTEGER, cProdCode INTEGER, "
-       "cAlmaCode TEXT COLLATE NOCASE, nProdCant REAL DEFAULT 0, nProdPrecUnit REAL DEFAULT 0, nDscto INTEGER DEFAULT 0, "
-       "dOperFech DATETIME, cDocTipo TEXT COLLATE NOCASE, cOperFlagAbierto INTEGER DEFAULT 1)"),
-    u8("CREATE TABLE Producto (cProdCode INTEGER PRIMARY KEY, sProdDesc TEXT COLLATE NOCASE, sLibre TEXT, "
-       "cEstadoTexto TEXT COLLATE NOCASE, nPrec REAL)"),
-    u8("CREATE TABLE Configuracion (cCodiTurno TEXT COLLATE NOCASE, iCierreCaja INTEGER)"),
-    u8("INSERT INTO Operacion (cOperCode,cProdCode,cAlmaCode,nProdCant,nProdPrecUnit,nDscto,dOperFech,cDocTipo) VALUES "
-       "(7,1,'01',2,5.5,-10,'2025-04-03 10:05:00','02'),(7,0,NULL,1,-1,0,'2025-04-03 10:05:00','02'),"
-       "(8,2,'01',1,3,0,'2025-12-25 00:00:00','01')"),
-    u8("INSERT INTO Producto VALUES (1,'ÑANDÚ asado','abc','1',5.5),(2,'Lomo','ABC','2',5),(3,'lomo 2','ñu','x',NULL),"
-       "(4,'ñandúes','','',0.25)"),
-    u8("INSERT INTO Configuracion VALUES ('01',0)"),
-};
-
+const QStringList kTienda = leerLineas(u8("platform/casos/tienda.sql"));
 
 TEST(Jet, AnswersAsItsEngineDid) {
   Banco b(true, kTienda);

@@ -1,5 +1,4 @@
 #include "servidores.h"
-#include "sql_banco.h"
 #include "sql_sentencias.h"
 #include "store/tablas.h"
 
@@ -30,17 +29,7 @@ TEST(Sentencias, AllOfThemRunOnTheirTables) {
 TEST(Sentencias, TheDialectsAnswerAsTheirEngines) {
   for (const bool jet : {true, false}) {
     Banco b(jet, {});
-    QString sql, sale;
-    for (const QString& linea : leerSentencias(jet ? "respuestas_jet" : "respuestas_tsql")) {
-      if (!linea.startsWith(u"  ")) {
-        EXPECT_FALSE(sale.startsWith(u"error")) << sql.toStdString() << "\n" << sale.toStdString();
-        sale = b.respuesta(sql = linea);
-        continue;
-      }
-      if (linea == u"  error") EXPECT_TRUE(sale.startsWith(u"error")) << sql.toStdString();
-      else EXPECT_EQ(linea.mid(2), sale) << sql.toStdString() << "\n" << b.cnn.traducir(sql).toStdString();
-      sale.clear();
-    }
+    comprobarRespuestas(b, leerSentencias(jet ? "respuestas_jet" : "respuestas_tsql"));
   }
 }
 

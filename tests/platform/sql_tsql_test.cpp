@@ -1,18 +1,9 @@
 #include "apoyo/casos.h"
-#include "sql_banco.h"
+#include "sql_sentencias.h"
 
 namespace {
 
-const QStringList kCentral = {
-    u8("CREATE TABLE venta01 (cCodVta TEXT COLLATE NOCASE PRIMARY KEY, TipoDoc TEXT COLLATE NOCASE, NroDoc TEXT COLLATE "
-       "NOCASE, FechaEmision DATETIME, TotVta REAL, IdLocal INTEGER, DscCliente TEXT COLLATE NOCASE, cCodMoneda TEXT COLLATE NOCASE)"),
-    u8("CREATE TABLE pagos (NroDoc TEXT COLLATE NOCASE, moneda TEXT COLLATE NOCASE, monto REAL, ntipocambio REAL, "
-       "FechaAnulacion DATETIME, n INTEGER)"),
-    u8("INSERT INTO venta01 VALUES ('1','01','000012','2025-04-03 10:05:00',100,1,'Ñáñez','N'),"
-       "('2','01','000013','2025-12-25 00:00:00',50.5,2,'Perez ','E')"),
-    u8("INSERT INTO pagos VALUES ('000012','N',30,3.5,NULL,7),('000012','E',10,3.5,NULL,2),('000013','N',1,3.5,'2025-12-26 08:00:00',1)"),
-};
-
+const QStringList kCentral = leerLineas(u8("platform/casos/central.sql"));
 
 TEST(TSql, AnswersAsItsEngineDid) {
   Banco b(false, kCentral);

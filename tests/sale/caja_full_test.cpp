@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "apoyo/casos.h"
-#include "apoyo/puesto_prueba.h"
+#include "apoyo/golden.h"
 #include "sale/autorizar.h"
 #include "sale/caja_lineas.h"
 #include "sale/caja_totales.h"
@@ -27,28 +27,8 @@ struct CajaFull : testing::Test {
   void SetUp() override {
     p.articulo(1, q("CAFE"), 10, true);
     EXPECT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnCliente, p.ses.psConexionCliente));
-    for (const char* sql : {
-             "INSERT INTO Regla_Punto (nImpoMaxi, nPuntImpo, nPuntCant) VALUES (1000, 10, 1)",
-             "INSERT INTO local (idlocal, dsclocal, Activo) VALUES (1, 'CENTRO', 1)",
-             "INSERT INTO local (idlocal, dsclocal, Activo) VALUES (2, 'NORTE', 0)",
-             "INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, iTipo) VALUES (5, 1, 'PÉREZ ', 'ANA', 1)",
-             "INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, iTipo) VALUES (5, 2, 'DÍAZ', 'LUZ', 1)",
-         }) {
-      p.ejecuta(p.poCnnCliente, q(sql));
-    }
-    // Number, sites in which it is active and not expired.
-    tarjeta("00000005", 1, 1, "2026-11-24 00:00:00");
-    tarjeta("00000006", 1, 1, "2026-11-23 23:59:00");
-    tarjeta("00000007", 1, 0, "2027-11-24 00:00:00");
-    tarjeta("00000008", 1, 1, "2027-11-24 00:00:00");
-    tarjeta("00000008", 2, 1, "2027-11-24 00:00:00");
-    tarjeta("00000009", 2, 1, "2027-11-24 00:00:00");
+    ejecutarArchivo(p, p.poCnnCliente, "sale/casos/clientes.sql");
     p.poDBAdmin.CerrarBD(p.poCnnCliente);
-  }
-  void tarjeta(const char* numero, int local, int activa, const char* caduca) {
-    p.ejecuta(p.poCnnCliente,
-              q("INSERT INTO Tarjeta (cClieCode, IdLocal, nTarjNumb, cTarjActi, dCaduDate) VALUES "
-                "(5, %1, '%2', %3, CONVERT(DATETIME,'%4',120))").arg(local).arg(q(numero)).arg(activa).arg(q(caduca)));
   }
   void caeElCliente() { p.ses.psConexionCliente = q("Provider=SQLOLEDB.1;Data Source=sqlite:nohay.db"); }
   ResultadoTarjeta busca(const char* numero) {
@@ -164,32 +144,23 @@ TEST_F(CajaFull, WithoutTheClientDatabaseTheCardStays) {
 
 TEST_F(CajaFull, EveryCheckBeforeTheCommit) {
   using V = CajaRegistradoraFull;
-  const struct { const char* porque; void (*falta)(V&); const char *caja, *foco; int fila; } kCasos[] = {
-      {"fit to sell",     [](V&) {}, "", "", -1},
-      {"dollars back",    [](V& v) { v.txtVueltoDolares = q("-1"); }, "No se puede registrar la operacion si el vuelto es negativo", "txtVueltoDolares", -1},
-      {"soles back",      [](V& v) { v.txtVueltoSoles = q("-1"); }, "No se puede registrar la operacion si el vuelto es negativo", "txtEfectivoSoles", -1},
-      {"soles",           [](V& v) { v.txtEfectivoSoles = q("-1"); }, "No se puede registrar la operacion si el efectivo es negativo", "txtEfectivoSoles", -1},
-      {"dollars",         [](V& v) { v.txtEfectivoDolares = q("-1"); }, "No se puede registrar la operacion si el efectivo es negativo", "txtEfectivoDolares", -1},
-      {"in the customer's favour", [](V& v) { v.bLiquidando = true; v.txtVueltoSoles = v.txtEfectivoDolares = q("-1"); }, "", "", -1},
-      {"a row to fill",   [](V& v) { AgregarFila(v); }, "Debe registrar un artìculo.", "TDBGrid1", 1},
-      {"the same behind another tab", [](V& v) { AgregarFila(v); v.pestana = 1; }, "Debe registrar un artìculo.", "TDBGrid1", 1},
-      {"no note",         [](V& v) { v.pestana = 2; }, "Debe seleccionar Nota de Consumo a Liquidar", "txtTXL(1)", -1},
-      {"ten digits",      [](V& v) { v.txtRUC = q("2010007097"); }, "El RUC debe poseer 11 dígitos", "txtRUC", -1},
-      {"eleven letters",  [](V& v) { v.txtRUC = q("2010007097X"); }, "El RUC debe poseer 11 dígitos", "txtRUC", -1},
-      {"eleven digits",   [](V& v) { v.txtRUC = q(" 20100070970 "); }, "", "", -1},
-      {"change comes before the article", [](V& v) { AgregarFila(v); v.txtVueltoSoles = q("-1"); }, "No se puede registrar la operacion si el vuelto es negativo", "txtEfectivoSoles", -1},
-  };
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
+  for (const auto& c : leerCasos("sale/validacion")) {
+    SCOPED_TRACE(c.donde());
     Inicio(p, v);
     v.bLiquidando = false;
     ASSERT_TRUE(SalirCelda(p, v, 0, kCod, q("1")));
-    c.falta(v);
-    if (*c.caja) p.persona().espera(q(c.caja));
+    v.bLiquidando = c.si("liquidando");
+    if (c.si("vacia")) AgregarFila(v);
+    if (!c.falta("pestana")) v.pestana = c.entero("pestana");
+    for (const auto& [columna, campo] : {std::pair("vueltoS", &V::txtVueltoSoles), {"vueltoUS", &V::txtVueltoDolares},
+                                         {"soles", &V::txtEfectivoSoles}, {"dolares", &V::txtEfectivoDolares}, {"ruc", &V::txtRUC}}) {
+      if (!c.falta(columna)) v.*campo = c[columna];
+    }
+    if (!c["caja"].isEmpty()) p.persona().espera(c["caja"]);
     const auto foco = ValidaVenta(p, v, pantallas);
-    EXPECT_EQ(!*c.caja, !foco);
-    EXPECT_EQ(q(c.foco), foco ? foco->control : QString());
-    EXPECT_EQ(c.fila, foco ? foco->fila : -1);
+    EXPECT_EQ(c["caja"].isEmpty(), !foco);
+    EXPECT_EQ(c["foco"], foco ? foco->control : QString());
+    EXPECT_EQ(c.entero("fila"), foco ? foco->fila : -1);
   }
 }
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "apoyo/casos.h"
-#include "apoyo/puesto_prueba.h"
+#include "apoyo/golden.h"
 #include "sale/caja_full.h"
 
 namespace {
@@ -17,18 +17,7 @@ struct CajaLineas : testing::Test {
   PuestoPrueba p;
   CajaRegistradoraFull v;
 
-  void SetUp() override {
-    p.articulo(12, q("CAFE PASADO"), 4.5, true, q("CAF-01"));
-    p.articulo(13, q("CAFE CORTADO"), 6, false, q("CAF-010"));
-    p.articulo(14, q("TORTA"), 9.9, false, q("77.01.23"));
-    p.articulo(15, q("RETIRADO"), 1, false, q("OLD"));
-    p.articulo(16, q("SUSPENDIDO"), 1, false, q("SUS"));
-    p.articulo(17, q("VALE"), 20, false, q("VAL"));
-    p.articulo(18, q("CHOCOLATE D''ORO"), 3, false, q("D''ORO"));
-    p.ejecuta(q("UPDATE Producto SET nActivo = 0 WHERE cProdCode = 15"));
-    p.ejecuta(q("UPDATE Producto SET cProdEstd = 0 WHERE cProdCode = 16"));
-    p.ejecuta(q("UPDATE Producto SET nPuntos = 50, cFlagCanje = 1 WHERE cProdCode = 17"));
-  }
+  void SetUp() override { ejecutarArchivo(p, "sale/casos/surtido.sql"); }
   bool sale(int columna, const QString& texto, int fila = 0) { return SalirCelda(p, v, fila, columna, texto); }
   bool sale(int columna, const char* texto, int fila = 0) { return sale(columna, q(texto), fila); }
   QString celdas(int fila = 0) const {

@@ -1,6 +1,7 @@
 // The kinds of sale beside a plain one, from the screen's fields to the rows: advance payments, notes, liquidations,
 // vouchers.
 #include "apoyo/casos.h"
+#include "apoyo/golden.h"
 #include "sale/caja_liquidacion.h"
 
 #include "sale/caja_adelanto.h"
@@ -17,24 +18,7 @@ struct Liquidacion : testing::Test {
   CajaRegistradoraFull v;
 
   void SetUp() override {
-    p.articulo(101, q("Lomo"), 10, true);
-    p.articulo(102, q("Cafe"), 4.5);
-    // Code, kind, currency, soles, dollars, state, tied to.
-    for (const char* fila : {"9, 22, 1, 30, 10, '1', 0", "10, 23, 2, 60, 20, '1', 0", "11, 21, 0, 27, 9, '1', 9",
-                             "12, 21, 0, 9, 3, '1', 9", "13, 21, 0, 18, 6, '1', 10", "14, 22, 1, 5, 1, '2', 0"}) {
-      p.ejecuta(q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, nMoneda, nMontoSoles, nMontoDolares, cEstado, "
-                  "cOperCodeRela, dOperFech, cDocSerie, cDocCodigo, cDocTipo, sGlosa, nTarjNumb) VALUES (%1, '24/11/2026 "
-                  "09:00', 'XX1', 7, '99', 'fiesta', '00000007')").arg(q(fila)));
-    }
-    for (const char* fila : {"11, 101, 3, 9.00, -10", "12, 102, 2, 4.50, 0", "13, 102, 4, 4.50, 20"}) {
-      p.ejecuta(q("INSERT INTO OperacionParalelaProducto (cAlmaCode, cOperCode, cProdCode, nProdCant, nProdPrecUnit, "
-                  "nDscto, nServicio) VALUES ('01', %1, 10)").arg(q(fila)));
-    }
-    // A card of two customers must not bring a document twice.
-    for (int local : {1, 2}) {
-      p.ejecuta(q("INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName) VALUES (7, %1, 'DÍAZ', 'LUZ')").arg(local));
-      p.ejecuta(q("INSERT INTO Tarjeta (cClieCode, IdLocal, nTarjNumb) VALUES (7, %1, '00000007')").arg(local));
-    }
+    ejecutarArchivo(p, "sale/casos/liquidacion.sql");
     Inicio(p, v);
     CambiarTipo(p, v, pantallas, kLIQPAD);
   }

@@ -1,16 +1,17 @@
 // What a commit leaves when a statement of it fails or the process dies in it, and that the next commit works.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include "apoyo/motor_que_falla.h"
-#include "apoyo/puertos_que_matan.h"
+#include "apoyo/golden.h"
+#include "apoyo/otro_puesto.h"
 #include "sale/caja_liquidacion.h"
 #include "venta_prueba.h"
 
 namespace {
 
 QString q(const char* s) { return QString::fromUtf8(s); }
+
+// What a liquidation settles: an advance payment of 30.00 and a note of 45.00.
+const char* const kDocumentos = "sale/casos/documentos.sql";
 
 std::vector<FilaVenta> dosLineas() { return {filaVenta(101, q("Cafe"), 10, 3), filaVenta(102, q("Torta"), 12.5)}; }
 
@@ -28,21 +29,6 @@ const EscenaFalla kEscenas[] = {
     {"Pade", kPADE, "12", 1, "", "50.00"},      {"Padv", kPADV, "13", 2, "", "50.00"},
     {"Liquidacion", kLIQPAD, "14", 2, "20.00", ""},
 };
-
-// What a liquidation settles: an advance payment of 30.00 and a note of 45.00.
-void ponerDocumentos(PuestoPrueba& p) {
-  p.articulo(102, q("Torta"), 4.5);
-  for (const char* sql : {
-           "INSERT INTO OperacionParalela (cOperCode, cOperTipo, dOperFech, nMontoSoles, nMoneda, cEstado, cOperCodeRela, "
-           "cDocSerie, cDocCodigo, cDocTipo) VALUES (9, 22, '24/11/2026 09:00', 30, 1, '1', 0, 'PA1', 0, '12')",
-           "INSERT INTO OperacionParalela (cOperCode, cOperTipo, dOperFech, nMontoSoles, nMoneda, cEstado, cOperCodeRela, "
-           "cDocSerie, cDocCodigo, cDocTipo) VALUES (11, 21, '24/11/2026 09:30', 45, 0, '1', 9, 'NC1', 0, '11')",
-           "INSERT INTO OperacionParalelaProducto (cAlmaCode, cOperCode, cProdCode, nProdCant, nProdPrecUnit, nDscto, "
-           "nServicio) VALUES ('01', 11, 102, 10, 4.5, 0, 0)",
-       }) {
-    p.ejecuta(q(sql));
-  }
-}
 
 void llenar(const EscenaFalla& e, Puesto& p, CajaRegistradoraFull& v) {
   PonerTipo(v, e.tipo);
@@ -98,7 +84,7 @@ TEST_P(Fallas, EachStatementOfTheCommitHasItsTurn) {
     PlanFallas plan;
     PuestoDeVenta p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
     p.persona().dejaPasar();
-    ponerDocumentos(p);
+    ejecutarArchivo(p, kDocumentos);
     const int base = filasDe(p), usado = p.filas(contador).toInt();
     CajaRegistradoraFull v;
     PantallasGuion pantallas;
@@ -146,20 +132,9 @@ INSTANTIATE_TEST_SUITE_P(CommitOnAFullDisk, Fallas,
                                           testing::Values(kEscenas[0], kEscenas[6])),
                          [](const auto& i) { return std::get<1>(i.param).nombre; });
 
-// The alternate printer by its name as well.
-class PuertosConAlterna final : public PuertosQueMatan {
- public:
-  using PuertosQueMatan::PuertosQueMatan;
-  QList<ImpresoraSistema> impresoras() override { return {{QStringLiteral("Alterna"), QStringLiteral("LPT2")}}; }
-};
-
 // One document on the desk's folder by a desk of its own; with a plan that kills it doesn't come back.
 void emitirEn(PuestoPrueba& p, PlanFallas plan, const EscenaFalla& escena) {
-  MotoresQueFallan motores(p.motores, plan);
-  PuertosConAlterna puertos(p.rutas.programa, plan);
-  Puesto otro(motores, puertos, p.reloj, p.mensajes, p.salida, p.rutas);
-  otro.ses = p.ses;
-  ASSERT_TRUE(otro.poDBAdmin.AbrirBD(otro.poCnnLocal, q("driver={Microsoft Access Driver (*.mdb)};DBQ=") + p.ses.psRutaBD));
+  OtroPuesto<> otro(p, plan, p.mensajes);
   CajaRegistradoraFull v;
   PantallasGuion pantallas;
   llenar(escena, otro, v);
@@ -175,25 +150,17 @@ QByteArray rollo(const PuestoPrueba& p, const char* puerto) {
 // the number in use and the papers that carry it; the last call is for the one that ran to its end.
 void matarEnCadaPaso(const EscenaFalla& escena, const char* puerto, const char* ticket,
                      const std::function<void(PuestoPrueba&, bool entera, int usado, qsizetype papeles)>& mira) {
-  const QString local = q("driver={Microsoft Access Driver (*.mdb)};DBQ=");
   for (const Muerte momento : {Muerte::antes, Muerte::despues}) {
     for (int n = 1;; ++n) {
       SCOPED_TRACE(n);
       PuestoDeVenta p;
       p.persona().dejaPasar();
-      ponerDocumentos(p);
-      p.poCnnLocal.cerrar();  // no connection lives in both processes
-      const pid_t hijo = ::fork();
-      ASSERT_GE(hijo, 0);
-      if (hijo == 0) {
+      ejecutarArchivo(p, kDocumentos);
+      const int estado = enOtroProceso(p, [&] {
         PlanFallas plan;
         plan.armar(n, Falla::unaVez, momento);
         emitirEn(p, plan, escena);
-        ::_exit(0);
-      }
-      int estado = 0;
-      ASSERT_EQ(hijo, ::waitpid(hijo, &estado, 0));
-      ASSERT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnLocal, local + p.ses.psRutaBD));
+      });
       const int usado = p.filas(q("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='%1'").arg(q(escena.tipoDoc))).toInt();
       const auto papeles = rollo(p, puerto).count(ticket);
       EXPECT_TRUE(papeles == 0 || usado == 1);  // number before paper
@@ -203,7 +170,7 @@ void matarEnCadaPaso(const EscenaFalla& escena, const char* puerto, const char* 
         EXPECT_GT(n, 14);
         break;
       }
-      EXPECT_TRUE(WIFSIGNALED(estado) && WTERMSIG(estado) == SIGKILL);
+      EXPECT_TRUE(murio(estado));
       p.ejecuta(q("UPDATE OperacionParalela SET cEstado='1', cOperCodeRela=9 WHERE cOperCode IN (9, 11)"));
       emitirEn(p, {}, escena);
       EXPECT_EQ(papeles, rollo(p, puerto).count(ticket) - (usado == 0 ? 1 : 0));  // no number twice on paper

@@ -80,42 +80,4 @@ TEST(Commit, APercentageNeedsItsSupervisor) {
   EXPECT_EQ(2, c.pantallas.pedidas);
 }
 
-TEST(Commit, BoletasAndFacturasShareOneRun) {
-  Caja c;
-  for (const char* ruc : {"20512345678", "", "20512345678"}) {
-    c.v.lineas = {filaVenta(101, q("Cafe"), 10)};
-    c.v.txtRUC = q(ruc);
-    c.vender();
-  }
-  EXPECT_EQ(q("1|01|001|1\n2|02|001|2\n3|01|001|3"),
-            c.p.filas(q("SELECT cOperCode, cDocTipo, cDocSerie, cDocCodigo FROM Operacion WHERE cProdCode<>0 ORDER BY cOperID")));
-  EXPECT_EQ(q("3|3"), c.p.filas(q("SELECT COUNT(*), (SELECT idct FROM _Tmp1 WHERE prn=1) FROM Operacion WHERE cProdCode=0")));
-}
-
-TEST(Commit, WhatIsAwayStopsNoSale) {
-  Caja c;
-  QFile::remove(c.p.rutas.enPrograma(q("central.db")));
-  QFile::remove(c.p.rutas.enPrograma(q("cliente.db")));
-  c.p.papeles().fallo = q("sin papel");
-  c.p.persona().dejaPasar();
-  c.vender();
-  EXPECT_EQ(q("2"), c.p.filas(q("SELECT COUNT(*) FROM Operacion")));
-  EXPECT_EQ(QString(), c.v.lineas[0][kCod]);
-}
-
-TEST(Commit, AVoucherSaleKeepsItsCards) {
-  Caja c;
-  c.v.nTipoVenta = kVoucher;
-  c.v.bVoucherListo = true;
-  c.v.txtSoles = q("30.00");
-  c.v.txtEfectivoSoles = q("10.00");
-  c.p.ses.poVoucher = {{q("01"), q("VISA"), 15}, {q("07"), q("OTRA"), 5}};
-  c.vender();
-  EXPECT_EQ(q("101|2|,01,07|0\n0|1|,01,07|10"),
-            c.p.filas(q("SELECT cProdCode, cOperTipo, cEmisor, nMontoSoles FROM Operacion ORDER BY cOperID")));
-  EXPECT_TRUE(c.papel().contains("                VOUCHER\r\n"));
-  EXPECT_TRUE(c.papel().contains("VISA                             15.00\r\n"));
-  EXPECT_TRUE(c.papel().contains(" EFECTIVO S/.                    10.00\r\n"));
-}
-
 }  // namespace

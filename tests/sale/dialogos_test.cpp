@@ -1,9 +1,8 @@
 // The tender dialogs, the search and the withdrawal, without their windows.
 #include <gtest/gtest.h>
 
-#include <QFile>
-
 #include "apoyo/casos.h"
+#include "apoyo/golden.h"
 #include "apoyo/motor_que_falla.h"
 #include "apoyo/puesto_prueba.h"
 #include "platform/sql/contiene.h"
@@ -91,13 +90,7 @@ TEST(Busqueda, PagesOfArticles) {
 TEST(Busqueda, CustomersAndDocumentsOnceEach) {
   PuestoPrueba p;
   EXPECT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnCliente, p.ses.psConexionCliente));
-  for (Conexion* c : {&p.poCnnCliente, &p.poCnnLocal}) {
-    for (int local : {1, 2}) {
-      p.ejecuta(*c, q("INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName) VALUES (7, %1, 'ROJAS 07', 'ANA')").arg(local));
-      p.ejecuta(*c, q("INSERT INTO Tarjeta (cClieCode, IdLocal, nTarjNumb, cTarjActi, dCaduDate) VALUES (7, %1, '00000007', 1, '2027-01-01 00:00:00')").arg(local));
-    }
-    p.ejecuta(*c, q("INSERT INTO Tarjeta (cClieCode, IdLocal, nTarjNumb, cTarjActi, dCaduDate) VALUES (7, 1, '00000070', 1, '2026-11-23 00:00:00')"));
-  }
+  for (Conexion* c : {&p.poCnnCliente, &p.poCnnLocal}) ejecutarArchivo(p, *c, "sale/casos/tarjetahabientes.sql");
   p.poDBAdmin.CerrarBD(p.poCnnCliente);
   Busqueda b;
   b.tipo = TipoBusqueda::Cliente;
@@ -110,11 +103,7 @@ TEST(Busqueda, CustomersAndDocumentsOnceEach) {
     EXPECT_EQ(q("00000007"), b.filas[0].codigo);
     EXPECT_EQ(3, b.filas[0].idLocal + b.filas[1].idLocal);
   }
-  for (const char* fila : {"5,22,'00000007',2,75,25,'1','PA1',3,'BODA'", "6,23,'',1,80,0,'1','PV1',4,'CENA'",
-                           "8,21,'',0,9,0,'1','NC1',5,''", "9,22,'',1,5,0,'2','PA1',6,''"}) {
-    p.ejecuta(q("INSERT INTO OperacionParalela (cOperCode,cOperTipo,nTarjNumb,nMoneda,nMontoSoles,nMontoDolares,cEstado,"
-                "cDocSerie,cDocCodigo,sGlosa,dOperFech) VALUES (") + q(fila) + q(",'24/11/2026 10:00')"));
-  }
+  ejecutarArchivo(p, "sale/casos/paralelas.sql");
   const QHash<QString, TipoBusqueda> tipos{{q("adelantos"), TipoBusqueda::PagoAdelantado},
                                            {q("adelantos a liquidar"), TipoBusqueda::Liquidacion0},
                                            {q("notas a liquidar"), TipoBusqueda::Liquidacion1}};
@@ -155,12 +144,6 @@ TEST(Contiene, AgreesWithTheGeneralMatcher) {
   EXPECT_GT(directos, 50);
 }
 
-QByteArray papel(const char* nombre) {
-  QFile f(QStringLiteral(TARVOPOS_FUENTES "/tests/golden/retiros/") + q(nombre));
-  EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << nombre;
-  return f.readAll();
-}
-
 TEST(Retiro, TheReceiptIsThePaperWeExpect) {
   const QDateTime momento(QDate(2026, 11, 25), QTime(9, 5));
   const struct { const char* papel; QStringList cabecera; double monto; const char* usuario; qint64 codigo; } kCasos[] = {
@@ -172,7 +155,7 @@ TEST(Retiro, TheReceiptIsThePaperWeExpect) {
     const DocumentoImpreso recibo = ReciboRetiro(c.cabecera, c.monto, q(c.usuario), c.codigo, momento);
     EXPECT_TRUE(recibo.partes[2].puntos == 9 && recibo.partes[2].negrita);
     const QString texto = recibo.textos().join(u'\n');
-    EXPECT_EQ(papel(c.papel).replace("\r\n", "\n"), AUnByte(texto).replace("\r\n", "\n") + '\n');
+    EXPECT_EQ(leerGolden(q("retiros/") + q(c.papel)).replace("\r\n", "\n"), AUnByte(texto).replace("\r\n", "\n") + '\n');
   }
 }
 

@@ -2,50 +2,14 @@
 // Windows-1252, as it goes to the printer without the reset in front and the feed and cut behind.
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
-
+#include "apoyo/golden.h"
 #include "sale/caja_liquidacion.h"
 #include "venta_prueba.h"
 
 namespace {
 
-const QString kCarpeta = QStringLiteral(TARVOPOS_FUENTES "/tests/golden/ventas/");
-
-QByteArray leer(const QString& archivo) {
-  QFile f(kCarpeta + archivo);
-  return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-QStringList nombres(const char* mascara) {
-  QStringList lista;
-  for (const QString& a : QDir(kCarpeta).entryList({QString::fromLatin1(mascara)}, QDir::Files, QDir::Name)) {
-    lista << a.section(u'.', 0, 0);
-  }
-  return lista;
-}
-
-std::vector<std::string> casos() {
-  std::vector<std::string> lista;
-  for (const QString& n : nombres("*.caso")) lista.push_back(n.toStdString());
-  return lista;
-}
-
-// The first line that differs, with its number; "" when both are equal.
-std::string primeraDiferencia(const QByteArray& esperado, const QByteArray& hay) {
-  if (esperado == hay) return {};
-  const auto a = esperado.split('\n'), b = hay.split('\n');
-  qsizetype i = 0;
-  while (i < a.size() && i < b.size() && a[i] == b[i]) ++i;
-  const auto linea = [i](const QList<QByteArray>& l) {
-    return i < l.size() ? '"' + DeUnByte(l[i]).replace(u'\r', QStringLiteral("\\r")).toStdString() + '"' : "nothing";
-  };
-  return "line " + std::to_string(i + 1) + ": expected " + linea(a) + ", printed " + linea(b);
-}
-
 FilaVenta filaDe(const QString& texto) {
-  QStringList c = texto.split(u'|');
-  for (QString& celda : c) celda = celda.trimmed();
+  QStringList c = celdasDe(texto);
   while (c.size() < 7) c << (c.size() == 4 ? QStringLiteral("-") : QStringLiteral("0"));
   return filaVenta(c[0].toInt(), c[1], Val(c[2]), c[3].toInt(), Val(c[5]), c[4], c[6] == u"SI");
 }
@@ -85,7 +49,7 @@ struct Escena {
     } else if (nombre == u"supervisor") {
       pantallas.supervisor = valor;
     } else {
-      return documento(nombre, celdas(valor));
+      return documento(nombre, celdasDe(valor));
     }
     return true;
   }
@@ -135,38 +99,30 @@ struct Escena {
     QString& suma = v.lvwTX[1].back().total;
     suma = Formatear(LeerImporte(suma) + total, u"0.00");
   }
-  static QStringList celdas(const QString& valor) {
-    QStringList c = valor.split(u'|');
-    for (QString& celda : c) celda = celda.trimmed();
-    return c;
-  }
 };
 
 class Ticket : public testing::TestWithParam<std::string> {};
 
 TEST_P(Ticket, IsThePaperWeExpect) {
-  const QString caso = QString::fromStdString(GetParam());
+  const QString caso = QStringLiteral("ventas/") + QString::fromStdString(GetParam());
   Escena e;
   e.p.ejecuta(QStringLiteral("UPDATE Configuracion SET GAVETA='N'"));
-  for (const QString& linea : QString::fromUtf8(leer(caso + QStringLiteral(".caso"))).split(u'\n')) {
-    if (linea.trimmed().isEmpty() || linea.startsWith(u'#')) continue;
-    ASSERT_TRUE(e.aplicar(linea.section(u'=', 0, 0).trimmed(), linea.section(u'=', 1).trimmed())) << qPrintable(linea);
-  }
+  for (const auto& [nombre, valor] : leerCaso(caso)) ASSERT_TRUE(e.aplicar(nombre, valor)) << qPrintable(nombre);
   const bool paralela = !pantallaDe(e.v.nTipoVenta).rucEditable;
   GrabarVenta(e.p, e.v, e.pantallas);
-  const QByteArray papel = leer(caso + QStringLiteral(".txt"));
+  const QByteArray papel = leerGolden(caso + QStringLiteral(".txt"));
   ASSERT_FALSE(papel.isEmpty());
   const QString puerto = paralela ? QStringLiteral("LPT2") : QStringLiteral("LPT1");
   EXPECT_EQ("", primeraDiferencia(conCorte(papel), e.p.papeles().papel[puerto]));
   EXPECT_EQ(1, e.p.papeles().papel.size()) << "nothing on the other printer";
 }
 
-INSTANTIATE_TEST_SUITE_P(Golden, Ticket, testing::ValuesIn(casos()),
+INSTANTIATE_TEST_SUITE_P(Golden, Ticket, testing::ValuesIn(nombresGolden("ventas")),
                          [](const auto& i) { return i.param; });
 
 TEST(Golden, EveryCaseHasItsPaperAndEveryPaperItsCase) {
-  EXPECT_FALSE(nombres("*.caso").isEmpty());
-  EXPECT_EQ(nombres("*.caso").join(u' ').toStdString(), nombres("*.txt").join(u' ').toStdString());
+  EXPECT_FALSE(nombresGolden("ventas").empty());
+  EXPECT_EQ(nombresGolden("ventas"), nombresGolden("ventas", ".txt"));
   EXPECT_NE("", primeraDiferencia("a\r\nb \r\n", "a\r\nb\r\n"));  // the comparison sees a blank
 }
 

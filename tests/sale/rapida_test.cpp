@@ -2,10 +2,8 @@
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
-#include <QDir>
-#include <QFile>
-
 #include "apoyo/casos.h"
+#include "apoyo/golden.h"
 #include "apoyo/motor_que_falla.h"
 #include "sale/caja_rapida.h"
 #include "sale/commit_rapida.h"
@@ -15,7 +13,6 @@ namespace {
 
 QString q(const char* s) { return QString::fromUtf8(s); }
 
-const QString kCarpeta = QStringLiteral(TARVOPOS_FUENTES "/tests/golden/rapida/");
 const QString kVentas = q("SELECT cOperCode, cProdCode, nProdCant, nProdPrecUnit, nServicio, nMontoSoles, nMontoDolares, "
                           "nVueltoDolares, cOperTipo FROM Operacion ORDER BY cOperID");
 
@@ -31,21 +28,12 @@ LineaRapida lineaRapida(int codigo, const QString& descripcion, double precio, i
   return l;
 }
 
-// Two keys with articles, the second with service, and one whose article is not on sale.
 struct Rapida {
   PuestoDeVenta p;
   CajaRegistradora v;
   PantallasGuion pantallas;
 
-  explicit Rapida(const Envolver& envolver = {}) : p(envolver) {
-    p.articulo(101, q("Cafe"), 10);
-    p.articulo(102, q("Torta de chocolate entera con crema"), 12.5, true);
-    p.articulo(103, q("Agua"), 2);
-    p.ejecuta(q("UPDATE Producto SET nActivo = 0 WHERE cProdCode = 103"));
-    for (const char* fila : {"1, 'BEBIDAS', 101", "2, '', 102", "24, 'DEP 24', 103", "25, 'DEP 25', 101", "3, 'DEP 3', 0"}) {
-      p.ejecuta(q("INSERT INTO ConfiguracionTeclado (cTeclCode, sTeclDesc, cProdCode) VALUES (%1)").arg(q(fila)));
-    }
-  }
+  explicit Rapida(const Envolver& envolver = {}) : p(envolver) { ejecutarArchivo(p, "sale/casos/teclado.sql"); }
   TrasTeclaRapida pulsar(int indice) { return PulsarTeclaRapida(p, v, pantallas, indice); }
   // Three of the first and one of the second.
   void teclear() {
@@ -140,17 +128,6 @@ TEST(Rapida, WhatASaleStores) {
   }
 }
 
-QByteArray leer(const QString& archivo) {
-  QFile f(kCarpeta + archivo);
-  return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-std::vector<std::string> casos() {
-  std::vector<std::string> lista;
-  for (const QString& a : QDir(kCarpeta).entryList({q("*.caso")})) lista.push_back(a.section(u'.', 0, 0).toStdString());
-  return lista;
-}
-
 class TicketRapido : public testing::TestWithParam<std::string> {};
 
 TEST_P(TicketRapido, IsThePaperWeExpect) {
@@ -158,11 +135,9 @@ TEST_P(TicketRapido, IsThePaperWeExpect) {
   r.p.ejecuta(q("UPDATE Configuracion SET GAVETA='N'"));
   r.v.bVentaIniciada = true;
   int cabeceras = 0;
-  const QString caso = QString::fromStdString(GetParam());
-  for (const QString& linea : QString::fromUtf8(leer(caso + q(".caso"))).split(u'\n')) {
-    const QString nombre = linea.section(u'=', 0, 0).trimmed(), valor = linea.section(u'=', 1).trimmed();
-    QStringList c = valor.split(u'|');
-    for (QString& celda : c) celda = celda.trimmed();
+  const QString caso = q("rapida/") + QString::fromStdString(GetParam());
+  for (const auto& [nombre, valor] : leerCaso(caso)) {
+    const QStringList c = celdasDe(valor);
     if (nombre == u"linea") r.v.lineas.push_back(lineaRapida(c[0].toInt(), c[1], Val(c[2]), c[3].toInt(), c.size() > 4));
     if (nombre == u"cabecera") r.p.ejecuta(q("INSERT INTO Cabecera_Impresion VALUES (%1, '%2')").arg(++cabeceras).arg(valor));
     if (nombre == u"txtTarjeta") r.v.txtTarjeta = valor;
@@ -172,11 +147,11 @@ TEST_P(TicketRapido, IsThePaperWeExpect) {
     if (nombre == u"pago") r.pantallas.efectivo = EfectivoDocumento{Val(c[0]), Val(c[1]), Val(c[2]), Val(c[3])};
   }
   GrabarVentaRapida(r.p, r.v, r.pantallas);
-  const QByteArray papel = leer(caso + q(".txt"));
+  const QByteArray papel = leerGolden(caso + q(".txt"));
   ASSERT_FALSE(papel.isEmpty());
   EXPECT_EQ(conCorte(papel).toStdString(), r.p.papeles().papel[q("LPT1")].toStdString());
 }
-INSTANTIATE_TEST_SUITE_P(Golden, TicketRapido, testing::ValuesIn(casos()), [](const auto& i) { return i.param; });
+INSTANTIATE_TEST_SUITE_P(Golden, TicketRapido, testing::ValuesIn(nombresGolden("rapida")), [](const auto& i) { return i.param; });
 
 // The number comes from the settings when its row can't be read; any other statement ends the commit.
 TEST(Rapida, EachStatementOfTheCommitHasItsTurn) {

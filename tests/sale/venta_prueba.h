@@ -38,8 +38,4 @@ class PuestoDeVenta : public PuestoPrueba {
   }
 };
 
-// The paper that a raw print of `texto` leaves on the port.
-inline QByteArray conCorte(const QByteArray& texto) {
-  return "\x1B@\r\n" + texto + "\r\n" + QByteArray("\r\n\r\n").repeated(4) + "\x1D\x56\x01\r\n";
-}
 inline QByteArray pulsoGaveta() { return QByteArray("\x1B\x70\x00\x19\xFA\r\n", 7); }

@@ -2,11 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
-
 #include "apoyo/casos.h"
-#include "apoyo/puesto_prueba.h"
+#include "apoyo/golden.h"
 
 namespace {
 
@@ -100,17 +97,7 @@ TEST(Numeracion, CentralAwayOnlyLeavesItsFigureOut) {
 TEST(Reparacion, PullsUpWhatIsBehind) {
   PuestoPrueba p;
   abrirCentral(p);
-  const struct { const char* serie; int codigo, numero; const char* caja; } kFilas[] = {
-      {"001", 40, 12, "00001"}, {"001", 41, 15, "00001"}, {"001", 99, 80, "00002"},
-      {"XX1", 3, 9, "00001"}, {" ", 3, 8, "00001"}};
-  for (const auto& f : kFilas) {
-    p.ejecuta(p.poCnnCentral, q("INSERT INTO operacion (cOperID, cOperCode, cCajaCodi, CDocSerie, cDoccodigo) "
-                                "VALUES (%4,%1,'%2','%3',%4)")
-                                  .arg(f.codigo).arg(q(f.caja), q(f.serie)).arg(f.numero));
-    p.ejecuta(p.poCnnCentral,
-              q("INSERT INTO operacionparalela (cOperCode, cCajaCodi, CDocSerie, cDoccodigo) VALUES (%1,'%2','%3',%4)")
-                  .arg(f.codigo).arg(q(f.caja), QString(q(f.serie)).replace(q("001"), q("OC1"))).arg(f.numero));
-  }
+  ejecutarArchivo(p, p.poCnnCentral, "store/casos/en_la_central.sql");
   p.ejecuta(q("UPDATE Config_Documento SET nDocCodigo=7 WHERE cTipoDoc IN ('02','10')"));
   p.ejecuta(q("UPDATE Config_Documento SET cSerieDoc='001', nDocCodigo=2 WHERE cTipoDoc='01'"));  // lower: not its type
   RepararNumeracion(p);
@@ -136,16 +123,6 @@ TEST(Reparacion, ANewDeskIsLeftAlone) {
                               "VALUES (1,4,'00001','001',4)"));
   RepararNumeracion(p);
   EXPECT_EQ(q("0"), p.filas(q("SELECT COUNT(*) FROM Operacion")));
-}
-
-TEST(Reparacion, WithoutCentralTheProcessEnds) {
-  PuestoPrueba p;
-  ASSERT_TRUE(QFile::remove(p.rutas.enPrograma(q("central.db"))));
-  p.persona().espera(q("No se pudo conectar a la base de datos central"));
-  p.persona().espera(q("From operacion where cCajaCodi"));
-  p.persona().espera(q("Error"));
-  p.persona().espera(q("numeración de documentos"));
-  EXPECT_THROW(RepararNumeracion(p), ProcesoTerminado);
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <sqlite3.h>
 
 #include <QSet>
-#include <memory>
 
 #include "apoyo/casos.h"
 #include "servidores.h"
@@ -15,45 +14,34 @@ namespace {
 class Base {
  public:
   explicit Base(const QStringList& tablas) {
-    sqlite3* db = nullptr;
-    EXPECT_EQ(SQLITE_OK, sqlite3_open(":memory:", &db));
-    db_.reset(db);
+    EXPECT_EQ(SQLITE_OK, sqlite3_open(":memory:", &db_));
     for (const QString& s : tablas) ejecuta(s);
   }
-  void ejecuta(const QString& sql) {
-    char* error = nullptr;
-    EXPECT_EQ(SQLITE_OK, sqlite3_exec(db_.get(), sql.toUtf8().constData(), nullptr, nullptr, &error)) << qPrintable(sql) << "\n"
-                                                                                          << (error ? error : "");
-    sqlite3_free(error);
-  }
-  bool acepta(const QString& sql) { return sqlite3_exec(db_.get(), sql.toUtf8().constData(), nullptr, nullptr, nullptr) == SQLITE_OK; }
+  Base(const Base&) = delete;
+  ~Base() { sqlite3_close(db_); }
+  void ejecuta(const QString& sql) { filas(sql); }
+  bool acepta(const QString& sql) { return sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, nullptr) == SQLITE_OK; }
   // Cells joined by "|", rows by line ends; a Null is "Null".
   QString filas(const QString& sql) {
     QStringList lineas;
-    sqlite3_stmt* s = nullptr;
-    EXPECT_EQ(SQLITE_OK, sqlite3_prepare_v2(db_.get(), sql.toUtf8().constData(), -1, &s, nullptr))
-        << qPrintable(sql) << "\n" << sqlite3_errmsg(db_.get());
-    while (sqlite3_step(s) == SQLITE_ROW) {
-      QStringList celdas;
-      for (int i = 0; i < sqlite3_column_count(s); ++i) {
-        const auto* t = reinterpret_cast<const char*>(sqlite3_column_text(s, i));
-        celdas << (t ? QString::fromUtf8(t) : QStringLiteral("Null"));
-      }
-      lineas << celdas.join(u'|');
-    }
-    sqlite3_finalize(s);
+    const auto anota = [](void* lista, int n, char** celdas, char**) {
+      QStringList fila;
+      for (int i = 0; i < n; ++i) fila << (celdas[i] ? QString::fromUtf8(celdas[i]) : QStringLiteral("Null"));
+      *static_cast<QStringList*>(lista) << fila.join(u'|');
+      return 0;
+    };
+    EXPECT_EQ(SQLITE_OK, sqlite3_exec(db_, sql.toUtf8().constData(), anota, &lineas, nullptr))
+        << qPrintable(sql) << "\n" << sqlite3_errmsg(db_);
     return lineas.join(u'\n');
   }
   QString plan(const QString& sql) {
-    const QString filasPlan = filas(QStringLiteral("EXPLAIN QUERY PLAN ") + sql);
     QStringList pasos;
-    for (const QString& f : filasPlan.split(u'\n')) pasos << f.section(u'|', 3);
+    for (const QString& f : filas(QStringLiteral("EXPLAIN QUERY PLAN ") + sql).split(u'\n')) pasos << f.section(u'|', 3);
     return pasos.join(u'\n');
   }
 
  private:
-  struct Cierre { void operator()(sqlite3* d) const { sqlite3_close(d); } };
-  std::unique_ptr<sqlite3, Cierre> db_;
+  sqlite3* db_ = nullptr;
 };
 
 QString u8(const char* t) { return QString::fromUtf8(t); }

@@ -1,65 +1,34 @@
 // What a void stores, what it leaves when it stops in the middle, and that the next one puts it right.
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include "apoyo/casos.h"
 #include "anulacion_prueba.h"
-#include "apoyo/puertos_que_matan.h"
+#include "apoyo/otro_puesto.h"
 
 namespace {
 
 QString q(const char* s) { return QString::fromUtf8(s); }
 
-// A boleta of two lines (code 1), the boleta of a liquidation (code 4) and an O/C with cash (code 6), among documents
-// of other customers under the same codes.
 void llenar(PuestoConDocumentos& p) {
-  p.fila(1, 1, "02", 1, 101, 2, 4.5);
-  p.fila(1, 1, "02", 1, 102, 1, 12);
-  p.fila(1, 1, "02", 1, 0, 1, -9, 30);
-  p.fila(1, 2, "13", 1, 0, 1, 0, 50);   // the card row of PADV 1
-  p.fila(3, 1, "02", 2, 102, 1, 12);    // a sale that has the liquidation's code
-  p.fila(3, 3, "14", 3, 0, 1, 0, 20);   // the liquidation's cash
-  p.fila(4, 3, "02", 3, 101, 1, 4.5, 0, 3);
-  p.fila(4, 3, "02", 3, 0, 1, 0, 4.5, 3);
-  p.fila(4, 1, "10", 4, 0, 1, 0, 8);    // the cash of O/C 4
-  p.fila(6, 1, "10", 6, 0, 1, 0, 12);   // the cash of O/C 6
-  p.fila(6, 1, "02", 4, 102, 1, 12);    // a sale that has the order's code
-  p.paralela(1, 22, "12", "2", 3);
-  p.paralela(2, 21, "11", "2", 3);
-  p.paralela(3, 24, "14", "2");
-  p.paralela(4, 20, "10", "1");
-  p.paralela(5, 21, "11", "0", 3);      // voided before: stays so
-  p.paralela(6, 20, "10", "1");
-  p.paralela(7, 21, "11", "1", 3);      // open, and of the billing document 3
+  for (const auto& c : leerCasos("voiding/filas")) {
+    p.fila(c.entero("codigo"), c.entero("tipo"), qPrintable(c["doc"]), c.entero("numero"), c.entero("articulo"),
+           c.numero("cantidad"), c.numero("precio"), c.numero("soles"), c.entero("anula"));
+  }
+  for (const auto& c : leerCasos("voiding/paralelas")) {
+    p.paralela(c.entero("codigo"), c.entero("tipo"), qPrintable(c["doc"]), qPrintable(c["estado"]), c.entero("relacion"));
+  }
 }
 
-const struct { int codigo; bool alterno; const char* queda; } kDocumentos[] = {
-    {1, false,
-     "1|1|02|101|2|1|0\n1|1|02|102|1|1|0\n1|1|02|0|1|1|0\n1|2|13|0|1|0|0\n3|1|02|102|1|0|0\n3|3|14|0|1|0|0\n"
-     "4|3|02|101|1|0|3\n4|3|02|0|1|0|3\n4|1|10|0|1|0|0\n6|1|10|0|1|0|0\n6|1|02|102|1|0|0\n"
-     "7|1|Null|101|-2|1|1\n7|1|Null|102|-1|1|1\n"
-     "1|22|2|3|0|Null\n2|21|2|3|0|Null\n3|24|2|0|0|Null\n4|20|1|0|0|Null\n5|21|0|3|0|Null\n6|20|1|0|0|Null\n7|21|1|3|0|Null"},
-    {4, false,
-     "1|1|02|101|2|0|0\n1|1|02|102|1|0|0\n1|1|02|0|1|0|0\n1|2|13|0|1|0|0\n3|1|02|102|1|0|0\n"
-     "4|3|02|101|1|1|3\n4|3|02|0|1|1|3\n4|1|10|0|1|0|0\n6|1|10|0|1|0|0\n6|1|02|102|1|0|0\n7|3|Null|101|-1|1|4\n"
-     "1|22|1|0|0|Null\n2|21|1|0|0|Null\n4|20|1|0|0|Null\n5|21|0|3|0|Null\n6|20|1|0|0|Null\n7|21|1|3|0|Null"},
-    {6, true,
-     "1|1|02|101|2|0|0\n1|1|02|102|1|0|0\n1|1|02|0|1|0|0\n1|2|13|0|1|0|0\n3|1|02|102|1|0|0\n3|3|14|0|1|0|0\n"
-     "4|3|02|101|1|0|3\n4|3|02|0|1|0|3\n4|1|10|0|1|0|0\n6|1|02|102|1|0|0\n"
-     "1|22|2|3|0|Null\n2|21|2|3|0|Null\n3|24|2|0|0|Null\n4|20|1|0|0|Null\n5|21|0|3|0|Null\n6|20|0|0|8|Null\n7|21|1|3|0|Null\n"
-     "8|20|0|0|0|ANULACION"},
-};
-
 TEST(Anulacion, EachStatementFailsInTurnAndTheNextVoidPutsItRight) {
-  for (const auto& d : kDocumentos) {
+  for (const auto& d : leerCasos("voiding/documentos")) {
+    const int codigo = d.entero("codigo");
+    const bool alterno = d.si("alterno");
     int n = 1, conFilas = 0;
     for (;; ++n) {
       PlanFallas plan;
       PuestoConDocumentos p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
       llenar(p);
       PantallaTransaccion v;
-      v.chkAlterno = d.alterno;
-      v.txtTransaccion = QString::number(d.codigo);
+      v.chkAlterno = alterno;
+      v.txtTransaccion = QString::number(codigo);
       BuscarTransaccion(p, v);
       ASSERT_TRUE(v.cargada);
       p.persona().dejaPasar(q("Sí"));
@@ -69,7 +38,7 @@ TEST(Anulacion, EachStatementFailsInTurnAndTheNextVoidPutsItRight) {
       if (plan.van < n) break;
       const QStringList antes = plan.sentencias.mid(0, n - 1);
       const QString fallada = plan.sentencias[n - 1];
-      SCOPED_TRACE(qPrintable(QString::number(d.codigo) + q(": ") + fallada));
+      SCOPED_TRACE(qPrintable(QString::number(codigo) + q(": ") + fallada));
       plan.armar(0);
       // An order that can't be looked up counts as taken, which leaves the button as it was.
       EXPECT_EQ(fallada.contains(q("cDocSerie=")), v.accion);
@@ -78,21 +47,17 @@ TEST(Anulacion, EachStatementFailsInTurnAndTheNextVoidPutsItRight) {
                 p.filas(q("SELECT (SELECT COUNT(*) FROM Operacion WHERE nProdCant < 0) + "
                           "(SELECT COUNT(*) FROM OperacionParalela WHERE sGlosa = 'ANULACION')")));
       conFilas += antes.filter(q("INSERT INTO")).isEmpty() ? 0 : 1;
-      p.anular(d.codigo, d.alterno);
-      EXPECT_EQ(q(d.queda), p.todo());
+      p.anular(codigo, alterno);
+      EXPECT_EQ(d["queda"], p.todo());
     }
-    EXPECT_GT(conFilas, 2) << d.codigo;
+    EXPECT_GT(conFilas, 2) << codigo;
   }
 }
 
-// The void of a document by a process of its own; with a plan that kills it doesn't come back.
+// The void of a document by a desk of its own; with a plan that kills it doesn't come back.
 void anularEn(PuestoConDocumentos& p, PlanFallas pedido, int codigo, bool alterno) {
   PlanFallas plan;
-  MotoresQueFallan motores(p.motores, plan);
-  PuertosQueMatan puertos(p.rutas.programa, plan);
-  Puesto otro(motores, puertos, p.reloj, p.mensajes, p.salida, p.rutas);
-  otro.ses = p.ses;
-  EXPECT_TRUE(otro.poDBAdmin.AbrirBD(otro.poCnnLocal, q("driver={Microsoft Access Driver (*.mdb)};DBQ=") + p.ses.psRutaBD));
+  OtroPuesto<> otro(p, plan, p.mensajes);
   PantallaTransaccion v;
   v.chkAlterno = alterno;
   v.txtTransaccion = QString::number(codigo);
@@ -103,32 +68,27 @@ void anularEn(PuestoConDocumentos& p, PlanFallas pedido, int codigo, bool altern
 
 // Killed behind each statement and each write to a port: the next void takes up what is there, whatever it is.
 TEST(AnulacionMuerta, TheNextVoidEndsWhatAKilledOneLeft) {
-  for (const auto& d : kDocumentos) {
+  for (const auto& d : leerCasos("voiding/documentos")) {
+    const int codigo = d.entero("codigo");
+    const bool alterno = d.si("alterno");
     int muertas = 0;
     for (bool entera = false; !entera; ++muertas) {
-      SCOPED_TRACE(qPrintable(QString::number(d.codigo) + q(": ") + QString::number(muertas + 1)));
+      SCOPED_TRACE(qPrintable(QString::number(codigo) + q(": ") + QString::number(muertas + 1)));
       PuestoConDocumentos p;
       llenar(p);
       p.persona().dejaPasar(q("Sí"));
-      p.poCnnLocal.cerrar();  // no connection lives in both processes
-      const pid_t hijo = ::fork();
-      ASSERT_GE(hijo, 0);
-      if (hijo == 0) {
+      const int estado = enOtroProceso(p, [&] {
         PlanFallas plan;
         plan.armar(muertas + 1, Falla::unaVez, Muerte::despues);
-        anularEn(p, plan, d.codigo, d.alterno);
-        ::_exit(0);
-      }
-      int estado = 0;
-      ASSERT_EQ(hijo, ::waitpid(hijo, &estado, 0));
+        anularEn(p, plan, codigo, alterno);
+      });
       entera = WIFEXITED(estado);
-      EXPECT_TRUE(entera ? WEXITSTATUS(estado) == 0 : WTERMSIG(estado) == SIGKILL);
-      ASSERT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnLocal, q("driver={Microsoft Access Driver (*.mdb)};DBQ=") + p.ses.psRutaBD));
-      p.anular(d.codigo, d.alterno);
-      EXPECT_EQ(q(d.queda), p.todo());
+      EXPECT_TRUE(entera ? WEXITSTATUS(estado) == 0 : murio(estado));
+      p.anular(codigo, alterno);
+      EXPECT_EQ(d["queda"], p.todo());
       EXPECT_EQ(q("ok"), p.filas(q("SELECT integrity_check FROM pragma_integrity_check")));
     }
-    EXPECT_GT(muertas, 10) << d.codigo;
+    EXPECT_GT(muertas, 10) << codigo;
   }
 }
 

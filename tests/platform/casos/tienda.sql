@@ -1,0 +1,6 @@
+CREATE TABLE Operacion (cOperID INTEGER PRIMARY KEY AUTOINCREMENT, cOperCode INTEGER, cProdCode INTEGER, cAlmaCode TEXT COLLATE NOCASE, nProdCant REAL DEFAULT 0, nProdPrecUnit REAL DEFAULT 0, nDscto INTEGER DEFAULT 0, dOperFech DATETIME, cDocTipo TEXT COLLATE NOCASE, cOperFlagAbierto INTEGER DEFAULT 1)
+CREATE TABLE Producto (cProdCode INTEGER PRIMARY KEY, sProdDesc TEXT COLLATE NOCASE, sLibre TEXT, cEstadoTexto TEXT COLLATE NOCASE, nPrec REAL)
+CREATE TABLE Configuracion (cCodiTurno TEXT COLLATE NOCASE, iCierreCaja INTEGER)
+INSERT INTO Operacion (cOperCode,cProdCode,cAlmaCode,nProdCant,nProdPrecUnit,nDscto,dOperFech,cDocTipo) VALUES (7,1,'01',2,5.5,-10,'2025-04-03 10:05:00','02'),(7,0,NULL,1,-1,0,'2025-04-03 10:05:00','02'),(8,2,'01',1,3,0,'2025-12-25 00:00:00','01')
+INSERT INTO Producto VALUES (1,'ÑANDÚ asado','abc','1',5.5),(2,'Lomo','ABC','2',5),(3,'lomo 2','ñu','x',NULL),(4,'ñandúes','','',0.25)
+INSERT INTO Configuracion VALUES ('01',0)

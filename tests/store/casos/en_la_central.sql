@@ -1,0 +1,11 @@
+# What the central database has of this desk and of another, of series that the desk knows and of some that it does not.
+INSERT INTO operacion (cOperID, cOperCode, cCajaCodi, CDocSerie, cDoccodigo) VALUES (12,40,'00001','001',12)
+INSERT INTO operacionparalela (cOperCode, cCajaCodi, CDocSerie, cDoccodigo) VALUES (40,'00001','OC1',12)
+INSERT INTO operacion (cOperID, cOperCode, cCajaCodi, CDocSerie, cDoccodigo) VALUES (15,41,'00001','001',15)
+INSERT INTO operacionparalela (cOperCode, cCajaCodi, CDocSerie, cDoccodigo) VALUES (41,'00001','OC1',15)
+INSERT INTO operacion (cOperID, cOperCode, cCajaCodi, CDocSerie, cDoccodigo) VALUES (80,99,'00002','001',80)
+INSERT INTO operacionparalela (cOperCode, cCajaCodi, CDocSerie, cDoccodigo) VALUES (99,'00002','OC1',80)
+INSERT INTO operacion (cOperID, cOperCode, cCajaCodi, CDocSerie, cDoccodigo) VALUES (9,3,'00001','XX1',9)
+INSERT INTO operacionparalela (cOperCode, cCajaCodi, CDocSerie, cDoccodigo) VALUES (3,'00001','XX1',9)
+INSERT INTO operacion (cOperID, cOperCode, cCajaCodi, CDocSerie, cDoccodigo) VALUES (8,3,'00001',' ',8)
+INSERT INTO operacionparalela (cOperCode, cCajaCodi, CDocSerie, cDoccodigo) VALUES (3,'00001',' ',8)
