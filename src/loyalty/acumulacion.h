@@ -24,8 +24,8 @@ constexpr int kClienteConPuntos = 1;
 constexpr int kTipoDesconocido = -1;
 constexpr int kSinCliente = -2;
 
-// The kind of a customer, kTipoDesconocido when it isn't known, kSinCliente without such a customer. False when the query fails, and then
-// the box has been shown.
+// The kind of a customer, kTipoDesconocido when it isn't known, kSinCliente without such a customer. False when the
+// query fails, and then the box has been shown.
 [[nodiscard]] bool LeerTipoCliente(Puesto& p, Conexion& cnn, const QString& cliente, int idLocal, int& tipo);
 
 // The number that the next row of the customer takes. False when the query fails, and then the box has been shown.

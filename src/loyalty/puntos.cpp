@@ -96,7 +96,8 @@ void acumularEnCola(Puesto& p, Acumulacion& a) {
       FormatearSQL(QStringLiteral("UPDATE Cliente SET nPuntCant = nPuntCant + $, "
                                   "       dUltTDate = $, cTranCode = $, cSincroFlag = 0 "
                                   " WHERE cClieCode = $ "
-                                  "   AND IdLocal = (SELECT MAX(IdLocal) FROM Cliente WHERE cClieCode = $ AND IdLocal IN ($, 0))"),
+                                  "   AND IdLocal = (SELECT MAX(IdLocal) FROM Cliente "
+                                  "                  WHERE cClieCode = $ AND IdLocal IN ($, 0))"),
                    {a.puntos, momento, kPuntosAcumulados, a.cliente, a.cliente, a.idLocal}),
       true);
 }
