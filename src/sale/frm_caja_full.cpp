@@ -331,6 +331,7 @@ void frmCajaRegistradoraFull::mostrarPaneles() {
     pestanas_->setTabEnabled(i, t.unicaPestana < 0 || t.unicaPestana == i);
   }
   pestanas_->setCurrentIndex(v_.pestana);
+  if (!pestanas_->isTabEnabled(0)) rejilla_->abandonarCelda();  // nobody could put right what it refuses
 }
 
 bool frmCajaRegistradoraFull::alEntrar(QWidget* campo) {

@@ -205,7 +205,8 @@ bool Rejilla::eventFilter(QObject* objeto, QEvent* evento) {
     editor_->devolverFoco = true;
     QMetaObject::invokeMethod(
         editor_,
-        [e = editor_] {
+        [this, e = editor_] {
+          if (e != editor_) return;
           e->devolverFoco = false;
           e->setFocus();
           e->selectAll();
