@@ -95,6 +95,13 @@ void CambiarTipo(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, 
 
 bool VentaVacia(const CajaRegistradoraFull& v) { return v.lineas.size() == 1 && v.lineas.front()[kCod].isEmpty(); }
 
+bool SinEmpezar(const CajaRegistradoraFull& v) {
+  const bool conMonto = LeerImporte(v.txtPagoAdelantado) > 0 || LeerImporte(v.txtPADEDolares) > 0;
+  if (conMonto && pantallaDe(v.nTipoVenta).panel == PanelTipo::MontoAdelantado) return false;
+  if (v.nTipoVenta == kLIQPAD && !(v.lvwTX[0].empty() && v.lvwTX[1].empty())) return false;
+  return VentaVacia(v);
+}
+
 std::optional<Foco> ValidaVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
   const PantallaTipo& pantalla = pantallaDe(v.nTipoVenta);
   if (pantalla.panel == PanelTipo::DatosPago && v.txtPADE.isEmpty()) {

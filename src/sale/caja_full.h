@@ -67,6 +67,9 @@ void CambiarTipo(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, 
 // Nothing has been entered in the grid.
 bool VentaVacia(const CajaRegistradoraFull& v);
 
+// The same of what the kind on the screen takes: lines, an amount paid in advance, documents to settle.
+bool SinEmpezar(const CajaRegistradoraFull& v);
+
 // Where the cashier has to look next: a control by name and, for the grid, a row counted from 0.
 struct Foco {
   QString control;

@@ -87,19 +87,12 @@ bool salirCodigo(Puesto& p, CajaRegistradoraFull& v, int fila, const QString& te
   return llenarFila(p, v, fila, *rs.begin());
 }
 
-// Of the articles that hold the text: one with exactly this code, otherwise the lowest; in each case one that the
-// server has withdrawn only when there is no other, and it is then refused by its words.
+// Of the articles found, one with exactly this code, otherwise the lowest.
 std::optional<Recordset::Fila> elegirPorTexto(const Recordset& rs, const QString& texto) {
-  std::optional<Recordset::Fila> mejor;
-  int rango = 4;
   for (const auto& r : rs) {
-    const bool exacto = LimpiarNulo(r[u"ccodcatalogo"]).compare(texto, Qt::CaseInsensitive) == 0;
-    const int suyo = (exacto ? 0 : 2) + (Numero(r[u"nActivo"]) == 1 ? 0 : 1);
-    if (suyo >= rango) continue;
-    rango = suyo;
-    mejor = r;
+    if (LimpiarNulo(r[u"ccodcatalogo"]).compare(texto, Qt::CaseInsensitive) == 0) return r;
   }
-  return mejor;
+  return rs.Eof() ? std::nullopt : std::optional(*rs.begin());
 }
 
 QString sinPuntos(QString t) { return t.remove(u'.'); }
@@ -114,22 +107,24 @@ std::optional<Recordset::Fila> elegirPorNumero(const Recordset& rs, const QStrin
   return {};
 }
 
+// A catalogue code is known by its end, then as a number, then by any part of it.
 bool salirCatalogo(Puesto& p, CajaRegistradoraFull& v, int fila, const QString& texto) {
   if (texto == v.lineas[static_cast<size_t>(fila)][kCatalogo]) return true;
-  const QString orden = QStringLiteral(" ORDER BY cProdCode");
   Recordset rs;
-  std::optional<Recordset::Fila> elegido;
-  bool leido = p.poDBAdmin.EjecutarConsulta(
-      p.poCnnLocal,
-      consultaArticulos(p) + QStringLiteral(" AND ccodcatalogo like  '%") + ReemplazarComilla(texto) +
-          QStringLiteral("%' ") + orden,
-      rs);
-  if (leido) elegido = elegirPorTexto(rs, texto);
-  if (leido && !elegido && EsNumerico(sinPuntos(texto))) {
-    leido = p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                         consultaArticulos(p) + QStringLiteral(" and nactivo=1") + orden, rs);
-    if (leido) elegido = elegirPorNumero(rs, texto);
-  }
+  std::optional<Recordset::Fila> elegido;  // a row of it
+  const auto buscar = [&](const QString& condicion, auto elegir) {
+    if (elegido) return true;
+    const bool leido = p.poDBAdmin.EjecutarConsulta(
+        p.poCnnLocal, consultaArticulos(p) + condicion + QStringLiteral(" and nactivo=1 ORDER BY cProdCode"), rs);
+    if (leido) elegido = elegir(rs, texto);
+    return leido;
+  };
+  const auto parecido = [&texto](const QString& resto) {
+    return QStringLiteral(" AND ccodcatalogo like  '%") + ReemplazarComilla(texto) + resto + QStringLiteral("' ");
+  };
+  const bool leido = buscar(parecido({}), elegirPorTexto) &&
+                     (!EsNumerico(sinPuntos(texto)) || buscar({}, elegirPorNumero)) &&
+                     buscar(parecido(QStringLiteral("%")), elegirPorTexto);
   if (!leido) {
     p.mensajes.mostrar(QStringLiteral("No se pudo seleccionar el artìculo"));
     return false;

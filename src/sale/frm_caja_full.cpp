@@ -228,10 +228,8 @@ void frmCajaRegistradoraFull::nuevasTeclas() {
   tecla(Qt::Key_F5, [this] {
     if (agregarFila()) buscarArticulo(static_cast<int>(v_.lineas.size()) - 1);
   }, QStringLiteral("artículo"));
-  tecla(Qt::Key_F3, [this] {
-    v_.recargo = !v_.recargo;
-    mostrar();
-  }, QStringLiteral("Dscto/Recar"));
+  tecla(Qt::Key_F3, [this] { con([this] { v_.recargo = !v_.recargo; }); }, QStringLiteral("Dscto/Recar"));
+  tecla(Qt::Key_F4, [] {});  // no function key opens the list of kinds
   tecla(Qt::CTRL | Qt::Key_Return, [this] { pulsar(2); });
   tecla(Qt::ALT | Qt::Key_R, [this] { enfocar(txtRUC_); }, QStringLiteral("RUC"));
   tecla(Qt::ALT | Qt::Key_E, [this] { enfocar(pago_.txtEfectivoSoles); }, QStringLiteral("efectivo"));
@@ -260,7 +258,8 @@ void frmCajaRegistradoraFull::nuevasTeclas() {
   }
   // A slip of the finger must not take a sale off the screen.
   tecla(Qt::Key_Escape, [this] {
-    if (VentaVacia(v_)) pulsar(3);
+    recoger();
+    if (SinEmpezar(v_)) pulsar(3);
   });
 }
 
@@ -332,6 +331,7 @@ void frmCajaRegistradoraFull::mostrarPaneles() {
     pestanas_->setTabEnabled(i, t.unicaPestana < 0 || t.unicaPestana == i);
   }
   pestanas_->setCurrentIndex(v_.pestana);
+  if (!pestanas_->isTabEnabled(0)) rejilla_->abandonarCelda();  // nobody could put right what it refuses
 }
 
 bool frmCajaRegistradoraFull::alEntrar(QWidget* campo) {
@@ -371,8 +371,8 @@ void frmCajaRegistradoraFull::pulsar(int indice) {
 bool frmCajaRegistradoraFull::agregarFila() {
   if (v_.bLiquidando || !pestanas_->isTabEnabled(0) || !rejilla_->dejarCelda()) return false;
   verPestana(0);
-  const int fila = AgregarFila(v_);
-  mostrar();
+  int fila = 0;
+  con([this, &fila] { fila = AgregarFila(v_); });
   rejilla_->irA({fila, kCod});
   return true;
 }

@@ -96,6 +96,7 @@ bool Rejilla::editar(const std::optional<QString>& texto) {
 
 bool Rejilla::dejarCelda() {
   if (!editor_ || saliendo_) return true;
+  if (editor_->devolverFoco) return false;  // the click that left the cell has just been refused
   saliendo_ = true;
   const QPointer<Rejilla> vivo(this);
   QString texto = editor_->text();
@@ -204,7 +205,8 @@ bool Rejilla::eventFilter(QObject* objeto, QEvent* evento) {
     editor_->devolverFoco = true;
     QMetaObject::invokeMethod(
         editor_,
-        [e = editor_] {
+        [this, e = editor_] {
+          if (e != editor_) return;
           e->devolverFoco = false;
           e->setFocus();
           e->selectAll();
@@ -215,7 +217,7 @@ bool Rejilla::eventFilter(QObject* objeto, QEvent* evento) {
 }
 
 void Rejilla::mousePressEvent(QMouseEvent* e) {
-  if (editor_ && (editor_->devolverFoco || !dejarCelda())) return;
+  if (!dejarCelda()) return;
   QTableView::mousePressEvent(e);
   const QModelIndex i = indexAt(e->position().toPoint());
   if (i.isValid() && pulsar && columnas_[static_cast<size_t>(i.column())].boton) pulsar(i.row(), i.column());

@@ -7,3 +7,5 @@ INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecU
 INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, cProdEstd, nActivo, cFlagCanje, nPuntos, cFlagServicio, cCodCatalogo) VALUES ('01', 16, 'SUSPENDIDO', 'SUSPENDIDO', 1, 0, 1, 0, 0, 0, 'SUS')
 INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, cProdEstd, nActivo, cFlagCanje, nPuntos, cFlagServicio, cCodCatalogo) VALUES ('01', 17, 'VALE', 'VALE', 20, 1, 1, 1, 50, 0, 'VAL')
 INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, cProdEstd, nActivo, cFlagCanje, nPuntos, cFlagServicio, cCodCatalogo) VALUES ('01', 18, 'CHOCOLATE D''ORO', 'CHOCOLATE D''ORO', 3, 1, 1, 0, 0, 0, 'D''ORO')
+# By number 701; 7.01 is a part of another code.
+INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, cProdEstd, nActivo, cFlagCanje, nPuntos, cFlagServicio, cCodCatalogo) VALUES ('01', 19, 'PIE', 'PIE', 5, 1, 1, 0, 0, 0, '0.701')
