@@ -90,6 +90,7 @@ QWidget* FrmCajaVoucher::nuevasListas() {
     return true;
   };
   grdPagTar_->siguiente = [](int, int) { return std::optional<CeldaRejilla>(); };
+  grdPagTar_->alAbandonar = [this] { cmdCancelar_->setFocus(); };
 
   auto* fila = new QWidget;
   auto* h = new QHBoxLayout(fila);

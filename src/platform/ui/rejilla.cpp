@@ -179,7 +179,10 @@ bool Rejilla::teclaDeEditor(QKeyEvent* e) {
       if (dejarCelda() && fila >= 0 && fila < modelo_->rowCount()) irA({fila, columna});
       return true;
     }
-    case Qt::Key_Escape: abandonarCelda(); return true;
+    case Qt::Key_Escape:
+      abandonarCelda();
+      if (alAbandonar) alAbandonar();
+      return true;
     default: break;
   }
   const QString t = e->text();
