@@ -183,6 +183,11 @@ bool Rejilla::teclaDeEditor(QKeyEvent* e) {
       abandonarCelda();
       if (alAbandonar) alAbandonar();
       return true;
+    case Qt::Key_Delete:
+      if (!alSuprimir || !editor_->hasSelectedText() || editor_->selectedText() != editor_->text()) return false;
+      abandonarCelda();
+      alSuprimir();
+      return true;
     default: break;
   }
   const QString t = e->text();
