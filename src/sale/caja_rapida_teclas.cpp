@@ -11,14 +11,12 @@ namespace {
 const TrasTeclaRapida kCantidadMal{false, QStringLiteral("txtCantidad"), true};
 
 TrasTeclaRapida capturar(Puesto& p, CajaRegistradora& v, int tecla) {
-  if (!SalirCantidad(v)) return kCantidadMal;
   if (!CapturaDatosProducto(p, v, v.teclas[static_cast<size_t>(tecla)].nCodigoTecla)) return {};
   return {false, QStringLiteral("txtCantidad")};
 }
 
 TrasTeclaRapida imprimirTickets(Puesto& p, CajaRegistradora& v, PantallasVenta& pantallas) {
   if (!v.bVentaIniciada) return {};
-  if (!SalirCantidad(v)) return kCantidadMal;
   if (const QString campo = CampoPorMirar(p, v, pantallas); !campo.isEmpty()) return {false, campo};
   if (!RucAceptado(p, v.txtRuc)) return {false, QStringLiteral("txtRuc"), true};
   GrabarVentaRapida(p, v, pantallas);
@@ -29,6 +27,9 @@ TrasTeclaRapida imprimirTickets(Puesto& p, CajaRegistradora& v, PantallasVenta& 
 
 TrasTeclaRapida PulsarTeclaRapida(Puesto& p, CajaRegistradora& v, PantallasVenta& pantallas, int indice) {
   ExigirFechaSistema(p);
+  if (indice > kTeclasProducto && indice < kBotonBorra) return {};
+  // The button takes the keyboard, so the quantity is left; cancelling works whatever stands there.
+  if (indice != kBotonBorra && !SalirCantidad(v)) return kCantidadMal;
   if (indice >= 1 && indice <= kTeclasProducto) return capturar(p, v, indice);
   switch (indice) {
     case kBotonCodProd:

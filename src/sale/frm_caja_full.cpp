@@ -35,7 +35,7 @@ std::vector<ColumnaRejilla> columnasDeLineas(bool conPorcentaje) {
       {QStringLiteral("Descripción"), 190, false, false, false, false},
       {QString(), 30, false, false, true, false},
       {QString(), 0, false, false, false, true},
-      {QStringLiteral("Cant."), 76, true, true, false, false},
+      {QStringLiteral("Cant."), 92, true, true, false, false},
       {QStringLiteral("Prec.Unit."), 112, true, true, false, false},
       {QString(), 26, false, true, false, false},
       {tituloPorcentaje(false), 104, true, conPorcentaje, false, false},
@@ -120,10 +120,10 @@ QWidget* frmCajaRegistradoraFull::nuevaCabecera() {
   cboTipoVenta_->installEventFilter(this);
   venta->agregar(QStringLiteral("Tip&o:"), cboTipoVenta_);
   txtRUC_ = venta->campo(QStringLiteral("txtRUC"), QStringLiteral("&RUC:"));
-  txtRUC_->setMinimumWidth(130);
+  txtRUC_->setMinimumWidth(138);
   txtRUC_->filtro = soloDigitos;
   enlaces_.texto(txtRUC_, v_.txtRUC);
-  fijo(venta, QStringLiteral("txtTC"), QStringLiteral("T.C.:"), 66, v_.txtTC);
+  fijo(venta, QStringLiteral("txtTC"), QStringLiteral("T.C.:"), 58, v_.txtTC);
   auto* fecha = nuevoTexto({});
   fecha->setObjectName(QStringLiteral("lblFecha"));
   venta->agregar({}, fecha);

@@ -90,6 +90,8 @@ QWidget* FrmCajaVoucher::nuevasListas() {
     return true;
   };
   grdPagTar_->siguiente = [](int, int) { return std::optional<CeldaRejilla>(); };
+  grdPagTar_->alAbandonar = [this] { cmdCancelar_->setFocus(); };
+  grdPagTar_->alSuprimir = [this] { quitar(); };
 
   auto* fila = new QWidget;
   auto* h = new QHBoxLayout(fila);

@@ -180,7 +180,15 @@ bool Rejilla::teclaDeEditor(QKeyEvent* e) {
       if (dejarCelda() && fila >= 0 && fila < modelo_->rowCount()) irA({fila, columna});
       return true;
     }
-    case Qt::Key_Escape: abandonarCelda(); return true;
+    case Qt::Key_Escape:
+      abandonarCelda();
+      if (alAbandonar) alAbandonar();
+      return true;
+    case Qt::Key_Delete:
+      if (!alSuprimir || !editor_->hasSelectedText() || editor_->selectedText() != editor_->text()) return false;
+      abandonarCelda();
+      alSuprimir();
+      return true;
     default: break;
   }
   const QString t = e->text();

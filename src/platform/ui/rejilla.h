@@ -44,6 +44,10 @@ class Rejilla final : public QTableView {
   std::function<void(int fila, int columna)> pulsar;
   // Which key may type into a cell: gives the character, QChar(0) for none. Default: all.
   std::function<QChar(int fila, int columna, QChar tecla)> filtro;
+  // What follows Esc in an open cell, whose text is dropped. Default: the cell keeps the keyboard.
+  std::function<void()> alAbandonar;
+  // Del in an open cell whose whole text is selected. Default: the text goes.
+  std::function<void()> alSuprimir;
   // Shown in the middle while there are no rows or all cells of the only row are blank.
   QString textoVacio;
 
