@@ -145,6 +145,16 @@ void EliminarTX(const Puesto& p, CajaRegistradoraFull& v, int lista, int fila) {
   TotalesTX(p, v);
 }
 
+void QuitarNoVigentes(Puesto& p, CajaRegistradoraFull& v) {
+  const auto cerrado = [&p](const LineaTX& l) {
+    const QString vigente = QStringLiteral("SELECT cOperCode FROM OperacionParalela WHERE cEstado = '1' AND cOperCode = ");
+    Recordset rs;
+    return !p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, vigente + l.tx, rs) || rs.Eof();
+  };
+  for (auto& lista : v.lvwTX) std::erase_if(lista, cerrado);
+  TotalesTX(p, v);
+}
+
 void VaciarLiquidacion(CajaRegistradoraFull& v) {
   for (QString* campo : {&v.txtLiq, &v.txtliqefectivosoles, &v.txtliqefectivodolares, &v.txtliqvueltosoles,
                          &v.ttxliqvueltodolares, &v.txtliqpade}) {

@@ -93,7 +93,9 @@ bool frmTransaccion::pendiente(const Campo* campo, const QString& visto) const {
 void frmTransaccion::alDejar(const Campo* campo) {
   if (QApplication::focusWidget() == buscar_) return;  // its press searches
   if (campo == txtTransaccion_ && pendiente(campo, v_.txtTransaccion)) con([this] { BuscarTransaccion(p_, v_); });
-  if (campo == txtNumero_ && pendiente(campo, v_.txtNumero)) con([this] { BuscarDocumento(p_, v_); });
+  // Another series makes the number that stands there another document.
+  const bool otraSerie = txtSerie_->text() != v_.txtSerie && !Recortar(campo->text()).isEmpty();
+  if (campo == txtNumero_ && (otraSerie || pendiente(campo, v_.txtNumero))) con([this] { BuscarDocumento(p_, v_); });
 }
 
 void frmTransaccion::pulsar() {
