@@ -60,6 +60,7 @@ double suma(const std::vector<LineaTX>& lista) {
   return s;
 }
 
+// Only notes that are settled: an open note of a billing document carries that document's code, which may be the same.
 bool filasLiquidadas(Puesto& p, qint64 codigo, std::vector<FilaVenta>& filas) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
@@ -68,7 +69,7 @@ bool filasLiquidadas(Puesto& p, qint64 codigo, std::vector<FilaVenta>& filas) {
                          " nProdPrecUnit as Precio, nDscto As Dscto, nServicio as Servicio"
                          " From OperacionParalelaProducto WHERE cOperCode IN("
                          " Select cOpercode From Operacionparalela Where cOperTipo= 21 and cOperflagAbierto=1"
-                         " and cOpercodeRela = %1)").arg(codigo),
+                         " and cEstado = '2' and cOpercodeRela = %1)").arg(codigo),
           rs)) {
     return false;
   }
@@ -147,9 +148,9 @@ void EliminarTX(const Puesto& p, CajaRegistradoraFull& v, int lista, int fila) {
 
 void QuitarNoVigentes(Puesto& p, CajaRegistradoraFull& v) {
   const auto cerrado = [&p](const LineaTX& l) {
-    const QString vigente = QStringLiteral("SELECT cOperCode FROM OperacionParalela WHERE cEstado = '1' AND cOperCode = ");
     Recordset rs;
-    return !p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, vigente + l.tx, rs) || rs.Eof();
+    const QString sql = QStringLiteral("SELECT cEstado FROM OperacionParalela WHERE cOperCode = %1 AND cEstado = '1'");
+    return !p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql.arg(l.tx), rs) || rs.Eof();
   };
   for (auto& lista : v.lvwTX) std::erase_if(lista, cerrado);
   TotalesTX(p, v);
