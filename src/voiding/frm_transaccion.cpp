@@ -53,7 +53,12 @@ void frmTransaccion::crearBusqueda() {
   txtTransaccion_->filtro = soloDigitos;
   txtNumero_->filtro = soloDigitos;
   txtTransaccion_->alSalir = [this] { alDejar(txtTransaccion_); };
-  txtNumero_->alSalir = [this] { alDejar(txtNumero_); };
+  txtNumero_->alSalir = [this] {
+    alDejar(txtNumero_);
+    // Another series makes the number that stands there another document.
+    const bool otraSerie = txtSerie_->text() != v_.txtSerie && !Recortar(txtNumero_->text()).isEmpty();
+    if (otraSerie && QApplication::focusWidget() != buscar_) con([this] { BuscarDocumento(p_, v_); });
+  };
   chkAlterno_ = new QCheckBox(QStringLiteral("&O/C, NC , PADE,  PADV"));
   chkAlterno_->setObjectName(QStringLiteral("chkAlterno"));
   panel_->agregar({}, chkAlterno_);
@@ -93,9 +98,7 @@ bool frmTransaccion::pendiente(const Campo* campo, const QString& visto) const {
 void frmTransaccion::alDejar(const Campo* campo) {
   if (QApplication::focusWidget() == buscar_) return;  // its press searches
   if (campo == txtTransaccion_ && pendiente(campo, v_.txtTransaccion)) con([this] { BuscarTransaccion(p_, v_); });
-  // Another series makes the number that stands there another document.
-  const bool otraSerie = txtSerie_->text() != v_.txtSerie && !Recortar(campo->text()).isEmpty();
-  if (campo == txtNumero_ && (otraSerie || pendiente(campo, v_.txtNumero))) con([this] { BuscarDocumento(p_, v_); });
+  if (campo == txtNumero_ && pendiente(campo, v_.txtNumero)) con([this] { BuscarDocumento(p_, v_); });
 }
 
 void frmTransaccion::pulsar() {
