@@ -34,12 +34,14 @@ bool leerTitular(Puesto& p, Conexion& cnn, const QString& tarjeta, int idLocal, 
   return true;
 }
 
-// Whose points these are, by the client database. False when they are nobody's, or when it can't be read.
-bool buscarEnCliente(Puesto& p, Acumulacion& a) {
+// Whose points these are, by the client database. False when they are nobody's, or when it can't be read; `leido` tells.
+bool buscarEnCliente(Puesto& p, Acumulacion& a, bool& leido) {
   int tipo = kSinCliente;
-  return leerTitular(p, p.poCnnCliente, a.tarjeta, a.idLocal, a.cliente) && !a.cliente.isEmpty() &&
-         LeerTipoCliente(p, p.poCnnCliente, a.cliente, a.idLocal, tipo) && tipo == kClienteConPuntos &&
-         SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo);
+  leido = leerTitular(p, p.poCnnCliente, a.tarjeta, a.idLocal, a.cliente);
+  if (!leido || a.cliente.isEmpty()) return false;
+  leido = LeerTipoCliente(p, p.poCnnCliente, a.cliente, a.idLocal, tipo);
+  if (!leido || tipo != kClienteConPuntos) return false;
+  return leido = SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo);
 }
 
 // The same by the store's copies. The pull brings them without a site and without the kind of customer: what isn't
@@ -54,6 +56,7 @@ bool buscarEnAlmacen(Puesto& p, Acumulacion& a) {
     return false;
   }
   // The copy of the sale's site, else one without a site, else, for a sale without a site, the only one there is.
+  a.cliente.clear();
   int local = a.idLocal;
   for (const auto& fila : rs) {
     const int suyo = static_cast<int>(AEntero(Numero(fila[u"IdLocal"])));
@@ -165,7 +168,11 @@ void AcumularPuntos(Puesto& p, const QString& tarjeta, const ClavePuntos& docume
   if (!GanaPuntos(documento, tarjeta, importe)) return;
   if (!p.ses.pbClienteConectado) ConectarCliente(p, true);
   Acumulacion a{{}, idLocal, 0, Recortar(tarjeta), importe, CalcularPuntos(p, importe), p.ses.psUsuario, documento};
-  if (p.ses.pbClienteConectado ? buscarEnCliente(p, a) : buscarEnAlmacen(p, a)) {
+  bool leido = false;
+  bool gana = p.ses.pbClienteConectado && buscarEnCliente(p, a, leido);
+  // A connection that died since the sale began is found out by its first read: away as well.
+  if (!leido && (!p.ses.pbClienteConectado || !ConectarCliente(p, true))) gana = buscarEnAlmacen(p, a);
+  if (gana) {
     if (!p.ses.pbClienteCaido) ConectarCliente(p, true);
     if (p.ses.pbClienteConectado) acumularEnCliente(p, a);
     else acumularEnCola(p, a);

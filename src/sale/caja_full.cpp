@@ -84,8 +84,12 @@ void PonerTipo(CajaRegistradoraFull& v, TipoVenta tipo) {
 
 void CambiarTipo(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, TipoVenta tipo) {
   if (tipo == kAnular || tipo == kRecaudacion) {
-    if (tipo == kAnular) pantallas.anular();
-    else pantallas.retiro();
+    if (tipo == kAnular) {
+      pantallas.anular();
+      QuitarNoVigentes(p, v);
+    } else {
+      pantallas.retiro();
+    }
     tipo = v.tipos.front();
   }
   PonerTipo(v, tipo);

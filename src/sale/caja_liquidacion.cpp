@@ -60,6 +60,7 @@ double suma(const std::vector<LineaTX>& lista) {
   return s;
 }
 
+// Only notes that are settled: an open note of a billing document carries that document's code, which may be the same.
 bool filasLiquidadas(Puesto& p, qint64 codigo, std::vector<FilaVenta>& filas) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
@@ -68,7 +69,7 @@ bool filasLiquidadas(Puesto& p, qint64 codigo, std::vector<FilaVenta>& filas) {
                          " nProdPrecUnit as Precio, nDscto As Dscto, nServicio as Servicio"
                          " From OperacionParalelaProducto WHERE cOperCode IN("
                          " Select cOpercode From Operacionparalela Where cOperTipo= 21 and cOperflagAbierto=1"
-                         " and cOpercodeRela = %1)").arg(codigo),
+                         " and cEstado = '2' and cOpercodeRela = %1)").arg(codigo),
           rs)) {
     return false;
   }
@@ -142,6 +143,16 @@ void EliminarTX(const Puesto& p, CajaRegistradoraFull& v, int lista, int fila) {
   const QString tx = filas[static_cast<size_t>(fila)].tx;
   filas.erase(filas.begin() + fila);
   if (lista == 0) std::erase_if(v.lvwTX[1], [&tx](const LineaTX& nota) { return nota.pade == tx; });
+  TotalesTX(p, v);
+}
+
+void QuitarNoVigentes(Puesto& p, CajaRegistradoraFull& v) {
+  const auto cerrado = [&p](const LineaTX& l) {
+    Recordset rs;
+    const QString sql = QStringLiteral("SELECT cEstado FROM OperacionParalela WHERE cOperCode = %1 AND cEstado = '1'");
+    return !p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql.arg(l.tx), rs) || rs.Eof();
+  };
+  for (auto& lista : v.lvwTX) std::erase_if(lista, cerrado);
   TotalesTX(p, v);
 }
 

@@ -21,6 +21,9 @@ std::optional<Foco> AgregarTX(Puesto& p, CajaRegistradoraFull& v, int lista);
 // Takes a row out; an advance payment takes the notes that came with it along.
 void EliminarTX(const Puesto& p, CajaRegistradoraFull& v, int lista, int fila);
 
+// Takes out what has been voided since it was added, so that no liquidation brings it back.
+void QuitarNoVigentes(Puesto& p, CajaRegistradoraFull& v);
+
 // Empties the fields that carry a liquidation over to its sale document.
 void VaciarLiquidacion(CajaRegistradoraFull& v);
 

@@ -185,8 +185,12 @@ void BuscarTransaccion(Puesto& p, PantallaTransaccion& v, bool silencio) {
     v.txtNumero = t.docNumero;
     CapturaTipoCambio(p, t.fecha, v.tipoCambio);
     v.cargada = std::move(t);
-    if (v.uso == Uso::Anular) MuestraTransaccion(p, v);
-    else MuestraReimpresion(p, v);
+    if (v.uso == Uso::Anular) {
+      MuestraTransaccion(p, v);
+    } else {
+      MuestraReimpresion(p, v);
+      v.accion = true;
+    }
     return;
   }
   if (t.paralela && t.tipo == kLiquidacionPad) v.accion = false;

@@ -53,7 +53,12 @@ void frmTransaccion::crearBusqueda() {
   txtTransaccion_->filtro = soloDigitos;
   txtNumero_->filtro = soloDigitos;
   txtTransaccion_->alSalir = [this] { alDejar(txtTransaccion_); };
-  txtNumero_->alSalir = [this] { alDejar(txtNumero_); };
+  txtNumero_->alSalir = [this] {
+    alDejar(txtNumero_);
+    // Another series makes the number that stands there another document.
+    const bool otraSerie = txtSerie_->text() != v_.txtSerie && !Recortar(txtNumero_->text()).isEmpty();
+    if (otraSerie && QApplication::focusWidget() != buscar_) con([this] { BuscarDocumento(p_, v_); });
+  };
   chkAlterno_ = new QCheckBox(QStringLiteral("&O/C, NC , PADE,  PADV"));
   chkAlterno_->setObjectName(QStringLiteral("chkAlterno"));
   panel_->agregar({}, chkAlterno_);

@@ -77,7 +77,7 @@ TEST_F(Liquidacion, ADifferenceNeedsItsCash) {
   v.efectivoTecleado = true;
   SalirEfectivoSoles(p, v);
   PulsarTecla(p, v, pantallas, 2);
-  EXPECT_EQ(q("9|2|15\n10|1|0\n11|2|15\n12|2|15\n13|1|10\n14|2|0\n15|2|0"),
+  EXPECT_EQ(q("8|1|15\n9|2|15\n10|1|0\n11|2|15\n12|2|15\n13|1|10\n14|2|0\n15|2|0"),
             p.filas(q("SELECT cOperCode, cEstado, cOperCodeRela FROM OperacionParalela ORDER BY cOperCode")));
   EXPECT_EQ(q("15|24|0|6|2|10|4|"), p.filas(q("SELECT cOperCode, cOperTipo, nMoneda, nMontoSoles, nMontoDolares, "
                                               "nEfectivoSoles, nVueltoSoles, sGlosa FROM OperacionParalela WHERE cOperTipo=24")));

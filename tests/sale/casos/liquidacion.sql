@@ -1,3 +1,6 @@
+# Note 8 belongs to a billing document, whose code is the one that a liquidation takes here.
+INSERT INTO OperacionParalela (cOperCode, cOperTipo, nMontoSoles, cEstado, cOperCodeRela, dOperFech) VALUES (8, 21, 9, '1', 15, '24/11/2026 08:00')
+INSERT INTO OperacionParalelaProducto (cAlmaCode, cOperCode, cProdCode, nProdCant, nProdPrecUnit, nDscto, nServicio) VALUES ('01', 8, 102, 2, 4.50, 0, 10)
 # What may be liquidated: advance payments 9 in soles and 10 in dollars, notes 11 and 12 of the one and 13 of the other, and 14,
 # which is closed.
 INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, cProdEstd, nActivo, cFlagCanje, nPuntos, cFlagServicio, cCodCatalogo) VALUES ('01', 101, 'Lomo', 'Lomo', 10, 1, 1, 0, 0, 1, '')
