@@ -18,7 +18,11 @@ QString nombrePuerto(QString puerto) {
   return puerto;
 }
 
-bool esPragma(const QString& sql) { return sql.trimmed().startsWith(QStringLiteral("PRAGMA"), Qt::CaseInsensitive); }
+// A question about the tables themselves, which no routine's own work consists of.
+bool esDeCatalogo(const QString& sql) {
+  return sql.trimmed().startsWith(QStringLiteral("PRAGMA"), Qt::CaseInsensitive) ||
+         sql.contains(QStringLiteral(" FROM sqlite_master"), Qt::CaseInsensitive);
+}
 
 // One open connection.
 class MotorConFallas final : public Motor {
@@ -27,11 +31,11 @@ class MotorConFallas final : public Motor {
       : real_(std::move(real)), cadena_(std::move(cadena)), fallas_(fallas) {}
 
   std::optional<ErrorBD> consultar(const QString& sql, Recordset& rs) override {
-    if (esPragma(sql)) return real_->consultar(sql, rs);
+    if (esDeCatalogo(sql)) return real_->consultar(sql, rs);
     return paso([&] { return real_->consultar(sql, rs); });
   }
   std::optional<ErrorBD> ejecutar(const QString& sql, qint64* afectadas) override {
-    if (esPragma(sql)) return real_->ejecutar(sql, afectadas);
+    if (esDeCatalogo(sql)) return real_->ejecutar(sql, afectadas);
     return paso([&] { return real_->ejecutar(sql, afectadas); });
   }
   std::optional<ErrorBD> iniciar() override { return paso([&] { return real_->iniciar(); }); }

@@ -60,7 +60,8 @@ QString textoDeWidget(const QWidget& w) {
   if (auto* b = qobject_cast<const QRadioButton*>(&w)) {
     return b->isChecked() ? QStringLiteral("si") : QStringLiteral("no");
   }
-  if (auto* b = qobject_cast<const QAbstractButton*>(&w)) return b->text();
+  // A sign in an article's name stands twice in the caption, since one alone would mark a letter.
+  if (auto* b = qobject_cast<const QAbstractButton*>(&w)) return b->text().replace(QStringLiteral("&&"), QStringLiteral("&"));
   if (auto* t = qobject_cast<const QPlainTextEdit*>(&w)) return t->toPlainText();
   if (auto* t = qobject_cast<const QTextEdit*>(&w)) return t->toPlainText();
   if (auto* s = qobject_cast<const QAbstractSpinBox*>(&w)) return s->text();

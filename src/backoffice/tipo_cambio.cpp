@@ -26,12 +26,18 @@ bool yaEsta(Puesto& p, TipoCambio& v) {
   return true;
 }
 
+// A rate of nothing would close the registers without a word, so it counts as not entered; one that an older desk has
+// stored can still be deleted.
+bool falta(const TipoCambio& v) {
+  if (!EsNumerico(v.txtTC)) return true;
+  return v.modo != ModoDetalle::Borrar && Redondear(LeerImporte(v.txtTC), 2) <= 0;
+}
+
 bool validar(Puesto& p, TipoCambio& v) {
   v.txtFecha = MascaraFecha(v.txtFecha);
   if (!Comprobar(p, {
           {!LeerFecha(v.txtFecha), u"txtFecha", u"Ingrese un tipo de fecha válido."},
-          // A rate of nothing would close the registers without a word, so it counts as not entered.
-          {!EsNumerico(v.txtTC) || Redondear(LeerImporte(v.txtTC), 2) <= 0, u"txtTC", u"Ingrese el tipo de cambio."},
+          {falta(v), u"txtTC", u"Ingrese el tipo de cambio."},
       }, v.campoMal)) return false;
   return v.modo != ModoDetalle::Nuevo || !yaEsta(p, v);
 }

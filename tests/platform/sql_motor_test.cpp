@@ -103,7 +103,7 @@ TEST(Motor, TransactionsHoldTogether) {
 // itself: the operating system lives on.
 TEST(Motor, TheFirstInsertSurvivesAKill) {
   QTemporaryDir d;
-  const QString ruta = d.filePath(u8("x.db"));
+  const QString ruta = d.filePath(u8("x;y.db"));
   ASSERT_FALSE(crearBaseSqlite(ruta, kTabla + QStringList{u8("INSERT INTO T VALUES (1,'a',NULL),(2,'b',NULL)")}));
   const QString cadena = u8("driver={Microsoft Access Driver (*.mdb)};Password=x;DBQ=") + ruta;
   const auto motores = motoresDelSistema(d.path());

@@ -16,7 +16,10 @@ CadenaConexion leerCadenaConexion(const QString& cadena) {
   c.catalogo = valores.value(QStringLiteral("initial catalog"));
   if (valores.value(QStringLiteral("driver")).contains(u"Microsoft Access")) {
     c.tipo = TipoMotor::Local;
-    c.archivo = valores.value(QStringLiteral("dbq"));
+    // The path stands last and is taken whole: a folder's name may hold a semicolon.
+    const QString marca = QStringLiteral("DBQ=");
+    const auto donde = cadena.indexOf(marca, 0, Qt::CaseInsensitive);
+    if (donde >= 0) c.archivo = cadena.mid(donde + marca.size());
     return c;
   }
   const QString fuente = valores.value(QStringLiteral("data source"));
