@@ -1,6 +1,7 @@
 #include "sale/frm_busqueda_articulos.h"
 
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>

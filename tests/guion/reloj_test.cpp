@@ -1,6 +1,7 @@
 #include "admin/guion_reloj.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <gtest/gtest.h>
 
 namespace {
