@@ -413,7 +413,7 @@ std::optional<ErrorBD> MotorSqlite::recorrerTope(Preparada& p, const std::vector
     return std::all_of(t.claves.begin(), t.claves.end(), [&](int k) {
       if (k >= 0 && !seSabe) return false;
       const int columna = k >= 0 ? k : visibles - 1 - k;
-      const QVariant x = (*(rs.begin() + a))[columna], y = (*(rs.begin() + b))[columna];
+      const QVariant x = Recordset::Fila(rs, a)[columna], y = Recordset::Fila(rs, b)[columna];
       if (x.typeId() != QMetaType::QString || y.typeId() != QMetaType::QString) return x == y;
       return compararTextosSql(x.toString(), y.toString(), entorno_.dialecto == Dialecto::TSql) == 0;
     });

@@ -24,7 +24,6 @@ class Recordset {
     Iterador(const Recordset& rs, qsizetype n) : rs_(&rs), n_(n) {}
     Fila operator*() const { return {*rs_, n_}; }
     Iterador& operator++() { ++n_; return *this; }
-    Iterador operator+(qsizetype n) const { return {*rs_, n_ + n}; }
     bool operator==(const Iterador& o) const { return n_ == o.n_; }
 
    private:
