@@ -232,7 +232,9 @@ void fDateadd(sqlite3_context* c, int n, sqlite3_value** v) {
 }
 
 // The first day of the week that Jet may be told, 1 for Sunday.
-int primerDia(int n, sqlite3_value** v, int cual) { return n > cual ? std::clamp(sqlite3_value_int(v[cual]), 1, 7) : 1; }
+int primerDia(int n, sqlite3_value** v, int cual) {
+  return n > cual ? std::clamp(sqlite3_value_int(v[cual]), 1, 7) : 1;
+}
 
 // Counts the borders passed, as both dialects do: from 31/12 to 1/1 is one year.
 void fDatediff(sqlite3_context* c, int n, sqlite3_value** v) {
@@ -269,6 +271,9 @@ void fDatediff(sqlite3_context* c, int n, sqlite3_value** v) {
   sqlite3_result_int64(c, r);
 }
 
+// From `primero` on, the days of a week that begins on Sunday with 1.
+int desdePrimero(const QDate& d, int primero) { return (d.dayOfWeek() + 8 - primero) % 7; }
+
 void darParte(sqlite3_context* c, Parte parte, sqlite3_value* v, int primero = 1) {
   QDateTime f;
   if (sqlite3_value_type(v) == SQLITE_NULL || !fecha(c, v, f)) return;
@@ -280,8 +285,8 @@ void darParte(sqlite3_context* c, Parte parte, sqlite3_value* v, int primero = 1
     case Parte::Mes: r = d.month(); break;
     case Parte::Dia: r = d.day(); break;
     case Parte::DiaDelAnio: r = d.dayOfYear(); break;
-    case Parte::DiaSemana: r = (d.dayOfWeek() + 7 - primero + 1) % 7 + 1; break;
-    case Parte::Semana: r = (d.dayOfYear() - 1 + (QDate(d.year(), 1, 1).dayOfWeek() + 7 - primero + 1) % 7) / 7 + 1; break;
+    case Parte::DiaSemana: r = desdePrimero(d, primero) + 1; break;
+    case Parte::Semana: r = (d.dayOfYear() - 1 + desdePrimero(QDate(d.year(), 1, 1), primero)) / 7 + 1; break;
     case Parte::Hora: r = f.time().hour(); break;
     case Parte::Minuto: r = f.time().minute(); break;
     case Parte::Segundo: r = f.time().second(); break;

@@ -226,7 +226,8 @@ void fSpace(sqlite3_context* c, int n, sqlite3_value** v) {
 }
 
 void fReplicate(sqlite3_context* c, int n, sqlite3_value** v) {
-  if (!hayNulo(n, v) && sqlite3_value_int(v[1]) >= 0) darTexto(c, textoDe(v[0]).left(kCopias).repeated(std::clamp(sqlite3_value_int(v[1]), 0, kCopias)));
+  if (hayNulo(n, v) || sqlite3_value_int(v[1]) < 0) return;
+  darTexto(c, textoDe(v[0]).left(kCopias).repeated(std::min(sqlite3_value_int(v[1]), kCopias)));
 }
 
 void fString(sqlite3_context* c, int n, sqlite3_value** v) {
@@ -342,7 +343,9 @@ void fPatindex(sqlite3_context* c, int n, sqlite3_value** v) {
 void fSubstring(sqlite3_context* c, int n, sqlite3_value** v) {
   if (hayNulo(n, v)) return;
   const qint64 desde = sqlite3_value_int64(v[1]), largo = sqlite3_value_int64(v[2]);
-  if (largo < 0 || largo > INT_MAX || std::llabs(desde) > INT_MAX) return darError(c, QStringLiteral("Longitud no válida en SUBSTRING."));
+  if (largo < 0 || largo > INT_MAX || std::llabs(desde) > INT_MAX) {
+    return darError(c, QStringLiteral("Longitud no válida en SUBSTRING."));
+  }
   const qint64 primero = std::max<qint64>(desde, 1);
   darTexto(c, textoDe(v[0]).mid(primero - 1, std::max<qint64>(desde + largo - primero, 0)));
 }
@@ -381,7 +384,8 @@ void fLike(sqlite3_context* c, int n, sqlite3_value** v) {
 QString mascaraDe(const QString& nombre) {
   static const struct { const char16_t *nombre, *mascara; } kConNombre[] = {
       {u"general date", u"dd/mm/yyyy hh:nn:ss"}, {u"short date", u"dd/mm/yyyy"},
-      {u"medium date", u"dd-mmm-yy"}, {u"long date", u"dddd, dd \"de\" mmmm \"de\" yyyy"}, {u"medium time", u"hh:nn AM/PM"}, {u"short time", u"hh:nn"},
+      {u"medium date", u"dd-mmm-yy"}, {u"long date", u"dddd, dd \"de\" mmmm \"de\" yyyy"},
+      {u"medium time", u"hh:nn AM/PM"}, {u"short time", u"hh:nn"},
       {u"long time", u"hh:nn:ss"}, {u"standard", u"#,##0.00"}, {u"fixed", u"0.00"}, {u"percent", u"0.00%"}};
   const QString buscado = nombre.toLower();
   for (const auto& m : kConNombre) {
@@ -410,7 +414,7 @@ QString numeroConMascara(double x, const QString& mascara) {
 
 // A mask of places formats a number, > and < a text, any other a date.
 void fFormat(sqlite3_context* c, int n, sqlite3_value** v) {
-  if (sqlite3_value_type(v[0]) == SQLITE_NULL || (n > 1 && sqlite3_value_type(v[1]) == SQLITE_NULL)) {  // FORMAT of Null is a blank text there
+  if (hayNulo(std::min(n, 2), v)) {  // FORMAT of Null is a blank text there
     return darTexto(c, QString());
   }
   const QString t = textoDe(v[0]);
@@ -421,17 +425,18 @@ void fFormat(sqlite3_context* c, int n, sqlite3_value** v) {
     const QVariant x = sqlite3_value_type(v[0]) == SQLITE_TEXT ? leerNumero(t) : QVariant(sqlite3_value_double(v[0]));
     return darTexto(c, x.isValid() ? numeroConMascara(x.toDouble(), mascara) : t);
   }
-  if (const QString palabra = mascara.toLower(); palabra == u"yes/no" || palabra == u"true/false" || palabra == u"on/off") {
-    const bool si = numeroDe(v[0]) != 0;
-    return darTexto(c, palabra[0] == u'y'   ? (si ? QStringLiteral("Sí") : QStringLiteral("No"))
-                       : palabra[0] == u't' ? (si ? QStringLiteral("Verdadero") : QStringLiteral("Falso"))
-                                            : (si ? QStringLiteral("Activado") : QStringLiteral("Desactivado")));
+  static const struct { QStringView mascara; const char *si, *no; } kSiNo[] = {
+      {u"yes/no", "Sí", "No"}, {u"true/false", "Verdadero", "Falso"}, {u"on/off", "Activado", "Desactivado"}};
+  for (const auto& k : kSiNo) {
+    if (mascara.compare(k.mascara, Qt::CaseInsensitive) != 0) continue;
+    return darTexto(c, QString::fromUtf8(numeroDe(v[0]) != 0 ? k.si : k.no));
   }
   const auto f = instanteDe(c, v[0]);
   if (const QDate d = f ? f->date() : QDate(); d.isValid()) {  // a part alone
     const int primero = QDate(d.year(), 1, 1).dayOfWeek() % 7;
     const struct { QStringView mascara; int valor; } kPartes[] = {
-        {u"q", (d.month() + 2) / 3}, {u"w", d.dayOfWeek() % 7 + 1}, {u"y", d.dayOfYear()}, {u"ww", (d.dayOfYear() - 1 + primero) / 7 + 1}};
+        {u"q", (d.month() + 2) / 3}, {u"w", d.dayOfWeek() % 7 + 1}, {u"y", d.dayOfYear()},
+        {u"ww", (d.dayOfYear() - 1 + primero) / 7 + 1}};
     for (const auto& k : kPartes) {
       if (mascara.compare(k.mascara, Qt::CaseInsensitive) == 0) return darTexto(c, QString::number(k.valor));
     }

@@ -249,7 +249,8 @@ std::optional<ErrorBD> MotorSqlite::llenarTablaNueva(const Preparada& p, const s
   const std::vector<Columna>& salida = p.forma->salida;
   const bool conTipos = static_cast<qsizetype>(salida.size()) == p.campos.size();
   for (qsizetype i = 0; i < p.campos.size(); ++i) {
-    columnas << nombre(p.campos[i]) + u' ' + declaracionDe(conTipos ? salida[static_cast<size_t>(i)].tipo : Tipo::Desconocido);
+    const Tipo tipo = conTipos ? salida[static_cast<size_t>(i)].tipo : Tipo::Desconocido;
+    columnas << nombre(p.campos[i]) + u' ' + declaracionDe(tipo);
   }
   const QString tabla = nombre(p.forma->tablaNueva);
   const QString crear = QStringLiteral("CREATE TABLE %1 (%2)").arg(tabla, columnas.join(u','));
@@ -430,8 +431,8 @@ std::optional<ErrorBD> MotorSqlite::recorrerTope(Preparada& p, const std::vector
     if (!error) error = recorrer(todas, &rs, nullptr);
   }
   if (error) return error;
-  const double parte = std::ceil(static_cast<double>(rs.RecordCount()) * t.porciento / 100);
-  qsizetype quedan = std::min<qsizetype>(rs.RecordCount(), t.filas >= 0 ? t.filas : static_cast<qsizetype>(std::max(parte, 0.0)));
+  const double parte = std::ceil(static_cast<double>(rs.RecordCount()) * std::clamp(t.porciento, 0.0, 100.0) / 100);
+  qsizetype quedan = std::min<qsizetype>(rs.RecordCount(), t.filas >= 0 ? t.filas : static_cast<qsizetype>(parte));
   while (t.empates && quedan > 0 && quedan < rs.RecordCount() && iguales(quedan - 1, quedan)) ++quedan;
   std::vector<std::vector<QVariant>> filas;
   for (const auto& fila : rs) {

@@ -161,17 +161,18 @@ std::vector<Columna> Reescritor::nucleo(const std::vector<Columna>* destino) {
 void Reescritor::ponerTope(Tope tope, int ini, int lista, int desde, int orden, bool distinto) {
   const bool porciento = tope.porciento >= 0;
   QString limite = QStringLiteral(" LIMIT ") + QString::number(tope.filas);
-  if (primera_ || es(u"UNION") || es(u"EXCEPT") || es(u"INTERSECT")) {  // of one SELECT among several
+  const bool sigueOtro = es(u"UNION") || es(u"EXCEPT") || es(u"INTERSECT");
+  if (primera_ || sigueOtro) {  // of one SELECT among several; the last one's ORDER BY is of all
     e_.antes(ini, QStringLiteral("SELECT * FROM ("));
-    e_.despues((orden > lista ? orden : p_) - 1, limite + u')');
+    e_.despues((orden > lista && !sigueOtro ? orden : p_) - 1, limite + u')');
     return;
   }
-  tope.empates = tope.empates && orden > lista && !(distinto && std::any_of(claves_.begin(), claves_.end(), [](const Clave& k) {
-    return k.columna < 0;
-  }));
+  const bool fuera = std::any_of(claves_.begin(), claves_.end(), [](const Clave& k) { return k.columna < 0; });
+  tope.empates = tope.empates && orden > lista && !(distinto && fuera);
   const bool deFuera = ini == 0 && tablaNueva_.isEmpty() && (tk(p_).tipo == TipoToken::Fin || tk(p_).op(u";"));
   if (!deFuera || !(tope.empates || porciento)) {
-    e_.despues(p_ - 1, porciento ? QStringLiteral(" LIMIT PERCENT") : limite);
+    const bool noSeSabe = porciento || (!jet_ && tope.empates);  // the engine says that it doesn't know it
+    e_.despues(p_ - 1, noSeSabe ? QStringLiteral(" LIMIT PERCENT, TIES") : limite);
     return;
   }
   for (const Clave& k : claves_) {

@@ -135,7 +135,8 @@ Nodo Reescritor::binario(Nodo izq, int op, int prec) {
   fechaComoNumero(izq);
   fechaComoNumero(der);
   if (!tk(op).op(u"*")) divisor(der);
-  if (tk(op).op(u"%") && !(izq.tipo == Tipo::Entero && der.tipo == Tipo::Entero)) {  // the engine's drops what is behind the point
+  // The engine's own drops what is behind the point.
+  if (tk(op).op(u"%") && !(izq.tipo == Tipo::Entero && der.tipo == Tipo::Entero)) {
     e_.envolver(n.ini, n.fin, QStringLiteral("tp_modulo("));
     e_.reemplazar(op, QStringLiteral(","));
     n.tipo = Tipo::Numero;

@@ -6,7 +6,7 @@
 #include "platform/sql/catalogo.h"
 #include "platform/sql/edicion.h"
 
-// What TOP leaves of a query's rows where LIMIT can't tell: those that equal the last one in the order, or a share of all.
+// What TOP leaves of a query's rows where LIMIT can't tell: those that equal the last one in the order, or a share.
 struct Tope {
   qint64 filas = -1;         // -1: no such query
   double porciento = -1;     // in their place
