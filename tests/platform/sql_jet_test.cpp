@@ -39,8 +39,8 @@ TEST(Jet, OneShapeManyLiterals) {
   EXPECT_EQ("39", b.respuesta("SELECT SUM(nProdCant) FROM Operacion WHERE cOperCode >= 100"));
   EXPECT_EQ("<2025-01-31 00:00:00>", b.respuesta("SELECT MAX(dOperFech) FROM Operacion WHERE cDocTipo = 'A' AND cOperCode >= 100"));
   // Literals that stay in the statement: the same shape with another list, order or count.
-  EXPECT_EQ("7|x", b.respuesta("SELECT TOP 1 cOperCode, 'x' FROM Operacion ORDER BY 1"));
-  EXPECT_EQ("7|y/7|y", b.respuesta("SELECT TOP 2 cOperCode, 'y' FROM Operacion ORDER BY 1"));
+  EXPECT_EQ("7|x", b.respuesta("SELECT TOP 1 cOperCode, 'x' FROM Operacion ORDER BY cOperID"));
+  EXPECT_EQ("7|y/7|y", b.respuesta("SELECT TOP 2 cOperCode, 'y' FROM Operacion ORDER BY cOperID"));
 }
 
 }  // namespace

@@ -14,7 +14,8 @@ ErrorBD noCoincide(const QString& texto, QStringView que) {
 // Both dialects read blank text beside a date or a number differently: the server takes it for its zero.
 ValorLiteral fechaDe(const QString& texto, OrdenFecha orden, Dialecto dialecto) {
   // Between number signs the month comes first; a year in front or an impossible order overrides either.
-  const auto f = orden == OrdenFecha::MesDia ? LeerFecha(texto, orden) : leerInstante(texto);
+  auto f = orden == OrdenFecha::MesDia ? LeerFecha(texto, orden) : std::nullopt;
+  if (!f) f = leerInstante(texto, dialecto);
   if (f) return {FechaISO(*f), {}};
   if (dialecto == Dialecto::TSql && texto.trimmed().isEmpty()) return {QStringLiteral("1900-01-01 00:00:00"), {}};
   return {{}, noCoincide(texto, u"una fecha")};
@@ -47,10 +48,13 @@ ValorLiteral leerLiteral(const Token& token, Lectura lectura, Dialecto dialecto)
     const QVariant n = leerNumero(token.texto.toString());
     return n.isValid() ? ValorLiteral{n, {}} : ValorLiteral{{}, noCoincide(token.texto.toString(), u"un número")};
   }
-  const QString texto = contenido(token);
+  QString texto = contenido(token);
   switch (lectura) {
     case Lectura::FechaDiaMes: return fechaDe(texto, OrdenFecha::DiaMes, dialecto);
     case Lectura::NumeroEstricto: return numeroDe(texto, dialecto);
+    case Lectura::SinFinales:
+      while (texto.endsWith(u' ')) texto.chop(1);
+      break;
     case Lectura::TalCual: break;
   }
   return {texto, {}};
@@ -98,6 +102,16 @@ QString Edicion::deToken(int i, bool conLiterales, int& parametro) const {
   if (comoEsta) return t.texto.toString();
   const ValorLiteral v = leerLiteral(t, l.lectura, dialecto_);
   return v.error ? t.texto.toString() : literalSql(v.valor);
+}
+
+QString Edicion::trozo(int ini, int fin) const {
+  QString sale;
+  int parametro = 0;
+  for (int i = ini; i < fin; ++i) {
+    if (i > ini) sale += u' ';
+    sale += ediciones_[i].antes + deToken(i, true, parametro) + ediciones_[i].despues;
+  }
+  return sale;
 }
 
 QString Edicion::texto(bool conLiterales) const {

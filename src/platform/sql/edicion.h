@@ -9,6 +9,7 @@
 // How a literal is read when it reaches the engine.
 enum class Lectura {
   TalCual,
+  SinFinales,    // a text whose last blanks don't count
   FechaDiaMes,   // a text beside a date: day/month/year
   NumeroEstricto // a text beside a number
 };
@@ -53,6 +54,8 @@ class Edicion {
   void borrar(int token) { reemplazar(token, QString()); }
   // The tokens [ini, fin) come out behind the token `tras`, further on. Once a statement.
   void mover(int ini, int fin, int tras) { movidos_ = {ini, fin, tras}; }
+  // Those tokens as they stand now, with their literals.
+  QString trozo(int ini, int fin) const;
   // The literal at that token, null for another token.
   Literal* literal(int token);
 

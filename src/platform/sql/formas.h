@@ -14,8 +14,9 @@ struct FormaEscrita {
   QByteArray texto;                // in the engine's language, bound literals as ?1, ?2 ...
   std::vector<Literal> literales;
   std::vector<int> fijos;          // literals that stay in the text, in their order
-  std::vector<Tipo> salida;        // of the columns; empty when they can't be told
+  std::vector<Columna> salida;     // empty when the columns can't be told
   QString tablaNueva;              // SELECT ... INTO
+  Tope tope;
   bool cambiaEsquema = false;
 };
 

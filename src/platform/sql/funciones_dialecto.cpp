@@ -31,16 +31,20 @@ const ReglaFuncion kReglas[] = {
     {u"CSNG",      true,  false, 1, 1, u"tp_cdbl",       R::Real},
     {u"CSTR",      true,  false, 1, 1, u"tp_texto",      R::Texto, kTexto0},
     {u"DATE",      true,  false, 0, 0, u"tp_hoy",        R::Fecha},
+    {u"DATALENGTH", false, true, 1, 1, u"length",        R::Entero, kTexto0},
     {u"DATEADD",   true,  true,  3, 3, u"tp_dateadd",    R::Fecha, kParte},
     {u"DATEDIFF",  true,  true,  3, 3, u"tp_datediff",   R::Entero, kParte},
+    {u"DATEDIFF",  true,  false, 4, 5, u"tp_datediff",   R::Entero},
+    {u"DATENAME",  false, true,  2, 2, u"tp_datename",   R::Texto, kParte},
     {u"DATEPART",  true,  true,  2, 2, u"tp_datepart",   R::Entero, kParte},
+    {u"DATEPART",  true,  false, 3, 4, u"tp_datepart",   R::Entero},
     {u"DATESERIAL", true, false, 3, 3, u"tp_dateserial", R::Fecha},
     {u"DATEVALUE", true,  false, 1, 1, u"tp_datevalue",  R::Fecha},
     {u"DAY",       true,  true,  1, 1, u"tp_day",        R::Entero},
     {u"FIRST",     true,  false, 1, 1, u"tp_primero",    R::DelPrimero},
     {u"FIX",       true,  false, 1, 1, u"tp_fix",        R::Numero},
-    {u"FLOOR",     false, true,  1, 1, u"tp_int",        R::Numero},
-    {u"FORMAT",    true,  false, 1, 2, u"tp_format",     R::Texto},
+    {u"FLOOR",     false, true,  1, 1, u"tp_int",        R::DelPrimero},
+    {u"FORMAT",    true,  false, 1, 4, u"tp_format",     R::Texto},
     {u"GETDATE",   false, true,  0, 0, u"tp_ahora",      R::Fecha},
     {u"HOUR",      true,  false, 1, 1, u"tp_hour",       R::Entero},
     {u"IIF",       true,  true,  3, 3, u"",              R::DelSegundo},
@@ -65,13 +69,16 @@ const ReglaFuncion kReglas[] = {
     {u"MINUTE",    true,  false, 1, 1, u"tp_minute",     R::Entero},
     {u"MONTH",     true,  true,  1, 1, u"tp_month",      R::Entero},
     {u"NOW",       true,  false, 0, 0, u"tp_ahora",      R::Fecha},
+    {u"NZ",        true,  false, 2, 2, u"ifnull",        R::Comun},
     {u"NULLIF",    false, true,  2, 2, u"",              R::DelPrimero},
+    {u"PATINDEX",  false, true,  2, 2, u"tp_patindex",   R::Entero},
     {u"REPLACE",   true,  false, 3, 3, u"",              R::Texto, kTexto0},
     {u"REPLACE",   false, true,  3, 3, u"tp_replace",    R::Texto},
     {u"REPLICATE", false, true,  2, 2, u"tp_replicate",  R::Texto},
     {u"REVERSE",   false, true,  1, 1, u"tp_reverso",    R::Texto},
     {u"RIGHT",     true,  true,  2, 2, u"tp_derecha",    R::Texto, kTexto0},
     {u"ROUND",     true,  true,  1, 2, u"tp_round",      R::Real},
+    {u"ROUND",     false, true,  3, 3, u"tp_round",      R::Real},
     {u"RTRIM",     true,  true,  1, 1, u"",              R::Texto, kTexto0},
     {u"SECOND",    true,  false, 1, 1, u"tp_second",     R::Entero},
     {u"SGN",       true,  false, 1, 1, u"sign",          R::Numero},
@@ -83,7 +90,7 @@ const ReglaFuncion kReglas[] = {
     {u"STRING",    true,  false, 2, 2, u"tp_string",     R::Texto},
     {u"STRREVERSE", true, false, 1, 1, u"tp_reverso",    R::Texto},
     {u"STUFF",     false, true,  4, 4, u"tp_stuff",      R::Texto},
-    {u"SUBSTRING", false, true,  3, 3, u"substr",        R::Texto, kTexto0},
+    {u"SUBSTRING", false, true,  3, 3, u"tp_substring",  R::Texto},
     {u"SUM",       true,  true,  1, 1, u"",              R::Suma},
     {u"SWITCH",    true,  false, 2, 99, u"",             R::Comun, ReglaFuncion::Eleccion},
     {u"TIME",      true,  false, 0, 0, u"tp_hora",       R::Fecha},
@@ -136,8 +143,11 @@ Nodo Reescritor::llamada(int ini) {
   std::vector<Nodo> args;
   argumentos(nombre, args, distintos);
   Nodo n{ini, p_, Tipo::Desconocido, true};
-  const ReglaFuncion* regla = reglaDeFuncion(tk(nombre).texto, static_cast<int>(args.size()), e_.dialecto());
+  QStringView llamado = tk(nombre).texto;
+  if (jet_ && llamado.endsWith(u'$')) llamado.chop(1);  // LEFT$ is LEFT
+  const ReglaFuncion* regla = reglaDeFuncion(llamado, static_cast<int>(args.size()), e_.dialecto());
   if (!regla) return n;
+  if (llamado.size() < tk(nombre).largo) e_.reemplazar(nombre, llamado.toString());
   if (regla->forma == ReglaFuncion::Eleccion) return eleccion(nombre, args, n);
   if (regla->forma == kParte && !args.empty() && args[0].literal < 0 && args[0].fin == args[0].ini + 1) {
     e_.reemplazar(args[0].ini, u'\'' + tk(args[0].ini).texto.toString() + u'\'');
@@ -158,6 +168,9 @@ Nodo Reescritor::llamada(int ini) {
   if (!jet_ && tk(nombre).es(u"ISNULL") && args[0].tipo == Tipo::Texto && esNumerico(args[1].tipo)) {
     comoTexto(args[1]);
     args[1].tipo = Tipo::Texto;
+  } else if (!jet_ && tk(nombre).es(u"ISNULL") && esNumerico(args[0].tipo) && args[1].tipo == Tipo::Texto &&
+             args[1].literal >= 0 && !leerLiteral(tk(args[1].literal), Lectura::NumeroEstricto, Dialecto::TSql).error) {
+    unNumeroUnTexto(args[1]);
   }
   Tipo todos = Tipo::Nulo;
   Tipo ramas = Tipo::Nulo;
@@ -196,7 +209,7 @@ void Reescritor::argumentos(int nombre, std::vector<Nodo>& args, bool distintos)
     } else {
       Nodo n = expresion();
       if (!condicion || (tk(nombre).es(u"IIF") && !args.empty())) comoNumero(n);
-      if ((distintos || extremo) && n.tipo == Tipo::Texto && !n.sinCaso && n.literal < 0) colacion(n, true);
+      if ((distintos || extremo) && pideColacion(n)) colacion(n);
       args.push_back(n);
     }
     if (!comeOp(u",") && !tk(p_).op(u")")) {
@@ -250,6 +263,13 @@ Reescritor::TipoSql Reescritor::tipoSql() {
   return t;
 }
 
+// 30 characters unless told; CHAR is filled up with blanks, which a length below zero asks for.
+QString Reescritor::largoDeTexto(const TipoSql& tipo) const {
+  const int largo = tipo.largo.toInt() > 0 ? tipo.largo.toInt() : 30;
+  const bool llena = tk(tipo.ini).es(u"CHAR") || tk(tipo.ini).es(u"NCHAR");
+  return QString::number(llena ? -largo : largo);
+}
+
 QString Reescritor::funcionDeTipo(const TipoSql& tipo) const {
   switch (tipo.tipo) {
     case Tipo::Fecha: return tipo.soloDia ? QStringLiteral("tp_datevalue(tp_afecha") : QStringLiteral("tp_afecha");
@@ -274,9 +294,8 @@ Nodo Reescritor::convertir(int ini) {
   for (int i = tipo.ini; i < tipo.fin; ++i) e_.borrar(i);
   if (conLargo) {
     const bool dinero = tk(tipo.ini).texto.contains(u"money", Qt::CaseInsensitive);
-    const QString largo = tipo.tipo == Tipo::Texto ? tipo.largo : dinero ? QStringLiteral("4") : tipo.decimales;
-    e_.reemplazar(tipo.ini, largo.toInt() > 0 || tipo.tipo == Tipo::Numero ? QString::number(largo.toInt())
-                                                                          : QStringLiteral("30"));
+    const QString decimales = QString::number(dinero ? 4 : tipo.decimales.toInt());
+    e_.reemplazar(tipo.ini, tipo.tipo == Tipo::Texto ? largoDeTexto(tipo) : decimales);
   } else {
     e_.borrar(p_);
   }
@@ -297,6 +316,7 @@ Nodo Reescritor::convertir(int ini) {
     ligable_ = antes;
   }
   e_.reemplazar(ini, funcion);
+  if (!estilo && tipo.tipo == Tipo::Texto && valor.tipo == Tipo::Fecha) e_.antes(p_, QStringLiteral(",0"));
   if (!comeOp(u")")) hastaCerrar();
   if (tipo.soloDia) e_.despues(p_ - 1, QStringLiteral(")"));
   return {ini, p_, tipo.tipo, true};
@@ -318,7 +338,8 @@ Nodo Reescritor::moldear(int ini) {
     if (tipo.soloDia) e_.despues(p_, QStringLiteral(")"));
     for (int i = como; i < tipo.fin; ++i) e_.borrar(i);
     e_.reemplazar(ini, funcion);
-    if (tipo.tipo == Tipo::Texto) e_.despues(ini + 1, QString::number(tipo.largo.isEmpty() ? 30 : tipo.largo.toInt()) + u',');
+    if (tipo.tipo == Tipo::Texto) e_.despues(ini + 1, largoDeTexto(tipo) + u',');
+    if (tipo.tipo == Tipo::Texto && valor.tipo == Tipo::Fecha) e_.antes(p_, QStringLiteral(",0"));
     if (tipo.tipo == Tipo::Numero) e_.despues(ini + 1, QString::number(tipo.decimales.toInt()) + u',');
   }
   if (!comeOp(u")")) hastaCerrar();

@@ -1,5 +1,7 @@
 #include <sqlite3.h>
 
+#include <QLocale>
+
 #include <cmath>
 
 #include "platform/sql/funciones_sqlite.h"
@@ -8,14 +10,15 @@
 
 namespace {
 
-enum class Parte { Nada, Anio, Trimestre, Mes, Dia, DiaDelAnio, DiaSemana, Semana, Hora, Minuto, Segundo };
+enum class Parte { Nada, Anio, Trimestre, Mes, Dia, DiaDelAnio, DiaSemana, Semana, Hora, Minuto, Segundo, Milesima };
 
 Parte parteDe(const QString& nombre) {
   static const struct { const char16_t* nombres; Parte parte; } kPartes[] = {
       {u" yyyy yy year ", Parte::Anio},        {u" q qq quarter ", Parte::Trimestre}, {u" m mm month ", Parte::Mes},
       {u" d dd day ", Parte::Dia},             {u" y dy dayofyear ", Parte::DiaDelAnio},
       {u" w dw weekday ", Parte::DiaSemana},   {u" ww wk week ", Parte::Semana},      {u" h hh hour ", Parte::Hora},
-      {u" n mi minute ", Parte::Minuto},       {u" s ss second ", Parte::Segundo}};
+      {u" n mi minute ", Parte::Minuto},       {u" s ss second ", Parte::Segundo},
+      {u" ms millisecond ", Parte::Milesima}};
   const QString buscado = u' ' + nombre.trimmed().toLower() + u' ';
   for (const auto& p : kPartes) {
     if (QStringView(p.nombres).contains(buscado)) return p.parte;
@@ -35,16 +38,6 @@ QDateTime deNumero(double dias, Dialecto dialecto) {
   if (std::fabs(entero) > 3000000) return {};
   return QDateTime(cero.addDays(static_cast<qint64>(entero)), QTime(0, 0))
       .addSecs(static_cast<qint64>(std::llround((dias - entero) * 86400)));
-}
-
-std::optional<QDateTime> instanteDe(sqlite3_context* c, sqlite3_value* v) {
-  const int tipo = sqlite3_value_type(v);
-  if (tipo == SQLITE_INTEGER || tipo == SQLITE_FLOAT) {
-    const QDateTime f = deNumero(sqlite3_value_double(v), entornoDe(c).dialecto);
-    if (f.isValid()) return f;
-    return {};
-  }
-  return leerInstante(textoDe(v));
 }
 
 // The argument as a moment; an error is given for anything that is no date.
@@ -83,8 +76,7 @@ void fTimeserial(sqlite3_context* c, int n, sqlite3_value** v) {
 
 void fTimevalue(sqlite3_context* c, int n, sqlite3_value** v) {
   if (hayNulo(n, v)) return;
-  QString t = textoDe(v[0]).trimmed();
-  if (!t.contains(u' ') && t.contains(u':')) t.prepend(u"30/12/1899 ");
+  const QString t = textoDe(v[0]);
   if (const auto f = leerInstante(t)) return darHora(c, f->time());
   darError(c, QStringLiteral("No se puede convertir '%1' a hora.").arg(t));
 }
@@ -141,15 +133,17 @@ const char16_t* mascaraDeEstilo(int estilo) {
     case 110: return u"mm-dd-yyyy";
     case 111: return u"yyyy/mm/dd";
     case 112: return u"yyyymmdd";
-    case 120: case 121: return u"yyyy-mm-dd hh:nn:ss";
+    case 21: case 25: case 121: return u"yyyy-mm-dd hh:nn:ss.000";
     case 2: return u"yy.mm.dd";
     case 4: return u"dd.mm.yy";
     case 5: return u"dd-mm-yy";
-    case 8: return u"hh:nn:ss";
+    case 8: case 24: return u"hh:nn:ss";
+    case 10: return u"mm-dd-yy";
     case 11: return u"yy/mm/dd";
     case 12: return u"yymmdd";
+    case 23: return u"yyyy-mm-dd";
     case 14: case 114: return u"hh:nn:ss:000";
-    case 20: return u"yyyy-mm-dd hh:nn:ss";
+    case 20: case 120: return u"yyyy-mm-dd hh:nn:ss";
     case 126: return u"yyyy-mm-ddThh:nn:ss";
     default: return nullptr;
   }
@@ -187,7 +181,9 @@ void fConvtexto(sqlite3_context* c, int n, sqlite3_value** v) {
     t = mascara ? FormatearFecha(*f, mascara) : conMesEnLetras(*f, estilo);
     if (t.isEmpty()) return darError(c, QStringLiteral("%1 no es un estilo de fecha.").arg(estilo));
   }
-  darTexto(c, t.left(sqlite3_value_int(v[0])));
+  const int largo = sqlite3_value_int(v[0]);
+  if (sqlite3_value_type(v[1]) == SQLITE_INTEGER && t.size() > std::abs(largo)) t = u'*';  // a number is never cut
+  darTexto(c, largo < 0 ? t.leftJustified(-largo, u' ', true) : t.left(largo));
 }
 
 void sumarDias(sqlite3_context* c, sqlite3_value** v, double signo) {
@@ -228,10 +224,16 @@ void fDateadd(sqlite3_context* c, int n, sqlite3_value** v) {
     case Parte::Hora: f = f.addSecs(3600 * k); break;
     case Parte::Minuto: f = f.addSecs(60 * k); break;
     case Parte::Segundo: f = f.addSecs(k); break;
+    case Parte::Milesima: f = f.addMSecs(k); break;
     case Parte::Nada: return darError(c, QStringLiteral("'%1' no es parte de una fecha.").arg(textoDe(v[0])));
   }
   if (f.date().year() < 1 || f.date().year() > 9999) return darError(c, QStringLiteral("La fecha queda fuera de rango."));
   darFecha(c, f);
+}
+
+// The first day of the week that Jet may be told, 1 for Sunday.
+int primerDia(int n, sqlite3_value** v, int cual) {
+  return n > cual ? std::clamp(sqlite3_value_int(v[cual]), 1, 7) : 1;
 }
 
 // Counts the borders passed, as both dialects do: from 31/12 to 1/1 is one year.
@@ -252,19 +254,27 @@ void fDatediff(sqlite3_context* c, int n, sqlite3_value** v) {
     case Parte::Anio: r = anios; break;
     case Parte::Trimestre: r = anios * 4 + (b.date().month() - 1) / 3 - (a.date().month() - 1) / 3; break;
     case Parte::Mes: r = meses; break;
-    case Parte::DiaSemana: r = dias / 7; break;
-    case Parte::Semana: r = (b.date().toJulianDay() + 1) / 7 - (a.date().toJulianDay() + 1) / 7; break;  // Sundays
+    case Parte::DiaSemana: r = entornoDe(c).dialecto == Dialecto::Jet ? dias / 7 : dias; break;
+    case Parte::Semana: {
+      const int corrido = 2 - primerDia(n, v, 3);
+      r = (b.date().toJulianDay() + corrido) / 7 - (a.date().toJulianDay() + corrido) / 7;
+      break;
+    }
     case Parte::Dia:
     case Parte::DiaDelAnio: r = dias; break;
     case Parte::Hora: r = tramo(3600); break;
     case Parte::Minuto: r = tramo(60); break;
     case Parte::Segundo: r = tramo(1); break;
+    case Parte::Milesima: r = tramo(1) * 1000; break;
     case Parte::Nada: return darError(c, QStringLiteral("'%1' no es parte de una fecha.").arg(textoDe(v[0])));
   }
   sqlite3_result_int64(c, r);
 }
 
-void darParte(sqlite3_context* c, Parte parte, sqlite3_value* v) {
+// From `primero` on, the days of a week that begins on Sunday with 1.
+int desdePrimero(const QDate& d, int primero) { return (d.dayOfWeek() + 8 - primero) % 7; }
+
+void darParte(sqlite3_context* c, Parte parte, sqlite3_value* v, int primero = 1) {
   QDateTime f;
   if (sqlite3_value_type(v) == SQLITE_NULL || !fecha(c, v, f)) return;
   const QDate d = f.date();
@@ -275,11 +285,12 @@ void darParte(sqlite3_context* c, Parte parte, sqlite3_value* v) {
     case Parte::Mes: r = d.month(); break;
     case Parte::Dia: r = d.day(); break;
     case Parte::DiaDelAnio: r = d.dayOfYear(); break;
-    case Parte::DiaSemana: r = d.dayOfWeek() % 7 + 1; break;
-    case Parte::Semana: r = (d.dayOfYear() - 1 + QDate(d.year(), 1, 1).dayOfWeek() % 7) / 7 + 1; break;
+    case Parte::DiaSemana: r = desdePrimero(d, primero) + 1; break;
+    case Parte::Semana: r = (d.dayOfYear() - 1 + desdePrimero(QDate(d.year(), 1, 1), primero)) / 7 + 1; break;
     case Parte::Hora: r = f.time().hour(); break;
     case Parte::Minuto: r = f.time().minute(); break;
     case Parte::Segundo: r = f.time().second(); break;
+    case Parte::Milesima: break;
     case Parte::Nada: return darError(c, QStringLiteral("No es parte de una fecha."));
   }
   sqlite3_result_int(c, r);
@@ -290,14 +301,21 @@ void fParte(sqlite3_context* c, int, sqlite3_value** v) { darParte(c, parte, v[0
 
 // WEEKDAY(date [, first day of the week]), 1 for Sunday unless told.
 void fWeekday(sqlite3_context* c, int n, sqlite3_value** v) {
-  QDateTime f;
-  if (hayNulo(n, v) || !fecha(c, v[0], f)) return;
-  const int primero = n > 1 ? std::clamp(sqlite3_value_int(v[1]), 1, 7) : 1;
-  sqlite3_result_int(c, (f.date().dayOfWeek() % 7 + 8 - primero) % 7 + 1);
+  if (!hayNulo(n, v)) darParte(c, Parte::DiaSemana, v[0], primerDia(n, v, 1));
 }
 
 void fDatepart(sqlite3_context* c, int n, sqlite3_value** v) {
-  if (!hayNulo(n, v)) darParte(c, parteDe(textoDe(v[0])), v[1]);
+  if (!hayNulo(n, v)) darParte(c, parteDe(textoDe(v[0])), v[1], primerDia(n, v, 2));
+}
+
+// DATENAME: months and days by their names, in the servers' language.
+void fDatename(sqlite3_context* c, int n, sqlite3_value** v) {
+  QDateTime f;
+  if (hayNulo(n, v) || !fecha(c, v[1], f)) return;
+  const Parte parte = parteDe(textoDe(v[0]));
+  if (parte == Parte::Mes) return darTexto(c, QLocale::c().monthName(f.date().month()));
+  if (parte == Parte::DiaSemana) return darTexto(c, QLocale::c().dayName(f.date().dayOfWeek()));
+  darParte(c, parte, v[1]);
 }
 
 void fDateserial(sqlite3_context* c, int n, sqlite3_value** v) {
@@ -313,8 +331,9 @@ const EntradaFuncion kFunciones[] = {
     {"tp_ahora", 0, fAhora},        {"tp_hoy", 0, fHoy},           {"tp_cdate", 1, fCdate},
     {"tp_datevalue", 1, fDatevalue}, {"tp_textofecha", 1, fTextofecha}, {"tp_afecha", -1, fAfecha},
     {"tp_convtexto", -1, fConvtexto}, {"tp_masdias", 2, fMasdias}, {"tp_menosdias", 2, fMenosdias},
-    {"tp_dias", 2, fDias},          {"tp_dateadd", 3, fDateadd},   {"tp_datediff", 3, fDatediff},
-    {"tp_datepart", 2, fDatepart},  {"tp_dateserial", 3, fDateserial},
+    {"tp_dias", 2, fDias},          {"tp_dateadd", 3, fDateadd},   {"tp_datediff", -1, fDatediff},
+    {"tp_datename", 2, fDatename},
+    {"tp_datepart", -1, fDatepart},  {"tp_dateserial", 3, fDateserial},
     {"tp_year", 1, fParte<Parte::Anio>},   {"tp_month", 1, fParte<Parte::Mes>}, {"tp_day", 1, fParte<Parte::Dia>},
     {"tp_hour", 1, fParte<Parte::Hora>},   {"tp_minute", 1, fParte<Parte::Minuto>},
     {"tp_second", 1, fParte<Parte::Segundo>}, {"tp_weekday", -1, fWeekday},
@@ -322,9 +341,26 @@ const EntradaFuncion kFunciones[] = {
     {"tp_isdate", 1, fIsdate},
     {nullptr, 0, nullptr}};
 
+// "24 Nov 2026", "24-nov-26" and "Nov 24 2026" as day/month/year; another text as it is.
+QString conMesEnCifras(const QString& t) {
+  static const QString kMeses = QStringLiteral("ene jan feb mar abr apr may jun jul ago aug set sep oct nov dic dec ");
+  static const int kCual[] = {1, 1, 2, 3, 4, 4, 5, 6, 7, 8, 8, 9, 9, 10, 11, 12, 12};
+  QString limpio = t.simplified();
+  limpio.replace(u'-', u' ').replace(u'/', u' ').remove(u',');
+  QStringList partes = limpio.split(u' ');
+  if (partes.size() < 3) return t;
+  for (int i = 0; i < 2; ++i) {
+    const qsizetype mes = partes[i].size() < 3 ? -1 : kMeses.indexOf(partes[i].left(3).toLower() + u' ');
+    if (mes < 0 || !partes[i][2].isLetter()) continue;
+    const QString fecha = partes[1 - i] + u'/' + QString::number(kCual[mes / 4]) + u'/' + partes[2];
+    return (fecha + u' ' + partes.mid(3).join(u' ')).trimmed();
+  }
+  return t;
+}
+
 }  // namespace
 
-std::optional<QDateTime> leerInstante(const QString& texto) {
+std::optional<QDateTime> leerInstante(const QString& texto, Dialecto dialecto) {
   const QString t = texto.trimmed();
   if (t.size() == 8 || (t.size() > 9 && t[8] == u' ')) {  // yyyymmdd, with a time or without
     const QDate d = QDate::fromString(t.left(8), QStringLiteral("yyyyMMdd"));
@@ -333,9 +369,20 @@ std::optional<QDateTime> leerInstante(const QString& texto) {
       if (const auto f = LeerFecha(separada)) return f;
     }
   }
+  if (t.size() > 2 && t.indexOf(u':') > 0 && t.indexOf(u':') < 3) {  // a time alone is on day 0
+    return LeerFecha((dialecto == Dialecto::Jet ? QStringLiteral("30/12/1899 ") : QStringLiteral("1/1/1900 ")) + t);
+  }
   QString conBlanco = t;
   if (conBlanco.size() > 10 && conBlanco[10] == u'T') conBlanco[10] = u' ';
-  return LeerFecha(conBlanco);
+  if (const auto f = LeerFecha(conBlanco)) return f;
+  return LeerFecha(conMesEnCifras(conBlanco));
+}
+
+std::optional<QDateTime> instanteDe(sqlite3_context* c, sqlite3_value* v) {
+  const int tipo = sqlite3_value_type(v);
+  if (tipo != SQLITE_INTEGER && tipo != SQLITE_FLOAT) return leerInstante(textoDe(v), entornoDe(c).dialecto);
+  const QDateTime f = deNumero(sqlite3_value_double(v), entornoDe(c).dialecto);
+  return f.isValid() ? std::optional(f) : std::nullopt;
 }
 
 const EntradaFuncion* funcionesDeFecha() { return kFunciones; }

@@ -2,7 +2,9 @@
 
 #include <sqlite3.h>
 
+#include <climits>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 
 #include "platform/sql/contiene.h"
@@ -70,7 +72,10 @@ void fTexto(sqlite3_context* c, int n, sqlite3_value** v) {
   if (!hayNulo(n, v)) darTexto(c, textoDe(v[0]));
 }
 
-void fUne(sqlite3_context* c, int, sqlite3_value** v) { darTexto(c, textoDe(v[0]) + textoDe(v[1])); }
+void fUne(sqlite3_context* c, int n, sqlite3_value** v) {
+  const bool nulos = sqlite3_value_type(v[0]) == SQLITE_NULL && sqlite3_value_type(v[n - 1]) == SQLITE_NULL;
+  if (!nulos) darTexto(c, textoDe(v[0]) + textoDe(v[1]));
+}
 
 // Beside a number in a comparison: what is no number equals none.
 void fNum(sqlite3_context* c, int, sqlite3_value** v) {
@@ -111,8 +116,13 @@ void fDecimal(sqlite3_context* c, int n, sqlite3_value** v) {
   sqlite3_result_double(c, Redondear(x.toDouble(), sqlite3_value_int(v[0])));
 }
 
+// A third argument that is not 0 asks for a cut.
 void fRound(sqlite3_context* c, int n, sqlite3_value** v) {
-  if (!hayNulo(n, v)) sqlite3_result_double(c, Redondear(numeroDe(v[0]), n > 1 ? sqlite3_value_int(v[1]) : 0));
+  if (hayNulo(n, v)) return;
+  const int decimales = n > 1 ? sqlite3_value_int(v[1]) : 0;
+  const double x = numeroDe(v[0]), r = Redondear(x, decimales);
+  const bool subio = n > 2 && sqlite3_value_int(v[2]) != 0 && std::fabs(r) > std::fabs(x);
+  sqlite3_result_double(c, subio ? Redondear(r - std::copysign(std::pow(10, -decimales), x), decimales) : r);
 }
 
 void fInt(sqlite3_context* c, int n, sqlite3_value** v) {
@@ -137,6 +147,10 @@ void fResto(sqlite3_context* c, int n, sqlite3_value** v) {
   const qint64 b = AEntero(numeroDe(v[1]));
   if (b == 0) return darError(c, kEntreCero);
   sqlite3_result_int64(c, b == -1 ? 0 : AEntero(numeroDe(v[0])) % b);
+}
+
+void fModulo(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (!hayNulo(n, v)) sqlite3_result_double(c, Redondear(std::fmod(numeroDe(v[0]), numeroDe(v[1])), 10));
 }
 
 void fPotencia(sqlite3_context* c, int n, sqlite3_value** v) {
@@ -208,11 +222,12 @@ void fDerecha(sqlite3_context* c, int n, sqlite3_value** v) {
 constexpr int kCopias = 10000;
 
 void fSpace(sqlite3_context* c, int n, sqlite3_value** v) {
-  if (!hayNulo(n, v)) darTexto(c, Espacios(std::min(sqlite3_value_int(v[0]), kCopias)));
+  if (!hayNulo(n, v) && sqlite3_value_int(v[0]) >= 0) darTexto(c, Espacios(std::min(sqlite3_value_int(v[0]), kCopias)));
 }
 
 void fReplicate(sqlite3_context* c, int n, sqlite3_value** v) {
-  if (!hayNulo(n, v)) darTexto(c, textoDe(v[0]).left(kCopias).repeated(std::clamp(sqlite3_value_int(v[1]), 0, kCopias)));
+  if (hayNulo(n, v) || sqlite3_value_int(v[1]) < 0) return;
+  darTexto(c, textoDe(v[0]).left(kCopias).repeated(std::min(sqlite3_value_int(v[1]), kCopias)));
 }
 
 void fString(sqlite3_context* c, int n, sqlite3_value** v) {
@@ -308,7 +323,31 @@ void fInstr(sqlite3_context* c, int n, sqlite3_value** v) {
 }
 
 void fCharindex(sqlite3_context* c, int n, sqlite3_value** v) {
-  if (!hayNulo(n, v)) buscar(c, textoDe(v[1]), textoDe(v[0]), n == 3 ? sqlite3_value_int(v[2]) : 1);
+  if (hayNulo(n, v)) return;
+  if (textoDe(v[0]).isEmpty()) return sqlite3_result_int(c, 0);
+  buscar(c, textoDe(v[1]), textoDe(v[0]), n == 3 ? sqlite3_value_int(v[2]) : 1);
+}
+
+// PATINDEX(pattern, text): where what is like the pattern begins.
+void fPatindex(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  const QString patron = textoDe(v[0]), t = textoDe(v[1]);
+  const bool dondeSea = patron.startsWith(u'%');
+  qsizetype i = 0;
+  while (i < t.size() && dondeSea && !pareceSql(QStringView(t).mid(i), QStringView(patron).mid(1), Dialecto::TSql)) ++i;
+  const bool hay = i < t.size() && (dondeSea || pareceSql(t, patron, Dialecto::TSql));
+  sqlite3_result_int64(c, hay ? i + 1 : 0);
+}
+
+// SUBSTRING(text, from, how many) counts from before the first character, too.
+void fSubstring(sqlite3_context* c, int n, sqlite3_value** v) {
+  if (hayNulo(n, v)) return;
+  const qint64 desde = sqlite3_value_int64(v[1]), largo = sqlite3_value_int64(v[2]);
+  if (largo < 0 || largo > INT_MAX || std::llabs(desde) > INT_MAX) {
+    return darError(c, QStringLiteral("Longitud no válida en SUBSTRING."));
+  }
+  const qint64 primero = std::max<qint64>(desde, 1);
+  darTexto(c, textoDe(v[0]).mid(primero - 1, std::max<qint64>(desde + largo - primero, 0)));
 }
 
 // The bytes of a text where the engine holds them: asked as a text it would copy each one to end it with a zero.
@@ -344,7 +383,9 @@ void fLike(sqlite3_context* c, int n, sqlite3_value** v) {
 // The masks that have a name.
 QString mascaraDe(const QString& nombre) {
   static const struct { const char16_t *nombre, *mascara; } kConNombre[] = {
-      {u"general date", u"dd/mm/yyyy hh:nn:ss"}, {u"short date", u"dd/mm/yyyy"}, {u"short time", u"hh:nn"},
+      {u"general date", u"dd/mm/yyyy hh:nn:ss"}, {u"short date", u"dd/mm/yyyy"},
+      {u"medium date", u"dd-mmm-yy"}, {u"long date", u"dddd, dd \"de\" mmmm \"de\" yyyy"},
+      {u"medium time", u"hh:nn AM/PM"}, {u"short time", u"hh:nn"},
       {u"long time", u"hh:nn:ss"}, {u"standard", u"#,##0.00"}, {u"fixed", u"0.00"}, {u"percent", u"0.00%"}};
   const QString buscado = nombre.toLower();
   for (const auto& m : kConNombre) {
@@ -368,12 +409,12 @@ QString numeroConMascara(double x, const QString& mascara) {
   const QStringList partes = mascara.split(u';');
   const bool negativo = x < 0 && !partes.value(1).isEmpty(), cero = x == 0 && !partes.value(2).isEmpty();
   const QString parte = partes[negativo ? 1 : cero ? 2 : 0];
-  return Formatear((negativo ? -x : x) * (parte.contains(u'%') ? 100 : 1), parte);
+  return Formatear((negativo ? -x : x) * (parte.contains(u'%') ? 100 : 1), parte).remove(u'"').remove(u'\\');
 }
 
 // A mask of places formats a number, > and < a text, any other a date.
 void fFormat(sqlite3_context* c, int n, sqlite3_value** v) {
-  if (hayNulo(n, v)) {  // FORMAT of Null is a blank text there
+  if (hayNulo(std::min(n, 2), v)) {  // FORMAT of Null is a blank text there
     return darTexto(c, QString());
   }
   const QString t = textoDe(v[0]);
@@ -384,7 +425,22 @@ void fFormat(sqlite3_context* c, int n, sqlite3_value** v) {
     const QVariant x = sqlite3_value_type(v[0]) == SQLITE_TEXT ? leerNumero(t) : QVariant(sqlite3_value_double(v[0]));
     return darTexto(c, x.isValid() ? numeroConMascara(x.toDouble(), mascara) : t);
   }
-  const auto f = leerInstante(t);
+  static const struct { QStringView mascara; const char *si, *no; } kSiNo[] = {
+      {u"yes/no", "Sí", "No"}, {u"true/false", "Verdadero", "Falso"}, {u"on/off", "Activado", "Desactivado"}};
+  for (const auto& k : kSiNo) {
+    if (mascara.compare(k.mascara, Qt::CaseInsensitive) != 0) continue;
+    return darTexto(c, QString::fromUtf8(numeroDe(v[0]) != 0 ? k.si : k.no));
+  }
+  const auto f = instanteDe(c, v[0]);
+  if (const QDate d = f ? f->date() : QDate(); d.isValid()) {  // a part alone
+    const int primero = QDate(d.year(), 1, 1).dayOfWeek() % 7;
+    const struct { QStringView mascara; int valor; } kPartes[] = {
+        {u"q", (d.month() + 2) / 3}, {u"w", d.dayOfWeek() % 7 + 1}, {u"y", d.dayOfYear()},
+        {u"ww", (d.dayOfYear() - 1 + primero) / 7 + 1}};
+    for (const auto& k : kPartes) {
+      if (mascara.compare(k.mascara, Qt::CaseInsensitive) == 0) return darTexto(c, QString::number(k.valor));
+    }
+  }
   darTexto(c, f ? fechaConMascara(*f, mascara) : t);
 }
 
@@ -399,6 +455,7 @@ const EntradaFuncion kFunciones[] = {
     {"tp_minus", 1, fMinus},       {"tp_izquierda", 2, fIzquierda}, {"tp_derecha", 2, fDerecha},
     {"tp_space", 1, fSpace},       {"tp_replicate", 2, fReplicate}, {"tp_instr", -1, fInstr},
     {"tp_charindex", -1, fCharindex}, {"tp_like", -1, fLike},     {"tp_format", -1, fFormat},
+    {"tp_patindex", 2, fPatindex}, {"tp_substring", 3, fSubstring}, {"tp_modulo", 2, fModulo},
     {"tp_divisor", 1, fDivisor},   {"tp_resto", 2, fResto},       {"tp_potencia", 2, fPotencia},
     {"tp_bool", 1, fBool},         {"tp_string", 2, fString},     {"tp_reverso", 1, fReverso},
     {"tp_concat", -1, fConcat},    {"tp_replace", 3, fReplace},   {"tp_stuff", 4, fStuff},
@@ -463,7 +520,7 @@ class Parecido {
       if (cierra > 0) {
         const QStringView clase = p_.mid(k, cierra - k);
         k = cierra + 1;
-        return enClase(c, clase);
+        return enClase(c, clase, jet_);
       }
     }
     return igual(q, c);
@@ -471,8 +528,8 @@ class Parecido {
 
   static bool igual(QChar a, QChar b) { return a.toCaseFolded() == b.toCaseFolded(); }
 
-  static bool enClase(QChar c, QStringView clase) {
-    const bool no = clase.size() > 1 && (clase[0] == u'^' || clase[0] == u'!');
+  static bool enClase(QChar c, QStringView clase, bool jet) {
+    const bool no = clase.size() > 1 && (clase[0] == u'^' || (jet && clase[0] == u'!'));
     if (no) clase = clase.mid(1);
     const QChar x = c.toCaseFolded();
     for (qsizetype i = 0; i < clase.size(); ++i) {

@@ -33,7 +33,9 @@ int compararTextosSql(QString a, QString b, bool sinFinales);
 bool pareceSql(QStringView texto, QStringView patron, Dialecto dialecto, QChar escape = QChar());
 
 // The moment that a stored date or a date text (day/month/year) stands for.
-std::optional<QDateTime> leerInstante(const QString& texto);
+std::optional<QDateTime> leerInstante(const QString& texto, Dialecto dialecto = Dialecto::Jet);
+// ... or a value: a number counts days.
+std::optional<QDateTime> instanteDe(sqlite3_context* c, sqlite3_value* v);
 
 // Shared by the files of functions.
 using FuncionSql = void (*)(sqlite3_context*, int, sqlite3_value**);

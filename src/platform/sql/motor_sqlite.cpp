@@ -2,6 +2,8 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
+#include <cmath>
 
 #include "platform/sql/crear_sqlite.h"
 #include "platform/sql/errores_sqlite.h"
@@ -224,7 +226,7 @@ std::optional<ErrorBD> MotorSqlite::correrSentencia(const QString& sql, Recordse
   if (!p) return error;
   if (p->forma->tablaNueva.isEmpty()) {
     error = ligar(*p, tokens);
-    if (!error) error = recorrer(*p, rs, afectadas);
+    if (!error) error = rs && p->forma->tope.vale() ? recorrerTope(*p, tokens, *rs) : recorrer(*p, rs, afectadas);
   } else {
     error = llenarTablaNueva(*p, tokens, afectadas);
   }
@@ -244,10 +246,11 @@ std::optional<ErrorBD> MotorSqlite::llenarTablaNueva(const Preparada& p, const s
                                                        qint64* afectadas) {
   const auto nombre = [](QString n) { return u'"' + n.replace(u'"', QStringLiteral("\"\"")) + u'"'; };
   QStringList columnas;
-  const std::vector<Tipo>& tipos = p.forma->salida;
-  const bool conTipos = static_cast<qsizetype>(tipos.size()) == p.campos.size();
+  const std::vector<Columna>& salida = p.forma->salida;
+  const bool conTipos = static_cast<qsizetype>(salida.size()) == p.campos.size();
   for (qsizetype i = 0; i < p.campos.size(); ++i) {
-    columnas << nombre(p.campos[i]) + u' ' + declaracionDe(conTipos ? tipos[static_cast<size_t>(i)] : Tipo::Desconocido);
+    const Tipo tipo = conTipos ? salida[static_cast<size_t>(i)].tipo : Tipo::Desconocido;
+    columnas << nombre(p.campos[i]) + u' ' + declaracionDe(tipo);
   }
   const QString tabla = nombre(p.forma->tablaNueva);
   const QString crear = QStringLiteral("CREATE TABLE %1 (%2)").arg(tabla, columnas.join(u','));
@@ -306,8 +309,9 @@ std::shared_ptr<const FormaEscrita> MotorSqlite::escribirForma(const QString& sq
   for (size_t i = 0; i < f->literales.size(); ++i) {
     if (!f->literales[i].ligado) f->fijos.push_back(static_cast<int>(i));
   }
-  for (const Columna& c : r.salida) f->salida.push_back(c.tipo);
+  f->salida = r.salida;
   f->tablaNueva = r.tablaNueva;
+  f->tope = r.tope;
   f->cambiaEsquema = r.cambiaEsquema || !r.tablaNueva.isEmpty();
   if (f->texto.contains('\0')) {  // the engine would read no further
     error = errorPropio(kErrorSentencia, QStringLiteral("La sentencia contiene un carácter nulo."));
@@ -328,6 +332,9 @@ std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, const 
   auto p = std::make_shared<Preparada>();
   p->forma = escribirForma(sql, tokens, forma, error);
   if (!p->forma) return {};
+  for (const Literal& l : p->forma->literales) {
+    if ((error = leerLiteral(tokens[l.token], l.lectura, entorno_.dialecto).error)) return {};
+  }
   const int rc = compilar(p->forma->texto, SQLITE_PREPARE_PERSISTENT, p->sentencia);
   if (rc != SQLITE_OK) {
     error = errorDe(base_, rc);
@@ -338,13 +345,16 @@ std::shared_ptr<Preparada> MotorSqlite::prepararForma(const QString& sql, const 
     return {};
   }
   const int columnas = sqlite3_column_count(p->sentencia);
-  const std::vector<Tipo>& salida = p->forma->salida;
-  const bool conTipos = static_cast<int>(salida.size()) == columnas;
+  const std::vector<Columna>& salida = p->forma->salida;
+  const bool conTipos = static_cast<int>(salida.size()) == columnas - p->forma->tope.agregadas;
   for (int i = 0; i < columnas; ++i) {
-    p->campos << QString::fromUtf8(sqlite3_column_name(p->sentencia, i));
+    const Columna* c = conTipos && i < static_cast<int>(salida.size()) ? &salida[static_cast<size_t>(i)] : nullptr;
+    // An expression without a name has the dialect's, not the engine's words for it.
+    const QString sinNombre = entorno_.dialecto == Dialecto::Jet ? QStringLiteral("Expr%1").arg(1000 + i) : QString();
+    p->campos << (c && c->nombre.isEmpty() ? sinNombre : QString::fromUtf8(sqlite3_column_name(p->sentencia, i)));
     const char* declarado = sqlite3_column_decltype(p->sentencia, i);
     p->fechas.push_back((declarado && tipoDeclarado(QString::fromUtf8(declarado)) == Tipo::Fecha) ||
-                        (conTipos && salida[static_cast<size_t>(i)] == Tipo::Fecha));
+                        (c && c->tipo == Tipo::Fecha));
   }
   formas_.guardar(forma, sql, tokens, p->forma->fijos, p);
   return p;
@@ -392,6 +402,46 @@ std::optional<ErrorBD> MotorSqlite::recorrer(Preparada& p, Recordset* rs, qint64
   if (rs) rs->llenar(p.campos, std::move(filas));
   const bool filasCambiadas = escribe && columnas == 0 && !(p.forma && p.forma->cambiaEsquema);
   if (afectadas) *afectadas = filasCambiadas ? sqlite3_changes64(base_) : 0;
+  return {};
+}
+
+// Reads what TOP leaves: whether a row equals the last one is seen by one more, and only then all are read.
+std::optional<ErrorBD> MotorSqlite::recorrerTope(Preparada& p, const std::vector<Token>& tokens, Recordset& rs) {
+  const Tope& t = p.forma->tope;
+  const int columnas = static_cast<int>(p.fechas.size()), visibles = columnas - t.agregadas;
+  const bool seSabe = static_cast<int>(p.forma->salida.size()) == visibles;
+  const auto iguales = [&](qsizetype a, qsizetype b) {
+    return std::all_of(t.claves.begin(), t.claves.end(), [&](int k) {
+      if (k >= 0 && !seSabe) return false;
+      const int columna = k >= 0 ? k : visibles - 1 - k;
+      const QVariant x = Recordset::Fila(rs, a)[columna], y = Recordset::Fila(rs, b)[columna];
+      if (x.typeId() != QMetaType::QString || y.typeId() != QMetaType::QString) return x == y;
+      return compararTextosSql(x.toString(), y.toString(), entorno_.dialecto == Dialecto::TSql) == 0;
+    });
+  };
+  auto error = recorrer(p, &rs, nullptr);
+  if (!error && t.empates && t.filas > 0 && rs.RecordCount() > t.filas && iguales(t.filas - 1, t.filas)) {
+    Preparada todas;
+    todas.forma = p.forma;
+    todas.fechas = p.fechas;
+    todas.campos = p.campos;
+    const int rc = compilar(p.forma->texto.left(p.forma->texto.lastIndexOf(t.limite.toUtf8())), 0, todas.sentencia);
+    if (rc != SQLITE_OK) return errorDe(base_, rc);
+    error = ligar(todas, tokens);
+    if (!error) error = recorrer(todas, &rs, nullptr);
+  }
+  if (error) return error;
+  const double parte = std::ceil(static_cast<double>(rs.RecordCount()) * std::clamp(t.porciento, 0.0, 100.0) / 100);
+  qsizetype quedan = std::min<qsizetype>(rs.RecordCount(), t.filas >= 0 ? t.filas : static_cast<qsizetype>(parte));
+  while (t.empates && quedan > 0 && quedan < rs.RecordCount() && iguales(quedan - 1, quedan)) ++quedan;
+  std::vector<std::vector<QVariant>> filas;
+  for (const auto& fila : rs) {
+    if (static_cast<qsizetype>(filas.size()) == quedan) break;
+    std::vector<QVariant> de;
+    for (int i = 0; i < visibles; ++i) de.push_back(fila[i]);
+    filas.push_back(std::move(de));
+  }
+  rs.llenar(p.campos.mid(0, visibles), std::move(filas));
   return {};
 }
 

@@ -36,6 +36,7 @@ class MotorSqlite final : public Motor, public AccesoMotor {
   std::optional<ErrorBD> correr(const QString& sql, Recordset* rs, qint64* afectadas);
   std::optional<ErrorBD> correrSentencia(const QString& sql, Recordset* rs, qint64* afectadas);
   std::optional<ErrorBD> llenarTablaNueva(const Preparada& p, const std::vector<Token>& tokens, qint64* afectadas);
+  std::optional<ErrorBD> recorrerTope(Preparada& p, const std::vector<Token>& tokens, Recordset& rs);
   std::optional<ErrorBD> llamar(const Llamada& llamada, Recordset* rs);
   std::shared_ptr<Preparada> prepararForma(const QString& sql, const std::vector<Token>& tokens,
                                            std::optional<ErrorBD>& error);

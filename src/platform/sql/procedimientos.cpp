@@ -8,7 +8,7 @@ bool empiezaSentencia(const Token& t) {
   for (const QStringView palabra :
        {u"SELECT", u"INSERT", u"UPDATE", u"DELETE", u"CREATE", u"ALTER", u"DROP", u"PRAGMA", u"BEGIN", u"COMMIT",
         u"ROLLBACK", u"WITH", u"REPLACE", u"VALUES", u"EXPLAIN", u"ANALYZE", u"REINDEX", u"VACUUM", u"ATTACH",
-        u"DETACH", u"SAVEPOINT", u"RELEASE", u"END", u"SHAPE"}) {
+        u"DETACH", u"SAVEPOINT", u"RELEASE", u"END", u"SHAPE", u"TRUNCATE"}) {
     if (t.es(palabra)) return true;
   }
   return false;

@@ -1,5 +1,7 @@
 #include "platform/sql/reescritor.h"
 
+#include <algorithm>
+#include <limits>
 #include <utility>
 
 Reescritura reescribir(Edicion& edicion, const Catalogo& catalogo) { return Reescritor(edicion, catalogo).correr(); }
@@ -31,6 +33,11 @@ Reescritura Reescritor::correr() {
     actualizar();
   } else if (es(u"DELETE")) {
     borrarFilas();
+  } else if (!jet_ && es(u"TRUNCATE") && tk(1).es(u"TABLE")) {
+    e_.reemplazar(0, QStringLiteral("DELETE"));
+    e_.reemplazar(1, QStringLiteral("FROM"));
+    p_ = 2;
+    nombreDeTabla();
   } else {
     if (!jet_ && tk(1).es(u"TRAN")) e_.reemplazar(1, QStringLiteral("TRANSACTION"));
     r.cambiaEsquema = es(u"CREATE") || es(u"ALTER") || es(u"DROP");
@@ -44,6 +51,7 @@ Reescritura Reescritor::correr() {
     r.error = ErrorBD{kErrorSentencia, 0, QStringLiteral("No hay tablas temporales: '%1'.").arg(tablaNueva_)};
   }
   r.tablaNueva = tablaNueva_;
+  r.tope = tope_;
   return r;
 }
 
@@ -94,7 +102,9 @@ std::vector<Columna> Reescritor::seleccion(const std::vector<Columna>* destino) 
   const Nivel nivel(*this);
   std::vector<Columna> salida;
   bool primera = true;
+  const auto deFuera = std::exchange(primera_, nullptr);
   while (!rendido_) {
+    if (!primera) primera_ = &salida;
     if (tk(p_).op(u"(")) {
       ++p_;
       std::vector<Columna> de = seleccion(destino);
@@ -112,16 +122,17 @@ std::vector<Columna> Reescritor::seleccion(const std::vector<Columna>* destino) 
     if (!(come(u"UNION") || come(u"EXCEPT") || come(u"INTERSECT"))) break;
     come(u"ALL");
   }
+  primera_ = deFuera;
   return salida;
 }
 
 std::vector<Columna> Reescritor::nucleo(const std::vector<Columna>* destino) {
-  ++p_;
-  QString limite;
+  const int ini = p_++;
+  Tope tope;
   bool distinto = come(u"DISTINCT");
   if (jet_ && es(u"DISTINCTROW")) e_.borrar(p_++);  // whole rows of the tables, which are distinct as they are
   if (!distinto) come(u"ALL");
-  const bool conTope = tope(limite);
+  const bool conTope = leerTope(tope);
   const int lista = p_;
   const int desde = buscarDesde(p_);
   // The columns of the first SELECT say how the rows of all are told apart.
@@ -135,13 +146,43 @@ std::vector<Columna> Reescritor::nucleo(const std::vector<Columna>* destino) {
   ambitos_.emplace_back();
   std::vector<Columna> salida;
   const bool distintoDeFuera = std::exchange(distinto_, distinto);
+  const int ordenDeFuera = std::exchange(orden_, -1);
   nucleoCompleto(lista, desde, salida, destino);
+  const int orden = std::exchange(orden_, ordenDeFuera);
   distinto_ = distintoDeFuera;
   ambitos_.pop_back();
   ligable_ = ligableDeFuera;
 
-  if (conTope && p_ > lista) e_.despues(p_ - 1, QStringLiteral(" LIMIT ") + limite);
+  if (conTope && p_ > lista) ponerTope(tope, ini, lista, desde, orden, distinto);
   return salida;
+}
+
+// TOP becomes LIMIT behind the whole. What that can't tell is left to who reads the rows, of the outermost SELECT only.
+void Reescritor::ponerTope(Tope tope, int ini, int lista, int desde, int orden, bool distinto) {
+  const bool porciento = tope.porciento >= 0;
+  QString limite = QStringLiteral(" LIMIT ") + QString::number(tope.filas);
+  const bool sigueOtro = es(u"UNION") || es(u"EXCEPT") || es(u"INTERSECT");
+  if (primera_ || sigueOtro) {  // of one SELECT among several; the last one's ORDER BY is of all
+    e_.antes(ini, QStringLiteral("SELECT * FROM ("));
+    e_.despues((orden > lista && !sigueOtro ? orden : p_) - 1, limite + u')');
+    return;
+  }
+  const bool fuera = std::any_of(claves_.begin(), claves_.end(), [](const Clave& k) { return k.columna < 0; });
+  tope.empates = tope.empates && orden > lista && !(distinto && fuera);
+  const bool deFuera = ini == 0 && tablaNueva_.isEmpty() && (tk(p_).tipo == TipoToken::Fin || tk(p_).op(u";"));
+  if (!deFuera || !(tope.empates || porciento)) {
+    const bool noSeSabe = porciento || (!jet_ && tope.empates);  // the engine says that it doesn't know it
+    e_.despues(p_ - 1, noSeSabe ? QStringLiteral(" LIMIT PERCENT, TIES") : limite);
+    return;
+  }
+  for (const Clave& k : claves_) {
+    if (tope.empates && k.columna < 0) e_.despues(desde - 1, QStringLiteral(", ") + e_.trozo(k.ini, k.fin));
+    tope.claves.push_back(k.columna >= 0 ? k.columna : -++tope.agregadas);
+  }
+  if (!tope.empates) tope.agregadas = 0;
+  if (!porciento) tope.limite = QStringLiteral(" LIMIT ") + QString::number(tope.filas + 1);
+  e_.despues(p_ - 1, tope.limite);
+  tope_ = tope;
 }
 
 // The tables come first, since the list that stands before them speaks of their columns.
@@ -157,7 +198,7 @@ void Reescritor::nucleoCompleto(int lista, int desde, std::vector<Columna>& sali
   if (ambitos_.size() == 1) separarDestino(lista, fin);
   listaDeSalida(fin, salida, destino);
   p_ = tras > desde ? tras : desde;
-  clausulas();
+  clausulas(salida);
 }
 
 // INTO name behind the list of the outermost SELECT: the engine makes that table apart.
@@ -174,14 +215,24 @@ void Reescritor::separarDestino(int lista, int& fin) {
   fin = i;
 }
 
-// TOP n before the list becomes LIMIT behind the whole.
-bool Reescritor::tope(QString& limite) {
+// TOP n [PERCENT] [WITH TIES] before the list. In Jet rows that equal the last one always come with it.
+bool Reescritor::leerTope(Tope& tope) {
   if (!es(u"TOP")) return false;
   const bool parentesis = tk(p_ + 1).op(u"(");
   const int numero = parentesis ? p_ + 2 : p_ + 1;
-  if (tk(numero).tipo != TipoToken::Numero || tk(numero + 1).es(u"PERCENT")) return false;
-  limite = tk(numero).texto.toString();
-  const int fin = parentesis ? numero + 2 : numero + 1;
+  if (tk(numero).tipo != TipoToken::Numero) return false;
+  int fin = parentesis ? numero + 2 : numero + 1;
+  const QString cuanto = tk(numero).texto.toString();
+  bool entero = false;
+  if (tk(fin).es(u"PERCENT")) {
+    ++fin;
+    tope.porciento = cuanto.toDouble(&entero);
+  } else {
+    tope.filas = cuanto.toLongLong(&entero);
+  }
+  if (!entero || tope.filas == std::numeric_limits<qint64>::max()) return false;
+  tope.empates = jet_ || (tk(fin).es(u"WITH") && tk(fin + 1).es(u"TIES"));
+  if (tk(fin).es(u"WITH") && tk(fin + 1).es(u"TIES")) fin += 2;
   for (int i = p_; i < fin; ++i) e_.borrar(i);
   p_ = fin;
   return true;
@@ -225,8 +276,8 @@ void Reescritor::listaDeSalida(int fin, std::vector<Columna>& salida, const std:
         if (destino && salida.size() < destino->size()) asignar((*destino)[salida.size()], n);
         comoNumero(n);
         Columna c{n.nombre, n.tipo, n.sinCaso, n.columna};
-        if (distinto_ && n.tipo == Tipo::Texto && !n.sinCaso && n.literal < 0) {
-          colacion(n, true);
+        if (distinto_ && pideColacion(n)) {
+          colacion(n);
           const bool conNombre = alias >= 0 || es(u"AS") || (tk(p_).nombre() && !finDeExpresion(p_));
           if (n.columna && !conNombre) e_.despues(n.fin - 1, QStringLiteral(" AS ") + tk(n.fin - 1).texto.toString());
         }
@@ -259,7 +310,7 @@ void Reescritor::todasLasColumnas(const QString& alias, std::vector<Columna>& sa
 }
 
 // What follows the tables, up to the end of this selection.
-void Reescritor::clausulas() {
+void Reescritor::clausulas(const std::vector<Columna>& salida) {
   while (!fin() && !tk(p_).op(u")") && !tk(p_).op(u";")) {
     if (es(u"UNION") || es(u"EXCEPT") || es(u"INTERSECT")) return;
     if (come(u"WHERE")) {
@@ -269,7 +320,7 @@ void Reescritor::clausulas() {
       ligable_ = false;
       expresion();
     } else if (es(u"GROUP") || es(u"ORDER")) {
-      ordenYGrupo();
+      ordenYGrupo(salida);
     } else if (tk(p_).op(u"(")) {
       hastaCerrar(0);
     } else {
@@ -278,8 +329,23 @@ void Reescritor::clausulas() {
   }
 }
 
-void Reescritor::ordenYGrupo() {
+// The column of the list that an ORDER BY means by its place or its name; null for none.
+const Columna* Reescritor::columnaDeOrden(const Nodo& n, const std::vector<Columna>& salida) const {
+  if (n.fin != n.ini + 1) return nullptr;
+  if (n.literal >= 0) {
+    const qsizetype i = tk(n.literal).texto.toString().toLongLong();
+    return i > 0 && i <= static_cast<qsizetype>(salida.size()) ? &salida[static_cast<size_t>(i - 1)] : nullptr;
+  }
+  for (const Columna& c : salida) {
+    if (!n.nombre.isEmpty() && c.nombre.compare(n.nombre, Qt::CaseInsensitive) == 0) return &c;
+  }
+  return nullptr;
+}
+
+void Reescritor::ordenYGrupo(const std::vector<Columna>& salida) {
   const bool orden = es(u"ORDER");
+  if (orden) orden_ = p_;
+  std::vector<Clave> claves;
   ++p_;
   come(u"BY");
   ligable_ = false;
@@ -287,16 +353,16 @@ void Reescritor::ordenYGrupo() {
     Nodo n = expresion();
     if (n.vacio()) return;
     if (orden) comoNumero(n);
-    if (n.tipo == Tipo::Texto && n.literal < 0) {
-      // A list is read by people: Spanish order. A group is a matter of equality, which NOCASE columns have.
-      if (orden) {
-        e_.despues(n.fin - 1, QStringLiteral(" COLLATE TARVO"));
-      } else if (!n.sinCaso) {
-        e_.despues(n.fin - 1, QStringLiteral(" COLLATE TARVO"));
-      }
+    const Columna* c = orden ? columnaDeOrden(n, primera_ ? *primera_ : salida) : nullptr;
+    claves.push_back({c && !primera_ ? static_cast<int>(c - salida.data()) : -1, n.ini, n.fin});
+    if (c) {
+      if (c->tipo == Tipo::Texto) e_.despues(n.fin - 1, QStringLiteral(" COLLATE TARVO"));
+    } else if (orden ? n.tipo == Tipo::Texto && n.literal < 0 : pideColacion(n)) {
+      e_.despues(n.fin - 1, QStringLiteral(" COLLATE TARVO"));
     }
     if (!come(u"ASC")) come(u"DESC");
   } while (comeOp(u","));
+  if (orden) claves_ = std::move(claves);
 }
 
 void Reescritor::insertar() {

@@ -46,12 +46,14 @@ class Reescritor {
   std::vector<Columna> seleccion(const std::vector<Columna>* destino = nullptr);
   std::vector<Columna> nucleo(const std::vector<Columna>* destino);
   void nucleoCompleto(int lista, int desde, std::vector<Columna>& salida, const std::vector<Columna>* destino);
-  bool tope(QString& limite);
+  bool leerTope(Tope& tope);
+  void ponerTope(Tope tope, int ini, int lista, int desde, int orden, bool distinto);
   int buscarDesde(int i) const;
   void listaDeSalida(int fin, std::vector<Columna>& salida, const std::vector<Columna>* destino);
   void todasLasColumnas(const QString& alias, std::vector<Columna>& salida) const;
-  void ordenYGrupo();
-  void clausulas();
+  void ordenYGrupo(const std::vector<Columna>& salida);
+  const Columna* columnaDeOrden(const Nodo& n, const std::vector<Columna>& salida) const;
+  void clausulas(const std::vector<Columna>& salida = {});
   void insertar();
   std::vector<Columna> columnasDeInsercion(const Tabla* tabla);
   void filasDeValores(const std::vector<Columna>& columnas);
@@ -104,22 +106,25 @@ class Reescritor {
   };
   TipoSql tipoSql();
   QString funcionDeTipo(const TipoSql& tipo) const;
+  QString largoDeTexto(const TipoSql& tipo) const;
 
   // Types (reescritor_tipos.cpp)
   Tipo comun(Tipo a, Tipo b) const;
-  void comparar(Nodo& a, Nodo& b);
+  void comparar(Nodo& a, Nodo& b, bool orden = false);
   void igualarRamas(std::vector<Nodo>& ramas);
   void comoNumero(Nodo& n);
   void divisor(const Nodo& n);
-  void compararTextos(Nodo& a, Nodo& b);
+  void compararTextos(Nodo& a, Nodo& b, bool orden);
+  void sinFinales(const Nodo& n);
+  bool pideColacion(const Nodo& n) const;
   void haciaFecha(Nodo& otro);
   void fechaComoNumero(Nodo& n);
   void unNumeroUnTexto(Nodo& texto);
   Nodo sumar(Nodo a, int op, Nodo b);
   void comoTexto(const Nodo& n);
   void asignar(const Columna& destino, Nodo& n);
-  void colacion(const Nodo& n, bool propia);
-  bool asciiLiteral(const Nodo& n) const;
+  void colacion(const Nodo& n);
+  bool asciiLiteral(const Nodo& n, bool sinLetras = false) const;
   const Columna* columna(const QString& alias, const QString& nombre) const;
 
   // Tokens
@@ -142,6 +147,11 @@ class Reescritor {
   bool ligable_ = false;
   bool distinto_ = false;   // the list at hand is of a SELECT DISTINCT
   QString tablaNueva_;      // of SELECT ... INTO
+  const std::vector<Columna>* primera_ = nullptr;  // columns of the first SELECT of the UNION at hand
+  int orden_ = -1;          // where ORDER BY begins in the SELECT at hand
+  struct Clave { int columna, ini, fin; };  // of the list, or -1
+  std::vector<Clave> claves_;               // ... what it orders by
+  Tope tope_;               // of the outermost SELECT
   std::map<QString, std::vector<Columna>> comunes_;  // named by WITH, in lower case
   std::vector<Ambito> ambitos_;
 };

@@ -97,7 +97,7 @@ Nodo Reescritor::binario(Nodo izq, int op, int prec) {
     case kComparar:
       if (tk(op).op(u"!<")) e_.reemplazar(op, QStringLiteral(">="));
       if (tk(op).op(u"!>")) e_.reemplazar(op, QStringLiteral("<="));
-      comparar(izq, der);
+      comparar(izq, der, !(tk(op).op(u"=") || tk(op).op(u"<>") || tk(op).op(u"!=")));
       n.tipo = Tipo::Logico;
       return n;
     case kUnir:
@@ -135,7 +135,16 @@ Nodo Reescritor::binario(Nodo izq, int op, int prec) {
   fechaComoNumero(izq);
   fechaComoNumero(der);
   if (!tk(op).op(u"*")) divisor(der);
-  if (tk(op).op(u"/") && jet_) {
+  // The engine's own drops what is behind the point.
+  if (tk(op).op(u"%") && !(izq.tipo == Tipo::Entero && der.tipo == Tipo::Entero)) {
+    e_.envolver(n.ini, n.fin, QStringLiteral("tp_modulo("));
+    e_.reemplazar(op, QStringLiteral(","));
+    n.tipo = Tipo::Numero;
+    n.primario = true;
+    return n;
+  }
+  const bool conParte = jet_ || izq.tipo == Tipo::Numero || der.tipo == Tipo::Numero;  // decimals held as whole numbers
+  if (tk(op).op(u"/") && conParte) {
     if (izq.tipo != Tipo::Real && der.tipo != Tipo::Real) e_.reemplazar(op, QStringLiteral("*1.0/"));
     n.tipo = Tipo::Real;
   } else {
@@ -155,10 +164,10 @@ Nodo Reescritor::predicado(Nodo izq, int op) {
     primario();
   } else if (come(u"BETWEEN")) {
     Nodo desde = expresion(kUnir);
-    comparar(izq, desde);
+    comparar(izq, desde, true);
     if (come(u"AND")) {
       Nodo hasta = expresion(kUnir);
-      comparar(izq, hasta);
+      comparar(izq, hasta, true);
     }
   } else if (come(u"IN")) {
     return enLista(izq, op);
@@ -192,6 +201,7 @@ bool Reescritor::alinear(Nodo& sujeto, std::vector<Nodo>& valores) {
   for (Nodo& v : valores) {
     if (sujeto.tipo == Tipo::Fecha && (v.tipo == Tipo::Texto || esNumerico(v.tipo))) haciaFecha(v);
     else if (numeros && v.tipo == Tipo::Texto) unNumeroUnTexto(v);
+    else sinFinales(v);
   }
   if (numeros && sujeto.tipo == Tipo::Texto) unNumeroUnTexto(sujeto);
   return ascii;
@@ -215,10 +225,7 @@ Nodo Reescritor::enLista(Nodo izq, int op) {
       comeOp(u",");
     }
     const bool soloAscii = alinear(izq, valores);
-    if (izq.tipo == Tipo::Texto && !(izq.sinCaso && soloAscii)) {
-      e_.despues(op - 1, izq.columna && soloAscii ? QStringLiteral(" COLLATE NOCASE")
-                                                  : QStringLiteral(" COLLATE TARVO"));
-    }
+    if (izq.tipo == Tipo::Texto && !(izq.sinCaso && soloAscii)) e_.despues(op - 1, QStringLiteral(" COLLATE TARVO"));
   }
   comeOp(u")");
   n.fin = p_;
@@ -269,6 +276,7 @@ Nodo Reescritor::parentesis() {
     const Nodo dentro = expresion();
     n.tipo = dentro.tipo;
     n.literal = dentro.literal;
+    n.nombre = dentro.nombre;
     while (comeOp(u",")) expresion();
   }
   if (!comeOp(u")")) {
@@ -295,6 +303,10 @@ Nodo Reescritor::nombreOLlamada() {
   if (tk(p_).tipo == TipoToken::Nombre) {
     if (es(u"CASE")) return caso();
     if (es(u"NULL")) return ++p_, Nodo{ini, p_, Tipo::Nulo, true};
+    if (!jet_ && es(u"CURRENT_TIMESTAMP")) {
+      e_.reemplazar(p_, QStringLiteral("tp_ahora()"));
+      return ++p_, Nodo{ini, p_, Tipo::Fecha, true};
+    }
     if (jet_ && (es(u"TRUE") || es(u"FALSE")) && !tk(p_ + 1).op(u".")) {
       e_.reemplazar(p_, es(u"TRUE") ? QStringLiteral("(-1)") : QStringLiteral("0"));
       return ++p_, Nodo{ini, p_, Tipo::Entero, true};
@@ -345,6 +357,6 @@ Nodo Reescritor::caso() {
   Tipo tipo = Tipo::Nulo;
   for (const Nodo& r : ramas) tipo = comun(tipo, r.tipo);
   const bool ascii = sujeto.vacio() || alinear(sujeto, casos);
-  if (sujeto.tipo == Tipo::Texto && !(sujeto.sinCaso && ascii)) colacion(sujeto, true);
+  if (sujeto.tipo == Tipo::Texto && !(sujeto.sinCaso && ascii)) colacion(sujeto);
   return {ini, p_, tipo, true};
 }

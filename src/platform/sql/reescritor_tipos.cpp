@@ -20,16 +20,17 @@ Tipo Reescritor::comun(Tipo a, Tipo b) const {
   return esNumerico(a) && esNumerico(b) ? Tipo::Numero : Tipo::Desconocido;
 }
 
-bool Reescritor::asciiLiteral(const Nodo& n) const {
+// `sinLetras`: whose order among texts doesn't depend on the alphabet either.
+bool Reescritor::asciiLiteral(const Nodo& n, bool sinLetras) const {
   if (n.literal < 0) return false;
   for (const QChar c : tk(n.literal).texto) {
-    if (c.unicode() >= 0x80) return false;
+    if (c.unicode() >= (sinLetras ? 0x40 : 0x80)) return false;
   }
   return true;
 }
 
-void Reescritor::colacion(const Nodo& n, bool propia) {
-  const QString c = propia ? QStringLiteral(" COLLATE TARVO") : QStringLiteral(" COLLATE NOCASE");
+void Reescritor::colacion(const Nodo& n) {
+  const QString c = QStringLiteral(" COLLATE TARVO");
   if (n.primario) e_.despues(n.fin - 1, c);
   else e_.envolver(n.ini, n.fin, QStringLiteral("("), QStringLiteral(")") + c);
 }
@@ -68,7 +69,7 @@ void Reescritor::igualarRamas(std::vector<Nodo>& ramas) {
   }
 }
 
-void Reescritor::comparar(Nodo& a, Nodo& b) {
+void Reescritor::comparar(Nodo& a, Nodo& b, bool orden) {
   if (a.tipo != b.tipo) {
     comoNumero(a);
     comoNumero(b);
@@ -80,17 +81,30 @@ void Reescritor::comparar(Nodo& a, Nodo& b) {
   if (esNumerico(b.tipo) && a.tipo == Tipo::Texto) return unNumeroUnTexto(a);
   const bool puedeTexto = [](Tipo t) { return t == Tipo::Texto || t == Tipo::Desconocido; }(a.tipo) &&
                           (b.tipo == Tipo::Texto || b.tipo == Tipo::Desconocido);
-  if (puedeTexto && (a.tipo == Tipo::Texto || b.tipo == Tipo::Texto)) compararTextos(a, b);
+  if (puedeTexto && (a.tipo == Tipo::Texto || b.tipo == Tipo::Texto)) compararTextos(a, b, orden);
 }
 
 // NOCASE is what an index serves, and enough where no letter lies outside of its reach: beside a plain literal or
-// between two columns that hold codes. Anything else is compared by the collation that knows Ñ and accents.
-void Reescritor::compararTextos(Nodo& a, Nodo& b) {
-  const bool literalLlano = (a.columna && asciiLiteral(b)) || (b.columna && asciiLiteral(a));
-  const bool columnas = a.columna && b.columna;
-  if (!literalLlano && !columnas) return colacion(b, true);
-  if ((a.columna && a.sinCaso) || (!a.columna && b.sinCaso)) return;  // the engine takes the left column's own
-  colacion(b, false);
+// between two columns that hold codes. Anything else is compared by the collation that knows Ñ and accents, and so is
+// what stands before or behind a text with letters.
+void Reescritor::compararTextos(Nodo& a, Nodo& b, bool orden) {
+  sinFinales(a);
+  sinFinales(b);
+  const bool literalLlano = (a.columna && asciiLiteral(b, orden)) || (b.columna && asciiLiteral(a, orden));
+  const bool columnas = a.columna && b.columna && !orden;
+  const bool sinCaso = (a.columna && a.sinCaso) || (!a.columna && b.sinCaso);  // the engine takes the left column's own
+  if (!sinCaso || !(literalLlano || columnas)) colacion(b);
+}
+
+// To tell texts apart or to find the highest: NOCASE knows no Ñ. Codes, whose columns are named c..., have none, and an
+// index serves them.
+bool Reescritor::pideColacion(const Nodo& n) const {
+  return n.tipo == Tipo::Texto && n.literal < 0 && !(n.sinCaso && n.nombre.startsWith(u'c', Qt::CaseInsensitive));
+}
+
+// In T-SQL blanks at the end of a text that is compared don't count.
+void Reescritor::sinFinales(const Nodo& n) {
+  if (!jet_ && n.literal >= 0 && n.tipo == Tipo::Texto) e_.literal(n.literal)->lectura = Lectura::SinFinales;
 }
 
 // A text or a number beside a date.

@@ -59,7 +59,7 @@ std::optional<QTime> leerHora(QStringView t) {
       numero(t, i);
     }
   }
-  const QString resto = t.mid(i).trimmed().toString().toUpper();
+  const QString resto = t.mid(i).toString().toUpper().remove(u'.').remove(u' ').remove(QChar(0xA0));  // "p. m.", too
   int hora = h;
   if (resto == u"AM" || resto == u"PM") {
     if (h < 1 || h > 12) return {};
@@ -79,6 +79,13 @@ QString FormatearFecha(const QDateTime& momento, QStringView mascara) {
   QChar anterior;
   for (qsizetype i = 0; i < mascara.size();) {
     QChar letra = mascara[i].toLower();
+    if (letra == u'"' || letra == u'\\') {  // what stands as it is, up to the next quote or the one character behind
+      const qsizetype cierra = letra == u'"' ? mascara.indexOf(u'"', i + 1) : i + 2;
+      const qsizetype fin = cierra < 0 ? mascara.size() : std::min(cierra, mascara.size());
+      sale += mascara.mid(i + 1, fin - i - 1);
+      i = letra == u'"' ? fin + 1 : fin;
+      continue;
+    }
     qsizetype j = i;
     while (j < mascara.size() && mascara[j].toLower() == letra) ++j;
     if (QStringView(u"dmyhns").contains(letra)) {

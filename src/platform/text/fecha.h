@@ -6,8 +6,8 @@
 #include <optional>
 
 // `momento` through a mask, letters of any case: d, dd, ddd (the Spanish short day name: "lun"), m, mm, mmm, yy,
-// yyyy, h, hh, n, nn (minutes), s, ss. An "mm" right behind hours is minutes. Other characters stand as they are.
-// An invalid date gives "".
+// yyyy, h, hh, n, nn (minutes), s, ss. An "mm" right behind hours is minutes. Other characters stand as they are,
+// and so does anything between double quotes or behind a backslash. An invalid date gives "".
 QString FormatearFecha(const QDateTime& momento, QStringView mascara);
 
 enum class OrdenFecha { DiaMes, MesDia };

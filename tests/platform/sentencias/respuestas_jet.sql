@@ -66,7 +66,7 @@ SELECT 'a' & 'b'
 SELECT 'a' & Null
   a
 SELECT Null & Null
-  
+  Null
 SELECT 'a' + Null
   Null
 SELECT 'a' & 1
@@ -891,3 +891,64 @@ SELECT IIF(id=1,'sin',f) FROM d1
   sin
 WITH x AS (SELECT 1) SELECT * FROM x
   error
+# Places and names in ORDER BY, Ñ between letters, rows that equal the last one of TOP, masks with words.
+CREATE TABLE o1 (id LONG, nom TEXT(20) COLLATE NOCASE, otro TEXT(20), n LONG)
+INSERT INTO o1 VALUES (1,'Zoila','b',5)
+INSERT INTO o1 VALUES (2,'ÑATO','B',5)
+INSERT INTO o1 VALUES (3,'Núñez','a',7)
+INSERT INTO o1 VALUES (4,'Álvarez','C',9)
+INSERT INTO o1 VALUES (5,'oso','c',9)
+SELECT nom FROM o1 ORDER BY 1
+  Álvarez/Núñez/ÑATO/oso/Zoila
+SELECT nom AS quien FROM o1 ORDER BY quien DESC
+  Zoila/oso/ÑATO/Núñez/Álvarez
+SELECT otro & nom AS quien, n FROM o1 ORDER BY 1
+  aNúñez|7/BÑATO|5/bZoila|5/CÁlvarez|9/coso|9
+SELECT nom AS quien FROM o1 WHERE id < 3 UNION SELECT otro & 'ñ' FROM o1 WHERE id = 3 ORDER BY quien
+  añ/ÑATO/Zoila
+SELECT id FROM o1 WHERE nom < 'O' ORDER BY id
+  2/3/4
+SELECT id FROM o1 WHERE nom BETWEEN 'A' AND 'B'
+  4
+SELECT a.id FROM o1 a, o1 b WHERE b.nom = 'oso' AND a.nom > b.nom
+  1
+SELECT TOP 2 id FROM o1 ORDER BY n DESC, otro
+  4/5
+SELECT TOP 1 id FROM o1 ORDER BY n
+  1/2
+SELECT TOP 3 n FROM o1 ORDER BY n DESC
+  9/9/7
+SELECT TOP 1 * FROM o1 ORDER BY Left(otro,1), n
+  3|Núñez|a|7
+SELECT TOP 2 otro, nom FROM o1 ORDER BY otro
+  a|Núñez/b|Zoila/B|ÑATO
+SELECT TOP 40 PERCENT id FROM o1 ORDER BY id
+  1/2
+SELECT TOP 50 PERCENT n, COUNT(*) AS k FROM o1 GROUP BY n ORDER BY COUNT(*) DESC, n
+  5|2/9|2
+SELECT id FROM o1 WHERE n IN (SELECT TOP 1 n FROM o1 ORDER BY n DESC) ORDER BY id
+  4/5
+SELECT TOP 1 id FROM o1 UNION ALL SELECT TOP 2 id FROM o1 ORDER BY id DESC
+  2/1/1
+SELECT TOP 0 id FROM o1 ORDER BY id
+  (nada)
+SELECT Format(#11/24/2026#,'d "de" mmmm \de yyyy'), Format(5,'"N" 000'), Format(46350,'dd/mm/yyyy')
+  24 de noviembre de 2026|N 005|24/11/2026
+SELECT Format(#11/24/2026#,'q') & Format(#11/24/2026#,'ww') & Format(-1,'Yes/No'), CDate('24-nov-26'), Format(#10:30 PM#,'hh:nn')
+  448Sí|<2026-11-24 00:00:00>|22:30
+SELECT #11/31/2026#
+  error
+SELECT Left$('abc',2) & Trim$(' x ') & UCase$('y'), Nz(Null,0) + 1, Null & Null
+  abxY|1|Null
+SELECT DatePart('ww',#1/4/2026#,2), DatePart('w',#1/4/2026#,2), DateDiff('ww',#1/3/2026#,#1/4/2026#), DateDiff('ww',#1/3/2026#,#1/4/2026#,2)
+  1|7|1|0
+INSERT INTO o1 VALUES (6,'ñato','á',1)
+SELECT nom, COUNT(*) FROM o1 WHERE n < 6 GROUP BY nom ORDER BY nom
+  ÑATO|2/Zoila|1
+SELECT DISTINCT nom FROM o1 WHERE n < 6 ORDER BY nom
+  ÑATO/Zoila
+SELECT MIN(nom), MAX(nom), COUNT(*) FROM o1
+  Álvarez|Zoila|6
+SELECT IIF(#11/24/2026 05:00:00 PM# = CDate('24/11/2026 05:00:00 p.m.'),1,0)
+  1
+DROP TABLE o1

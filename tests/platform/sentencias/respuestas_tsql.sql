@@ -357,3 +357,46 @@ SELECT CONVERT(varchar,f,106)+'|'+CONVERT(varchar,f,107)+'|'+CONVERT(varchar,f,1
   24 Nov 2026|Nov 24, 2026|Nov 24 2026 10:00AM|24 Nov 26
 SELECT CONVERT(varchar,f,77) FROM d1 WHERE id=1
   error
+# Places and names in ORDER BY, blanks at the end, dates without a style, TOP in all its forms.
+CREATE TABLE o1 (id int, nom varchar(20) COLLATE NOCASE, otro varchar(20), imp decimal(10,2), f datetime)
+INSERT INTO o1 VALUES (1,'Zoila','b ',35,'24/11/2026 09:05:00'),(2,'ÑATO','B',10,NULL),(3,'Núñez','a',35,NULL)
+SELECT nom FROM o1 ORDER BY 1
+  Núñez/ÑATO/Zoila
+SELECT quien=nom FROM o1 ORDER BY quien
+  Núñez/ÑATO/Zoila
+SELECT id FROM o1 WHERE nom = 'zoila  ' OR nom IN ('ñato ','x')
+  1/2
+SELECT COUNT(*) FROM o1 WHERE otro = 'B'
+  2
+SELECT id FROM o1 WHERE nom > 'nz' ORDER BY id
+  1/2
+SELECT imp/2, imp/4*2 FROM o1 WHERE id=1
+  17.5|17.5
+SELECT ISNULL(imp,0)/id, 5.5%2, 7%3 FROM o1 WHERE id=2
+  5|1.5|1
+SELECT CONVERT(varchar(20),f), CAST(f AS varchar(11)), CONVERT(varchar,f,121), CONVERT(varchar(30),f,23), CONVERT(varchar,f,10) FROM o1 WHERE id=1
+  Nov 24 2026  9:05AM|Nov 24 2026|2026-11-24 09:05:00.000|2026-11-24|11-24-26
+SELECT CAST('ab' AS char(4))+'|', CONVERT(char(2),'abc')
+  ab  ||ab
+SELECT DATENAME(month,f)+' '+DATENAME(dw,f)+' '+DATENAME(year,f), DATEDIFF(dw,f,'20261126'), DATEADD(ms,-3,'20261125') FROM o1 WHERE id=1
+  November Tuesday 2026|2|<2026-11-24 23:59:59>
+SELECT CURRENT_TIMESTAMP
+  <2026-11-24 17:05:30>
+SELECT TOP 1 WITH TIES id FROM o1 ORDER BY imp DESC
+  1/3
+SELECT TOP 1 id FROM o1 ORDER BY imp DESC, id
+  1
+SELECT TOP (50) PERCENT id FROM o1 ORDER BY id
+  1/2
+SELECT ISNULL(imp,''), ISNULL(CAST(NULL AS int),'') FROM o1 WHERE id=2
+  10|0
+SELECT SUBSTRING('abcdef',-1,4), SUBSTRING('abc',2,9), DATALENGTH('ab '), CHARINDEX('','abc'), REPLICATE('x',-1), ROUND(1.259,2,1), ROUND(-1.259,2,1)
+  ab|bc|3|0|Null|1.25|-1.25
+SELECT PATINDEX('%[0-9]%','ab12'), PATINDEX('b%','ab'), PATINDEX('%b','ab'), CASE WHEN '!b' LIKE '[!a]b' THEN 1 ELSE 0 END
+  3|0|2|1
+TRUNCATE TABLE dbo.o1
+SELECT COUNT(*) FROM o1
+  0
+DROP TABLE o1
+SELECT CONVERT(varchar(3),12345), CONVERT(datetime,'24 Nov 2026',106), CAST('Nov 24 2026  9:05AM' AS datetime), CONVERT(datetime,'10:05:09',108)
+  *|<2026-11-24 00:00:00>|<2026-11-24 09:05:00>|<1900-01-01 10:05:09>
