@@ -87,44 +87,45 @@ bool salirCodigo(Puesto& p, CajaRegistradoraFull& v, int fila, const QString& te
   return llenarFila(p, v, fila, *rs.begin());
 }
 
-// Of the articles found, one with exactly this code, otherwise the lowest.
-std::optional<Recordset::Fila> elegirPorTexto(const Recordset& rs, const QString& texto) {
-  for (const auto& r : rs) {
-    if (LimpiarNulo(r[u"ccodcatalogo"]).compare(texto, Qt::CaseInsensitive) == 0) return r;
-  }
-  return rs.Eof() ? std::nullopt : std::optional(*rs.begin());
+// How near an article's catalogue code comes to what was typed; the lowest wins.
+enum Cercania { kExacto, kExactoRetirado, kFinal, kNumero, kParte, kRetirado, kLejos };
+
+// One that the server has withdrawn counts, to be refused by its words, when its code is exactly this or nothing else is.
+int porTexto(const Recordset::Fila& r, const QString& texto) {
+  const QString catalogo = LimpiarNulo(r[u"ccodcatalogo"]);
+  const bool retirado = Numero(r[u"nActivo"]) != 1;
+  if (catalogo.compare(texto, Qt::CaseInsensitive) == 0) return retirado ? kExactoRetirado : kExacto;
+  if (retirado) return kRetirado;
+  return catalogo.endsWith(texto, Qt::CaseInsensitive) ? kFinal : kParte;
 }
 
 QString sinPuntos(QString t) { return t.remove(u'.'); }
 
 // A catalogue code typed with its points at other places: compared as the number that is left without them.
-std::optional<Recordset::Fila> elegirPorNumero(const Recordset& rs, const QString& texto) {
-  const double buscado = LeerImporte(sinPuntos(texto));
-  for (const auto& r : rs) {
-    const QString catalogo = sinPuntos(LimpiarNulo(r[u"ccodcatalogo"]));
-    if (EsNumerico(catalogo) && LeerImporte(catalogo) == buscado) return r;
-  }
-  return {};
+int porNumero(const Recordset::Fila& r, const QString& texto) {
+  const QString catalogo = sinPuntos(LimpiarNulo(r[u"ccodcatalogo"]));
+  return EsNumerico(catalogo) && LeerImporte(catalogo) == LeerImporte(sinPuntos(texto)) ? kNumero : kLejos;
 }
 
-// A catalogue code is known by its end, then as a number, then by any part of it.
 bool salirCatalogo(Puesto& p, CajaRegistradoraFull& v, int fila, const QString& texto) {
   if (texto == v.lineas[static_cast<size_t>(fila)][kCatalogo]) return true;
-  Recordset rs;
-  std::optional<Recordset::Fila> elegido;  // a row of it
-  const auto buscar = [&](const QString& condicion, auto elegir) {
-    if (elegido) return true;
-    const bool leido = p.poDBAdmin.EjecutarConsulta(
-        p.poCnnLocal, consultaArticulos(p) + condicion + QStringLiteral(" and nactivo=1 ORDER BY cProdCode"), rs);
-    if (leido) elegido = elegir(rs, texto);
-    return leido;
+  Recordset rs[2];  // the row is of one of them
+  std::optional<Recordset::Fila> elegido;
+  int mejor = kLejos;
+  const auto mirar = [&](Recordset& r, const QString& condicion, auto cercania) {
+    const QString sql = consultaArticulos(p) + condicion + QStringLiteral(" ORDER BY cProdCode");
+    if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, r)) return false;
+    for (const auto& f : r) {
+      const int suya = cercania(f, texto);
+      if (suya >= mejor) continue;
+      mejor = suya;
+      elegido = f;
+    }
+    return true;
   };
-  const auto parecido = [&texto](const QString& resto) {
-    return QStringLiteral(" AND ccodcatalogo like  '%") + ReemplazarComilla(texto) + resto + QStringLiteral("' ");
-  };
-  const bool leido = buscar(parecido({}), elegirPorTexto) &&
-                     (!EsNumerico(sinPuntos(texto)) || buscar({}, elegirPorNumero)) &&
-                     buscar(parecido(QStringLiteral("%")), elegirPorTexto);
+  const bool leido =
+      mirar(rs[0], QStringLiteral(" AND ccodcatalogo like  '%") + ReemplazarComilla(texto) + QStringLiteral("%' "), porTexto) &&
+      (mejor < kNumero || !EsNumerico(sinPuntos(texto)) || mirar(rs[1], QStringLiteral(" and nactivo=1"), porNumero));
   if (!leido) {
     p.mensajes.mostrar(QStringLiteral("No se pudo seleccionar el artìculo"));
     return false;
