@@ -121,7 +121,8 @@ std::optional<QString> revisar(const DatosPuesto& d) {
   };
   if (!esCodigo(d.caja, 5)) return QStringLiteral("El código de caja tiene de 1 a 5 letras o cifras.");
   if (!esCodigo(d.almacen, 5)) return QStringLiteral("El código de almacén tiene de 1 a 5 letras o cifras.");
-  if (!EsNumerico(d.servicio) || Val(d.servicio) < 0 || Val(d.servicio) > 100) {
+  // The text stands bare in the statements of a sale, where a comma would begin the next value.
+  if (!EsNumerico(d.servicio) || d.servicio.contains(u',') || Val(d.servicio) < 0 || Val(d.servicio) > 100) {
     return QStringLiteral("El porcentaje de servicio es un número de 0 a 100.");
   }
   for (const QString& servidor : {d.central, d.cliente}) {

@@ -46,6 +46,6 @@ QStringList FilasDelCliente() {
 
 std::optional<QString> ArchivoDeServidor(const QString& servidor, const QString& carpeta) {
   const CadenaConexion c = leerCadenaConexion(QStringLiteral("Data Source=") + servidor);
-  if (c.tipo != TipoMotor::Embebido) return {};
+  if (c.tipo != TipoMotor::Embebido || c.archivo.isEmpty()) return {};
   return QDir(carpeta).absoluteFilePath(c.archivo);
 }
