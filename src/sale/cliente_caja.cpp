@@ -9,6 +9,16 @@
 #include "platform/text/texto.h"
 #include "sale/pantallas_venta.h"
 
+namespace {
+
+// A longer number stays what it is, nobody's: its tail could be another customer's card.
+QString ochoDigitos(QString tarjeta) {
+  while (tarjeta.size() > 8 && tarjeta.startsWith(u'0')) tarjeta.remove(0, 1);
+  return Rellenar(tarjeta, 8, u'0');
+}
+
+}  // namespace
+
 // The sites don't change during a session, so one reading serves the screen's life.
 void CargarLocales(Puesto& p, ClienteCaja& c) {
   if (!c.locales.empty() || p.ses.pbClienteCaido || !ConectarCliente(p, true)) return;
@@ -28,7 +38,7 @@ ResultadoTarjeta BuscaTarjeta(Puesto& p, ClienteCaja& c, PantallasVenta& pantall
     OlvidarCliente(c);
     return ResultadoTarjeta::SinTarjeta;
   }
-  c.txtTarjeta = Ceros(tecleada, 8);
+  c.txtTarjeta = ochoDigitos(tecleada);
   AjustarCliente(c);
   if (!ConectarCliente(p, true)) return ResultadoTarjeta::SinServidor;
 
@@ -74,7 +84,7 @@ ResultadoTarjeta TomarCliente(Puesto& p, ClienteCaja& c, PantallasVenta& pantall
 QString CampoPorMirar(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas) {
   AjustarCliente(c);
   const QString tarjeta = Recortar(c.txtTarjeta);
-  if (tarjeta.isEmpty() || Ceros(tarjeta, 8) == c.tarjetaHallada) return {};
+  if (tarjeta.isEmpty() || ochoDigitos(tarjeta) == c.tarjetaHallada) return {};
   switch (BuscaTarjeta(p, c, pantallas)) {
     case ResultadoTarjeta::NoExiste: return QStringLiteral("txtTarjeta");
     case ResultadoTarjeta::VariosLocales: return c.locales.empty() ? QString() : QStringLiteral("dcbLocal");
@@ -84,7 +94,7 @@ QString CampoPorMirar(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas) {
 
 void AjustarCliente(ClienteCaja& c) {
   const QString tarjeta = Recortar(c.txtTarjeta);
-  const bool otra = tarjeta.isEmpty() || Ceros(tarjeta, 8) != c.tarjetaHallada;
+  const bool otra = tarjeta.isEmpty() || ochoDigitos(tarjeta) != c.tarjetaHallada;
   if (otra && !c.tarjetaHallada.isEmpty()) {
     OlvidarCliente(c);
   } else {
