@@ -109,7 +109,7 @@ int porNumero(const Recordset::Fila& r, const QString& texto) {
 
 bool salirCatalogo(Puesto& p, CajaRegistradoraFull& v, int fila, const QString& texto) {
   if (texto == v.lineas[static_cast<size_t>(fila)][kCatalogo]) return true;
-  Recordset rs[2];  // the row is of one of them
+  Recordset rs[3];  // the row is of one of them
   std::optional<Recordset::Fila> elegido;
   int mejor = kLejos;
   const auto mirar = [&](Recordset& r, const QString& condicion, auto cercania) {
@@ -123,9 +123,12 @@ bool salirCatalogo(Puesto& p, CajaRegistradoraFull& v, int fila, const QString& 
     }
     return true;
   };
+  const QString parecido = QStringLiteral(" AND ccodcatalogo like  '%") + ReemplazarComilla(texto);
+  const QString activo = QStringLiteral(" and nactivo=1");
   const bool leido =
-      mirar(rs[0], QStringLiteral(" AND ccodcatalogo like  '%") + ReemplazarComilla(texto) + QStringLiteral("%' "), porTexto) &&
-      (mejor < kNumero || !EsNumerico(sinPuntos(texto)) || mirar(rs[1], QStringLiteral(" and nactivo=1"), porNumero));
+      mirar(rs[0], parecido + QStringLiteral("' ") + activo, porTexto) &&
+      (mejor == kExacto || mirar(rs[1], parecido + QStringLiteral("%' "), porTexto)) &&
+      (mejor < kNumero || !EsNumerico(sinPuntos(texto)) || mirar(rs[2], activo, porNumero));
   if (!leido) {
     p.mensajes.mostrar(QStringLiteral("No se pudo seleccionar el artìculo"));
     return false;
