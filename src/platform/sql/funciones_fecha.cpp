@@ -274,26 +274,30 @@ void fDatediff(sqlite3_context* c, int n, sqlite3_value** v) {
 // From `primero` on, the days of a week that begins on Sunday with 1.
 int desdePrimero(const QDate& d, int primero) { return (d.dayOfWeek() + 8 - primero) % 7; }
 
+std::optional<int> valorDeParte(const QDateTime& f, Parte parte, int primero) {
+  const QDate d = f.date();
+  switch (parte) {
+    case Parte::Anio: return d.year();
+    case Parte::Trimestre: return (d.month() + 2) / 3;
+    case Parte::Mes: return d.month();
+    case Parte::Dia: return d.day();
+    case Parte::DiaDelAnio: return d.dayOfYear();
+    case Parte::DiaSemana: return desdePrimero(d, primero) + 1;
+    case Parte::Semana: return (d.dayOfYear() - 1 + desdePrimero(QDate(d.year(), 1, 1), primero)) / 7 + 1;
+    case Parte::Hora: return f.time().hour();
+    case Parte::Minuto: return f.time().minute();
+    case Parte::Segundo: return f.time().second();
+    case Parte::Milesima: return 0;
+    case Parte::Nada: break;
+  }
+  return {};
+}
+
 void darParte(sqlite3_context* c, Parte parte, sqlite3_value* v, int primero = 1) {
   QDateTime f;
   if (sqlite3_value_type(v) == SQLITE_NULL || !fecha(c, v, f)) return;
-  const QDate d = f.date();
-  int r = 0;
-  switch (parte) {
-    case Parte::Anio: r = d.year(); break;
-    case Parte::Trimestre: r = (d.month() + 2) / 3; break;
-    case Parte::Mes: r = d.month(); break;
-    case Parte::Dia: r = d.day(); break;
-    case Parte::DiaDelAnio: r = d.dayOfYear(); break;
-    case Parte::DiaSemana: r = desdePrimero(d, primero) + 1; break;
-    case Parte::Semana: r = (d.dayOfYear() - 1 + desdePrimero(QDate(d.year(), 1, 1), primero)) / 7 + 1; break;
-    case Parte::Hora: r = f.time().hour(); break;
-    case Parte::Minuto: r = f.time().minute(); break;
-    case Parte::Segundo: r = f.time().second(); break;
-    case Parte::Milesima: break;
-    case Parte::Nada: return darError(c, QStringLiteral("No es parte de una fecha."));
-  }
-  sqlite3_result_int(c, r);
+  if (const auto valor = valorDeParte(f, parte, primero)) return sqlite3_result_int(c, *valor);
+  darError(c, QStringLiteral("No es parte de una fecha."));
 }
 
 template <Parte parte>
@@ -383,6 +387,10 @@ std::optional<QDateTime> instanteDe(sqlite3_context* c, sqlite3_value* v) {
   if (tipo != SQLITE_INTEGER && tipo != SQLITE_FLOAT) return leerInstante(textoDe(v), entornoDe(c).dialecto);
   const QDateTime f = deNumero(sqlite3_value_double(v), entornoDe(c).dialecto);
   return f.isValid() ? std::optional(f) : std::nullopt;
+}
+
+std::optional<int> parteDeFecha(const QDateTime& f, const QString& nombre, int primero) {
+  return valorDeParte(f, parteDe(nombre), std::clamp(primero, 1, 7));
 }
 
 const EntradaFuncion* funcionesDeFecha() { return kFunciones; }

@@ -380,70 +380,6 @@ void fLike(sqlite3_context* c, int n, sqlite3_value** v) {
                                   escape.isEmpty() ? QChar() : escape[0]));
 }
 
-// The masks that have a name.
-QString mascaraDe(const QString& nombre) {
-  static const struct { const char16_t *nombre, *mascara; } kConNombre[] = {
-      {u"general date", u"dd/mm/yyyy hh:nn:ss"}, {u"short date", u"dd/mm/yyyy"},
-      {u"medium date", u"dd-mmm-yy"}, {u"long date", u"dddd, dd \"de\" mmmm \"de\" yyyy"},
-      {u"medium time", u"hh:nn AM/PM"}, {u"short time", u"hh:nn"},
-      {u"long time", u"hh:nn:ss"}, {u"standard", u"#,##0.00"}, {u"fixed", u"0.00"}, {u"percent", u"0.00%"}};
-  const QString buscado = nombre.toLower();
-  for (const auto& m : kConNombre) {
-    if (buscado == QStringView(m.nombre)) return QString::fromUtf16(m.mascara);
-  }
-  return nombre;
-}
-
-// "hh:nn AM/PM" counts to twelve.
-QString fechaConMascara(QDateTime f, QString mascara) {
-  const qsizetype i = mascara.indexOf(u"am/pm", 0, Qt::CaseInsensitive);
-  if (i < 0) return FormatearFecha(f, mascara);
-  const QTime h = f.time();
-  f.setTime(QTime((h.hour() + 11) % 12 + 1, h.minute(), h.second()));
-  const QString mitad = h.hour() < 12 ? QStringLiteral("AM") : QStringLiteral("PM");
-  return FormatearFecha(f, mascara.left(i)) + mitad + FormatearFecha(f, mascara.mid(i + 5));
-}
-
-// Up to three masks: of positive numbers, of negative ones, of zero.
-QString numeroConMascara(double x, const QString& mascara) {
-  const QStringList partes = mascara.split(u';');
-  const bool negativo = x < 0 && !partes.value(1).isEmpty(), cero = x == 0 && !partes.value(2).isEmpty();
-  const QString parte = partes[negativo ? 1 : cero ? 2 : 0];
-  return Formatear((negativo ? -x : x) * (parte.contains(u'%') ? 100 : 1), parte).remove(u'"').remove(u'\\');
-}
-
-// A mask of places formats a number, > and < a text, any other a date.
-void fFormat(sqlite3_context* c, int n, sqlite3_value** v) {
-  if (hayNulo(std::min(n, 2), v)) {  // FORMAT of Null is a blank text there
-    return darTexto(c, QString());
-  }
-  const QString t = textoDe(v[0]);
-  if (n < 2) return darTexto(c, t);
-  const QString mascara = mascaraDe(textoDe(v[1]));
-  if (mascara == u">" || mascara == u"<") return darTexto(c, mascara == u">" ? t.toUpper() : t.toLower());
-  if (mascara.contains(u'0') || mascara.contains(u'#')) {
-    const QVariant x = sqlite3_value_type(v[0]) == SQLITE_TEXT ? leerNumero(t) : QVariant(sqlite3_value_double(v[0]));
-    return darTexto(c, x.isValid() ? numeroConMascara(x.toDouble(), mascara) : t);
-  }
-  static const struct { QStringView mascara; const char *si, *no; } kSiNo[] = {
-      {u"yes/no", "Sí", "No"}, {u"true/false", "Verdadero", "Falso"}, {u"on/off", "Activado", "Desactivado"}};
-  for (const auto& k : kSiNo) {
-    if (mascara.compare(k.mascara, Qt::CaseInsensitive) != 0) continue;
-    return darTexto(c, QString::fromUtf8(numeroDe(v[0]) != 0 ? k.si : k.no));
-  }
-  const auto f = instanteDe(c, v[0]);
-  if (const QDate d = f ? f->date() : QDate(); d.isValid()) {  // a part alone
-    const int primero = QDate(d.year(), 1, 1).dayOfWeek() % 7;
-    const struct { QStringView mascara; int valor; } kPartes[] = {
-        {u"q", (d.month() + 2) / 3}, {u"w", d.dayOfWeek() % 7 + 1}, {u"y", d.dayOfYear()},
-        {u"ww", (d.dayOfYear() - 1 + primero) / 7 + 1}};
-    for (const auto& k : kPartes) {
-      if (mascara.compare(k.mascara, Qt::CaseInsensitive) == 0) return darTexto(c, QString::number(k.valor));
-    }
-  }
-  darTexto(c, f ? fechaConMascara(*f, mascara) : t);
-}
-
 const EntradaFuncion kFunciones[] = {
     {"tp_texto", 1, fTexto},       {"tp_une", 2, fUne},           {"tp_num", 1, fNum},
     {"tp_valor", 1, fValor},
@@ -454,7 +390,7 @@ const EntradaFuncion kFunciones[] = {
     {"tp_asc", 1, fAsc},           {"tp_len", 1, fLen},           {"tp_mayus", 1, fMayus},
     {"tp_minus", 1, fMinus},       {"tp_izquierda", 2, fIzquierda}, {"tp_derecha", 2, fDerecha},
     {"tp_space", 1, fSpace},       {"tp_replicate", 2, fReplicate}, {"tp_instr", -1, fInstr},
-    {"tp_charindex", -1, fCharindex}, {"tp_like", -1, fLike},     {"tp_format", -1, fFormat},
+    {"tp_charindex", -1, fCharindex}, {"tp_like", -1, fLike},
     {"tp_patindex", 2, fPatindex}, {"tp_substring", 3, fSubstring}, {"tp_modulo", 2, fModulo},
     {"tp_divisor", 1, fDivisor},   {"tp_resto", 2, fResto},       {"tp_potencia", 2, fPotencia},
     {"tp_bool", 1, fBool},         {"tp_string", 2, fString},     {"tp_reverso", 1, fReverso},
@@ -578,7 +514,7 @@ int registrar(sqlite3* base, EntornoFunciones& entorno, const EntradaFuncion& f)
 
 // All names begin with "tp_" and are found without regard to case.
 int registrarNombrada(sqlite3* base, EntornoFunciones& entorno, std::string_view nombre) {
-  for (const EntradaFuncion* tabla : {static_cast<const EntradaFuncion*>(kFunciones), funcionesDeFecha()}) {
+  for (const EntradaFuncion* tabla : {static_cast<const EntradaFuncion*>(kFunciones), funcionesDeFecha(), funcionesDeFormato()}) {
     for (const EntradaFuncion* f = tabla; f->nombre; ++f) {
       const bool este = std::strlen(f->nombre) == nombre.size() &&
                         sqlite3_strnicmp(f->nombre, nombre.data(), static_cast<int>(nombre.size())) == 0;

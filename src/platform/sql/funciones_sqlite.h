@@ -37,6 +37,10 @@ std::optional<QDateTime> leerInstante(const QString& texto, Dialecto dialecto = 
 // ... or a value: a number counts days.
 std::optional<QDateTime> instanteDe(sqlite3_context* c, sqlite3_value* v);
 
+// The number of a part of a date, named as in DATEPART (q, ww ...); nothing for a name that is none. Weeks begin on
+// `primero`, 1 for Sunday to 7; a day out of that range counts as the nearest.
+std::optional<int> parteDeFecha(const QDateTime& f, const QString& nombre, int primero = 1);
+
 // Shared by the files of functions.
 using FuncionSql = void (*)(sqlite3_context*, int, sqlite3_value**);
 struct EntradaFuncion {
@@ -52,5 +56,6 @@ void darTexto(sqlite3_context* c, const QString& texto);
 void darError(sqlite3_context* c, const QString& texto);
 EntornoFunciones& entornoDe(sqlite3_context* c);
 
-// The functions of dates (funciones_fecha.cpp), closed by a null name.
+// The functions of dates (funciones_fecha.cpp) and FORMAT (funciones_formato.cpp), each closed by a null name.
 const EntradaFuncion* funcionesDeFecha();
+const EntradaFuncion* funcionesDeFormato();

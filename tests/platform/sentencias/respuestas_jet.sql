@@ -936,6 +936,8 @@ SELECT Format(#11/24/2026#,'d "de" mmmm \de yyyy'), Format(5,'"N" 000'), Format(
   24 de noviembre de 2026|N 005|24/11/2026
 SELECT Format(#11/24/2026#,'q') & Format(#11/24/2026#,'ww') & Format(-1,'Yes/No'), CDate('24-nov-26'), Format(#10:30 PM#,'hh:nn')
   448Sí|<2026-11-24 00:00:00>|22:30
+SELECT Format(#01/04/2026#,'w') & Format(#01/04/2026#,'w',2) & Format(#01/04/2026#,'ww') & Format(#01/04/2026#,'WW',2)
+  1721
 SELECT #11/31/2026#
   error
 SELECT Left$('abc',2) & Trim$(' x ') & UCase$('y'), Nz(Null,0) + 1, Null & Null
