@@ -17,11 +17,12 @@ QString q(const char* s) { return QString::fromUtf8(s); }
 
 struct PuestoGrande : PuestoPrueba {
   PuestoGrande() {
-    sembrar(ses.psRutaBD,
-            "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50000) "
-            "INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, cCodCatalogo, nProdPrecUnit, cProdEstd,"
-            " nActivo) SELECT '01', i, 'ARTICULO ' || (i * 7919 % 50000) || ' DE CAMPO', 'CORTA ' || i, 'CAT' || i, 4.5,"
-            " 1, 1 FROM n");
+    sembrar(
+        ses.psRutaBD,
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50000) "
+        "INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, cCodCatalogo, nProdPrecUnit, cProdEstd,"
+        " nActivo) SELECT '01', i, 'ARTICULO ' || (i * 7919 % 50000) || ' DE CAMPO', 'CORTA ' || i, 'CAT' || i, 4.5,"
+        " 1, 1 FROM n");
     sembrar(rutas.enPrograma(q("cliente.db")),
             "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 200000) "
             "INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, iTipo) "

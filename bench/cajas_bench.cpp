@@ -86,12 +86,20 @@ void TeclaEnRejilla200(benchmark::State& estado) {
   }
   if (!ms.empty()) estado.counters["mediana_ms"] = mediana(ms);
 }
-BENCHMARK(TeclaEnRejilla200)->ArgName("enter")->Arg(0)->Arg(1)->UseManualTime()->Iterations(200)->Unit(benchmark::kMillisecond);
+BENCHMARK(TeclaEnRejilla200)
+    ->ArgName("enter")
+    ->Arg(0)
+    ->Arg(1)
+    ->UseManualTime()
+    ->Iterations(200)
+    ->Unit(benchmark::kMillisecond);
 
 void ponerTeclado(PuestoPrueba& p) {
   for (int i = 1; i <= kTeclasProducto; ++i) {
     p.articulo(100 + i, q("ARTICULO %1").arg(i), 4.5 + i);
-    p.ejecuta(q("INSERT INTO ConfiguracionTeclado (cTeclCode, sTeclDesc, cProdCode) VALUES (%1, '', %2)").arg(i).arg(100 + i));
+    p.ejecuta(q("INSERT INTO ConfiguracionTeclado (cTeclCode, sTeclDesc, cProdCode) VALUES (%1, '', %2)")
+                  .arg(i)
+                  .arg(100 + i));
   }
 }
 
@@ -159,10 +167,11 @@ void Abrir5000(benchmark::State& estado) {
   PuestoDeVenta p;
   ponerTeclado(p);
   p.poCnnLocal.cerrar();
-  correrEn(p.ses.psRutaBD,
-           q("WITH RECURSIVE n(i) AS (SELECT 201 UNION ALL SELECT i + 1 FROM n WHERE i < 5176) "
-             "INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, cCodCatalogo, nProdPrecUnit, cProdEstd,"
-             " nActivo) SELECT '01', i, 'ARTICULO ' || i, 'CORTA ' || i, 'CAT' || i, 4.5, 1, 1 FROM n"));
+  correrEn(
+      p.ses.psRutaBD,
+      q("WITH RECURSIVE n(i) AS (SELECT 201 UNION ALL SELECT i + 1 FROM n WHERE i < 5176) "
+        "INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, cCodCatalogo, nProdPrecUnit, cProdEstd,"
+        " nActivo) SELECT '01', i, 'ARTICULO ' || i, 'CORTA ' || i, 'CAT' || i, 4.5, 1, 1 FROM n"));
   if (!p.poDBAdmin.AbrirBD(p.poCnnLocal, q("driver={Microsoft Access Driver (*.mdb)};DBQ=") + p.ses.psRutaBD)) {
     romper("the store does not open");
   }
@@ -179,8 +188,16 @@ void Abrir5000(benchmark::State& estado) {
   }
   estado.counters["mediana_ms"] = mediana(ms);
 }
-BENCHMARK(Abrir5000<frmCajaRegistradoraFull>)->Name("AbrirFull5000")->UseManualTime()->Iterations(40)->Unit(benchmark::kMillisecond);
-BENCHMARK(Abrir5000<frmCajaRegistradora>)->Name("AbrirRapida5000")->UseManualTime()->Iterations(40)->Unit(benchmark::kMillisecond);
+BENCHMARK(Abrir5000<frmCajaRegistradoraFull>)
+    ->Name("AbrirFull5000")
+    ->UseManualTime()
+    ->Iterations(40)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(Abrir5000<frmCajaRegistradora>)
+    ->Name("AbrirRapida5000")
+    ->UseManualTime()
+    ->Iterations(40)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

@@ -61,19 +61,21 @@ void correrEn(const QString& archivo, const QString& sql) {
 
 QString sentenciasDeHistoria(qint64 antiguas, qint64 delDia) {
   return QStringLiteral(
-      "PRAGMA synchronous=OFF; BEGIN;"
-      "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i < %1 + %2 - 1) "
-      "INSERT INTO Operacion (cOperCode, cUserDesc, nTarjNumb, cAlmaCode, cProdCode, nProdCant, nProdPrecUnit,"
-      " nMontoSoles, nMontoDolares, dOperFech, cOperTipo, cCajaCodi, cTurnoCodi, nDscto, nServicio, cDocCodigo, cRuc,"
-      " cDocSerie, cDocTipo, cEmisor, cOperCodeAnula, cOperFlagAbierto, cFlagSincronizacion) "
-      "SELECT i / 6 + 1, 'CAJERO', '', '01', iif(i % 6 = 5, 0, 101 + i % 40), iif(i % 6 = 5, 1, 1 + i % 3),"
-      " iif(i % 6 = 5, 0, 4.5 + i % 20), iif(i % 6 = 5, 60, 0), 0,"
-      " iif(i < %1, datetime('2026-11-23 22:00:00', '-' || ((%1 - i) / 40) || ' minutes'),"
-      " datetime('2026-11-24 08:00:00', '+' || ((i - %1) / 20) || ' seconds')), 1, '00001', '01', 0, 10, i / 6 + 1, '',"
-      " '001', '02', '', 0, i >= %1, iif(i < %1, '1', '0') FROM n;"
-      "UPDATE Config_Documento SET nDocCodigo = (SELECT max(cDocCodigo) FROM Operacion) WHERE cTipoDoc = '02';"
-      "UPDATE Configuracion SET cOperId = %1, cOperIdP = 0;"
-      "COMMIT; PRAGMA wal_checkpoint(TRUNCATE);").arg(antiguas).arg(delDia);
+             "PRAGMA synchronous=OFF; BEGIN;"
+             "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i < %1 + %2 - 1) "
+             "INSERT INTO Operacion (cOperCode, cUserDesc, nTarjNumb, cAlmaCode, cProdCode, nProdCant, nProdPrecUnit,"
+             " nMontoSoles, nMontoDolares, dOperFech, cOperTipo, cCajaCodi, cTurnoCodi, nDscto, nServicio, cDocCodigo, cRuc,"
+             " cDocSerie, cDocTipo, cEmisor, cOperCodeAnula, cOperFlagAbierto, cFlagSincronizacion) "
+             "SELECT i / 6 + 1, 'CAJERO', '', '01', iif(i % 6 = 5, 0, 101 + i % 40), iif(i % 6 = 5, 1, 1 + i % 3),"
+             " iif(i % 6 = 5, 0, 4.5 + i % 20), iif(i % 6 = 5, 60, 0), 0,"
+             " iif(i < %1, datetime('2026-11-23 22:00:00', '-' || ((%1 - i) / 40) || ' minutes'),"
+             " datetime('2026-11-24 08:00:00', '+' || ((i - %1) / 20) || ' seconds')), 1, '00001', '01', 0, 10, i / 6 + 1, '',"
+             " '001', '02', '', 0, i >= %1, iif(i < %1, '1', '0') FROM n;"
+             "UPDATE Config_Documento SET nDocCodigo = (SELECT max(cDocCodigo) FROM Operacion) WHERE cTipoDoc = '02';"
+             "UPDATE Configuracion SET cOperId = %1, cOperIdP = 0;"
+             "COMMIT; PRAGMA wal_checkpoint(TRUNCATE);")
+      .arg(antiguas)
+      .arg(delDia);
 }
 
 Duelo::Duelo(PuestoPrueba& base, bool conDisco)
@@ -105,7 +107,8 @@ void Duelo::aprender(Acto acto, const QString& preparar) {
   preparar_ = preparar;
   grabar();
   p_->poCnnLocal.cerrar();
-  for (const QString& nombre : {QStringLiteral("TarvoPos.mdb"), QStringLiteral("central.db"), QStringLiteral("cliente.db")}) {
+  for (const QString& nombre :
+       {QStringLiteral("TarvoPos.mdb"), QStringLiteral("central.db"), QStringLiteral("cliente.db")}) {
     QFile::remove(gemela_.filePath(nombre));
     if (!QFile::copy(base_.rutas.enPrograma(nombre), gemela_.filePath(nombre))) romper("cannot copy", nombre);
   }

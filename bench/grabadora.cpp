@@ -123,11 +123,13 @@ sqlite3* Piso::abrirBase(const QString& nombre) {
   }
   sqlite3_exec(base, conDisco_ ? "PRAGMA synchronous=FULL" : "PRAGMA synchronous=OFF", nullptr, nullptr, nullptr);
   // The one function of the dialect that the statements of a sale use, as plain as can be.
-  sqlite3_create_function_v2(base, "tp_convint", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
-                             [](sqlite3_context* c, int, sqlite3_value** v) {
-                               if (sqlite3_value_type(v[0]) == SQLITE_NULL) sqlite3_result_null(c);
-                               else sqlite3_result_int64(c, sqlite3_value_int64(v[0]));
-                             }, nullptr, nullptr, nullptr);
+  sqlite3_create_function_v2(
+      base, "tp_convint", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
+      [](sqlite3_context* c, int, sqlite3_value** v) {
+        if (sqlite3_value_type(v[0]) == SQLITE_NULL) sqlite3_result_null(c);
+        else sqlite3_result_int64(c, sqlite3_value_int64(v[0]));
+      },
+      nullptr, nullptr, nullptr);
   return base;
 }
 

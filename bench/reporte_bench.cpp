@@ -26,10 +26,11 @@ void medir(benchmark::State& estado, const Duelo::Acto& acto, const QString& pre
   Tienda base(estado.range(0));
   Duelo duelo(base, true);
   duelo.aprender(acto, preparar);
-  duelo.medir(estado, {q("SELECT COUNT(*), MAX(cOperID), SUM(cOperCode), SUM(cOperFlagAbierto) FROM Operacion"),
-                       q("SELECT prn, idct, idz, Imac FROM _Tmp1"), q("SELECT COUNT(*), SUM(idz), SUM(tvd) FROM _Tmp"),
-                       q("SELECT cOperId, cOperIdP, iCierreCaja, cCodiTurno FROM Configuracion"),
-                       q("SELECT COUNT(*), MAX(CodigoRep) FROM CabeceraZ"), q("SELECT COUNT(*), SUM(Cantidad) FROM DetalleZ")});
+  duelo.medir(estado,
+              {q("SELECT COUNT(*), MAX(cOperID), SUM(cOperCode), SUM(cOperFlagAbierto) FROM Operacion"),
+               q("SELECT prn, idct, idz, Imac FROM _Tmp1"), q("SELECT COUNT(*), SUM(idz), SUM(tvd) FROM _Tmp"),
+               q("SELECT cOperId, cOperIdP, iCierreCaja, cCodiTurno FROM Configuracion"),
+               q("SELECT COUNT(*), MAX(CodigoRep) FROM CabeceraZ"), q("SELECT COUNT(*), SUM(Cantidad) FROM DetalleZ")});
 }
 
 void exigir(bool hecho) {
@@ -70,12 +71,15 @@ void CierreZ(benchmark::State& estado) {
 
 void Blanqueo(benchmark::State& estado) {
   const QString reabrir = q("UPDATE Operacion SET cOperFlagAbierto = 1 WHERE cOperID > %1").arg(estado.range(0));
-  medir(estado, [](Puesto& p) {
-    Principal v;
-    PantallasGuion pantallas;
-    p.ses.psTurno = q("01");
-    exigir(BlanqueaTransacciones(p, v, pantallas));
-  }, reabrir);
+  medir(
+      estado,
+      [](Puesto& p) {
+        Principal v;
+        PantallasGuion pantallas;
+        p.ses.psTurno = q("01");
+        exigir(BlanqueaTransacciones(p, v, pantallas));
+      },
+      reabrir);
 }
 
 void argumentos(benchmark::internal::Benchmark* b) {

@@ -21,13 +21,18 @@ void Venta(benchmark::State& estado) {
     for (int i = 0; i < 5; ++i) v.lineas.push_back(filaVenta(101 + i, q("ARTICULO"), 4.5 + i, 1 + i % 2));
     GrabarVenta(p, v, pantallas);
   });
-  duelo.medir(estado, {q("SELECT * FROM Operacion WHERE cOperFlagAbierto = 1 ORDER BY cOperId"), q("SELECT * FROM _Tmp1"),
-                       q("SELECT * FROM Config_Documento")});
+  duelo.medir(estado, {q("SELECT * FROM Operacion WHERE cOperFlagAbierto = 1 ORDER BY cOperId"),
+                       q("SELECT * FROM _Tmp1"), q("SELECT * FROM Config_Documento")});
 }
 BENCHMARK(Venta)
     ->ArgNames({"filas", "disco"})
-    ->Args({1'000, 1})->Args({1'000'000, 1})->Args({1'000, 0})->Args({1'000'000, 0})
-    ->UseManualTime()->Iterations(kVentas)->Unit(benchmark::kMicrosecond);
+    ->Args({1'000, 1})
+    ->Args({1'000'000, 1})
+    ->Args({1'000, 0})
+    ->Args({1'000'000, 0})
+    ->UseManualTime()
+    ->Iterations(kVentas)
+    ->Unit(benchmark::kMicrosecond);
 
 // The totals of a grid of 200 lines; the register asks for them after each cell that changes.
 void CalculaTotales200(benchmark::State& estado) {

@@ -31,6 +31,7 @@ std::optional<QVariantList> limitesDelDia(const QVariant& texto) {
 // interrupted goes first: it is begun again.
 Error insertarCabeceraZ1(AccesoMotor& bd, const QVariantList& a, Recordset& rs) {
   if (a[1].toInt() == kCierreEnMarcha) {
+    // clang-format off
     if (auto error = todas(bd, {
             {"DELETE FROM TDETALLEZ1 WHERE nidZ1 IN (SELECT idZ1 FROM TCABECERAZ1 WHERE cCajaCodi = ? AND nidEstado = -1)", {a[0]}},
             {"DELETE FROM TCABECERAZ1 WHERE cCajaCodi = ? AND nidEstado = -1", {a[0]}},
@@ -112,6 +113,7 @@ std::shared_ptr<const Procedimientos> procedimientosDeServidores() {
                      QStringLiteral("El procedimiento %1 lleva %2 argumentos y recibió %3.")
                          .arg(nombre).arg(p.argumentos).arg(a.size())};
     });
+    // clang-format on
   }
   todos->agregarFuncion(QStringLiteral("fnRetornarIGV"), retornarIgv);
   return todos;

@@ -24,7 +24,8 @@ Error consultar(AccesoMotor& bd, const char* sql, const QVariantList& valores, R
 
 // A document counts as paid in its own currency; cents of the rate leave nothing open in the other one.
 Error pendientesDePago(AccesoMotor& bd, const QVariantList& a, Recordset& rs) {
-  static const QByteArray sql = QByteArray(kPagado) +
+  static const QByteArray sql =
+      QByteArray(kPagado) +
       "SELECT TipoDoc, cSerieDoc, NroDoc, fechaemision, NombreLocal, DscCliente, cClienteCode, IdLocal, "
       "NombreMoneda AS Moneda, TotVta, TotVtaUSD, Restante, RestanteUSD FROM cuenta WHERE TipoDoc = ?1 "
       "AND CASE cCodMoneda WHEN 'E' THEN RestanteUSD ELSE Restante END > 0 ORDER BY fechaemision, cSerieDoc, NroDoc";
@@ -33,17 +34,20 @@ Error pendientesDePago(AccesoMotor& bd, const QVariantList& a, Recordset& rs) {
 
 // Open for consumption: neither voided nor settled.
 Error pendientesDeConsumo(AccesoMotor& bd, const QVariantList& a, Recordset& rs) {
-  return consultar(bd,
-                   "SELECT v.cCodVta, v.cCodCaja, v.TipoDoc, v.cSerieDoc, v.NroDoc, v.cClienteCode, v.IdLocal, "
-                   "CASE v.IdLocal WHEN 1 THEN 'SUR' WHEN 2 THEN 'NORTE' END AS Local, v.DscCliente, v.NroRuc, v.TotVta, "
-                   "v.TotVtaUSD, v.cCodMoneda, t.vDscTipoCredito AS TipoCredito, v.fechaemision "
-                   "FROM Venta01 v LEFT JOIN TipoCredito t ON t.cCodTipoCredito = v.cCodTipoCredito "
-                   "WHERE v.TipoDoc = ?1 AND v.FechaAnulacion IS NULL AND v.bLiquidado = 0 "
-                   "ORDER BY v.fechaemision, v.cSerieDoc, v.NroDoc", a, rs);
+  return consultar(
+      bd,
+      "SELECT v.cCodVta, v.cCodCaja, v.TipoDoc, v.cSerieDoc, v.NroDoc, v.cClienteCode, v.IdLocal, "
+      "CASE v.IdLocal WHEN 1 THEN 'SUR' WHEN 2 THEN 'NORTE' END AS Local, v.DscCliente, v.NroRuc, v.TotVta, "
+      "v.TotVtaUSD, v.cCodMoneda, t.vDscTipoCredito AS TipoCredito, v.fechaemision "
+      "FROM Venta01 v LEFT JOIN TipoCredito t ON t.cCodTipoCredito = v.cCodTipoCredito "
+      "WHERE v.TipoDoc = ?1 AND v.FechaAnulacion IS NULL AND v.bLiquidado = 0 "
+      "ORDER BY v.fechaemision, v.cSerieDoc, v.NroDoc",
+      a, rs);
 }
 
 Error cuentaDeCliente(AccesoMotor& bd, const QVariantList& a, Recordset& rs) {
-  static const QByteArray sql = QByteArray(kPagado) +
+  static const QByteArray sql =
+      QByteArray(kPagado) +
       "SELECT cCodVta AS Codigo, TipoDoc, CASE TipoDoc WHEN '01' THEN 'FACTURA' ELSE 'BOLETA' END AS Documento, "
       "cSerieDoc AS Serie, NroDoc AS Numero, fechaemision AS \"Fec Emision\", NombreMoneda AS Moneda, "
       "TotVta AS \"Total Vta\", TotVtaUSD AS \"Total Vta USD\", Restante AS \"M. Restante\", "
@@ -80,17 +84,20 @@ Error reprocesarMovimientos(AccesoMotor& bd, const QVariantList& a, Recordset&) 
     return error;
   }
   return bd.ejecutar(
-      QStringLiteral("INSERT INTO ZANKEBMOVIVNTA (dFecha, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nCantidad, "
-                     "nMonto) SELECT ?1, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, SUM(nProdCant), "
-                     "SUM(nProdCant * nProdPrecUnit) FROM Operacion WHERE dOperFech >= ?1 AND dOperFech < ?2 "
-                     "AND cOperFlagAnula = 0 AND CAST(cProdCode AS INTEGER) <> 0 "
-                     "GROUP BY cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode"), dia);
+      QStringLiteral(
+          "INSERT INTO ZANKEBMOVIVNTA (dFecha, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nCantidad, "
+          "nMonto) SELECT ?1, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, SUM(nProdCant), "
+          "SUM(nProdCant * nProdPrecUnit) FROM Operacion WHERE dOperFech >= ?1 AND dOperFech < ?2 "
+          "AND cOperFlagAnula = 0 AND CAST(cProdCode AS INTEGER) <> 0 "
+          "GROUP BY cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode"),
+      dia);
 }
 
 // Mails wait in a table of the central database; who sends them from there is not the till's business.
 Error enviarCorreo(AccesoMotor& bd, const QVariantList& a, Recordset&) {
-  return bd.ejecutar(QStringLiteral("INSERT INTO CorreoSalida (dFecha, vDe, vPara, vAsunto, vCuerpo) VALUES (?, ?, ?, ?, ?)"),
-                     QVariantList{FechaISO(bd.ahora())} + a);
+  return bd.ejecutar(
+      QStringLiteral("INSERT INTO CorreoSalida (dFecha, vDe, vPara, vAsunto, vCuerpo) VALUES (?, ?, ?, ?, ?)"),
+      QVariantList{FechaISO(bd.ahora())} + a);
 }
 
 }  // namespace

@@ -5,7 +5,9 @@
 #include <QStringList>
 #include <memory>
 
-struct CierreSqlite { void operator()(sqlite3* db) const { sqlite3_close_v2(db); } };
+struct CierreSqlite {
+  void operator()(sqlite3* db) const { sqlite3_close_v2(db); }
+};
 using BaseSqlite = std::unique_ptr<sqlite3, CierreSqlite>;
 
 // Opens the file with SQLite's own flags; waits for locks. On failure nothing, and `error` has the words.

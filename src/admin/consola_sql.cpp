@@ -98,7 +98,9 @@ class Palabras {
 };
 
 // Where one server's settings are kept.
-struct ClavesServidor { const char *seccion, *usuario, *clave, *catalogo, *servidor; };
+struct ClavesServidor {
+  const char *seccion, *usuario, *clave, *catalogo, *servidor;
+};
 constexpr ClavesServidor kCentral{"INICIO", "UserName", "PassWord", "DataBase", "DataServer"};
 constexpr ClavesServidor kCliente{"SQLServer", "UserSQL", "PwdUserSQL", "BaseDatosSQL", "ServidorSQL"};
 
@@ -112,7 +114,8 @@ QString cadenaDeServidor(Conexion& local, const QString& archivo, const ClavesSe
     if (valor.isEmpty()) valor = LeerPerfil(archivo, QString::fromLatin1(claves.seccion), clave).value_or(QString());
     valores.emplace_back(valor);
   }
-  return FormatearSQL(QStringLiteral("Provider=SQLOLEDB.1;User ID=$;Password=$;Initial Catalog=$;Data Source=$"), valores);
+  return FormatearSQL(QStringLiteral("Provider=SQLOLEDB.1;User ID=$;Password=$;Initial Catalog=$;Data Source=$"),
+                      valores);
 }
 
 }  // namespace
@@ -122,8 +125,7 @@ std::optional<QString> AbrirBase(Motores& motores, const QString& carpeta, BaseP
   const QString almacen = rutas.enPrograma(QStringLiteral("TarvoPos.mdb"));
   if (!QFileInfo::exists(almacen)) return QStringLiteral("La carpeta %1 no tiene TarvoPos.mdb.").arg(carpeta);
   Conexion local;
-  const QString cadenaLocal =
-      QStringLiteral("driver={Microsoft Access Driver (*.mdb)};Password=tulvek;DBQ=") + almacen;
+  const QString cadenaLocal = QStringLiteral("driver={Microsoft Access Driver (*.mdb)};Password=tulvek;DBQ=") + almacen;
   if (const auto e = (base == BasePuesto::Local ? cnn : local).abrir(motores, cadenaLocal, kEspera_ms)) {
     return e->descripcion;
   }
@@ -135,10 +137,10 @@ std::optional<QString> AbrirBase(Motores& motores, const QString& carpeta, BaseP
 }
 
 bool SoloCambia(const QString& sql) {
-  static const QStringList kCambian{
-      QStringLiteral("insert"), QStringLiteral("update"), QStringLiteral("delete"), QStringLiteral("create"),
-      QStringLiteral("drop"), QStringLiteral("alter"), QStringLiteral("set"), QStringLiteral("truncate"),
-      QStringLiteral("begin"), QStringLiteral("commit"), QStringLiteral("rollback")};
+  static const QStringList kCambian{QStringLiteral("insert"), QStringLiteral("update"),   QStringLiteral("delete"),
+                                    QStringLiteral("create"), QStringLiteral("drop"),     QStringLiteral("alter"),
+                                    QStringLiteral("set"),    QStringLiteral("truncate"), QStringLiteral("begin"),
+                                    QStringLiteral("commit"), QStringLiteral("rollback")};
   Palabras palabras(sql);
   QString palabra;
   int profundidad = 0;
@@ -164,7 +166,9 @@ QByteArray ResponderSentencia(Conexion& cnn, const QString& sql, bool traducir) 
   QString respuesta;
   if (error) {
     respuesta = QStringLiteral("\"error\":{\"numero\":%1,\"nativo\":%2,\"descripcion\":")
-                    .arg(error->numero).arg(error->nativo) + enJson(error->descripcion) + u'}';
+                    .arg(error->numero)
+                    .arg(error->nativo) +
+                enJson(error->descripcion) + u'}';
   } else if (cambia || rs.campos().isEmpty()) {
     respuesta = QStringLiteral("\"afectadas\":%1").arg(afectadas);
   } else {

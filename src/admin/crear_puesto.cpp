@@ -19,7 +19,10 @@ namespace {
 const QString kAlmacenDatos = QStringLiteral("TarvoPos.mdb");
 const QString kAjustes = QStringLiteral("KEB.cfg");
 
-struct Ajuste { const char *seccion, *clave; QString valor; };
+struct Ajuste {
+  const char *seccion, *clave;
+  QString valor;
+};
 
 // Every setting, once: the file and the row of Configuracion are both made of this list.
 std::vector<Ajuste> ajustes(const DatosPuesto& d) {
@@ -116,7 +119,8 @@ QStringList filasDelPuesto(const DatosPuesto& d) {
 std::optional<QString> revisar(const DatosPuesto& d) {
   const auto esCodigo = [](const QString& t, int largo) {
     if (t.isEmpty() || t.size() > largo) return false;
-    for (const QChar c : t) if (!c.isLetterOrNumber() || c.unicode() > 127) return false;
+    for (const QChar c : t)
+      if (!c.isLetterOrNumber() || c.unicode() > 127) return false;
     return true;
   };
   if (!esCodigo(d.caja, 5)) return QStringLiteral("El código de caja tiene de 1 a 5 letras o cifras.");
@@ -199,6 +203,7 @@ std::optional<QString> servidorQueFalta(Obra& obra, const QString& servidor, con
 QString SerieInicial(const QString& tipoDoc, const QString& caja) {
   if (tipoDoc == u"01") return QStringLiteral("F01");
   if (tipoDoc == u"02") return u'0' + Derecha(caja, 2);
+  // clang-format off
   const struct { const char *tipo, *prefijo; } kPrefijos[] = {
       {"10", "OC"}, {"11", "NC"}, {"12", "PA"}, {"13", "PV"}, {"14", "LQ"}};
   QString numero = caja;
@@ -206,6 +211,7 @@ QString SerieInicial(const QString& tipoDoc, const QString& caja) {
   for (const auto& p : kPrefijos) {
     if (tipoDoc == QLatin1String(p.tipo)) return QLatin1String(p.prefijo) + numero;
   }
+  // clang-format on
   return {};
 }
 
@@ -226,7 +232,8 @@ QStringList AvisosDePuesto(const DatosPuesto& d) {
   for (const QString& servidor : {d.central, d.cliente}) {
     if (ArchivoDeServidor(servidor, d.carpeta)) continue;
     avisos << QStringLiteral("Aviso: el servidor %1 no se crea aquí; escriba su usuario y su clave en KEB.cfg y en la "
-                             "tabla Configuracion.").arg(servidor);
+                             "tabla Configuracion.")
+                  .arg(servidor);
   }
   return avisos;
 }

@@ -19,12 +19,14 @@ QStringList FilasDelCentral(const QString& almacen) {
   s << Insercion(QStringLiteral("Almacen"), QStringLiteral("cCodAlmac, vDscAlmac"),
                  {almacen, QStringLiteral("ALMACÉN ") + almacen});
   // These codes are fixed in the program.
+  // clang-format off
   const struct { const char* codigo; const char16_t* nombre; } kFormas[] = {
       {"01", u"EFECTIVO"}, {"02", u"TARJETA"}, {"03", u"CERTIFICADO DE RETENCIÓN"}, {"04", u"DEPÓSITO EN BANCO"}};
   for (const auto& f : kFormas) {
     s << Insercion(QStringLiteral("tipoformapago"), QStringLiteral("cCodTipoPago, vDscTipoPago"),
                    {QString::fromLatin1(f.codigo), QString::fromUtf16(f.nombre)});
   }
+  // clang-format on
   s << Insercion(QStringLiteral("banco"), QStringLiteral("cCodBanco, vDscBanco"),
                  {QStringLiteral("02"), QStringLiteral("BANCO DE LA NACIÓN")});
   s << Insercion(QStringLiteral("TipoCredito"), QStringLiteral("cCodTipoCredito, vDscTipoCredito"),

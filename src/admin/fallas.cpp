@@ -38,9 +38,15 @@ class MotorConFallas final : public Motor {
     if (esDeCatalogo(sql)) return real_->ejecutar(sql, afectadas);
     return paso([&] { return real_->ejecutar(sql, afectadas); });
   }
-  std::optional<ErrorBD> iniciar() override { return paso([&] { return real_->iniciar(); }); }
-  std::optional<ErrorBD> confirmar() override { return paso([&] { return real_->confirmar(); }); }
-  std::optional<ErrorBD> deshacer() override { return paso([&] { return real_->deshacer(); }); }
+  std::optional<ErrorBD> iniciar() override {
+    return paso([&] { return real_->iniciar(); });
+  }
+  std::optional<ErrorBD> confirmar() override {
+    return paso([&] { return real_->confirmar(); });
+  }
+  std::optional<ErrorBD> deshacer() override {
+    return paso([&] { return real_->deshacer(); });
+  }
   QString traducir(const QString& sql) override { return real_->traducir(sql); }
 
  private:
@@ -82,8 +88,8 @@ void Fallas::matar(int n, Momento momento) {
 }
 
 bool Fallas::caido(const QString& cadena) const {
-  return cadenaDe && ((central_ && cadena == cadenaDe(Servidor::Central)) ||
-                      (cliente_ && cadena == cadenaDe(Servidor::Cliente)));
+  return cadenaDe &&
+         ((central_ && cadena == cadenaDe(Servidor::Central)) || (cliente_ && cadena == cadenaDe(Servidor::Cliente)));
 }
 
 bool Fallas::puertoCaido(const QString& puerto) const { return puertos_.contains(nombrePuerto(puerto)); }

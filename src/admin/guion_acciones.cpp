@@ -35,6 +35,7 @@ bool siNo(const QString& palabra) {
 }  // namespace
 
 std::deque<PasoGuion> AccionesGuion::pasos(const Accion& a) {
+  // clang-format off
   static const struct { QStringView verbo; Metodo metodo; } kMetodos[] = {
       {u"reloj", &AccionesGuion::reloj},       {u"pasa", &AccionesGuion::pasa},
       {u"inicia", &AccionesGuion::inicia},     {u"termina", &AccionesGuion::termina},
@@ -48,6 +49,7 @@ std::deque<PasoGuion> AccionesGuion::pasos(const Accion& a) {
       {u"cae", &AccionesGuion::caeVuelve},     {u"vuelve", &AccionesGuion::caeVuelve},
       {u"falla", &AccionesGuion::falla},       {u"mata", &AccionesGuion::mata},
   };
+  // clang-format on
   for (const auto& m : kMetodos)
     if (a.verbo == m.verbo) return (this->*m.metodo)(a);
   throw ErrorGuion{QStringLiteral("no existe la acción «%1»").arg(a.verbo)};

@@ -174,9 +174,9 @@ void irACelda(QAbstractItemView& vista, const QString& nombre, int fila, int col
   const QModelIndex celda = filaNumero(vista, nombre, fila).siblingAtColumn(columna);
   if (!celda.isValid()) throw ErrorGuion{QStringLiteral("%1 no tiene la columna %2").arg(nombre).arg(columna)};
   auto* rejilla = qobject_cast<Rejilla*>(&vista);
-  const bool editable = rejilla ? rejilla->esEditable(columna) && !rejilla->isColumnHidden(columna)
-                                : celda.flags().testFlag(Qt::ItemIsEditable) &&
-                                      vista.editTriggers() != QAbstractItemView::NoEditTriggers;
+  const bool editable =
+      rejilla ? rejilla->esEditable(columna) && !rejilla->isColumnHidden(columna)
+              : celda.flags().testFlag(Qt::ItemIsEditable) && vista.editTriggers() != QAbstractItemView::NoEditTriggers;
   if (!editable) throw ErrorGuion{QStringLiteral("la columna %1 de %2 no se puede editar").arg(columna).arg(nombre)};
   if (!rejilla) {
     vista.setFocus(Qt::TabFocusReason);

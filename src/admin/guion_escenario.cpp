@@ -40,7 +40,8 @@ struct AplicacionGrafica::Interno {
 AplicacionGrafica::AplicacionGrafica() : d_(std::make_unique<Interno>()) {
   QTemporaryFile pantalla;
   // A file that the disk had no room for would end the process; the screen is then of the toolkit's own size.
-  if (sinPantalla() && pantalla.open() && pantalla.write(kPantalla) == qint64(sizeof kPantalla) - 1 && pantalla.flush()) {
+  if (sinPantalla() && pantalla.open() && pantalla.write(kPantalla) == qint64(sizeof kPantalla) - 1 &&
+      pantalla.flush()) {
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(pantalla.fileName()));
   }
   if (qgetenv("QT_QPA_PLATFORM").startsWith("offscreen")) siguiente = qInstallMessageHandler(callarPantalla);

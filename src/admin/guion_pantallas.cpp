@@ -61,7 +61,8 @@ QString textoDeWidget(const QWidget& w) {
     return b->isChecked() ? QStringLiteral("si") : QStringLiteral("no");
   }
   // A sign in an article's name stands twice in the caption, since one alone would mark a letter.
-  if (auto* b = qobject_cast<const QAbstractButton*>(&w)) return b->text().replace(QStringLiteral("&&"), QStringLiteral("&"));
+  if (auto* b = qobject_cast<const QAbstractButton*>(&w))
+    return b->text().replace(QStringLiteral("&&"), QStringLiteral("&"));
   if (auto* t = qobject_cast<const QPlainTextEdit*>(&w)) return t->toPlainText();
   if (auto* t = qobject_cast<const QTextEdit*>(&w)) return t->toPlainText();
   if (auto* s = qobject_cast<const QAbstractSpinBox*>(&w)) return s->text();
@@ -115,12 +116,14 @@ QStringList celdasDe(const QModelIndex& fila) {
 
 bool ControlGuion::visible() const {
   if (widget) return widget->isVisible();
-  return accion && accionAlcanzable(*accion, [](const QAction& a) { return a.isVisible(); }, true);
+  return accion && accionAlcanzable(
+                       *accion, [](const QAction& a) { return a.isVisible(); }, true);
 }
 
 bool ControlGuion::activo() const {
   if (widget) return widget->isEnabled();
-  return accion && accionAlcanzable(*accion, [](const QAction& a) { return a.isEnabled(); }, false);
+  return accion && accionAlcanzable(
+                       *accion, [](const QAction& a) { return a.isEnabled(); }, false);
 }
 
 bool ControlGuion::editable() const {
@@ -141,8 +144,7 @@ bool ControlGuion::editable() const {
       if (v->model()->index(0, c, v->rootIndex()).flags() & Qt::ItemIsEditable) return true;
     return false;
   }
-  return qobject_cast<const QComboBox*>(w) || qobject_cast<const QCheckBox*>(w) ||
-         qobject_cast<const QRadioButton*>(w);
+  return qobject_cast<const QComboBox*>(w) || qobject_cast<const QCheckBox*>(w) || qobject_cast<const QRadioButton*>(w);
 }
 
 void ControlGuion::exigirUsable() const {

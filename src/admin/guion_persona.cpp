@@ -64,8 +64,8 @@ void PersonaDeGuion::mostrar(const QString& texto, const QString& titulo, Icono)
 }
 
 bool PersonaDeGuion::preguntar(const QString& texto, const QString& titulo, bool siPorDefecto) {
-  const Respuesta r = siPorDefecto ? caja(texto, titulo, {Boton::Si, Boton::No})
-                                   : caja(texto, titulo, {Boton::No, Boton::Si});
+  const Respuesta r =
+      siPorDefecto ? caja(texto, titulo, {Boton::Si, Boton::No}) : caja(texto, titulo, {Boton::No, Boton::Si});
   return r.boton == Boton::Si;
 }
 

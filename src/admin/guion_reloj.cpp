@@ -5,7 +5,7 @@
 struct RelojGuion::Latido {
   int ms;
   std::function<void()> f;
-  qint64 toca = 0;                // on the scale of transcurrido_
+  qint64 toca = 0;  // on the scale of transcurrido_
   bool corre = false;
   std::shared_ptr<void> deVerdad;  // while the clock runs
 };

@@ -7,7 +7,7 @@ namespace {
 
 constexpr int kReintento_ms = 20;
 constexpr int kBotonHundido_ms = 1'000;  // one that stays down longer hangs on its menu
-constexpr int kTurnosDeReposo = 2;  // what the first one sets off, such as a repaint, has been done by the second
+constexpr int kTurnosDeReposo = 2;       // what the first one sets off, such as a repaint, has been done by the second
 
 int nivelDeBucle() { return QThread::currentThread()->loopLevel(); }
 

@@ -38,8 +38,8 @@ class ReproductorGuion final : public QObject {
   bool enAccion_ = false;     // an action has begun and has not said "ok" yet
   bool acabando_ = false;     // the lines are used up
   bool esperandoLinea_ = false;
-  int reposo_ = 0;            // turns at rest since the last step
+  int reposo_ = 0;  // turns at rest since the last step
   QDeadlineTimer plazoBoton_;
-  int linea_ = 0;             // of the action under way
-  quint64 turno_ = 0;         // only the turn armed last counts
+  int linea_ = 0;      // of the action under way
+  quint64 turno_ = 0;  // only the turn armed last counts
 };

@@ -1,5 +1,6 @@
 #include "admin/guion_teclas.h"
 
+#include <QtTest/qtestspontaneevent.h>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QKeySequence>
@@ -7,13 +8,11 @@
 #include <QPointer>
 #include <QPointingDevice>
 #include <QWidget>
-#include <QtTest/qtestspontaneevent.h>
 
 // How the toolkit's own tests offer a key to shortcuts first: true when one took it.
 QT_BEGIN_NAMESPACE
 Q_GUI_EXPORT bool qt_sendShortcutOverrideEvent(QObject* o, ulong timestamp, int k, Qt::KeyboardModifiers mods,
-                                               const QString& text = QString(), bool autorep = false,
-                                               ushort count = 1);
+                                               const QString& text = QString(), bool autorep = false, ushort count = 1);
 QT_END_NAMESPACE
 
 namespace {
@@ -24,19 +23,23 @@ struct NombreTecla {
 };
 
 // What the toolkit's own reading of key names lacks or reads otherwise; Enter is the large one.
+// clang-format off
 const NombreTecla kTeclas[] = {
     {u"Enter", Qt::Key_Return},     {u"Intro", Qt::Key_Return},    {u"Escape", Qt::Key_Escape},
     {u"Delete", Qt::Key_Delete},    {u"Supr", Qt::Key_Delete},     {u"Insert", Qt::Key_Insert},
     {u"PageUp", Qt::Key_PageUp},    {u"PageDown", Qt::Key_PageDown}, {u"Espacio", Qt::Key_Space},
     {u"Backtab", Qt::Key_Backtab},
 };
+// clang-format on
 
+// clang-format off
 const struct { QStringView nombre; Qt::KeyboardModifier mod; Qt::Key tecla; } kModificadores[] = {
     {u"Ctrl", Qt::ControlModifier, Qt::Key_Control},
     {u"Alt", Qt::AltModifier, Qt::Key_Alt},
     {u"Shift", Qt::ShiftModifier, Qt::Key_Shift},
     {u"Meta", Qt::MetaModifier, Qt::Key_Meta},
 };
+// clang-format on
 
 Qt::Key teclaDe(const QString& caracter) {
   const QKeySequence s(caracter.toUpper());
@@ -45,7 +48,8 @@ Qt::Key teclaDe(const QString& caracter) {
 
 QString textoDe(QKeyCombination c, const QString& nombre) {
   switch (c.key()) {
-    case Qt::Key_Return: case Qt::Key_Enter: return QStringLiteral("\r");
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return QStringLiteral("\r");
     case Qt::Key_Tab: return QStringLiteral("\t");
     case Qt::Key_Backspace: return QStringLiteral("\b");
     case Qt::Key_Escape: return QStringLiteral("\x1b");

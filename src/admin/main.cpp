@@ -15,6 +15,7 @@ struct Orden {
   bool conVentanas = false;  // makes its own application object
 };
 
+// clang-format off
 constexpr Orden kOrdenes[] = {
     {u"crear-puesto",
      u"DIR [--caja C] [--almacen A] [--servicio P] [--central S] [--cliente S] [--usuario U --clave K] [--demo]",
@@ -31,12 +32,13 @@ constexpr Orden kOrdenes[] = {
      ordenGuion, true},
     {u"demo", u"DIR", u"crea un puesto de demostración en DIR y toca en él el día de la tienda", ordenDemo, true},
 };
+// clang-format on
 
 void ayuda() {
   Decir(QStringLiteral("Uso: tarvopos-admin ORDEN ...\n"));
   for (const Orden& o : kOrdenes) {
-    Decir(QStringLiteral("  %1 %2\n      %3").arg(QString::fromUtf16(o.nombre), QString::fromUtf16(o.forma),
-                                                  QString::fromUtf16(o.ayuda)));
+    Decir(QStringLiteral("  %1 %2\n      %3")
+              .arg(QString::fromUtf16(o.nombre), QString::fromUtf16(o.forma), QString::fromUtf16(o.ayuda)));
   }
   Decir(QStringLiteral("  ayuda\n      muestra esto\n\nSalida: 0 bien, 1 no se pudo hacer, 2 llamada incorrecta"));
   Decir(QStringLiteral("        «guion» termina con el estado del programa cuando éste acaba por sí mismo\n"));

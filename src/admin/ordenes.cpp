@@ -54,11 +54,12 @@ void Quejarse(const QString& linea) { escribir(stderr, linea); }
 
 int ordenCrearPuesto(const QStringList& palabras) {
   Argumentos a;
-  const FormaOrden forma{1, 1,
-                    {QStringLiteral("--caja"), QStringLiteral("--almacen"), QStringLiteral("--servicio"),
-                     QStringLiteral("--central"), QStringLiteral("--cliente"), QStringLiteral("--usuario"),
-                     QStringLiteral("--clave")},
-                    {QStringLiteral("--demo")}};
+  const FormaOrden forma{
+      1,
+      1,
+      {QStringLiteral("--caja"), QStringLiteral("--almacen"), QStringLiteral("--servicio"), QStringLiteral("--central"),
+       QStringLiteral("--cliente"), QStringLiteral("--usuario"), QStringLiteral("--clave")},
+      {QStringLiteral("--demo")}};
   if (const auto error = LeerArgumentos(palabras, forma, a)) return malUso(*error);
   DatosPuesto d;
   d.carpeta = a.lugares[0];

@@ -4,8 +4,8 @@
 #include <QStringList>
 
 constexpr int kBien = 0;
-constexpr int kFallo = 1;    // the work could not be done
-constexpr int kMalUso = 2;   // the call was wrong; nothing was done
+constexpr int kFallo = 1;   // the work could not be done
+constexpr int kMalUso = 2;  // the call was wrong; nothing was done
 
 int ordenCrearPuesto(const QStringList& palabras);
 int ordenCrearCentral(const QStringList& palabras);

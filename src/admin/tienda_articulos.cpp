@@ -7,8 +7,8 @@ constexpr ArticuloTienda bien(int codigo, const char16_t* catalogo, const char16
                               double precio, const char* unidad, const char* linea, int puntos = 0) {
   return {codigo, catalogo, descripcion, corta, precio, false, puntos, false, false, unidad, linea};
 }
-constexpr ArticuloTienda plato(int codigo, const char16_t* catalogo, const char16_t* descripcion,
-                               const char16_t* corta, double precio, const char* linea = "01") {
+constexpr ArticuloTienda plato(int codigo, const char16_t* catalogo, const char16_t* descripcion, const char16_t* corta,
+                               double precio, const char* linea = "01") {
   return {codigo, catalogo, descripcion, corta, precio, true, 0, false, false, "PLA", linea};
 }
 

@@ -8,16 +8,26 @@
 
 namespace {
 
-struct Par { const char* codigo; const char16_t* nombre; };
+struct Par {
+  const char* codigo;
+  const char16_t* nombre;
+};
 
-constexpr Par kLineas[] = {{"01", u"COMEDOR"}, {"02", u"BEBIDAS"}, {"03", u"LÁCTEOS"}, {"04", u"CARNES Y EMBUTIDOS"},
-                           {"05", u"HUEVOS"}, {"06", u"FRUTAS Y VERDURAS"}, {"07", u"PANADERÍA"},
-                           {"08", u"ABARROTES"}, {"09", u"ARTESANÍA"}};
-struct Unidad { const char* codigo; const char16_t *nombre, *corta; };
-constexpr Unidad kUnidades[] = {{"UND", u"UNIDAD", u"UND"}, {"KGR", u"KILOGRAMO", u"KG"}, {"DOC", u"DOCENA", u"DOC"},
-                                {"PLA", u"PLATO", u"PLA"}, {"SAC", u"SACO", u"SAC"}};
-constexpr Par kTarjetas[] = {{"001", u"CRÉDITO"}, {"002", u"DÉBITO"}, {"003", u"BILLETERA MÓVIL"},
-                             {"004", u"VALE DE ALIMENTOS"}};
+constexpr Par kLineas[] = {
+    {"01", u"COMEDOR"},  {"02", u"BEBIDAS"},           {"03", u"LÁCTEOS"},   {"04", u"CARNES Y EMBUTIDOS"},
+    {"05", u"HUEVOS"},   {"06", u"FRUTAS Y VERDURAS"}, {"07", u"PANADERÍA"}, {"08", u"ABARROTES"},
+    {"09", u"ARTESANÍA"}};
+struct Unidad {
+  const char* codigo;
+  const char16_t *nombre, *corta;
+};
+constexpr Unidad kUnidades[] = {{"UND", u"UNIDAD", u"UND"},
+                                {"KGR", u"KILOGRAMO", u"KG"},
+                                {"DOC", u"DOCENA", u"DOC"},
+                                {"PLA", u"PLATO", u"PLA"},
+                                {"SAC", u"SACO", u"SAC"}};
+constexpr Par kTarjetas[] = {
+    {"001", u"CRÉDITO"}, {"002", u"DÉBITO"}, {"003", u"BILLETERA MÓVIL"}, {"004", u"VALE DE ALIMENTOS"}};
 constexpr Par kBancos[] = {{"01", u"BANCO DEL VALLE"}, {"03", u"CAJA RURAL LOS ANDES"}};
 constexpr Par kCreditos[] = {{"02", u"15 DÍAS"}, {"03", u"60 DÍAS"}};
 constexpr const char16_t* kCabecera[] = {u"GRANJA Y COMEDOR EL MOLLE S.A.C.", u"R.U.C. 20999999991",
@@ -25,7 +35,7 @@ constexpr const char16_t* kCabecera[] = {u"GRANJA Y COMEDOR EL MOLLE S.A.C.", u"
 
 // The keys of the quick register; 23 and 24 stay free, and from 25 on stand articles without a key to press.
 constexpr int kTeclas[] = {101, 102, 104, 105, 107, 109, 110, 113, 201, 203, 206, 207, 301, 305, 401, 501,
-                           601, 605, 701, 702, 704, 801, 0, 0, 103, 106, 108, 208, 308, 405, 805, 901};
+                           601, 605, 701, 702, 704, 801, 0,   0,   103, 106, 108, 208, 308, 405, 805, 901};
 
 enum class TarjetaDemo { Vigente, Vencida, Inactiva };
 struct ClienteDemo {
@@ -46,10 +56,13 @@ constexpr ClienteDemo kClientes[] = {
     {7, 2, 1, u"CÁCERES OLIVERA", u"BEATRIZ", u"AV. DEL CAMPO 1200", "00000007", 240},
 };
 
-struct Lugar { int depa, prov, dist; const char16_t* nombre; };
-constexpr Lugar kLugares[] = {{15, 0, 0, u"LIMA"}, {15, 1, 0, u"LIMA"}, {15, 1, 1, u"LURÍN"}, {15, 1, 2, u"PACHACÁMAC"},
-                              {15, 2, 0, u"CAÑETE"}, {15, 2, 1, u"MALA"}, {11, 0, 0, u"ICA"}, {11, 1, 0, u"ICA"},
-                              {11, 1, 1, u"LA TINGUIÑA"}};
+struct Lugar {
+  int depa, prov, dist;
+  const char16_t* nombre;
+};
+constexpr Lugar kLugares[] = {{15, 0, 0, u"LIMA"},       {15, 1, 0, u"LIMA"},   {15, 1, 1, u"LURÍN"},
+                              {15, 1, 2, u"PACHACÁMAC"}, {15, 2, 0, u"CAÑETE"}, {15, 2, 1, u"MALA"},
+                              {11, 0, 0, u"ICA"},        {11, 1, 0, u"ICA"},    {11, 1, 1, u"LA TINGUIÑA"}};
 
 QString t(const char16_t* texto) { return QString::fromUtf16(texto); }
 QString t(const char* texto) { return QString::fromLatin1(texto); }
@@ -108,7 +121,8 @@ QStringList cambios(const QDateTime& ahora) {
 }
 
 QStringList usuarios() {
-  const QString columnas = QStringLiteral("sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName, cUserActi, cUserFlag");
+  const QString columnas =
+      QStringLiteral("sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName, cUserActi, cUserFlag");
   return {Insercion(QStringLiteral("Usuario"), columnas,
                     {QStringLiteral("CAJERO"), QStringLiteral("caja"), 2, QStringLiteral("RÍOS PEÑALOZA"),
                      QStringLiteral("CARMEN"), 1, 0}),
@@ -118,10 +132,12 @@ QStringList usuarios() {
 }
 
 // Cards run for a year less a day; the live ones are good on the demo's day as well as today.
-struct Vigencia { QDate emision, caducidad; };
+struct Vigencia {
+  QDate emision, caducidad;
+};
 Vigencia vigencia(const ClienteDemo& c, const QDateTime& ahora) {
-  const QDate emision = c.estado == TarjetaDemo::Vencida ? QDate(2024, 5, 10)
-                                                         : std::max(kDiaDemo, ahora.date()).addDays(-90);
+  const QDate emision =
+      c.estado == TarjetaDemo::Vencida ? QDate(2024, 5, 10) : std::max(kDiaDemo, ahora.date()).addDays(-90);
   return {emision, emision.addYears(1).addDays(-1)};
 }
 
@@ -136,18 +152,23 @@ QStringList clientes(const QDateTime& ahora, const QString& masColumnas, const Q
     vistos.insert(c.codigo);
     const Vigencia v = vigencia(c, ahora);
     const int local = conLocal ? c.local : 0;
-    s << Insercion(QStringLiteral("Cliente"),
-                   QStringLiteral("cClieCode, IdLocal, sClieApel, sClieName, sClieAddr, cDepaCode, cProvCode, cDistCode, "
-                                  "sDepaDesc, sProvDesc, sDistDesc, sClieTelf, sClieMail, dUltTDate, cTranCode, iTipo, "
-                                  "nPuntCant, nTickCant") + masColumnas,
-                   QVariantList{c.codigo, local, t(c.apellidos), t(c.nombres), t(c.direccion), 15, 1, 1, QString(),
-                                QString(), QString(), QStringLiteral("555-01%1").arg(c.codigo, 2, 10, QChar(u'0')),
-                                QString(), kAlta, 1, c.tipo, c.puntos, 0} + masValores);
-    s << Insercion(QStringLiteral("Tarjeta"),
-                   QStringLiteral("cClieCode, IdLocal, nTarjNumb, cTarjActi, dEmisDate, dCaduDate, sUserDesc, dUltOper") +
-                       masColumnas,
-                   QVariantList{c.codigo, local, t(c.tarjeta), c.estado == TarjetaDemo::Inactiva ? 0 : 1, v.emision,
-                                v.caducidad, QStringLiteral("SUPERVISOR"), v.emision} + masValores);
+    s << Insercion(
+        QStringLiteral("Cliente"),
+        QStringLiteral("cClieCode, IdLocal, sClieApel, sClieName, sClieAddr, cDepaCode, cProvCode, cDistCode, "
+                       "sDepaDesc, sProvDesc, sDistDesc, sClieTelf, sClieMail, dUltTDate, cTranCode, iTipo, "
+                       "nPuntCant, nTickCant") +
+            masColumnas,
+        QVariantList{c.codigo, local, t(c.apellidos), t(c.nombres), t(c.direccion), 15, 1, 1, QString(), QString(),
+                     QString(), QStringLiteral("555-01%1").arg(c.codigo, 2, 10, QChar(u'0')), QString(), kAlta, 1,
+                     c.tipo, c.puntos, 0} +
+            masValores);
+    s << Insercion(
+        QStringLiteral("Tarjeta"),
+        QStringLiteral("cClieCode, IdLocal, nTarjNumb, cTarjActi, dEmisDate, dCaduDate, sUserDesc, dUltOper") +
+            masColumnas,
+        QVariantList{c.codigo, local, t(c.tarjeta), c.estado == TarjetaDemo::Inactiva ? 0 : 1, v.emision, v.caducidad,
+                     QStringLiteral("SUPERVISOR"), v.emision} +
+            masValores);
   }
   return s;
 }
@@ -190,13 +211,13 @@ QString TeclaDelRegistro(int tecla, int articulo) {
 
 QStringList TiendaDelPuesto(const QString& almacen, const QDateTime& ahora) {
   QStringList s = productos(almacen) + cambios(ahora) + usuarios() +
-                  pares(kTarjetas, "tipo_tarjeta", "cod_tar, descrip") +
-                  clientes(ahora, QString(), {}, false);
+                  pares(kTarjetas, "tipo_tarjeta", "cod_tar, descrip") + clientes(ahora, QString(), {}, false);
   int n = 0;
   for (const int articulo : kTeclas) s << TeclaDelRegistro(++n, articulo);
   n = 0;
   for (const char16_t* linea : kCabecera) {
-    s << Insercion(QStringLiteral("Cabecera_Impresion"), QStringLiteral("cCabeLinea, sCabeDescripcion"), {++n, t(linea)});
+    s << Insercion(QStringLiteral("Cabecera_Impresion"), QStringLiteral("cCabeLinea, sCabeDescripcion"),
+                   {++n, t(linea)});
   }
   for (const Unidad& u : kUnidades) {
     s << Insercion(QStringLiteral("UnidadMedida"), QStringLiteral("cUndmedid, vDscundmd, vDscCrta"),

@@ -91,7 +91,8 @@ class Verificacion {
   // Against a store made here and now from the same statements as every other.
   bool estructura() {
     QString error;
-    const BaseSqlite patron = AbrirSqlite(QStringLiteral(":memory:"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, error);
+    const BaseSqlite patron =
+        AbrirSqlite(QStringLiteral(":memory:"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, error);
     QList<QStringList> debidas, vacio;
     for (const QString& s : tablasDelPuesto()) FilasSqlite(patron.get(), s, vacio, error);
     FilasSqlite(patron.get(), kColumnas, debidas, error);
@@ -125,11 +126,13 @@ class Verificacion {
     FilasSqlite(patron, sql, debidos, error);
     const auto hay = filas(sql);
     for (const QStringList& i : debidos) {
-      if (!hay.contains(i)) hallar(QStringLiteral("Falta el índice %1: las ventas serán cada vez más lentas.").arg(i[0]));
+      if (!hay.contains(i))
+        hallar(QStringLiteral("Falta el índice %1: las ventas serán cada vez más lentas.").arg(i[0]));
     }
   }
 
   void filasUnicas() {
+    // clang-format off
     const struct { const char *tabla, *filas; } kTablas[] = {
         {"Configuracion", "1"}, {"Sincronizacion", "1"}, {"Regla_Punto", "1"}, {"_Tmp1", "2"}};
     for (const auto& t : kTablas) {
@@ -139,6 +142,7 @@ class Verificacion {
         hallar(QStringLiteral("La tabla %1 tiene %2 filas y debe tener %3.").arg(tabla, n, QLatin1String(t.filas)));
       }
     }
+    // clang-format on
   }
 
   // The till would follow the table; a desk whose file says otherwise has been touched by hand.
@@ -148,7 +152,8 @@ class Verificacion {
       const QString enTabla = valor(QStringLiteral("SELECT %1 FROM Configuracion").arg(clave));
       const QString enArchivo = ajuste(QStringLiteral("PARAMETROS"), clave);
       if (!enArchivo.isEmpty() && !enTabla.isEmpty() && enTabla != enArchivo) {
-        hallar(QStringLiteral("%1 es «%2» en la tabla Configuracion y «%3» en KEB.cfg.").arg(clave, enTabla, enArchivo));
+        hallar(
+            QStringLiteral("%1 es «%2» en la tabla Configuracion y «%3» en KEB.cfg.").arg(clave, enTabla, enArchivo));
       }
     }
     const QString paso = valor(QStringLiteral("SELECT ifnull(iCierreCaja, 0) FROM Configuracion"));
@@ -159,23 +164,28 @@ class Verificacion {
     for (const char* tipo : {"02", "10", "11", "12", "13", "14"}) {
       const QString t = QString::fromLatin1(tipo);
       const auto fila = filas(QStringLiteral("SELECT cSerieDoc, ifnull(nDocCodigo, 0) FROM Config_Documento "
-                                             "WHERE cTipoDoc = '%1'").arg(t)).value(0);
+                                             "WHERE cTipoDoc = '%1'")
+                                  .arg(t))
+                            .value(0);
       if (fila.isEmpty()) {
         hallar(QStringLiteral("Config_Documento no tiene la fila %1.").arg(t));
         continue;
       }
       if (fila[0].trimmed().isEmpty()) hallar(QStringLiteral("Config_Documento: la fila %1 no tiene serie.").arg(t));
-      const QString maximo = valor(tipo == QLatin1String("02")
-          ? QStringLiteral("SELECT ifnull(max(cDocCodigo), 0) FROM Operacion WHERE cDocTipo IN ('01', '02')")
-          : QStringLiteral("SELECT ifnull(max(cDocCodigo), 0) FROM OperacionParalela WHERE cDocTipo = '%1'").arg(t));
+      const QString maximo =
+          valor(tipo == QLatin1String("02")
+                    ? QStringLiteral("SELECT ifnull(max(cDocCodigo), 0) FROM Operacion WHERE cDocTipo IN ('01', '02')")
+                    : QStringLiteral("SELECT ifnull(max(cDocCodigo), 0) FROM OperacionParalela WHERE cDocTipo = '%1'")
+                          .arg(t));
       if (Val(fila[1]) < Val(maximo)) {
         hallar(QStringLiteral("Config_Documento: el último número de la fila %1 es %2, pero ya existe el %3.")
                    .arg(t, fila[1], maximo));
       }
     }
-    for (const QStringList& f : filas(QStringLiteral(
-             "SELECT cSerieDoc, group_concat(cTipoDoc, ', ') FROM Config_Documento WHERE trim(ifnull(cSerieDoc, '')) <> '' "
-             "GROUP BY cSerieDoc HAVING count(*) > 1 AND max(cTipoDoc NOT IN ('01', '02'))"))) {
+    for (
+        const QStringList& f : filas(QStringLiteral(
+            "SELECT cSerieDoc, group_concat(cTipoDoc, ', ') FROM Config_Documento WHERE trim(ifnull(cSerieDoc, '')) <> '' "
+            "GROUP BY cSerieDoc HAVING count(*) > 1 AND max(cTipoDoc NOT IN ('01', '02'))"))) {
       hallar(QStringLiteral("Config_Documento: las filas %1 comparten la serie %2.").arg(f[1], f[0]));
     }
   }

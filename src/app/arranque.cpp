@@ -34,8 +34,9 @@ void abrirAlmacenLocal(Puesto& p) {
   if (!p.poDBAdmin.AbrirBD(p.poCnnLocal, cadena, true)) p.salida.terminar(1);
   const QStringList faltan = tablasQueFaltan(p.poCnnLocal);
   if (!faltan.isEmpty()) {
-    parar(p, QStringLiteral("El archivo TarvoPos.mdb no es una base de datos completa de la caja. Faltan las tablas: ") +
-                 faltan.join(QStringLiteral(", ")) + QStringLiteral(".\nRestaure la última copia de respaldo."));
+    parar(p,
+          QStringLiteral("El archivo TarvoPos.mdb no es una base de datos completa de la caja. Faltan las tablas: ") +
+              faltan.join(QStringLiteral(", ")) + QStringLiteral(".\nRestaure la última copia de respaldo."));
   }
 }
 

@@ -27,9 +27,9 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::WindowStaysOnTo
                               .arg(TARVOPOS_VERSION_REVISION);
   auto* rotuloVersion = nuevoTexto(version, QStringLiteral("leyenda"));
   rotuloVersion->setObjectName(QStringLiteral("lblVersion"));
-  for (QLabel* l : {logo, nuevoTexto(QStringLiteral("TarvoPos"), QStringLiteral("cifra")),
-                    nuevoTexto(QStringLiteral("La caja que sigue vendiendo"), QStringLiteral("articulo")),
-                    rotuloVersion}) {
+  for (QLabel* l :
+       {logo, nuevoTexto(QStringLiteral("TarvoPos"), QStringLiteral("cifra")),
+        nuevoTexto(QStringLiteral("La caja que sigue vendiendo"), QStringLiteral("articulo")), rotuloVersion}) {
     l->setAlignment(Qt::AlignCenter);
     columna->addWidget(l);
   }

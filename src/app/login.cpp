@@ -8,7 +8,9 @@ namespace {
 const QString kUsuario = QStringLiteral("txtUsuario"), kPassword = QStringLiteral("txtPassword");
 
 // Why the row of the user does not let him in, and the field to go to; "" lets him in.
-struct Rechazo { QString texto, foco; };
+struct Rechazo {
+  QString texto, foco;
+};
 
 Rechazo rechazoDe(const Recordset& rs, const QString& clave) {
   if (rs.Eof()) return {QStringLiteral("Usuario no válido"), kUsuario};
@@ -18,8 +20,8 @@ Rechazo rechazoDe(const Recordset& rs, const QString& clave) {
 }
 
 void recordarUsuario(Puesto& p, const QString& nombre) {
-  p.poDBAdmin.EjecutarSentencia(p.poCnnLocal,
-                                FormatearSQL(QStringLiteral("UPDATE Usuario SET cUserFlag = $"), {0}), true);
+  p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, FormatearSQL(QStringLiteral("UPDATE Usuario SET cUserFlag = $"), {0}),
+                                true);
   p.poDBAdmin.EjecutarSentencia(
       p.poCnnLocal,
       FormatearSQL(QStringLiteral("UPDATE Usuario SET cUserFlag = $ WHERE TRIM(sUserDesc) = '$'"),

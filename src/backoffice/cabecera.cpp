@@ -9,7 +9,9 @@ bool LeerCabecera(Puesto& p, std::vector<FilaCabecera>& filas) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
                                     QStringLiteral("SELECT cCabeLinea, sCabeDescripcion "
-                                                   "FROM Cabecera_Impresion ORDER BY cCabeLinea"), rs)) return false;
+                                                   "FROM Cabecera_Impresion ORDER BY cCabeLinea"),
+                                    rs))
+    return false;
   for (const auto& f : rs) filas.push_back({LimpiarNulo(f[u"cCabeLinea"]), LimpiarNulo(f[u"sCabeDescripcion"])});
   return true;
 }
@@ -36,9 +38,12 @@ bool CargarCabecera(Puesto& p, ModoDetalle modo, const QString& linea, DetalleCa
     v.txtLinea = TextoDe(Numero(rs[u"Linea"]) + 1);
     return true;
   }
-  if (!LeerFilaDetalle(p, FormatearSQL(QStringLiteral("SELECT * FROM Cabecera_Impresion "
-                                                      "WHERE TRIM(cCabeLinea) = TRIM($)"), {linea}),
-                       QStringLiteral("La línea %1 ya no existe.").arg(linea), rs)) return false;
+  if (!LeerFilaDetalle(p,
+                       FormatearSQL(QStringLiteral("SELECT * FROM Cabecera_Impresion "
+                                                   "WHERE TRIM(cCabeLinea) = TRIM($)"),
+                                    {linea}),
+                       QStringLiteral("La línea %1 ya no existe.").arg(linea), rs))
+    return false;
   v.txtLinea = linea;
   v.txtDescripcion = LimpiarNulo(rs[u"sCabeDescripcion"]);
   return true;
@@ -46,12 +51,13 @@ bool CargarCabecera(Puesto& p, ModoDetalle modo, const QString& linea, DetalleCa
 
 bool GuardarCabecera(Puesto& p, const DetalleCabecera& v) {
   const QString texto = ReemplazarComilla(Recortar(v.txtDescripcion));
-  return GuardarPorModo(p, v.modo, {
-      FormatearSQL(QStringLiteral("INSERT INTO Cabecera_Impresion (cCabeLinea, sCabeDescripcion) VALUES ($, '$')"),
-                   {v.txtLinea, texto}),
-      FormatearSQL(QStringLiteral("UPDATE Cabecera_Impresion SET sCabeDescripcion = '$'WHERE cCabeLinea = $"),
-                   {texto, v.txtLinea}),
-      FormatearSQL(QStringLiteral("DELETE * FROM cabecera_impresion WHERE cCabeLinea = $"), {v.txtLinea})});
+  return GuardarPorModo(
+      p, v.modo,
+      {FormatearSQL(QStringLiteral("INSERT INTO Cabecera_Impresion (cCabeLinea, sCabeDescripcion) VALUES ($, '$')"),
+                    {v.txtLinea, texto}),
+       FormatearSQL(QStringLiteral("UPDATE Cabecera_Impresion SET sCabeDescripcion = '$'WHERE cCabeLinea = $"),
+                    {texto, v.txtLinea}),
+       FormatearSQL(QStringLiteral("DELETE * FROM cabecera_impresion WHERE cCabeLinea = $"), {v.txtLinea})});
 }
 
 FilaCabecera FilaDe(const DetalleCabecera& v) { return {v.txtLinea, Recortar(v.txtDescripcion)}; }

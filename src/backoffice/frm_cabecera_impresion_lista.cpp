@@ -17,10 +17,11 @@ FilaLista filaDe(const FilaCabecera& f) { return {{f.linea, f.descripcion}, f.li
 }  // namespace
 
 frmCabeceraImpresionLista::frmCabeceraImpresionLista(Puesto& p, QWidget* padre)
-    : frmMantenimientoLista(p,
-                            {QStringLiteral("frmCabeceraImpresionLista"),
-                             QStringLiteral("Relación de Cabecera de Impresión"), QStringLiteral(" Cabecera de Impresión ")},
-                            nuevaLista(), padre) {
+    : frmMantenimientoLista(
+          p,
+          {QStringLiteral("frmCabeceraImpresionLista"), QStringLiteral("Relación de Cabecera de Impresión"),
+           QStringLiteral(" Cabecera de Impresión ")},
+          nuevaLista(), padre) {
   std::vector<FilaCabecera> filas;
   if (LeerCabecera(p, filas)) llenarCon(filas, filaDe);
 }
@@ -28,5 +29,6 @@ frmCabeceraImpresionLista::frmCabeceraImpresionLista(Puesto& p, QWidget* padre)
 std::optional<FilaLista> frmCabeceraImpresionLista::detalle(ModoDetalle modo, const FilaLista* fila) {
   DetalleCabecera v;
   if (!CargarCabecera(puesto(), modo, fila ? fila->clave.toString() : QString(), v)) return {};
-  return frmCabeceraImpresion(puesto(), v, this).exec() == QDialog::Accepted ? std::optional(filaDe(FilaDe(v))) : std::nullopt;
+  return frmCabeceraImpresion(puesto(), v, this).exec() == QDialog::Accepted ? std::optional(filaDe(FilaDe(v)))
+                                                                             : std::nullopt;
 }

@@ -71,12 +71,14 @@ QWidget* frmConfiguraBotonProducto::crearDetalle() {
   enlaces_.texto(txtCodigoProducto_, v_.txtCodigoProducto);
   enlaces_.texto(nombre, v_.txtNombreProducto);
 
+  // clang-format off
   const struct { const char *nombre, *rotulo, *papel; void (frmConfiguraBotonProducto::*accion)(); } botones[] = {
       {"txtBuscaProductos", "&Buscar producto", "", &frmConfiguraBotonProducto::buscar},
       {"cmdGrabar", "&Grabar", "principal", &frmConfiguraBotonProducto::grabar},
       {"cmdEliminar", "&Quitar Producto", "", &frmConfiguraBotonProducto::eliminar},
       {"cmdSalir", "&Salir", "", &frmConfiguraBotonProducto::reject},
   };
+  // clang-format on
   std::vector<QPushButton*> fila;
   for (const auto& b : botones) {
     fila.push_back(nuevoBoton(QLatin1String(b.nombre), QLatin1String(b.rotulo), QLatin1String(b.papel)));

@@ -17,13 +17,17 @@ std::vector<BotonLista> botonesDeLista() {
   std::vector<BotonLista> botones;
   for (const char* rotulo : {"&Nuevo", "&Editar", "&Borrar", "&Ver"}) {
     const int n = static_cast<int>(botones.size());
-    botones.push_back({QStringLiteral("cmdEditar(%1)").arg(n), QString::fromLatin1(rotulo), static_cast<ModoDetalle>(n)});
+    botones.push_back(
+        {QStringLiteral("cmdEditar(%1)").arg(n), QString::fromLatin1(rotulo), static_cast<ModoDetalle>(n)});
   }
   return botones;
 }
 
 frmMantenimientoLista::frmMantenimientoLista(Puesto& p, const AspectoLista& aspecto, Lista* lista, QWidget* padre)
-    : Forma(aspecto.nombre, aspecto.titulo, padre), p_(p), lista_(lista), sinFilas_(aspecto.sinFilas),
+    : Forma(aspecto.nombre, aspecto.titulo, padre),
+      p_(p),
+      lista_(lista),
+      sinFilas_(aspecto.sinFilas),
       buscar_(new Campo(QStringLiteral("txtBuscar"))) {
   auto* arriba = new QHBoxLayout;
   auto* rotulo = nuevoTexto(QStringLiteral("Busca&r"));
@@ -74,9 +78,11 @@ QPushButton* frmMantenimientoLista::nuevoDeLista(const BotonLista& b) {
   connect(boton, &QPushButton::clicked, this, [this, modo] { abrir(modo); });
   if (modo != ModoDetalle::Nuevo && sinFilas_.isEmpty()) conFila_.push_back(boton);
   if (modo == ModoDetalle::Nuevo) {
-    tecla(QKeyCombination(Qt::Key_Insert), [this] { abrir(ModoDetalle::Nuevo); }, QStringLiteral("nuevo"));
+    tecla(
+        QKeyCombination(Qt::Key_Insert), [this] { abrir(ModoDetalle::Nuevo); }, QStringLiteral("nuevo"));
   } else if (modo == ModoDetalle::Borrar) {
-    tecla(QKeyCombination(Qt::Key_Delete), [this] { abrir(ModoDetalle::Borrar); }, QStringLiteral("borrar"));
+    tecla(
+        QKeyCombination(Qt::Key_Delete), [this] { abrir(ModoDetalle::Borrar); }, QStringLiteral("borrar"));
   }
   return boton;
 }
@@ -159,8 +165,8 @@ bool frmMantenimientoLista::eventFilter(QObject* objeto, QEvent* evento) {
   return Forma::eventFilter(objeto, evento);
 }
 
-frmMantenimientoDetalle::frmMantenimientoDetalle(const AspectoDetalle& aspecto,
-                                                 const std::vector<CampoDetalle>& campos, QWidget* padre)
+frmMantenimientoDetalle::frmMantenimientoDetalle(const AspectoDetalle& aspecto, const std::vector<CampoDetalle>& campos,
+                                                 QWidget* padre)
     : Forma(aspecto.nombre, aspecto.titulo, padre), modo_(aspecto.modo), panel_(new Panel(aspecto.marco)) {
   cuerpo()->addWidget(panel_);
   QWidget* primero = nullptr;
@@ -187,7 +193,9 @@ frmMantenimientoDetalle::frmMantenimientoDetalle(const AspectoDetalle& aspecto,
 QWidget* frmMantenimientoDetalle::crear(const CampoDetalle& c) {
   QWidget* w = nullptr;
   switch (c.clase) {
-    case CampoDetalle::Texto: case CampoDetalle::Importe: case CampoDetalle::Clave: w = crearTexto(c); break;
+    case CampoDetalle::Texto:
+    case CampoDetalle::Importe:
+    case CampoDetalle::Clave: w = crearTexto(c); break;
     case CampoDetalle::Marca: {
       auto* marca = new QCheckBox(c.rotulo);
       marca->setObjectName(c.nombre);
@@ -204,7 +212,9 @@ QWidget* frmMantenimientoDetalle::crear(const CampoDetalle& c) {
 }
 
 Campo* frmMantenimientoDetalle::crearTexto(const CampoDetalle& c) {
-  Campo* campo = c.ajustes.fijo ? nuevoFijo(c.nombre) : c.clase == CampoDetalle::Importe ? nuevoImporte(c.nombre) : new Campo(c.nombre);
+  Campo* campo = c.ajustes.fijo                     ? nuevoFijo(c.nombre)
+                 : c.clase == CampoDetalle::Importe ? nuevoImporte(c.nombre)
+                                                    : new Campo(c.nombre);
   if (c.clase == CampoDetalle::Clave) campo->setEchoMode(QLineEdit::Password);
   if (!c.ajustes.filtro.empty()) {
     campo->filtro = [clases = c.ajustes.filtro](QChar tecla) {
@@ -212,7 +222,8 @@ Campo* frmMantenimientoDetalle::crearTexto(const CampoDetalle& c) {
       return tecla;
     };
   }
-  if (c.ajustes.mascara) campo->alSalir = [campo, mascara = c.ajustes.mascara] { campo->setText(mascara(campo->text())); };
+  if (c.ajustes.mascara)
+    campo->alSalir = [campo, mascara = c.ajustes.mascara] { campo->setText(mascara(campo->text())); };
   campo->setText(*c.texto);
   campo->setCursorPosition(0);  // a long text is read from its beginning
   recoger_.push_back([campo, v = c.texto] { *v = campo->text(); });

@@ -118,7 +118,9 @@ class frmMantenimientoDetalle : public Forma {
 
   // A control of the screen by its name.
   template <class T>
-  T* control(const char* nombre) { return findChild<T*>(QLatin1String(nombre)); }
+  T* control(const char* nombre) {
+    return findChild<T*>(QLatin1String(nombre));
+  }
   bool seEdita() const { return SeEdita(modo_); }
 
  private:

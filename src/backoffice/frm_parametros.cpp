@@ -20,10 +20,12 @@ frmParametros::frmParametros(Puesto& p, QWidget* padre)
   connect(dcbAlmacen_, &QComboBox::currentIndexChanged, this, [this] { quitarMal(dcbAlmacen_); });
   dcbAlmacen_->setCurrentIndex(dcbAlmacen_->findData(v_.dcbAlmacen));
 
+  // clang-format off
   const struct { const char *nombre, *rotulo; QWidget* campo; bool* marca; } filas[] = {
       {"chkNumeracion", "&Numeración", numeracion, &v_.chkNumeracion},
       {"chkAlmacen", "&Almacén", dcbAlmacen_, &v_.chkAlmacen},
   };
+  // clang-format on
   for (const auto& f : filas) {
     auto* marca = new QCheckBox(QString::fromUtf8(f.rotulo));
     marca->setObjectName(QLatin1String(f.nombre));

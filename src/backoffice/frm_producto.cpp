@@ -5,8 +5,10 @@
 namespace {
 
 std::vector<CampoDetalle> camposDe(DetalleProducto& v) {
-  const std::vector<ClaseTecla> mayusculas{ClaseTecla::Mayusculas}, decimal{ClaseTecla::Decimal}, digitos{ClaseTecla::Digitos};
+  const std::vector<ClaseTecla> mayusculas{ClaseTecla::Mayusculas}, decimal{ClaseTecla::Decimal},
+      digitos{ClaseTecla::Digitos};
   using C = CampoDetalle;
+  // clang-format off
   return {
       {C::Texto, QStringLiteral("txtCodigo"), QStringLiteral("&Código"), &v.txtCodigo, nullptr, {.fijo = true}},
       {C::Texto, QStringLiteral("txtDescripcion"), QStringLiteral("&Descripción"), &v.txtDescripcion, nullptr, {.filtro = mayusculas}},
@@ -19,13 +21,15 @@ std::vector<CampoDetalle> camposDe(DetalleProducto& v) {
       {C::Marca, QStringLiteral("chkCanje"), QStringLiteral("Canje"), nullptr, &v.chkCanje},
       {C::Marca, QStringLiteral("chkControl"), QStringLiteral("Control de Stock"), nullptr, &v.chkControl},
   };
+  // clang-format on
 }
 
 }  // namespace
 
 frmProducto::frmProducto(Puesto& p, DetalleProducto& v, QWidget* padre)
-    : frmMantenimientoDetalle({QStringLiteral("frmProducto"), TituloDetalle(v.modo, QStringLiteral("Producto")), v.modo},
-                              camposDe(v), padre),
+    : frmMantenimientoDetalle(
+          {QStringLiteral("frmProducto"), TituloDetalle(v.modo, QStringLiteral("Producto")), v.modo}, camposDe(v),
+          padre),
       p_(p),
       v_(v) {
   if (!seEdita()) return;

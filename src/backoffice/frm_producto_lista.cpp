@@ -5,13 +5,12 @@
 namespace {
 
 Lista* nuevaLista() {
-  auto* l = new Lista(QStringLiteral("lvwProducto"),
-                      {{QStringLiteral("Cód."), 0.1, true, ColumnaLista::Numero},
-                       {QStringLiteral("Producto"), 0.34},
-                       {QStringLiteral("Abrev."), 0.25},
-                       {QStringLiteral("P.Unit."), 0.13, true, ColumnaLista::Numero},
-                       {QStringLiteral("Tipo"), 0.09},
-                       {QStringLiteral("Stock"), 0.08}});
+  auto* l = new Lista(QStringLiteral("lvwProducto"), {{QStringLiteral("Cód."), 0.1, true, ColumnaLista::Numero},
+                                                      {QStringLiteral("Producto"), 0.34},
+                                                      {QStringLiteral("Abrev."), 0.25},
+                                                      {QStringLiteral("P.Unit."), 0.13, true, ColumnaLista::Numero},
+                                                      {QStringLiteral("Tipo"), 0.09},
+                                                      {QStringLiteral("Stock"), 0.08}});
   l->textoVacio = QStringLiteral("Sin productos: Insert para crear el primero");
   return l;
 }
@@ -28,8 +27,8 @@ FilaProducto productoDe(const FilaLista& f) {
 }  // namespace
 
 frmProductoLista::frmProductoLista(Puesto& p, QWidget* padre)
-    : frmMantenimientoLista(p, {QStringLiteral("frmProductoLista"), QStringLiteral("Relación de Productos")}, nuevaLista(),
-                            padre) {
+    : frmMantenimientoLista(p, {QStringLiteral("frmProductoLista"), QStringLiteral("Relación de Productos")},
+                            nuevaLista(), padre) {
   conActivar();
   std::vector<FilaProducto> filas;
   if (LeerProductos(p, filas)) llenarCon(filas, filaDe);

@@ -24,8 +24,8 @@ AspectoLista aspecto() {
 
 FrmTablas::FrmTablas(Puesto& p, QWidget* padre)
     : frmMantenimientoLista(p, aspecto(),
-                            new Lista(QStringLiteral("grddatos"), {{QStringLiteral("Codigo"), 0.2},
-                                                                   {QStringLiteral("Descripción"), 0.79}}),
+                            new Lista(QStringLiteral("grddatos"),
+                                      {{QStringLiteral("Codigo"), 0.2}, {QStringLiteral("Descripción"), 0.79}}),
                             padre) {
   std::vector<FilaTipoTarjeta> filas;
   if (LeerTiposTarjeta(p, filas)) llenarCon(filas, filaDe);

@@ -3,6 +3,7 @@
 namespace {
 
 std::vector<CampoDetalle> camposDe(TipoCambio& v) {
+  // clang-format off
   return {
       // The rate of another day is another row.
       {CampoDetalle::Texto, QStringLiteral("txtFecha"), QStringLiteral("&Fecha"), &v.txtFecha, nullptr, {.mascara = MascaraFecha,
@@ -10,14 +11,15 @@ std::vector<CampoDetalle> camposDe(TipoCambio& v) {
       {CampoDetalle::Importe, QStringLiteral("txtTC"), QStringLiteral("&Tipo Cambio"), &v.txtTC,
        nullptr, {.filtro = {ClaseTecla::Decimal}, .mascara = MascaraTipoCambio}},
   };
+  // clang-format on
 }
 
 }  // namespace
 
 frmTipoCambio::frmTipoCambio(Puesto& p, TipoCambio& v, QWidget* padre)
     : frmMantenimientoDetalle(
-          {QStringLiteral("frmTipoCambio"), TituloDetalle(v.modo, QStringLiteral("Tipo de Cambio")), v.modo}, camposDe(v),
-          padre),
+          {QStringLiteral("frmTipoCambio"), TituloDetalle(v.modo, QStringLiteral("Tipo de Cambio")), v.modo},
+          camposDe(v), padre),
       p_(p),
       v_(v) {
   control<Campo>("txtFecha")->setPlaceholderText(QStringLiteral("dd/mm/aaaa"));

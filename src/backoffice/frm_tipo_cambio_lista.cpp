@@ -5,9 +5,9 @@
 namespace {
 
 Lista* nuevaLista() {
-  auto* l = new Lista(QStringLiteral("lvwTipoCambio"),
-                      {{QStringLiteral("Fecha"), 0.5, false, ColumnaLista::Fecha},
-                       {QStringLiteral("Tipo Cambio"), 0.48, true, ColumnaLista::Numero}});
+  auto* l =
+      new Lista(QStringLiteral("lvwTipoCambio"), {{QStringLiteral("Fecha"), 0.5, false, ColumnaLista::Fecha},
+                                                  {QStringLiteral("Tipo Cambio"), 0.48, true, ColumnaLista::Numero}});
   l->textoVacio = QStringLiteral("Sin tipos de cambio: Insert para registrar el de hoy");
   return l;
 }

@@ -4,6 +4,7 @@ namespace {
 
 std::vector<CampoDetalle> camposDe(DetalleUsuario& v) {
   using C = CampoDetalle;
+  // clang-format off
   return {
       // Another name would be another row.
       {C::Texto, QStringLiteral("txtUsuario"), QStringLiteral("&Usuario"), &v.txtUsuario, nullptr, {.fijo = v.modo == ModoDetalle::Editar}},
@@ -14,6 +15,7 @@ std::vector<CampoDetalle> camposDe(DetalleUsuario& v) {
       {C::Texto, QStringLiteral("txtNombres"), QStringLiteral("&Nombres"), &v.txtNombres},
       {C::Opciones, QStringLiteral("optActivo"), QStringLiteral("Estado|Activo|Inactivo"), nullptr, &v.activo},
   };
+  // clang-format on
 }
 
 }  // namespace

@@ -24,12 +24,14 @@ std::optional<double> entero(const QString& texto) {
 bool escribir(Puesto& p, const QString& clave, const QString& valor) {
   EscribirParametro(p, kSeccion, clave, p.ses.psArchivoCfg, valor);
   Recordset rs;
-  return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("SELECT ") + clave + QStringLiteral(" FROM CONFIGURACION"),
-                                      rs) &&
+  return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
+                                      QStringLiteral("SELECT ") + clave + QStringLiteral(" FROM CONFIGURACION"), rs) &&
          (rs.Eof() || LimpiarNulo(rs[0]) == Recortar(valor));
 }
 
-bool consultar(Puesto& p, const QString& sql, Recordset& rs) { return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs); }
+bool consultar(Puesto& p, const QString& sql, Recordset& rs) {
+  return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs);
+}
 
 }  // namespace
 
@@ -40,8 +42,8 @@ void CargarParametros(Puesto& p, Parametros& v) {
   Conexion central;
   Recordset rs;
   if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return;
-  if (p.poDBAdmin.EjecutarConsulta(central,
-                                   QStringLiteral(" SELECT cCodAlmac, vDscAlmac FROM Almacen ORDER BY vDscAlmac "), rs)) {
+  if (p.poDBAdmin.EjecutarConsulta(
+          central, QStringLiteral(" SELECT cCodAlmac, vDscAlmac FROM Almacen ORDER BY vDscAlmac "), rs)) {
     for (const auto& f : rs) v.almacenes.emplace_back(LimpiarNulo(f[u"cCodAlmac"]), LimpiarNulo(f[u"vDscAlmac"]));
   }
   p.poDBAdmin.CerrarBD(central);
@@ -49,20 +51,27 @@ void CargarParametros(Puesto& p, Parametros& v) {
 
 bool GrabarNumeracion(Puesto& p, Parametros& v) {
   const auto numero = entero(v.txtNumeracion);
-  if (!Comprobar(p, {{!numero, u"txtNumeracion", u"Debe de ingresar un número para inicializar el comprobante"},
-                     {numero <= 0, u"txtNumeracion",
-                      u"El numero ingresado en Numeración no puede ser menor o igual que cero"},
-                     {numero > std::numeric_limits<int>::max(), u"txtNumeracion",
-                      u"El número ingresado en Numeración es demasiado grande"}}, v.campoMal)) return false;
+  if (!Comprobar(
+          p,
+          {{!numero, u"txtNumeracion", u"Debe de ingresar un número para inicializar el comprobante"},
+           {numero <= 0, u"txtNumeracion", u"El numero ingresado en Numeración no puede ser menor o igual que cero"},
+           {numero > std::numeric_limits<int>::max(), u"txtNumeracion",
+            u"El número ingresado en Numeración es demasiado grande"}},
+          v.campoMal))
+    return false;
   Recordset rs;
   if (!consultar(p, QStringLiteral(" SELECT max(cOperCode) as Maximo FROM Operacion "), rs)) return false;
-  if (!Comprobar(p, {{numero <= Numero(rs[u"Maximo"]), u"txtNumeracion",
-                      u"El número con el que desea inicializar es menor o igual que el maximo valor de los comprobantes "
-                      u"existentes"}}, v.campoMal)) return false;
+  if (!Comprobar(p,
+                 {{numero <= Numero(rs[u"Maximo"]), u"txtNumeracion",
+                   u"El número con el que desea inicializar es menor o igual que el maximo valor de los comprobantes "
+                   u"existentes"}},
+                 v.campoMal))
+    return false;
   const QString anterior = TextoDe(*numero - 1);
-  if (!consultar(p, QStringLiteral(" SELECT cOperCode    FROM Operacion   WHERE cOperCode = ") + anterior, rs)) return false;
-  return !rs.Eof() ||
-         EjecutarConAviso(p, QStringLiteral(" INSERT INTO Operacion(cOperCode) VALUES ('") + anterior + QStringLiteral("')"));
+  if (!consultar(p, QStringLiteral(" SELECT cOperCode    FROM Operacion   WHERE cOperCode = ") + anterior, rs))
+    return false;
+  return !rs.Eof() || EjecutarConAviso(p, QStringLiteral(" INSERT INTO Operacion(cOperCode) VALUES ('") + anterior +
+                                              QStringLiteral("')"));
 }
 
 bool GrabarAlmacen(Puesto& p, Parametros& v) {
@@ -70,7 +79,8 @@ bool GrabarAlmacen(Puesto& p, Parametros& v) {
   const QString clave = QStringLiteral("Almacen");
   // Both or none: a desk whose catalogue stays behind would find no article.
   if (EnTransaccion(p, [&] {
-        return EjecutarConAviso(p, QStringLiteral("UPDATE Producto set cAlmaCode='") + ReemplazarComilla(v.dcbAlmacen) + u'\'') &&
+        return EjecutarConAviso(
+                   p, QStringLiteral("UPDATE Producto set cAlmaCode='") + ReemplazarComilla(v.dcbAlmacen) + u'\'') &&
                escribir(p, clave, v.dcbAlmacen);
       })) {
     p.ses.psAlmacen = v.dcbAlmacen;
@@ -82,9 +92,12 @@ bool GrabarAlmacen(Puesto& p, Parametros& v) {
 
 bool GrabarServicio(Puesto& p, Parametros& v) {
   const bool hay = EsNumerico(v.txtServicio);
-  if (!Comprobar(p, {{!hay, u"txtServicio", u"Debe de ingresar un número grabar el % Servicio"},
-                     {LeerImporte(v.txtServicio) <= 0, u"txtServicio",
-                      u"El numero ingresado en % Servicio no puede ser menor o igual que cero"}}, v.campoMal)) return false;
+  if (!Comprobar(p,
+                 {{!hay, u"txtServicio", u"Debe de ingresar un número grabar el % Servicio"},
+                  {LeerImporte(v.txtServicio) <= 0, u"txtServicio",
+                   u"El numero ingresado en % Servicio no puede ser menor o igual que cero"}},
+                 v.campoMal))
+    return false;
   const QString porcentaje = TextoDe(LeerImporte(v.txtServicio));
   if (!escribir(p, QStringLiteral("PorcServ"), porcentaje)) return false;
   p.ses.psPorcServ = porcentaje;

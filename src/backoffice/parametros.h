@@ -10,8 +10,8 @@ struct Puesto;
 struct Parametros {
   bool chkNumeracion = false, chkAlmacen = false;
   QString txtNumeracion;
-  QString dcbAlmacen;   // code of the chosen warehouse; "" for none
-  QString txtServicio;  // percentage
+  QString dcbAlmacen;                                  // code of the chosen warehouse; "" for none
+  QString txtServicio;                                 // percentage
   std::vector<std::pair<QString, QString>> almacenes;  // code, name; by name
   QString campoMal;
 };

@@ -26,6 +26,7 @@ bool sonFichas(const QString& texto) {
 
 bool validar(Puesto& p, DetalleProducto& v) {
   MarcarCanje(v);
+  // clang-format off
   return Comprobar(p, {
       {v.chkCanje && !v.chkFicha, u"chkFicha", u"Debe indicar el número de fichas equivalentes"},
       {v.chkFicha && !sonFichas(v.txtFichas), u"txtFichas", u"Debe ingresar el número de fichas"},
@@ -35,22 +36,26 @@ bool validar(Puesto& p, DetalleProducto& v) {
       {!EsNumerico(v.txtPUnitario) || LeerImporte(v.txtPUnitario) < 0, u"txtPUnitario",
        u"Ingresar PRecio Unitario del Producto"},
   }, v.campoMal);
+  // clang-format on
 }
 
 SentenciasDetalle sentencias(const Puesto& p, const DetalleProducto& v) {
   const double fichas = sonFichas(v.txtFichas) ? LeerImporte(v.txtFichas) : 0;
   const QString almacen = ReemplazarComilla(p.ses.psAlmacen), codigo = Recortar(v.txtCodigo);
-  const QString descripcion = ReemplazarComilla(Recortar(v.txtDescripcion)), corta = ReemplazarComilla(Recortar(v.txtCorta));
+  const QString descripcion = ReemplazarComilla(Recortar(v.txtDescripcion)),
+                corta = ReemplazarComilla(Recortar(v.txtCorta));
   const QString precio = Formatear(LeerImporte(v.txtPUnitario), u"#########0.00");
   return {
-      FormatearSQL(QStringLiteral("INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, "
-                                  "cProdEstd, cProdFlagFicha, cProdFichaCant, cProdFlagCanje, cProdFlagControl) "
-                                  "VALUES ('$', $, '$', '$', $, $, $, $, $, $)"),
-                   {almacen, codigo, descripcion, corta, precio, v.activo, v.chkFicha, fichas, v.chkCanje, v.chkControl}),
-      FormatearSQL(QStringLiteral("UPDATE Producto SET sProdDesc = '$', sProdDescCrta = '$', nProdPrecUnit = $, "
-                                  "cProdEstd = $, cProdFlagFicha = $, cProdFichaCant = $, cProdFlagCanje = $, "
-                                  "cProdFlagControl = $ WHERE cProdCode = $ AND cAlmaCode = '$'"),
-                   {descripcion, corta, precio, v.activo, v.chkFicha, fichas, v.chkCanje, v.chkControl, codigo, almacen}),
+      FormatearSQL(
+          QStringLiteral("INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, "
+                         "cProdEstd, cProdFlagFicha, cProdFichaCant, cProdFlagCanje, cProdFlagControl) "
+                         "VALUES ('$', $, '$', '$', $, $, $, $, $, $)"),
+          {almacen, codigo, descripcion, corta, precio, v.activo, v.chkFicha, fichas, v.chkCanje, v.chkControl}),
+      FormatearSQL(
+          QStringLiteral("UPDATE Producto SET sProdDesc = '$', sProdDescCrta = '$', nProdPrecUnit = $, "
+                         "cProdEstd = $, cProdFlagFicha = $, cProdFichaCant = $, cProdFlagCanje = $, "
+                         "cProdFlagControl = $ WHERE cProdCode = $ AND cAlmaCode = '$'"),
+          {descripcion, corta, precio, v.activo, v.chkFicha, fichas, v.chkCanje, v.chkControl, codigo, almacen}),
       FormatearSQL(QStringLiteral("DELETE * FROM Producto WHERE cProdCode = $ and cAlmaCode ='$'"), {codigo, almacen})};
 }
 
@@ -64,7 +69,8 @@ bool LeerProductos(Puesto& p, std::vector<FilaProducto>& filas) {
           QStringLiteral(" SELECT cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, cProdEstd, cProdFlagFicha, "
                          "cProdFlagCanje, cProdFlagControl FROM Producto where cAlmaCode = '") +
               ReemplazarComilla(p.ses.psAlmacen) + QStringLiteral("' ORDER BY cProdCode"),
-          rs)) return false;
+          rs))
+    return false;
   for (const auto& f : rs) {
     filas.push_back({LimpiarNulo(f[u"cProdCode"]), LimpiarNulo(f[u"sProdDesc"]), LimpiarNulo(f[u"sProdDescCrta"]),
                      precioMostrado(Numero(f[u"nProdPrecUnit"])),
@@ -79,15 +85,20 @@ bool CargarProducto(Puesto& p, ModoDetalle modo, const QString& codigo, DetalleP
   v.modo = modo;
   Recordset rs;
   if (modo == ModoDetalle::Nuevo) {
-    if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                      QStringLiteral("SELECT MAX(cProdCode) AS CODIGO FROM Producto where cAlmaCode='") +
-                                          ReemplazarComilla(p.ses.psAlmacen) + u'\'', rs)) return false;
+    if (!p.poDBAdmin.EjecutarConsulta(
+            p.poCnnLocal,
+            QStringLiteral("SELECT MAX(cProdCode) AS CODIGO FROM Producto where cAlmaCode='") +
+                ReemplazarComilla(p.ses.psAlmacen) + u'\'',
+            rs))
+      return false;
     v.txtCodigo = TextoDe(Numero(rs[u"CODIGO"]) + 1);
     return true;
   }
-  if (!LeerFilaDetalle(p, FormatearSQL(QStringLiteral("SELECT * FROM Producto WHERE cProdCode = $ AND cAlmaCode ='$'"),
-                                       {codigo, ReemplazarComilla(p.ses.psAlmacen)}),
-                       QStringLiteral("El producto %1 ya no existe.").arg(codigo), rs)) return false;
+  if (!LeerFilaDetalle(p,
+                       FormatearSQL(QStringLiteral("SELECT * FROM Producto WHERE cProdCode = $ AND cAlmaCode ='$'"),
+                                    {codigo, ReemplazarComilla(p.ses.psAlmacen)}),
+                       QStringLiteral("El producto %1 ya no existe.").arg(codigo), rs))
+    return false;
   v.txtCodigo = LimpiarNulo(rs[u"cProdCode"]);
   v.txtDescripcion = LimpiarNulo(rs[u"sProdDesc"]);
   v.txtCorta = LimpiarNulo(rs[u"sProdDescCrta"]);
@@ -108,15 +119,21 @@ void MarcarCanje(DetalleProducto& v) {
 bool GuardarProducto(Puesto& p, DetalleProducto& v) { return GuardarDetalle(p, v, validar, sentencias); }
 
 FilaProducto FilaDe(const DetalleProducto& v) {
-  return {v.txtCodigo, Recortar(v.txtDescripcion), Recortar(v.txtCorta), precioMostrado(LeerImporte(v.txtPUnitario)),
-          tipoDe(v.chkFicha, v.chkCanje), siNo(v.chkControl), v.activo};
+  return {v.txtCodigo,
+          Recortar(v.txtDescripcion),
+          Recortar(v.txtCorta),
+          precioMostrado(LeerImporte(v.txtPUnitario)),
+          tipoDe(v.chkFicha, v.chkCanje),
+          siNo(v.chkControl),
+          v.activo};
 }
 
 bool ActivarProducto(Puesto& p, FilaProducto& fila) {
   if (!PreguntarActivar(p, fila.activo, fila.descripcion)) return false;
   if (!EjecutarConAviso(p, FormatearSQL(QStringLiteral("UPDATE Producto SET cProdEstd = $ WHERE cProdCode = $ and "
                                                        "cAlmaCode = '$'"),
-                                        {!fila.activo, fila.codigo, ReemplazarComilla(p.ses.psAlmacen)}))) return false;
+                                        {!fila.activo, fila.codigo, ReemplazarComilla(p.ses.psAlmacen)})))
+    return false;
   fila.activo = !fila.activo;
   return true;
 }

@@ -29,10 +29,13 @@ TeclaMostrada conArticulo(const QString& nombre) {
 bool nombreEnAlmacen(Puesto& p, const QString& codigo, std::optional<QString>& nombre) {
   nombre.reset();
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                    FormatearSQL(QStringLiteral("SELECT sProdDescCrta FROM Producto WHERE cProdCode = $ "
-                                                                "AND cAlmaCode = '$'"),
-                                                 {codigo, ReemplazarComilla(p.ses.psAlmacen)}), rs)) return false;
+  if (!p.poDBAdmin.EjecutarConsulta(
+          p.poCnnLocal,
+          FormatearSQL(QStringLiteral("SELECT sProdDescCrta FROM Producto WHERE cProdCode = $ "
+                                      "AND cAlmaCode = '$'"),
+                       {codigo, ReemplazarComilla(p.ses.psAlmacen)}),
+          rs))
+    return false;
   if (!rs.Eof()) nombre = LimpiarNulo(rs[u"sProdDescCrta"]);
   return true;
 }
@@ -42,13 +45,14 @@ bool nombreEnAlmacen(Puesto& p, const QString& codigo, std::optional<QString>& n
 bool traerArticulo(Puesto& p, const QString& codigo, std::optional<QString>& nombre) {
   Recordset rs;
   const QString donde = QStringLiteral(" WHERE cProdCode=") + codigo;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("SELECT cAlmaCode FROM Producto") + donde, rs)) return false;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("SELECT cAlmaCode FROM Producto") + donde, rs))
+    return false;
   if (rs.Eof()) {
     p.mensajes.mostrar(QStringLiteral("El artículo %1 no existe.").arg(codigo));
     return false;
   }
-  return EjecutarConAviso(p, QStringLiteral("UPDATE PRODUCTO set cAlmaCode='") + ReemplazarComilla(p.ses.psAlmacen) + u'\'' +
-                                 donde) &&
+  return EjecutarConAviso(p, QStringLiteral("UPDATE PRODUCTO set cAlmaCode='") + ReemplazarComilla(p.ses.psAlmacen) +
+                                 u'\'' + donde) &&
          nombreEnAlmacen(p, codigo, nombre);
 }
 
@@ -63,14 +67,17 @@ QString codigoEscrito(const QString& texto) {
 }  // namespace
 
 QString NombreTeclaRegistro(int tecla) {
-  return tecla <= kTeclasPorFila ? QStringLiteral("F%1").arg(tecla) : QStringLiteral("SHFT+F%1").arg(tecla - kTeclasPorFila);
+  return tecla <= kTeclasPorFila ? QStringLiteral("F%1").arg(tecla)
+                                 : QStringLiteral("SHFT+F%1").arg(tecla - kTeclasPorFila);
 }
 
 bool CargarTeclas(Puesto& p, ConfiguraBotonProducto& v) {
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                    seleccion(p, QStringLiteral("WHERE C.cTeclCode between 1 and 24")) +
-                                        QStringLiteral(" ORDER BY cTeclCode"), rs)) return false;
+  if (!p.poDBAdmin.EjecutarConsulta(
+          p.poCnnLocal,
+          seleccion(p, QStringLiteral("WHERE C.cTeclCode between 1 and 24")) + QStringLiteral(" ORDER BY cTeclCode"),
+          rs))
+    return false;
   v.cmdTecla.fill({});
   for (const auto& f : rs) {
     v.cmdTecla[static_cast<size_t>(AEntero(Numero(f[u"cTeclCode"])))] = conArticulo(LimpiarNulo(f[u"sProdDescCrta"]));
@@ -80,8 +87,8 @@ bool CargarTeclas(Puesto& p, ConfiguraBotonProducto& v) {
 
 bool ElegirTecla(Puesto& p, ConfiguraBotonProducto& v, int tecla) {
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                    seleccion(p, QStringLiteral(" WHERE cTeclCode =%1").arg(tecla)), rs)) return false;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, seleccion(p, QStringLiteral(" WHERE cTeclCode =%1").arg(tecla)), rs))
+    return false;
   v.tecla = tecla;
   v.txtBoton = QStringLiteral("DEP %1").arg(tecla);
   v.txtTecla = NombreTeclaRegistro(tecla);
@@ -114,8 +121,10 @@ bool GrabarTecla(Puesto& p, ConfiguraBotonProducto& v) {
         if (conCodigo && !nombreEnAlmacen(p, codigo, nombre)) return false;
         if (conCodigo && !nombre && !traerArticulo(p, codigo, nombre)) return false;
         return EjecutarConAviso(p, FormatearSQL(QStringLiteral("UPDATE ConfiguracionTeclado SET cProdCode = $, "
-                                                        "cTeclFlagAsig = '1' WHERE cTeclCode = $ "), {codigo, v.tecla}));
-      })) return false;
+                                                               "cTeclFlagAsig = '1' WHERE cTeclCode = $ "),
+                                                {codigo, v.tecla}));
+      }))
+    return false;
   v.txtNombreProducto = nombre.value_or(QString());
   v.cmdTecla[static_cast<size_t>(v.tecla)] =
       nombre ? conArticulo(*nombre) : TeclaMostrada{false, QStringLiteral("Producto%1").arg(v.tecla)};

@@ -16,10 +16,10 @@ struct TeclaMostrada {
 // The screen "Configurar Botones y Productos": texts as shown.
 struct ConfiguraBotonProducto {
   std::array<TeclaMostrada, kTeclasConfigurables + 1> cmdTecla;  // by key number; 0 isn't used
-  int tecla = 0;              // the key that is being configured; 0 for none
-  QString txtBoton;           // "DEP 5"
-  QString txtTecla;           // "F5", "SHFT+F1"
-  QString txtCodigoProducto;  // as typed; blank for a free key
+  int tecla = 0;                                                 // the key that is being configured; 0 for none
+  QString txtBoton;                                              // "DEP 5"
+  QString txtTecla;                                              // "F5", "SHFT+F1"
+  QString txtCodigoProducto;                                     // as typed; blank for a free key
   QString txtNombreProducto;
 };
 

@@ -13,7 +13,8 @@ QString montoMostrado(const QVariant& monto) { return Formatear(Numero(monto), u
 
 QString seleccion(const QString& fecha) {
   return FormatearSQL(QStringLiteral(" SELECT dTipoCambFech, nTipoCambMont FROM Tipo_Cambio"
-                                     " WHERE FORMAT(dTipoCambFech, 'dd/mm/yyyy') = '$'"), {fecha});
+                                     " WHERE FORMAT(dTipoCambFech, 'dd/mm/yyyy') = '$'"),
+                      {fecha});
 }
 
 // The engine's words on a key that is there already tell a clerk nothing.
@@ -22,7 +23,8 @@ bool yaEsta(Puesto& p, TipoCambio& v) {
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, seleccion(v.txtFecha), rs)) return true;
   if (rs.Eof()) return false;
   v.campoMal = QStringLiteral("txtFecha");
-  p.mensajes.mostrar(QStringLiteral("Ya hay un tipo de cambio para el %1.\nPara cambiarlo use Editar.").arg(v.txtFecha));
+  p.mensajes.mostrar(
+      QStringLiteral("Ya hay un tipo de cambio para el %1.\nPara cambiarlo use Editar.").arg(v.txtFecha));
   return true;
 }
 
@@ -35,6 +37,7 @@ bool falta(const TipoCambio& v) {
 
 bool validar(Puesto& p, TipoCambio& v) {
   v.txtFecha = MascaraFecha(v.txtFecha);
+  // clang-format off
   if (!Comprobar(p, {
           {!LeerFecha(v.txtFecha), u"txtFecha", u"Ingrese un tipo de fecha válido."},
           {falta(v), u"txtTC", u"Ingrese el tipo de cambio."},
@@ -72,6 +75,7 @@ bool CargarTipoCambio(Puesto& p, ModoDetalle modo, const QString& fecha, TipoCam
     v.txtFecha = FormatearFecha(p.reloj.now(), kFecha);
     return true;
   }
+  // clang-format on
   Recordset rs;
   if (!LeerFilaDetalle(p, seleccion(fecha), QStringLiteral("El tipo de cambio del %1 ya no existe.").arg(fecha), rs)) {
     return false;

@@ -45,22 +45,25 @@ bool GuardarTipoTarjeta(Puesto& p, DetalleTipoTarjeta& v) {
   const QString donde = QStringLiteral(" Where cod_tar = '") + codigo + u'\'';
   bool repetido = false;
   if (v.modo == ModoDetalle::Nuevo) {
-    if (!Comprobar(p, {{codigo.isEmpty(), u"txtcod", u"Debe ingresar Codigo", QStringLiteral("Atención")}}, v.campoMal)) {
+    if (!Comprobar(p, {{codigo.isEmpty(), u"txtcod", u"Debe ingresar Codigo", QStringLiteral("Atención")}},
+                   v.campoMal)) {
       return false;
     }
     Recordset rs;
     if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, kSeleccion + donde, rs)) return false;
     repetido = !rs.Eof();
   }
-  if (!Comprobar(p, {{repetido, u"txtcod", u"Se Registro Anteriormente"},
-                     {descripcion.isEmpty(), u"txtDes", u"Debe ingresar Descripcion", QStringLiteral("Atención")}},
-                 v.campoMal)) return false;
-  return GuardarPorModo(p, v.modo, {
-      QStringLiteral("INSERT INTO ") + kTabla + QStringLiteral(" (cod_tar, Descrip) VALUES('") + codigo +
-          QStringLiteral("','") + descripcion + QStringLiteral("')"),
-      QStringLiteral("UPDATE ") + kTabla + QStringLiteral(" SET  Descrip = '") + descripcion +
-          QStringLiteral("'  WHERE cod_tar = '") + codigo + u'\'',
-      {}});
+  if (!Comprobar(p,
+                 {{repetido, u"txtcod", u"Se Registro Anteriormente"},
+                  {descripcion.isEmpty(), u"txtDes", u"Debe ingresar Descripcion", QStringLiteral("Atención")}},
+                 v.campoMal))
+    return false;
+  return GuardarPorModo(p, v.modo,
+                        {QStringLiteral("INSERT INTO ") + kTabla + QStringLiteral(" (cod_tar, Descrip) VALUES('") +
+                             codigo + QStringLiteral("','") + descripcion + QStringLiteral("')"),
+                         QStringLiteral("UPDATE ") + kTabla + QStringLiteral(" SET  Descrip = '") + descripcion +
+                             QStringLiteral("'  WHERE cod_tar = '") + codigo + u'\'',
+                         {}});
 }
 
 FilaTipoTarjeta FilaDe(const DetalleTipoTarjeta& v) { return {Recortar(v.txtcod), Recortar(v.txtDes)}; }

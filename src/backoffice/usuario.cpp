@@ -26,6 +26,7 @@ bool yaEsta(Puesto& p, DetalleUsuario& v) {
 }
 
 bool validar(Puesto& p, DetalleUsuario& v) {
+  // clang-format off
   if (!Comprobar(p, {
           {Recortar(v.txtUsuario).isEmpty(), u"txtUsuario", u"Ingresar Nombre de Usuario"},
           {Recortar(v.txtReingresarPassword).isEmpty(), u"txtReingresarPassword", u"Reingresar Password de Usuario"},
@@ -66,6 +67,7 @@ bool LeerUsuarios(Puesto& p, std::vector<FilaUsuario>& filas) {
     filas.push_back({LimpiarNulo(f[u"sUserDesc"]), LimpiarNulo(f[u"sPerfDesc"]),
                      LimpiarNulo(f[u"sUserName"]) + u' ' + LimpiarNulo(f[u"sUserApel"]), Numero(f[u"cUserActi"]) == 1});
   }
+  // clang-format on
   return true;
 }
 
@@ -83,7 +85,8 @@ bool CargarUsuario(Puesto& p, ModoDetalle modo, const QString& usuario, DetalleU
   if (!leerPerfiles(p, v)) return false;
   if (modo == ModoDetalle::Nuevo) return true;
   Recordset rs;
-  if (!LeerFilaDetalle(p, seleccion(usuario), QStringLiteral("El usuario %1 ya no existe.").arg(usuario), rs)) return false;
+  if (!LeerFilaDetalle(p, seleccion(usuario), QStringLiteral("El usuario %1 ya no existe.").arg(usuario), rs))
+    return false;
   v.txtUsuario = LimpiarNulo(rs[u"sUserDesc"]);
   v.txtPassword = v.txtReingresarPassword = LimpiarNulo(rs[u"sUserPass"]);
   v.dcbPerfil = LimpiarNulo(rs[u"cPerfCode"]);
@@ -116,7 +119,8 @@ bool ActivarUsuario(Puesto& p, FilaUsuario& fila) {
   }
   if (!PreguntarActivar(p, fila.activo, fila.usuario)) return false;
   if (!EjecutarConAviso(p, FormatearSQL(QStringLiteral("UPDATE Usuario SET cUserActi = $ WHERE TRIM(sUserDesc) = "
-                                                       "TRIM('$')"), {!fila.activo, ReemplazarComilla(fila.usuario)}))) {
+                                                       "TRIM('$')"),
+                                        {!fila.activo, ReemplazarComilla(fila.usuario)}))) {
     return false;
   }
   fila.activo = !fila.activo;

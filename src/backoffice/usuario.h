@@ -18,7 +18,7 @@ struct DetalleUsuario {
   QString txtUsuario, txtPassword, txtReingresarPassword;
   QString dcbPerfil;  // cPerfCode; "" while none is chosen
   QString txtApellidos, txtNombres;
-  bool activo = true;  // optActivo
+  bool activo = true;                                 // optActivo
   std::vector<std::pair<QString, QString>> perfiles;  // cPerfCode, sPerfDesc
   QString campoMal;
 };

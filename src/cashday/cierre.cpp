@@ -33,19 +33,11 @@ void guardarPaso(Puesto& p, int paso) {
 bool hacerPaso(Puesto& p, Principal& v, PantallasPrincipal& pantallas, int paso) {
   v.nIntentosReporte = 1;
   switch (paso) {
-    case kDetalle:
-      EnviarDetalleZ1(p, -1);
-      return false;
-    case kZ1:
-      v.bReporteImpreso = false;
-      return ReportesEspeciales1(p, v, PedidoZ(kZ));
-    case kZ:
-      return ReportesEspeciales(p, v, PedidoZ(kCuadre));
-    case kCuadre:
-      pantallas.cuadreDeCaja(v, kCuadreCierre);
-      return false;
-    default:
-      return false;
+    case kDetalle: EnviarDetalleZ1(p, -1); return false;
+    case kZ1: v.bReporteImpreso = false; return ReportesEspeciales1(p, v, PedidoZ(kZ));
+    case kZ: return ReportesEspeciales(p, v, PedidoZ(kCuadre));
+    case kCuadre: pantallas.cuadreDeCaja(v, kCuadreCierre); return false;
+    default: return false;
   }
 }
 
@@ -70,8 +62,9 @@ bool puedeCerrar(Puesto& p, int paso) {
 }
 
 bool fallaBlanqueo(Puesto& p, const QString& descripcion) {
-  p.mensajes.mostrar(descripcion + QStringLiteral("\nEl cierre de caja queda pendiente en su último paso. Use Reporte Z "
-                                                  "para terminarlo."));
+  p.mensajes.mostrar(descripcion +
+                     QStringLiteral("\nEl cierre de caja queda pendiente en su último paso. Use Reporte Z "
+                                    "para terminarlo."));
   return false;
 }
 
@@ -83,10 +76,10 @@ bool cerrarOperaciones(Puesto& p) {
   }
   // A connection that was left open may be dead by now. One that can't be opened tells so at the statement.
   p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral);
-  if (const auto error = p.poCnnCentral.ejecutar(
-          QStringLiteral(" UPDATE TCABECERAZ1 SET nidEstado = 0 WHERE nidEstado = -1"))) {
-    return fallaBlanqueo(p, QStringLiteral("No se pudo marcar el cierre en la base de datos central: ") +
-                                error->descripcion);
+  if (const auto error =
+          p.poCnnCentral.ejecutar(QStringLiteral(" UPDATE TCABECERAZ1 SET nidEstado = 0 WHERE nidEstado = -1"))) {
+    return fallaBlanqueo(
+        p, QStringLiteral("No se pudo marcar el cierre en la base de datos central: ") + error->descripcion);
   }
   return true;
 }

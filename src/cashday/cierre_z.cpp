@@ -7,9 +7,8 @@
 
 namespace {
 
-const char* const kRango =
-    " SELECT min(o.cdoccodigo) as mini,max(o.cdoccodigo) as maxi FROM Operacion o "
-    "WHERE o.cOperTipo in (1,2,3,4,5) and o.cdoctipo IN ('01','02'){f}{t}";
+const char* const kRango = " SELECT min(o.cdoccodigo) as mini,max(o.cdoccodigo) as maxi FROM Operacion o "
+                           "WHERE o.cOperTipo in (1,2,3,4,5) and o.cdoctipo IN ('01','02'){f}{t}";
 const char* const kTotales =
     "SELECT COUNT(*)AS TotDoc, sum ({valor})  AS TotMonto FROM Operacion AS O WHERE cOperTipo in (1,2,3) "
     "AND cprodcode <> 0 AND cOperflaganula= 0 AND cdoctipo='%1' {f}{t}";
@@ -53,10 +52,11 @@ RangoZ leerRango(LectorReporte& l) {
 // The Z row's number: that of an earlier report of this range or the next one. A desk without watermarks always begins at
 // 0; there the range is the same while its operations are open.
 QString leerIdZ(LectorReporte& l, const QString& caja, const RangoZ& r) {
-  const Recordset rs = l.filas(
-      QStringLiteral("SELECT MAX(IdZ) as MAXIMO FROM CabeceraZ WHERE Caja=%1 AND cOperIdIni=%2 AND cOperIdPIni=%3 "
-                     "AND (cOperIdIni > 0 OR cOperIdFin >= (SELECT MIN(cOperID) FROM Operacion WHERE cOperFlagAbierto=1))")
-          .arg(caja, TextoDe(r.ini), TextoDe(r.iniP)));
+  const Recordset rs =
+      l.filas(QStringLiteral(
+                  "SELECT MAX(IdZ) as MAXIMO FROM CabeceraZ WHERE Caja=%1 AND cOperIdIni=%2 AND cOperIdPIni=%3 "
+                  "AND (cOperIdIni > 0 OR cOperIdFin >= (SELECT MIN(cOperID) FROM Operacion WHERE cOperFlagAbierto=1))")
+                  .arg(caja, TextoDe(r.ini), TextoDe(r.iniP)));
   if (!rs[u"MAXIMO"].isNull()) return LimpiarNulo(rs[u"MAXIMO"]);
   return TextoDe(l.numero("SELECT MAX(IdZ) as MAXIMO FROM CabeceraZ") + 1);
 }
@@ -79,18 +79,29 @@ bool agregarCabeceraZ(Puesto& p, QStringList& sentencias, const DatosReporte& d)
   for (const char* tabla : {"DetalleZ", "CabeceraZ"}) {
     sentencias << QStringLiteral("DELETE FROM %1 WHERE IdZ=%2 AND Caja=%3").arg(QString::fromLatin1(tabla), id, caja);
   }
-  const QStringList valores = {
-      id, caja, QString::number(d.cifras.nItems), TextoDe(d.cifras.nVenta),
-      entreComillas(FormatearFecha(d.momento, u"yyyy-mm-dd")), entreComillas(enLineas(d.z->boletas)),
-      entreComillas(enLineas(d.z->facturas)), entreComillas(d.z->codigo), TextoDe(r.ini), TextoDe(r.fin), TextoDe(r.iniP),
-      TextoDe(r.finP)};
+  const QStringList valores = {id,
+                               caja,
+                               QString::number(d.cifras.nItems),
+                               TextoDe(d.cifras.nVenta),
+                               entreComillas(FormatearFecha(d.momento, u"yyyy-mm-dd")),
+                               entreComillas(enLineas(d.z->boletas)),
+                               entreComillas(enLineas(d.z->facturas)),
+                               entreComillas(d.z->codigo),
+                               TextoDe(r.ini),
+                               TextoDe(r.fin),
+                               TextoDe(r.iniP),
+                               TextoDe(r.finP)};
   sentencias << QStringLiteral("INSERT INTO CabeceraZ(IdZ,Caja,CantidadTotal,MontoTotal,Fecha,RangoTKBOL,RangoTKFAC,"
                                "CodigoRep,cOperIdIni,cOperIdFin,cOperIdPIni,cOperIdPFin) VALUES (") +
                     valores.join(u',') + u')';
   int nItem = 0;
   for (const auto& f : d.cifras.productos) {
-    const QStringList fila = {id, caja, QString::number(++nItem), QString::number(f.cProdCode),
-                              entreComillas(f.descripcion), TextoDe(f.cantidad)};
+    const QStringList fila = {id,
+                              caja,
+                              QString::number(++nItem),
+                              QString::number(f.cProdCode),
+                              entreComillas(f.descripcion),
+                              TextoDe(f.cantidad)};
     sentencias << QStringLiteral("INSERT INTO DetalleZ(IdZ,Caja,nItem,CodProd,DscProd,Cantidad) VALUES (") +
                       fila.join(u',') + u')';
   }

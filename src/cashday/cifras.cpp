@@ -7,12 +7,10 @@
 namespace {
 
 // COUNT(*) keeps the planner from walking the whole history by date in search of the first row.
-const char* const kPrimerPagoEnDolares =
-    "SELECT MIN(o.dOperFech) AS Fecha, COUNT(*) AS Filas   FROM Operacion o "
-    " WHERE o.nMontoDolares > 0 And o.cOperFlagAnula= 0 {f}";
-const char* const kVenta =
-    " SELECT SUM(O.nProdCant) AS TotItem, SUM({valor}) AS TotMonto   FROM Operacion AS O "
-    "  WHERE cOperTipo in (1,2,3)  {f}    AND cprodcode <> 0 AND cOperflaganula= 0 {t}";
+const char* const kPrimerPagoEnDolares = "SELECT MIN(o.dOperFech) AS Fecha, COUNT(*) AS Filas   FROM Operacion o "
+                                         " WHERE o.nMontoDolares > 0 And o.cOperFlagAnula= 0 {f}";
+const char* const kVenta = " SELECT SUM(O.nProdCant) AS TotItem, SUM({valor}) AS TotMonto   FROM Operacion AS O "
+                           "  WHERE cOperTipo in (1,2,3)  {f}    AND cprodcode <> 0 AND cOperflaganula= 0 {t}";
 const char* const kTickets =
     "SELECT distinct(o.cOpercode + 0)  FROM operacion o WHERE  (o.cdoctipo='02' or o.cdoctipo='01') "
     " AND o.cOperTipo in (1,2,3)  AND o.cOperFlaganula=0 {f}{t}";
@@ -42,7 +40,8 @@ double leerTipoCambio(Puesto& p, LectorReporte& l, const QDate* fecha) {
     if (!primero[u"Fecha"].isNull()) dia = primero[u"Fecha"].toDateTime();
   }
   const Recordset rs = l.filas(QStringLiteral(" SELECT nTipoCambMont FROM Tipo_Cambio WHERE FORMAT(dTipoCambFech, "
-                                              "'yyyy/mm/dd') = '") + FormatearFecha(dia, u"yyyy/mm/dd") + u'\'');
+                                              "'yyyy/mm/dd') = '") +
+                               FormatearFecha(dia, u"yyyy/mm/dd") + u'\'');
   if (!l.bien()) return 0;
   if (rs.RecordCount() == 1) return Numero(rs[u"nTipoCambMont"]);
   p.mensajes.mostrar(QStringLiteral("Para registrar ventas en dólares debe registrar el tipo de cambio"));
@@ -88,8 +87,8 @@ const ConsultasReporte kConsultasX1 = {
 std::vector<FilaProductoReporte> FilasDeProducto(const Recordset& rs) {
   std::vector<FilaProductoReporte> lista;
   for (const auto& f : rs) {
-    lista.push_back({AEntero(Numero(f[u"cProdCode"])), LimpiarNulo(f[u"Catal"]), LimpiarNulo(f[u"Descrip"]),
-                     Numero(f[u"Cant"])});
+    lista.push_back(
+        {AEntero(Numero(f[u"cProdCode"])), LimpiarNulo(f[u"Catal"]), LimpiarNulo(f[u"Descrip"]), Numero(f[u"Cant"])});
   }
   return lista;
 }

@@ -21,13 +21,11 @@ const char* const kProductosNotas =
     "   AND d.cProdCode = p.cProdCode    AND d.cAlmaCode = p.cAlmaCode    AND d.cProdcode <> 0 {p}{t}"
     "   AND o.cOperCodeanul =  0 AND TRIM(o.cEstado)= '1' AND o.cOpertipo + 0 in (21)  GROUP BY d.cprodcode "
     " ORDER BY  4";
-const char* const kNulosOrdenes =
-    " SELECT sum(o.nmontoSoles) as monto, count(*) as items  FROM operacionparalela o "
-    "WHERE o.copercodeanul <> 0 AND TRIM(o.cdoctipo)='10' {p}{t}";
+const char* const kNulosOrdenes = " SELECT sum(o.nmontoSoles) as monto, count(*) as items  FROM operacionparalela o "
+                                  "WHERE o.copercodeanul <> 0 AND TRIM(o.cdoctipo)='10' {p}{t}";
 
 const char* const kSumas = " SELECT sum(nMontosoles) as monto, count(*) as items ";
-const char* const kCampos =
-    " SELECT cOperCode, cOperTipo, nTarjNumb, sGlosa, nMontosoles, nMontoDolares, nMoneda ";
+const char* const kCampos = " SELECT cOperCode, cOperTipo, nTarjNumb, sGlosa, nMontosoles, nMontoDolares, nMoneda ";
 
 const char* const kDeRecibidos =
     "FROM OperacionParalela o  WHERE o.cOperTipo + 0 in (%1) and TRIM(o.cEstado) in ('1')  AND o.cOpercodeAnul = 0 {p}{t}";
@@ -74,9 +72,11 @@ bool anuladoEnCentral(Puesto& p, Conexion& central, const Recordset::Fila& f) {
   if (!central.abierta()) return false;
   Recordset rs;
   return p.poDBAdmin.EjecutarConsulta(
-             central, QStringLiteral("SELECT COUNT(1) AS EXISTE FROM PAGOS WHERE FechaAnulacion is not null and "
-                                     "cSerieDocPago='%1' AND convert(int,NroDocPago)=%2")
-                          .arg(LimpiarNulo(f[u"cDocSerie"]), TextoDe(Numero(f[u"cDocCodigo"]))), rs) &&
+             central,
+             QStringLiteral("SELECT COUNT(1) AS EXISTE FROM PAGOS WHERE FechaAnulacion is not null and "
+                            "cSerieDocPago='%1' AND convert(int,NroDocPago)=%2")
+                 .arg(LimpiarNulo(f[u"cDocSerie"]), TextoDe(Numero(f[u"cDocCodigo"]))),
+             rs) &&
          Numero(rs[u"EXISTE"]) > 0;
 }
 

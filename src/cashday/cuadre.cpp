@@ -29,7 +29,8 @@ const QString kCashDolares = QStringLiteral(" SELECT SUM(nMontoDolares - nVuelto
 const QString kCashSoles = QStringLiteral(" SELECT SUM(nMontoSoles + nProdPrecUnit) AS TOTAL") + kAbiertas;
 const QString kConTarjeta = QStringLiteral(" AND cOperTipo = 1 AND TRIM(cEmisor) <> ''  AND cOperFlagAnula = 0 ");
 // The tender rows of each side.
-const QString kRecibos = QStringLiteral(" AND cOperTipo in (1, 3)  AND cDoctipo in ('01','02')  AND cOperFlaganula= 0 ");
+const QString kRecibos =
+    QStringLiteral(" AND cOperTipo in (1, 3)  AND cDoctipo in ('01','02')  AND cOperFlaganula= 0 ");
 const QString kRecibosZ1 =
     QStringLiteral(" AND cOperTipo in (1)  AND cDoctipo in ('01','02', '14', '10')  AND cOperFlaganula= 0 ");
 const QString kSinArticulo = QStringLiteral(" AND cProdCode = 0 ");
@@ -81,9 +82,13 @@ struct Adelantos {
 // The active ones of a kind (22 PADE, 23 PADV), their cash received.
 bool adelantosActivos(Puesto& p, int tipo, Adelantos& suma) {
   Recordset rs;
-  if (!consultar(p, QStringLiteral(" SELECT Sum(nEfectivosoles) as PADS, Sum(nEfectivoDolares) as PADD FROM "
-                                   "OperacionParalela  WHERE cOperTipo in (%1) and cOperFlagAbierto=1 and cEstado in "
-                                   "('1') and cOpercodeAnul=0").arg(tipo), rs)) return false;
+  if (!consultar(p,
+                 QStringLiteral(" SELECT Sum(nEfectivosoles) as PADS, Sum(nEfectivoDolares) as PADD FROM "
+                                "OperacionParalela  WHERE cOperTipo in (%1) and cOperFlagAbierto=1 and cEstado in "
+                                "('1') and cOpercodeAnul=0")
+                     .arg(tipo),
+                 rs))
+    return false;
   suma = {Numero(rs[u"PADS"]), Numero(rs[u"PADD"])};
   return true;
 }
@@ -91,9 +96,13 @@ bool adelantosActivos(Puesto& p, int tipo, Adelantos& suma) {
 // The liquidated ones, each in the currency that it was paid in.
 bool adelantosLiquidados(Puesto& p, int tipo, Adelantos& suma) {
   Recordset rs;
-  if (!consultar(p, QStringLiteral(" SELECT nEfectivosoles as padliqs, nEfectivoDolares as padliqd, nMoneda FROM "
-                                   "OperacionParalela  WHERE cOperTipo in (%1) and cOperFlagAbierto=1 and cEstado in "
-                                   "('2') and cOperCodeAnul=0 ").arg(tipo), rs)) return false;
+  if (!consultar(p,
+                 QStringLiteral(" SELECT nEfectivosoles as padliqs, nEfectivoDolares as padliqd, nMoneda FROM "
+                                "OperacionParalela  WHERE cOperTipo in (%1) and cOperFlagAbierto=1 and cEstado in "
+                                "('2') and cOperCodeAnul=0 ")
+                     .arg(tipo),
+                 rs))
+    return false;
   for (const auto& fila : rs) {
     if (Numero(fila[u"nMoneda"]) == 2) suma.dolares += Numero(fila[u"padliqd"]);
     else suma.soles += Numero(fila[u"padliqs"]);
@@ -178,6 +187,7 @@ void CuadreCajaTotal(Cuadre& v) {
 }
 
 QString DejarCaja(Cuadre& v) {
+  // clang-format off
   const struct { const char* nombre; QString LadoCuadre::*texto; } campos[] = {
       {"txtCaja", &LadoCuadre::txtCaja}, {"txtCajaDolares", &LadoCuadre::txtCajaDolares}};
   QString mal;
@@ -188,6 +198,7 @@ QString DejarCaja(Cuadre& v) {
       else if (mal.isEmpty()) mal = QStringLiteral("%1(%2)").arg(QLatin1String(campo.nombre)).arg(n);
     }
   }
+  // clang-format on
   CuadreCajaTotal(v);
   return mal;
 }

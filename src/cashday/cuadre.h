@@ -9,9 +9,9 @@ struct Puesto;
 // One set of figures, as shown. Soles, and dollars where the name says so. A figure that could not be read is blank.
 struct LadoCuadre {
   QString txtPagos, txtVoucher, txtVoucherDolares, txtCash, txtCashDolares, txtapersoles, txtaperdolares;
-  QString txtCashDRW, txtCashDRWDolares;                          // what must lie in the drawer
+  QString txtCashDRW, txtCashDRWDolares;                                              // what must lie in the drawer
   QString txtCaja = QStringLiteral("0.00"), txtCajaDolares = QStringLiteral("0.00");  // what was counted, as typed
-  QString txtFALTSOB, txtFALTSOBDolares;                          // the first less the second
+  QString txtFALTSOB, txtFALTSOBDolares;                                              // the first less the second
 };
 
 // The article that is being worked on, and the way in which its numbers come from a row of the list and go back.
@@ -26,7 +26,7 @@ constexpr size_t kLadoZ1 = 0, kLadoZ = 1;  // with the parallel documents, alter
 struct Cuadre {
   bool deCierre = false;  // a step of the closing; else the plain view
   std::array<LadoCuadre, 2> lado;
-  QString txtEntregado;  // nothing fills it
+  QString txtEntregado;                   // nothing fills it
   std::vector<QStringList> lvwProductos;  // rows in the columns of the list
   ProductoCuadre producto;
 };

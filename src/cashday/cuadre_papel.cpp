@@ -21,6 +21,7 @@ QString importe(const QString& texto) { return Derecha(Espacios(kImporte) + u'*'
 // The lines from the first dash line on, without their ends.
 QStringList lineasDe(const Cuadre& v, size_t lado, const QString& titulo) {
   using L = LadoCuadre;
+  // clang-format off
   static const struct { const char* rotulo; QString L::*soles; QString L::*dolares; bool dolaresSoloZ1; } kRenglones[] = {
       {"   PAGOS", &L::txtPagos, nullptr, false},
       {" VOUCHER", &L::txtVoucher, &L::txtVoucherDolares, true},
@@ -31,6 +32,7 @@ QStringList lineasDe(const Cuadre& v, size_t lado, const QString& titulo) {
       {"    CAJA", &L::txtCaja, &L::txtCajaDolares, false},
       {"FALT/SOB", &L::txtFALTSOB, &L::txtFALTSOBDolares, false},
   };
+  // clang-format on
   const QString raya(kAncho, u'-');
   QStringList s{raya, centrada(titulo, Espacios(kAncho)), raya,
                 QStringLiteral("CONCEPTO") + QStringLiteral("   SOLES  ") + QStringLiteral(" DOLARES ")};
@@ -46,9 +48,11 @@ QStringList lineasDe(const Cuadre& v, size_t lado, const QString& titulo) {
 QString papel(Puesto& p, const QString& cabecera, const QStringList& lineas, int impresora) {
   return cabecera + Espacios(6) + FormatearFecha(p.reloj.now(), u"dd/mm/yyyy (ddd)") + kFin + lineas.join(kFin) + kFin +
          kFin + kFin + QStringLiteral("CAJA: ") + p.ses.psCaja + kFin +
-         QStringLiteral("Versión %1.%2.%3").arg(TARVOPOS_VERSION_MAYOR).arg(TARVOPOS_VERSION_MENOR)
-             .arg(TARVOPOS_VERSION_REVISION) + kFin +
-         QStringLiteral("Correlativo: ") + CorrelativoImpresion(p, impresora);
+         QStringLiteral("Versión %1.%2.%3")
+             .arg(TARVOPOS_VERSION_MAYOR)
+             .arg(TARVOPOS_VERSION_MENOR)
+             .arg(TARVOPOS_VERSION_REVISION) +
+         kFin + QStringLiteral("Correlativo: ") + CorrelativoImpresion(p, impresora);
 }
 
 std::optional<ErrorBD> guardarLineas(Puesto& p, const QStringList& lineas) {

@@ -21,17 +21,20 @@ const char* const kDetalle =
     " GROUP BY o.cCajaCodi, Format(o.dOperFech, 'dd/mm/yyyy'), d.cAlmaCode, o.cDocTipo, d.cProdCode ";
 
 // The head, the rows and their mean prices; the words of the failure.
-std::optional<ErrorBD> grabarDetalle(Conexion& central, const Recordset& filas, const QString& caja, int estado, QString& idZ1) {
+std::optional<ErrorBD> grabarDetalle(Conexion& central, const Recordset& filas, const QString& caja, int estado,
+                                     QString& idZ1) {
   Recordset rs;
-  if (auto e = central.consultar(QStringLiteral("exec dbo.spr_insertar_cabecera_z1 '%1', %2").arg(caja).arg(estado), rs)) {
+  if (auto e =
+          central.consultar(QStringLiteral("exec dbo.spr_insertar_cabecera_z1 '%1', %2").arg(caja).arg(estado), rs)) {
     return e;
   }
   if (!rs.Eof()) idZ1 = LimpiarNulo(rs[u"idZ1"]);
   for (const auto& f : filas) {
     const auto texto = [&f](QStringView campo) { return LimpiarNulo(f[campo]); };
     if (auto e = central.ejecutar(
-            QStringLiteral("INSERT INTO TDETALLEZ1(nidZ1,cCajaCodi,dOperFech,cAlmaCode,cdocTipo,cProdCode,nProdCant,nMonto) "
-                           "VALUES(%1,'%2',CONVERT(DATETIME,'%3',103),'%4','%5','%6',%7,%8)")
+            QStringLiteral(
+                "INSERT INTO TDETALLEZ1(nidZ1,cCajaCodi,dOperFech,cAlmaCode,cdocTipo,cProdCode,nProdCant,nMonto) "
+                "VALUES(%1,'%2',CONVERT(DATETIME,'%3',103),'%4','%5','%6',%7,%8)")
                 .arg(idZ1, texto(u"cCajaCodi"), texto(u"dOperFech"), texto(u"cAlmaCode"), texto(u"cDocTipo"),
                      texto(u"cProdCode"), TextoDe(Numero(f[u"cant"])), TextoDe(Numero(f[u"precio"]))))) {
       return e;

@@ -17,9 +17,12 @@ bool consultar(Puesto& p, const QString& sql, Recordset& rs) {
 
 // Where an earlier day may have left rows open, the key that orders them and the column of Configuracion that holds
 // the watermark on it.
-struct Sobrantes { QString tabla, clave, marca; };
+struct Sobrantes {
+  QString tabla, clave, marca;
+};
 const Sobrantes kOperaciones{QStringLiteral("Operacion"), QStringLiteral("cOperID"), QStringLiteral("cOperId")};
-const Sobrantes kParalelas{QStringLiteral("Operacionparalela"), QStringLiteral("cOperCode"), QStringLiteral("cOperIdP")};
+const Sobrantes kParalelas{QStringLiteral("Operacionparalela"), QStringLiteral("cOperCode"),
+                           QStringLiteral("cOperIdP")};
 
 const QString kAnteriores = QStringLiteral("dOperFech < (SELECT max(fec) FROM _Tmp)");
 
@@ -34,15 +37,18 @@ bool cerrarAnteriores(Puesto& p, const Sobrantes& s, Apertura apertura, bool& ce
     cuales += QStringLiteral(" AND %1 <= (SELECT %2 FROM Configuracion)").arg(s.clave, s.marca);
   }
   Recordset rs;
-  if (!consultar(p, QStringLiteral("SELECT Count(*) As nCount FROM %1 Where coperflagabierto = 1 AND %2").arg(s.tabla, cuales),
-                 rs)) {
+  if (!consultar(
+          p, QStringLiteral("SELECT Count(*) As nCount FROM %1 Where coperflagabierto = 1 AND %2").arg(s.tabla, cuales),
+          rs)) {
     return false;
   }
   if (Numero(rs[u"nCount"]) <= 0) return true;
   QStringList cierre{QStringLiteral("UPDATE %1 SET coperflagabierto = '0' WHERE %2").arg(s.tabla, cuales)};
   if (apertura == Apertura::EnCurso) {
-    if (!consultar(p, QStringLiteral("SELECT MAX(%1) AS marca FROM %2 Where coperflagabierto = 0 OR %3")
-                          .arg(s.clave, s.tabla, kAnteriores), rs)) {
+    if (!consultar(p,
+                   QStringLiteral("SELECT MAX(%1) AS marca FROM %2 Where coperflagabierto = 0 OR %3")
+                       .arg(s.clave, s.tabla, kAnteriores),
+                   rs)) {
       return false;
     }
     cierre << QStringLiteral("UPDATE Configuracion SET %1 = %2").arg(s.marca, LimpiarNulo(rs[u"marca"]));
@@ -71,7 +77,8 @@ bool cerrarDiasAnteriores(Puesto& p, Principal& principal, Apertura apertura) {
 void pasarSobrantes(Puesto& p, const Sobrantes& s, QString& marca) {
   Recordset rs;
   if (p.poCnnLocal.consultar(QStringLiteral("SELECT MAX(%1) AS marca FROM %2 Where coperflagabierto = 1 AND %3")
-                                 .arg(s.clave, s.tabla, kAnteriores), rs)) {
+                                 .arg(s.clave, s.tabla, kAnteriores),
+                             rs)) {
     return;
   }
   if (Numero(rs[u"marca"]) > Val(marca)) marca = LimpiarNulo(rs[u"marca"]);
@@ -92,7 +99,8 @@ bool leerImporte(const QString& texto, QString& importe) {
 bool rechazarImporte(Puesto& p, FrmApertura& v, const QString& campo, const QString& moneda) {
   v.campoMal = campo;
   p.mensajes.mostrar(QStringLiteral("El importe en %1 no es un número.\nEscriba un importe como 150.00, o 0.00 si no "
-                                    "hay.").arg(moneda));
+                                    "hay.")
+                         .arg(moneda));
   return false;
 }
 
@@ -117,11 +125,17 @@ void CapturaTipoCambio(Puesto& p, PantallasPrincipal& pantallas) {
 
 bool LeerMarcas(Puesto& p, MarcasDia& m) {
   Recordset rs;
-  if (!consultar(p, QStringLiteral("SELECT IIF(ISNULL(MAX(cOperID)),0, MAX(cOperID)) as cOperIDx FROM Operacion "
-                                   "Where coperflagabierto = 0 "), rs)) return false;
+  if (!consultar(p,
+                 QStringLiteral("SELECT IIF(ISNULL(MAX(cOperID)),0, MAX(cOperID)) as cOperIDx FROM Operacion "
+                                "Where coperflagabierto = 0 "),
+                 rs))
+    return false;
   m.cOperIdx = LimpiarNulo(rs[0]);
-  if (!consultar(p, QStringLiteral("SELECT IIF(ISNULL(MAX(cOperCode)),0, MAX(cOperCode)) as cOperCodex FROM "
-                                   "OperacionParalela Where coperflagabierto = 0 "), rs)) return false;
+  if (!consultar(p,
+                 QStringLiteral("SELECT IIF(ISNULL(MAX(cOperCode)),0, MAX(cOperCode)) as cOperCodex FROM "
+                                "OperacionParalela Where coperflagabierto = 0 "),
+                 rs))
+    return false;
   m.cOperCodex = LimpiarNulo(rs[0]);
   return true;
 }
@@ -149,8 +163,10 @@ bool HayOperaciones(Puesto& p) {
   if (consultar(p, QStringLiteral("SELECT cOperId FROM Configuracion"), rs)) marca = LimpiarNulo(rs[u"cOperId"]);
   const QString condicion = marca.isEmpty() ? QStringLiteral("   and o.cOperflagabierto = 1 ")
                                             : QStringLiteral("   and o.cOperId > ") + marca + u' ';
-  if (!consultar(p, QStringLiteral(" SELECT count(*) AS TOTAL FROM Operacion o WHERE o.cOperTipo in (1,2,3,4,5)") +
-                        condicion, rs)) return false;
+  if (!consultar(
+          p, QStringLiteral(" SELECT count(*) AS TOTAL FROM Operacion o WHERE o.cOperTipo in (1,2,3,4,5)") + condicion,
+          rs))
+    return false;
   return Numero(rs[u"TOTAL"]) >= 1;
 }
 
@@ -176,7 +192,8 @@ bool AbrirCaja(Puesto& p, FrmApertura& v, Principal& principal) {
   if (!p.poDBAdmin.EjecutarSentencia(
           p.poCnnLocal,
           QStringLiteral("UPDATE Configuracion SET cCodiTurno = '%1' , nImporApertSol=%2, nImporApertDol=%3, "
-                         "cOperId = %4, cOperIdP = %5").arg(turno, soles, dolares, m.cOperIdx, m.cOperCodex),
+                         "cOperId = %4, cOperIdP = %5")
+              .arg(turno, soles, dolares, m.cOperIdx, m.cOperCodex),
           true)) {
     return fallaApertura(p);
   }
@@ -196,8 +213,8 @@ void CambioTurno(Puesto& p, Principal& v, PantallasPrincipal& pantallas) {
   PrepararOperacion(p, v, pantallas);
   if (AutorizarOperacion(v, pantallas, QStringLiteral("Reporte X"))) ReportesEspeciales(p, v, PedidoX());
   const QString turno = Derecha(QStringLiteral("00") + TextoDe(Val(p.ses.psTurno) + 1), 2);
-  if (!p.poDBAdmin.EjecutarSentencia(
-          p.poCnnLocal, QStringLiteral("UPDATE Configuracion SET cCodiTurno = '") + turno + u'\'', true)) {
+  if (!p.poDBAdmin.EjecutarSentencia(p.poCnnLocal,
+                                     QStringLiteral("UPDATE Configuracion SET cCodiTurno = '") + turno + u'\'', true)) {
     return;
   }
   p.ses.psTurno = turno;

@@ -11,10 +11,12 @@ frmApertura::frmApertura(Puesto& p, Principal& principal, QWidget* padre)
       principal_(principal) {
   cuerpo()->addWidget(nuevoTexto(QStringLiteral("Ingrese Importe Inicial de Caja"), QStringLiteral("sentencia")));
   auto* panel = new Panel;
+  // clang-format off
   const struct { const char *nombre, *etiqueta; QString* texto; } campos[] = {
       {"txtimporsoles", "Importe Soles", &v_.txtimporsoles},
       {"TxtImporDolares", "Importe Dolares", &v_.TxtImporDolares},
   };
+  // clang-format on
   for (const auto& c : campos) {
     Campo* campo = panel->importe(QString::fromLatin1(c.nombre), QString::fromLatin1(c.etiqueta));
     campo->setMinimumWidth(200);

@@ -36,15 +36,17 @@ frmCuadre::frmCuadre(Puesto& p, ModoCuadre modo, bool bReporteImpreso, QWidget* 
   SSTab1_->setCurrentIndex(kCaja);
   cuerpo()->addWidget(SSTab1_, 1);
 
-  auto* boton = nuevoBoton(QStringLiteral("Command1"),
-                           v_.deCierre ? QStringLiteral("&Cerrar Caja") : QStringLiteral("Cerrar"),
-                           QStringLiteral("principal"));
+  auto* boton =
+      nuevoBoton(QStringLiteral("Command1"), v_.deCierre ? QStringLiteral("&Cerrar Caja") : QStringLiteral("Cerrar"),
+                 QStringLiteral("principal"));
   connect(boton, &QPushButton::clicked, this, &frmCuadre::cerrar);
   cuerpo()->addLayout(filaBotones({boton}));
   if (!v_.deCierre) {
-    tecla(QKeyCombination(Qt::ALT, Qt::Key_2), [this] { SSTab1_->setCurrentIndex(kProductos); },
-          QStringLiteral("productos"));
-    tecla(QKeyCombination(Qt::ALT, Qt::Key_3), [this] { SSTab1_->setCurrentIndex(kCaja); }, QStringLiteral("caja"));
+    tecla(
+        QKeyCombination(Qt::ALT, Qt::Key_2), [this] { SSTab1_->setCurrentIndex(kProductos); },
+        QStringLiteral("productos"));
+    tecla(
+        QKeyCombination(Qt::ALT, Qt::Key_3), [this] { SSTab1_->setCurrentIndex(kCaja); }, QStringLiteral("caja"));
   }
   connect(SSTab1_, &QTabWidget::currentChanged, this, [this](int n) {
     if (n == kProductos) lvwProductos_->setFocus();
@@ -59,7 +61,13 @@ frmCuadre::frmCuadre(Puesto& p, ModoCuadre modo, bool bReporteImpreso, QWidget* 
 QFrame* frmCuadre::nuevoLado(size_t n, const QString& nota) {
   LadoCuadre& c = v_.lado[n];
   const bool conVoucherDolares = n == kLadoZ1;
-  struct Renglon { const char *etiqueta, *soles; QString* texto; const char* dolares; QString* textoDolares; };
+  struct Renglon {
+    const char *etiqueta, *soles;
+    QString* texto;
+    const char* dolares;
+    QString* textoDolares;
+  };
+  // clang-format off
   const Renglon renglones[] = {
       {"Pagos :", "txtPagos", &c.txtPagos, nullptr, nullptr},
       {"Voucher :", "txtVoucher", &c.txtVoucher, conVoucherDolares ? "txtVoucherDolares" : nullptr, &c.txtVoucherDolares},
@@ -69,6 +77,7 @@ QFrame* frmCuadre::nuevoLado(size_t n, const QString& nota) {
       {"Saldo CAJA :", "txtCaja", &c.txtCaja, "txtCajaDolares", &c.txtCajaDolares},
       {"FALT/SOB :", "txtFALTSOB", &c.txtFALTSOB, "txtFALTSOBDolares", &c.txtFALTSOBDolares},
   };
+  // clang-format on
   auto* marco = new QFrame;
   marco->setProperty("papel", "tarjeta");
   auto* rejilla = new QGridLayout(marco);
@@ -132,21 +141,21 @@ QWidget* frmCuadre::nuevosProductos() {
   todo->setContentsMargins(10, 10, 10, 10);
   todo->setSpacing(2 * tema::kPaso);
   using C = ColumnaLista;
-  lvwProductos_ = new Lista(QStringLiteral("lvwProductos"),
-                            {{QStringLiteral("Cód."), 0.08, true, C::Numero},
-                             {QStringLiteral("Cód. Catalog."), 0.14},
-                             {QStringLiteral("Producto"), 0.28},
-                             {QStringLiteral("Ingreso"), 0.1, true, C::Numero},
-                             {QStringLiteral("Inv.Inic."), 0.1, true, C::Numero},
-                             {QStringLiteral("Salidas"), 0.1, true, C::Numero},
-                             {QStringLiteral("Inv.Finl."), 0.1, true, C::Numero},
-                             {QStringLiteral("FALT/SOB"), 0.1, true, C::Numero}});
+  lvwProductos_ = new Lista(QStringLiteral("lvwProductos"), {{QStringLiteral("Cód."), 0.08, true, C::Numero},
+                                                             {QStringLiteral("Cód. Catalog."), 0.14},
+                                                             {QStringLiteral("Producto"), 0.28},
+                                                             {QStringLiteral("Ingreso"), 0.1, true, C::Numero},
+                                                             {QStringLiteral("Inv.Inic."), 0.1, true, C::Numero},
+                                                             {QStringLiteral("Salidas"), 0.1, true, C::Numero},
+                                                             {QStringLiteral("Inv.Finl."), 0.1, true, C::Numero},
+                                                             {QStringLiteral("FALT/SOB"), 0.1, true, C::Numero}});
   lvwProductos_->textoVacio = QStringLiteral("Hoy no se ha movido ningún producto");
   todo->addWidget(lvwProductos_, 1);
 
   auto* panel = new Panel({}, 3);
   const auto digitos = [](QChar t) { return FiltrarTecla(t, {ClaseTecla::Digitos}); };
   ProductoCuadre& q = v_.producto;
+  // clang-format off
   const struct { const char *nombre, *etiqueta; QString* texto; bool seEscribe; } campos[] = {
       {"txtProductosNombre", "Producto", &q.txtProductosNombre, false},
       {"txtProductosID", "Ingreso", &q.txtProductosID, true},
@@ -155,6 +164,7 @@ QWidget* frmCuadre::nuevosProductos() {
       {"txtProductosIF", "Inv.Finl.", &q.txtProductosIF, true},
       {"txtProductosFS", "FALT/SOB", &q.txtProductosFS, false},
   };
+  // clang-format on
   for (const auto& c : campos) {
     const QString nombre = QString::fromLatin1(c.nombre), etiqueta = QString::fromLatin1(c.etiqueta);
     Campo* campo = c.seEscribe ? panel->importe(nombre, etiqueta) : panel->fijo(nombre, etiqueta);
@@ -212,8 +222,9 @@ void frmCuadre::cerrar() {
   const QString mal = DejarCaja(v_);
   caja_.mostrar();
   if (!mal.isEmpty()) {
-    p_.mensajes.mostrar(QStringLiteral("El saldo de caja no es un número.\nEscriba un importe como 150.00, o 0.00 si no "
-                                       "hay."));
+    p_.mensajes.mostrar(
+        QStringLiteral("El saldo de caja no es un número.\nEscriba un importe como 150.00, o 0.00 si no "
+                       "hay."));
     marcarMal(findChild<QWidget*>(mal));
     return;
   }

@@ -33,11 +33,14 @@ struct EntradaNumerada {
   bool oculta = false;
 };
 
+// clang-format off
 constexpr EntradaNumerada kMantenimiento[] = {
     {1, "&Productos", true},          {2, "&Tipo de Cambio"}, {3, "-"}, {4, "&Configuración del Teclado"},
     {5, "Cabecera de &Impresión"},    {6, "-"},               {7, "Configuración Impresora"}, {8, "Iniciar Caja"},
 };
+// clang-format on
 
+// clang-format off
 constexpr EntradaNumerada kOperaciones[] = {
     {1, "Cambio de Turno"},     {2, "-"},
     {3, "Caja Registradora"},   {4, "Caja Registradora (Versión Full)"},
@@ -49,6 +52,7 @@ constexpr EntradaNumerada kOperaciones[] = {
     {15, "Consulta OP"},        {16, "Reporte X-1"},
     {17, "Reporte X-1 formato  Excel"},
 };
+// clang-format on
 
 struct BotonBarra {
   int n;
@@ -57,6 +61,7 @@ struct BotonBarra {
 
 constexpr int kPrimerBotonFecha = 15;
 
+// clang-format off
 constexpr BotonBarra kBarra[] = {
     {1, "Productos", "productos"},  {2, "Tipo Cambio", "tipo_cambio"},   {3, "Botones", "botones"},
     {4, "Cabecera", "cabecera"},    {5, "", ""},                         {6, "Caja", "caja"},
@@ -65,6 +70,7 @@ constexpr BotonBarra kBarra[] = {
     {13, "", ""},                   {14, "Salir", "salir"},              {15, "Z Fecha", "z_fecha"},
     {16, "Z1 Fecha", "z1_fecha"},   {17, "Sincronizar", "sincronizar"},
 };
+// clang-format on
 
 QString deArreglo(const char* nombre, int n) { return QStringLiteral("%1(%2)").arg(QLatin1String(nombre)).arg(n); }
 
@@ -112,11 +118,12 @@ void frmPrincipal::crearMantenimiento() {
   QMenu* m = menuBar()->addMenu(QStringLiteral("&Mantenimiento"));
   m->menuAction()->setObjectName(QStringLiteral("mnuMantenimiento"));
   for (const auto& e : kMantenimiento) {
-    mantenimiento_[static_cast<size_t>(e.n)] =
-        entrada(m, deArreglo("mnuMantenimiento_Hijo", e.n), QString::fromUtf8(e.rotulo), [this, n = e.n] { mantenimiento(n); },
-                e.oculta);
+    mantenimiento_[static_cast<size_t>(e.n)] = entrada(
+        m, deArreglo("mnuMantenimiento_Hijo", e.n), QString::fromUtf8(e.rotulo), [this, n = e.n] { mantenimiento(n); },
+        e.oculta);
   }
   const auto abre = [this](PantallaMantenimiento cual) { return [this, cual] { pantallas_.mantenimiento(cual); }; };
+  // clang-format off
   const struct { const char *nombre, *rotulo; QAction** guardar = nullptr; std::function<void()> accion = {}; } resto[] = {
       {"mnuraya", "-"},
       {"mnu_sincronizar_DiaAnt", "Sincronizar Datos (Dia Anterior)", &diaAnterior_, [this] { SincronizarDatos(p_, pantallas_, true); }},
@@ -129,6 +136,7 @@ void frmPrincipal::crearMantenimiento() {
       {"mnu_rayita", "-"},
       {"mnu_tiptar", "Tipo de Tarjeta", nullptr, abre(PantallaMantenimiento::TiposTarjeta)},
   };
+  // clang-format on
   for (const auto& r : resto) {
     const QString rotulo = QString::fromUtf8(r.rotulo);
     const auto falta = [this, rotulo] { pantallas_.noDisponible(sinMnemonico(rotulo)); };
@@ -142,9 +150,9 @@ void frmPrincipal::crearOperaciones() {
   QMenu* m = menuBar()->addMenu(QStringLiteral("Operaciones"));
   m->menuAction()->setObjectName(QStringLiteral("mnuOperaciones"));
   for (const auto& e : kOperaciones) {
-    operaciones_[static_cast<size_t>(e.n)] =
-        entrada(m, deArreglo("mnuOperaciones_Hijo", e.n), QString::fromUtf8(e.rotulo), [this, n = e.n] { operacion(n); },
-                e.oculta);
+    operaciones_[static_cast<size_t>(e.n)] = entrada(
+        m, deArreglo("mnuOperaciones_Hijo", e.n), QString::fromUtf8(e.rotulo), [this, n = e.n] { operacion(n); },
+        e.oculta);
   }
 }
 
@@ -168,7 +176,8 @@ void frmPrincipal::crearMenus() {
     if (p_.ses.pnTipoCambio != 0) pantallas_.noDisponible(QStringLiteral("Venta Futura - Operaciones"));
   }));
   demas_.push_back(suelta(futura, "mnuConsCtaCte", QStringLiteral("Consultas"), falta("Venta Futura - Consultas")));
-  demas_.push_back(suelta(nullptr, "mnuAcercaDe", QStringLiteral("Acerca de..."), [this] { frmAcercaDe(this).exec(); }));
+  demas_.push_back(
+      suelta(nullptr, "mnuAcercaDe", QStringLiteral("Acerca de..."), [this] { frmAcercaDe(this).exec(); }));
   suelta(nullptr, "mnuSalir", QStringLiteral("&Salir"), [this] { p_.salida.terminar(0); });
 }
 
@@ -252,8 +261,9 @@ void frmPrincipal::pintarCentro() {
   for (QPushButton* b : abierta_) b->setVisible(e.clase == EstadoDia::Abierta);
   iniciar_->setVisible(e.clase == EstadoDia::Cerrada);
   reporteZ_->setVisible(e.clase == EstadoDia::CierreInterrumpido);
-  QPushButton* principal = e.clase == EstadoDia::Abierta ? abierta_[1]
-                           : e.clase == EstadoDia::Cerrada ? iniciar_ : reporteZ_;
+  QPushButton* principal = e.clase == EstadoDia::Abierta   ? abierta_[1]
+                           : e.clase == EstadoDia::Cerrada ? iniciar_
+                                                           : reporteZ_;
   const QWidget* foco = focusWidget();
   if (!foco || !foco->isVisible() || !foco->isEnabled()) principal->setFocus();
 }
@@ -362,7 +372,8 @@ void frmPrincipal::boton(int n) {
   switch (n) {
     case 1: mantenimiento(1); return;
     case 2: mantenimiento(2); return;
-    case 3: case 4: return;  // they stand there and do nothing
+    case 3:
+    case 4: return;  // they stand there and do nothing
     case 6:
       CapturaTipoCambio(p_, pantallas_);
       if (p_.ses.pnTipoCambio != 0) operacion(3);

@@ -29,8 +29,11 @@ bool sumarCentral(Puesto& p, Impuestos& t) {
   const QString serie = Derecha(Recortar(p.ses.psCaja), 2);
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
-          central, QStringLiteral("SELECT TipoDoc, sum(igv)  AS SumaIgv FROM VENTA01 WHERE cSerieDoc ='B%1' or  "
-                                  "cSerieDoc ='F%1'  GROUP BY TipoDoc").arg(serie), rs)) {
+          central,
+          QStringLiteral("SELECT TipoDoc, sum(igv)  AS SumaIgv FROM VENTA01 WHERE cSerieDoc ='B%1' or  "
+                         "cSerieDoc ='F%1'  GROUP BY TipoDoc")
+              .arg(serie),
+          rs)) {
     return false;
   }
   for (const auto& f : rs) {

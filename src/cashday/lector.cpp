@@ -19,7 +19,8 @@ Recordset LectorReporte::filas(const QString& consulta) {
   Recordset rs;
   if (!bien_) return rs;
   QString sql = consulta;
-  sql.replace(QStringLiteral("{f}"), periodo_.sFiltro).replace(QStringLiteral("{p}"), periodo_.sFiltroP)
+  sql.replace(QStringLiteral("{f}"), periodo_.sFiltro)
+      .replace(QStringLiteral("{p}"), periodo_.sFiltroP)
       .replace(QStringLiteral("{t}"), turno_)
       .replace(QStringLiteral("{valor}"), valorDeLinea(QStringLiteral("o")))
       .replace(QStringLiteral("{valorp}"), valorDeLinea(QStringLiteral("d")))

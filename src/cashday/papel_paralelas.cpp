@@ -43,7 +43,8 @@ void checkDeAdelantos(Informe& i, const QString& letra, const char* titulo, cons
   i.doble();
 }
 
-void checksDeAdelantos(Informe& i, const QString& letra, const Adelantos& a, const std::array<const char*, 4>& titulos) {
+void checksDeAdelantos(Informe& i, const QString& letra, const Adelantos& a,
+                       const std::array<const char*, 4>& titulos) {
   checkDeAdelantos(i, letra, titulos[0], a.recibidos, false);
   checkDeAdelantos(i, letra, titulos[1], a.liqDia, false);
   checkDeAdelantos(i, letra, titulos[2], a.liq, false);
@@ -53,7 +54,8 @@ void checksDeAdelantos(Informe& i, const QString& letra, const Adelantos& a, con
 // --- check 10
 
 void transaccion(Informe& i, const QString& etiqueta, double cuantos, const SumaAdelantos& s, bool liquidacion) {
-  const QString abre = liquidacion ? QStringLiteral("(") : QString(), cierra = liquidacion ? QStringLiteral(")") : QString();
+  const QString abre = liquidacion ? QStringLiteral("(") : QString(),
+                cierra = liquidacion ? QStringLiteral(")") : QString();
   i.linea(cuenta(etiqueta, cuantos));
   i.linea(linea(kSinEtiqueta, QStringLiteral("S/. *") + abre, s.soles, cierra));
   i.linea(linea(kSinEtiqueta, QStringLiteral("US$ *") + abre, s.dolares, cierra));
@@ -62,7 +64,8 @@ void transaccion(Informe& i, const QString& etiqueta, double cuantos, const Suma
 void recibidos(Informe& i, const QString& etiqueta, const Adelantos& a) {
   if (a.recibidos.cuenta == 0) return;
   transaccion(i, etiqueta, a.recibidos.cuenta,
-              {a.recibidos.suma.soles - a.anulados.suma.soles, a.recibidos.suma.dolares - a.anulados.suma.dolares}, false);
+              {a.recibidos.suma.soles - a.anulados.suma.soles, a.recibidos.suma.dolares - a.anulados.suma.dolares},
+              false);
 }
 
 void liquidados(Informe& i, const QString& etiqueta, const CheckAdelantos& c) {
@@ -93,7 +96,8 @@ void checkDeTransacciones(Informe& i, const DatosReporte& d) {
   liquidados(i, QStringLiteral("PADE LQ Día "), r.pade.liqDia);
   liquidados(i, QStringLiteral("PADV LQ Día "), r.padv.liqDia);
   if (EsPositivo(c.nRecaudado)) {
-    i.linea(ALaDerecha(QStringLiteral("RECAUDACION "), Cuenta(static_cast<double>(c.nRecaudaciones)), 29) + Espacios(3));
+    i.linea(ALaDerecha(QStringLiteral("RECAUDACION "), Cuenta(static_cast<double>(c.nRecaudaciones)), 29) +
+            Espacios(3));
     i.linea(ALaDerecha(Espacios(10), u'(' + Importe(c.nRecaudado) + u')', 29));
   }
 }
@@ -175,10 +179,12 @@ void ChecksParalelos(Informe& i, const DatosReporte& d) {
     cabezaDeCheck(i, d.letra, "1 CHECK NC S/LIQUIDAR                ", r.itemsNC, r.montoNC);
     ListaDeProductos(i, r.productosNC);
   }
-  checksDeAdelantos(i, d.letra, r.pade, {"1 CHECK PADE                        02", "1 CHECK PADE LIQ  Dia               03",
-                                         "1 CHECK PADE LIQ                    04", "1 CHECK PADE ANULADOS               05"});
-  checksDeAdelantos(i, d.letra, r.padv, {"1 CHECK PADV                        06", "1 CHECK PADV LIQ Dia                07",
-                                         "1 CHECK PADV LIQ                    08", "1 CHECK PADV ANULADOS               09"});
+  checksDeAdelantos(i, d.letra, r.pade,
+                    {"1 CHECK PADE                        02", "1 CHECK PADE LIQ  Dia               03",
+                     "1 CHECK PADE LIQ                    04", "1 CHECK PADE ANULADOS               05"});
+  checksDeAdelantos(i, d.letra, r.padv,
+                    {"1 CHECK PADV                        06", "1 CHECK PADV LIQ Dia                07",
+                     "1 CHECK PADV LIQ                    08", "1 CHECK PADV ANULADOS               09"});
   checkDeTransacciones(i, d);
   checkDeTotales(i, d);
 }

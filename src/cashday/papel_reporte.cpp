@@ -14,7 +14,8 @@ QString enCuenta(const QString& etiqueta, double cuantos) { return ALaDerecha(et
 
 // The day that a report by date is about, or now.
 QString diaCorto(const DatosReporte& d) {
-  return d.fecha ? FormatearFecha(d.fecha->startOfDay(), u"DD/MM/YYYY (DDD)") : FormatearFecha(d.momento, u"DD/MM/YYYY (DDD)");
+  return d.fecha ? FormatearFecha(d.fecha->startOfDay(), u"DD/MM/YYYY (DDD)")
+                 : FormatearFecha(d.momento, u"DD/MM/YYYY (DDD)");
 }
 
 void cabecera(Informe& i, const DatosReporte& d) {
@@ -57,7 +58,8 @@ void tercerCheck(Informe& i, const DatosReporte& d) {
   const CifrasReporte& c = d.cifras;
   i.titulo(d.letra + QStringLiteral("  CHECK  TOTALES                    03"));
   const double soles = c.nCajaSol + c.nAperturaSol - c.nRecaudado, dolares = c.nCajaDol + c.nAperturaDol;
-  const CajonReporte cajon{QStringLiteral("APERT.    S/"), QStringLiteral("APERT.     $"), soles, dolares, soles, dolares};
+  const CajonReporte cajon{
+      QStringLiteral("APERT.    S/"), QStringLiteral("APERT.     $"), soles, dolares, soles, dolares};
   ImprimirCajon(i, c, cajon);
   ImprimirNulos(i, c, {});
   i.linea({});
@@ -97,7 +99,10 @@ void pie(Informe& i, const DatosReporte& d) {
     i.linea(d.z->acumulado);
   }
   i.linea(QStringLiteral("CAJA: ") + d.caja + QStringLiteral("   TURNO: ") + d.turno);
-  i.linea(QStringLiteral("Versión %1.%2.%3").arg(TARVOPOS_VERSION_MAYOR).arg(TARVOPOS_VERSION_MENOR).arg(TARVOPOS_VERSION_REVISION));
+  i.linea(QStringLiteral("Versión %1.%2.%3")
+              .arg(TARVOPOS_VERSION_MAYOR)
+              .arg(TARVOPOS_VERSION_MENOR)
+              .arg(TARVOPOS_VERSION_REVISION));
   i.linea(QStringLiteral("Correlativo: ") + d.correlativo);
 }
 

@@ -6,8 +6,8 @@
 
 bool LeerPeriodo(Puesto& p, Periodo& periodo) {
   Recordset rs;
-  const bool leido = p.poDBAdmin.EjecutarConsulta(
-      p.poCnnLocal, QStringLiteral("SELECT cOperId, cOperIdP FROM Configuracion"), rs);
+  const bool leido =
+      p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("SELECT cOperId, cOperIdP FROM Configuracion"), rs);
   const QString cOperId = LimpiarNulo(rs[u"cOperId"]), cOperIdP = LimpiarNulo(rs[u"cOperIdP"]);
   if (cOperId.isEmpty() || cOperIdP.isEmpty()) {
     periodo.sFiltro = periodo.sFiltroP = QStringLiteral("   and o.cOperflagabierto = 1 ");
@@ -21,8 +21,8 @@ bool LeerPeriodo(Puesto& p, Periodo& periodo) {
 Periodo PeriodoDeFecha(const QDate& fecha) {
   // Two bounds instead of a formatted date: an index serves them.
   const auto literal = [](const QDate& d) { return FormatearFecha(d.startOfDay(), u"#mm/dd/yyyy#"); };
-  const QString filtro = QStringLiteral(" and o.dOperFech >= ") + literal(fecha) + QStringLiteral(" and o.dOperFech < ") +
-                         literal(fecha.addDays(1)) + u' ';
+  const QString filtro = QStringLiteral(" and o.dOperFech >= ") + literal(fecha) +
+                         QStringLiteral(" and o.dOperFech < ") + literal(fecha.addDays(1)) + u' ';
   return {filtro, filtro};
 }
 

@@ -87,7 +87,8 @@ void CargarPrincipal(Puesto& p, Principal& v) {
 DatosEstado EstadoPrincipal(Puesto& p) {
   DatosEstado d = EstadoDelPuesto(p);
   Recordset rs;
-  const bool pedido = d.tipoCambio.isEmpty() && p.poCnnLocal.abierta() && !p.poCnnLocal.consultar(ConsultaTipoCambio(p), rs);
+  const bool pedido =
+      d.tipoCambio.isEmpty() && p.poCnnLocal.abierta() && !p.poCnnLocal.consultar(ConsultaTipoCambio(p), rs);
   if (pedido && rs.RecordCount() == 1) d.tipoCambio = Formatear(Numero(rs[0]), u"###,##0.00");
   return d;
 }
@@ -111,8 +112,9 @@ bool AutorizarOperacion(Principal& v, PantallasPrincipal& pantallas, const QStri
 EstadoDia EstadoDelDia(const Puesto& p, const Principal& v) {
   const QString caja = QStringLiteral("CAJA ") + p.ses.psCaja + QStringLiteral(" · ");
   if (v.cierreInterrumpido) {
-    return {EstadoDia::CierreInterrumpido, caja + QStringLiteral("CIERRE SIN TERMINAR"),
-            QStringLiteral("El cierre de caja quedó a medias. Use Reporte Z para terminarlo desde el paso en que quedó.")};
+    return {
+        EstadoDia::CierreInterrumpido, caja + QStringLiteral("CIERRE SIN TERMINAR"),
+        QStringLiteral("El cierre de caja quedó a medias. Use Reporte Z para terminarlo desde el paso en que quedó.")};
   }
   if (!turnoAbierto(p)) {
     return {EstadoDia::Cerrada, caja + QStringLiteral("CERRADA"),

@@ -25,8 +25,8 @@ struct Principal {
   Principal();
 };
 
-constexpr int kIniciarCaja = 8;   // of mnuMantenimiento_Hijo
-constexpr int kReporteZ = 8;      // of mnuOperaciones_Hijo
+constexpr int kIniciarCaja = 8;  // of mnuMantenimiento_Hijo
+constexpr int kReporteZ = 8;     // of mnuOperaciones_Hijo
 constexpr int kBotonReporteZ = 11;
 
 // What stands in the middle of the window.

@@ -45,15 +45,17 @@ struct Trabajo {
 bool marcar(Trabajo& t) {
   Puesto& p = t.p;
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral(" SELECT MAX(cOperCode) AS maximo FROM Operacion"), rs)) {
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral(" SELECT MAX(cOperCode) AS maximo FROM Operacion"),
+                                    rs)) {
     return false;
   }
   return p.poDBAdmin.EjecutarSentencia(
       p.poCnnLocal,
-      FormatearSQL(QStringLiteral("INSERT INTO OPERACION (cOperCode, cUserDesc, dOperFech, cOperTipo, cCajaCodi, cTurnoCodi) "
-                                  "VALUES($, '$', '$', $, '$', '$')"),
-                   {AEntero(Numero(rs[u"maximo"])) + 1, ReemplazarComilla(p.ses.psUsuario),
-                    FormatearFecha(t.d.momento, u"DD/MM/YYYY hh:mm"), t.pedido.nOperTipo, p.ses.psCaja, p.ses.psTurno}),
+      FormatearSQL(
+          QStringLiteral("INSERT INTO OPERACION (cOperCode, cUserDesc, dOperFech, cOperTipo, cCajaCodi, cTurnoCodi) "
+                         "VALUES($, '$', '$', $, '$', '$')"),
+          {AEntero(Numero(rs[u"maximo"])) + 1, ReemplazarComilla(p.ses.psUsuario),
+           FormatearFecha(t.d.momento, u"DD/MM/YYYY hh:mm"), t.pedido.nOperTipo, p.ses.psCaja, p.ses.psTurno}),
       true);
 }
 
@@ -62,9 +64,10 @@ void leerCodigo(Trabajo& t, LectorReporte& l) {
   BloqueZ& z = *t.d.z;
   const QString acumulado = QStringLiteral("Total acumulado: *");
   if (t.fecha) {
-    const Recordset rs = l.filas(
-        QStringLiteral("SELECT IIF(ISNULL(MAX(CodigoRep)),1, MAX(CodigoRep)) as CodigoRepX   FROM CabeceraZ "
-                       " WHERE FORMAT(Fecha, 'dd/mm/yyyy') = '%1' ").arg(FormatearFecha(t.fecha->startOfDay(), u"dd/mm/yyyy")));
+    const Recordset rs =
+        l.filas(QStringLiteral("SELECT IIF(ISNULL(MAX(CodigoRep)),1, MAX(CodigoRep)) as CodigoRepX   FROM CabeceraZ "
+                               " WHERE FORMAT(Fecha, 'dd/mm/yyyy') = '%1' ")
+                    .arg(FormatearFecha(t.fecha->startOfDay(), u"dd/mm/yyyy")));
     z.codigo = rs.RecordCount() > 0 ? LimpiarNulo(rs[u"CodigoRepX"]) : QStringLiteral("000001");
     z.acumulado = acumulado + Importe(t.d.cifras.nVenta);
     return;
@@ -183,8 +186,14 @@ bool reportarFecha(Puesto& p, Principal& v, const Hoja& hoja, const QString& let
 
 bool ReportesEspeciales(Puesto& p, Principal& v, const PedidoReporte& pedido) { return reportar(p, v, kHoja, pedido); }
 
-bool ReportesEspeciales1(Puesto& p, Principal& v, const PedidoReporte& pedido) { return reportar(p, v, kHoja1, pedido); }
+bool ReportesEspeciales1(Puesto& p, Principal& v, const PedidoReporte& pedido) {
+  return reportar(p, v, kHoja1, pedido);
+}
 
-bool ReportesEspecialesFecha(Puesto& p, Principal& v, const QString& letra) { return reportarFecha(p, v, kHoja, letra); }
+bool ReportesEspecialesFecha(Puesto& p, Principal& v, const QString& letra) {
+  return reportarFecha(p, v, kHoja, letra);
+}
 
-bool ReportesEspeciales1Fecha(Puesto& p, Principal& v, const QString& letra) { return reportarFecha(p, v, kHoja1, letra); }
+bool ReportesEspeciales1Fecha(Puesto& p, Principal& v, const QString& letra) {
+  return reportarFecha(p, v, kHoja1, letra);
+}

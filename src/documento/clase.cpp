@@ -19,8 +19,8 @@ const DatosClase kClases[] = {
 }  // namespace
 
 const DatosClase& datosDe(ClaseDocumento clase) {
-  const auto it = std::find_if(std::begin(kClases), std::end(kClases),
-                               [clase](const DatosClase& d) { return d.clase == clase; });
+  const auto it =
+      std::find_if(std::begin(kClases), std::end(kClases), [clase](const DatosClase& d) { return d.clase == clase; });
   Q_ASSERT(it != std::end(kClases));
   return *it;
 }

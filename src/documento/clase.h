@@ -3,16 +3,22 @@
 #include <QString>
 
 enum ClaseDocumento {
-  kVentaExacta = 1, kVentaVoucher = 2, kVentaConVuelto = 5,
-  kOrdenConsumo = 20, kNotaConsumo = 21, kPagoAdelantado = 22, kPagoAdelantadoVoucher = 23, kLiquidacionPad = 24
+  kVentaExacta = 1,
+  kVentaVoucher = 2,
+  kVentaConVuelto = 5,
+  kOrdenConsumo = 20,
+  kNotaConsumo = 21,
+  kPagoAdelantado = 22,
+  kPagoAdelantadoVoucher = 23,
+  kLiquidacionPad = 24
 };
 
 struct DatosClase {
   ClaseDocumento clase;
-  QString palabra;      // on the ticket; "" for a cash sale
-  QString tipoDoc;      // "" for boleta or factura, which the RUC decides
-  bool llevaLineas;     // has article lines of its own on the ticket
-  bool cuadra;          // cash and change must make the total
+  QString palabra;   // on the ticket; "" for a cash sale
+  QString tipoDoc;   // "" for boleta or factura, which the RUC decides
+  bool llevaLineas;  // has article lines of its own on the ticket
+  bool cuadra;       // cash and change must make the total
 };
 
 // The row of a kind. `clase` must be one of the eight.

@@ -31,7 +31,8 @@ bool AbrirCajon(Puesto& p, CommitDocumento&) {
   const auto parametro = [&p](const QString& clave) {
     return LeerParametro(p, QStringLiteral("PARAMETROS"), clave, p.ses.psArchivoCfg);
   };
-  if (Recortar(parametro(QStringLiteral("GAVETA")).toUpper()) == u"S") AbrirGaveta(p, parametro(QStringLiteral("PRINTER")));
+  if (Recortar(parametro(QStringLiteral("GAVETA")).toUpper()) == u"S")
+    AbrirGaveta(p, parametro(QStringLiteral("PRINTER")));
   return true;
 }
 

@@ -10,15 +10,15 @@ struct Puesto;
 // What all rows of one document share.
 struct DatosOperacion {
   qint64 codigo = 0;
-  QString tarjeta;          // 8 digits or ""
-  QString idLocal;          // a number, or NULL
-  QString fecha;            // DD/MM/YYYY hh:mm
-  int tipo = 1;             // cOperTipo of the row
+  QString tarjeta;  // 8 digits or ""
+  QString idLocal;  // a number, or NULL
+  QString fecha;    // DD/MM/YYYY hh:mm
+  int tipo = 1;     // cOperTipo of the row
   QString tipoDoc, serie, ruc;
   qint64 numero = 0;
-  QString emisor;           // "," and the card's code for each card payment
-  qint64 liquidacion = 0;   // the liquidation that the document closes
-  bool breve = false;       // leaves percentage, supervisor, issuer and liquidation to the table's defaults
+  QString emisor;          // "," and the card's code for each card payment
+  qint64 liquidacion = 0;  // the liquidation that the document closes
+  bool breve = false;      // leaves percentage, supervisor, issuer and liquidation to the table's defaults
 };
 
 // Each gives false when the row could not be written, and then the box has been shown.

@@ -6,32 +6,47 @@
 #include "platform/text/texto.h"
 
 bool GrabarParalela(Puesto& p, const DatosOperacion& o, const DatosParalela& d) {
-  const QString plantilla = QStringLiteral(
-      " INSERT INTO OPERACIONPARALELA (cOperCode, cOperTipo, dOperFech, nTarjNumb,"
-      " nMoneda, nMontoSoles, nMontoDolares, nEfectivoSoles, nVueltoSoles, sGlosa,"
-      " cEstado, cCajaCodi, cFlagSincronizacion, cTurnoCodi, cUserDesc, cOpercodeRela, "
-      " nEfectivoDolares, nVueltoDolares, cDocSerie, cDocCodigo, cDocTipo ) "
-      " VALUES"
-      " ($, $, '$', '$', $, $, $, $, $, '$', '$', '$', '$', '$', '$', $ ,$ ,$,'$',$,'$')");
+  const QString plantilla =
+      QStringLiteral(" INSERT INTO OPERACIONPARALELA (cOperCode, cOperTipo, dOperFech, nTarjNumb,"
+                     " nMoneda, nMontoSoles, nMontoDolares, nEfectivoSoles, nVueltoSoles, sGlosa,"
+                     " cEstado, cCajaCodi, cFlagSincronizacion, cTurnoCodi, cUserDesc, cOpercodeRela, "
+                     " nEfectivoDolares, nVueltoDolares, cDocSerie, cDocCodigo, cDocTipo ) "
+                     " VALUES"
+                     " ($, $, '$', '$', $, $, $, $, $, '$', '$', '$', '$', '$', '$', $ ,$ ,$,'$',$,'$')");
   const EfectivoDocumento& e = d.efectivo;
-  const QString sql = FormatearSQL(
-      plantilla, {o.codigo, o.tipo, o.fecha, o.tarjeta, d.moneda, d.montoSoles, d.montoDolares, e.soles, e.vueltoSoles,
-                  ReemplazarComilla(d.glosa), 1, p.ses.psCaja, d.sincronizada ? 1 : 0, p.ses.psTurno,
-                  ReemplazarComilla(p.ses.psUsuario), d.relacion, e.dolares, e.vueltoDolares, o.serie, o.numero,
-                  o.tipoDoc});
+  const QString sql = FormatearSQL(plantilla, {o.codigo,
+                                               o.tipo,
+                                               o.fecha,
+                                               o.tarjeta,
+                                               d.moneda,
+                                               d.montoSoles,
+                                               d.montoDolares,
+                                               e.soles,
+                                               e.vueltoSoles,
+                                               ReemplazarComilla(d.glosa),
+                                               1,
+                                               p.ses.psCaja,
+                                               d.sincronizada ? 1 : 0,
+                                               p.ses.psTurno,
+                                               ReemplazarComilla(p.ses.psUsuario),
+                                               d.relacion,
+                                               e.dolares,
+                                               e.vueltoDolares,
+                                               o.serie,
+                                               o.numero,
+                                               o.tipoDoc});
   return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sql, true);
 }
 
 bool GrabarLineaParalela(Puesto& p, const DatosOperacion& o, const LineaDocumento& l, const QString& supervisor) {
-  const QString plantilla = QStringLiteral(
-      " INSERT INTO OPERACIONPARALELAPRODUCTO (cAlmaCode, cOperCode, cProdCode, nProdCant,"
-      " nProdPrecUnit, nDscto, nServicio,cSupervisor)"
-      " VALUES"
-      " ('$', $, $, $, $, $,$,'$')");
-  const QString sql = FormatearSQL(
-      plantilla, {l.cAlmaCode, o.codigo, l.cProdCode, qAbs(l.cantidad), l.precio, l.porcentaje,
-                  l.conServicio ? p.ses.psPorcServ : QStringLiteral("0"),
-                  l.porcentaje != 0 ? ReemplazarComilla(supervisor) : QString()});
+  const QString plantilla =
+      QStringLiteral(" INSERT INTO OPERACIONPARALELAPRODUCTO (cAlmaCode, cOperCode, cProdCode, nProdCant,"
+                     " nProdPrecUnit, nDscto, nServicio,cSupervisor)"
+                     " VALUES"
+                     " ('$', $, $, $, $, $,$,'$')");
+  const QString sql = FormatearSQL(plantilla, {l.cAlmaCode, o.codigo, l.cProdCode, qAbs(l.cantidad), l.precio,
+                                               l.porcentaje, l.conServicio ? p.ses.psPorcServ : QStringLiteral("0"),
+                                               l.porcentaje != 0 ? ReemplazarComilla(supervisor) : QString()});
   return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sql, true);
 }
 
@@ -46,10 +61,10 @@ bool grabarDinero(Puesto& p, const DatosOperacion& o, const QString& serie, cons
       (emisor ? QStringLiteral(" cemisor,") : QString()) +
       QStringLiteral(" IdLocal)  VALUES ($, '$', '$', $, $, $, $, '$', $, '$', '$',$ ,$, '$', $, '$', $,") +
       (emisor ? QStringLiteral(" '',") : QString()) + QStringLiteral(" $)");
-  const QString sql = FormatearSQL(
-      plantilla, {o.codigo, ReemplazarComilla(p.ses.psUsuario), o.tarjeta, 0, 1, 0 - e.vueltoSoles, e.dolares, o.fecha,
-                  o.tipo, p.ses.psCaja, p.ses.psTurno, e.soles, e.vueltoDolares, ReemplazarComilla(serie), o.numero,
-                  o.tipoDoc, o.liquidacion, o.idLocal});
+  const QString sql =
+      FormatearSQL(plantilla, {o.codigo, ReemplazarComilla(p.ses.psUsuario), o.tarjeta, 0, 1, 0 - e.vueltoSoles,
+                               e.dolares, o.fecha, o.tipo, p.ses.psCaja, p.ses.psTurno, e.soles, e.vueltoDolares,
+                               ReemplazarComilla(serie), o.numero, o.tipoDoc, o.liquidacion, o.idLocal});
   return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sql, true);
 }
 
@@ -68,7 +83,8 @@ bool EsRepetida(Puesto& p, const DatosOperacion& o, const DatosParalela& d, bool
   if (!p.poDBAdmin.EjecutarConsulta(
           p.poCnnLocal,
           QStringLiteral("SELECT dOperFech,nTarjNumb,nMoneda,nMontoSoles,nMontoDolares,nEfectivoSoles,sGlosa"
-                         " FROM OPERACIONPARALELA WHERE cOperCode=") + QString::number(o.codigo - 1),
+                         " FROM OPERACIONPARALELA WHERE cOperCode=") +
+              QString::number(o.codigo - 1),
           rs)) {
     return false;
   }
@@ -85,6 +101,7 @@ bool CerrarParalela(Puesto& p, qint64 codigo, qint64 liquidacion) {
       liquidacion == 0
           ? QStringLiteral(" UPDATE OPERACIONPARALELA SET cEstado = 2 WHERE cOperCode = %1").arg(codigo)
           : QStringLiteral(" UPDATE OPERACIONPARALELA SET cOpercodeRela = %2, cEstado = 2 WHERE cOperCode = %1")
-                .arg(codigo).arg(liquidacion);
+                .arg(codigo)
+                .arg(liquidacion);
   return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, plantilla, true);
 }

@@ -9,8 +9,8 @@ struct DatosParalela {
   int moneda = 0;  // advance payments: 1 paid in soles, 2 in dollars
   double montoSoles = 0, montoDolares = 0;
   EfectivoDocumento efectivo;
-  QString glosa;             // as typed
-  qint64 relacion = 0;       // the document that this one is tied to
+  QString glosa;        // as typed
+  qint64 relacion = 0;  // the document that this one is tied to
   bool sincronizada = false;
 };
 

@@ -6,7 +6,7 @@ struct LineaDocumento {
   QString cAlmaCode;
   int cProdCode = 0;
   QString descripcion;
-  double precio = 0;      // list price of one, tax and service included
+  double precio = 0;  // list price of one, tax and service included
   int cantidad = 0;
   double porcentaje = 0;  // negative a discount, positive a surcharge
   QString canje;          // "PTOS" or "VNTA"

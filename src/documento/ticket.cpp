@@ -99,14 +99,18 @@ QString supervisor(const DatosTicket& t) {
 
 QString caja(const DatosTicket& t) {
   return Espacios(3) + Izquierda(t.usuario, 10) + QStringLiteral("  Cj:") + t.caja + t.forma.turno + t.turno +
-         QStringLiteral(" v%1.%2.%3").arg(TARVOPOS_VERSION_MAYOR).arg(TARVOPOS_VERSION_MENOR).arg(TARVOPOS_VERSION_REVISION) +
+         QStringLiteral(" v%1.%2.%3")
+             .arg(TARVOPOS_VERSION_MAYOR)
+             .arg(TARVOPOS_VERSION_MENOR)
+             .arg(TARVOPOS_VERSION_REVISION) +
          kFin;
 }
 
 QString correlativo(const DatosTicket& t) { return QStringLiteral("         Correlativo: ") + t.correlativo; }
 
 QString lema(const DatosTicket& t) {
-  return esParalela(t.clase) ? QString() : kFin + kFin + Espacios(3) + QStringLiteral("...LA FINCA ALDEBRA ES EL LUGAR!!!");
+  return esParalela(t.clase) ? QString()
+                             : kFin + kFin + Espacios(3) + QStringLiteral("...LA FINCA ALDEBRA ES EL LUGAR!!!");
 }
 
 }  // namespace

@@ -55,7 +55,7 @@ struct DatosTicket {
   QString tarjeta, nombre, ruc;
   QString serie, serieImpresora;
   qint64 numero = 0;
-  bool dolares = false;    // a cash sale in which dollars were taken
+  bool dolares = false;  // a cash sale in which dollars were taken
   double tipoCambio = 0;
   // Body
   FormaLineas forma;
@@ -65,7 +65,7 @@ struct DatosTicket {
   // Close
   std::optional<PuntosTicket> puntos;
   QDateTime momento;
-  QString supervisor;      // "" when nothing had to be authorised
+  QString supervisor;  // "" when nothing had to be authorised
   QString usuario, caja, turno, correlativo;
 };
 

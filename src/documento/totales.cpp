@@ -52,8 +52,9 @@ double tarjetas(Renglones& r, const CifrasVenta& c) {
 
 RenglonTotal adelantado(const QString& etiqueta, const CifrasParalela& c) {
   const bool dolares = c.moneda == 2;
-  return {etiqueta, (dolares ? QStringLiteral("US$ ") : QStringLiteral("S/. ")) +
-                        Formatear(dolares ? c.montoDolares : c.montoSoles, u"0.00"),
+  return {etiqueta,
+          (dolares ? QStringLiteral("US$ ") : QStringLiteral("S/. ")) +
+              Formatear(dolares ? c.montoDolares : c.montoSoles, u"0.00"),
           true};
 }
 
@@ -104,17 +105,10 @@ std::vector<RenglonTotal> TotalesParalela(ClaseDocumento clase, const CifrasPara
       if (c.liquidacion) liquidacion(r, *c.liquidacion);
       else efectivo(r, c.efectivo);
       break;
-    case kNotaConsumo:
-      r.push_back(Total(QStringLiteral(" TOTAL S/."), c.total));
-      break;
-    case kPagoAdelantado:
-      r.push_back(adelantado(QStringLiteral(" CASH/TL"), c));
-      break;
-    case kPagoAdelantadoVoucher:
-      r.push_back(adelantado(QStringLiteral(" TARJETA"), c));
-      break;
-    default:
-      liquidado(r, c);
+    case kNotaConsumo: r.push_back(Total(QStringLiteral(" TOTAL S/."), c.total)); break;
+    case kPagoAdelantado: r.push_back(adelantado(QStringLiteral(" CASH/TL"), c)); break;
+    case kPagoAdelantadoVoucher: r.push_back(adelantado(QStringLiteral(" TARJETA"), c)); break;
+    default: liquidado(r, c);
   }
   return r;
 }

@@ -13,6 +13,7 @@ struct Clave {
 };
 
 // Read in this order at the start.
+// clang-format off
 const Clave kLectura[] = {
     {u"INICIO", u"UserName", &Sesion::psUserName},     {u"INICIO", u"PassWord", &Sesion::psPassWord},
     {u"INICIO", u"DataBase", &Sesion::psDataBase},     {u"INICIO", u"DataServer", &Sesion::psDataServer},
@@ -24,6 +25,7 @@ const Clave kLectura[] = {
     {u"INICIO", u"RutaBDCliente", &Sesion::psRutaBDCliente},
     {u"PARAMETROS", u"DFlag", &Sesion::psDFlag},
 };
+// clang-format on
 
 const struct {
   QString Sesion::*valor;
@@ -34,6 +36,7 @@ const struct {
     {&Sesion::psPorcServ, u"Debe ingresar parámetro de Porcentaje de Servicio en archivo de Configuración"},
 };
 
+// clang-format off
 const Clave kServidorCliente[] = {
     {u"SQLServer", u"ServidorSQL", &Sesion::psServidorSQL},
     {u"SQLServer", u"UserSQL", &Sesion::psUserSQL},
@@ -41,8 +44,10 @@ const Clave kServidorCliente[] = {
     {u"SQLServer", u"BaseDatosSQL", &Sesion::psBaseDatosSQL},
     {u"SQLServer", u"IdionaSQLServer", &Sesion::psIdiomaSQL},
 };
+// clang-format on
 
 // Written back at the end of the reading, so that file and table agree on them.
+// clang-format off
 const Clave kEscritura[] = {
     {u"INICIO", u"UserName", &Sesion::psUserName},   {u"INICIO", u"PassWord", &Sesion::psPassWord},
     {u"INICIO", u"DataBase", &Sesion::psDataBase},   {u"INICIO", u"DataServer", &Sesion::psDataServer},
@@ -52,19 +57,18 @@ const Clave kEscritura[] = {
     {u"PARAMETROS", u"LIQ", &Sesion::psLIQ},         {u"PARAMETROS", u"cOpeF", &Sesion::psOpeF},
     {u"INICIO", u"RutaBDCliente", &Sesion::psRutaBDCliente},
 };
+// clang-format on
 
 template <size_t N>
 void leer(Puesto& p, const Clave (&claves)[N]) {
   for (const Clave& c : claves) {
-    p.ses.*c.valor =
-        LeerParametro(p, QString::fromUtf16(c.seccion), QString::fromUtf16(c.clave), p.ses.psArchivoCfg);
+    p.ses.*c.valor = LeerParametro(p, QString::fromUtf16(c.seccion), QString::fromUtf16(c.clave), p.ses.psArchivoCfg);
   }
 }
 
 QString conexion(const QString& usuario, const QString& clave, const QString& catalogo, const QString& servidor) {
-  return FormatearSQL(
-      QStringLiteral("Provider=SQLOLEDB.1;User ID=$;Password=$;Initial Catalog=$;Data Source=$"),
-      {usuario, clave, catalogo, servidor});
+  return FormatearSQL(QStringLiteral("Provider=SQLOLEDB.1;User ID=$;Password=$;Initial Catalog=$;Data Source=$"),
+                      {usuario, clave, catalogo, servidor});
 }
 
 void fijarIdioma(Puesto& p) {
@@ -88,8 +92,8 @@ void fijarIdioma(Puesto& p) {
 QString LeerParametro(Puesto& p, const QString& seccion, const QString& clave, const QString& archivo) {
   Recordset rs;
   QString valor;
-  if (p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("SELECT ") + clave +
-                                                     QStringLiteral(" FROM CONFIGURACION"), rs) &&
+  if (p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
+                                   QStringLiteral("SELECT ") + clave + QStringLiteral(" FROM CONFIGURACION"), rs) &&
       !rs.Eof()) {
     valor = LimpiarNulo(rs[0]);
   }

@@ -18,14 +18,10 @@ const QString kConvert = QStringLiteral("CONVERT(DATETIME,'");
 QString textoDe(const QVariant& valor) {
   switch (valor.typeId()) {
     case QMetaType::Double:
-    case QMetaType::Float:
-      return TextoDe(valor.toDouble());
-    case QMetaType::QDateTime:
-      return FormatearFecha(valor.toDateTime(), u"dd/mm/yyyy hh:nn:ss");
-    case QMetaType::Bool:
-      return valor.toBool() ? QStringLiteral("1") : QStringLiteral("0");
-    default:
-      return Recortar(valor.toString());
+    case QMetaType::Float: return TextoDe(valor.toDouble());
+    case QMetaType::QDateTime: return FormatearFecha(valor.toDateTime(), u"dd/mm/yyyy hh:nn:ss");
+    case QMetaType::Bool: return valor.toBool() ? QStringLiteral("1") : QStringLiteral("0");
+    default: return Recortar(valor.toString());
   }
 }
 
@@ -118,9 +114,7 @@ double Numero(const QVariant& valor) {
   switch (valor.typeId()) {
     case QMetaType::Double:
     case QMetaType::LongLong:
-    case QMetaType::Int:
-      return valor.toDouble();
-    default:
-      return valor.isNull() ? 0 : Val(valor.toString());
+    case QMetaType::Int: return valor.toDouble();
+    default: return valor.isNull() ? 0 : Val(valor.toString());
   }
 }

@@ -13,7 +13,13 @@
 
 struct Puesto {
   Puesto(Motores& m, Puertos& pu, Reloj& r, Mensajes& me, Salida& s, Rutas ru)
-      : motores(m), puertos(pu), reloj(r), mensajes(me), salida(s), rutas(std::move(ru)), registro(rutas, reloj),
+      : motores(m),
+        puertos(pu),
+        reloj(r),
+        mensajes(me),
+        salida(s),
+        rutas(std::move(ru)),
+        registro(rutas, reloj),
         poDBAdmin(*this) {}
   Puesto(const Puesto&) = delete;
   Puesto& operator=(const Puesto&) = delete;

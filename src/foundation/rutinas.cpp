@@ -20,12 +20,8 @@ QChar filtrar(QChar tecla, ClaseTecla clase) {
     case ClaseTecla::Letras:
       pasa = letraAscii(tecla) || tecla == u'.' || QStringView(u"ÑñáéíóúÁÉÍÓÚ ").contains(tecla);
       break;
-    case ClaseTecla::Decimal:
-      pasa = digito(tecla) || tecla == u'.' || tecla == u' ';
-      break;
-    default:
-      pasa = digito(tecla) || tecla == u' ';
-      break;
+    case ClaseTecla::Decimal: pasa = digito(tecla) || tecla == u'.' || tecla == u' '; break;
+    default: pasa = digito(tecla) || tecla == u' '; break;
   }
   return pasa ? tecla : QChar();
 }

@@ -14,11 +14,11 @@ struct PagoTarjeta {
 
 struct Sesion {
   // Connections
-  bool pbClienteConectado = false;  // poCnnCliente is open now
-  bool pbClienteCaido = false;      // the last attempt to reach the client database failed
-  bool bCentralCaida = false;       // the same of the central database, for the status line
+  bool pbClienteConectado = false;          // poCnnCliente is open now
+  bool pbClienteCaido = false;              // the last attempt to reach the client database failed
+  bool bCentralCaida = false;               // the same of the central database, for the status line
   QHash<QString, QDateTime> tiempoAgotado;  // connection string -> when it last timed out inside a sale
-  bool bAvisoCliente = false;       // the box about the client database was shown in this outage
+  bool bAvisoCliente = false;               // the box about the client database was shown in this outage
 
   // Paths and connection strings
   QString psRutaBD, psArchivoCfg;

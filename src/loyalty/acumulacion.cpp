@@ -12,7 +12,9 @@ bool LeerTipoCliente(Puesto& p, Conexion& cnn, const QString& cliente, int idLoc
                                     rs)) {
     return false;
   }
-  tipo = rs.Eof() ? kSinCliente : rs[u"Tipo"].isNull() ? kTipoDesconocido : static_cast<int>(AEntero(Numero(rs[u"Tipo"])));
+  tipo = rs.Eof()               ? kSinCliente
+         : rs[u"Tipo"].isNull() ? kTipoDesconocido
+                                : static_cast<int>(AEntero(Numero(rs[u"Tipo"])));
   return true;
 }
 

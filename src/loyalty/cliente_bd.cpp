@@ -18,13 +18,11 @@ bool tomarRegla(Sesion& ses, const Recordset& rs) {
 }
 
 void copiarReglaAlPuesto(Puesto& p) {
-  p.poDBAdmin.EjecutarSentencia(
-      p.poCnnLocal,
-      FormatearSQL(QStringLiteral(" UPDATE Regla_Punto "
-                                  "    SET nImpoMaxi = $, "
-                                  "        nPuntImpo = $, "
-                                  "        nPuntCant = $"),
-                   {p.ses.pnImpoMaxi, p.ses.pnPuntImpo, p.ses.pnPuntCant}));
+  p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, FormatearSQL(QStringLiteral(" UPDATE Regla_Punto "
+                                                                          "    SET nImpoMaxi = $, "
+                                                                          "        nPuntImpo = $, "
+                                                                          "        nPuntCant = $"),
+                                                           {p.ses.pnImpoMaxi, p.ses.pnPuntImpo, p.ses.pnPuntCant}));
 }
 
 }  // namespace

@@ -29,13 +29,17 @@ bool leerLocales(Puesto& p, Conexion& cnn, const QString& consulta, std::vector<
 // The sites that a customer's copy without one stands for: those of his waiting points, else his only one. False when a
 // query fails.
 bool localesDe(Puesto& p, const QString& codigo, std::vector<int>& locales) {
-  if (!leerLocales(p, p.poCnnLocal,
-                   QStringLiteral("SELECT DISTINCT IdLocal FROM Acumulacion_Punto WHERE cSincroFlag = 0 AND IdLocal <> 0 "
-                                  "AND cClieCode = ") + codigo, locales)) {
+  if (!leerLocales(
+          p, p.poCnnLocal,
+          QStringLiteral("SELECT DISTINCT IdLocal FROM Acumulacion_Punto WHERE cSincroFlag = 0 AND IdLocal <> 0 "
+                         "AND cClieCode = ") +
+              codigo,
+          locales)) {
     return false;
   }
   if (!locales.empty()) return true;
-  if (!leerLocales(p, p.poCnnCliente, QStringLiteral("SELECT IdLocal FROM Cliente WHERE cClieCode = ") + codigo, locales)) {
+  if (!leerLocales(p, p.poCnnCliente, QStringLiteral("SELECT IdLocal FROM Cliente WHERE cClieCode = ") + codigo,
+                   locales)) {
     return false;
   }
   if (locales.size() != 1) locales.clear();

@@ -71,19 +71,18 @@ bool buscarEnAlmacen(Puesto& p, Acumulacion& a) {
 }
 
 void acumularEnCliente(Puesto& p, Acumulacion& a) {
-  const QString momento = QStringLiteral("convert(datetime,'") +
-                          FormatearFecha(p.reloj.now(), u"yyyy-mm-dd hh:nn:ss") + QStringLiteral("',120)");
+  const QString momento = QStringLiteral("convert(datetime,'") + FormatearFecha(p.reloj.now(), u"yyyy-mm-dd hh:nn:ss") +
+                          QStringLiteral("',120)");
   if (!SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo) ||
       !InsertarAcumulacion(p, p.poCnnCliente, a, momento, false)) {
     return;
   }
-  p.poDBAdmin.EjecutarSentencia(
-      p.poCnnCliente,
-      FormatearSQL(QStringLiteral("UPDATE Cliente SET nPuntCant = ISNULL(nPuntCant,0) + $, "
-                                  "dUltTDate = $, cTranCode = $,bFlagSincro= $ "
-                                  "WHERE cClieCode = $ AND IdLocal= $ "),
-                   {a.puntos, momento, kPuntosAcumulados, 0, a.cliente, a.idLocal}),
-      true);
+  p.poDBAdmin.EjecutarSentencia(p.poCnnCliente,
+                                FormatearSQL(QStringLiteral("UPDATE Cliente SET nPuntCant = ISNULL(nPuntCant,0) + $, "
+                                                            "dUltTDate = $, cTranCode = $,bFlagSincro= $ "
+                                                            "WHERE cClieCode = $ AND IdLocal= $ "),
+                                             {a.puntos, momento, kPuntosAcumulados, 0, a.cliente, a.idLocal}),
+                                true);
 }
 
 // The customer's copy is that of the site or, as the pull brings it, one without a site.
@@ -112,9 +111,9 @@ bool extornar(Puesto& p, const QString& tarjeta, double total, int idLocal, cons
   if (!TomarReglaPunto(p) || !p.ses.pbClienteConectado) return false;
   if (!leerTitular(p, p.poCnnCliente, tarjeta, idLocal, cliente)) return false;
   if (cliente.isEmpty()) cliente = QStringLiteral("0");
-  const QString borra =
-      FormatearSQL(QStringLiteral("Delete From Acumulacion_Punto where cDocTipo='$' and cDocSerie='$' and cDocCodigo=$"),
-                   {ReemplazarComilla(d.tipo), ReemplazarComilla(d.serie), d.numero});
+  const QString borra = FormatearSQL(
+      QStringLiteral("Delete From Acumulacion_Punto where cDocTipo='$' and cDocSerie='$' and cDocCodigo=$"),
+      {ReemplazarComilla(d.tipo), ReemplazarComilla(d.serie), d.numero});
   // Only the kind that earns: another customer's balance never held these points.
   const QString resta =
       FormatearSQL(QStringLiteral(" Update Cliente set  nPuntCant= (nPuntCant - $)  Where cClieCode=$ AND IdLocal = $"

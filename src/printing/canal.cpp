@@ -12,17 +12,19 @@
 namespace {
 
 const QString kFinLinea = QStringLiteral("\r\n");
-const QString kBlanco = QStringLiteral(" ");             // the driver's feed, twice behind a document
+const QString kBlanco = QStringLiteral(" ");            // the driver's feed, twice behind a document
 const QString kReinicio = QStringLiteral("\x1B@");      // ESC @
 const QString kCorte = QStringLiteral("\x1D\x56\x01");  // GS V 1
 constexpr int kLineasBloque = 100;
 constexpr int kLetrasPorSegundo = 150;
 
+// clang-format off
 const struct { QLatin1String palabra; const char* pulso; } kGavetas[] = {
     {QLatin1String("SAMSUNG"), "\x1B\x70\x30\x37\x79"},
     {QLatin1String("EPSON"), "\x1B\x70\x00\x19\xFA"},
     {QLatin1String("START"), "\x1B\x07\x0B\x37\x07"},
 };
+// clang-format on
 
 QString enLinea(const QString& texto) { return texto + kFinLinea; }
 
@@ -58,9 +60,11 @@ struct Envio {
   QString archivo, puerto, puertoPrinter;
 
   Envio(Puesto& p, int s, const QString& a)
-      : selector(s), archivo(a), puerto(impresoraActual(p).puerto),
-        puertoPrinter(LeerParametro(p, QStringLiteral("PARAMETROS"), QStringLiteral("PuertoPrinter"),
-                                    p.ses.psArchivoCfg)) {
+      : selector(s),
+        archivo(a),
+        puerto(impresoraActual(p).puerto),
+        puertoPrinter(
+            LeerParametro(p, QStringLiteral("PARAMETROS"), QStringLiteral("PuertoPrinter"), p.ses.psArchivoCfg)) {
     p.ses.psPuertoPrint = puertoPrinter;
   }
 
@@ -149,8 +153,8 @@ QString CorrelativoImpresion(Puesto& p, int impresora) {
     if (numero > AEntero(Numero(rs[u"maxid"]))) numero = 1;
   }
   const QString texto = QString::number(numero);
-  bien = bien && p.poDBAdmin.EjecutarSentencia(
-      p.poCnnLocal, QStringLiteral("UPDATE _tmp1 set idct=") + texto + QStringLiteral(" WHERE prn=") + prn);
+  bien = bien && p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, QStringLiteral("UPDATE _tmp1 set idct=") + texto +
+                                                                 QStringLiteral(" WHERE prn=") + prn);
   const bool principal = impresora == kImpresoraPrincipal;
   p.ses.ultimoPapel = principal ? p.ses.kPAR_IMPRESORA : p.ses.kPAR_IMPRESORA_ALTERNA;
   if (!bien) {

@@ -8,9 +8,9 @@ struct Puesto;
 
 // The screen "Configurar Impresora". 0 is the main printer, 1 the alternate one.
 struct ConfiguraImpresora {
-  QStringList impresoras;                 // the system's, in its order
-  std::array<QString, 2> cboImpresora;    // device name; also one that the system doesn't list
-  std::array<bool, 2> flagCortaPapel{};   // ChkFlagcortaPapel, ChkFlagcortaPapelAlterna
+  QStringList impresoras;                // the system's, in its order
+  std::array<QString, 2> cboImpresora;   // device name; also one that the system doesn't list
+  std::array<bool, 2> flagCortaPapel{};  // ChkFlagcortaPapel, ChkFlagcortaPapelAlterna
 };
 
 void CargarImpresoras(Puesto& p, ConfiguraImpresora& v);

@@ -9,11 +9,15 @@
 
 namespace {
 
-struct Rotulos { const char *pregunta, *marca; };
+struct Rotulos {
+  const char *pregunta, *marca;
+};
+// clang-format off
 constexpr Rotulos kRotulos[] = {
     {"Seleccione la impresora que usará por default:", "ChkFlagcortaPapel"},
     {"Seleccione la impresora alternativa", "ChkFlagcortaPapelAlterna"},
 };
+// clang-format on
 
 }  // namespace
 

@@ -29,9 +29,9 @@ Consulta deArticulos(const Puesto& p, const QString& texto) {
   c.desde = QStringLiteral(" FROM Producto WHERE cProdEstd = 1 AND nActivo = 1 AND cAlmaCode = '%1'")
                 .arg(ReemplazarComilla(p.ses.psAlmacen));
   if (!texto.isEmpty()) {
-    c.desde += QStringLiteral(" AND (sProdDesc like '%") + texto + QStringLiteral("%' OR sProdDescCrta like '%") + texto +
-               QStringLiteral("%' OR cCodCatalogo like '%") + texto + QStringLiteral("%' OR vDescProv like '%") + texto +
-               QStringLiteral("%')");
+    c.desde += QStringLiteral(" AND (sProdDesc like '%") + texto + QStringLiteral("%' OR sProdDescCrta like '%") +
+               texto + QStringLiteral("%' OR cCodCatalogo like '%") + texto +
+               QStringLiteral("%' OR vDescProv like '%") + texto + QStringLiteral("%')");
   }
   c.orden = QStringLiteral(" ORDER BY sProdDesc, cProdCode");
   return c;
@@ -40,12 +40,12 @@ Consulta deArticulos(const Puesto& p, const QString& texto) {
 // Two branches instead of one OR over both tables: each reads the keys of one table through, which an index holds, and
 // looks up the rest for what matches only; the first page ends the reading.
 Consulta deClientela(const Puesto& p, const QString& texto) {
-  const QString columnas = QStringLiteral(" c.nTarjNumb, a.cClieCode, a.sClieApel , a.sClieName , a.dNacmDate, c.IdLocal, "
-                                          " a.nPuntCant , a.nTickCant, a.dUltTDate");
-  const QString vigentes =
-      FormatearSQL(QStringLiteral(" c.cTarjActi = 1 AND c.dcadudate >= CONVERT(DATETIME,'$',120)"
-                                  " AND a.cClieCode = c.cClieCode AND a.IdLocal = c.IdLocal"),
-                   {FormatearFecha(p.reloj.now(), u"yyyy-mm-dd") + QStringLiteral(" 00:00:00")});
+  const QString columnas =
+      QStringLiteral(" c.nTarjNumb, a.cClieCode, a.sClieApel , a.sClieName , a.dNacmDate, c.IdLocal, "
+                     " a.nPuntCant , a.nTickCant, a.dUltTDate");
+  const QString vigentes = FormatearSQL(QStringLiteral(" c.cTarjActi = 1 AND c.dcadudate >= CONVERT(DATETIME,'$',120)"
+                                                       " AND a.cClieCode = c.cClieCode AND a.IdLocal = c.IdLocal"),
+                                        {FormatearFecha(p.reloj.now(), u"yyyy-mm-dd") + QStringLiteral(" 00:00:00")});
   if (texto.isEmpty()) return {columnas, QStringLiteral(" FROM Cliente a CROSS JOIN Tarjeta c WHERE") + vigentes, {}};
   const QString parecido = QStringLiteral(" LIKE '%") + texto + QStringLiteral("%'");
   const QString seleccion = QStringLiteral("SELECT") + columnas;
@@ -64,20 +64,23 @@ Consulta deClientela(const Puesto& p, const QString& texto) {
 Consulta deDocumentos(TipoBusqueda tipo, const QString& texto) {
   Consulta c;
   c.columnas = QStringLiteral(" *");
-  c.desde =
-      QStringLiteral(" FROM (SELECT b.cOperCode, b.nTarjNumb, b.nMoneda, b.nMontoDolares,"
-                     " b.dOperFech, b.nMontoSoles, b.cOperTipo, b.sGlosa, b.cDocSerie, b.cDocCodigo,"
-                     " (SELECT MIN(sClieApel + ' ' + sClieName) FROM CLIENTE inner join Tarjeta"
-                     " ON Cliente.cClieCode = Tarjeta.cClieCode AND Cliente.IdLocal = Tarjeta.IdLocal"
-                     " WHERE Tarjeta.nTarjNumb = b.nTarjNumb) as sName"
-                     " FROM OperacionParalela b WHERE b.cEstado = '1' AND ") +
-      (tipo == TipoBusqueda::Liquidacion1 ? QStringLiteral("b.cOperTipo = 21") : QStringLiteral("b.cOperTipo IN (22, 23)")) +
-      QStringLiteral(") x");
+  c.desde = QStringLiteral(" FROM (SELECT b.cOperCode, b.nTarjNumb, b.nMoneda, b.nMontoDolares,"
+                           " b.dOperFech, b.nMontoSoles, b.cOperTipo, b.sGlosa, b.cDocSerie, b.cDocCodigo,"
+                           " (SELECT MIN(sClieApel + ' ' + sClieName) FROM CLIENTE inner join Tarjeta"
+                           " ON Cliente.cClieCode = Tarjeta.cClieCode AND Cliente.IdLocal = Tarjeta.IdLocal"
+                           " WHERE Tarjeta.nTarjNumb = b.nTarjNumb) as sName"
+                           " FROM OperacionParalela b WHERE b.cEstado = '1' AND ") +
+            (tipo == TipoBusqueda::Liquidacion1 ? QStringLiteral("b.cOperTipo = 21")
+                                                : QStringLiteral("b.cOperTipo IN (22, 23)")) +
+            QStringLiteral(") x");
   if (!texto.isEmpty()) {
     const QString parecido = QStringLiteral(" LIKE '%") + texto + QStringLiteral("%'");
-    QStringList campos{QStringLiteral("sName"), QStringLiteral("nTarjNumb"),
-                       QStringLiteral("(cDocSerie + '-' + cstr(cDocCodigo))"), QStringLiteral("cstr(cDocCodigo)"),
-                       QStringLiteral("(cDocSerie)"), QStringLiteral("sglosa")};
+    QStringList campos{QStringLiteral("sName"),
+                       QStringLiteral("nTarjNumb"),
+                       QStringLiteral("(cDocSerie + '-' + cstr(cDocCodigo))"),
+                       QStringLiteral("cstr(cDocCodigo)"),
+                       QStringLiteral("(cDocSerie)"),
+                       QStringLiteral("sglosa")};
     if (EsNumerico(texto)) campos << QStringLiteral("cstr(cOperCode)");
     for (QString& campo : campos) campo += parecido;
     c.desde += QStringLiteral(" WHERE (") + campos.join(QStringLiteral(" OR ")) + QStringLiteral(" )");
@@ -99,14 +102,18 @@ FilaBusqueda filaArticulo(const Recordset::Fila& r) {
   const double puntos = Numero(r[u"nPuntos"]);
   FilaBusqueda f;
   f.codigo = Ceros(entero(r[u"cProdCode"]), 6);
-  f.celdas = {entero(r[u"cProdCode"]), LimpiarNulo(r[u"cCodCatalogo"]), LimpiarNulo(r[u"sProdDesc"]),
-              LimpiarNulo(r[u"sProdDescCrta"]), Formatear(Numero(r[u"nProdPrecUnit"]), kImporte),
+  f.celdas = {entero(r[u"cProdCode"]),
+              LimpiarNulo(r[u"cCodCatalogo"]),
+              LimpiarNulo(r[u"sProdDesc"]),
+              LimpiarNulo(r[u"sProdDescCrta"]),
+              Formatear(Numero(r[u"nProdPrecUnit"]), kImporte),
               LimpiarNulo(r[u"sDescLinea"]),
               Numero(r[u"cProdEstd"]) == 1 ? QStringLiteral("Activo") : QStringLiteral("Inactivo"),
-              puntos == 0                              ? QStringLiteral("NO")
+              puntos == 0                     ? QStringLiteral("NO")
               : Numero(r[u"cFlagCanje"]) == 1 ? QStringLiteral("PTOS")
-                                                       : QStringLiteral("VNTA"),
-              TextoDe(puntos), Numero(r[u"cFlagServicio"]) == 1 ? QStringLiteral("SI") : QStringLiteral("NO"),
+                                              : QStringLiteral("VNTA"),
+              TextoDe(puntos),
+              Numero(r[u"cFlagServicio"]) == 1 ? QStringLiteral("SI") : QStringLiteral("NO"),
               LimpiarNulo(r[u"vDescProv"])};
   return f;
 }
@@ -115,9 +122,13 @@ FilaBusqueda filaCliente(const Recordset::Fila& r) {
   FilaBusqueda f;
   f.codigo = LimpiarNulo(r[u"nTarjNumb"]);
   f.idLocal = static_cast<int>(AEntero(Numero(r[u"IdLocal"])));
-  f.celdas = {f.codigo, QString::number(f.idLocal),
-              Recortar(LimpiarNulo(r[u"sClieApel"]) + u' ' + LimpiarNulo(r[u"sClieName"])), fechaCorta(r[u"dNacmDate"]),
-              entero(r[u"nPuntCant"]), entero(r[u"nTickCant"]), fechaCorta(r[u"dUltTDate"])};
+  f.celdas = {f.codigo,
+              QString::number(f.idLocal),
+              Recortar(LimpiarNulo(r[u"sClieApel"]) + u' ' + LimpiarNulo(r[u"sClieName"])),
+              fechaCorta(r[u"dNacmDate"]),
+              entero(r[u"nPuntCant"]),
+              entero(r[u"nTickCant"]),
+              fechaCorta(r[u"dUltTDate"])};
   return f;
 }
 
@@ -130,10 +141,16 @@ FilaBusqueda filaDocumento(const Recordset::Fila& r) {
   f.documento = {AEntero(Numero(r[u"cOperCode"])), moneda + u' ' + monto, LimpiarNulo(r[u"sGlosa"])};
   f.codigo = Rellenar(entero(r[u"cOperCode"]), 6, u'0');
   f.celdas = {entero(r[u"cOperCode"]),
-              tipo == 21 ? QStringLiteral("N/C") : tipo == 23 ? QStringLiteral("PADV") : QStringLiteral("PADE"),
-              LimpiarNulo(r[u"nTarjNumb"]), LimpiarNulo(r[u"cDocSerie"]) + u'-' + entero(r[u"cDocCodigo"]),
-              LimpiarNulo(r[u"sName"]) + QStringLiteral(" - ") + f.documento.glosa, f.documento.importe,
-              fechaCorta(r[u"dOperFech"]), monto, moneda};
+              tipo == 21   ? QStringLiteral("N/C")
+              : tipo == 23 ? QStringLiteral("PADV")
+                           : QStringLiteral("PADE"),
+              LimpiarNulo(r[u"nTarjNumb"]),
+              LimpiarNulo(r[u"cDocSerie"]) + u'-' + entero(r[u"cDocCodigo"]),
+              LimpiarNulo(r[u"sName"]) + QStringLiteral(" - ") + f.documento.glosa,
+              f.documento.importe,
+              fechaCorta(r[u"dOperFech"]),
+              monto,
+              moneda};
   return f;
 }
 
@@ -168,25 +185,36 @@ int contarPaginas(Puesto& p, Busqueda& b) {
 
 const ClaseBusqueda& ClaseDe(TipoBusqueda tipo) {
   using S = std::vector<ColumnaBusqueda>;
-  static const ClaseBusqueda articulos{
-      QStringLiteral("Listado de Articulos"),
-      S{{QStringLiteral("Cod."), 0.07, true}, {QStringLiteral("Cod. Catálogo"), 0.15},
-        {QStringLiteral("Descripción"), 0.28}, {QStringLiteral("Descripción Corta"), 0.19},
-        {QStringLiteral("Precio Unitario"), 0.16, true}, {QStringLiteral("Linea"), 0.14}, {QStringLiteral("Estado"), 0.09},
-        {QStringLiteral("Canje"), 0.08}, {QStringLiteral("Puntos"), 0.09, true}, {QStringLiteral("(%)Serv"), 0.1},
-        {QStringLiteral("Proveedor"), 0.25}}};
-  static const ClaseBusqueda clientes{
-      QStringLiteral("Listado de Clientes"),
-      S{{QStringLiteral("Tarjeta"), 0.12}, {QStringLiteral("Id Local"), 0.1, true}, {QStringLiteral("Cliente"), 0.25},
-        {QStringLiteral("Fecha Nacimiento"), 0.18}, {QStringLiteral("Puntos"), 0.09, true},
-        {QStringLiteral("Tickets"), 0.09, true}, {QStringLiteral("Ult.Transacción"), 0.17}}};
+  static const ClaseBusqueda articulos{QStringLiteral("Listado de Articulos"),
+                                       S{{QStringLiteral("Cod."), 0.07, true},
+                                         {QStringLiteral("Cod. Catálogo"), 0.15},
+                                         {QStringLiteral("Descripción"), 0.28},
+                                         {QStringLiteral("Descripción Corta"), 0.19},
+                                         {QStringLiteral("Precio Unitario"), 0.16, true},
+                                         {QStringLiteral("Linea"), 0.14},
+                                         {QStringLiteral("Estado"), 0.09},
+                                         {QStringLiteral("Canje"), 0.08},
+                                         {QStringLiteral("Puntos"), 0.09, true},
+                                         {QStringLiteral("(%)Serv"), 0.1},
+                                         {QStringLiteral("Proveedor"), 0.25}}};
+  static const ClaseBusqueda clientes{QStringLiteral("Listado de Clientes"),
+                                      S{{QStringLiteral("Tarjeta"), 0.12},
+                                        {QStringLiteral("Id Local"), 0.1, true},
+                                        {QStringLiteral("Cliente"), 0.25},
+                                        {QStringLiteral("Fecha Nacimiento"), 0.18},
+                                        {QStringLiteral("Puntos"), 0.09, true},
+                                        {QStringLiteral("Tickets"), 0.09, true},
+                                        {QStringLiteral("Ult.Transacción"), 0.17}}};
   const auto documentos = [](const QString& titulo) {
-    return ClaseBusqueda{
-        titulo,
-        S{{QStringLiteral("Operacion"), 0.12, true}, {QStringLiteral("Tipo Venta"), 0.12},
-          {QStringLiteral("Nº Tarjeta"), 0.12}, {QStringLiteral("Documento"), 0.13},
-          {QStringLiteral("Cliente - Glosa"), 0.27}, {QStringLiteral("Monto"), 0.12, true},
-          {QStringLiteral("Fecha"), 0.12}, {QStringLiteral("MontoVal"), 0, true}, {QStringLiteral("Moneda"), 0}}};
+    return ClaseBusqueda{titulo, S{{QStringLiteral("Operacion"), 0.12, true},
+                                   {QStringLiteral("Tipo Venta"), 0.12},
+                                   {QStringLiteral("Nº Tarjeta"), 0.12},
+                                   {QStringLiteral("Documento"), 0.13},
+                                   {QStringLiteral("Cliente - Glosa"), 0.27},
+                                   {QStringLiteral("Monto"), 0.12, true},
+                                   {QStringLiteral("Fecha"), 0.12},
+                                   {QStringLiteral("MontoVal"), 0, true},
+                                   {QStringLiteral("Moneda"), 0}}};
   };
   static const ClaseBusqueda adelantos = documentos(QStringLiteral("Seleccione Pago Adelantado"));
   static const ClaseBusqueda liquidacion = documentos(QStringLiteral("Liquidación"));
@@ -213,7 +241,8 @@ bool LeerPagina(Puesto& p, Busqueda& b) {
   b.hayMas = false;
   const Consulta c = consultaDe(p, b);
   // One row more than the pages up to here hold tells whether there is another page.
-  const QString sql = QStringLiteral("SELECT TOP %1").arg(b.nPagina * kFilasPorPagina + 1) + c.columnas + c.desde + c.orden;
+  const QString sql =
+      QStringLiteral("SELECT TOP %1").arg(b.nPagina * kFilasPorPagina + 1) + c.columnas + c.desde + c.orden;
   Recordset rs;
   if (!consultar(p, b, sql, rs)) return false;
   int n = 0;

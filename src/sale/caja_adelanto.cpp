@@ -37,7 +37,8 @@ bool SalirAdelanto(Puesto& p, CajaRegistradoraFull& v, const QString& codigo) {
       !p.poDBAdmin.EjecutarConsulta(
           p.poCnnLocal,
           QStringLiteral("SELECT cOperCode, nMoneda, nMontoSoles, nMontoDolares, sGlosa FROM OperacionParalela"
-                         " WHERE cOperCode = %1 AND cOperTipo IN (22, 23) AND cEstado = '1'").arg(TextoDe(Val(tecleado))),
+                         " WHERE cOperCode = %1 AND cOperTipo IN (22, 23) AND cEstado = '1'")
+              .arg(TextoDe(Val(tecleado))),
           rs)) {
     return false;
   }

@@ -36,8 +36,11 @@ std::optional<Foco> lineaSinArticulo(CajaRegistradoraFull& v) {
     FilaVenta& f = v.lineas[i];
     if (!Recortar(f[kCod]).isEmpty()) continue;
     f[kItem] = QString::number(i + 1);
-    const std::pair<int, QString> defectos[] = {{kCant, QStringLiteral("1.00")}, {kPrecio, kCero}, {kSigno, kCero},
-                                                {kSubTotal, kCero}, {kPorc, QStringLiteral("0")}};
+    const std::pair<int, QString> defectos[] = {{kCant, QStringLiteral("1.00")},
+                                                {kPrecio, kCero},
+                                                {kSigno, kCero},
+                                                {kSubTotal, kCero},
+                                                {kPorc, QStringLiteral("0")}};
     for (const auto& [columna, texto] : defectos) {
       if (f[static_cast<size_t>(columna)].isEmpty()) f[static_cast<size_t>(columna)] = texto;
     }

@@ -14,8 +14,23 @@ class PantallasVenta;
 
 // Columns of the lines grid TDBGrid1.
 enum Columna {
-  kItem, kCod, kCatalogo, kDescripcion, kBoton, kVacia, kCant, kPrecio, kSigno, kPorc, kSubTotal, kCanje, kPtos,
-  kConServ, kServ, kIgv, kColumnas
+  kItem,
+  kCod,
+  kCatalogo,
+  kDescripcion,
+  kBoton,
+  kVacia,
+  kCant,
+  kPrecio,
+  kSigno,
+  kPorc,
+  kSubTotal,
+  kCanje,
+  kPtos,
+  kConServ,
+  kServ,
+  kIgv,
+  kColumnas
 };
 using FilaVenta = std::array<QString, kColumnas>;
 

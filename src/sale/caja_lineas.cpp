@@ -47,9 +47,9 @@ void ponerArticulo(const Recordset::Fila& r, FilaVenta& f) {
   f[kPrecio] = Formatear(Numero(r[u"nProdPrecUnit"]), kImporte);
   f[kSigno] = QStringLiteral("-");
   f[kPorc] = QStringLiteral("0.00");
-  f[kCanje] = puntos == 0                              ? QStringLiteral("NO")
+  f[kCanje] = puntos == 0                     ? QStringLiteral("NO")
               : Numero(r[u"cFlagCanje"]) == 1 ? QStringLiteral("PTOS")
-                                                       : QStringLiteral("VNTA");
+                                              : QStringLiteral("VNTA");
   f[kPtos] = TextoDe(puntos);
   f[kConServ] = Numero(r[u"cFlagServicio"]) == 1 ? QStringLiteral("SI") : QStringLiteral("NO");
 }
@@ -125,10 +125,9 @@ bool salirCatalogo(Puesto& p, CajaRegistradoraFull& v, int fila, const QString& 
   };
   const QString parecido = QStringLiteral(" AND ccodcatalogo like  '%") + ReemplazarComilla(texto);
   const QString activo = QStringLiteral(" and nactivo=1");
-  const bool leido =
-      mirar(rs[0], parecido + QStringLiteral("' ") + activo, porTexto) &&
-      (mejor == kExacto || mirar(rs[1], parecido + QStringLiteral("%' "), porTexto)) &&
-      (mejor < kNumero || !EsNumerico(sinPuntos(texto)) || mirar(rs[2], activo, porNumero));
+  const bool leido = mirar(rs[0], parecido + QStringLiteral("' ") + activo, porTexto) &&
+                     (mejor == kExacto || mirar(rs[1], parecido + QStringLiteral("%' "), porTexto)) &&
+                     (mejor < kNumero || !EsNumerico(sinPuntos(texto)) || mirar(rs[2], activo, porNumero));
   if (!leido) {
     p.mensajes.mostrar(QStringLiteral("No se pudo seleccionar el artìculo"));
     return false;
@@ -140,9 +139,7 @@ bool salirCatalogo(Puesto& p, CajaRegistradoraFull& v, int fila, const QString& 
   return llenarFila(p, v, fila, *elegido);
 }
 
-bool conValor(const FilaVenta& f) {
-  return Redondear(LeerImporte(f[kCant]) * LeerImporte(f[kPrecio]), 2) != 0;
-}
+bool conValor(const FilaVenta& f) { return Redondear(LeerImporte(f[kCant]) * LeerImporte(f[kPrecio]), 2) != 0; }
 
 // Columns 6 to 10: the masked text that the cell takes, nothing when it is refused.
 std::optional<QString> importeAceptado(Puesto& p, int columna, const QString& texto) {

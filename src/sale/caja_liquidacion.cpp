@@ -14,15 +14,15 @@ namespace {
 
 constexpr QStringView kImporte = u"0.00";
 
-const QString kConsultaTX = QStringLiteral(
-    " SELECT b.cOperCode, b.nTarjNumb, C.cClieCode, c.sName, b.nMoneda, b.nMontoDolares,"
-    " b.dOperFech, b.nMontoSoles, b.cOperTipo, b.sGlosa, cOpercodeRela, cdocserie, cdoccodigo"
-    " FROM OperacionParalela b LEFT JOIN"
-    " (SELECT Cliente.cClieCode, Tarjeta.nTarjNumb, sClieApel + ' ' + sClieName as sName"
-    " FROM CLIENTE inner join Tarjeta"
-    " ON Cliente.cClieCode = Tarjeta.cClieCode) c"
-    " ON b.nTarjNumb = c.nTarjNumb"
-    " WHERE %1 = %2 AND b.cEstado = '1'");
+const QString kConsultaTX =
+    QStringLiteral(" SELECT b.cOperCode, b.nTarjNumb, C.cClieCode, c.sName, b.nMoneda, b.nMontoDolares,"
+                   " b.dOperFech, b.nMontoSoles, b.cOperTipo, b.sGlosa, cOpercodeRela, cdocserie, cdoccodigo"
+                   " FROM OperacionParalela b LEFT JOIN"
+                   " (SELECT Cliente.cClieCode, Tarjeta.nTarjNumb, sClieApel + ' ' + sClieName as sName"
+                   " FROM CLIENTE inner join Tarjeta"
+                   " ON Cliente.cClieCode = Tarjeta.cClieCode) c"
+                   " ON b.nTarjNumb = c.nTarjNumb"
+                   " WHERE %1 = %2 AND b.cEstado = '1'");
 
 // The same column names are read for both lists; only one of `original` and `pade` is shown in each.
 LineaTX lineaDe(const Recordset::Fila& r) {
@@ -69,7 +69,8 @@ bool filasLiquidadas(Puesto& p, qint64 codigo, std::vector<FilaVenta>& filas) {
                          " nProdPrecUnit as Precio, nDscto As Dscto, nServicio as Servicio"
                          " From OperacionParalelaProducto WHERE cOperCode IN("
                          " Select cOpercode From Operacionparalela Where cOperTipo= 21 and cOperflagAbierto=1"
-                         " and cEstado = '2' and cOpercodeRela = %1)").arg(codigo),
+                         " and cEstado = '2' and cOpercodeRela = %1)")
+              .arg(codigo),
           rs)) {
     return false;
   }
@@ -108,9 +109,7 @@ void TotalesTX(const Puesto& p, CajaRegistradoraFull& v) {
   CalculaVuelto(p, v);
 }
 
-bool EfectivoFijo(const CajaRegistradoraFull& v) {
-  return v.nTipoVenta == kLIQPAD && LeerImporte(v.txtSoles) == 0;
-}
+bool EfectivoFijo(const CajaRegistradoraFull& v) { return v.nTipoVenta == kLIQPAD && LeerImporte(v.txtSoles) == 0; }
 
 std::optional<Foco> AgregarTX(Puesto& p, CajaRegistradoraFull& v, int lista) {
   const auto i = static_cast<size_t>(lista);

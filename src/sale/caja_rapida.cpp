@@ -54,9 +54,9 @@ LineaRapida lineaDe(const Puesto& p, int nCodigo, const Recordset::Fila& r) {
   l.precio = Redondear(Numero(r[u"nProdPrecUnit"]), 2);
   l.cantidad = 1;
   l.puntos = static_cast<int>(AEntero(Numero(r[u"nPuntos"])));
-  l.canje = l.puntos == 0                     ? QStringLiteral("NO")
+  l.canje = l.puntos == 0                   ? QStringLiteral("NO")
             : Numero(r[u"cFlagCanje"]) == 1 ? QStringLiteral("PTOS")
-                                              : QStringLiteral("VNTA");
+                                            : QStringLiteral("VNTA");
   l.conServicio = Numero(r[u"cFlagServicio"]) != 0;
   return l;
 }
@@ -69,8 +69,8 @@ QString cifra(const QString& rotulo, double valor) {
 
 void MostrarLinea(CajaRegistradora& v) {
   const LineaRapida& l = v.lineas.back();
-  v.lblProducto = Izquierda(l.corta + Espacios(10), 11) +
-                  Derecha(Espacios(11) + Formatear(l.precio, u"###,###,##0.00"), 11);
+  v.lblProducto =
+      Izquierda(l.corta + Espacios(10), 11) + Derecha(Espacios(11) + Formatear(l.precio, u"###,###,##0.00"), 11);
   v.txtCantidad = QString::number(l.cantidad);
   TotalVenta(v);
 }

@@ -15,8 +15,8 @@ struct LineaRapida : LineaDocumento {
 
 // A product key as it is shown.
 struct TeclaConArticulo {
-  QString rotulo;    // the key's own name or, without one, the article's
-  QString articulo;  // short description, at most 25 characters and "..." when cut
+  QString rotulo;        // the key's own name or, without one, the article's
+  QString articulo;      // short description, at most 25 characters and "..." when cut
   int nCodigoTecla = 0;  // 0: no article
 };
 
@@ -24,7 +24,12 @@ constexpr int kTeclasProducto = 24;
 
 // Buttons of cmdTecla that are no product keys.
 enum BotonRapida {
-  kBotonCodProd = 0, kBotonBorra = 41, kBotonACTC = 42, kBotonImprime = 43, kBotonTipo = 44, kBotonAnula = 45,
+  kBotonCodProd = 0,
+  kBotonBorra = 41,
+  kBotonACTC = 42,
+  kBotonImprime = 43,
+  kBotonTipo = 44,
+  kBotonAnula = 45,
   kBotonPago = 46
 };
 

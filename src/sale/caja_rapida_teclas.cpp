@@ -32,17 +32,10 @@ TrasTeclaRapida PulsarTeclaRapida(Puesto& p, CajaRegistradora& v, PantallasVenta
   if (indice != kBotonBorra && !SalirCantidad(v)) return kCantidadMal;
   if (indice >= 1 && indice <= kTeclasProducto) return capturar(p, v, indice);
   switch (indice) {
-    case kBotonCodProd:
-      p.mensajes.mostrar(QStringLiteral("Ingrese el código del producto"));
-      return {};
-    case kBotonBorra:
-      CancelarACTC(v);
-      return {};
-    case kBotonACTC:
-      pantallas.reimprimir(Recortar(v.txtLocal));
-      return {};
-    case kBotonImprime:
-      return imprimirTickets(p, v, pantallas);
+    case kBotonCodProd: p.mensajes.mostrar(QStringLiteral("Ingrese el código del producto")); return {};
+    case kBotonBorra: CancelarACTC(v); return {};
+    case kBotonACTC: pantallas.reimprimir(Recortar(v.txtLocal)); return {};
+    case kBotonImprime: return imprimirTickets(p, v, pantallas);
     case kBotonTipo:
       if (v.bVentaIniciada) SiguienteTipoVenta(p, v);
       return {};
@@ -52,8 +45,7 @@ TrasTeclaRapida PulsarTeclaRapida(Puesto& p, CajaRegistradora& v, PantallasVenta
     case kBotonPago:
       if (!v.bVentaIniciada) pantallas.retiro();
       return {};
-    default:
-      return {};
+    default: return {};
   }
 }
 

@@ -94,15 +94,10 @@ TrasTecla accionTecla(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantal
       v.bVoucherListo = false;
       CancelarVenta(p, v);
       return {false, kAlCliente};
-    case 1:
-      return {irARapida(p, v, pantallas), {}};
-    case 2:
-      return {false, imprimirTickets(p, v, pantallas)};
-    case 3:
-      return {true, {}};
-    default:
-      pantallas.reimprimir(Recortar(v.txtLocal));
-      return {};
+    case 1: return {irARapida(p, v, pantallas), {}};
+    case 2: return {false, imprimirTickets(p, v, pantallas)};
+    case 3: return {true, {}};
+    default: pantallas.reimprimir(Recortar(v.txtLocal)); return {};
   }
 }
 

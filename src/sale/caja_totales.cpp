@@ -91,8 +91,7 @@ void CalculaVuelto(const Puesto& p, CajaRegistradoraFull& v) {
 
 void CalculaEfectivo(const Puesto& p, CajaRegistradoraFull& v) {
   if (!tipoConEfectivo(v.nTipoVenta)) return;
-  v.txtEfectivoSoles =
-      texto(centimos(v.txtSoles) - enSoles(p, v.txtEfectivoDolares) + enSoles(p, v.txtVueltoDolares));
+  v.txtEfectivoSoles = texto(centimos(v.txtSoles) - enSoles(p, v.txtEfectivoDolares) + enSoles(p, v.txtVueltoDolares));
   v.txtVueltoSoles = QStringLiteral("0.00");
 }
 

@@ -59,9 +59,8 @@ EfectivoDocumento EfectivoDe(const CajaRegistradoraFull& v, bool deLiquidacion) 
     return EfectivoDocumento{LeerImporte(soles), LeerImporte(dolares), noNegativo(LeerImporte(vueltoSoles)),
                              noNegativo(LeerImporte(vueltoDolares))};
   };
-  return deLiquidacion
-             ? de(v.txtliqefectivosoles, v.txtliqefectivodolares, v.txtliqvueltosoles, v.ttxliqvueltodolares)
-             : de(v.txtEfectivoSoles, v.txtEfectivoDolares, v.txtVueltoSoles, v.txtVueltoDolares);
+  return deLiquidacion ? de(v.txtliqefectivosoles, v.txtliqefectivodolares, v.txtliqvueltosoles, v.ttxliqvueltodolares)
+                       : de(v.txtEfectivoSoles, v.txtEfectivoDolares, v.txtVueltoSoles, v.txtVueltoDolares);
 }
 
 bool pasos::Recalcular(Puesto& p, Venta& c) {
@@ -105,7 +104,8 @@ bool pasos::TomarLineas(Puesto& p, Venta& c) {
     p.ses.poVoucher.clear();
     p.ses.poVoucherTotal = 0;
   }
-  if (c.clase == kVentaExacta && !(esCero(c.v.txtVueltoSoles) && esCero(c.v.txtVueltoDolares))) c.clase = kVentaConVuelto;
+  if (c.clase == kVentaExacta && !(esCero(c.v.txtVueltoSoles) && esCero(c.v.txtVueltoDolares)))
+    c.clase = kVentaConVuelto;
   FijarCliente(c, c.v.txtTarjeta, c.v.txtLocal);
   if (!pantallaDe(c.v.nTipoVenta).llevaLineas) return true;
   for (const auto& fila : c.v.lineas) {

@@ -36,7 +36,8 @@ QString consultaNota(qint64 codigo) {
   return QStringLiteral(" SELECT O.cOperCode, O.cProdCode, O.nProdCant, O.nProdPrecUnit, O.nDscto, P.sProdDescCrta"
                         " FROM OperacionParalelaProducto O INNER JOIN Producto P"
                         " ON O.cProdCode = P.cProdCode AND O.cAlmaCode = P.cAlmaCode"
-                        " Where cOperCode = ") + QString::number(codigo);
+                        " Where cOperCode = ") +
+         QString::number(codigo);
 }
 
 qint64 relacionDe(const Venta& c) {

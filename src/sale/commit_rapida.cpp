@@ -15,8 +15,14 @@ namespace {
 
 constexpr QStringView kImporte = u"###,###,##0.00";
 
-const FormaLineas kForma{QStringLiteral("Producto           Cant. Precio SubTot."), 18, 4, 6, 7, kImporte.toString(),
-                         QStringLiteral("###,##0.00"), QStringLiteral("T:")};
+const FormaLineas kForma{QStringLiteral("Producto           Cant. Precio SubTot."),
+                         18,
+                         4,
+                         6,
+                         7,
+                         kImporte.toString(),
+                         QStringLiteral("###,##0.00"),
+                         QStringLiteral("T:")};
 
 struct VentaRapida : CommitDocumento {
   VentaRapida(CajaRegistradora& caja, PantallasVenta& otras) : v(caja), pantallas(otras) {

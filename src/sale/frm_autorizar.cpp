@@ -8,8 +8,8 @@
 
 frmAutorizarOperacion::frmAutorizarOperacion(Puesto& p, const QString& acto, QWidget* padre)
     : Forma(QStringLiteral("frmAutorizarOperacion"), QStringLiteral("Autorizar: ") + acto, padre), p_(p) {
-  auto* sentencia = nuevoTexto(QStringLiteral("INGRESE SU USUARIO Y CLAVE PARA AUTORIZAR LA OPERACION"),
-                               QStringLiteral("sentencia"));
+  auto* sentencia =
+      nuevoTexto(QStringLiteral("INGRESE SU USUARIO Y CLAVE PARA AUTORIZAR LA OPERACION"), QStringLiteral("sentencia"));
   cuerpo()->addWidget(sentencia);
   auto* panel = new Panel;
   txtUsuario_ = panel->campo(QStringLiteral("txtUsuario"), QStringLiteral("Usuario:"));

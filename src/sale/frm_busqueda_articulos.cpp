@@ -41,10 +41,14 @@ frmBusquedaArticulos::frmBusquedaArticulos(Puesto& p, TipoBusqueda tipo, const Q
                                                   "adelantado."),
                                    QStringLiteral("cuidado")));
   }
-  tecla(Qt::Key_PageDown, [this] { paginar(Paginado::Siguiente); }, QStringLiteral("siguiente"), true);
-  tecla(Qt::Key_PageUp, [this] { paginar(Paginado::Anterior); }, QStringLiteral("anterior"), true);
-  tecla(Qt::CTRL | Qt::Key_Home, [this] { paginar(Paginado::Primera); }, QStringLiteral("primera"), true);
-  tecla(Qt::CTRL | Qt::Key_End, [this] { paginar(Paginado::Ultima); }, QStringLiteral("última"), true);
+  tecla(
+      Qt::Key_PageDown, [this] { paginar(Paginado::Siguiente); }, QStringLiteral("siguiente"), true);
+  tecla(
+      Qt::Key_PageUp, [this] { paginar(Paginado::Anterior); }, QStringLiteral("anterior"), true);
+  tecla(
+      Qt::CTRL | Qt::Key_Home, [this] { paginar(Paginado::Primera); }, QStringLiteral("primera"), true);
+  tecla(
+      Qt::CTRL | Qt::Key_End, [this] { paginar(Paginado::Ultima); }, QStringLiteral("última"), true);
   // The buttons' letters: a mnemonic presses a moment later, when the next key has been typed already.
   tecla(Qt::ALT | Qt::Key_B, [this] { buscar(); });
   tecla(Qt::ALT | Qt::Key_S, [this] { seleccionar(); });
@@ -79,6 +83,7 @@ QWidget* frmBusquedaArticulos::nuevoFiltro() {
 }
 
 QWidget* frmBusquedaArticulos::nuevoPie() {
+  // clang-format off
   const struct { Paginado a; QStringView rotulo, ayuda; } kPaginas[] = {
       {Paginado::Primera, u"|<", u"Primera página"},   {Paginado::Anterior, u"<", u"Página anterior"},
       {Paginado::Siguiente, u">", u"Página siguiente"}, {Paginado::Ultima, u">|", u"Última página"}};
@@ -98,8 +103,10 @@ QWidget* frmBusquedaArticulos::nuevoPie() {
     h->addWidget(b);
     cmdPaginado_[n] = b;
   }
+  // clang-format on
   h->addStretch();
-  seleccionar_ = nuevoBoton(QStringLiteral("cmdSeleccionar"), QStringLiteral("&Seleccionar"), QStringLiteral("principal"));
+  seleccionar_ =
+      nuevoBoton(QStringLiteral("cmdSeleccionar"), QStringLiteral("&Seleccionar"), QStringLiteral("principal"));
   auto* salir = nuevoBoton(QStringLiteral("cmdSalir"), QStringLiteral("C&ancelar"));
   h->addWidget(seleccionar_);
   h->addWidget(salir);

@@ -44,7 +44,8 @@ void frmCajaRegistradoraFull::enlazarDocumentos() {
 
 // Entering one of the two amounts paid in advance empties the other; coming back from a box is no entering.
 bool frmCajaRegistradoraFull::eventFilter(QObject* objeto, QEvent* evento) {
-  if (objeto == cboTipoVenta_ && evento->type() == QEvent::Wheel) return true;  // no kind is chosen by a brush of a wheel
+  if (objeto == cboTipoVenta_ && evento->type() == QEvent::Wheel)
+    return true;  // no kind is chosen by a brush of a wheel
   const bool dolares = objeto == adelanto_.txtPADEDolares;
   if (evento->type() == QEvent::FocusIn && (dolares || objeto == adelanto_.txtPagoAdelantado) &&
       static_cast<QFocusEvent*>(evento)->reason() != Qt::ActiveWindowFocusReason) {
@@ -88,7 +89,8 @@ void frmCajaRegistradoraFull::letraP() {
 }
 
 void frmCajaRegistradoraFull::buscarTX(int lista) {
-  const auto elegido = pantallas_.buscarParalela(lista == 0 ? ListaParalela::Liquidacion0 : ListaParalela::Liquidacion1);
+  const auto elegido =
+      pantallas_.buscarParalela(lista == 0 ? ListaParalela::Liquidacion0 : ListaParalela::Liquidacion1);
   activateWindow();
   if (!elegido) return;
   const auto i = static_cast<size_t>(lista);

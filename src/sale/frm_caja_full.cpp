@@ -22,9 +22,7 @@
 
 namespace {
 
-QString tituloPorcentaje(bool recargo) {
-  return recargo ? QStringLiteral("Recar(S/.)") : QStringLiteral("Dscto(S/.)");
-}
+QString tituloPorcentaje(bool recargo) { return recargo ? QStringLiteral("Recar(S/.)") : QStringLiteral("Dscto(S/.)"); }
 
 std::vector<ColumnaRejilla> columnasDeLineas(bool conPorcentaje) {
   //  title                            width right  typed  button hidden
@@ -60,7 +58,8 @@ void apretar(Panel* panel) {
 
 frmCajaRegistradoraFull::frmCajaRegistradoraFull(Puesto& p, PantallasVenta& pantallas, QWidget* padre)
     : Forma(QStringLiteral("frmCajaRegistradoraFull"), QStringLiteral(" Caja Registradora - Versión FULL "), padre),
-      p_(p), pantallas_(pantallas) {
+      p_(p),
+      pantallas_(pantallas) {
   ExigirFechaSistema(p_);
   cuerpo()->setContentsMargins(10, 8, 10, 6);
   cuerpo()->setSpacing(6);
@@ -162,10 +161,9 @@ QWidget* frmCajaRegistradoraFull::nuevosArticulos() {
   v->setContentsMargins(6, 6, 6, 6);
   v->setSpacing(6);
   const bool conPorcentaje = p_.ses.psDFlag.compare(u"S", Qt::CaseInsensitive) == 0;
-  rejilla_ = new Rejilla(
-      QStringLiteral("TDBGrid1"), columnasDeLineas(conPorcentaje),
-      {[this] { return static_cast<int>(v_.lineas.size()); },
-       [this](int f, int c) { return v_.lineas[static_cast<size_t>(f)][static_cast<size_t>(c)]; }});
+  rejilla_ = new Rejilla(QStringLiteral("TDBGrid1"), columnasDeLineas(conPorcentaje),
+                         {[this] { return static_cast<int>(v_.lineas.size()); },
+                          [this](int f, int c) { return v_.lineas[static_cast<size_t>(f)][static_cast<size_t>(c)]; }});
   rejilla_->textoVacio = QStringLiteral("Sin artículos: F5 para agregar");
   rejilla_->salir = [this](int f, int c, QString& texto) { return salirCelda(f, c, texto); };
   rejilla_->siguiente = [this](int f, int c) { return siguienteCelda(f, c); };
@@ -200,6 +198,7 @@ QWidget* frmCajaRegistradoraFull::nuevoPago() {
 }
 
 QWidget* frmCajaRegistradoraFull::nuevaBotonera() {
+  // clang-format off
   const struct { int indice; QStringView rotulo, tecla; } kBotones[] = {
       {0, u"&Cancelar ", u""}, {1, u"Caja &Registradora", u"SPACE"}, {2, u"&Imprimir Tickets", u"CTRL+ENTER"},
       {3, u"&Salir", u""},     {4, u"&AC/TC", u""}};
@@ -215,6 +214,7 @@ QWidget* frmCajaRegistradoraFull::nuevaBotonera() {
     connect(boton, &QPushButton::clicked, this, [this, n = b.indice] { pulsar(n); });
     cmdTecla_[static_cast<size_t>(b.indice)] = boton;
   }
+  // clang-format on
   h->addStretch();
   cmdVoucher_ = nuevoBoton(QStringLiteral("cmdVoucher"), QStringLiteral("&VOUCHER"));
   cmdVoucher_->setToolTip(QStringLiteral("Emitir voucher al liquidar"));
@@ -223,18 +223,28 @@ QWidget* frmCajaRegistradoraFull::nuevaBotonera() {
 }
 
 void frmCajaRegistradoraFull::nuevasTeclas() {
-  tecla(Qt::Key_Space, [this] { espacio(); }, {}, true);
-  tecla(Qt::Key_F2, [this] { buscarCliente(); }, QStringLiteral("cliente"));
-  tecla(Qt::Key_F5, [this] {
-    if (agregarFila()) buscarArticulo(static_cast<int>(v_.lineas.size()) - 1);
-  }, QStringLiteral("artículo"));
-  tecla(Qt::Key_F3, [this] { con([this] { v_.recargo = !v_.recargo; }); }, QStringLiteral("Dscto/Recar"));
+  tecla(
+      Qt::Key_Space, [this] { espacio(); }, {}, true);
+  tecla(
+      Qt::Key_F2, [this] { buscarCliente(); }, QStringLiteral("cliente"));
+  tecla(
+      Qt::Key_F5,
+      [this] {
+        if (agregarFila()) buscarArticulo(static_cast<int>(v_.lineas.size()) - 1);
+      },
+      QStringLiteral("artículo"));
+  tecla(
+      Qt::Key_F3, [this] { con([this] { v_.recargo = !v_.recargo; }); }, QStringLiteral("Dscto/Recar"));
   tecla(Qt::Key_F4, [] {});  // no function key opens the list of kinds
   tecla(Qt::CTRL | Qt::Key_Return, [this] { pulsar(2); });
-  tecla(Qt::ALT | Qt::Key_R, [this] { enfocar(txtRUC_); }, QStringLiteral("RUC"));
-  tecla(Qt::ALT | Qt::Key_E, [this] { enfocar(pago_.txtEfectivoSoles); }, QStringLiteral("efectivo"));
-  tecla(Qt::ALT | Qt::Key_V, [this] { enfocar(pago_.txtVueltoDolares); }, QStringLiteral("vuelto US$"));
-  tecla(Qt::ALT | Qt::Key_T, [this] { enfocar(cliente_.txtTarjeta); }, QStringLiteral("tarjeta"));
+  tecla(
+      Qt::ALT | Qt::Key_R, [this] { enfocar(txtRUC_); }, QStringLiteral("RUC"));
+  tecla(
+      Qt::ALT | Qt::Key_E, [this] { enfocar(pago_.txtEfectivoSoles); }, QStringLiteral("efectivo"));
+  tecla(
+      Qt::ALT | Qt::Key_V, [this] { enfocar(pago_.txtVueltoDolares); }, QStringLiteral("vuelto US$"));
+  tecla(
+      Qt::ALT | Qt::Key_T, [this] { enfocar(cliente_.txtTarjeta); }, QStringLiteral("tarjeta"));
   tecla(Qt::ALT | Qt::Key_X, [this] {
     verPestana(1);
     enfocar(adelanto_.txtTX);
@@ -251,7 +261,8 @@ void frmCajaRegistradoraFull::nuevasTeclas() {
   }
   tecla(Qt::ALT | Qt::Key_F4, [this] { pulsar(3); });
   // The buttons' own letters: a mnemonic would press them a moment later, when the next key has been typed already.
-  tecla(Qt::ALT | Qt::Key_D, [this] { (void)agregarFila(); }, QStringLiteral("línea nueva"));
+  tecla(
+      Qt::ALT | Qt::Key_D, [this] { (void)agregarFila(); }, QStringLiteral("línea nueva"));
   const std::pair<Qt::Key, int> letras[] = {{Qt::Key_C, 0}, {Qt::Key_I, 2}, {Qt::Key_S, 3}, {Qt::Key_A, 4}};
   for (const auto& [letra, indice] : letras) {
     tecla(Qt::ALT | letra, [this, n = indice] { pulsar(n); });
@@ -270,8 +281,8 @@ void frmCajaRegistradoraFull::enlazarPagos() {
   pago_.txtEfectivoDolares->alSalir = dolares;
   pago_.txtVueltoDolares->alSalir = dolares;
   // The soles come behind the dollars, since those decide what is left to pay in soles.
-  const QList<QWidget*> orden{rejilla_, pago_.txtEfectivoDolares, pago_.txtVueltoDolares, pago_.txtEfectivoSoles,
-                              cmdVoucher_, cmdTecla_[2]};
+  const QList<QWidget*> orden{
+      rejilla_, pago_.txtEfectivoDolares, pago_.txtVueltoDolares, pago_.txtEfectivoSoles, cmdVoucher_, cmdTecla_[2]};
   for (int i = 1; i < orden.size(); ++i) setTabOrder(orden[i - 1], orden[i]);
 }
 
@@ -360,7 +371,8 @@ void frmCajaRegistradoraFull::pulsar(int indice) {
   const bool seAbandona = (indice == 0 || indice == 3) && !v_.bLiquidando;
   if (!seAbandona && !rejilla_->dejarCelda()) return;
   rejilla_->abandonarCelda();
-  if (indice != 4) cmdTecla_[static_cast<size_t>(indice)]->setFocus();  // a look at another ticket leaves all where it was
+  if (indice != 4)
+    cmdTecla_[static_cast<size_t>(indice)]->setFocus();  // a look at another ticket leaves all where it was
   recoger();
   const TrasTecla tras = PulsarTecla(p_, v_, pantallas_, indice);
   mostrar();

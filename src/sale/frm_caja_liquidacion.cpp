@@ -15,14 +15,17 @@ const struct {
   QStringView titulo, leyendaTotal, nombreTotal, vacia;
   double comunes;  // share of the width that the six take
   std::vector<ColumnaLista> propias;
+  // clang-format off
 } kListas[] = {
     {u"PADE / PADV", u"Total PADE/PADV (S/.):", u"txtTotalPA", u"Sin pagos adelantados", 0.58,
      {{QStringLiteral("Monto Orig."), 0.15, true, ColumnaLista::Texto}, {QStringLiteral("Cliente - Glosa"), 0.27}}},
     {u"N/C", u"Total N/C (S/.):", u"txtTotalNC", u"Sin notas de consumo", 0.85,
      {{QStringLiteral("PADE/PADV"), 0.15}}},
 };
+// clang-format on
 
 std::vector<ColumnaLista> columnasDe(int lista) {
+  // clang-format off
   const struct { QStringView titulo; double ancho; bool derecha; ColumnaLista::Clase clase; } kComunes[] = {
       {u"TX", 0.12, false, ColumnaLista::Numero},         {u"Tipo", 0.12, false, ColumnaLista::Texto},
       {u"Doc", 0.17, false, ColumnaLista::Texto},         {u"Tarjeta", 0.2, false, ColumnaLista::Texto},
@@ -31,6 +34,7 @@ std::vector<ColumnaLista> columnasDe(int lista) {
   for (const auto& c : kComunes) {
     columnas.push_back({c.titulo.toString(), c.ancho * kListas[lista].comunes, c.derecha, c.clase});
   }
+  // clang-format on
   columnas.insert(columnas.end(), kListas[lista].propias.begin(), kListas[lista].propias.end());
   return columnas;
 }

@@ -50,7 +50,8 @@ QKeyCombination teclaDeProducto(int indice) {
 }  // namespace
 
 frmCajaRegistradora::frmCajaRegistradora(Puesto& p, PantallasVenta& pantallas, QWidget* padre)
-    : Forma(QStringLiteral("frmCajaRegistradora"), QStringLiteral("Caja Registradora"), padre), p_(p),
+    : Forma(QStringLiteral("frmCajaRegistradora"), QStringLiteral("Caja Registradora"), padre),
+      p_(p),
       pantallas_(pantallas) {
   ExigirFechaSistema(p_);
   cuerpo()->setContentsMargins(10, 10, 10, 6);
@@ -132,11 +133,12 @@ QWidget* frmCajaRegistradora::nuevosCampos() {
                                     {.nombres = QStringLiteral("txtCliente"),
                                      .local = QStringLiteral("&Local :"),
                                      .nombresAparte = true,
-                                     .antesDelLocal = [this, panel] {
-                                       txtRuc_ = panel->campo(QStringLiteral("txtRuc"), QStringLiteral("RUC:"));
-                                       txtRuc_->filtro = soloDigitos;
-                                       enlaces_.texto(txtRuc_, v_.txtRuc);
-                                     },
+                                     .antesDelLocal =
+                                         [this, panel] {
+                                           txtRuc_ = panel->campo(QStringLiteral("txtRuc"), QStringLiteral("RUC:"));
+                                           txtRuc_->filtro = soloDigitos;
+                                           enlaces_.texto(txtRuc_, v_.txtRuc);
+                                         },
                                      .con = [this](const auto& accion) { con(accion); }});
   for (QLabel* l : panel->findChildren<QLabel*>()) {
     if (l->buddy() == cliente_.txtNombres) l->setObjectName(QStringLiteral("lblCliente"));
@@ -165,7 +167,8 @@ QWidget* frmCajaRegistradora::nuevosBotones() {
     auto* b = nuevoBoton(QStringLiteral("cmdTecla(%1)").arg(a.indice), a.rotulo.toString(),
                          a.papel.isEmpty() ? QStringLiteral("accion") : a.papel.toString());
     const bool conTecla = a.tecla.key() != Qt::Key_unknown;
-    ponerBoton(g, columna++, b, QStringLiteral("lblTecla(%1)").arg(a.indice), conTecla ? nombreTecla(a.tecla) : QString());
+    ponerBoton(g, columna++, b, QStringLiteral("lblTecla(%1)").arg(a.indice),
+               conTecla ? nombreTecla(a.tecla) : QString());
     connect(b, &QPushButton::clicked, this, [this, n = a.indice] { pulsar(n); });
     cmdTecla_[static_cast<size_t>(a.indice)] = b;
   }
@@ -191,10 +194,14 @@ void frmCajaRegistradora::nuevasTeclas() {
   for (int n = 0; n < 4; ++n) {
     tecla(QKeyCombination(Qt::ControlModifier, static_cast<Qt::Key>(Qt::Key_1 + n)), [this, n] { pulsar(37 + n); });
   }
-  tecla(Qt::CTRL | Qt::Key_C, [this] { enfocar(txtCantidad_); }, QStringLiteral("cantidad"));
-  tecla(Qt::CTRL | Qt::Key_L, [this] { enfocar(cliente_.txtTarjeta); }, QStringLiteral("tarjeta"));
-  tecla(Qt::CTRL | Qt::Key_R, [this] { enfocar(txtRuc_); }, QStringLiteral("RUC"));
-  tecla(Qt::Key_Space, [this] { espacio(); }, {}, true);
+  tecla(
+      Qt::CTRL | Qt::Key_C, [this] { enfocar(txtCantidad_); }, QStringLiteral("cantidad"));
+  tecla(
+      Qt::CTRL | Qt::Key_L, [this] { enfocar(cliente_.txtTarjeta); }, QStringLiteral("tarjeta"));
+  tecla(
+      Qt::CTRL | Qt::Key_R, [this] { enfocar(txtRuc_); }, QStringLiteral("RUC"));
+  tecla(
+      Qt::Key_Space, [this] { espacio(); }, {}, true);
   tecla(Qt::ALT | Qt::Key_F4, [this] { accept(); });
   // A slip of the finger must not take a sale off the screen.
   tecla(Qt::Key_Escape, [this] {
@@ -261,7 +268,12 @@ void frmCajaRegistradora::salirCantidad() {
   if (bien) return;
   QApplication::beep();
   // Not while the keyboard is still on its way to the next control.
-  QMetaObject::invokeMethod(this, [this] { if (txtCantidad_->isEnabled()) marcarMal(txtCantidad_); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        if (txtCantidad_->isEnabled()) marcarMal(txtCantidad_);
+      },
+      Qt::QueuedConnection);
 }
 
 void frmCajaRegistradora::buscarTarjeta() {

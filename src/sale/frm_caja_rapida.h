@@ -52,7 +52,7 @@ class frmCajaRegistradora final : public Forma {
   PantallasVenta& pantallas_;
   CajaRegistradora v_;
   Enlaces enlaces_;
-  bool pulsando_ = false;   // a key runs: it looks at the quantity itself
+  bool pulsando_ = false;  // a key runs: it looks at the quantity itself
 
   std::array<TeclaArticulo*, kTeclasProducto + 1> teclas_{};
   std::array<QPushButton*, kBotonPago + 1> cmdTecla_{};  // by index; no entry where there is no button

@@ -45,11 +45,24 @@ FrmCajaVoucher::FrmCajaVoucher(Puesto& p, const PedidoVoucher& pedido, QWidget* 
   connect(cmdAceptar_, &QPushButton::clicked, this, &FrmCajaVoucher::aceptar);
   connect(cmdCancelar_, &QPushButton::clicked, this, &QDialog::reject);
 
-  tecla(Qt::Key_F1, [this] { if (grdPagTar_->dejarCelda()) grdTar_->setFocus(); }, QStringLiteral("emisores"));
-  tecla(Qt::Key_F2, [this] { editarMonto(grdPagTar_->celda().fila); }, QStringLiteral("monto"));
-  tecla(Qt::Key_Delete, [this] { quitar(); }, QStringLiteral("quitar tarjeta"));
-  tecla(Qt::Key_F5, [this] { if (grdPagTar_->dejarCelda()) cmdAceptar_->setFocus(); }, QStringLiteral("aceptar"));
-  tecla(Qt::Key_Escape, [this] { cmdCancelar_->setFocus(); }, QStringLiteral("cancelar"));
+  tecla(
+      Qt::Key_F1,
+      [this] {
+        if (grdPagTar_->dejarCelda()) grdTar_->setFocus();
+      },
+      QStringLiteral("emisores"));
+  tecla(
+      Qt::Key_F2, [this] { editarMonto(grdPagTar_->celda().fila); }, QStringLiteral("monto"));
+  tecla(
+      Qt::Key_Delete, [this] { quitar(); }, QStringLiteral("quitar tarjeta"));
+  tecla(
+      Qt::Key_F5,
+      [this] {
+        if (grdPagTar_->dejarCelda()) cmdAceptar_->setFocus();
+      },
+      QStringLiteral("aceptar"));
+  tecla(
+      Qt::Key_Escape, [this] { cmdCancelar_->setFocus(); }, QStringLiteral("cancelar"));
   // The buttons' letters: a mnemonic presses a moment later, when the next key has been typed already.
   tecla(Qt::ALT | Qt::Key_A, [this] { aceptar(); });
   tecla(Qt::ALT | Qt::Key_C, [this] { reject(); });
@@ -61,23 +74,24 @@ FrmCajaVoucher::FrmCajaVoucher(Puesto& p, const PedidoVoucher& pedido, QWidget* 
 
 QWidget* FrmCajaVoucher::nuevasListas() {
   grdTar_ = new Lista(QStringLiteral("grdTar"), {{QStringLiteral("Cód."), 0.25, false, ColumnaLista::Texto},
-                                                {QStringLiteral("Emisor"), 0.7, false, ColumnaLista::Texto}});
+                                                 {QStringLiteral("Emisor"), 0.7, false, ColumnaLista::Texto}});
   grdTar_->horizontalHeader()->setSectionsClickable(false);
   grdTar_->textoVacio = QStringLiteral("Sin tarjetas registradas");
   std::vector<FilaLista> emisores;
   for (const auto& e : v_.emisores) emisores.push_back({{e.Cod_tar, e.descrip}, {}, true});
   grdTar_->llenar(std::move(emisores));
 
-  grdPagTar_ = new Rejilla(
-      QStringLiteral("grdPagTar"),
-      {{QStringLiteral("Tarjeta"), 0, false, false, false, false}, {QStringLiteral("Pago"), 130, true, true, false, false},
-       {QStringLiteral("Moneda"), 84, false, false, false, false}, {QStringLiteral("Cód."), 60, false, false, false, true}},
-      {[this] { return static_cast<int>(v_.pagos.size()); },
-       [this](int f, int c) {
-         const FilaVoucher& r = v_.pagos[static_cast<size_t>(f)];
-         const QString* const celdas[] = {&r.descrip, &r.Pago, &r.SD, &r.cod_tar};
-         return *celdas[c];
-       }});
+  grdPagTar_ = new Rejilla(QStringLiteral("grdPagTar"),
+                           {{QStringLiteral("Tarjeta"), 0, false, false, false, false},
+                            {QStringLiteral("Pago"), 130, true, true, false, false},
+                            {QStringLiteral("Moneda"), 84, false, false, false, false},
+                            {QStringLiteral("Cód."), 60, false, false, false, true}},
+                           {[this] { return static_cast<int>(v_.pagos.size()); },
+                            [this](int f, int c) {
+                              const FilaVoucher& r = v_.pagos[static_cast<size_t>(f)];
+                              const QString* const celdas[] = {&r.descrip, &r.Pago, &r.SD, &r.cod_tar};
+                              return *celdas[c];
+                            }});
   grdPagTar_->textoVacio = QStringLiteral("Enter en un emisor agrega su tarjeta");
   grdPagTar_->filtro = [](int, int columna, QChar t) { return columna == kColumnaPago ? filtroImporte(t) : QChar(); };
   grdPagTar_->salir = [this](int fila, int, QString& texto) {

@@ -57,13 +57,12 @@ ControlesCliente nuevosControlesCliente(Panel* panel, Enlaces& enlaces, Puesto& 
     campo->filtro = soloDigitos;
     campo->alSalir = [con = pedido.con, &c] { con([&c] { AjustarCliente(c); }); };
   }
-  QObject::connect(r.dcbLocal, &QComboBox::currentIndexChanged, panel,
-                   [con = pedido.con, &p, &c, &pantallas](int n) {
-                     if (n < 0) return;
-                     con([&] {
-                       ElegirLocal(c, c.locales[static_cast<size_t>(n)].id);
-                       BuscaTarjeta(p, c, pantallas);
-                     });
-                   });
+  QObject::connect(r.dcbLocal, &QComboBox::currentIndexChanged, panel, [con = pedido.con, &p, &c, &pantallas](int n) {
+    if (n < 0) return;
+    con([&] {
+      ElegirLocal(c, c.locales[static_cast<size_t>(n)].id);
+      BuscaTarjeta(p, c, pantallas);
+    });
+  });
   return r;
 }

@@ -24,9 +24,9 @@ struct ControlesCliente {
 
 // What the registers differ in.
 struct PedidoCliente {
-  QString nombres, local;                                // name of the name's field, caption of the site's
-  bool nombresAparte = false;                            // the name's field below its caption, as wide as the panel
-  std::function<void()> antesDelLocal = [] {};           // puts more into the panel between the two
+  QString nombres, local;                                 // name of the name's field, caption of the site's
+  bool nombresAparte = false;                             // the name's field below its caption, as wide as the panel
+  std::function<void()> antesDelLocal = [] {};            // puts more into the panel between the two
   std::function<void(const std::function<void()>&)> con;  // runs an action between the controls' texts in and out
 };
 

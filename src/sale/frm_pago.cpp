@@ -10,8 +10,8 @@
 frmPago::frmPago(Puesto& p, QWidget* padre)
     : Forma(QStringLiteral("frmPago"), QStringLiteral("Pago - Monto a retirar"), padre), p_(p) {
   cuerpo()->addWidget(nuevoTexto(QStringLiteral("RECAUDACIONES DE CAJA"), QStringLiteral("titulo")));
-  cuerpo()->addWidget(nuevoTexto(QStringLiteral("Anote en soles el monto que sale de la caja."),
-                                 QStringLiteral("sentencia")));
+  cuerpo()->addWidget(
+      nuevoTexto(QStringLiteral("Anote en soles el monto que sale de la caja."), QStringLiteral("sentencia")));
   auto* panel = new Panel;
   txtMonto_ = panel->importe(QStringLiteral("txtMonto"), QStringLiteral("&Monto a retirar:"));
   txtMonto_->filtro = filtroImporte;

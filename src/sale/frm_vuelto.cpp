@@ -32,7 +32,8 @@ frmVuelto::frmVuelto(Puesto& p, double total, QWidget* padre)
   connect(calcular, &QPushButton::clicked, this, [this] { con([this] { CalculoVuelto(p_, v_); }); });
   connect(cmdAceptar_, &QPushButton::clicked, this, &frmVuelto::aceptar);
   connect(salir, &QPushButton::clicked, this, &QDialog::reject);
-  tecla(Qt::CTRL | Qt::Key_Return, [this] { aceptar(); }, QStringLiteral("aceptar"));
+  tecla(
+      Qt::CTRL | Qt::Key_Return, [this] { aceptar(); }, QStringLiteral("aceptar"));
   // The same letter belongs to the field and to a button; the field wins, Esc leaves.
   tecla(Qt::ALT | Qt::Key_S, [this] { txtEfectivo_->setFocus(Qt::ShortcutFocusReason); });
   // The buttons' letters: a mnemonic presses a moment later, when the next key has been typed already.

@@ -29,8 +29,8 @@ bool grabar(Puesto& p, double importe, qint64 codigo, const QDateTime& momento) 
   const QString sql = FormatearSQL(
       QStringLiteral("INSERT INTO OPERACION (cOperCode, cUserDesc, nProdCant, nProdPrecUnit, dOperFech, cOperTipo, "
                      "cCajaCodi, cTurnoCodi) VALUES($, '$', $, $, '$', $, '$', '$')"),
-      {codigo, ReemplazarComilla(p.ses.psUsuario), 1, importe, FormatearFecha(momento, u"DD/MM/YYYY hh:mm"), kTipoRetiro,
-       ReemplazarComilla(p.ses.psCaja), ReemplazarComilla(p.ses.psTurno)});
+      {codigo, ReemplazarComilla(p.ses.psUsuario), 1, importe, FormatearFecha(momento, u"DD/MM/YYYY hh:mm"),
+       kTipoRetiro, ReemplazarComilla(p.ses.psCaja), ReemplazarComilla(p.ses.psTurno)});
   return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sql, true);
 }
 

@@ -4,6 +4,7 @@
 
 const std::vector<PantallaTipo>& tiposDeVenta() {
   using P = PanelTipo;
+  // clang-format off
   static const std::vector<PantallaTipo> tabla = {
       // kind         entry                                  lines  cash   total  RUC    US$    panel            tab  voucher
       {kEfectivo,    QStringLiteral("EFECTIVO"),             true,  true,  true,  true,  true,  P::Ninguno,         -1, false},
@@ -16,6 +17,7 @@ const std::vector<PantallaTipo>& tiposDeVenta() {
       {kAnular,      QStringLiteral("ANULAR TRANSACCION"),   false, false, false, false, false, P::Ninguno,         -1, false},
       {kRecaudacion, QStringLiteral("RECAUDACION - PAGO"),   false, false, false, false, false, P::Ninguno,         -1, false},
   };
+  // clang-format on
   return tabla;
 }
 

@@ -5,7 +5,15 @@
 
 // Kinds of sale as the list cboTipoVenta numbers them.
 enum TipoVenta {
-  kEfectivo = 1, kVoucher = 2, kOC = 4, kNC = 5, kPADE = 6, kPADV = 7, kLIQPAD = 8, kAnular = 9, kRecaudacion = 10
+  kEfectivo = 1,
+  kVoucher = 2,
+  kOC = 4,
+  kNC = 5,
+  kPADE = 6,
+  kPADV = 7,
+  kLIQPAD = 8,
+  kAnular = 9,
+  kRecaudacion = 10
 };
 
 // The panel that a kind adds to the screen.
@@ -17,15 +25,15 @@ enum class PanelTipo {
 
 struct PantallaTipo {
   TipoVenta tipo;
-  QString entrada;         // in cboTipoVenta
-  bool llevaLineas;        // sells the lines of the grid
-  bool verEfectivo;        // frmVuelto is shown
-  bool verTotal;           // fraTotal is shown
-  bool rucEditable;        // boleta or factura by the RUC; otherwise a document of its own
+  QString entrada;   // in cboTipoVenta
+  bool llevaLineas;  // sells the lines of the grid
+  bool verEfectivo;  // frmVuelto is shown
+  bool verTotal;     // fraTotal is shown
+  bool rucEditable;  // boleta or factura by the RUC; otherwise a document of its own
   bool dolaresEditables;
   PanelTipo panel;
-  int unicaPestana;        // the one tab that can be used, -1 all
-  bool verVoucher;         // cmdVoucher is shown
+  int unicaPestana;  // the one tab that can be used, -1 all
+  bool verVoucher;   // cmdVoucher is shown
 };
 
 // The nine entries, in the order of the list.

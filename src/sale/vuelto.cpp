@@ -61,7 +61,9 @@ std::optional<EfectivoDocumento> AceptarPagoEfectivo(Puesto& p, PagoEnEfectivo& 
     return {};
   }
   if (LeerImporte(v.txtEfectivo) == 0 && LeerImporte(v.txtEfectivoDolares) == 0) v.txtEfectivo = v.txtTotal;
-  const auto valor = [](const QString& campo) { return LeerImporte(Formatear(LeerImporte(campo), u"###########0.00")); };
+  const auto valor = [](const QString& campo) {
+    return LeerImporte(Formatear(LeerImporte(campo), u"###########0.00"));
+  };
   return EfectivoDocumento{valor(v.txtEfectivo), valor(v.txtEfectivoDolares), valor(v.txtVuelto),
                            valor(v.txtVueltoDolares)};
 }

@@ -10,9 +10,11 @@
 
 namespace {
 
+// clang-format off
 const struct { const char *tipo, *serie; } kSeries[] = {
     {"01", "F01"}, {"02", "B01"}, {"10", "OC1"}, {"11", "NC1"}, {"12", "PA1"}, {"13", "PV1"}, {"14", "LQ1"},
 };
+// clang-format on
 
 QString serieInicial(const QString& tipo) {
   for (const auto& s : kSeries) {
@@ -30,8 +32,9 @@ QString filaDe(const QString& tipo) { return tipo == u"01" ? QStringLiteral("02"
 bool crearFila(Puesto& p, const QString& tipo) {
   return p.poDBAdmin.EjecutarSentencia(
       p.poCnnLocal,
-      QStringLiteral("INSERT INTO Config_Documento (cTipoDoc,cOperCode,nDocCodigo,cSerieDoc,cUserDesc,dUltAct,observacion) "
-                     " VALUES ('%1',0, 0, '%2','',#%3#,'Primer Registro') ")
+      QStringLiteral(
+          "INSERT INTO Config_Documento (cTipoDoc,cOperCode,nDocCodigo,cSerieDoc,cUserDesc,dUltAct,observacion) "
+          " VALUES ('%1',0, 0, '%2','',#%3#,'Primer Registro') ")
           .arg(tipo, serieInicial(tipo), FormatearFecha(p.reloj.now(), u"mm/dd/yyyy")),
       true);
 }
@@ -60,7 +63,9 @@ qint64 maximoCentral(Puesto& p) {
 
 void dejarLog(Puesto& p, const QString& nombre, qint64 viejo, qint64 nuevo) {
   const QString linea = QStringLiteral("Codigo generado %1\rNuevo Codigo %2\r%3\r\n")
-      .arg(viejo).arg(nuevo).arg(FormatearFecha(p.reloj.now(), u"dd/mm/yyyy hh:nn:ss"));
+                            .arg(viejo)
+                            .arg(nuevo)
+                            .arg(FormatearFecha(p.reloj.now(), u"dd/mm/yyyy hh:nn:ss"));
   (void)EscribirBytes(p.rutas.enTemp(nombre), AUnByte(linea));  // the box tells the same
 }
 
@@ -81,8 +86,10 @@ void terminarSinCentral(Puesto& p) {
 bool numeroLocal(Puesto& p, const QString& serie, qint64& numero, QString& tipo) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
-          p.poCnnLocal, QStringLiteral("select nDocCodigo, cTipoDoc from config_documento where cSerieDoc='") +
-                            ReemplazarComilla(serie) + QStringLiteral("'"), rs)) {
+          p.poCnnLocal,
+          QStringLiteral("select nDocCodigo, cTipoDoc from config_documento where cSerieDoc='") +
+              ReemplazarComilla(serie) + QStringLiteral("'"),
+          rs)) {
     return false;
   }
   numero = 0;
@@ -214,9 +221,10 @@ bool VerificarNumeroDocumento(Puesto& p, const QString& tipo, const NombreLog& l
   const bool fiscal = esFiscal(tipo);
   const qint64 central = fiscal ? maximoCentral(p) : 0;
   qint64 maximo = 0;
-  const QString sql = fiscal
-      ? QStringLiteral("SELECT MAX(cDocCodigo) AS maximo FROM Operacion WHERE cDocTipo IN ('01','02')")
-      : QStringLiteral("SELECT MAX(cDocCodigo) AS maximo FROM OperacionParalela WHERE cDocTipo = '%1'").arg(tipo);
+  const QString sql =
+      fiscal
+          ? QStringLiteral("SELECT MAX(cDocCodigo) AS maximo FROM Operacion WHERE cDocTipo IN ('01','02')")
+          : QStringLiteral("SELECT MAX(cDocCodigo) AS maximo FROM OperacionParalela WHERE cDocTipo = '%1'").arg(tipo);
   if (!consultarCifra(p, p.poCnnLocal, sql, u"maximo", maximo)) return false;
   maximo = std::max(maximo, central);
   if (maximo <= 0 || maximo + 1 == n.numero) return true;

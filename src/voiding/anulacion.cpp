@@ -29,8 +29,8 @@ struct Anulacion {
   PantallaTransaccion& v;
   PantallasAnulacion& pantallas;
   AvanceAnulacion avance;
-  bool filaNueva = true;     // of a parallel document: the void's row is still to be written
-  bool dejaBoton = false;    // ended without an answer: the button stays as it was
+  bool filaNueva = true;   // of a parallel document: the void's row is still to be written
+  bool dejaBoton = false;  // ended without an answer: the button stays as it was
 
   const Transaccion& t() const { return *v.cargada; }
 };
@@ -106,9 +106,10 @@ QString textoDelPapel(Puesto& p, const Anulacion& a, int impresora) {
   const QString anulada = alCentro(QStringLiteral("TRANSACCION ANULADA"), 20) + kFin;
   return b.cabecera + kFin + Espacios(13) + FormatearFecha(ahora, kFecha) + kFin + anulada + b.fecha + kFin + b.cuerpo +
          kFin + b.documento + anulada + kFin + u' ' + Izquierda(p.ses.psUsuario, 10) + u' ' +
-         FormatearFecha(ahora, u"hh:mm") + u' ' + kFin + QStringLiteral("Supervisor: ") + Izquierda(a.v.txtsupervisor, 10) +
-         u' ' + kFin + QStringLiteral("CAJA: ") + p.ses.psCaja + QStringLiteral("   TURNO: ") + p.ses.psTurno + kFin +
-         QStringLiteral("Correlativo: ") + CorrelativoImpresion(p, impresora);
+         FormatearFecha(ahora, u"hh:mm") + u' ' + kFin + QStringLiteral("Supervisor: ") +
+         Izquierda(a.v.txtsupervisor, 10) + u' ' + kFin + QStringLiteral("CAJA: ") + p.ses.psCaja +
+         QStringLiteral("   TURNO: ") + p.ses.psTurno + kFin + QStringLiteral("Correlativo: ") +
+         CorrelativoImpresion(p, impresora);
 }
 
 bool imprimir(Puesto& p, Anulacion& a) {
@@ -145,11 +146,13 @@ bool sellarPago(Puesto& p, Anulacion& a) {
   return leido;
 }
 
+// clang-format off
 const Paso<Anulacion> kPasos[] = {
     {"codigo", exigirCodigo}, {"supervisor", autorizar},      {"estado", mirarEstado}, {"orden", mirarOrden},
     {"confirmar", confirmar}, {"codigo nuevo", tomarCodigoNuevo}, {"filas", grabarFilas}, {"liquidacion", deshacer},
     {"ticket", imprimir},     {"puntos", extornar},           {"pago", sellarPago},
 };
+// clang-format on
 
 }  // namespace
 

@@ -12,10 +12,12 @@ bool hacer(Puesto& p, const QString& plantilla, const std::vector<QVariant>& val
 
 bool AnularVenta(Puesto& p, const Transaccion& t, const AvanceAnulacion& avance, const QString& fecha) {
   const bool conLocal = !t.idLocal.isEmpty();
-  const QString espejo = QStringLiteral(" INSERT INTO OPERACION (cOperCode, cUserDesc, cAlmaCode, cProdCode, nProdCant,"
-                                        " nProdPrecUnit, dOperFech, cOperTipo, cOperFlagAnula, cOperCodeAnula,"
-                                        " cCajaCodi, cTurnoCodi$) VALUES ($, '$', '$', $, $, $, '$', $, $, $, '$', '$'$)");
-  const QString marca = QStringLiteral(" UPDATE OPERACION  SET cOperFlagAnula = 1  WHERE cOperCode = $") + kSinParalelas;
+  const QString espejo =
+      QStringLiteral(" INSERT INTO OPERACION (cOperCode, cUserDesc, cAlmaCode, cProdCode, nProdCant,"
+                     " nProdPrecUnit, dOperFech, cOperTipo, cOperFlagAnula, cOperCodeAnula,"
+                     " cCajaCodi, cTurnoCodi$) VALUES ($, '$', '$', $, $, $, '$', $, $, $, '$', '$'$)");
+  const QString marca =
+      QStringLiteral(" UPDATE OPERACION  SET cOperFlagAnula = 1  WHERE cOperCode = $") + kSinParalelas;
   for (size_t n = 0; n < t.lineas.size(); ++n) {
     const LineaDocumento& l = t.lineas[n].linea;
     if (n >= avance.lineas &&
@@ -33,10 +35,11 @@ bool AnularVenta(Puesto& p, const Transaccion& t, const AvanceAnulacion& avance,
 bool AnularParalela(Puesto& p, const Transaccion& t, const AvanceAnulacion& avance, bool filaNueva,
                     const QString& fecha) {
   if (filaNueva &&
-      !hacer(p,
-             QStringLiteral(" INSERT INTO OPERACIONPARALELA (cOperCode, cOperTipo, dOperFech, sGlosa, cEstado, cCajaCodi,"
-                            " cTurnoCodi, cUserDesc) VALUES ($, $, '$', 'ANULACION', '0', '$', '$', '$')"),
-             {avance.codigo, t.tipo, fecha, p.ses.psCaja, p.ses.psTurno, ReemplazarComilla(p.ses.psUsuario)})) {
+      !hacer(
+          p,
+          QStringLiteral(" INSERT INTO OPERACIONPARALELA (cOperCode, cOperTipo, dOperFech, sGlosa, cEstado, cCajaCodi,"
+                         " cTurnoCodi, cUserDesc) VALUES ($, $, '$', 'ANULACION', '0', '$', '$', '$')"),
+          {avance.codigo, t.tipo, fecha, p.ses.psCaja, p.ses.psTurno, ReemplazarComilla(p.ses.psUsuario)})) {
     return false;
   }
   return hacer(p, QStringLiteral(" UPDATE OPERACIONPARALELA SET cEstado = '0', cOpercodeAnul = $ WHERE cOperCode = $"),

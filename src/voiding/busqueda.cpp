@@ -30,7 +30,8 @@ bool buscarUltima(Puesto& p, const QString& tabla, const QString& maximo, const 
   if (codigo <= 0) return false;
   return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
                                       QStringLiteral("SELECT cdocTipo, cdocSerie, cDocCodigo, cOpercode FROM ") +
-                                          tabla + FormatearSQL(QStringLiteral(" WHERE cOperCode= $"), {codigo}) + filtro,
+                                          tabla + FormatearSQL(QStringLiteral(" WHERE cOperCode= $"), {codigo}) +
+                                          filtro,
                                       rs) &&
          !rs.Eof();
 }
@@ -42,8 +43,7 @@ QString condicionBase(const PantallaTransaccion& v) {
     return anular ? QStringLiteral(" (cOperFlagAbierto = 1 OR cestado='1') ") : QStringLiteral(" cestado='1' ");
   }
   // Only sales: the money of a parallel document lies in the same table under a code that another sale may have.
-  return QStringLiteral(" cOperFlagAnula = 0  ") +
-         (anular ? QStringLiteral(" AND cOperFlagAbierto = 1 ") : QString()) +
+  return QStringLiteral(" cOperFlagAnula = 0  ") + (anular ? QStringLiteral(" AND cOperFlagAbierto = 1 ") : QString()) +
          QStringLiteral(" AND cDocTipo IN ") + kTiposFiscales;
 }
 
@@ -110,8 +110,7 @@ void Busca_operacion(Puesto& p, PantallaTransaccion& v, bool silencio) {
     Transaccion t;
     AvanceAnulacion avance;
     if (LeerTransaccion(p, entero(rs[u"cOpercode"]), false, t) != LecturaTransaccion::Leida ||
-        !LeerAvance(p, t, avance) ||
-        avance.estado == Anulada::Del_todo) {
+        !LeerAvance(p, t, avance) || avance.estado == Anulada::Del_todo) {
       return;
     }
   }
@@ -152,11 +151,12 @@ void BuscarDocumento(Puesto& p, PantallaTransaccion& v) {
     condicion += QStringLiteral(" And cDocCodigo like '") + TextoDe(Val(numero)) + QStringLiteral("'");
   }
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                    QStringLiteral("Select distinct cdocTipo, cdocSerie, cDocCodigo, cOpercode FROM ") +
-                                        (v.chkAlterno ? QStringLiteral("OperacionParalela") : QStringLiteral("Operacion")) +
-                                        QStringLiteral(" WHERE ") + condicion,
-                                    rs)) {
+  if (!p.poDBAdmin.EjecutarConsulta(
+          p.poCnnLocal,
+          QStringLiteral("Select distinct cdocTipo, cdocSerie, cDocCodigo, cOpercode FROM ") +
+              (v.chkAlterno ? QStringLiteral("OperacionParalela") : QStringLiteral("Operacion")) +
+              QStringLiteral(" WHERE ") + condicion,
+          rs)) {
     return;
   }
   if (rs.Eof()) {

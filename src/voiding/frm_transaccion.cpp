@@ -71,7 +71,8 @@ void frmTransaccion::crearBusqueda() {
 }
 
 void frmTransaccion::teclaAccion(QKeyCombination combinacion, const QString& texto) {
-  tecla(combinacion, [this] { pulsar(); }, texto);
+  tecla(
+      combinacion, [this] { pulsar(); }, texto);
 }
 
 void frmTransaccion::mostrar() {

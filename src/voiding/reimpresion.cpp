@@ -23,8 +23,8 @@ QString cliente(const Puesto& p, const Transaccion& t) {
   const QString raya(28, u'-');
   QString s;
   if (!t.ruc.isEmpty()) {
-    s = QStringLiteral(" NOMBRE: ") + raya + kFin + Espacios(9) + raya + kFin + QStringLiteral(" RUC Cliente: ") + t.ruc +
-        kFin;
+    s = QStringLiteral(" NOMBRE: ") + raya + kFin + Espacios(9) + raya + kFin + QStringLiteral(" RUC Cliente: ") +
+        t.ruc + kFin;
   }
   return s + QStringLiteral(" TICKET NRO: ") + t.docSerie + u'-' + Ceros(t.docNumero, 6) + QStringLiteral(" NS:") +
          p.ses.psSerieImpresora + kFin;
@@ -92,7 +92,10 @@ QString puntos(Puesto& p, const PantallaTransaccion& v, double importe) {
 QString cierre(const Transaccion& t) {
   return FormatearFecha(t.fecha, u"(DDD) DD/MM/YYYY ") + FormatearFecha(t.fecha, u"hh:mm") + kFin + t.usuario +
          QStringLiteral(" Cj:") + t.caja + QStringLiteral("  T:") + t.turno +
-         QStringLiteral("v%1.%2.%3").arg(TARVOPOS_VERSION_MAYOR).arg(TARVOPOS_VERSION_MENOR).arg(TARVOPOS_VERSION_REVISION);
+         QStringLiteral("v%1.%2.%3")
+             .arg(TARVOPOS_VERSION_MAYOR)
+             .arg(TARVOPOS_VERSION_MENOR)
+             .arg(TARVOPOS_VERSION_REVISION);
 }
 
 QString textoVenta(Puesto& p, PantallaTransaccion& v) {

@@ -63,8 +63,7 @@ QString totales(const Transaccion& t, const Sumas& s) {
       if (t.vuelto == 0) return rotulo + conAsterisco(s.neto, 29);
       return QStringLiteral("SUB/TOTL ") + conAsterisco(s.neto, 29) + kFin + QStringLiteral("EFECTIVO ") +
              conAsterisco(t.efectivo, 29) + kFin + QStringLiteral("VUELTO   ") + conAsterisco(t.vuelto, 29);
-    default:
-      return rotulo + conAsterisco(s.total, 29);
+    default: return rotulo + conAsterisco(s.total, 29);
   }
 }
 
@@ -82,10 +81,8 @@ QString BloqueCabecera(Puesto& p) {
 QString PalabraTransaccion(int tipo) {
   switch (tipo) {
     case kOperacionEfectivo:
-    case kOperacionLiquidacion:
-      return {};
-    default:
-      return datosDe(static_cast<ClaseDocumento>(tipo)).palabra;
+    case kOperacionLiquidacion: return {};
+    default: return datosDe(static_cast<ClaseDocumento>(tipo)).palabra;
   }
 }
 

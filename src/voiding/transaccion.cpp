@@ -83,8 +83,8 @@ LecturaTransaccion leerVenta(Puesto& p, Transaccion& t) {
 LecturaTransaccion leerParalela(Puesto& p, Transaccion& t) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
-          p.poCnnLocal,
-          FormatearSQL(QStringLiteral("Select * FROM OperacionParalela WHERE cOperCode= $"), {t.codigo}), rs)) {
+          p.poCnnLocal, FormatearSQL(QStringLiteral("Select * FROM OperacionParalela WHERE cOperCode= $"), {t.codigo}),
+          rs)) {
     return LecturaTransaccion::Fallo;
   }
   if (rs.Eof()) return LecturaTransaccion::NoExiste;
@@ -112,13 +112,16 @@ LecturaTransaccion leerParalela(Puesto& p, Transaccion& t) {
 // issued since under the same code is another one: its sale is in force, or it is younger than the void.
 qint64 quedaDeLiquidacion(Puesto& p, const Transaccion& t) {
   if (t.tipo != kOperacionLiquidacion || t.relacion == 0) return 0;
-  const qint64 otraVenta = contar(
-      p, QStringLiteral("Operacion"),
-      QStringLiteral("cOperCodeAnula = $ AND cOperTipo = 3 AND cOperFlagAnula = 0 AND cOperFlagAbierto = 1"), t.relacion);
+  const qint64 otraVenta =
+      contar(p, QStringLiteral("Operacion"),
+             QStringLiteral("cOperCodeAnula = $ AND cOperTipo = 3 AND cOperFlagAnula = 0 AND cOperFlagAbierto = 1"),
+             t.relacion);
   if (otraVenta != 0) return otraVenta > 0 ? 0 : -1;
   const QString hastaAnular =
-      kDeLiquidacion + QStringLiteral(" AND dOperFech <= (SELECT MAX(dOperFech) FROM Operacion WHERE cOperCodeAnula = %1 "
-                                      "AND cOperFlagAnula = 1 AND nProdCant < 0)").arg(t.codigo);
+      kDeLiquidacion +
+      QStringLiteral(" AND dOperFech <= (SELECT MAX(dOperFech) FROM Operacion WHERE cOperCodeAnula = %1 "
+                     "AND cOperFlagAnula = 1 AND nProdCant < 0)")
+          .arg(t.codigo);
   const qint64 documento = contar(p, QStringLiteral("OperacionParalela"), hastaAnular, t.relacion);
   if (documento != 0) return documento;
   return contar(p, QStringLiteral("Operacion"), hastaAnular, t.relacion);
@@ -166,9 +169,9 @@ bool avanceParalela(Puesto& p, const Transaccion& t, AvanceAnulacion& a) {
     return true;
   }
   a.codigo = t.anuladaPor;
-  const qint64 dinero = contar(p, QStringLiteral("Operacion"),
-                               QStringLiteral("cOpercode= $ AND cOperFlagAbierto=1 AND cDocTipo in ('10', '14')"),
-                               t.codigo);
+  const qint64 dinero =
+      contar(p, QStringLiteral("Operacion"),
+             QStringLiteral("cOpercode= $ AND cOperFlagAbierto=1 AND cDocTipo in ('10', '14')"), t.codigo);
   if (dinero < 0) return false;
   a.estado = dinero == 0 ? Anulada::Del_todo : Anulada::AMedias;
   return true;

@@ -33,7 +33,7 @@ struct Transaccion {
   double dolares = 0;     // taken in cash
   double montoSoles = 0, montoDolares = 0;
   bool enDolares = false;
-  double efectivo = 0, vuelto = 0;  // soles, parallel documents only
+  double efectivo = 0, vuelto = 0;       // soles, parallel documents only
   std::vector<LineaTransaccion> lineas;  // only those of known articles: no tender row
 };
 

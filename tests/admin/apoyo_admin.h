@@ -42,7 +42,8 @@ inline void cambia(const QString& archivo, const char* sql) {
   QString error;
   const BaseSqlite db = AbrirSqlite(archivo, SQLITE_OPEN_READWRITE, error);
   ASSERT_TRUE(db) << texto(error);
-  ASSERT_EQ(SQLITE_OK, sqlite3_exec(db.get(), sql, nullptr, nullptr, nullptr)) << sql << "\n" << sqlite3_errmsg(db.get());
+  ASSERT_EQ(SQLITE_OK, sqlite3_exec(db.get(), sql, nullptr, nullptr, nullptr)) << sql << "\n"
+                                                                               << sqlite3_errmsg(db.get());
 }
 
 // A desk that must come out well.

@@ -1,5 +1,5 @@
-#include "apoyo/casos.h"
 #include "admin/consola_sql.h"
+#include "apoyo/casos.h"
 
 #include <cmath>
 #include <sstream>
@@ -85,7 +85,8 @@ TEST_F(Consola, OneAnswerALineAndBlankLinesNone) {
   std::istringstream entrada("\xEF\xBB\xBFselect 'ñ'\r\n\n   \nupdate t set a=1\nselect 2");
   std::ostringstream salida;
   ConsolaSql(cnn, entrada, salida, false);
-  EXPECT_EQ("{\"columnas\":[\"x\"],\"filas\":[]}\n{\"afectadas\":3}\n{\"columnas\":[\"x\"],\"filas\":[]}\n", salida.str());
+  EXPECT_EQ("{\"columnas\":[\"x\"],\"filas\":[]}\n{\"afectadas\":3}\n{\"columnas\":[\"x\"],\"filas\":[]}\n",
+            salida.str());
   EXPECT_EQ("consultar select 'ñ'\nejecutar update t set a=1\nconsultar select 2",
             texto(motores.ultimo->pedido.join(u'\n')));
 }

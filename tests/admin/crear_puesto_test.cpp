@@ -1,5 +1,5 @@
-#include "apoyo/casos.h"
 #include "admin/crear_puesto.h"
+#include "apoyo/casos.h"
 
 #include <QSet>
 
@@ -23,7 +23,8 @@ TEST_F(CrearPuestoPrueba, AFolderIsReadyForTheTill) {
     SCOPED_TRACE(f.donde());
     EXPECT_EQ(f["sale"], filas(mdb, qPrintable(f["sql"])));
   }
-  EXPECT_EQ("18.0", texto(filas(en("tienda/caja12/central.db"), "SELECT nmonto1 FROM parametro WHERE cCodParam='IGV'")));
+  EXPECT_EQ("18.0",
+            texto(filas(en("tienda/caja12/central.db"), "SELECT nmonto1 FROM parametro WHERE cCodParam='IGV'")));
   EXPECT_EQ("03", texto(filas(en("tienda/caja12/central.db"), "SELECT cCodAlmac FROM Almacen")));
   EXPECT_EQ("1", texto(filas(en("tienda/caja12/cliente.db"), "SELECT idlocal FROM local WHERE Activo=1")));
   // Nothing of the making is left, and the files are plain ones: no log beside them.
@@ -38,7 +39,8 @@ TEST_F(CrearPuestoPrueba, FileAndTableAgreeOnEverySetting) {
   int claves = 0;
   for (const char* seccion : {"INICIO", "PARAMETROS", "SQLServer"}) {
     for (const auto& [clave, valor] : LeerSeccionPerfil(en("p/KEB.cfg"), u8(seccion))) {
-      EXPECT_EQ(texto(valor), texto(filas(en("p/TarvoPos.mdb"), qPrintable(u8("SELECT %1 FROM Configuracion").arg(clave)))))
+      EXPECT_EQ(texto(valor),
+                texto(filas(en("p/TarvoPos.mdb"), qPrintable(u8("SELECT %1 FROM Configuracion").arg(clave)))))
           << texto(clave);
       ++claves;
     }
@@ -75,6 +77,7 @@ TEST_F(CrearPuestoPrueba, ASecondDeskSharesTheServersOfTheFirst) {
 }
 
 TEST_F(CrearPuestoPrueba, AFailureLeavesNothingHalfMade) {
+  // clang-format off
   const struct { const char* porque; void (*estorbo)(CrearPuestoPrueba&, DatosPuesto&); const char* queda; } kCasos[] = {
       {"the first step fails", [](CrearPuestoPrueba&, DatosPuesto& d) { d.central = u8("sqlite:no/hay/c.db"); }, ""},
       {"the second fails", [](CrearPuestoPrueba&, DatosPuesto& d) { d.cliente = u8("sqlite:no/hay/c.db"); }, ""},
@@ -83,6 +86,7 @@ TEST_F(CrearPuestoPrueba, AFailureLeavesNothingHalfMade) {
        [](CrearPuestoPrueba&, DatosPuesto& d) { QDir().mkpath(d.carpeta + u8("/TarvoPos.mdb.nuevo/x")); },
        "TarvoPos.mdb.nuevo"},
   };
+  // clang-format on
   int n = 0;
   for (const auto& c : kCasos) {
     SCOPED_TRACE(c.porque);
@@ -96,6 +100,7 @@ TEST_F(CrearPuestoPrueba, AFailureLeavesNothingHalfMade) {
 }
 
 TEST_F(CrearPuestoPrueba, BadDataAreRefusedBeforeAnythingIsMade) {
+  // clang-format off
   const QHash<QString, QString DatosPuesto::*> campos{
       {u8("caja"), &DatosPuesto::caja}, {u8("almacen"), &DatosPuesto::almacen}, {u8("servicio"), &DatosPuesto::servicio},
       {u8("central"), &DatosPuesto::central}, {u8("cliente"), &DatosPuesto::cliente}, {u8("clave"), &DatosPuesto::clave}};
@@ -106,6 +111,7 @@ TEST_F(CrearPuestoPrueba, BadDataAreRefusedBeforeAnythingIsMade) {
     EXPECT_TRUE(CrearPuesto(d));
     EXPECT_FALSE(QFile::exists(en("p")));
   }
+  // clang-format on
 }
 
 TEST(SerieInicialPrueba, NoTwoDesksShareASeries) {
@@ -145,7 +151,8 @@ TEST(ArgumentosPrueba, WordsComeApart) {
     QString sale = u8("error");
     if (!LeerArgumentos(c["palabras"].split(u' '), forma, a)) {
       sale = a.lugares.join(u',');
-      for (const char* o : {"--caja", "--clave"}) if (a.tiene(u8(o))) sale += u8(" ") + u8(o).mid(2) + u8("=") + a.valor(u8(o), {});
+      for (const char* o : {"--caja", "--clave"})
+        if (a.tiene(u8(o))) sale += u8(" ") + u8(o).mid(2) + u8("=") + a.valor(u8(o), {});
       if (a.tiene(u8("--demo"))) sale += u8(" demo");
     }
     EXPECT_EQ(c["sale"], sale);

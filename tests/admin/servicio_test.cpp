@@ -1,6 +1,6 @@
-#include "apoyo/casos.h"
 #include "admin/respaldo.h"
 #include "admin/verificar.h"
+#include "apoyo/casos.h"
 #include "apoyo_admin.h"
 
 namespace {
@@ -15,7 +15,9 @@ TEST_F(Servicio, ABackupIsOneMomentBesideARunningTill) {
   QString error;
   const BaseSqlite caja = AbrirSqlite(mdb(), SQLITE_OPEN_READWRITE, error);
   ASSERT_TRUE(caja);
-  const auto hace = [&](const char* sql) { EXPECT_EQ(SQLITE_OK, sqlite3_exec(caja.get(), sql, nullptr, nullptr, nullptr)); };
+  const auto hace = [&](const char* sql) {
+    EXPECT_EQ(SQLITE_OK, sqlite3_exec(caja.get(), sql, nullptr, nullptr, nullptr));
+  };
   hace("INSERT INTO Operacion (cOperCode) VALUES (1)");
   hace("BEGIN IMMEDIATE; INSERT INTO Operacion (cOperCode) VALUES (2)");
   const auto fallo = RespaldarPuesto(en("p"), en("copia.mdb"), false);
@@ -48,7 +50,8 @@ TEST_F(Servicio, ABackupTakesNobodysPlace) {
   EXPECT_TRUE(RespaldarPuesto(en("p"), en("no/hay/copia.mdb"), false));
   EXPECT_TRUE(RespaldarPuesto(en("vacia"), en("otra.mdb"), false));
   EXPECT_FALSE(QFile::exists(en("otra.mdb")));
-  EXPECT_EQ("KEB.cfg TarvoPos.mdb central.db cliente.db", texto(QDir(en("p")).entryList(QDir::Files, QDir::Name).join(u' ')));
+  EXPECT_EQ("KEB.cfg TarvoPos.mdb central.db cliente.db",
+            texto(QDir(en("p")).entryList(QDir::Files, QDir::Name).join(u' ')));
 }
 
 TEST_F(Servicio, ADamagedStoreIsNotBackedUp) {

@@ -39,8 +39,9 @@ TEST_F(TiendaDemo, HasWhatADayNeeds) {
 
 // Paper is single-byte text of 39 columns.
 TEST_F(TiendaDemo, EveryTextCanBePrinted) {
-  const QString textos = da(u8("SELECT sProdDesc FROM Producto UNION ALL SELECT sProdDescCrta FROM Producto UNION ALL "
-                               "SELECT sCabeDescripcion FROM Cabecera_Impresion UNION ALL SELECT sClieApel FROM cliente.Cliente"));
+  const QString textos =
+      da(u8("SELECT sProdDesc FROM Producto UNION ALL SELECT sProdDescCrta FROM Producto UNION ALL "
+            "SELECT sCabeDescripcion FROM Cabecera_Impresion UNION ALL SELECT sClieApel FROM cliente.Cliente"));
   EXPECT_EQ(texto(textos), texto(DeUnByte(AUnByte(textos))));
   for (const QString& t : textos.split(u'\n')) EXPECT_LE(t.size(), 39) << texto(t);
 }

@@ -25,7 +25,9 @@ class CasoEscrito {
     const bool citado = campo.size() > 1 && campo.startsWith(u'"') && campo.endsWith(u'"');
     return citado ? campo.mid(1, campo.size() - 2) : campo;
   }
-  bool falta(const char* columna) const { return campos_.value(columnas_.indexOf(QString::fromLatin1(columna))) == u"~"; }
+  bool falta(const char* columna) const {
+    return campos_.value(columnas_.indexOf(QString::fromLatin1(columna))) == u"~";
+  }
   int entero(const char* columna) const { return (*this)[columna].toInt(); }
   double numero(const char* columna) const { return (*this)[columna].toDouble(); }
   bool si(const char* columna) const { return (*this)[columna] == u"si"; }
@@ -40,7 +42,8 @@ class CasoEscrito {
 // `archivo` as "ROOM/NAME". No cases, or a line with too few or too many fields, fail the test.
 inline std::vector<CasoEscrito> leerCasos(const char* archivo) {
   static const QRegularExpression barra(QStringLiteral("(?<=\\s)\\|(?=\\s|$)"));
-  const QString nombre = QString::fromLatin1(archivo).replace(u'/', QStringLiteral("/casos/")) + QStringLiteral(".casos");
+  const QString nombre =
+      QString::fromLatin1(archivo).replace(u'/', QStringLiteral("/casos/")) + QStringLiteral(".casos");
   std::vector<CasoEscrito> casos;
   QFile f(QStringLiteral(TARVOPOS_FUENTES "/tests/") + nombre);
   QStringList columnas;

@@ -27,7 +27,8 @@ inline std::vector<std::string> nombresGolden(const char* carpeta, const char* f
 // The "name = value" lines of a case.
 inline std::vector<std::pair<QString, QString>> leerCaso(const QString& caso) {
   std::vector<std::pair<QString, QString>> lineas;
-  for (const QString& l : QString::fromUtf8(leerGolden(caso + QStringLiteral(".caso"))).split(u'\n', Qt::SkipEmptyParts)) {
+  for (const QString& l :
+       QString::fromUtf8(leerGolden(caso + QStringLiteral(".caso"))).split(u'\n', Qt::SkipEmptyParts)) {
     if (!l.startsWith(u'#')) lineas.emplace_back(l.section(u'=', 0, 0).trimmed(), l.section(u'=', 1).trimmed());
   }
   return lineas;
@@ -50,7 +51,10 @@ inline std::string primeraDiferencia(const QByteArray& esperado, const QByteArra
   for (qsizetype i = 0; i < std::max(a.size(), b.size()); ++i) {
     const QByteArray x = i < a.size() ? a[i] : "nothing", y = i < b.size() ? b[i] : "nothing";
     if (x != y || a.size() <= i || b.size() <= i) {
-      return QStringLiteral("line %1: expected \"%2\", printed \"%3\"").arg(i + 1).arg(DeUnByte(x), DeUnByte(y)).toStdString();
+      return QStringLiteral("line %1: expected \"%2\", printed \"%3\"")
+          .arg(i + 1)
+          .arg(DeUnByte(x), DeUnByte(y))
+          .toStdString();
     }
   }
   return {};
@@ -59,7 +63,8 @@ inline std::string primeraDiferencia(const QByteArray& esperado, const QByteArra
 // The statements of a file under tests/, one a line, all or none.
 inline void ejecutarArchivo(PuestoPrueba& p, Conexion& cnn, const char* archivo) {
   EXPECT_FALSE(cnn.iniciar());
-  for (const QString& linea : QString::fromUtf8(leerGolden(QLatin1String("../") + QLatin1String(archivo))).split(u'\n')) {
+  for (const QString& linea :
+       QString::fromUtf8(leerGolden(QLatin1String("../") + QLatin1String(archivo))).split(u'\n')) {
     if (!linea.isEmpty() && !linea.startsWith(u'#')) p.ejecuta(cnn, linea);
   }
   EXPECT_FALSE(cnn.confirmar());

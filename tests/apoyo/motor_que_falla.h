@@ -18,9 +18,7 @@ struct PlanFallas {
 
   bool toca() const { return n > 0 && (van == n || (van > n && falla == Falla::desdeAhi)); }
   // Starts counting anew.
-  void armar(int cual, Falla como = Falla::unaVez, Muerte m = Muerte::no) {
-    *this = PlanFallas{cual, como, m, 0, {}};
-  }
+  void armar(int cual, Falla como = Falla::unaVez, Muerte m = Muerte::no) { *this = PlanFallas{cual, como, m, 0, {}}; }
 };
 
 class MotorQueFalla final : public Motor {
@@ -34,9 +32,15 @@ class MotorQueFalla final : public Motor {
   std::optional<ErrorBD> ejecutar(const QString& sql, qint64* afectadas) override {
     return paso(sql, [&] { return real_->ejecutar(sql, afectadas); });
   }
-  std::optional<ErrorBD> iniciar() override { return paso(QStringLiteral("BEGIN"), [&] { return real_->iniciar(); }); }
-  std::optional<ErrorBD> confirmar() override { return paso(QStringLiteral("COMMIT"), [&] { return real_->confirmar(); }); }
-  std::optional<ErrorBD> deshacer() override { return paso(QStringLiteral("ROLLBACK"), [&] { return real_->deshacer(); }); }
+  std::optional<ErrorBD> iniciar() override {
+    return paso(QStringLiteral("BEGIN"), [&] { return real_->iniciar(); });
+  }
+  std::optional<ErrorBD> confirmar() override {
+    return paso(QStringLiteral("COMMIT"), [&] { return real_->confirmar(); });
+  }
+  std::optional<ErrorBD> deshacer() override {
+    return paso(QStringLiteral("ROLLBACK"), [&] { return real_->deshacer(); });
+  }
   QString traducir(const QString& sql) override { return real_->traducir(sql); }
 
  private:

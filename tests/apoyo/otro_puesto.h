@@ -8,7 +8,8 @@
 #include "apoyo/puesto_prueba.h"
 
 inline void abrirAlmacen(Puesto& p) {
-  EXPECT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnLocal, QStringLiteral("driver={Microsoft Access Driver (*.mdb)};DBQ=") + p.ses.psRutaBD));
+  EXPECT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnLocal,
+                                  QStringLiteral("driver={Microsoft Access Driver (*.mdb)};DBQ=") + p.ses.psRutaBD));
 }
 
 template <class MisPuertos>

@@ -21,16 +21,21 @@ const QString kLocal = QStringLiteral("TarvoPos.mdb"), kCentral = QStringLiteral
 
 // The rows of a new desk 00001, beside its tables, in SQLite's own language.
 QStringList filasDelPuesto() {
-  QStringList s{QStringLiteral("INSERT INTO Configuracion (Caja, Almacen, PorcServ, GAVETA, PRINTER, DFlag, iCierreCaja, "
-                               "cCodiTurno, cOperId, cOperIdP) VALUES ('00001','01','10','S','EPSON','S',0,'01',0,0)")};
-  const struct { const char *tipo, *serie; } series[] = {{"01", "F01"}, {"02", "001"}, {"10", "OC1"}, {"11", "NC1"},
-                                                         {"12", "PA1"}, {"13", "PV1"}, {"14", "LQ1"}};
+  QStringList s{
+      QStringLiteral("INSERT INTO Configuracion (Caja, Almacen, PorcServ, GAVETA, PRINTER, DFlag, iCierreCaja, "
+                     "cCodiTurno, cOperId, cOperIdP) VALUES ('00001','01','10','S','EPSON','S',0,'01',0,0)")};
+  const struct {
+    const char *tipo, *serie;
+  } series[] = {{"01", "F01"}, {"02", "001"}, {"10", "OC1"}, {"11", "NC1"},
+                {"12", "PA1"}, {"13", "PV1"}, {"14", "LQ1"}};
   for (const auto& f : series) {
     s += QStringLiteral("INSERT INTO Config_Documento (cTipoDoc, cOperCode, nDocCodigo, cSerieDoc) "
-                        "VALUES ('%1',0,0,'%2')").arg(QString::fromLatin1(f.tipo), QString::fromLatin1(f.serie));
+                        "VALUES ('%1',0,0,'%2')")
+             .arg(QString::fromLatin1(f.tipo), QString::fromLatin1(f.serie));
   }
   for (int n : {1, 2}) {
-    s += QStringLiteral("INSERT INTO _Tmp1 (prn, idct, maxid, nsmr, idz, Imac) VALUES (%1,0,999999,'SER-%1',0,0)").arg(n);
+    s += QStringLiteral("INSERT INTO _Tmp1 (prn, idct, maxid, nsmr, idz, Imac) VALUES (%1,0,999999,'SER-%1',0,0)")
+             .arg(n);
   }
   return s;
 }
@@ -40,9 +45,8 @@ const QDir& modelo() {
   static const QTemporaryDir carpeta;
   static const QDir dir = [] {
     const QDir d(carpeta.path());
-    const std::pair<QString, QStringList> bases[] = {{kLocal, tablasDelPuesto() + filasDelPuesto()},
-                                                     {kCentral, tablasDelCentral()},
-                                                     {kCliente, tablasDelCliente()}};
+    const std::pair<QString, QStringList> bases[] = {
+        {kLocal, tablasDelPuesto() + filasDelPuesto()}, {kCentral, tablasDelCentral()}, {kCliente, tablasDelCliente()}};
     for (const auto& [archivo, sentencias] : bases) {
       const auto error = crearBaseSqlite(d.filePath(archivo), sentencias);
       EXPECT_FALSE(error) << qPrintable(error ? error->descripcion : QString());
@@ -122,8 +126,8 @@ std::optional<QString> PuertosRegistro::imprimir(const QString& impresora, const
 }
 
 PartesPrueba::PartesPrueba(const Envolver& envolver)
-    : reales(motoresDelSistema(carpeta.path(),
-                               {[this] { return relojFijo.now(); }, procedimientosDeServidores(), {}})) {
+    : reales(
+          motoresDelSistema(carpeta.path(), {[this] { return relojFijo.now(); }, procedimientosDeServidores(), {}})) {
   if (envolver) envueltos = envolver(*reales);
 }
 
@@ -179,5 +183,8 @@ void PuestoPrueba::articulo(int codigo, const QString& corta, double precio, boo
   ejecuta(QStringLiteral("INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, "
                          "cProdEstd, nActivo, cFlagCanje, nPuntos, cFlagServicio, cCodCatalogo) "
                          "VALUES ('01', %1, '%2', '%2', %3, 1, 1, 0, 0, %4, '%5')")
-              .arg(codigo).arg(corta, TextoDe(precio)).arg(servicio ? 1 : 0).arg(catalogo));
+              .arg(codigo)
+              .arg(corta, TextoDe(precio))
+              .arg(servicio ? 1 : 0)
+              .arg(catalogo));
 }

@@ -39,7 +39,9 @@ class MensajesGuion final : public Mensajes {
     respuesta_ = respuesta;
   }
 
-  struct Caja { QString texto, titulo; };
+  struct Caja {
+    QString texto, titulo;
+  };
   std::vector<Caja> vistas;
 
   void mostrar(const QString& texto, const QString& titulo, Icono icono) override;
@@ -47,7 +49,9 @@ class MensajesGuion final : public Mensajes {
   std::optional<QString> pedir(const QString& texto, const QString& titulo, const QString& porDefecto) override;
 
  private:
-  struct Espera { QString texto, respuesta; };
+  struct Espera {
+    QString texto, respuesta;
+  };
   std::optional<QString> tomar(const QString& texto, const QString& titulo);
   std::deque<Espera> esperas_;
   bool libre_ = false;
@@ -56,9 +60,9 @@ class MensajesGuion final : public Mensajes {
 
 class PuertosRegistro final : public Puertos {
  public:
-  QHash<QString, QByteArray> papel;           // port -> all bytes copied to it
+  QHash<QString, QByteArray> papel;                       // port -> all bytes copied to it
   std::vector<std::pair<QString, QStringList>> impresos;  // driver prints: printer, texts
-  QString fallo;                              // not empty: every copy and print fails with these words
+  QString fallo;                                          // not empty: every copy and print fails with these words
   QList<ImpresoraSistema> lista{{QStringLiteral("Ticketera"), QStringLiteral("LPT1")},
                                 {QStringLiteral("Alterna"), QStringLiteral("LPT2")}};
 
@@ -114,6 +118,5 @@ class PuestoPrueba : private PartesPrueba, public Puesto {
   void ejecuta(Conexion& cnn, const QString& sql);
   void ejecuta(const QString& sql) { ejecuta(poCnnLocal, sql); }
   // An article in warehouse 01, on sale, without points.
-  void articulo(int codigo, const QString& corta, double precio, bool servicio = false,
-                const QString& catalogo = {});
+  void articulo(int codigo, const QString& corta, double precio, bool servicio = false, const QString& catalogo = {});
 };

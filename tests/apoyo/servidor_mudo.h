@@ -36,7 +36,8 @@ class ServidorMudo {
   ServidorMudo& operator=(const ServidorMudo&) = delete;
 
   QString cadena() const {
-    return QStringLiteral("Provider=SQLOLEDB.1;User ID=u;Password=p;Initial Catalog=c;Data Source=postgres:127.0.0.1:%1")
+    return QStringLiteral(
+               "Provider=SQLOLEDB.1;User ID=u;Password=p;Initial Catalog=c;Data Source=postgres:127.0.0.1:%1")
         .arg(puerto_);
   }
 

@@ -15,9 +15,10 @@ const QString kAlmacen = QStringLiteral("TarvoPos.mdb");
 class ArranqueTest : public testing::Test {
  protected:
   ArranqueTest() {
-    p.ejecuta(QStringLiteral("UPDATE Configuracion SET DataServer='sqlite:central.db', ServidorSQL='sqlite:cliente.db', "
-                             "cCodiTurno='02', sImpresora='Ticketera', sImpresoraAlterna='', nFlagCortaPapel=1, "
-                             "nFlagCortaPapelALT=0"));
+    p.ejecuta(
+        QStringLiteral("UPDATE Configuracion SET DataServer='sqlite:central.db', ServidorSQL='sqlite:cliente.db', "
+                       "cCodiTurno='02', sImpresora='Ticketera', sImpresoraAlterna='', nFlagCortaPapel=1, "
+                       "nFlagCortaPapelALT=0"));
     Conexion central = abrir(p.ses.psConexionCentral);
     p.ejecuta(central, QStringLiteral("DELETE FROM parametro"));
     p.ejecuta(central, QStringLiteral("INSERT INTO parametro (cCodParam, nmonto1) VALUES ('IGV', 18)"));
@@ -102,12 +103,14 @@ TEST_F(ArranqueTest, AStoreThatIsMissingBrokenOrForeignIsToldAndKeepsItsBytes) {
   p.poCnnLocal.cerrar();
   const QByteArray sano = bytes(kAlmacen);
   ASSERT_GT(sano.size(), 8192);
+  // clang-format off
   const struct { const char* porque; QByteArray contenido; } kCasos[] = {
       {"empty", {}},
       {"cut inside the first page", sano.left(700)},
       {"cut in the middle", sano.left(sano.size() / 2 / 4096 * 4096)},
       {"a text", "no soy una base de datos, pero soy bastante largo para parecer una\n"},
   };
+  // clang-format on
   for (const auto& c : kCasos) {
     SCOPED_TRACE(c.porque);
     escribir(kAlmacen, c.contenido);
@@ -155,7 +158,9 @@ TEST_F(ArranqueTest, APipeInPlaceOfTheSettingsIsNotWaitedFor) {
 
 TEST_F(ArranqueTest, SettingsThatCannotBeReadEndTheStart) {
   p.poCnnLocal.cerrar();
-  const QByteArray binario("\x7F" "ELF\0\1\2\3", 8);
+  const QByteArray binario("\x7F"
+                           "ELF\0\1\2\3",
+                           8);
   escribir(QStringLiteral("KEB.cfg"), binario);
   p.persona().espera(QStringLiteral("no es un archivo de texto"));
   arrancaYTermina();

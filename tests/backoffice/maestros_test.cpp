@@ -13,8 +13,10 @@ namespace {
 void conUsuarios(PuestoPrueba& p) {
   p.ejecuta("INSERT INTO Perfil (cPerfCode, sPerfDesc) VALUES (1, 'SUPERVISOR')");
   p.ejecuta("INSERT INTO Perfil (cPerfCode, sPerfDesc) VALUES (2, 'CAJERO')");
-  p.ejecuta("INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName) VALUES ('CAJERO', 'caja', 2, 'RÍOS', 'ANA')");
-  p.ejecuta("INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName) VALUES ('ROSA', 'r', 1, 'PEÑA', 'ÑUSTA')");
+  p.ejecuta(
+      "INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName) VALUES ('CAJERO', 'caja', 2, 'RÍOS', 'ANA')");
+  p.ejecuta(
+      "INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName) VALUES ('ROSA', 'r', 1, 'PEÑA', 'ÑUSTA')");
   p.ses.psUsuario = "cajero";  // as he typed it at the login
   p.ses.psClaveUsuario = "caja";
 }
@@ -55,7 +57,8 @@ TEST(Parametros, TheNumberingStartsAboveWhatIsThere) {
     v.txtNumeracion = c["numero"];
     if (!c["caja"].isEmpty()) p.persona().espera(c["caja"]);
     EXPECT_EQ(c["caja"].isEmpty(), GrabarNumeracion(p, v));
-    EXPECT_EQ(c["codigos"], p.filas("SELECT cOperCode FROM Operacion ORDER BY IIF(cOperCode IS NULL, 9999, cOperCode)"));
+    EXPECT_EQ(c["codigos"],
+              p.filas("SELECT cOperCode FROM Operacion ORDER BY IIF(cOperCode IS NULL, 9999, cOperCode)"));
   }
 }
 

@@ -29,6 +29,7 @@ const char* const kTeclado = "backoffice/casos/teclado.sql";
 
 TEST(Productos, AreStoredByTheMode) {
   const QString cafe = "01|101|CAFE|CAFE|10|1|0|0|0|0|1|1";
+  // clang-format off
   const struct { const char* porque; DetalleProducto v; bool canje; QString queda; } casos[] = {
       {"new, price over a thousand", producto(ModoDetalle::Nuevo, "102", " D'ONOFRIO ", "1,234.505"), false,
        cafe + "\n01|102|D'ONOFRIO|D'ONOFRIO|1234.51|1|0|0|0|0|1|0"},
@@ -37,6 +38,7 @@ TEST(Productos, AreStoredByTheMode) {
       {"delete", producto(ModoDetalle::Borrar, "101", "CAFE", "10"), false, ""},
       {"view", producto(ModoDetalle::Ver, "101", "", ""), false, cafe},
   };
+  // clang-format on
   for (auto c : casos) {
     SCOPED_TRACE(c.porque);
     PuestoPrueba p;
@@ -95,7 +97,9 @@ TEST(Teclado, CaptionsAreCutAt25) {
   p.articulo(1, "1234567890123456789012345", 1);
   p.articulo(2, "12345678901234567890123456", 1);
   for (int n : {1, 2}) {
-    p.ejecuta(QStringLiteral("INSERT INTO ConfiguracionTeclado (cTeclCode, cTeclFlagAsig, cProdCode) VALUES (%1, '1', %1)").arg(n));
+    p.ejecuta(
+        QStringLiteral("INSERT INTO ConfiguracionTeclado (cTeclCode, cTeclFlagAsig, cProdCode) VALUES (%1, '1', %1)")
+            .arg(n));
   }
   ConfiguraBotonProducto v;
   ASSERT_TRUE(CargarTeclas(p, v));

@@ -106,6 +106,7 @@ TEST(CierreSinCentral, EachFailureIsToldOnceAndTheChainGoesOn) {
     const QString& cual;
   };
   const char* const detalle = "El detalle de ventas del cierre (Z1) no llegó a la base central: ";
+  // clang-format off
   const struct { const char *comienzo, *caja; int detalle, paso; } partes[] = {
       {"BEGIN", detalle, 0, 6},
       {"exec dbo.spr_insertar_cabecera_z1", detalle, 0, 6},
@@ -116,6 +117,7 @@ TEST(CierreSinCentral, EachFailureIsToldOnceAndTheChainGoesOn) {
       {"SELECT TipoDoc, sum(igv)", "", 3, 6},              // twice: the tax section is left out
       {" UPDATE TCABECERAZ1", "No se pudo marcar el cierre en la base de datos central: ", 3, 5},
   };
+  // clang-format on
   for (const Falla falla : {Falla::unaVez, Falla::desdeAhi}) {
     size_t parte = 0, segunda = 0;
     for (int n = 1; parte < std::size(partes); ++n) {
@@ -123,8 +125,9 @@ TEST(CierreSinCentral, EachFailureIsToldOnceAndTheChainGoesOn) {
       QString central;
       DiaVendido p([&](Motores& m) { return std::make_unique<Central>(m, plan, central); });
       central = p.ses.psConexionCentral;
-      p.ejecuta(q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, cDocTipo, cDocSerie, cDocCodigo, cEstado, nMontoSoles, "
-                  "cTurnoCodi, cUserDesc) VALUES (2, 22, '12', 'PA1', 1, '1', 30, '01', 'ANA')"));
+      p.ejecuta(q(
+          "INSERT INTO OperacionParalela (cOperCode, cOperTipo, cDocTipo, cDocSerie, cDocCodigo, cEstado, nMontoSoles, "
+          "cTurnoCodi, cUserDesc) VALUES (2, 22, '12', 'PA1', 1, '1', 30, '01', 'ANA')"));
       p.ejecuta(q("INSERT INTO Usuario (sUserDesc, sUserName) VALUES ('ANA', 'ANA')"));
       p.persona().dejaPasar(q("Sí"));
       plan.armar(n, falla);
@@ -152,7 +155,8 @@ TEST(CierreSinCentral, EachFailureIsToldOnceAndTheChainGoesOn) {
         if (c.texto.contains(u"falla forzada")) cajas << c.texto;
       }
       ASSERT_EQ(esperadas.size(), cajas.size()) << qPrintable(cajas.join(u'\n'));
-      for (qsizetype i = 0; i < cajas.size(); ++i) EXPECT_TRUE(cajas[i].startsWith(esperadas[i])) << qPrintable(cajas[i]);
+      for (qsizetype i = 0; i < cajas.size(); ++i)
+        EXPECT_TRUE(cajas[i].startsWith(esperadas[i])) << qPrintable(cajas[i]);
       EXPECT_EQ(siguen ? 5 : e.paso, p.paso());
       plan.armar(0);
       EXPECT_EQ(QString::number(e.detalle), p.filas(p.poCnnCentral, q("SELECT COUNT(*) FROM TDETALLEZ1")));
@@ -179,6 +183,7 @@ TEST(CierreLargo, LosesNoLineAndClosesWithoutPaper) {
     }
   };
   constexpr int kAdelantos = 2300;
+  // clang-format off
   const struct { int desde, cajas, adelantos; } casos[] = {
       {0, 0, kAdelantos}, {12, 4, 11 * 101 - 20}, {1, 4, 0}};  // twenty lines stand before the first of them
   for (const auto& c : casos) {
@@ -214,6 +219,7 @@ TEST(CierreLargo, LosesNoLineAndClosesWithoutPaper) {
       EXPECT_EQ(21, plan.sentencias.count(q("PUERTO LPT2")));
     }
   }
+  // clang-format on
 }
 
 class CierreConFallas : public testing::TestWithParam<Falla> {};

@@ -9,7 +9,9 @@
 // Two articles on a boleta of 41.50, an order of 57.00.
 class DiaVendido : public PuestoPrueba {
  public:
-  explicit DiaVendido(const Envolver& envolver = {}) : PuestoPrueba(envolver) { ejecutarArchivo(*this, "golden/cierre/dia.sql"); }
+  explicit DiaVendido(const Envolver& envolver = {}) : PuestoPrueba(envolver) {
+    ejecutarArchivo(*this, "golden/cierre/dia.sql");
+  }
 
   int paso() { return filas("SELECT iCierreCaja FROM Configuracion").toInt(); }
   // All that a closing stores as totals: the sales once, whatever happened on the way.
@@ -24,11 +26,13 @@ class DiaVendido : public PuestoPrueba {
     return filas("SELECT COUNT(*) FROM Operacion WHERE cOperTipo < 10") + u'/' +
            filas("SELECT COUNT(*) FROM Operacion WHERE cOperFlagAbierto = 1") + u'/' +
            filas("SELECT COUNT(*) FROM OperacionParalela WHERE cOperFlagAbierto = 1") + u'/' +
-           filas("SELECT COUNT(*) FROM Configuracion WHERE cOperId = (SELECT MAX(cOperID) FROM Operacion) AND cOperIdP = 1");
+           filas(
+               "SELECT COUNT(*) FROM Configuracion WHERE cOperId = (SELECT MAX(cOperID) FROM Operacion) AND cOperIdP = 1");
   }
 };
 
-inline const QString kTotalesDelDia = QStringLiteral("1|1|41.5\n2|1|98.5/1|41.5|1\n1|98.5|2/1|6|98.5|0|0|1/1|101|4\n2|102|2");
+inline const QString kTotalesDelDia =
+    QStringLiteral("1|1|41.5\n2|1|98.5/1|41.5|1\n1|98.5|2/1|6|98.5|0|0|1/1|101|4\n2|102|2");
 inline const QString kDiaCerrado = QStringLiteral("3/0/0/1");
 
 // Authorises, and runs the cash count as its window does.

@@ -12,7 +12,9 @@ const QString kPregunta = QStringLiteral("Esta Operación Cerrará Caja\r Desea 
 const QString kTerminado = QStringLiteral("Se han cerrado todas las operaciones.");
 
 void cerrar(PuestoPrueba& p, Principal& v, PantallasGuion& pantallas, QStringList* avances = nullptr) {
-  CerrarCaja(p, v, pantallas, [avances](const QString& a) { if (avances) *avances << a; });
+  CerrarCaja(p, v, pantallas, [avances](const QString& a) {
+    if (avances) *avances << a;
+  });
 }
 
 }  // namespace
@@ -57,6 +59,7 @@ TEST(CerrarCaja, BeginsOnlyWhenItMay) {
 }
 
 TEST(CerrarCaja, ResumesAtTheStoredStep) {
+  // clang-format off
   const struct { int paso; const char* papeles; } casos[] = {  // "1": Z1, "Z", then the two counts
       {0, "1Z"}, {1, "1Z"}, {2, "1Z"}, {3, "Z"}, {4, ""}, {5, ""}, {6, "1Z"}};
   for (const auto& c : casos) {
@@ -82,9 +85,11 @@ TEST(CerrarCaja, ResumesAtTheStoredStep) {
     EXPECT_TRUE(v.demasMenus && v.mantenimiento[kIniciarCaja]);
     EXPECT_EQ("", p.filas("SELECT cCodiTurno FROM Configuracion")) << "also when no Z has blanked it";
   }
+  // clang-format on
 }
 
 TEST(CambioTurno, MovesTheTurnAndStartsAgain) {
+  // clang-format off
   const struct { const char *turno, *sigue; bool supervisor; } casos[] = {
       {"01", "02", true}, {"02", "03", false}, {"09", "10", false}, {"99", "00", false}};
   for (const auto& c : casos) {
@@ -103,6 +108,7 @@ TEST(CambioTurno, MovesTheTurnAndStartsAgain) {
     EXPECT_TRUE(p.ses.pbSincronizaMaestros);
     EXPECT_FALSE(p.ses.pbSincronizaCierre);
   }
+  // clang-format on
   DiaVendido p;
   p.ejecuta(QStringLiteral("DROP TABLE Configuracion"));
   Principal v;

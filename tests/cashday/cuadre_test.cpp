@@ -11,7 +11,9 @@
 namespace {
 
 struct DiaDeCuadre : PuestoPrueba {
-  explicit DiaDeCuadre(const Envolver& envolver = {}) : PuestoPrueba(envolver) { ejecutarArchivo(*this, "golden/cuadre/dia.sql"); }
+  explicit DiaDeCuadre(const Envolver& envolver = {}) : PuestoPrueba(envolver) {
+    ejecutarArchivo(*this, "golden/cuadre/dia.sql");
+  }
 };
 
 Cuadre cargado(PuestoPrueba& p) {
@@ -37,8 +39,10 @@ TEST(Cuadre, BothPapersAndTheStoredCount) {
   EXPECT_EQ(QString::fromLatin1(conCorte(leerGolden("cuadre/z1.txt")) + conCorte(leerGolden("cuadre/z.txt"))),
             QString::fromLatin1(p.papeles().papel[QStringLiteral("LPT1")]));
   EXPECT_EQ("", QString::fromLatin1(p.papeles().papel[QStringLiteral("LPT2")]));
-  EXPECT_EQ("12|1|1|12|2026-11-24 00:00:00",
-            p.filas("SELECT COUNT(*), MIN(dCuadreID), MIN(dCuadreLinea), MAX(dCuadreLinea), MIN(dCuadreFecha) FROM CUADRE_CAJA"));
+  EXPECT_EQ(
+      "12|1|1|12|2026-11-24 00:00:00",
+      p.filas(
+          "SELECT COUNT(*), MIN(dCuadreID), MIN(dCuadreLinea), MAX(dCuadreLinea), MIN(dCuadreFecha) FROM CUADRE_CAJA"));
   EXPECT_EQ("PAGOS   *25.40", p.filas("SELECT dCuadreDetalle FROM CUADRE_CAJA WHERE dCuadreLinea = 5"));
   Imprimir(p, v);
   EXPECT_EQ("2", p.filas("SELECT COUNT(DISTINCT dCuadreID) FROM CUADRE_CAJA WHERE dCuadreFecha = #11/24/2026#"));
@@ -48,7 +52,8 @@ TEST(Cuadre, ProductsOfTheOpenDay) {
   DiaDeCuadre p;
   Cuadre v = cargado(p);
   ASSERT_EQ(2u, v.lvwProductos.size());
-  EXPECT_EQ("101,,CAFE,0,0,1,205,-1,205,0", v.lvwProductos[0].join(u',')) << "sales and orders, of this warehouse alone";
+  EXPECT_EQ("101,,CAFE,0,0,1,205,-1,205,0", v.lvwProductos[0].join(u','))
+      << "sales and orders, of this warehouse alone";
   TomarProducto(v, 0);
   v.producto.txtProductosID = QStringLiteral("1300");
   CuadreProductosTotal(v);
@@ -64,7 +69,8 @@ TEST(Cuadre, AFailedQueryEndsItsSideAlone) {
   p.persona().dejaPasar();
   const Cuadre v = cargado(p);
   EXPECT_EQ("179.10", v.lado[kLadoZ].txtCashDRW);
-  EXPECT_EQ("25.40||0.00", v.lado[kLadoZ1].txtPagos + u'|' + v.lado[kLadoZ1].txtCashDRW + u'|' + v.lado[kLadoZ1].txtFALTSOB);
+  EXPECT_EQ("25.40||0.00",
+            v.lado[kLadoZ1].txtPagos + u'|' + v.lado[kLadoZ1].txtCashDRW + u'|' + v.lado[kLadoZ1].txtFALTSOB);
 }
 
 // The count is stored whole or not at all, and a count that isn't stored isn't printed; the main one always is.

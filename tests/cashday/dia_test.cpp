@@ -13,12 +13,19 @@ const char* const kDia = "SELECT cCodiTurno, nImporApertSol, nImporApertDol, cOp
 
 void operacion(PuestoPrueba& p, int id, const QString& fecha, int abierta, int tipo = 1) {
   p.ejecuta(QStringLiteral("INSERT INTO Operacion (cOperId, dOperFech, cOperFlagAbierto, cOperTipo) "
-                           "VALUES (%1, '%2', %3, %4)").arg(id).arg(fecha).arg(abierta).arg(tipo));
+                           "VALUES (%1, '%2', %3, %4)")
+                .arg(id)
+                .arg(fecha)
+                .arg(abierta)
+                .arg(tipo));
 }
 
 void paralela(PuestoPrueba& p, int codigo, const QString& fecha, int abierta) {
   p.ejecuta(QStringLiteral("INSERT INTO OperacionParalela (cOperCode, dOperFech, cOperFlagAbierto) "
-                           "VALUES (%1, '%2', %3)").arg(codigo).arg(fecha).arg(abierta));
+                           "VALUES (%1, '%2', %3)")
+                .arg(codigo)
+                .arg(fecha)
+                .arg(abierta));
 }
 
 void cerrado(PuestoPrueba& p) {
@@ -29,10 +36,12 @@ void cerrado(PuestoPrueba& p) {
 }  // namespace
 
 TEST(CapturaTipoCambio, TakesTheRateOfToday) {
+  // clang-format off
   const struct { const char *porque, *fecha; double rate; bool pide; } casos[] = {
       {"today's row", "24/11/2026", 3.75, false},
       {"only yesterday's row", "23/11/2026", 0, true},
   };
+  // clang-format on
   for (const auto& c : casos) {
     SCOPED_TRACE(c.porque);
     PuestoPrueba p;
@@ -140,14 +149,14 @@ TEST(AbrirCaja, AnOpeningThatDiedIsCompletedByTheNextStart) {
       for (int id : {7, 9}) paralela(p, id, "23/11/2026 10:00", id == 9);
       p.persona().dejaPasar();
       llega = 0 != enOtroProceso(p, [&] {
-        FrmApertura v;
-        Principal principal;
-        plan.armar(0);
-        abrirAlmacen(p);
-        plan.armar(n, Falla::desdeAhi, muerte);
-        AbrirCaja(p, v, principal);
-        ::_exit(plan.van >= n ? 1 : 0);
-      });
+                FrmApertura v;
+                Principal principal;
+                plan.armar(0);
+                abrirAlmacen(p);
+                plan.armar(n, Falla::desdeAhi, muerte);
+                AbrirCaja(p, v, principal);
+                ::_exit(plan.van >= n ? 1 : 0);
+              });
       p.ses.psTurno = p.filas("SELECT cCodiTurno FROM Configuracion");
       FrmApertura v;
       Principal principal;

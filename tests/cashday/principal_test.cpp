@@ -19,7 +19,8 @@ QString encendidos(const std::array<bool, N>& cuales) {
 }  // namespace
 
 TEST(CargarPrincipal, FreesWhatTheDayAllows) {
-  const QHash<QString, EstadoDia::Clase> clases{{"cerrada", EstadoDia::Cerrada}, {"abierta", EstadoDia::Abierta},
+  const QHash<QString, EstadoDia::Clase> clases{{"cerrada", EstadoDia::Cerrada},
+                                                {"abierta", EstadoDia::Abierta},
                                                 {"sin terminar", EstadoDia::CierreInterrumpido}};
   for (const auto& c : leerCasos("cashday/principal")) {
     SCOPED_TRACE(c.donde());
@@ -41,10 +42,12 @@ TEST(CargarPrincipal, FreesWhatTheDayAllows) {
 }
 
 TEST(CargarPrincipal, WhoSeesWhat) {
+  // clang-format off
   const struct { const char *usuario, *perfil; bool fechas, usuarios; } casos[] = {
       {"CAJERO", "2", false, true}, {"CAJERO", "3", false, false}, {"rovel", "1", true, true},
       {"RoVel", "1", true, true},   {"rovel", "2", false, true},   {"rovel", "3", false, false},
   };
+  // clang-format on
   for (const auto& c : casos) {
     SCOPED_TRACE(std::string(c.usuario) + " " + c.perfil);
     PuestoPrueba p;
@@ -90,7 +93,10 @@ TEST(RevisarCliente, AtMostOnceAMinute) {
   const QDateTime inicio = p.reloj.now();
   p.ses.pdUltimaSincronizacion = inicio;
   p.ses.psConexionCliente = QStringLiteral("Provider=SQLOLEDB.1;Data Source=sqlite:no_existe.db");
-  const struct { int segundos; bool prueba; } casos[] = {{25, false}, {50, false}, {75, true}, {100, false}, {135, true}};
+  const struct {
+    int segundos;
+    bool prueba;
+  } casos[] = {{25, false}, {50, false}, {75, true}, {100, false}, {135, true}};
   for (const auto& c : casos) {
     SCOPED_TRACE(c.segundos);
     p.ses.pbClienteCaido = false;

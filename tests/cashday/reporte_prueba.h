@@ -16,6 +16,12 @@ struct PuestoDeReporte : PuestoPrueba {
     ejecutarArchivo(*this, poCnnCentral, "golden/reportes/dia_central.sql");
   }
   // What the closing does around its two reports.
-  bool cerrarZ1() { v.nIntentosReporte = 1; return ReportesEspeciales1(*this, v, PedidoZ(3)); }
-  bool cerrarZ() { v.nIntentosReporte = 1; return ReportesEspeciales(*this, v, PedidoZ(4)); }
+  bool cerrarZ1() {
+    v.nIntentosReporte = 1;
+    return ReportesEspeciales1(*this, v, PedidoZ(3));
+  }
+  bool cerrarZ() {
+    v.nIntentosReporte = 1;
+    return ReportesEspeciales(*this, v, PedidoZ(4));
+  }
 };

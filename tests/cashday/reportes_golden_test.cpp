@@ -8,7 +8,8 @@ namespace {
 QString u8(const char* s) { return QString::fromUtf8(s); }
 
 QByteArray papel(const char* caso) {
-  const QString version = u8("%1.%2.%3").arg(TARVOPOS_VERSION_MAYOR).arg(TARVOPOS_VERSION_MENOR).arg(TARVOPOS_VERSION_REVISION);
+  const QString version =
+      u8("%1.%2.%3").arg(TARVOPOS_VERSION_MAYOR).arg(TARVOPOS_VERSION_MENOR).arg(TARVOPOS_VERSION_REVISION);
   return conCorte(leerGolden(u8("reportes/%1.txt").arg(u8(caso))).replace("@VERSION@", version.toUtf8()));
 }
 
@@ -26,17 +27,26 @@ bool z1(PuestoDeReporte& p) { return p.cerrarZ1(); }
 // A day later.
 void fecha(PuestoDeReporte& p) {
   p.elReloj().ahora = p.elReloj().ahora.addDays(1);
-  p.ejecuta(u8("INSERT INTO CabeceraZ (IdZ, Caja, Fecha, CodigoRep) VALUES (7, '00001', '2026-11-24', 'Código Rep. Z1: 000007')"));
+  p.ejecuta(u8(
+      "INSERT INTO CabeceraZ (IdZ, Caja, Fecha, CodigoRep) VALUES (7, '00001', '2026-11-24', 'Código Rep. Z1: 000007')"));
   p.persona().espera(u8("Ingrese una fecha"), u8("24/11/2026"));
 }
-bool zFecha(PuestoDeReporte& p) { fecha(p); return ReportesEspecialesFecha(p, p.v, u8("Z")); }
-bool z1Fecha(PuestoDeReporte& p) { fecha(p); return ReportesEspeciales1Fecha(p, p.v, u8("Z")); }
+bool zFecha(PuestoDeReporte& p) {
+  fecha(p);
+  return ReportesEspecialesFecha(p, p.v, u8("Z"));
+}
+bool z1Fecha(PuestoDeReporte& p) {
+  fecha(p);
+  return ReportesEspeciales1Fecha(p, p.v, u8("Z"));
+}
 
+// clang-format off
 const Caso kCasos[] = {
     {"x", "LPT1", x},           {"x1", "LPT2", x1},           {"z", "LPT1", z},
     {"z1", "LPT2", z1},         {"z_fecha", "LPT1", zFecha},  {"z1_fecha", "LPT2", z1Fecha},
     {"x_vacio", "LPT1", x, false}, {"x1_vacio", "LPT2", x1, false}, {"z_vacio", "LPT1", z, false},
 };
+// clang-format on
 
 class Reporte : public testing::TestWithParam<Caso> {};
 

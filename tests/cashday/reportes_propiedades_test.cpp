@@ -28,20 +28,35 @@ struct FilaOperacion {
   const char* emisor = "";
 };
 void fila(PuestoPrueba& p, const FilaOperacion& f, const QString& turno = u8("01")) {
-  p.ejecuta(u8("INSERT INTO Operacion (cOperCode, cAlmaCode, cProdCode, nProdCant, nProdPrecUnit, nDscto, nServicio, cDocTipo, "
-               "cDocSerie, cDocCodigo, cTurnoCodi, cOperTipo, cOperFlagAnula, cOperCodeAnula, nMontoSoles, nMontoDolares, "
-               "cEmisor, dOperFech) VALUES (%1, '01', %2, %3, %4, %5, %6, '%7', '001', %1, '%8', %9, %10, %11, %12, %13, '%14', "
-               "'24/11/2026 09:00')")
-                .arg(f.codigo).arg(f.articulo).arg(f.cantidad).arg(f.precio).arg(f.dscto).arg(f.servicio)
-                .arg(u8(f.doc), turno).arg(f.tipo).arg(f.anulada).arg(f.anula).arg(f.soles).arg(f.dolares).arg(u8(f.emisor)));
+  p.ejecuta(
+      u8("INSERT INTO Operacion (cOperCode, cAlmaCode, cProdCode, nProdCant, nProdPrecUnit, nDscto, nServicio, cDocTipo, "
+         "cDocSerie, cDocCodigo, cTurnoCodi, cOperTipo, cOperFlagAnula, cOperCodeAnula, nMontoSoles, nMontoDolares, "
+         "cEmisor, dOperFech) VALUES (%1, '01', %2, %3, %4, %5, %6, '%7', '001', %1, '%8', %9, %10, %11, %12, %13, '%14', "
+         "'24/11/2026 09:00')")
+          .arg(f.codigo)
+          .arg(f.articulo)
+          .arg(f.cantidad)
+          .arg(f.precio)
+          .arg(f.dscto)
+          .arg(f.servicio)
+          .arg(u8(f.doc), turno)
+          .arg(f.tipo)
+          .arg(f.anulada)
+          .arg(f.anula)
+          .arg(f.soles)
+          .arg(f.dolares)
+          .arg(u8(f.emisor)));
 }
 
 // What a day's rows put into the drawer, and what of its sales is neither IGV nor service.
-struct Sumas { double soles = 0, dolares = 0, retirado = 0, base = 0; };
+struct Sumas {
+  double soles = 0, dolares = 0, retirado = 0, base = 0;
+};
 
 // One ticket: a line with a percentage and service, its tender row, and its void now and then; or a withdrawal.
 void ticket(PuestoPrueba& p, int codigo, const QString& turno, Sumas& s) {
-  const int tipo = *rc::gen::element(1, 1, 2, 3, 5), cant = *rc::gen::inRange(1, 9), anulada = *rc::gen::inRange(0, 5) == 0;
+  const int tipo = *rc::gen::element(1, 1, 2, 3, 5), cant = *rc::gen::inRange(1, 9),
+            anulada = *rc::gen::inRange(0, 5) == 0;
   const double precio = *rc::gen::inRange(1, 9999) / 100.0, dolares = *rc::gen::element(0, 0, 20);
   FilaOperacion f{codigo, tipo, tipo == 5 ? 0 : *rc::gen::inRange(101, 104), double(cant), precio};
   f.doc = tipo == 5 ? "" : *rc::gen::inRange(0, 3) == 0 ? "01" : "02";
@@ -74,6 +89,7 @@ std::map<std::string, double> cifras(PuestoPrueba& p, const QString& turno) {
   const auto t = LeerImpuestos(p, l, kImpresoraPrincipal);
   const BloqueZ z = LeerBloqueZ(l, kImpresoraPrincipal);
   RC_ASSERT(l.bien() && t.has_value());
+  // clang-format off
   std::map<std::string, double> m = {
       {"items", c.nItems}, {"venta", c.nVenta}, {"tickets", c.nTickets}, {"vouchers", c.nVouchers}, {"voucher", c.nVoucher},
       {"nulos", c.nNulos}, {"nulosMonto", c.nNulosMonto}, {"igv 01", t->igvFactura}, {"igv 02", t->igvBoleta},
@@ -114,6 +130,7 @@ TEST(ReportesPropiedades, TheTurnsAddUpToTheDay) {
     }
     RC_ASSERT(std::abs(dia["boletas"] + dia["facturas"] - dia["venta"]) < 1e-6);
   });
+  // clang-format on
   EXPECT_TRUE(bien);
 }
 
@@ -134,8 +151,10 @@ QString figuras(PuestoDeReporte& p) {
   Cuadre c;
   CargarCuadre(p, c);
   for (const auto& l : c.lado) {
-    r += QStringList{l.txtPagos, l.txtVoucher, l.txtVoucherDolares, l.txtCash, l.txtCashDolares, l.txtCashDRW, l.txtCashDRWDolares}
-             .join(u' ') + u'\n';
+    r += QStringList{l.txtPagos,       l.txtVoucher, l.txtVoucherDolares, l.txtCash,
+                     l.txtCashDolares, l.txtCashDRW, l.txtCashDRWDolares}
+             .join(u' ') +
+         u'\n';
   }
   return r;
 }
@@ -157,13 +176,21 @@ void anular(PuestoPrueba& p, int codigo, bool paralela) {
 
 void paralela(PuestoPrueba& p, int codigo, int tipo, const char* doc, double soles, int moneda = 1,
               const char* estado = "1") {
-  p.ejecuta(u8("INSERT INTO OperacionParalela (cOperCode, cOperTipo, cDocTipo, cDocSerie, cDocCodigo, cEstado, cOperCodeRela, "
-               "dOperFech, cTurnoCodi, cUserDesc, nMoneda, nMontoSoles, nMontoDolares, nEfectivoSoles) VALUES (%1, %2, '%3', "
-               "'XX1', %1, '%4', 0, '24/11/2026 09:00', '01', 'ANA', %5, %6, %6, %6)")
-                .arg(codigo).arg(tipo).arg(u8(doc), u8(estado)).arg(moneda).arg(soles));
+  p.ejecuta(
+      u8("INSERT INTO OperacionParalela (cOperCode, cOperTipo, cDocTipo, cDocSerie, cDocCodigo, cEstado, cOperCodeRela, "
+         "dOperFech, cTurnoCodi, cUserDesc, nMoneda, nMontoSoles, nMontoDolares, nEfectivoSoles) VALUES (%1, %2, '%3', "
+         "'XX1', %1, '%4', 0, '24/11/2026 09:00', '01', 'ANA', %5, %6, %6, %6)")
+          .arg(codigo)
+          .arg(tipo)
+          .arg(u8(doc), u8(estado))
+          .arg(moneda)
+          .arg(soles));
   if (tipo > 21) return;
-  p.ejecuta(u8("INSERT INTO OperacionParalelaProducto (cAlmaCode, cOperCode, cProdCode, nProdCant, nProdPrecUnit, nDscto, nServicio) "
-               "VALUES ('01', %1, 101, 2, %2, 0, 10)").arg(codigo).arg(soles / 2));
+  p.ejecuta(
+      u8("INSERT INTO OperacionParalelaProducto (cAlmaCode, cOperCode, cProdCode, nProdCant, nProdPrecUnit, nDscto, nServicio) "
+         "VALUES ('01', %1, 101, 2, %2, 0, 10)")
+          .arg(codigo)
+          .arg(soles / 2));
 }
 
 // Sells something of some kind and takes it back. The card row of a PADV is left out: it outlives its void and goes on
@@ -175,11 +202,17 @@ void venderYAnular(PuestoPrueba& p, int codigo) {
   const bool conEfectivo = *rc::gen::arbitrary<bool>();
   if (tipo == 20 && conEfectivo) fila(p, {codigo, 1, 0, 1, -3, total + 3, dolares, "10"});
   if (tipo >= 20) {
-    paralela(p, codigo, tipo, tipo == 20 ? "10" : tipo == 21 ? "11" : tipo == 22 ? "12" : "13", total, *rc::gen::inRange(1, 3));
+    paralela(p, codigo, tipo,
+             tipo == 20   ? "10"
+             : tipo == 21 ? "11"
+             : tipo == 22 ? "12"
+                          : "13",
+             total, *rc::gen::inRange(1, 3));
     return anular(p, codigo, true);
   }
   if (tipo == 3) {  // the advance payment and the note are there before, in force
-    const QString liquidadas = u8("UPDATE OperacionParalela SET cEstado = '2', cOperCodeRela = %1 WHERE cOperCode IN (31, 32)");
+    const QString liquidadas =
+        u8("UPDATE OperacionParalela SET cEstado = '2', cOperCodeRela = %1 WHERE cOperCode IN (31, 32)");
     p.ejecuta(liquidadas.arg(codigo));
     paralela(p, codigo, 24, "14", total, 0, "2");
     fila(p, {codigo, conEfectivo ? 1 : 2, 0, 1, conEfectivo ? -2.5 : 0, total + 2.5, 0, "14"});
@@ -188,10 +221,11 @@ void venderYAnular(PuestoPrueba& p, int codigo) {
   const char* emisor = tipo == 2 ? ",001,002" : "";
   const int liquidacion = tipo == 3 ? codigo : 0, articulos = *rc::gen::inRange(1, 4);
   for (int n = 0; n < articulos; ++n) {
-    fila(p, {codigo, tipo, *rc::gen::inRange(101, 104), 2, total, 0, 0, doc, liquidacion, 0, *rc::gen::element(0., -10., 10.),
-             *rc::gen::element(0., 10.), emisor});
+    fila(p, {codigo, tipo, *rc::gen::inRange(101, 104), 2, total, 0, 0, doc, liquidacion, 0,
+             *rc::gen::element(0., -10., 10.), *rc::gen::element(0., 10.), emisor});
   }
-  if (tipo != 2 || conEfectivo) fila(p, {codigo, tipo == 3 ? 3 : 1, 0, 1, -1.5, total, dolares, doc, liquidacion, 0, 0, 0, emisor});
+  if (tipo != 2 || conEfectivo)
+    fila(p, {codigo, tipo == 3 ? 3 : 1, 0, 1, -1.5, total, dolares, doc, liquidacion, 0, 0, 0, emisor});
   anular(p, codigo, false);
 }
 
@@ -232,7 +266,9 @@ TEST(ReportesPropiedades, NoReportReadsTheHistory) {
       const QString camino = p.filas(u8("EXPLAIN QUERY PLAN ") + p.poCnnLocal.traducir(s));
       vistas += camino.contains(u8("Operacion"));
       for (const char* malo : {"SCAN o\n", "SCAN o ", "SCAN d", "Operacion_fecha\n", "_estado", "_numero", "error:"}) {
-        EXPECT_FALSE((camino + u'\n').contains(u8(malo))) << periodo << "\n" << qPrintable(s) << "\n" << qPrintable(camino);
+        EXPECT_FALSE((camino + u'\n').contains(u8(malo))) << periodo << "\n"
+                                                          << qPrintable(s) << "\n"
+                                                          << qPrintable(camino);
       }
     }
     EXPECT_GT(vistas, 20);

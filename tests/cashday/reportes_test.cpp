@@ -28,7 +28,8 @@ TEST(Reportes, AClosingLeavesItsRows) {
   EXPECT_EQ(u8("TICKET") + QString(23, u' ') + u8("0000006   \r\n") + QString(33, u' ') + u8("*79.52\r\n"),
             p.filas(u8("SELECT RangoTKBOL FROM CabeceraZ")));
   EXPECT_EQ(u8("1|00001|1|102|TORTA DE CHOCOLATE Y NUEZ|7\n1|00001|2|101|CAFE PASADO DE ALTURA|6\n"
-               "1|00001|3|103|AGUA DE MESA|5"), p.filas(u8(kDetalleZ)));
+               "1|00001|3|103|AGUA DE MESA|5"),
+            p.filas(u8(kDetalleZ)));
   EXPECT_EQ(u8("01|3"), p.filas(u8(kDia))) << "the turn is left for the main Z";
   EXPECT_TRUE(p.cerrarZ());
   EXPECT_EQ(u8("1|42|1121.41\n2|1|2152.32"), p.filas(u8(kContadores)));
@@ -36,7 +37,8 @@ TEST(Reportes, AClosingLeavesItsRows) {
   EXPECT_EQ(u8("|4"), p.filas(u8(kDia)));
   EXPECT_EQ(u8(""), p.ses.psTurno);
   EXPECT_FALSE(p.v.operaciones[kReporteZ]);
-  EXPECT_EQ(u8("11|2"), p.filas(u8("SELECT cOperTipo, COUNT(*) FROM Operacion WHERE cOperTipo = 11 GROUP BY cOperTipo")));
+  EXPECT_EQ(u8("11|2"),
+            p.filas(u8("SELECT cOperTipo, COUNT(*) FROM Operacion WHERE cOperTipo = 11 GROUP BY cOperTipo")));
 }
 
 TEST(Reportes, AZ1ThatIsPrintedAgainWritesOverItsRow) {
@@ -62,11 +64,13 @@ TEST(Reportes, ThePeriodIsTheMarksOrTheOpenFlag) {
 }
 
 TEST(Reportes, WhatEndsAReport) {
+  // clang-format off
   const struct { const char *porque, *fecha; bool sinCentral; std::vector<const char*> cajas; const char* marcas; } casos[] = {
       {"the central database is away", "", true, {"No se pudo conectar a la BD de Logistica en SQL SERVER. \n"}, "1"},
       {"the date is none", "31/02/2026", false, {"Ingrese una fecha", "La fecha debe tener el formato dd/mm/yyyy"}, "0"},
       {"the date is not given", "Cancelar", false, {"Ingrese una fecha"}, "0"},
   };
+  // clang-format on
   for (const auto& c : casos) {
     SCOPED_TRACE(c.porque);
     PuestoDeReporte p;
@@ -79,11 +83,13 @@ TEST(Reportes, WhatEndsAReport) {
 }
 
 TEST(Reportes, GiveUpAfterTheirAttempts) {
+  // clang-format off
   const struct { const char* porque; bool (*imprimir)(PuestoDeReporte&); int intentos; const char* marcas; } casos[] = {
       {"X", [](PuestoDeReporte& p) { return ReportesEspeciales(p, p.v, PedidoX()); }, 4, "4"},
       {"Z1", [](PuestoDeReporte& p) { return p.cerrarZ1(); }, 3, "3"},
       {"Z by date, no mark", [](PuestoDeReporte& p) { return ReportesEspecialesFecha(p, p.v, u8("Z")); }, 4, "0"},
   };
+  // clang-format on
   for (const auto& c : casos) {
     SCOPED_TRACE(c.porque);
     PuestoDeReporte p;

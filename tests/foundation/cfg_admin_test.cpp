@@ -12,7 +12,8 @@ const QString kParametros = QStringLiteral("PARAMETROS");
 
 // A desk whose settings are what the test says: every setting of the table blank, the file gone.
 void vaciar(PuestoPrueba& p) {
-  p.ejecuta(QStringLiteral("UPDATE Configuracion SET Caja='', Almacen='', PorcServ='', GAVETA='', PRINTER='', DFlag=''"));
+  p.ejecuta(
+      QStringLiteral("UPDATE Configuracion SET Caja='', Almacen='', PorcServ='', GAVETA='', PRINTER='', DFlag=''"));
   QFile::remove(p.ses.psArchivoCfg);
 }
 

@@ -10,6 +10,7 @@
 namespace {
 
 TEST(FormatearSQL, ANullTakesItsWrappingAway) {
+  // clang-format off
   const struct { const char *porque, *plantilla; std::vector<QVariant> valores; const char* sale; } kCasos[] = {
       {"date wrapping goes, the key keeps its quotes", "SET d = CONVERT(DATETIME,'$') WHERE k = '$'", {QVariant(), 7},
        "SET d = Null WHERE k = '7'"},
@@ -22,6 +23,7 @@ TEST(FormatearSQL, ANullTakesItsWrappingAway) {
       {"a value's own $ is not a place", "$-$", {"a$b", "c"}, "a$b-c"},
       {"only the whole date wrapping goes", "XCONVERT(DATETIME,'$' )", {QVariant()}, "XCONVERT(DATETIME,Null )"},
   };
+  // clang-format on
   for (const auto& c : kCasos) {
     SCOPED_TRACE(c.porque);
     EXPECT_EQ(QString::fromUtf8(c.sale), FormatearSQL(QString::fromUtf8(c.plantilla), c.valores));
@@ -85,7 +87,7 @@ TEST(DBAdmin, ASaleWaitsForASilentServerOnceAMinute) {
   abrir(clsDBAdmin::Espera::Venta);
   EXPECT_EQ(1, mudos.intentos);
   p.poDBAdmin.AbrirBD(c, QStringLiteral("Data Source=otro"), false, clsDBAdmin::Espera::Venta);
-  EXPECT_EQ(250, mudos.espera);  // two seconds for both
+  EXPECT_EQ(250, mudos.espera);       // two seconds for both
   abrir(clsDBAdmin::Espera::Normal);  // a report asks all the same
   EXPECT_EQ(3, mudos.intentos);
   EXPECT_EQ(20000, mudos.espera);
@@ -95,12 +97,14 @@ TEST(DBAdmin, ASaleWaitsForASilentServerOnceAMinute) {
 }
 
 TEST(Rutinas, KeysPassOrAreRefused) {
+  // clang-format off
   const struct { const char *porque; std::initializer_list<ClaseTecla> clases; const char *escrito, *queda; } kCasos[] = {
       {"letters raised", {ClaseTecla::Letras, ClaseTecla::Mayusculas}, "aÑo1.é,", "AÑO.É"},
       {"decimal lets points pass", {ClaseTecla::Decimal}, "1.2.x-3 ", "1.2.3 "},
       {"digits", {ClaseTecla::Digitos}, "0.a1 ", "01 "},
       {"lower case refuses nothing", {ClaseTecla::Minusculas}, "A1!", "a1!"},
   };
+  // clang-format on
   for (const auto& c : kCasos) {
     SCOPED_TRACE(c.porque);
     QString queda;

@@ -1,8 +1,8 @@
 // Plays screenplays on the real till: those of guiones/pruebas, each on a copy of the demo desk that the first of them
 // has opened, and sales that a fault or a kill interrupts at one step after the other. What they wrote is compared with
 // the file beside them; what they left, with the store, read through the support console, and the paper.
-#include <QFile>
 #include <gtest/gtest.h>
+#include <QFile>
 #include <numeric>
 
 #include "obra.h"
@@ -82,9 +82,8 @@ TEST_P(Registradoras, AFailedStatementLeavesADeskThatSellsOn) {
   for (const int n : pasosDeLaVenta()) {
     SCOPED_TRACE(n);
     const PuestoDeObra p(abierto());
-    const QString escrito =
-        p.tocaLineas(GetParam().hastaElPago + QByteArray("falla ") + QByteArray::number(n) +
-                     "\ntecla Ctrl+Enter\nfalla 0\n" + GetParam().otraVenta + "tecla Ctrl+Enter\n");
+    const QString escrito = p.tocaLineas(GetParam().hastaElPago + QByteArray("falla ") + QByteArray::number(n) +
+                                         "\ntecla Ctrl+Enter\nfalla 0\n" + GetParam().otraVenta + "tecla Ctrl+Enter\n");
     EXPECT_TRUE(escrito.endsWith(u"ok\n[estado 0]\n")) << qUtf8Printable(escrito);
     if (!escrito.contains(u"Falla pedida") && n > 20) return;  // a sale has no such step
     // The sale behind the fault is whole: a line and its tender.
@@ -108,7 +107,8 @@ TEST_P(Registradoras, AKillAtAnyStepLeavesADeskThatStartsAndSellsOn) {
       }
       const QString despues =
           p.tocaLineas(GetParam().hastaElPago + QByteArray("tecla Ctrl+Enter\nlee ") + GetParam().vacio + '\n');
-      EXPECT_TRUE(despues.endsWith(QString::fromLatin1(GetParam().vacio) + QStringLiteral("=\nok\n[estado 0]\n"))) << qUtf8Printable(despues);
+      EXPECT_TRUE(despues.endsWith(QString::fromLatin1(GetParam().vacio) + QStringLiteral("=\nok\n[estado 0]\n")))
+          << qUtf8Printable(despues);
       exigirNumerosSanos(p);
     }
   }
@@ -131,8 +131,10 @@ TEST_P(ObraDeCaja, LeavesWhatStandsBesideIt) {
   tocaComoSeEspera(p, GetParam());
   const QStringList filas = lineas(".filas"), renglones = p.renglones();
   ASSERT_EQ(filas.size() % 2, 0);
-  for (qsizetype i = 0; i < filas.size(); i += 2) EXPECT_EQ(filas[i + 1], p.filas(filas[i])) << qUtf8Printable(filas[i]);
-  const QString papel = lineas(".papel").isEmpty() ? QString() : leerTexto(kPruebas + u'/' + GetParam() + QStringLiteral(".papel"));
+  for (qsizetype i = 0; i < filas.size(); i += 2)
+    EXPECT_EQ(filas[i + 1], p.filas(filas[i])) << qUtf8Printable(filas[i]);
+  const QString papel =
+      lineas(".papel").isEmpty() ? QString() : leerTexto(kPruebas + u'/' + GetParam() + QStringLiteral(".papel"));
   EXPECT_EQ(papel, p.papel().left(papel.size()));
   for (const QString& r : lineas(".renglones")) {
     EXPECT_EQ(r.section(u':', 0, 0).toInt(), renglones.count(r.section(u':', 1))) << qUtf8Printable(r);

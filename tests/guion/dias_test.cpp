@@ -1,8 +1,8 @@
 // Whole days of the shop, played on a new desk: what the person is told, the rows of every table and both rolls of paper,
 // letter for letter. What stands beside a play was worked out from its keys, the price list and the layouts. And voids that a
 // kill interrupts.
-#include <QRegularExpression>
 #include <gtest/gtest.h>
+#include <QRegularExpression>
 
 #include "obra.h"
 #include "paso_a_paso.h"
@@ -42,6 +42,7 @@ const QByteArray kHastaLaVenta =
 // Killed on its way, a void is ended by the next one: no row twice, none left. What the paper or the points had not got
 // by then they don't get.
 TEST(Anulacion, KilledAtAnyStepIsEndedByTheNextOne) {
+  // clang-format off
   const struct { int codigo; const char *responde, *queda; } casos[] = {
       // mirrors, rows without their mark, liquidations, advance payments and notes in force
       {1, "", "[2,0,1,0]"}, {4, "responde Sí\n", "[1,0,0,2]"}};
@@ -82,6 +83,7 @@ TEST(Anulacion, KilledAtAnyStepIsEndedByTheNextOne) {
     EXPECT_GE(repetidas, 2);
     EXPECT_GT(n, 15);
   }
+  // clang-format on
 }
 
 // The closing of the day of two turns, killed on its way: after the next start it goes on, and what it leaves is what the
@@ -92,9 +94,10 @@ TEST(Cierre, KilledAtAnyStepClosesTheSameDay) {
   ASSERT_GT(hasta, 0);
   const PuestoDeObra vendida;
   ASSERT_TRUE(vendida.tocaLineas(guion.left(hasta).toUtf8()).endsWith(u"ok\n[estado 0]\n"));
-  const QByteArray cierra = "reloj 24/11/2026 21:00:00\n" + kHastaLaVenta +
-                            "responde Sí\nclic Toolbar1(11)\nespera frmAutorizarOperacion\nescribe txtUsuario SUPERVISOR\n"
-                            "escribe txtPassword super\n";
+  const QByteArray cierra =
+      "reloj 24/11/2026 21:00:00\n" + kHastaLaVenta +
+      "responde Sí\nclic Toolbar1(11)\nespera frmAutorizarOperacion\nescribe txtUsuario SUPERVISOR\n"
+      "escribe txtPassword super\n";
   const QByteArray cuadre = "espera frmCuadre\ntecla Alt+C\n";
   static const QRegularExpression numero(QStringLiteral("Correlativo: (\\d+)"));
   const int salto = qEnvironmentVariableIsSet("TARVOPOS_LARGO") ? 1 : 27;
@@ -102,23 +105,27 @@ TEST(Cierre, KilledAtAnyStepClosesTheSameDay) {
   for (bool muere = true; muere; n += salto) {
     SCOPED_TRACE(n);
     const PuestoDeObra m(vendida);
-    muere = m.tocaLineas(cierra + "mata despues " + QByteArray::number(n) + "\ntecla Enter\n" + cuadre).endsWith(u"[señal]\n");
+    muere = m.tocaLineas(cierra + "mata despues " + QByteArray::number(n) + "\ntecla Enter\n" + cuadre)
+                .endsWith(u"[señal]\n");
     if (muere) {
       const int paso = m.filas(QStringLiteral("SELECT iCierreCaja FROM Configuracion")).mid(1, 1).toInt();
       if (paso != 6) {
-        EXPECT_TRUE(m.tocaLineas(cierra + "tecla Enter\n" + (paso < 5 ? cuadre : QByteArray()) + "espera frmPrincipal\n")
-                        .endsWith(u"ok\n[estado 0]\n"));
+        EXPECT_TRUE(
+            m.tocaLineas(cierra + "tecla Enter\n" + (paso < 5 ? cuadre : QByteArray()) + "espera frmPrincipal\n")
+                .endsWith(u"ok\n[estado 0]\n"));
       }
     }
     EXPECT_EQ("[6,\"\",2,2096.14,2,2232.24,2,2182.44,29,90,4,0,77]",
-              m.filas(QStringLiteral("SELECT iCierreCaja, cCodiTurno, (SELECT idz FROM _Tmp1 WHERE prn = 1), (SELECT Imac FROM "
-                                     "_Tmp1 WHERE prn = 1), (SELECT idz FROM _Tmp1 WHERE prn = 2), (SELECT Imac FROM _Tmp1 WHERE prn "
-                                     "= 2), (SELECT COUNT(*) FROM CabeceraZ), (SELECT MontoTotal FROM CabeceraZ WHERE IdZ = 2), "
-                                     "(SELECT COUNT(*) FROM DetalleZ WHERE IdZ = 2), (SELECT SUM(Cantidad) FROM DetalleZ WHERE IdZ "
-                                     "= 2), (SELECT COUNT(*) FROM _Tmp), (SELECT COUNT(*) FROM Operacion WHERE cOperFlagAbierto = "
-                                     "1), (SELECT COUNT(*) FROM Operacion WHERE cOperTipo < 10) FROM Configuracion")));
-    EXPECT_EQ("[38,110,2]", m.filas(QStringLiteral("central: SELECT COUNT(*), SUM(nProdCant), (SELECT COUNT(*) FROM TCABECERAZ1 "
-                                                   "WHERE nidEstado = 0) FROM TDETALLEZ1")));
+              m.filas(QStringLiteral(
+                  "SELECT iCierreCaja, cCodiTurno, (SELECT idz FROM _Tmp1 WHERE prn = 1), (SELECT Imac FROM "
+                  "_Tmp1 WHERE prn = 1), (SELECT idz FROM _Tmp1 WHERE prn = 2), (SELECT Imac FROM _Tmp1 WHERE prn "
+                  "= 2), (SELECT COUNT(*) FROM CabeceraZ), (SELECT MontoTotal FROM CabeceraZ WHERE IdZ = 2), "
+                  "(SELECT COUNT(*) FROM DetalleZ WHERE IdZ = 2), (SELECT SUM(Cantidad) FROM DetalleZ WHERE IdZ "
+                  "= 2), (SELECT COUNT(*) FROM _Tmp), (SELECT COUNT(*) FROM Operacion WHERE cOperFlagAbierto = "
+                  "1), (SELECT COUNT(*) FROM Operacion WHERE cOperTipo < 10) FROM Configuracion")));
+    EXPECT_EQ("[38,110,2]",
+              m.filas(QStringLiteral("central: SELECT COUNT(*), SUM(nProdCant), (SELECT COUNT(*) FROM TCABECERAZ1 "
+                                     "WHERE nidEstado = 0) FROM TDETALLEZ1")));
     QStringList numeros;  // of both printers, whose runs are far apart
     const QString papeles = m.papel() + m.papel(QStringLiteral("LPT2"));
     for (auto i = numero.globalMatch(papeles); i.hasNext();) numeros << i.next().captured(1);

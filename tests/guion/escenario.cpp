@@ -65,7 +65,11 @@ class frmCampos final : public Forma {
     inactivo->setEnabled(false);
     auto* oculto = nuevoBoton(QStringLiteral("cmdOculto"), QStringLiteral("No"));
     auto* terco = new Campo(QStringLiteral("txtTerco"), this);
-    terco->alSalir = [this, terco] { QMetaObject::invokeMethod(terco, [terco] { terco->setFocus(); }, Qt::QueuedConnection); decir(u_, QStringLiteral("terco: ") + terco->text()); };
+    terco->alSalir = [this, terco] {
+      QMetaObject::invokeMethod(
+          terco, [terco] { terco->setFocus(); }, Qt::QueuedConnection);
+      decir(u_, QStringLiteral("terco: ") + terco->text());
+    };
     auto* nota = new QPlainTextEdit;
     nota->setObjectName(QStringLiteral("txtNota"));
     nota->setPlainText(QStringLiteral("uno\ndos"));
@@ -77,11 +81,13 @@ class frmCampos final : public Forma {
     for (QWidget* w : QList<QWidget*>{libre, cifras, fijo, inactivo, oculto, terco, nota, si, lista})
       cuerpo()->addWidget(w);
     oculto->hide();
-    connect(lista, &QComboBox::activated, this, [this, lista](int) { decir(u_, QStringLiteral("elegido ") + lista->currentText()); });
+    connect(lista, &QComboBox::activated, this,
+            [this, lista](int) { decir(u_, QStringLiteral("elegido ") + lista->currentText()); });
     connect(lista, &QComboBox::currentIndexChanged, this, [this, lista](int i) {
       if (i == 1) decir(u_, QStringLiteral("peligro"));
     });
-    tecla(Qt::ALT | Qt::Key_T, [libre] { libre->setFocus(); }, QStringLiteral("libre"));
+    tecla(
+        Qt::ALT | Qt::Key_T, [libre] { libre->setFocus(); }, QStringLiteral("libre"));
     tecla(Qt::CTRL | Qt::Key_Return, [this] { decir(u_, QStringLiteral("grabar")); });
     tecla(Qt::Key_F3, [this] { decir(u_, QStringLiteral("F3")); });
   }
@@ -93,9 +99,12 @@ class frmCampos final : public Forma {
 class frmListas final : public Forma {
  public:
   frmListas(Utiles& u, QWidget* padre) : Forma(QStringLiteral("frmListas"), QStringLiteral("Listas"), padre) {
-    rejilla_ = new Rejilla(
-        QStringLiteral("grdLineas"), {{QStringLiteral("Item"), 60}, {QStringLiteral("Cant."), 80, true, true}, {QStringLiteral("Nota"), 0, false, true}},
-        {[this] { return static_cast<int>(filas_.size()); }, [this](int f, int c) { return filas_[static_cast<size_t>(f)][static_cast<size_t>(c)]; }});
+    rejilla_ = new Rejilla(QStringLiteral("grdLineas"),
+                           {{QStringLiteral("Item"), 60},
+                            {QStringLiteral("Cant."), 80, true, true},
+                            {QStringLiteral("Nota"), 0, false, true}},
+                           {[this] { return static_cast<int>(filas_.size()); },
+                            [this](int f, int c) { return filas_[static_cast<size_t>(f)][static_cast<size_t>(c)]; }});
     rejilla_->salir = [this, &u](int f, int c, QString& t) {
       if (c == 1 && t == u"0") {
         u.persona.mostrar(QStringLiteral("Cantidad\r\nincorrecta"), QStringLiteral("Mensaje"));
@@ -112,8 +121,10 @@ class frmListas final : public Forma {
       lista->setItem(f, 0, new QTableWidgetItem(QStringLiteral("00000%1").arg(f + 1)));
       lista->setItem(f, 1, new QTableWidgetItem(QStringLiteral("TX %1").arg(f + 1)));
     }
-    connect(lista, &QTableWidget::itemDoubleClicked, this, [&u](const QTableWidgetItem* i) { decir(u, QStringLiteral("abre ") + i->text()); });
-    connect(lista, &QTableWidget::currentCellChanged, this, [&u](int f) { decir(u, QStringLiteral("fila %1").arg(f + 1)); });
+    connect(lista, &QTableWidget::itemDoubleClicked, this,
+            [&u](const QTableWidgetItem* i) { decir(u, QStringLiteral("abre ") + i->text()); });
+    connect(lista, &QTableWidget::currentCellChanged, this,
+            [&u](int f) { decir(u, QStringLiteral("fila %1").arg(f + 1)); });
     auto* vacia = new QListWidget;
     vacia->setObjectName(QStringLiteral("lstVacia"));
     vacia->setMaximumHeight(40);
@@ -185,7 +196,8 @@ class frmPrincipal final : public QMainWindow {
     const bool si = u_.persona.preguntar(QStringLiteral("¿Uno?\rDos"), QStringLiteral("Seleccione"), false);
     const auto texto = u_.persona.pedir(QStringLiteral("Fecha"), QStringLiteral("Reporte"), QStringLiteral("hoy"));
     u_.reloj.dormir(100'000);
-    decir(u_, QStringLiteral("%1 %2").arg(si ? QStringLiteral("si") : QStringLiteral("no"), texto.value_or(QStringLiteral("nada"))));
+    decir(u_, QStringLiteral("%1 %2").arg(si ? QStringLiteral("si") : QStringLiteral("no"),
+                                          texto.value_or(QStringLiteral("nada"))));
   }
   void datos() {
     Conexion c;
@@ -228,7 +240,9 @@ int main(int argc, char** argv) {
   SalidaGuion salida(escritor);
   RelojGuion reloj;
   Fallas fallas;
-  fallas.cadenaDe = [](Fallas::Servidor s) { return s == Fallas::Servidor::Central ? QStringLiteral("CENTRAL") : QString(); };
+  fallas.cadenaDe = [](Fallas::Servidor s) {
+    return s == Fallas::Servidor::Central ? QStringLiteral("CENTRAL") : QString();
+  };
   MotoresVacios vacios;
   MotoresConFallas motores(vacios, fallas);
   EscenaGuion escena{escritor, persona, reloj, fallas, argc > 2 ? QFile::decodeName(argv[2]) : QString(), {}};

@@ -76,6 +76,7 @@ struct Banco {
 };
 
 TEST(Fallas, TheOrderedStatementFailsOnceOrFromThereOn) {
+  // clang-format off
   const struct { const char* porque; int n; Fallas::Alcance alcance; const char *vez1, *vez2; } kCasos[] = {
       {"the begin", 1, Fallas::Alcance::UnaVez, "-++++++", "+++++++"},
       {"on another connection, the PRAGMA not counted", 3, Fallas::Alcance::UnaVez, "++++-++", "+++++++"},
@@ -83,6 +84,7 @@ TEST(Fallas, TheOrderedStatementFailsOnceOrFromThereOn) {
       {"in the second act", 6, Fallas::Alcance::UnaVez, "+++++++", "-++++++"},
       {"taken back", 0, Fallas::Alcance::DesdeAhi, "+++++++", "+++++++"},
   };
+  // clang-format on
   for (const auto& c : kCasos) {
     SCOPED_TRACE(c.porque);
     Banco b;
@@ -154,7 +156,9 @@ QByteArray loQueLlegoAntesDeMorir(int n, Fallas::Momento momento, int* senal) {
       void enviarSinEsperar(const QString&, const QString&) override {}
       QList<ImpresoraSistema> impresoras() override { return {}; }
       QString impresoraPorDefecto() override { return {}; }
-      std::optional<QString> imprimir(const QString&, const QString&, int, const DocumentoImpreso&) override { return {}; }
+      std::optional<QString> imprimir(const QString&, const QString&, int, const DocumentoImpreso&) override {
+        return {};
+      }
       Puertos& real;
       std::function<void()> avisar;
     } avisa(b.real, decir);
@@ -178,6 +182,7 @@ QByteArray loQueLlegoAntesDeMorir(int n, Fallas::Momento momento, int* senal) {
 }
 
 TEST(Fallas, TheProcessDiesRightBeforeOrAfterTheStep) {
+  // clang-format off
   const struct { const char* porque; int n; Fallas::Momento momento; const char* llegado; int senal; } kCasos[] = {
       {"before the first", 1, Fallas::Momento::Antes, "", SIGKILL},
       {"before the port", 2, Fallas::Momento::Antes, "uno ", SIGKILL},
@@ -185,6 +190,7 @@ TEST(Fallas, TheProcessDiesRightBeforeOrAfterTheStep) {
       {"before what follows the port", 3, Fallas::Momento::Antes, "uno dos>LPT1 ", SIGKILL},
       {"not reached", 4, Fallas::Momento::Antes, "uno dos>LPT1 tres ", 0},
   };
+  // clang-format on
   for (const auto& c : kCasos) {
     SCOPED_TRACE(c.porque);
     int senal = -1;

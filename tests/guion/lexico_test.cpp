@@ -1,5 +1,5 @@
-#include "apoyo/casos.h"
 #include "admin/guion_lexico.h"
+#include "apoyo/casos.h"
 
 #include <gtest/gtest.h>
 

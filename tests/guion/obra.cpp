@@ -1,10 +1,10 @@
 #include "obra.h"
 
+#include <gtest/gtest.h>
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
 #include <QRegularExpression>
-#include <gtest/gtest.h>
 
 #include "admin/demo_papel.h"
 
@@ -52,7 +52,8 @@ std::vector<QString> obrasDe(const QString& carpeta) {
   std::vector<QString> obras;
   for (const QFileInfo& f : QDir(carpeta).entryInfoList(QDir::Files, QDir::Name)) {
     if (f.suffix() == u"guion") obras.push_back(f.completeBaseName());
-    if (f.suffix() == u"salida" && !QFileInfo::exists(f.path() + u'/' + f.completeBaseName() + QStringLiteral(".guion"))) {
+    if (f.suffix() == u"salida" &&
+        !QFileInfo::exists(f.path() + u'/' + f.completeBaseName() + QStringLiteral(".guion"))) {
       ADD_FAILURE() << "no play beside " << qUtf8Printable(f.fileName());
     }
   }
@@ -78,7 +79,8 @@ QString PuestoDeObra::admin(const QStringList& palabras, const QByteArray& entra
 }
 
 QString PuestoDeObra::toca(const QString& guion, const QByteArray& lineas) const {
-  return admin({QStringLiteral("guion"), guion, QStringLiteral("--puesto"), ruta(), QStringLiteral("--salida"), ruta()}, lineas);
+  return admin({QStringLiteral("guion"), guion, QStringLiteral("--puesto"), ruta(), QStringLiteral("--salida"), ruta()},
+               lineas);
 }
 
 QString PuestoDeObra::filas(const QString& sql) const {
@@ -99,7 +101,8 @@ QString PuestoDeObra::papel(const QString& puerto) const {
 
 QStringList PuestoDeObra::renglones() const {
   QString todo = papel() + papel(QStringLiteral("LPT2"));
-  for (const auto& f : QDir(ruta() + QStringLiteral("/impresos")).entryInfoList(QDir::Files)) todo += leerTexto(f.filePath());
+  for (const auto& f : QDir(ruta() + QStringLiteral("/impresos")).entryInfoList(QDir::Files))
+    todo += leerTexto(f.filePath());
   return todo.remove(u'\r').split(u'\n');
 }
 

@@ -1,11 +1,11 @@
 // Plays every screenplay of obras/ on the small program of escenario.cpp and compares what it writes with the file
 // beside it, which ends with the exit status.
+#include <gtest/gtest.h>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtEndian>
-#include <gtest/gtest.h>
 
 #include "apoyo/casos.h"
 #include "obra.h"
@@ -22,8 +22,8 @@ class Obra : public testing::TestWithParam<QString> {};
 
 TEST_P(Obra, WritesWhatWeExpect) {
   const QString base = kObras + u'/' + GetParam();
-  EXPECT_EQ("", primeraDiferencia(leerTexto(base + QStringLiteral(".salida")),
-                                  enEscena({base + QStringLiteral(".guion")})));
+  EXPECT_EQ(
+      "", primeraDiferencia(leerTexto(base + QStringLiteral(".salida")), enEscena({base + QStringLiteral(".guion")})));
 }
 
 INSTANTIATE_TEST_SUITE_P(Obras, Obra, testing::ValuesIn(obrasDe(kObras)),
@@ -63,7 +63,8 @@ QString medidas(const QString& archivo) {
   if (!f.open(QIODevice::ReadOnly)) return {};
   const QByteArray b = f.read(24);
   if (b.size() < 24 || !b.startsWith("\x89PNG\r\n\x1a\n")) return {};
-  return QStringLiteral("%1x%2").arg(qFromBigEndian<quint32>(b.constData() + 16))
+  return QStringLiteral("%1x%2")
+      .arg(qFromBigEndian<quint32>(b.constData() + 16))
       .arg(qFromBigEndian<quint32>(b.constData() + 20));
 }
 

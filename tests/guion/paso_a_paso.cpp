@@ -1,10 +1,10 @@
 #include "paso_a_paso.h"
 
+#include <gtest/gtest.h>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
-#include <gtest/gtest.h>
 
 #include <map>
 #include <memory>
@@ -79,7 +79,8 @@ class Base {
   Base(const PuestoDeObra& p, const QString& base)
       : prefijo_(base == u"local" ? QString() : base + u':'),
         consola_({QStringLiteral("sql"), QStringLiteral("--puesto"), p.ruta(), QStringLiteral("--base"), base}) {
-    for (const QJsonValue& fila : filas(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name"))) {
+    for (const QJsonValue& fila :
+         filas(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name"))) {
       const QString tabla = fila[0].toString();
       if (!tabla.startsWith(u"sqlite_")) tablas_ << tabla;
     }

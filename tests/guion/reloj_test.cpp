@@ -1,8 +1,8 @@
 #include "admin/guion_reloj.h"
 
+#include <gtest/gtest.h>
 #include <QCoreApplication>
 #include <QDeadlineTimer>
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -13,9 +13,7 @@ struct Diario {
   RelojGuion reloj;
   QStringList lineas;
 
-  void anotar(const QString& nombre) {
-    lineas << nombre + u'@' + QString::number(kInicio.msecsTo(reloj.now()) / 1000);
-  }
+  void anotar(const QString& nombre) { lineas << nombre + u'@' + QString::number(kInicio.msecsTo(reloj.now()) / 1000); }
   QString leido() {
     const QString todo = lineas.join(u' ');
     lineas.clear();

@@ -38,6 +38,7 @@ struct Tienda : PuestoPrueba {
 };
 
 TEST(Puntos, WholeUnitsOnlyAndADivisorOfZeroCountsAsOne) {
+  // clang-format off
   const struct { int cada, cantidad; double importe; int puntos; } kCasos[] = {
       {10, 1, 29.90, 2}, {10, 1, 9.99, 0}, {10, 3, 30, 9}, {0, 2, 4.5, 8}, {10, 1, -5, -1}, {1, 2, 5e9, 2147483647}};
   PuestoPrueba p;
@@ -46,15 +47,16 @@ TEST(Puntos, WholeUnitsOnlyAndADivisorOfZeroCountsAsOne) {
     p.ses.pnPuntCant = c.cantidad;
     EXPECT_EQ(c.puntos, CalcularPuntos(p, c.importe)) << c.importe;
   }
+  // clang-format on
 }
 
 TEST(Puntos, OnlyACustomerThatEarnsHasABalanceAndRows) {
   Tienda p;
   AcumularPuntos(p, kTarjeta, kBoleta, 29.9, 1);
-  AcumularPuntos(p, kTarjeta, kBoleta, 5, 1);                                      // nothing earned, a row all the same
-  AcumularPuntos(p, q("00000006"), kBoleta, 29.9, 1);                              // a company
-  AcumularPuntos(p, q("00000009"), kBoleta, 29.9, 1);                              // no such card
-  AcumularPuntos(p, kTarjeta, {q("14"), q("LQ1"), 1}, 29.9, 1);                    // a liquidation
+  AcumularPuntos(p, kTarjeta, kBoleta, 5, 1);                    // nothing earned, a row all the same
+  AcumularPuntos(p, q("00000006"), kBoleta, 29.9, 1);            // a company
+  AcumularPuntos(p, q("00000009"), kBoleta, 29.9, 1);            // no such card
+  AcumularPuntos(p, kTarjeta, {q("14"), q("LQ1"), 1}, 29.9, 1);  // a liquidation
   AcumularPuntos(p, QString(), kBoleta, 29.9, 1);
   EXPECT_EQ(q("5|1|30|2|02|33|1\n5|2|5|0|02|33|1"), p.enCliente(kFilas));
   EXPECT_EQ(q("22\n0\n70"), p.enCliente(kSaldos));
@@ -63,14 +65,14 @@ TEST(Puntos, OnlyACustomerThatEarnsHasABalanceAndRows) {
   EXPECT_EQ(q("-1"), SaldoPuntos(p, q("00000009"), 1));
   EXPECT_EQ(q("5"), ClienteDeTarjeta(p, kTarjeta, 2).codigo);
   p.ejecuta(p.poCnnCliente, q("UPDATE Cliente SET nPuntCant=-3 WHERE cClieCode=5 AND IdLocal=1"));
-  EXPECT_FALSE(PuntosDelTicket(p, kBoleta, kTarjeta, 1, 20));                      // the sum is below zero
+  EXPECT_FALSE(PuntosDelTicket(p, kBoleta, kTarjeta, 1, 20));  // the sum is below zero
   EXPECT_EQ(1, PuntosDelTicket(p, kBoleta, kTarjeta, 1, 40)->acumulado);
 }
 
 TEST(Puntos, NothingIsLostWhileTheClientDatabaseIsAway) {
   Tienda p;
   p.cae();
-  p.persona().espera(q("No se pudo conectar a la Base de Datos Cliente."));       // once for the outage
+  p.persona().espera(q("No se pudo conectar a la Base de Datos Cliente."));  // once for the outage
   AcumularPuntos(p, kTarjeta, kBoleta, 29.9, 1);
   AcumularPuntos(p, kTarjeta, kBoleta, 40, 1);
   AcumularPuntos(p, q("00000006"), kBoleta, 50, 0);  // kind and site not known here

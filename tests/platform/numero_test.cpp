@@ -1,7 +1,7 @@
 #include "platform/text/numero.h"
 
-#include <QRandomGenerator>
 #include <gtest/gtest.h>
+#include <QRandomGenerator>
 
 #include <cmath>
 

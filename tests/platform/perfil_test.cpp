@@ -26,7 +26,9 @@ class Perfil : public testing::Test {
 TEST_F(Perfil, ReadsAsThePrivateProfileFormIsRead) {
   poner("suelto=1\r\n; Caja=no\r\n[inicio]\r\nCaja=A\r\n"
         "[Parametros]\r\n;Caja=no\r\nCAJA = 00012 \r\nCaja=segunda\r\nvacia=\r\ncita=\"con blanco \"\r\n"
-        "igual=a=b\r\nnom=Se\xF1or\r\nlarga=" + QByteArray(300, 'x') + "\r\n[PARAMETROS]\r\notra=tarde\r\n");
+        "igual=a=b\r\nnom=Se\xF1or\r\nlarga=" +
+        QByteArray(300, 'x') + "\r\n[PARAMETROS]\r\notra=tarde\r\n");
+  // clang-format off
   const struct { const char *porque, *seccion, *clave; QString sale; } kCasos[] = {
       {"any case, blanks off, first counts", "PARAMETROS", "Caja", QStringLiteral("00012")},
       {"no quotes", "PARAMETROS", "cita", QStringLiteral("con blanco ")},
@@ -38,6 +40,7 @@ TEST_F(Perfil, ReadsAsThePrivateProfileFormIsRead) {
       {"other section", "INICIO", "Caja", QStringLiteral("A")},
       {"no section", "NADA", "suelto", QString()},
   };
+  // clang-format on
   for (const auto& c : kCasos) {
     SCOPED_TRACE(c.porque);
     EXPECT_EQ(c.sale, LeerPerfil(archivo_, QString::fromLatin1(c.seccion), QString::fromLatin1(c.clave)));
@@ -46,6 +49,7 @@ TEST_F(Perfil, ReadsAsThePrivateProfileFormIsRead) {
 }
 
 TEST_F(Perfil, WritingTouchesOneLineOnly) {
+  // clang-format off
   const struct { const char *porque, *antes, *clave, *valor, *despues; } kCasos[] = {
       {"changed in place", "; nota\r\n[p]\r\n Caja =1 \r\nb=2\r\n", "CAJA", "9", "; nota\r\n[p]\r\n Caja =9\r\nb=2\r\n"},
       {"added before the blank line", "[p]\r\na=1\r\n\r\n[q]\r\na=3\r\n", "n", "2", "[p]\r\na=1\r\nn=2\r\n\r\n[q]\r\na=3\r\n"},
@@ -55,6 +59,7 @@ TEST_F(Perfil, WritingTouchesOneLineOnly) {
       {"outer blanks survive", "[p]\r\n", "n", " x ", "[p]\r\nn=\" x \"\r\n"},
       {"an editor's mark in front", "\xEF\xBB\xBF[p]\r\nn=1\r\n", "n", "2", "\xEF\xBB\xBF[p]\r\nn=2\r\n"},
   };
+  // clang-format on
   for (const auto& c : kCasos) {
     SCOPED_TRACE(c.porque);
     poner(c.antes);
@@ -73,11 +78,13 @@ TEST_F(Perfil, AMissingFileReadsEmptyAndIsMade) {
 }
 
 TEST_F(Perfil, WhatIsNoSettingsTextIsToldAndLeftAlone) {
+  // clang-format off
   const struct { const char* porque; QByteArray bytes; const char* palabra; } kCasos[] = {
       {"a picture", QByteArray("\x89PNG\r\n\x1a\n\0\0\0", 11), "texto"},
       {"two bytes a character", QByteArray("[\0p\0]\0", 6), "texto"},
       {"huge", QByteArray((1 << 20) + 1, 'x'), "grande"},
   };
+  // clang-format on
   for (const auto& c : kCasos) {
     SCOPED_TRACE(c.porque);
     poner(c.bytes);

@@ -57,10 +57,12 @@ class PuertosDelEquipo : public testing::Test {
 
 TEST_F(PuertosDelEquipo, APortWithoutMapIsARollOfPaper) {
   const QByteArray una("\x1b@\0\xF1\r\n", 6);
+  // clang-format off
   const struct { const char *puerto, *archivo; } kCasos[] = {
       {"LPT1", "puertos/LPT1"}, {"COM1:", "puertos/COM1_"}, {"\\\\srv\\tick", "puertos/__srv_tick"},
       {"../afuera", "puertos/.._afuera"}, {"..", "puertos/_"},
   };
+  // clang-format on
   for (const auto& c : kCasos) {
     SCOPED_TRACE(c.puerto);
     EXPECT_EQ(QString(), copiar(c.puerto));
@@ -80,12 +82,14 @@ TEST_F(PuertosDelEquipo, TheMapNamesADeviceOrAFile) {
 }
 
 TEST_F(PuertosDelEquipo, AFailureComesAsWords) {
+  // clang-format off
   const struct { const char *puerto, *destino, *palabra; } kCasos[] = {
       {"LLENO", "/dev/full", "espacio"},
       {"FALTA", "/dev/no-hay-tal-lp0", "no existe"},
       {"CARPETA", "/dev", "carpeta"},
       {"", nullptr, "no tiene puerto"},
   };
+  // clang-format on
   for (const auto& c : kCasos) {
     SCOPED_TRACE(c.puerto);
     if (c.destino) mapear("PUERTOS", c.puerto, c.destino);
@@ -130,7 +134,9 @@ TEST_F(PuertosDelEquipo, DriverPrintsOfOwnPrintersAreKeptAsDocuments) {
     return p.imprimir(QString::fromUtf8(impresora), QStringLiteral("Courier New"), 8, textos).value_or(QString());
   };
   EXPECT_EQ(QString(), imprimir(puertos_, "Ticketera"));
-  EXPECT_EQ(QByteArray("Se\xF1" "al\r\n2\r\n \r\n"), bytes("impresos/Ticketera_000001.txt"));
+  EXPECT_EQ(QByteArray("Se\xF1"
+                       "al\r\n2\r\n \r\n"),
+            bytes("impresos/Ticketera_000001.txt"));
   PuertosSistema otraVez(carpeta_.path());  // the numbers go on, a document is never overwritten
   EXPECT_EQ(QString(), imprimir(otraVez, "Ticketera"));
   EXPECT_TRUE(QFile::exists(ruta("impresos/Ticketera_000002.txt")));

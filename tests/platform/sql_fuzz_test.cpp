@@ -11,7 +11,9 @@ namespace {
 
 using Azar = std::mt19937_64;
 
-qsizetype hasta(Azar& a, qsizetype n) { return static_cast<qsizetype>(a() % static_cast<quint64>(std::max<qsizetype>(n, 1))); }
+qsizetype hasta(Azar& a, qsizetype n) {
+  return static_cast<qsizetype>(a() % static_cast<quint64>(std::max<qsizetype>(n, 1)));
+}
 
 // The statement with a few of its tokens taken out, doubled, swapped, or replaced by one that is apt to do harm.
 QString mutar(const QString& sql, Dialecto d, Azar& a) {
@@ -27,7 +29,8 @@ QString mutar(const QString& sql, Dialecto d, Azar& a) {
   const qsizetype cambios = 1 + hasta(a, 3);
   for (qsizetype i = 0; i < cambios && !partes.isEmpty(); ++i) {
     const qsizetype k = hasta(a, partes.size());
-    static const QStringList kValores = {u8("0"), u8("1"), u8("'01'"), u8("12"), u8("'12'"), u8("1.5"), u8("NULL"), u8("'Ñ'"), u8("'x'"), u8("''")};
+    static const QStringList kValores = {u8("0"),   u8("1"),    u8("'01'"), u8("12"),  u8("'12'"),
+                                         u8("1.5"), u8("NULL"), u8("'Ñ'"),  u8("'x'"), u8("''")};
     const bool esValor = partes[k].startsWith(u'\'') || (!partes[k].isEmpty() && partes[k][0].isDigit());
     if (hasta(a, 2) == 0) {  // half of them stay whole: only a value changes
       if (esValor) partes[k] = kValores[hasta(a, kValores.size())];
@@ -64,8 +67,8 @@ void literalesVivos(const QString& sql, Edicion& e) {
   for (const Literal& l : e.literales()) {
     const Token& t = e.tokens()[l.token];
     if (t.tipo != TipoToken::Texto || t.abierto || l.lectura != Lectura::TalCual) continue;
-    EXPECT_TRUE(quedan.removeOne(contenido(t)))
-        << "lost " << contenido(t).toStdString() << "\n  in  " << sql.toStdString() << "\n  out " << nueva.toStdString();
+    EXPECT_TRUE(quedan.removeOne(contenido(t))) << "lost " << contenido(t).toStdString() << "\n  in  "
+                                                << sql.toStdString() << "\n  out " << nueva.toStdString();
   }
 }
 
@@ -125,9 +128,12 @@ void ligarNoCambia(const QString& sql, MotorSqlite& motor, const Recordset& liga
 
 // Mutated statements: no crash, no hang, an answer or an error, never a lost text.
 TEST(Fuzz, MutatedStatementsNeverHarm) {
-  const quint64 semilla = qEnvironmentVariableIsSet("TARVOPOS_FUZZ_SEMILLA") ? qEnvironmentVariable("TARVOPOS_FUZZ_SEMILLA").toULongLong() : 20261124;
-  const int cuantas = qEnvironmentVariableIsSet("TARVOPOS_FUZZ") ? qEnvironmentVariableIntValue("TARVOPOS_FUZZ")
-                      : qEnvironmentVariableIsSet("TARVOPOS_LARGO") ? 1'000'000 : 50'000;
+  const quint64 semilla = qEnvironmentVariableIsSet("TARVOPOS_FUZZ_SEMILLA")
+                              ? qEnvironmentVariable("TARVOPOS_FUZZ_SEMILLA").toULongLong()
+                              : 20261124;
+  const int cuantas = qEnvironmentVariableIsSet("TARVOPOS_FUZZ")    ? qEnvironmentVariableIntValue("TARVOPOS_FUZZ")
+                      : qEnvironmentVariableIsSet("TARVOPOS_LARGO") ? 1'000'000
+                                                                    : 50'000;
   std::printf("TARVOPOS_FUZZ_SEMILLA=%llu, %d statements\n", static_cast<unsigned long long>(semilla), cuantas);
   Azar azar(semilla);
   qint64 vueltas = 0;
@@ -145,7 +151,9 @@ TEST(Fuzz, MutatedStatementsNeverHarm) {
     Motor& motor = *l.motor;
     const QString sql = mutar(l.sentencias[hasta(azar, l.sentencias.size())], l.d, azar);
     SCOPED_TRACE(QStringLiteral("%1: %2").arg(i).arg(sql).toStdString());
-    if (sql.contains(QRegularExpression(u8("^\\s*(commit|rollback|end|begin|vacuum|pragma|detach|release)"), QRegularExpression::CaseInsensitiveOption))) continue;
+    if (sql.contains(QRegularExpression(u8("^\\s*(commit|rollback|end|begin|vacuum|pragma|detach|release)"),
+                                        QRegularExpression::CaseInsensitiveOption)))
+      continue;
     Edicion e(sql, l.d);
     const Reescritura r = reescribir(e, vacio);
     if (!r.error) literalesVivos(sql, e);
@@ -173,8 +181,12 @@ TEST(Fuzz, MutatedStatementsNeverHarm) {
 TEST(Fuzz, DeepNesting) {
   Banco b(true, tablasDelPuesto());
   for (const int n : {15, 1000, 20'000}) {
-    for (const auto& [abre, cierra] : {std::pair{u8("("), u8(")")}, {u8("IIF(1,("), u8("),0)")}, {u8("-"), QString()},
-                                       {u8("NOT "), QString()}, {u8("(SELECT "), u8(")")}, {u8("CASE WHEN "), u8(" THEN 1 END")}}) {
+    for (const auto& [abre, cierra] : {std::pair{u8("("), u8(")")},
+                                       {u8("IIF(1,("), u8("),0)")},
+                                       {u8("-"), QString()},
+                                       {u8("NOT "), QString()},
+                                       {u8("(SELECT "), u8(")")},
+                                       {u8("CASE WHEN "), u8(" THEN 1 END")}}) {
       Recordset rs;
       const auto e = b.cnn.consultar(u8("SELECT ") + abre.repeated(n) + u8("1") + cierra.repeated(n), rs);
       EXPECT_EQ(n >= 1000, e.has_value()) << n << ' ' << abre.toStdString();

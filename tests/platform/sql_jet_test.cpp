@@ -31,13 +31,18 @@ TEST(Jet, WritesDatesAndNumbersAsTheirColumns) {
 TEST(Jet, OneShapeManyLiterals) {
   Banco b(true, kTienda);
   for (int i = 100; i < 140; ++i) {
-    const QString sql = u8("INSERT INTO Operacion (cOperCode,nProdCant,dOperFech,cDocTipo) VALUES (%1,%2,'%3/01/2025','%4')")
-                            .arg(i).arg(i % 2 ? u8("1") : u8("1.5")).arg(i - 99, 2, 10, QChar(u'0')).arg(i % 3 ? u8("a") : u8("ñ"));
+    const QString sql =
+        u8("INSERT INTO Operacion (cOperCode,nProdCant,dOperFech,cDocTipo) VALUES (%1,%2,'%3/01/2025','%4')")
+            .arg(i)
+            .arg(i % 2 ? u8("1") : u8("1.5"))
+            .arg(i - 99, 2, 10, QChar(u'0'))
+            .arg(i % 3 ? u8("a") : u8("ñ"));
     const auto e = b.cnn.ejecutar(sql);
     EXPECT_EQ(i >= 131, e.has_value()) << i;  // January has 31 days
   }
   EXPECT_EQ("39", b.respuesta("SELECT SUM(nProdCant) FROM Operacion WHERE cOperCode >= 100"));
-  EXPECT_EQ("<2025-01-31 00:00:00>", b.respuesta("SELECT MAX(dOperFech) FROM Operacion WHERE cDocTipo = 'A' AND cOperCode >= 100"));
+  EXPECT_EQ("<2025-01-31 00:00:00>",
+            b.respuesta("SELECT MAX(dOperFech) FROM Operacion WHERE cDocTipo = 'A' AND cOperCode >= 100"));
   // Literals that stay in the statement: the same shape with another list, order or count.
   EXPECT_EQ("7|x", b.respuesta("SELECT TOP 1 cOperCode, 'x' FROM Operacion ORDER BY cOperID"));
   EXPECT_EQ("7|y/7|y", b.respuesta("SELECT TOP 2 cOperCode, 'y' FROM Operacion ORDER BY cOperID"));

@@ -9,7 +9,8 @@
 
 namespace {
 
-const QStringList kTabla = {u8("CREATE TABLE T (id INTEGER PRIMARY KEY, nombre TEXT COLLATE NOCASE UNIQUE, f DATETIME)")};
+const QStringList kTabla = {
+    u8("CREATE TABLE T (id INTEGER PRIMARY KEY, nombre TEXT COLLATE NOCASE UNIQUE, f DATETIME)")};
 
 TEST(Motor, TellsFailuresByNumber) {
   Banco b(true, kTabla);
@@ -49,6 +50,7 @@ TEST(Motor, OpensOnlyWhatIsADatabase) {
   QFile original(b.archivo());
   ASSERT_TRUE(original.open(QIODevice::ReadOnly));
   const QByteArray bueno = original.readAll();
+  // clang-format off
   const struct { const char* porque; QByteArray bytes; } kAjenos[] = {
       {"empty", {}}, {"text", "hola"}, {"cut in the header", bueno.left(60)}, {"cut behind the first page", bueno.left(4096)},
       {"header, then noise", bueno.left(100) + QByteArray(8092, 'x')}};
@@ -65,6 +67,7 @@ TEST(Motor, OpensOnlyWhatIsADatabase) {
     f.close();
     f.remove();
   }
+  // clang-format on
   Conexion c;
   for (const char* servidor : {"Data Source=postgres:uno:5432", "Data Source=SRV01", ""}) {
     const auto e = c.abrir(*b.motores, u8("Provider=SQLOLEDB.1;") + u8(servidor), 100);
@@ -140,6 +143,7 @@ TEST(Motor, SeesTablesThatAnotherProgramChanged) {
 // What one connection has learnt of a statement serves the next one, as long as the tables are the same.
 TEST(Motor, WhatAConnectionLearntFallsWithTheTables) {
   const QString suma = u8("SELECT a + a FROM S"), inserta = u8("INSERT INTO S VALUES ('3')");
+  // clang-format off
   const struct { const char* porque; QStringList cambia; const char* da; } kCambios[] = {
       {"numbers add", {u8("CREATE TABLE S (a INTEGER)"), inserta}, "6"},
       {"the same again", {}, "6"},
@@ -147,6 +151,7 @@ TEST(Motor, WhatAConnectionLearntFallsWithTheTables) {
       {"undone by words", {u8("BEGIN"), u8("DROP TABLE S"), u8("CREATE TABLE S (a INTEGER)"), inserta, suma, u8("ROLLBACK")}, "33"},
       {"the same number of changes, others", {u8("DROP TABLE S"), u8("CREATE TABLE S (b TEXT, a TEXT)"), u8("INSERT INTO S VALUES ('4', '5')")}, "55"},
   };
+  // clang-format on
   Banco b(true, kTabla);
   for (const auto& c : kCambios) {
     SCOPED_TRACE(c.porque);
@@ -202,8 +207,8 @@ TEST(Motor, ARunawayQueryCanBeStopped) {
   Banco b(false, kTabla, opciones);
   parar = true;
   Recordset rs;
-  const auto e = b.cnn.consultar(
-      u8("WITH RECURSIVE r(n) AS (SELECT 1 UNION ALL SELECT n+1 FROM r) SELECT MAX(n) FROM r"), rs);
+  const auto e =
+      b.cnn.consultar(u8("WITH RECURSIVE r(n) AS (SELECT 1 UNION ALL SELECT n+1 FROM r) SELECT MAX(n) FROM r"), rs);
   ASSERT_TRUE(e);
   EXPECT_EQ(kErrorGeneral, e->numero);
   parar = false;

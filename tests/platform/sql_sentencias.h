@@ -22,7 +22,9 @@ inline QStringList leerSentencias(const char* base) {
 // A line that is indented is the answer of the one before it, (nada) for no row; a statement without one must run.
 inline void comprobarRespuestas(Banco& b, const QStringList& lineas) {
   QString sql, sale;
-  const auto corre = [&] { EXPECT_FALSE(sale.startsWith(u"error")) << sql.toStdString() << "\n" << sale.toStdString(); };
+  const auto corre = [&] {
+    EXPECT_FALSE(sale.startsWith(u"error")) << sql.toStdString() << "\n" << sale.toStdString();
+  };
   for (const QString& linea : lineas) {
     if (!linea.startsWith(u"  ")) {
       corre();
@@ -30,7 +32,9 @@ inline void comprobarRespuestas(Banco& b, const QStringList& lineas) {
       continue;
     }
     if (linea == u"  error") EXPECT_TRUE(sale.startsWith(u"error")) << sql.toStdString();
-    else EXPECT_EQ(linea == u"  (nada)" ? QString() : linea.mid(2), sale) << sql.toStdString() << "\n" << b.cnn.traducir(sql).toStdString();
+    else
+      EXPECT_EQ(linea == u"  (nada)" ? QString() : linea.mid(2), sale) << sql.toStdString() << "\n"
+                                                                       << b.cnn.traducir(sql).toStdString();
     sale.clear();
   }
   corre();

@@ -1,5 +1,5 @@
-#include "servidores.h"
 #include "sql_sentencias.h"
+#include "servidores.h"
 #include "store/tablas.h"
 
 namespace {
@@ -8,6 +8,7 @@ namespace {
 TEST(Sentencias, AllOfThemRunOnTheirTables) {
   OpcionesMotores opciones;
   opciones.procedimientos = procedimientosDeServidores();
+  // clang-format off
   const struct { const char* base; bool jet; QStringList tablas; qsizetype almenos; } kBases[] = {
       {"local", true, tablasDelPuesto(), 140}, {"central", false, tablasDelCentral(), 45}, {"cliente", false, tablasDelCliente(), 20}};
   for (const auto& k : kBases) {
@@ -23,6 +24,7 @@ TEST(Sentencias, AllOfThemRunOnTheirTables) {
       ASSERT_FALSE(b.cnn.deshacer());
     }
   }
+  // clang-format on
 }
 
 // What the dialects answer: the files alternate statements and answers, in one database each.

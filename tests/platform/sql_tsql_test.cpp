@@ -29,16 +29,19 @@ TEST(TSql, AliasesBeforeAnEqualsSign) {
 std::shared_ptr<Procedimientos> procedimientosDePrueba() {
   auto p = std::make_shared<Procedimientos>();
   p->agregar(u8("spr_anota"), [](AccesoMotor& m, const QVariantList& a, Recordset& rs) -> std::optional<ErrorBD> {
-    if (auto e = m.ejecutar(u8("INSERT INTO pagos (NroDoc, n, FechaAnulacion) VALUES (?, ?, ?)"), {a.value(0), a.value(1), m.ahora()})) return e;
+    if (auto e = m.ejecutar(u8("INSERT INTO pagos (NroDoc, n, FechaAnulacion) VALUES (?, ?, ?)"),
+                            {a.value(0), a.value(1), m.ahora()}))
+      return e;
     if (a.value(1).toInt() == 99) return ErrorBD{kErrorSentencia, 50000, u8("No se anota.")};
     return m.consultar(u8("SELECT NroDoc, n, FechaAnulacion FROM pagos WHERE NroDoc = ?"), {a.value(0)}, rs);
   });
-  p->agregarFuncion(u8("fnRetornarIGV"), [](AccesoMotor& m, const QVariantList&, QVariant& v) -> std::optional<ErrorBD> {
-    Recordset rs;
-    if (auto e = m.consultar(u8("SELECT ntipocambio FROM pagos LIMIT 1"), {}, rs)) return e;
-    v = rs[0].toDouble() / 10;
-    return {};
-  });
+  p->agregarFuncion(u8("fnRetornarIGV"),
+                    [](AccesoMotor& m, const QVariantList&, QVariant& v) -> std::optional<ErrorBD> {
+                      Recordset rs;
+                      if (auto e = m.consultar(u8("SELECT ntipocambio FROM pagos LIMIT 1"), {}, rs)) return e;
+                      v = rs[0].toDouble() / 10;
+                      return {};
+                    });
   return p;
 }
 

@@ -27,13 +27,16 @@ TEST(Canal, ARawTextIsResetTextFeedCut) {
   SeleccionarImpresora(p, q("Ticketera"));
   QString tronco = q("  ");
   ImprimirTextoPuerto(p, q("Ñandú\r\n2"), 1, tronco);
-  const QByteArray esperado = "\x1B@\r\n\xD1" "and\xFA\r\n2\r\n" + kPie;
+  const QByteArray esperado = "\x1B@\r\n\xD1"
+                              "and\xFA\r\n2\r\n" +
+                              kPie;
   EXPECT_EQ(q("textfile"), tronco);
   EXPECT_EQ(esperado, bytes(p.rutas.enTemp(q("textfile.prn"))));
   EXPECT_EQ(esperado, p.papeles().papel[q("LPT1")]);
   EXPECT_TRUE(registro(p).endsWith(
       q("p:1;kPAR_IMPRESORA:Ticketera;printer.Port:LPT1;psPuertoPrint:;kPAR_IMPRESORA_ALTERNA:Alterna;NameArchivo:") +
-      p.rutas.enTemp(q("textfile.prn")) + q(";\r\n"))) << qPrintable(registro(p));
+      p.rutas.enTemp(q("textfile.prn")) + q(";\r\n")))
+      << qPrintable(registro(p));
 }
 
 TEST(Canal, RoutesByPrinterSelectorAndPort) {
@@ -87,12 +90,14 @@ TEST(Canal, AFailureShowsItsWordsAndGoesOn) {
 }
 
 TEST(Canal, DrawerPulseByModel) {
+  // clang-format off
   const struct { const char* modelo; QByteArray pulso; } kCasos[] = {
       {" samsung ", QByteArray("\x1B\x70\x30\x37\x79\r\n", 7)},
       {"EPSON", QByteArray("\x1B\x70\x00\x19\xFA\r\n", 7)},
       {"Start", QByteArray("\x1B\x07\x0B\x37\x07\r\n", 7)},
       {"OTRA", QByteArray()},
   };
+  // clang-format on
   for (const auto& c : kCasos) {
     SCOPED_TRACE(c.modelo);
     PuestoPrueba p;

@@ -8,7 +8,8 @@
 
 namespace {
 
-const char* const kFila = "SELECT sImpresora, sImpresoraAlterna, nFlagCortaPapel, nFlagCortaPapelALT FROM Configuracion";
+const char* const kFila =
+    "SELECT sImpresora, sImpresoraAlterna, nFlagCortaPapel, nFlagCortaPapelALT FROM Configuracion";
 
 }  // namespace
 

@@ -52,13 +52,17 @@ QStringList faltas(const QString& ruta, const QString& texto) {
     static const QRegularExpression forma(R"(#\s*include\s*["<][^">]*(frm_\w+\.h|platform/ui/|Qt(Widgets|Gui)/))");
     if (forma.match(texto).hasMatch()) r += ruta + ": logic includes a window";
   }
-  static const QRegularExpression reloj(R"(\bQTimer\b|currentDateTime|currentDate\(|currentTime\(|currentMSecsSinceEpoch)");
-  if (!ruta.startsWith("platform/io/reloj_sistema") && !ruta.startsWith("admin/guion") && reloj.match(texto).hasMatch()) {
+  static const QRegularExpression reloj(
+      R"(\bQTimer\b|currentDateTime|currentDate\(|currentTime\(|currentMSecsSinceEpoch)");
+  if (!ruta.startsWith("platform/io/reloj_sistema") && !ruta.startsWith("admin/guion") &&
+      reloj.match(texto).hasMatch()) {
     r += ruta + ": a clock of its own";
   }
-  static const QRegularExpression numero(R"(QString::number\([^;]*'[fegEG]'|\barg\([^;)]*'[fegEG]'|\bQLocale\b|\bsprintf)");
+  static const QRegularExpression numero(
+      R"(QString::number\([^;]*'[fegEG]'|\barg\([^;)]*'[fegEG]'|\bQLocale\b|\bsprintf)");
   // The dialects write numbers as their engines do, for statements and not for anybody's eyes.
-  if (!ruta.startsWith("platform/text/") && !ruta.startsWith("platform/sql/") && numero.match(texto).hasMatch()) r += ruta + ": formats a number";
+  if (!ruta.startsWith("platform/text/") && !ruta.startsWith("platform/sql/") && numero.match(texto).hasMatch())
+    r += ruta + ": formats a number";
   static const QRegularExpression color(R"(QColor\(|QFont\(|setStyleSheet|setFont\()");
   if (ruta.section(u'/', -1).startsWith(u"frm_") && color.match(texto).hasMatch()) {
     r += ruta + ": a colour or font of its own";
@@ -73,6 +77,7 @@ QString leer(const QString& archivo) {
 }
 
 TEST(Reglas, EachRuleFindsItsBadExample) {
+  // clang-format off
   const struct { const char *ruta, *texto; bool bien; } kEjemplos[] = {
       {"store/x.cpp", "#include \"sale/caja_full.h\"\n", false},
       {"sale/x.cpp", "#include \"store/tablas.h\"\n", true},
@@ -85,6 +90,7 @@ TEST(Reglas, EachRuleFindsItsBadExample) {
       {"sale/x.cpp", "QString::number(v, 'f', 2);\n", false},
       {"sale/frm_x.cpp", "b->setFont(QFont(\"Arial\"));\n", false},
   };
+  // clang-format on
   for (const auto& e : kEjemplos) {
     EXPECT_EQ(e.bien, faltas(QString::fromLatin1(e.ruta), QString::fromLatin1(e.texto)).isEmpty()) << e.ruta << e.texto;
   }

@@ -49,8 +49,8 @@ TEST_F(CajaFull, InicioGivesACleanSale) {
   ASSERT_EQ(ResultadoTarjeta::Hallada, busca("5"));
 
   Inicio(p, v);
-  const QStringList vacios{v.txtRUC, v.txtTarjeta, v.txtNombres, v.txtLocal, v.txtsupervisor,
-                           v.txtGlosa, v.txtTX, v.txtTotalNC, v.txtSoles, v.txtDolares};
+  const QStringList vacios{v.txtRUC,   v.txtTarjeta, v.txtNombres, v.txtLocal, v.txtsupervisor,
+                           v.txtGlosa, v.txtTX,      v.txtTotalNC, v.txtSoles, v.txtDolares};
   EXPECT_EQ(QString(), vacios.join(QString()));
   EXPECT_EQ(q("0.00"), v.txtEfectivoSoles);
   EXPECT_EQ(0, v.nIdLocal);
@@ -152,8 +152,11 @@ TEST_F(CajaFull, EveryCheckBeforeTheCommit) {
     v.bLiquidando = c.si("liquidando");
     if (c.si("vacia")) AgregarFila(v);
     if (!c.falta("pestana")) v.pestana = c.entero("pestana");
-    for (const auto& [columna, campo] : {std::pair("vueltoS", &V::txtVueltoSoles), {"vueltoUS", &V::txtVueltoDolares},
-                                         {"soles", &V::txtEfectivoSoles}, {"dolares", &V::txtEfectivoDolares}, {"ruc", &V::txtRUC}}) {
+    for (const auto& [columna, campo] : {std::pair("vueltoS", &V::txtVueltoSoles),
+                                         {"vueltoUS", &V::txtVueltoDolares},
+                                         {"soles", &V::txtEfectivoSoles},
+                                         {"dolares", &V::txtEfectivoDolares},
+                                         {"ruc", &V::txtRUC}}) {
       if (!c.falta(columna)) v.*campo = c[columna];
     }
     if (!c["caja"].isEmpty()) p.persona().espera(c["caja"]);
@@ -169,7 +172,8 @@ TEST_F(CajaFull, AnEmptyGridGetsItsDefaultsAndAPriceOfZeroMaySell) {
   p.persona().espera(q("Debe registrar un artìculo."));
   ASSERT_TRUE(ValidaVenta(p, v, pantallas));
   EXPECT_EQ(q("1|1.00|0.00|0.00|0"), (QStringList{v.lineas[0][kItem], v.lineas[0][kCant], v.lineas[0][kPrecio],
-                                                  v.lineas[0][kSubTotal], v.lineas[0][kPorc]}.join(u'|')));
+                                                  v.lineas[0][kSubTotal], v.lineas[0][kPorc]}
+                                          .join(u'|')));
   ASSERT_TRUE(SalirCelda(p, v, 0, kCod, q("1")) && SalirCelda(p, v, 0, kPrecio, q("0")));
   EXPECT_FALSE(ValidaVenta(p, v, pantallas));
 }
@@ -187,7 +191,8 @@ TEST_F(CajaFull, AChangeOfKind) {
     pantallas.abiertas.clear();
     const bool abre = t.tipo == kAnular || t.tipo == kRecaudacion;  // opens a screen and goes back to the first entry
     CambiarTipo(p, v, pantallas, t.tipo);
-    EXPECT_EQ(abre ? QStringList{t.tipo == kAnular ? t.entrada : q("retiro")} : QStringList{}, pantallas.faltan + pantallas.abiertas);
+    EXPECT_EQ(abre ? QStringList{t.tipo == kAnular ? t.entrada : q("retiro")} : QStringList{},
+              pantallas.faltan + pantallas.abiertas);
     EXPECT_EQ(abre ? kEfectivo : t.tipo, v.nTipoVenta);
     EXPECT_EQ(t.llevaLineas || abre ? q("10.00") : q("0.00"), v.txtSoles);
     EXPECT_EQ(q("0.00"), v.txtEfectivoSoles);

@@ -10,8 +10,8 @@ namespace {
 
 QString q(const char* t) { return QString::fromUtf8(t); }
 
-const QHash<QString, int> kColumnas{{q("código"), kCod}, {q("catálogo"), kCatalogo}, {q("cant."), kCant},
-                                   {q("precio"), kPrecio}, {q("signo"), kSigno}, {q("porc."), kPorc}};
+const QHash<QString, int> kColumnas{{q("código"), kCod},    {q("catálogo"), kCatalogo}, {q("cant."), kCant},
+                                    {q("precio"), kPrecio}, {q("signo"), kSigno},       {q("porc."), kPorc}};
 
 struct CajaLineas : testing::Test {
   PuestoPrueba p;

@@ -1,8 +1,8 @@
 // The kinds of sale beside a plain one, from the screen's fields to the rows: advance payments, notes, liquidations,
 // vouchers.
+#include "sale/caja_liquidacion.h"
 #include "apoyo/casos.h"
 #include "apoyo/golden.h"
-#include "sale/caja_liquidacion.h"
 
 #include "sale/caja_adelanto.h"
 #include "sale/caja_lineas.h"
@@ -44,8 +44,9 @@ TEST_F(Liquidacion, TheTwoListsAndTheirDifference) {
   EXPECT_FALSE(agrega(0, "9"));
   EXPECT_EQ(q("9 / 11 12 /"), listas());
   EXPECT_EQ(q("9 PADE XX1-7 00000007 30.00 24/11/2026 S/. 30.00 DÍAZ LUZ - fiesta"),
-            (QStringList{v.lvwTX[0][0].tx, v.lvwTX[0][0].tipo, v.lvwTX[0][0].doc, v.lvwTX[0][0].tarjeta, v.lvwTX[0][0].total,
-                         v.lvwTX[0][0].fecha, v.lvwTX[0][0].original, v.lvwTX[0][0].clienteGlosa}.join(u' ')));
+            (QStringList{v.lvwTX[0][0].tx, v.lvwTX[0][0].tipo, v.lvwTX[0][0].doc, v.lvwTX[0][0].tarjeta,
+                         v.lvwTX[0][0].total, v.lvwTX[0][0].fecha, v.lvwTX[0][0].original, v.lvwTX[0][0].clienteGlosa}
+                 .join(u' ')));
   EXPECT_EQ(q("30.00 36.00 6.00 -6.00"), cifras());
   p.persona().espera(q("El código de transacciòn ya existe."));
   EXPECT_TRUE(agrega(0, "000009"));
@@ -79,18 +80,21 @@ TEST_F(Liquidacion, ADifferenceNeedsItsCash) {
   PulsarTecla(p, v, pantallas, 2);
   EXPECT_EQ(q("8|1|15\n9|2|15\n10|1|0\n11|2|15\n12|2|15\n13|1|10\n14|2|0\n15|2|0"),
             p.filas(q("SELECT cOperCode, cEstado, cOperCodeRela FROM OperacionParalela ORDER BY cOperCode")));
-  EXPECT_EQ(q("15|24|0|6|2|10|4|"), p.filas(q("SELECT cOperCode, cOperTipo, nMoneda, nMontoSoles, nMontoDolares, "
-                                              "nEfectivoSoles, nVueltoSoles, sGlosa FROM OperacionParalela WHERE cOperTipo=24")));
-  EXPECT_EQ(q("15|0|1|-4|10|14|001|1|0"),
-            p.filas(q("SELECT cOperCode, cProdCode, cOperTipo, nProdPrecUnit, nMontoSoles, cDocTipo, cDocSerie, cDocCodigo, "
-                      "cOperCodeAnula FROM Operacion")));
+  EXPECT_EQ(q("15|24|0|6|2|10|4|"),
+            p.filas(q("SELECT cOperCode, cOperTipo, nMoneda, nMontoSoles, nMontoDolares, "
+                      "nEfectivoSoles, nVueltoSoles, sGlosa FROM OperacionParalela WHERE cOperTipo=24")));
+  EXPECT_EQ(
+      q("15|0|1|-4|10|14|001|1|0"),
+      p.filas(q("SELECT cOperCode, cProdCode, cOperTipo, nProdPrecUnit, nMontoSoles, cDocTipo, cDocSerie, cDocCodigo, "
+                "cOperCodeAnula FROM Operacion")));
 
   // The sale document: the notes' lines at the list's prices, locked; only two kinds are left.
   EXPECT_TRUE(v.bLiquidando);
   ASSERT_EQ(2u, v.lineas.size());
   EXPECT_EQ(q("000101 3.00 10.00 - 10.00 27.00 SI"),
-            (QStringList{v.lineas[0][kCod], v.lineas[0][kCant], v.lineas[0][kPrecio], v.lineas[0][kSigno], v.lineas[0][kPorc],
-                         v.lineas[0][kSubTotal], v.lineas[0][kConServ]}.join(u' ')));
+            (QStringList{v.lineas[0][kCod], v.lineas[0][kCant], v.lineas[0][kPrecio], v.lineas[0][kSigno],
+                         v.lineas[0][kPorc], v.lineas[0][kSubTotal], v.lineas[0][kConServ]}
+                 .join(u' ')));
   EXPECT_FALSE(CeldaEditable(p, v, 0, kCant));
   EXPECT_EQ((std::vector<TipoVenta>{kEfectivo, kOC}), v.tipos);
   pantallas.supervisor = q("JEFE");
@@ -98,8 +102,10 @@ TEST_F(Liquidacion, ADifferenceNeedsItsCash) {
   p.persona().espera(q("Debe Emitir un documento de venta"), q("Sí"));
   PulsarTecla(p, v, pantallas, 3);
   EXPECT_FALSE(v.bLiquidando);
-  EXPECT_EQ(q("101|3|15|02\n102|3|15|02\n0|3|15|02"),
-            p.filas(q("SELECT cProdCode, cOperTipo, cOperCodeAnula, cDocTipo FROM Operacion WHERE cDocTipo<>'14' ORDER BY cOperID")));
+  EXPECT_EQ(
+      q("101|3|15|02\n102|3|15|02\n0|3|15|02"),
+      p.filas(q(
+          "SELECT cProdCode, cOperTipo, cOperCodeAnula, cDocTipo FROM Operacion WHERE cDocTipo<>'14' ORDER BY cOperID")));
 }
 
 TEST_F(Liquidacion, AnOrderMayCloseItAndALaterOneIsFree) {
@@ -115,9 +121,12 @@ TEST_F(Liquidacion, AnOrderMayCloseItAndALaterOneIsFree) {
   v.txtGlosa = q("no queda");
   CambiarTipo(p, v, pantallas, kOC);
   PulsarTecla(p, v, pantallas, 2);
-  EXPECT_EQ(q("16|15|\n17|0|D'Ana"),
-            p.filas(q("SELECT cOperCode, cOperCodeRela, sGlosa FROM OperacionParalela WHERE cOperTipo=20 ORDER BY cOperCode")));
-  EXPECT_EQ(q("15|1|0\n16|3|15\n17|1|0"), p.filas(q("SELECT cOperCode, cOperTipo, cOperCodeAnula FROM Operacion ORDER BY cOperID")));
+  EXPECT_EQ(
+      q("16|15|\n17|0|D'Ana"),
+      p.filas(
+          q("SELECT cOperCode, cOperCodeRela, sGlosa FROM OperacionParalela WHERE cOperTipo=20 ORDER BY cOperCode")));
+  EXPECT_EQ(q("15|1|0\n16|3|15\n17|1|0"),
+            p.filas(q("SELECT cOperCode, cOperTipo, cOperCodeAnula FROM Operacion ORDER BY cOperID")));
 }
 
 TEST_F(Liquidacion, NotesOfAClosedDayBringNoSaleDocument) {
@@ -152,14 +161,17 @@ TEST_F(Liquidacion, PaidByCardsAndTheVoucherSaleBehindIt) {
   p.ses.poVoucher = {{q("001"), q("CRÉDITO"), 4}};
   PulsarVoucher(p, v, pantallas);
   EXPECT_EQ(q("voucher 8 6.00"), pantallas.abiertas.back());
-  EXPECT_EQ(q("0|1|2|0\n0|2|4|0"), p.filas(q("SELECT cProdCode, cOperTipo, nMontoSoles, nProdPrecUnit FROM Operacion ORDER BY cOperID")));
+  EXPECT_EQ(q("0|1|2|0\n0|2|4|0"),
+            p.filas(q("SELECT cProdCode, cOperTipo, nMontoSoles, nProdPrecUnit FROM Operacion ORDER BY cOperID")));
   EXPECT_TRUE(v.bLiquidando && v.bVoucherListo);
   EXPECT_EQ(kVoucher, v.nTipoVenta);
   pantallas.supervisor = q("JEFE");
   p.persona().espera(q("Debe Emitir un documento de venta"), q("Sí"));
   PulsarTecla(p, v, pantallas, 0);
-  EXPECT_EQ(q("101|3|,001|15\n102|3|,001|15"),
-            p.filas(q("SELECT cProdCode, cOperTipo, cEmisor, cOperCodeAnula FROM Operacion WHERE cDocTipo='02' ORDER BY cOperID")));
+  EXPECT_EQ(
+      q("101|3|,001|15\n102|3|,001|15"),
+      p.filas(q(
+          "SELECT cProdCode, cOperTipo, cEmisor, cOperCodeAnula FROM Operacion WHERE cDocTipo='02' ORDER BY cOperID")));
   EXPECT_FALSE(v.bVoucherListo);
 }
 
@@ -192,7 +204,8 @@ TEST_F(Liquidacion, AmountsPaidInAdvance) {
     const Foco foco = PulsarTecla(p, v, pantallas, 2).foco;
     EXPECT_EQ(!c["fila"].isEmpty() ? q("txtTarjeta") : q("txtPagoAdelantado"), foco.control);
     EXPECT_EQ(c["fila"], p.filas(q("SELECT nMoneda, nMontoSoles, nMontoDolares, nEfectivoSoles, nEfectivoDolares FROM "
-                                   "OperacionParalela WHERE cOperTipo=22 AND cOperCode>") + ultimo));
+                                   "OperacionParalela WHERE cOperTipo=22 AND cOperCode>") +
+                                 ultimo));
   }
 }
 
@@ -206,7 +219,8 @@ TEST_F(Liquidacion, TwoEqualPadvInAMinuteAreOne) {
     if (n == 1) p.elReloj().ahora = p.elReloj().ahora.addSecs(60);
   }
   EXPECT_EQ(3, p.papeles().papel[q("LPT2")].count("TK NRO: PV1-"));
-  EXPECT_EQ(q("15|1\n16|2"), p.filas(q("SELECT cOperCode, cDocCodigo FROM OperacionParalela WHERE cDocTipo='13' ORDER BY 1")));
+  EXPECT_EQ(q("15|1\n16|2"),
+            p.filas(q("SELECT cOperCode, cDocCodigo FROM OperacionParalela WHERE cDocTipo='13' ORDER BY 1")));
   EXPECT_EQ(q("16|2"), p.filas(q("SELECT cOperCode, nDocCodigo FROM Config_Documento WHERE cTipoDoc='13'")));
   EXPECT_EQ(q("2|-50\n2|-50"), p.filas(q("SELECT cOperTipo, nMontoSoles FROM Operacion WHERE cDocTipo='13'")));
 }
@@ -223,7 +237,8 @@ TEST_F(Liquidacion, AVoucherSaleAsksForItsCardsEachTime) {
   p.ses.poVoucher = {{q("001"), q("CRÉDITO"), 4.5}};
   PulsarTecla(p, v, pantallas, 2);
   EXPECT_EQ(3, pantallas.abiertas.size());
-  EXPECT_EQ(q("102|2|0|,001\n0|1|4.5|,001"), p.filas(q("SELECT cProdCode, cOperTipo, nMontoSoles, cEmisor FROM Operacion ORDER BY cOperID")));
+  EXPECT_EQ(q("102|2|0|,001\n0|1|4.5|,001"),
+            p.filas(q("SELECT cProdCode, cOperTipo, nMontoSoles, cEmisor FROM Operacion ORDER BY cOperID")));
   EXPECT_TRUE(VentaVacia(v));
 }
 

@@ -149,7 +149,8 @@ TEST(CajaTotales, TheTotalIsTheSumOfTheUnroundedLines) {
     for (int i = 0; i < n; ++i) {
       const int precio = *centimos(100000), cant = *rc::gen::inRange(1, 100), porc = *centimos(10001);
       const bool recargo = *rc::gen::arbitrary<bool>();
-      v.lineas.push_back(linea(importe(precio), importe(cant * 100), recargo ? q("+") : q("-"), importe(porc), q("SI")));
+      v.lineas.push_back(
+          linea(importe(precio), importe(cant * 100), recargo ? q("+") : q("-"), importe(porc), q("SI")));
       suma += precio / 100.0 * cant * (1 + (recargo ? 1 : -1) * porc / 10000.0);
     }
     CalculaTotales(p, v);

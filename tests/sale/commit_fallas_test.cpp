@@ -23,12 +23,14 @@ struct EscenaFalla {
   int filas;  // that it leaves in the three tables
   const char *soles, *adelanto;
 };
+// clang-format off
 const EscenaFalla kEscenas[] = {
     {"Boleta", kEfectivo, "02", 3, "", ""},     {"Voucher", kVoucher, "02", 3, "10.00", ""},
     {"Orden", kOC, "10", 4, "", ""},            {"Nota", kNC, "11", 3, "", ""},
     {"Pade", kPADE, "12", 1, "", "50.00"},      {"Padv", kPADV, "13", 2, "", "50.00"},
     {"Liquidacion", kLIQPAD, "14", 2, "20.00", ""},
 };
+// clang-format on
 
 void llenar(const EscenaFalla& e, Puesto& p, CajaRegistradoraFull& v) {
   PonerTipo(v, e.tipo);
@@ -63,12 +65,11 @@ bool trasLimpiar(const QString& sql) {
   return sql.contains(u"cOperflagAbierto=1") || sql.startsWith(u" SELECT sProdDescCrta");
 }
 
-qsizetype cuantas(const QStringList& sentencias, const char* parte) {
-  return sentencias.filter(q(parte)).size();
-}
+qsizetype cuantas(const QStringList& sentencias, const char* parte) { return sentencias.filter(q(parte)).size(); }
 
 int filasDe(PuestoPrueba& p) {
-  return p.filas(q("SELECT COUNT(*) FROM Operacion")).toInt() + p.filas(q("SELECT COUNT(*) FROM OperacionParalela")).toInt() +
+  return p.filas(q("SELECT COUNT(*) FROM Operacion")).toInt() +
+         p.filas(q("SELECT COUNT(*) FROM OperacionParalela")).toInt() +
          p.filas(q("SELECT COUNT(*) FROM OperacionParalelaProducto")).toInt();
 }
 
@@ -124,12 +125,10 @@ TEST_P(Fallas, EachStatementOfTheCommitHasItsTurn) {
   }
   EXPECT_GE(terminados, 7);  // code, header, number (3), what follows the paper
 }
-INSTANTIATE_TEST_SUITE_P(Commit, Fallas,
-                         testing::Combine(testing::Values(Falla::unaVez), testing::ValuesIn(kEscenas)),
+INSTANTIATE_TEST_SUITE_P(Commit, Fallas, testing::Combine(testing::Values(Falla::unaVez), testing::ValuesIn(kEscenas)),
                          [](const auto& i) { return std::get<1>(i.param).nombre; });
 INSTANTIATE_TEST_SUITE_P(CommitOnAFullDisk, Fallas,
-                         testing::Combine(testing::Values(Falla::desdeAhi),
-                                          testing::Values(kEscenas[0], kEscenas[6])),
+                         testing::Combine(testing::Values(Falla::desdeAhi), testing::Values(kEscenas[0], kEscenas[6])),
                          [](const auto& i) { return std::get<1>(i.param).nombre; });
 
 // One document on the desk's folder by a desk of its own; with a plan that kills it doesn't come back.
@@ -161,7 +160,8 @@ void matarEnCadaPaso(const EscenaFalla& escena, const char* puerto, const char* 
         plan.armar(n, Falla::unaVez, momento);
         emitirEn(p, plan, escena);
       });
-      const int usado = p.filas(q("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='%1'").arg(q(escena.tipoDoc))).toInt();
+      const int usado =
+          p.filas(q("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='%1'").arg(q(escena.tipoDoc))).toInt();
       const auto papeles = rollo(p, puerto).count(ticket);
       EXPECT_TRUE(papeles == 0 || usado == 1);  // number before paper
       mira(p, WIFEXITED(estado), usado, papeles);
@@ -174,7 +174,9 @@ void matarEnCadaPaso(const EscenaFalla& escena, const char* puerto, const char* 
       p.ejecuta(q("UPDATE OperacionParalela SET cEstado='1', cOperCodeRela=9 WHERE cOperCode IN (9, 11)"));
       emitirEn(p, {}, escena);
       EXPECT_EQ(papeles, rollo(p, puerto).count(ticket) - (usado == 0 ? 1 : 0));  // no number twice on paper
-      EXPECT_EQ(usado + 1, p.filas(q("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='%1'").arg(q(escena.tipoDoc))).toInt());
+      EXPECT_EQ(
+          usado + 1,
+          p.filas(q("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='%1'").arg(q(escena.tipoDoc))).toInt());
     }
   }
 }
@@ -198,7 +200,8 @@ TEST(Muerte, ALiquidationLeavesAPrefixOfItsWrites) {
                             "OperacionParalela WHERE cOperCode=11 AND cEstado='2' AND cOperCodeRela=12"}) {
       hechas += p.filas(q("SELECT COUNT(*) FROM ") + q(sql));
     }
-    EXPECT_TRUE(entera ? hechas == u"11111" : q("1111100000").contains(hechas) && !hechas.contains(u"01")) << qPrintable(hechas);
+    EXPECT_TRUE(entera ? hechas == u"11111" : q("1111100000").contains(hechas) && !hechas.contains(u"01"))
+        << qPrintable(hechas);
     EXPECT_TRUE(hechas.startsWith(u'0') || papeles == 1);
   });
 }

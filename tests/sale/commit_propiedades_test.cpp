@@ -64,8 +64,8 @@ RC_GTEST_PROP(Venta, PaperRowsAndScreenAgree, ()) {
   }
   const QString codigo = p.filas(tipo == kOC ? q("SELECT MAX(cOperCode) FROM OperacionParalela")
                                              : q("SELECT MAX(cOperCode) FROM Operacion WHERE cDocTipo='01'"));
-  RC_ASSERT(p.filas(q("SELECT nProdCant, nProdPrecUnit, nDscto FROM ") + tabla + q(" WHERE cProdCode<>0 AND cOperCode=") +
-                    codigo) == esperadas.join(u'\n'));
+  RC_ASSERT(p.filas(q("SELECT nProdCant, nProdPrecUnit, nDscto FROM ") + tabla +
+                    q(" WHERE cProdCode<>0 AND cOperCode=") + codigo) == esperadas.join(u'\n'));
 
   // Cash less change is the total.
   const QString dinero = p.filas(q("SELECT nMontoSoles, nMontoDolares, nProdPrecUnit, nVueltoDolares FROM Operacion "

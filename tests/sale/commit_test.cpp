@@ -30,7 +30,8 @@ TEST(Commit, ASaleIsLinesAndATenderRow) {
   c.vender();
   EXPECT_EQ(q("1|101|3|10|0|0|0|0|0|1|\n"
               "1|102|1|12.5|0|10|0|0|0|1|\n"
-              "1|0|1|0|0|0|42.5|0|0|1|Null"), c.p.filas(kFilas));
+              "1|0|1|0|0|0|42.5|0|0|1|Null"),
+            c.p.filas(kFilas));
   // Rows of one ticket differ only in their line fields.
   EXPECT_EQ(q("1|00004521|2026-11-24 10:30:00|00001|01|CAJERO|01|001|1|20512345678|2|0|1|0||0"),
             c.p.filas(q("SELECT DISTINCT cOperCode, nTarjNumb, dOperFech, cCajaCodi, cTurnoCodi, cUserDesc, cDocTipo, "
@@ -74,7 +75,8 @@ TEST(Commit, APercentageNeedsItsSupervisor) {
   c.vender();
   EXPECT_EQ(2, c.pantallas.pedidas);
   EXPECT_EQ(q("1|101|3|10|-10|0|0|0|0|1|O'Hara\n1|102|1|10|5|0|0|0|0|1|O'Hara\n1|103|1|2|0|0|0|0|0|1|\n"
-              "1|0|1|0|0|0|39.5|0|0|1|Null"), c.p.filas(kFilas));
+              "1|0|1|0|0|0|39.5|0|0|1|Null"),
+            c.p.filas(kFilas));
   c.v.lineas = {filaVenta(103, q("Agua"), 2)};
   c.vender();  // the next sale needs none
   EXPECT_EQ(2, c.pantallas.pedidas);

@@ -21,12 +21,14 @@ void vender(PuestoDeVenta& p) {
 }
 
 TEST(Silencio, CostsASaleTwoSecondsOnceAMinute) {
+  // clang-format off
   const struct { const char* porque; Mudez como; bool central, cliente; qint64 alMenos_ms, aLoMas_ms; } kCasos[] = {
       {"central never answers", Mudez::recibe, true, false, 1500, 2000},
       {"client never answers", Mudez::recibe, false, true, 1500, 2000},
       {"both, on hosts that drop every packet", Mudez::colaLlena, true, true, 1800, 2100},
       {"both refuse", Mudez::nadie, true, true, 0, 500},
   };
+  // clang-format on
   for (const auto& c : kCasos) {
     SCOPED_TRACE(c.porque);
     const ServidorMudo central(c.como), cliente(c.como);

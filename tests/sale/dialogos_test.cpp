@@ -60,7 +60,8 @@ TEST(Busqueda, PagesOfArticles) {
     p.articulo(n, q("%1 ARTICULO").arg(n, 2, 10, QChar(u'0')), 1, false, n % 2 ? q("O''%1").arg(n) : q("P%1").arg(n));
   }
   p.ejecuta(q("UPDATE Producto SET nActivo = 0 WHERE cProdCode = 36"));
-  p.ejecuta(q("INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, cProdEstd, nActivo) VALUES ('02', 1, 'AJENO', 1, 1)"));
+  p.ejecuta(
+      q("INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, cProdEstd, nActivo) VALUES ('02', 1, 'AJENO', 1, 1)"));
   Busqueda b;
   InicioBusqueda(p, b);
   const auto ve = [&b] {
@@ -131,8 +132,10 @@ TEST(Busqueda, CustomersAndDocumentsOnceEach) {
 // The quick matcher may give up, but never say anything else than the general one.
 TEST(Contiene, AgreesWithTheGeneralMatcher) {
   int directos = 0;
-  for (const char* patron : {"%cafe%", "%%", "%ñ%", "%É%", "%a_b%", "%*%", "%#%", "cafe%", "%µ%", "%ß%", "%×%", "%Ÿ%", "%k%"}) {
-    for (const char* texto : {"CAFÉ", "Café pasado", "ÑANDÚ", "", "cafe", "axb a_b", "K5 \xE2\x84\xAA", "Μμµ", "STRAßE", "3×4÷2", "ÿŸ", "éÉ"}) {
+  for (const char* patron :
+       {"%cafe%", "%%", "%ñ%", "%É%", "%a_b%", "%*%", "%#%", "cafe%", "%µ%", "%ß%", "%×%", "%Ÿ%", "%k%"}) {
+    for (const char* texto : {"CAFÉ", "Café pasado", "ÑANDÚ", "", "cafe", "axb a_b", "K5 \xE2\x84\xAA", "Μμµ", "STRAßE",
+                              "3×4÷2", "ÿŸ", "éÉ"}) {
       SCOPED_TRACE(std::string(patron) + " | " + texto);
       const auto c = Contiene::de(patron, "%_[*?#");
       const auto rapido = c ? c->en(texto) : std::nullopt;
@@ -146,6 +149,7 @@ TEST(Contiene, AgreesWithTheGeneralMatcher) {
 
 TEST(Retiro, TheReceiptIsThePaperWeExpect) {
   const QDateTime momento(QDate(2026, 11, 25), QTime(9, 5));
+  // clang-format off
   const struct { const char* papel; QStringList cabecera; double monto; const char* usuario; qint64 codigo; } kCasos[] = {
       {"con_cabecera.txt", {q("TARVO S.A.C."), q("   "), q("JR. LOS ÑANDÚES 145 - SURQUILLO - LIMA")}, 1234567.5,
        "CAJERO PRINCIPAL", 1234567},
@@ -157,6 +161,7 @@ TEST(Retiro, TheReceiptIsThePaperWeExpect) {
     const QString texto = recibo.textos().join(u'\n');
     EXPECT_EQ(leerGolden(q("retiros/") + q(c.papel)).replace("\r\n", "\n"), AUnByte(texto).replace("\r\n", "\n") + '\n');
   }
+  // clang-format on
 }
 
 TEST(Retiro, AsksByWhatWasSold) {
@@ -164,7 +169,8 @@ TEST(Retiro, AsksByWhatWasSold) {
   EXPECT_FALSE(*VerificaSaldo(p, 0));
   p.ejecuta(q("INSERT INTO Operacion (cOperCode, cOperTipo, nProdCant, nProdPrecUnit) VALUES (1, 1, 3, 0.1)"));
   p.ejecuta(q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, nMontoSoles) VALUES (1, 22, 40)"));
-  p.ejecuta(q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, nMontoSoles, cOperCodeAnul) VALUES (2, 22, 90, 3)"));
+  p.ejecuta(
+      q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, nMontoSoles, cOperCodeAnul) VALUES (2, 22, 90, 3)"));
   EXPECT_TRUE(*VerificaSaldo(p, 40.3));
   EXPECT_FALSE(*VerificaSaldo(p, 40.31));
   p.persona().espera(q("Se registrará un retiro de 40.30 ¿Desea continuar?"), q("No"));

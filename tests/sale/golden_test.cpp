@@ -45,7 +45,8 @@ struct Escena {
       v.lineas.push_back(filaDe(valor));
     } else if (nombre == u"cabecera") {
       p.ejecuta(QStringLiteral("INSERT INTO Cabecera_Impresion (cCabeLinea, sCabeDescripcion) VALUES (%1, '%2')")
-                    .arg(++cabeceras).arg(valor));
+                    .arg(++cabeceras)
+                    .arg(valor));
     } else if (nombre == u"supervisor") {
       pantallas.supervisor = valor;
     } else {
@@ -69,7 +70,8 @@ struct Escena {
       ponerNota(c);
     } else if (nombre == u"teclas") {
       for (int n : {1, 2}) {
-        p.ejecuta(QStringLiteral("INSERT INTO ConfiguracionTeclado (cTeclCode, cProdCode) VALUES (%1, %2)").arg(n).arg(c[0]));
+        p.ejecuta(
+            QStringLiteral("INSERT INTO ConfiguracionTeclado (cTeclCode, cProdCode) VALUES (%1, %2)").arg(n).arg(c[0]));
       }
     } else if (nombre == u"adelanto") {
       v.lvwTX[0].push_back({c[0], {}, {}, {}, c[1], {}, {}, {}, {}});
@@ -95,7 +97,8 @@ struct Escena {
                              "nProdPrecUnit, nDscto, nServicio) VALUES ('01', %1, %2, %3, %4, %5, 0)")
                   .arg(c[0], c[1], c[4], c[3], c[5]));
     const double total = Val(c[3]) * Val(c[4]) * (1 + Val(c[5]) / 100);
-    if (v.lvwTX[1].empty() || v.lvwTX[1].back().tx != c[0]) v.lvwTX[1].push_back({c[0], {}, {}, {}, {}, {}, {}, {}, {}});
+    if (v.lvwTX[1].empty() || v.lvwTX[1].back().tx != c[0])
+      v.lvwTX[1].push_back({c[0], {}, {}, {}, {}, {}, {}, {}, {}});
     QString& suma = v.lvwTX[1].back().total;
     suma = Formatear(LeerImporte(suma) + total, u"0.00");
   }

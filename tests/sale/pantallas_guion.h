@@ -13,9 +13,9 @@ class PantallasGuion : public PantallasVenta {
   std::optional<QString> articulo;
   std::optional<TarjetaElegida> cliente;
   std::optional<DocumentoElegido> documento;
-  QStringList faltan;    // screens that are not there
-  QStringList abiertas;  // screens that are, with what they were given
-  int pedidas = 0;       // authorisations
+  QStringList faltan;                  // screens that are not there
+  QStringList abiertas;                // screens that are, with what they were given
+  int pedidas = 0;                     // authorisations
   std::optional<VentaEnCurso> enFull;  // the sale that the quick register handed over
 
   std::optional<QString> autorizar(const QString&) override {

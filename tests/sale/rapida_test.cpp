@@ -13,8 +13,9 @@ namespace {
 
 QString q(const char* s) { return QString::fromUtf8(s); }
 
-const QString kVentas = q("SELECT cOperCode, cProdCode, nProdCant, nProdPrecUnit, nServicio, nMontoSoles, nMontoDolares, "
-                          "nVueltoDolares, cOperTipo FROM Operacion ORDER BY cOperID");
+const QString kVentas =
+    q("SELECT cOperCode, cProdCode, nProdCant, nProdPrecUnit, nServicio, nMontoSoles, nMontoDolares, "
+      "nVueltoDolares, cOperTipo FROM Operacion ORDER BY cOperID");
 
 LineaRapida lineaRapida(int codigo, const QString& descripcion, double precio, int cantidad, bool servicio = false) {
   LineaRapida l;
@@ -106,12 +107,14 @@ TEST(Rapida, KindsGoRound) {
 }
 
 TEST(Rapida, WhatASaleStores) {
+  // clang-format off
   const struct { int tipo; std::optional<EfectivoDocumento> pago; const char* dinero; } kCasos[] = {
       {kVentaExacta, {}, "\n1|0|1|0|0|42.5|0|0|1"},
       {kVentaVoucher, {}, ""},
       {kVentaConVuelto, EfectivoDocumento{50, 0, 7.5, 0}, "\n1|0|1|-7.5|0|50|0|0|1"},
       {kVentaConVuelto, EfectivoDocumento{0, 20, 2.5, 5}, "\n1|0|1|-2.5|0|0|20|5|1"},
   };
+  // clang-format on
   for (const auto& c : kCasos) {
     SCOPED_TRACE(c.dinero);
     Rapida r;
@@ -121,8 +124,9 @@ TEST(Rapida, WhatASaleStores) {
     GrabarVentaRapida(r.p, r.v, r.pantallas);
     const QString tipo = c.tipo == kVentaVoucher ? q("2") : q("1");
     EXPECT_EQ(q("1|101|3|10|0|0|0|0|%1\n1|102|1|12.5|10|0|0|0|%1").arg(tipo) + q(c.dinero), r.p.filas(kVentas));
-    EXPECT_EQ(q("0|Null|Null|0|Null"), r.p.filas(q("SELECT DISTINCT nDscto, cEmisor, cSupervisor, cOperCodeAnula, IdLocal "
-                                                   "FROM Operacion")));
+    EXPECT_EQ(q("0|Null|Null|0|Null"),
+              r.p.filas(q("SELECT DISTINCT nDscto, cEmisor, cSupervisor, cOperCodeAnula, IdLocal "
+                          "FROM Operacion")));
     EXPECT_EQ(kVentaExacta, r.v.nTipoVenta);
     EXPECT_FALSE(r.v.bVentaIniciada);
   }
@@ -138,8 +142,10 @@ TEST_P(TicketRapido, IsThePaperWeExpect) {
   const QString caso = q("rapida/") + QString::fromStdString(GetParam());
   for (const auto& [nombre, valor] : leerCaso(caso)) {
     const QStringList c = celdasDe(valor);
-    if (nombre == u"linea") r.v.lineas.push_back(lineaRapida(c[0].toInt(), c[1], Val(c[2]), c[3].toInt(), c.size() > 4));
-    if (nombre == u"cabecera") r.p.ejecuta(q("INSERT INTO Cabecera_Impresion VALUES (%1, '%2')").arg(++cabeceras).arg(valor));
+    if (nombre == u"linea")
+      r.v.lineas.push_back(lineaRapida(c[0].toInt(), c[1], Val(c[2]), c[3].toInt(), c.size() > 4));
+    if (nombre == u"cabecera")
+      r.p.ejecuta(q("INSERT INTO Cabecera_Impresion VALUES (%1, '%2')").arg(++cabeceras).arg(valor));
     if (nombre == u"txtTarjeta") r.v.txtTarjeta = valor;
     if (nombre == u"txtCliente") r.v.txtNombres = valor;
     if (nombre == u"txtRuc") r.v.txtRuc = valor;
@@ -151,7 +157,8 @@ TEST_P(TicketRapido, IsThePaperWeExpect) {
   ASSERT_FALSE(papel.isEmpty());
   EXPECT_EQ(conCorte(papel).toStdString(), r.p.papeles().papel[q("LPT1")].toStdString());
 }
-INSTANTIATE_TEST_SUITE_P(Golden, TicketRapido, testing::ValuesIn(nombresGolden("rapida")), [](const auto& i) { return i.param; });
+INSTANTIATE_TEST_SUITE_P(Golden, TicketRapido, testing::ValuesIn(nombresGolden("rapida")),
+                         [](const auto& i) { return i.param; });
 
 // The number comes from the settings when its row can't be read; any other statement ends the commit.
 TEST(Rapida, EachStatementOfTheCommitHasItsTurn) {
@@ -176,7 +183,8 @@ TEST(Rapida, EachStatementOfTheCommitHasItsTurn) {
       if (r.v.bVentaIniciada) {  // ended: the sale stays as it was
         ++terminados;
         EXPECT_EQ(2u, r.v.lineas.size());
-        EXPECT_EQ(QString::number(antes.filter(q("INSERT INTO OPERACION")).size()), r.p.filas(q("SELECT COUNT(*) FROM Operacion")));
+        EXPECT_EQ(QString::number(antes.filter(q("INSERT INTO OPERACION")).size()),
+                  r.p.filas(q("SELECT COUNT(*) FROM Operacion")));
         EXPECT_EQ(QString::number(antes.filter(q("SET cSerieDoc")).size()), usado);
         EXPECT_EQ(todas.filter(q("idct + 1")).size(), papel.count("TK NRO:"));
       } else {

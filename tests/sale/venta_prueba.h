@@ -30,7 +30,8 @@ inline FilaVenta filaVenta(int codigo, const QString& descripcion, double precio
 class PuestoDeVenta : public PuestoPrueba {
  public:
   explicit PuestoDeVenta(const Envolver& envolver = {}) : PuestoPrueba(envolver) {
-    const QString regla = QStringLiteral("INSERT INTO Regla_Punto (nImpoMaxi, nPuntImpo, nPuntCant) VALUES (1000,10,1)");
+    const QString regla =
+        QStringLiteral("INSERT INTO Regla_Punto (nImpoMaxi, nPuntImpo, nPuntCant) VALUES (1000,10,1)");
     ejecuta(regla);
     EXPECT_TRUE(poDBAdmin.AbrirBD(poCnnCliente, ses.psConexionCliente));
     ejecuta(poCnnCliente, regla);

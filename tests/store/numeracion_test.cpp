@@ -9,9 +9,7 @@ namespace {
 
 QString q(const char* s) { return QString::fromUtf8(s); }
 
-void abrirCentral(PuestoPrueba& p) {
-  ASSERT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral));
-}
+void abrirCentral(PuestoPrueba& p) { ASSERT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral)); }
 
 QString reservar(PuestoPrueba& p, const QString& tipo) {
   NumeroDocumento n;
@@ -29,12 +27,17 @@ TEST(Numeracion, EachNumberIsHeldAgainstStoreAndCentral) {
     SCOPED_TRACE(c.donde());
     PuestoPrueba p;
     p.ejecuta(q("UPDATE Config_Documento SET nDocCodigo=%1 WHERE cTipoDoc='02'").arg(c.entero("config")));
-    if (c.entero("local")) p.ejecuta(q("INSERT INTO Operacion (cOperCode, cDocTipo, cDocCodigo) VALUES (1,'01',%1)").arg(c.entero("local")));
+    if (c.entero("local"))
+      p.ejecuta(q("INSERT INTO Operacion (cOperCode, cDocTipo, cDocCodigo) VALUES (1,'01',%1)").arg(c.entero("local")));
     abrirCentral(p);
-    for (const auto& [numero, caja] : {std::pair(c.entero("central"), "00001"), std::pair(c.entero("otraCaja"), "00002")}) {
+    for (const auto& [numero, caja] :
+         {std::pair(c.entero("central"), "00001"), std::pair(c.entero("otraCaja"), "00002")}) {
       if (numero == 0) continue;
       p.ejecuta(p.poCnnCentral, q("INSERT INTO venta01 (cCodVta, TipoDoc, cSerieDoc, NroDoc, cCodCaja) "
-                                  "VALUES (%1,'02','001','%2','%3')").arg(numero).arg(numero, 6, 10, QChar(u'0')).arg(q(caja)));
+                                  "VALUES (%1,'02','001','%2','%3')")
+                                    .arg(numero)
+                                    .arg(numero, 6, 10, QChar(u'0'))
+                                    .arg(q(caja)));
     }
     p.poCnnCentral.cerrar();
     if (!c.falta("log")) p.persona().espera(q("Ocurrio un error en la numeración, se asignará el "));
@@ -62,8 +65,9 @@ TEST(Numeracion, AMissingRowIsMade) {
     p.ses.psCaja = q("12345");
     p.ejecuta(q("DELETE FROM Config_Documento"));
     EXPECT_EQ(c["sale"], reservar(p, c["tipo"]));
-    EXPECT_EQ(c["fila"],
-              p.filas(q("SELECT cTipoDoc, cOperCode, nDocCodigo, cSerieDoc, dUltAct, observacion FROM Config_Documento")));
+    EXPECT_EQ(
+        c["fila"],
+        p.filas(q("SELECT cTipoDoc, cOperCode, nDocCodigo, cSerieDoc, dUltAct, observacion FROM Config_Documento")));
   }
 }
 
@@ -108,8 +112,9 @@ TEST(Reparacion, PullsUpWhatIsBehind) {
   EXPECT_EQ(q("1|0|2026-11-24 10:30:00|0|00001|0|01|ROVEL|0|15|OC1|10"),
             p.filas(q("SELECT cOperCode,cOperTipo,dOperFech,cEstado,cCajaCodi,cFlagSincronizacion,cTurnoCodi,cUserDesc,"
                       "cOperFlagAbierto,cDocCodigo,cDocSerie,cDocTipo FROM OperacionParalela")));
-  EXPECT_EQ(q("01|41|15\n02|41|15\n10|1|15\n11|0|0"),
-            p.filas(q("SELECT cTipoDoc, cOperCode, nDocCodigo FROM Config_Documento WHERE cTipoDoc < '12' ORDER BY 1")));
+  EXPECT_EQ(
+      q("01|41|15\n02|41|15\n10|1|15\n11|0|0"),
+      p.filas(q("SELECT cTipoDoc, cOperCode, nDocCodigo FROM Config_Documento WHERE cTipoDoc < '12' ORDER BY 1")));
   // Already level: a second start changes nothing.
   RepararNumeracion(p);
   EXPECT_EQ(q("1"), p.filas(q("SELECT COUNT(*) FROM Operacion")));

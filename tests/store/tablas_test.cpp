@@ -20,7 +20,9 @@ class Base {
   Base(const Base&) = delete;
   ~Base() { sqlite3_close(db_); }
   void ejecuta(const QString& sql) { filas(sql); }
-  bool acepta(const QString& sql) { return sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, nullptr) == SQLITE_OK; }
+  bool acepta(const QString& sql) {
+    return sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, nullptr) == SQLITE_OK;
+  }
   // Cells joined by "|", rows by line ends; a Null is "Null".
   QString filas(const QString& sql) {
     QStringList lineas;
@@ -31,12 +33,14 @@ class Base {
       return 0;
     };
     EXPECT_EQ(SQLITE_OK, sqlite3_exec(db_, sql.toUtf8().constData(), anota, &lineas, nullptr))
-        << qPrintable(sql) << "\n" << sqlite3_errmsg(db_);
+        << qPrintable(sql) << "\n"
+        << sqlite3_errmsg(db_);
     return lineas.join(u'\n');
   }
   QString plan(const QString& sql) {
     QStringList pasos;
-    for (const QString& f : filas(QStringLiteral("EXPLAIN QUERY PLAN ") + sql).split(u'\n')) pasos << f.section(u'|', 3);
+    for (const QString& f : filas(QStringLiteral("EXPLAIN QUERY PLAN ") + sql).split(u'\n'))
+      pasos << f.section(u'|', 3);
     return pasos.join(u'\n');
   }
 
@@ -50,8 +54,9 @@ TEST(Tablas, ColumnsHaveOnlyTheTypesThatTheDialectKnows) {
   const QSet<QString> tipos{u8("INTEGER"), u8("REAL"), u8("TEXT"), u8("DATETIME")};
   for (const auto& tablas : {tablasDelPuesto(), tablasDelCentral(), tablasDelCliente()}) {
     Base b(tablas);
-    const QString columnas = b.filas(u8("SELECT m.name, c.name, c.type FROM sqlite_master m, pragma_table_info(m.name) c "
-                                        "WHERE m.type = 'table' AND m.name <> 'sqlite_sequence'"));
+    const QString columnas =
+        b.filas(u8("SELECT m.name, c.name, c.type FROM sqlite_master m, pragma_table_info(m.name) c "
+                   "WHERE m.type = 'table' AND m.name <> 'sqlite_sequence'"));
     for (const QString& c : columnas.split(u'\n')) EXPECT_TRUE(tipos.contains(c.section(u'|', 2))) << qPrintable(c);
     // Only built-in collations, and on every text column.
     const QString sql = b.filas(u8("SELECT sql FROM sqlite_master WHERE sql IS NOT NULL"));
@@ -84,20 +89,24 @@ TEST(Tablas, RowNumbersAreNotGivenOutAgain) {
 }
 
 TEST(Tablas, APurgeMovesWholeRows) {
+  // clang-format off
   const struct { const char *viva, *historia; } kPares[] = {
       {"Operacion", "Operacion_Historico"},
       {"OperacionParalela", "OperacionParalela_Historico"},
       {"OperacionParalelaProducto", "OperacionParalelaProductoHist"},
   };
+  // clang-format on
   for (const auto& p : kPares) {
     Base b(tablasDelPuesto());
     const QString columnas = u8("SELECT name, type, dflt_value FROM pragma_table_info('%1')");
     EXPECT_EQ(b.filas(columnas.arg(u8(p.viva))), b.filas(columnas.arg(u8(p.historia))));
-    b.ejecuta(QStringLiteral("INSERT INTO %1 (cOperCode, cProdCode) VALUES (1, 2)")
-                  .replace(u8(", cProdCode"), u8(p.viva) == u8("OperacionParalela") ? u8(", cOperTipo") : u8(", cProdCode"))
-                  .arg(u8(p.viva)));
+    b.ejecuta(
+        QStringLiteral("INSERT INTO %1 (cOperCode, cProdCode) VALUES (1, 2)")
+            .replace(u8(", cProdCode"), u8(p.viva) == u8("OperacionParalela") ? u8(", cOperTipo") : u8(", cProdCode"))
+            .arg(u8(p.viva)));
     // Twice: codes start again when a store is emptied, and history must take the second row as well.
-    for (int i = 0; i < 2; ++i) b.ejecuta(QStringLiteral("INSERT INTO %2 SELECT * FROM %1").arg(u8(p.viva), u8(p.historia)));
+    for (int i = 0; i < 2; ++i)
+      b.ejecuta(QStringLiteral("INSERT INTO %2 SELECT * FROM %1").arg(u8(p.viva), u8(p.historia)));
     EXPECT_EQ(u8("2"), b.filas(QStringLiteral("SELECT count(*) FROM ") + u8(p.historia)));
   }
 }

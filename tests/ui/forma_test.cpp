@@ -26,9 +26,11 @@ class Ventana : public Forma {
     connect(boton, &QPushButton::clicked, this, [this] { ++pulsado; });
     cuerpo()->addWidget(panel);
     cuerpo()->addLayout(filaBotones({boton}));
-    tecla(QKeyCombination(Qt::Key_F2), [this] { ++f2; }, "cliente");
+    tecla(
+        QKeyCombination(Qt::Key_F2), [this] { ++f2; }, "cliente");
     tecla(QKeyCombination(Qt::ALT, Qt::Key_B), [this] { ++altA; });
-    tecla(QKeyCombination(Qt::Key_Delete), [this] { ++supr; }, "borrar");
+    tecla(
+        QKeyCombination(Qt::Key_Delete), [this] { ++supr; }, "borrar");
     a->setFocus();
   }
   bool puedeCerrar() override { return cierra; }

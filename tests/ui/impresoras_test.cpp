@@ -22,6 +22,7 @@ std::pair<double, qsizetype> medir(const QString& archivo, double& ancho) {
 TEST(ImpresorasQt, APdfIsARollAsLongAsItsText) {
   QTemporaryDir carpeta;
   ImpresorasQt impresoras;
+  // clang-format off
   const struct { const char* porque; int lineas; qsizetype hojas; } kCasos[] = {
       {"a ticket", 25, 1}, {"a long report", 900, 1}, {"longer than a page can be", 3000, 3}};
   double corto = 0;
@@ -38,6 +39,7 @@ TEST(ImpresorasQt, APdfIsARollAsLongAsItsText) {
     EXPECT_GT(largo, corto);
     if (hojas == 1) corto = largo;
   }
+  // clang-format on
   EXPECT_TRUE(impresoras.escribirPdf(carpeta.filePath(QStringLiteral("no/x.pdf")), QStringLiteral("Courier New"), 8, {})
                   .has_value());
   EXPECT_TRUE(impresoras.imprimir(QStringLiteral("No hay tal"), QStringLiteral("Courier New"), 8, {}).has_value());

@@ -15,17 +15,20 @@ QString orden(const Lista& l, int columna) {
 }  // namespace
 
 TEST(Lista, SortsByTheClassOfTheColumn) {
-  Lista l("lvw", {{"Nombre", 0.4}, {"Fecha", 0.3, false, ColumnaLista::Fecha}, {"Monto", 0.3, true, ColumnaLista::Numero}});
+  Lista l("lvw",
+          {{"Nombre", 0.4}, {"Fecha", 0.3, false, ColumnaLista::Fecha}, {"Monto", 0.3, true, ColumnaLista::Numero}});
   l.llenar({{{"Ñandú", "02/01/2026", "1,000.00"}, 1, true},
             {{"nube", "10/12/2025", "99.50"}, 2, true},
             {{"Oso", "01/02/2026", "-3.00"}, 3, true},
             {{"Árbol", "", "99.50"}, 4, true}});
+  // clang-format off
   const struct { const char *porque; int columna; const char* sale; } casos[] = {
       {"accents and case aside, Ñ after N", 0, "Árbol nube Ñandú Oso"},
       {"a second click turns it round", 0, "Oso Ñandú nube Árbol"},
       {"day before month; no date comes first", 1, "Árbol nube Ñandú Oso"},
       {"numbers, not texts; equal ones keep their order", 2, "Oso Árbol nube Ñandú"},
   };
+  // clang-format on
   for (const auto& c : casos) {
     SCOPED_TRACE(c.porque);
     l.ordenar(c.columna);

@@ -11,18 +11,22 @@ namespace {
 
 // Runs `f` as soon as the next box waits for its answer.
 void alMostrar(std::function<void(QWidget&)> f) {
-  QMetaObject::invokeMethod(qApp, [f = std::move(f)] {
-    QWidget* caja = QApplication::activeModalWidget();
-    ASSERT_NE(nullptr, caja);
-    caja->activateWindow();
-    QCoreApplication::processEvents();
-    f(*caja);
-  }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      qApp,
+      [f = std::move(f)] {
+        QWidget* caja = QApplication::activeModalWidget();
+        ASSERT_NE(nullptr, caja);
+        caja->activateWindow();
+        QCoreApplication::processEvents();
+        f(*caja);
+      },
+      Qt::QueuedConnection);
 }
 
 }  // namespace
 
 TEST(MensajesVentana, AnswersByKey) {
+  // clang-format off
   const struct { const char* porque; bool siPorDefecto; Qt::Key tecla; bool respuesta; } casos[] = {
       {"Enter takes the default", true, Qt::Key_Return, true},
       {"Enter takes the default No", false, Qt::Key_Return, false},
@@ -30,6 +34,7 @@ TEST(MensajesVentana, AnswersByKey) {
       {"S answers", false, Qt::Key_S, true},
       {"N answers", true, Qt::Key_N, false},
   };
+  // clang-format on
   MensajesVentana m;
   for (const auto& c : casos) {
     SCOPED_TRACE(c.porque);

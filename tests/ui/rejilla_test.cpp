@@ -25,9 +25,12 @@ class Ventana : public Forma {
   Ventana() : Forma("frmPrueba", "Prueba") {
     rejilla = new Rejilla(
         "TDBGrid1",
-        {{"It", 40}, {"Código", 90, false, true}, {"Cant.", 80, true, true}, {"", 40, false, false, true}, {"Artículo", 0}},
-        {[this] { return int(filas.size()); },
-         [this](int f, int c) { return filas[size_t(f)][size_t(c)]; }});
+        {{"It", 40},
+         {"Código", 90, false, true},
+         {"Cant.", 80, true, true},
+         {"", 40, false, false, true},
+         {"Artículo", 0}},
+        {[this] { return int(filas.size()); }, [this](int f, int c) { return filas[size_t(f)][size_t(c)]; }});
     rejilla->salir = [this](int f, int c, QString& texto) {
       dejadas.push_back(QStringLiteral("%1,%2=%3").arg(f).arg(c).arg(texto));
       if (texto == rechaza) return false;
@@ -35,7 +38,8 @@ class Ventana : public Forma {
       return true;
     };
     rejilla->pulsar = [this](int f, int c) { pulsado = QStringLiteral("%1,%2").arg(f).arg(c); };
-    tecla(QKeyCombination(Qt::Key_F5), [this] { ++f5; }, "artículo");
+    tecla(
+        QKeyCombination(Qt::Key_F5), [this] { ++f5; }, "artículo");
     tecla(QKeyCombination(Qt::Key_Space), [this] { ++espacio; });
     cuerpo()->addWidget(rejilla);
     resize(640, 400);
@@ -82,7 +86,8 @@ TEST(Rejilla, ARefusedTextKeepsTheEditor) {
   EXPECT_EQ("editorCelda", foco());
   // Neither the mouse elsewhere nor Tab gets past it.
   v.dejadas.clear();
-  QTest::mouseClick(v.rejilla->viewport(), Qt::LeftButton, {}, v.rejilla->visualRect(v.rejilla->model()->index(0, 2)).center());
+  QTest::mouseClick(v.rejilla->viewport(), Qt::LeftButton, {},
+                    v.rejilla->visualRect(v.rejilla->model()->index(0, 2)).center());
   QCoreApplication::processEvents();
   EXPECT_EQ("editorCelda", foco());
   EXPECT_EQ((CeldaRejilla{0, 1}), v.rejilla->celda());

@@ -29,15 +29,26 @@ struct PuestoConDocumentos : PuestoPrueba {
                            "cProdCode, nProdCant, nProdPrecUnit, nMontoSoles, cOperCodeAnula, dOperFech, cUserDesc, "
                            "cCajaCodi, cTurnoCodi, nTarjNumb, IdLocal, nDscto, nServicio) VALUES (%1, %2, '%3', '001', "
                            "%4, '01', %5, %6, %7, %8, %9, '24/11/2026 09:15', 'ANA', '00001', '01', ")
-                .arg(codigo).arg(tipo).arg(QLatin1String(doc)).arg(numero).arg(articulo).arg(cantidad).arg(precio)
-                .arg(soles).arg(anula) + QLatin1String(mas) + u')');
+                .arg(codigo)
+                .arg(tipo)
+                .arg(QLatin1String(doc))
+                .arg(numero)
+                .arg(articulo)
+                .arg(cantidad)
+                .arg(precio)
+                .arg(soles)
+                .arg(anula) +
+            QLatin1String(mas) + u')');
   }
   void paralela(int codigo, int tipo, const char* doc, const char* estado, int relacion = 0) {
-    ejecuta(QStringLiteral("INSERT INTO OperacionParalela (cOperCode, cOperTipo, cDocTipo, cDocSerie, cDocCodigo, "
-                           "cEstado, cOperCodeRela, dOperFech, nMoneda, nMontoSoles, nMontoDolares) VALUES (%1, %2, "
-                           "'%3', '%4', %1, '%5', %6, '24/11/2026 09:15', 2, 105, 30)")
-                .arg(codigo).arg(tipo).arg(QLatin1String(doc), tipo == 20 ? QStringLiteral("OC1") : QStringLiteral("XX1"),
-                                           QLatin1String(estado)).arg(relacion));
+    ejecuta(
+        QStringLiteral("INSERT INTO OperacionParalela (cOperCode, cOperTipo, cDocTipo, cDocSerie, cDocCodigo, "
+                       "cEstado, cOperCodeRela, dOperFech, nMoneda, nMontoSoles, nMontoDolares) VALUES (%1, %2, "
+                       "'%3', '%4', %1, '%5', %6, '24/11/2026 09:15', 2, 105, 30)")
+            .arg(codigo)
+            .arg(tipo)
+            .arg(QLatin1String(doc), tipo == 20 ? QStringLiteral("OC1") : QStringLiteral("XX1"), QLatin1String(estado))
+            .arg(relacion));
   }
 
   // Loads the document by its code on a new screen and presses the button.

@@ -1,6 +1,6 @@
 // What a void stores, what it leaves when it stops in the middle, and that the next one puts it right.
-#include "apoyo/casos.h"
 #include "anulacion_prueba.h"
+#include "apoyo/casos.h"
 #include "apoyo/otro_puesto.h"
 
 namespace {
@@ -13,7 +13,8 @@ void llenar(PuestoConDocumentos& p) {
            c.numero("cantidad"), c.numero("precio"), c.numero("soles"), c.entero("anula"));
   }
   for (const auto& c : leerCasos("voiding/paralelas")) {
-    p.paralela(c.entero("codigo"), c.entero("tipo"), qPrintable(c["doc"]), qPrintable(c["estado"]), c.entero("relacion"));
+    p.paralela(c.entero("codigo"), c.entero("tipo"), qPrintable(c["doc"]), qPrintable(c["estado"]),
+               c.entero("relacion"));
   }
 }
 

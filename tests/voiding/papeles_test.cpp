@@ -12,7 +12,8 @@ TEST_P(Papel, IsThePaperWeExpect) {
   const QString caso = QStringLiteral("anulaciones/") + QString::fromStdString(GetParam());
   PuestoConDocumentos p;
   PantallaTransaccion v;
-  p.ejecuta(QStringLiteral("INSERT INTO Cabecera_Impresion (cCabeLinea, sCabeDescripcion) VALUES (1, 'BODEGA EL MOLINO')"));
+  p.ejecuta(
+      QStringLiteral("INSERT INTO Cabecera_Impresion (cCabeLinea, sCabeDescripcion) VALUES (1, 'BODEGA EL MOLINO')"));
   for (const auto& [nombre, valor] : leerCaso(caso)) {
     if (nombre == u"sql") p.ejecuta(valor);
     else if (nombre == u"reimprime") v.uso = valor == u"si" ? Uso::Reimprimir : Uso::Anular;
@@ -30,7 +31,8 @@ TEST_P(Papel, IsThePaperWeExpect) {
             p.filas(QStringLiteral("SELECT SUM(idct) FROM _Tmp1")));
 }
 
-INSTANTIATE_TEST_SUITE_P(Golden, Papel, testing::ValuesIn(nombresGolden("anulaciones")), [](const auto& i) { return i.param; });
+INSTANTIATE_TEST_SUITE_P(Golden, Papel, testing::ValuesIn(nombresGolden("anulaciones")),
+                         [](const auto& i) { return i.param; });
 
 TEST(Papeles, EveryCaseHasItsPaper) {
   EXPECT_EQ(4u, nombresGolden("anulaciones").size());

@@ -42,7 +42,8 @@ std::optional<QString> leer(const QString& archivo, Contenido& c) {
   const QFileInfo info(archivo);
   if (!info.exists() && !info.isSymLink()) return {};
   if (info.isDir()) return QStringLiteral("es una carpeta");
-  if (info.exists() && !info.isFile()) return QStringLiteral("no es un archivo de texto");  // a pipe would wait for ever
+  if (info.exists() && !info.isFile())
+    return QStringLiteral("no es un archivo de texto");  // a pipe would wait for ever
   QByteArray bytes;
   if (auto e = LeerBytes(archivo, bytes, kMaximo)) return e;
   if (esBinario(bytes)) return QStringLiteral("no es un archivo de texto");
@@ -91,7 +92,7 @@ bool hallarSeccion(const QStringList& lineas, const QString& seccion, qsizetype&
 // A value that would lose its own quotes or outer blanks when it is read gets quotes around it.
 QString comoValor(const QString& valor) {
   const bool pierde = valor != valor.trimmed() ||
-      (valor.size() >= 2 && (valor[0] == u'"' || valor[0] == u'\'') && valor.back() == valor[0]);
+                      (valor.size() >= 2 && (valor[0] == u'"' || valor[0] == u'\'') && valor.back() == valor[0]);
   return pierde ? u'"' + valor + u'"' : valor;
 }
 

@@ -43,7 +43,9 @@ class ArchivoAbierto {
     fd_ = ::open(QFile::encodeName(ruta).constData(),
                  O_WRONLY | O_APPEND | O_NOCTTY | O_CLOEXEC | O_NONBLOCK | (crear ? O_CREAT : 0), 0666);
   }
-  ~ArchivoAbierto() { if (fd_ >= 0) ::close(fd_); }
+  ~ArchivoAbierto() {
+    if (fd_ >= 0) ::close(fd_);
+  }
   ArchivoAbierto(const ArchivoAbierto&) = delete;
   ArchivoAbierto& operator=(const ArchivoAbierto&) = delete;
 
@@ -107,7 +109,8 @@ PuertosSistema::PuertosSistema(const QString& carpeta, ImpresorasSistema* sistem
 PuertosSistema::Destino PuertosSistema::destinoDe(const QString& puerto) const {
   QString nombre = puerto.trimmed();
   QString mapa;
-  for (const auto& [clave, valor] : LeerSeccionPerfil(carpeta_ + QStringLiteral("/KEB.cfg"), QStringLiteral("PUERTOS"))) {
+  for (const auto& [clave, valor] :
+       LeerSeccionPerfil(carpeta_ + QStringLiteral("/KEB.cfg"), QStringLiteral("PUERTOS"))) {
     const bool igual = clave.compare(nombre, Qt::CaseInsensitive) == 0;
     const bool sinDosPuntos = nombre.endsWith(u':') && clave.compare(nombre.chopped(1), Qt::CaseInsensitive) == 0;
     if (igual || sinDosPuntos) mapa = valor;
@@ -141,7 +144,8 @@ std::optional<QString> PuertosSistema::copiar(const QString& archivo, const QStr
   const Destino d = destinoDe(puerto);
   if (d.crear) QDir().mkpath(QFileInfo(d.ruta).path());
   if (const auto e = d.agregar(bytes)) {
-    return QStringLiteral("No se pudo enviar al puerto %1 (%2): %3. Revise la impresora y vuelva a imprimir el documento.")
+    return QStringLiteral(
+               "No se pudo enviar al puerto %1 (%2): %3. Revise la impresora y vuelva a imprimir el documento.")
         .arg(puerto, d.ruta, *e);
   }
   return {};
@@ -154,8 +158,8 @@ void PuertosSistema::enviarSinEsperar(const QString& archivo, const QString& pue
     return;
   }
 #ifdef Q_OS_WIN
-  QProcess::startDetached(QStringLiteral("cmd.exe"), {QStringLiteral("/c"), QStringLiteral("TYPE"), archivo,
-                                                      QStringLiteral(">"), d.ruta});
+  QProcess::startDetached(QStringLiteral("cmd.exe"),
+                          {QStringLiteral("/c"), QStringLiteral("TYPE"), archivo, QStringLiteral(">"), d.ruta});
 #else
   QProcess::startDetached(QStringLiteral("/bin/sh"),
                           {QStringLiteral("-c"), QStringLiteral("cat \"$0\" > \"$1\" 2>/dev/null"), archivo, d.ruta});
@@ -216,8 +220,7 @@ std::optional<QString> PuertosSistema::imprimirEnCarpeta(const QString& impresor
       ultimoImpreso_ = std::max(ultimoImpreso_, nombre.chopped(4).section(u'_', -1).toInt());
     }
   }
-  const QString base = impresos.filePath(
-      comoArchivo(impresora) + u'_' + Ceros(QString::number(++ultimoImpreso_), 6));
+  const QString base = impresos.filePath(comoArchivo(impresora) + u'_' + Ceros(QString::number(++ultimoImpreso_), 6));
   if (const auto e = SustituirArchivo(base + QStringLiteral(".txt"), comoBytes(documento.textos()))) return fallo(*e);
   if (!sistema_) return {};
   if (const auto e = sistema_->escribirPdf(base + QStringLiteral(".pdf"), letra, tamano, documento)) return fallo(*e);

@@ -11,14 +11,15 @@ QString textoDeColumna(sqlite3_stmt* s, int i) {
 
 bool comparaSinCaso(sqlite3* base, const QByteArray& tabla, const QByteArray& columna) {
   const char* colacion = nullptr;
-  const int rc = sqlite3_table_column_metadata(base, "main", tabla.constData(), columna.constData(), nullptr,
-                                               &colacion, nullptr, nullptr, nullptr);
+  const int rc = sqlite3_table_column_metadata(base, "main", tabla.constData(), columna.constData(), nullptr, &colacion,
+                                               nullptr, nullptr, nullptr);
   return rc == SQLITE_OK && colacion && qstricmp(colacion, "NOCASE") == 0;
 }
 
 }  // namespace
 
 Tipo tipoDeclarado(const QString& declaracion) {
+  // clang-format off
   static const struct { Tipo tipo; std::initializer_list<QStringView> palabras; } kTipos[] = {
       {Tipo::Fecha, {u"DATE", u"TIME"}},
       {Tipo::Entero, {u"INT", u"BIT", u"BOOL", u"LONG", u"SHORT", u"BYTE", u"COUNTER", u"YESNO"}},
@@ -26,6 +27,7 @@ Tipo tipoDeclarado(const QString& declaracion) {
       {Tipo::Real, {u"REAL", u"FLOA", u"DOUB", u"SINGLE"}},
       {Tipo::Numero, {u"NUMERIC", u"DECIMAL", u"MONEY", u"CURRENCY"}},
   };
+  // clang-format on
   const QString d = declaracion.toUpper();
   for (const auto& t : kTipos) {
     for (const QStringView palabra : t.palabras) {

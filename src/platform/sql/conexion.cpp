@@ -2,9 +2,7 @@
 
 namespace {
 
-ErrorBD cerrada() {
-  return {kErrorGeneral, 0, QStringLiteral("La conexión con la base de datos está cerrada.")};
-}
+ErrorBD cerrada() { return {kErrorGeneral, 0, QStringLiteral("La conexión con la base de datos está cerrada.")}; }
 
 }  // namespace
 

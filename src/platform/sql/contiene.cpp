@@ -7,8 +7,8 @@ namespace {
 
 using Byte = unsigned char;
 
-constexpr Byte kLatin = 0xC3;  // in front of the letters of Latin-1
-constexpr Byte kSignos = 0xC2; // in front of its signs
+constexpr Byte kLatin = 0xC3;   // in front of the letters of Latin-1
+constexpr Byte kSignos = 0xC2;  // in front of its signs
 
 Byte minuscula(Byte b) { return b >= 'A' && b <= 'Z' ? static_cast<Byte>(b + 0x20) : b; }
 

@@ -7,8 +7,7 @@
 namespace {
 
 ErrorBD noCoincide(const QString& texto, QStringView que) {
-  return {kErrorSentencia, 0,
-          QStringLiteral("No coinciden los tipos de datos: '%1' no es %2.").arg(texto, que)};
+  return {kErrorSentencia, 0, QStringLiteral("No coinciden los tipos de datos: '%1' no es %2.").arg(texto, que)};
 }
 
 // Both dialects read blank text beside a date or a number differently: the server takes it for its zero.
@@ -71,7 +70,10 @@ QString literalSql(const QVariant& valor) {
 }
 
 Edicion::Edicion(QStringView sql, Dialecto dialecto)
-    : sql_(sql), dialecto_(dialecto), tokens_(separar(sql, dialecto)), ediciones_(tokens_.size()),
+    : sql_(sql),
+      dialecto_(dialecto),
+      tokens_(separar(sql, dialecto)),
+      ediciones_(tokens_.size()),
       literalDe_(tokens_.size(), -1) {
   for (size_t i = 0; i < tokens_.size(); ++i) {
     incompleta_ = incompleta_ || tokens_[i].abierto;

@@ -9,9 +9,9 @@
 // How a literal is read when it reaches the engine.
 enum class Lectura {
   TalCual,
-  SinFinales,    // a text whose last blanks don't count
-  FechaDiaMes,   // a text beside a date: day/month/year
-  NumeroEstricto // a text beside a number
+  SinFinales,     // a text whose last blanks don't count
+  FechaDiaMes,    // a text beside a date: day/month/year
+  NumeroEstricto  // a text beside a number
 };
 
 struct Literal {
@@ -69,7 +69,9 @@ class Edicion {
   };
   QString deToken(int i, bool conLiterales, int& parametro) const;
 
-  struct Movidos { int ini = -1, fin = -1, tras = -1; };
+  struct Movidos {
+    int ini = -1, fin = -1, tras = -1;
+  };
 
   QStringView sql_;
   Dialecto dialecto_;

@@ -32,10 +32,8 @@ bool deSentencia(int codigo) {
     case SQLITE_MISMATCH:
     case SQLITE_TOOBIG:
     case SQLITE_RANGE:
-    case SQLITE_AUTH:
-      return true;
-    default:
-      return false;
+    case SQLITE_AUTH: return true;
+    default: return false;
   }
 }
 
@@ -49,7 +47,8 @@ ErrorBD errorDe(sqlite3* base, int codigo) {
       extendido == SQLITE_CONSTRAINT_ROWID) {
     return {kErrorSentencia, kNativoClaveDuplicada,
             QStringLiteral("Ya existe un registro con la misma clave: la operación duplicaría valores de un índice "
-                           "único. (%1)").arg(motor)};
+                           "único. (%1)")
+                .arg(motor)};
   }
   if (deSentencia(primario)) return {kErrorSentencia, primario, motor};
   for (const Palabras& p : kPalabras) {

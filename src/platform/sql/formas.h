@@ -11,11 +11,11 @@
 
 // What the rewriting makes of a shape.
 struct FormaEscrita {
-  QByteArray texto;                // in the engine's language, bound literals as ?1, ?2 ...
+  QByteArray texto;  // in the engine's language, bound literals as ?1, ?2 ...
   std::vector<Literal> literales;
-  std::vector<int> fijos;          // literals that stay in the text, in their order
-  std::vector<Columna> salida;     // empty when the columns can't be told
-  QString tablaNueva;              // SELECT ... INTO
+  std::vector<int> fijos;       // literals that stay in the text, in their order
+  std::vector<Columna> salida;  // empty when the columns can't be told
+  QString tablaNueva;           // SELECT ... INTO
   Tope tope;
   bool cambiaEsquema = false;
 };
@@ -29,7 +29,7 @@ struct Preparada {
 
   sqlite3_stmt* sentencia = nullptr;
   std::shared_ptr<const FormaEscrita> forma;
-  std::vector<bool> fechas;   // columns that come back as dates
+  std::vector<bool> fechas;  // columns that come back as dates
   QStringList campos;
 };
 

@@ -8,6 +8,7 @@ using R = Resultado;
 constexpr auto kTexto0 = ReglaFuncion::PrimeroTexto;
 constexpr auto kParte = ReglaFuncion::Intervalo;
 
+// clang-format off
 const ReglaFuncion kReglas[] = {
     // name        Jet    T-SQL  arguments  in the engine       result
     {u"ABS",       true,  true,  1, 1, u"",              R::DelPrimero},
@@ -103,6 +104,7 @@ const ReglaFuncion kReglas[] = {
     {u"WEEKDAY",   true,  false, 1, 2, u"tp_weekday",    R::Entero},
     {u"YEAR",      true,  true,  1, 1, u"tp_year",       R::Entero},
 };
+// clang-format on
 
 Tipo tipoResultado(Resultado r, const std::vector<Nodo>& args, Tipo comunDeTodos, Tipo comunDeRamas) {
   switch (r) {

@@ -9,8 +9,8 @@ enum class Resultado { Entero, Numero, Real, Texto, Fecha, Logico, DelPrimero, D
 struct ReglaFuncion {
   QStringView nombre;
   bool jet, tsql;
-  int minimo, maximo;   // arguments; a call with others passes on as it is
-  QStringView nuevo;    // "" keeps the name
+  int minimo, maximo;  // arguments; a call with others passes on as it is
+  QStringView nuevo;   // "" keeps the name
   Resultado resultado;
   // Intervalo: the first argument names a part of a date. Eleccion: a CASE in the engine.
   enum Forma { Llana, PrimeroTexto, Intervalo, Eleccion } forma = Llana;

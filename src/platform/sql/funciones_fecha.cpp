@@ -13,6 +13,7 @@ namespace {
 enum class Parte { Nada, Anio, Trimestre, Mes, Dia, DiaDelAnio, DiaSemana, Semana, Hora, Minuto, Segundo, Milesima };
 
 Parte parteDe(const QString& nombre) {
+  // clang-format off
   static const struct { const char16_t* nombres; Parte parte; } kPartes[] = {
       {u" yyyy yy year ", Parte::Anio},        {u" q qq quarter ", Parte::Trimestre}, {u" m mm month ", Parte::Mes},
       {u" d dd day ", Parte::Dia},             {u" y dy dayofyear ", Parte::DiaDelAnio},
@@ -23,6 +24,7 @@ Parte parteDe(const QString& nombre) {
   for (const auto& p : kPartes) {
     if (QStringView(p.nombres).contains(buscado)) return p.parte;
   }
+  // clang-format on
   return Parte::Nada;
 }
 
@@ -133,17 +135,22 @@ const char16_t* mascaraDeEstilo(int estilo) {
     case 110: return u"mm-dd-yyyy";
     case 111: return u"yyyy/mm/dd";
     case 112: return u"yyyymmdd";
-    case 21: case 25: case 121: return u"yyyy-mm-dd hh:nn:ss.000";
+    case 21:
+    case 25:
+    case 121: return u"yyyy-mm-dd hh:nn:ss.000";
     case 2: return u"yy.mm.dd";
     case 4: return u"dd.mm.yy";
     case 5: return u"dd-mm-yy";
-    case 8: case 24: return u"hh:nn:ss";
+    case 8:
+    case 24: return u"hh:nn:ss";
     case 10: return u"mm-dd-yy";
     case 11: return u"yy/mm/dd";
     case 12: return u"yymmdd";
     case 23: return u"yyyy-mm-dd";
-    case 14: case 114: return u"hh:nn:ss:000";
-    case 20: case 120: return u"yyyy-mm-dd hh:nn:ss";
+    case 14:
+    case 114: return u"hh:nn:ss:000";
+    case 20:
+    case 120: return u"yyyy-mm-dd hh:nn:ss";
     case 126: return u"yyyy-mm-ddThh:nn:ss";
     default: return nullptr;
   }
@@ -151,7 +158,8 @@ const char16_t* mascaraDeEstilo(int estilo) {
 
 // Styles with the name of the month, in the servers' language; nothing for a style that there isn't.
 QString conMesEnLetras(const QDateTime& f, int estilo) {
-  static const char* const kMeses[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+  static const char* const kMeses[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                       "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
   const QString mes = QString::fromLatin1(kMeses[f.date().month() - 1]), dia = FormatearFecha(f, u"dd");
   const QString anio = FormatearFecha(f, u"yyyy");
   const int hora = f.time().hour() % 12 == 0 ? 12 : f.time().hour() % 12;
@@ -159,13 +167,16 @@ QString conMesEnLetras(const QDateTime& f, int estilo) {
   const QString letras = f.time().hour() < 12 ? QStringLiteral("AM") : QStringLiteral("PM");
   const QString fecha = mes + QStringLiteral(" %1 ").arg(f.date().day(), 2) + anio + u' ';
   switch (estilo) {
-    case 0: case 100: return fecha + media + letras;
-    case 9: case 109: return fecha + media + FormatearFecha(f, u":ss:000") + letras;
+    case 0:
+    case 100: return fecha + media + letras;
+    case 9:
+    case 109: return fecha + media + FormatearFecha(f, u":ss:000") + letras;
     case 6: return dia + u' ' + mes + u' ' + anio.right(2);
     case 106: return dia + u' ' + mes + u' ' + anio;
     case 7: return mes + u' ' + dia + QStringLiteral(", ") + anio.right(2);
     case 107: return mes + u' ' + dia + QStringLiteral(", ") + anio;
-    case 13: case 113: return dia + u' ' + mes + u' ' + anio + FormatearFecha(f, u" hh:nn:ss:000");
+    case 13:
+    case 113: return dia + u' ' + mes + u' ' + anio + FormatearFecha(f, u" hh:nn:ss:000");
     default: return {};
   }
 }
@@ -227,7 +238,8 @@ void fDateadd(sqlite3_context* c, int n, sqlite3_value** v) {
     case Parte::Milesima: f = f.addMSecs(k); break;
     case Parte::Nada: return darError(c, QStringLiteral("'%1' no es parte de una fecha.").arg(textoDe(v[0])));
   }
-  if (f.date().year() < 1 || f.date().year() > 9999) return darError(c, QStringLiteral("La fecha queda fuera de rango."));
+  if (f.date().year() < 1 || f.date().year() > 9999)
+    return darError(c, QStringLiteral("La fecha queda fuera de rango."));
   darFecha(c, f);
 }
 
@@ -301,7 +313,9 @@ void darParte(sqlite3_context* c, Parte parte, sqlite3_value* v, int primero = 1
 }
 
 template <Parte parte>
-void fParte(sqlite3_context* c, int, sqlite3_value** v) { darParte(c, parte, v[0]); }
+void fParte(sqlite3_context* c, int, sqlite3_value** v) {
+  darParte(c, parte, v[0]);
+}
 
 // WEEKDAY(date [, first day of the week]), 1 for Sunday unless told.
 void fWeekday(sqlite3_context* c, int n, sqlite3_value** v) {
@@ -331,6 +345,7 @@ void fDateserial(sqlite3_context* c, int n, sqlite3_value** v) {
   darFecha(c, QDateTime(QDate(anio, 1, 1).addMonths(mes - 1).addDays(dia - 1), QTime(0, 0)));
 }
 
+// clang-format off
 const EntradaFuncion kFunciones[] = {
     {"tp_ahora", 0, fAhora},        {"tp_hoy", 0, fHoy},           {"tp_cdate", 1, fCdate},
     {"tp_datevalue", 1, fDatevalue}, {"tp_textofecha", 1, fTextofecha}, {"tp_afecha", -1, fAfecha},
@@ -361,6 +376,7 @@ QString conMesEnCifras(const QString& t) {
   }
   return t;
 }
+// clang-format on
 
 }  // namespace
 

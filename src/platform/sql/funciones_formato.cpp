@@ -11,6 +11,7 @@ namespace {
 
 // The masks that have a name.
 QString mascaraDe(const QString& nombre) {
+  // clang-format off
   static const struct { const char16_t *nombre, *mascara; } kConNombre[] = {
       {u"general date", u"dd/mm/yyyy hh:nn:ss"}, {u"short date", u"dd/mm/yyyy"},
       {u"medium date", u"dd-mmm-yy"}, {u"long date", u"dddd, dd \"de\" mmmm \"de\" yyyy"},
@@ -20,6 +21,7 @@ QString mascaraDe(const QString& nombre) {
   for (const auto& m : kConNombre) {
     if (buscado == QStringView(m.nombre)) return QString::fromUtf16(m.mascara);
   }
+  // clang-format on
   return nombre;
 }
 
@@ -55,12 +57,14 @@ void fFormat(sqlite3_context* c, int n, sqlite3_value** v) {
     const QVariant x = sqlite3_value_type(v[0]) == SQLITE_TEXT ? leerNumero(t) : QVariant(sqlite3_value_double(v[0]));
     return darTexto(c, x.isValid() ? numeroConMascara(x.toDouble(), mascara) : t);
   }
+  // clang-format off
   static const struct { QStringView mascara; const char *si, *no; } kSiNo[] = {
       {u"yes/no", "Sí", "No"}, {u"true/false", "Verdadero", "Falso"}, {u"on/off", "Activado", "Desactivado"}};
   for (const auto& k : kSiNo) {
     if (mascara.compare(k.mascara, Qt::CaseInsensitive) != 0) continue;
     return darTexto(c, QString::fromUtf8(numeroDe(v[0]) != 0 ? k.si : k.no));
   }
+  // clang-format on
   const auto f = instanteDe(c, v[0]);
   static const QStringList kPartes{QStringLiteral("q"), QStringLiteral("w"), QStringLiteral("y"), QStringLiteral("ww")};
   if (f && kPartes.contains(mascara, Qt::CaseInsensitive)) {

@@ -376,10 +376,11 @@ void fLike(sqlite3_context* c, int n, sqlite3_value** v) {
   }
   if (hayNulo(n, v)) return;
   const QString escape = n > 2 ? textoDe(v[2]) : QString();
-  sqlite3_result_int(c, pareceSql(textoDe(v[0]), textoDe(v[1]), entornoDe(c).dialecto,
-                                  escape.isEmpty() ? QChar() : escape[0]));
+  sqlite3_result_int(
+      c, pareceSql(textoDe(v[0]), textoDe(v[1]), entornoDe(c).dialecto, escape.isEmpty() ? QChar() : escape[0]));
 }
 
+// clang-format off
 const EntradaFuncion kFunciones[] = {
     {"tp_texto", 1, fTexto},       {"tp_une", 2, fUne},           {"tp_num", 1, fNum},
     {"tp_valor", 1, fValor},
@@ -410,6 +411,7 @@ int comparar(int na, const void* a, int nb, const void* b, bool sinFinales) {
   return compararTextosSql(QString::fromUtf8(x.data(), static_cast<qsizetype>(x.size())),
                            QString::fromUtf8(y.data(), static_cast<qsizetype>(y.size())), sinFinales);
 }
+// clang-format on
 
 int colacionJet(void*, int na, const void* a, int nb, const void* b) { return comparar(na, a, nb, b, false); }
 
@@ -505,8 +507,8 @@ bool pareceSql(QStringView texto, QStringView patron, Dialecto dialecto, QChar e
 namespace {
 
 int registrar(sqlite3* base, EntornoFunciones& entorno, const EntradaFuncion& f) {
-  const bool cambia = qstrcmp(f.nombre, "tp_ahora") == 0 || qstrcmp(f.nombre, "tp_hoy") == 0 ||
-                      qstrcmp(f.nombre, "tp_hora") == 0;
+  const bool cambia =
+      qstrcmp(f.nombre, "tp_ahora") == 0 || qstrcmp(f.nombre, "tp_hoy") == 0 || qstrcmp(f.nombre, "tp_hora") == 0;
   const int trato = SQLITE_UTF8 | SQLITE_INNOCUOUS | (cambia ? 0 : SQLITE_DETERMINISTIC);
   return sqlite3_create_function_v2(base, f.nombre, f.argumentos, trato, &entorno, f.final ? nullptr : f.funcion,
                                     f.final ? f.funcion : nullptr, f.final, nullptr);
@@ -514,7 +516,8 @@ int registrar(sqlite3* base, EntornoFunciones& entorno, const EntradaFuncion& f)
 
 // All names begin with "tp_" and are found without regard to case.
 int registrarNombrada(sqlite3* base, EntornoFunciones& entorno, std::string_view nombre) {
-  for (const EntradaFuncion* tabla : {static_cast<const EntradaFuncion*>(kFunciones), funcionesDeFecha(), funcionesDeFormato()}) {
+  for (const EntradaFuncion* tabla :
+       {static_cast<const EntradaFuncion*>(kFunciones), funcionesDeFecha(), funcionesDeFormato()}) {
     for (const EntradaFuncion* f = tabla; f->nombre; ++f) {
       const bool este = std::strlen(f->nombre) == nombre.size() &&
                         sqlite3_strnicmp(f->nombre, nombre.data(), static_cast<int>(nombre.size())) == 0;

@@ -46,7 +46,7 @@ using FuncionSql = void (*)(sqlite3_context*, int, sqlite3_value**);
 struct EntradaFuncion {
   const char* nombre;
   int argumentos;
-  FuncionSql funcion;                              // a step of it, where `final` gives the answer
+  FuncionSql funcion;  // a step of it, where `final` gives the answer
   void (*final)(sqlite3_context*) = nullptr;
 };
 bool hayNulo(int n, sqlite3_value** v);

@@ -43,7 +43,7 @@ class Procedimientos;
 struct OpcionesMotores {
   std::function<QDateTime()> ahora;  // what NOW(), DATE() and GETDATE() tell; the machine's time when not given
   std::shared_ptr<const Procedimientos> procedimientos;  // of the embedded servers
-  std::function<bool()> interrumpir;  // asked while a statement runs; true stops it with an error
+  std::function<bool()> interrumpir;                     // asked while a statement runs; true stops it with an error
 };
 
 // The engines of the machine. `carpeta` is the program folder, where embedded servers ("sqlite:name") lie.

@@ -101,6 +101,7 @@ PGconn* empezar(const CadenaConexion& c, const QByteArray& nombre, const QByteAr
     nombres << nombre;
     puertos << puerto;
   }
+  // clang-format off
   const QList<std::pair<const char*, QByteArray>> opciones{
       {"host", nombres.join(',')},       {"hostaddr", direcciones.join(',')}, {"port", puertos.join(',')},
       {"dbname", c.catalogo.toUtf8()},   {"user", c.usuario.toUtf8()},        {"password", c.clave.toUtf8()},
@@ -108,6 +109,7 @@ PGconn* empezar(const CadenaConexion& c, const QByteArray& nombre, const QByteAr
       {"gssencmode", "disable"},         {"tcp_user_timeout", "20000"},       {"keepalives_idle", "10"},
       {"keepalives_interval", "5"},      {"keepalives_count", "2"},
   };
+  // clang-format on
   std::vector<const char*> claves, valores;
   for (const auto& [clave, valor] : opciones) {
     claves.push_back(clave);
@@ -122,7 +124,8 @@ std::optional<ErrorBD> acabar(PGconn* c, const QString& servidor, const QDeadlin
   PostgresPollingStatusType paso = PQstatus(c) == CONNECTION_BAD ? PGRES_POLLING_FAILED : PGRES_POLLING_WRITING;
   while (paso != PGRES_POLLING_OK) {
     if (paso == PGRES_POLLING_FAILED) {
-      return ErrorBD{kErrorGeneral, 0, QStringLiteral("No se pudo conectar al servidor '%1': %2").arg(servidor, palabrasDe(c))};
+      return ErrorBD{kErrorGeneral, 0,
+                     QStringLiteral("No se pudo conectar al servidor '%1': %2").arg(servidor, palabrasDe(c))};
     }
     const int queda = static_cast<int>(plazo.remainingTime());
     if (queda <= 0 || !esperarSocket(PQsocket(c), paso == PGRES_POLLING_READING, queda)) return sinTiempo(servidor);
@@ -131,8 +134,18 @@ std::optional<ErrorBD> acabar(PGconn* c, const QString& servidor, const QDeadlin
   return {};
 }
 
-enum TipoPostgres : Oid { kBool = 16, kInt8 = 20, kInt2 = 21, kInt4 = 23, kFloat4 = 700, kFloat8 = 701, kDate = 1082,
-                          kTimestamp = 1114, kTimestampTz = 1184, kNumeric = 1700 };
+enum TipoPostgres : Oid {
+  kBool = 16,
+  kInt8 = 20,
+  kInt2 = 21,
+  kInt4 = 23,
+  kFloat4 = 700,
+  kFloat8 = 701,
+  kDate = 1082,
+  kTimestamp = 1114,
+  kTimestampTz = 1184,
+  kNumeric = 1700
+};
 
 QVariant celdaDe(const PGresult* r, int fila, int columna) {
   if (PQgetisnull(r, fila, columna)) return {};

@@ -11,7 +11,7 @@
 namespace {
 
 constexpr size_t kCeldasMaximas = 20'000'000;  // some 800 MB
-constexpr int kEsperaBloqueo_ms = 5000;  // a backup or the support console may hold the file for a moment
+constexpr int kEsperaBloqueo_ms = 5000;        // a backup or the support console may hold the file for a moment
 
 // A stored date, and nothing else: "YYYY-MM-DD hh:mm:ss".
 std::optional<QDateTime> fechaGuardada(const char* t, int largo) {
@@ -109,8 +109,8 @@ MotorSqlite::~MotorSqlite() {
 }
 
 std::unique_ptr<MotorSqlite> MotorSqlite::abrir(const QString& archivo, Dialecto dialecto, int espera_ms,
-                                                const OpcionesMotores& opciones, std::shared_ptr<MemoriaDeFormas> memoria,
-                                                ErrorBD& error) {
+                                                const OpcionesMotores& opciones,
+                                                std::shared_ptr<MemoriaDeFormas> memoria, ErrorBD& error) {
   if (const auto e = revisarArchivo(archivo)) {
     error = *e;
     return {};
@@ -144,7 +144,8 @@ std::optional<ErrorBD> MotorSqlite::preparar(const QString& archivo, int espera_
   }
   if (sqlite3_db_readonly(base_, "main") == 1) {
     return errorPropio(kErrorGeneral, QStringLiteral("La base de datos '%1' es de solo lectura: no se puede guardar en "
-                                                     "ella. Revise los permisos del archivo.").arg(archivo));
+                                                     "ella. Revise los permisos del archivo.")
+                                          .arg(archivo));
   }
   if (auto e = directa("PRAGMA recursive_triggers=OFF")) return e;
   if (!entorno_.ahora) {
@@ -156,9 +157,8 @@ std::optional<ErrorBD> MotorSqlite::preparar(const QString& archivo, int espera_
   }
   if (auto e = registrarServidor()) return e;
   if (interrumpir_) {
-    sqlite3_progress_handler(base_, 1000, [](void* yo) {
-      return static_cast<MotorSqlite*>(yo)->interrumpir_() ? 1 : 0;
-    }, this);
+    sqlite3_progress_handler(
+        base_, 1000, [](void* yo) { return static_cast<MotorSqlite*>(yo)->interrumpir_() ? 1 : 0; }, this);
   }
   sqlite3_busy_timeout(base_, kEsperaBloqueo_ms);
   return {};
@@ -184,7 +184,8 @@ struct FuncionRegistrada {
     if (const auto e = yo->funcion(*yo->motor, args, valor)) return darError(c, e->descripcion);
     if (!valor.isValid()) sqlite3_result_null(c);
     else if (valor.typeId() == QMetaType::Double) sqlite3_result_double(c, valor.toDouble());
-    else if (valor.canConvert<qint64>() && valor.typeId() != QMetaType::QString) sqlite3_result_int64(c, valor.toLongLong());
+    else if (valor.canConvert<qint64>() && valor.typeId() != QMetaType::QString)
+      sqlite3_result_int64(c, valor.toLongLong());
     else darTexto(c, valor.toString());
   }
   static void soltar(void* yo) { delete static_cast<FuncionRegistrada*>(yo); }
@@ -243,7 +244,7 @@ void MotorSqlite::olvidarEsquema() {
 
 // SELECT ... INTO: a table with the types of the list, then its rows; both or neither.
 std::optional<ErrorBD> MotorSqlite::llenarTablaNueva(const Preparada& p, const std::vector<Token>& tokens,
-                                                       qint64* afectadas) {
+                                                     qint64* afectadas) {
   const auto nombre = [](QString n) { return u'"' + n.replace(u'"', QStringLiteral("\"\"")) + u'"'; };
   QStringList columnas;
   const std::vector<Columna>& salida = p.forma->salida;
@@ -278,7 +279,8 @@ Formas<const FormaEscrita>* MotorSqlite::memoriaAlDia() {
   if (!memoria_ || sqlite3_get_autocommit(base_) == 0) return nullptr;
   if (esquema_ < 0) {
     sqlite3_stmt* s = nullptr;
-    if (sqlite3_prepare_v2(base_, "PRAGMA schema_version", -1, &s, nullptr) == SQLITE_OK && sqlite3_step(s) == SQLITE_ROW) {
+    if (sqlite3_prepare_v2(base_, "PRAGMA schema_version", -1, &s, nullptr) == SQLITE_OK &&
+        sqlite3_step(s) == SQLITE_ROW) {
       esquema_ = sqlite3_column_int(s, 0);
     }
     sqlite3_finalize(s);

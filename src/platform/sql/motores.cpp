@@ -9,8 +9,7 @@ namespace {
 
 class MotoresDelSistema final : public Motores {
  public:
-  MotoresDelSistema(const QString& carpeta, const OpcionesMotores& opciones)
-      : carpeta_(carpeta), opciones_(opciones) {}
+  MotoresDelSistema(const QString& carpeta, const OpcionesMotores& opciones) : carpeta_(carpeta), opciones_(opciones) {}
 
   std::unique_ptr<Motor> abrir(const QString& cadena, int espera_ms, ErrorBD& error) override {
     error = {};
@@ -22,10 +21,8 @@ class MotoresDelSistema final : public Motores {
       case TipoMotor::Embebido:
         return MotorSqlite::abrir(QDir(carpeta_).filePath(c.archivo), Dialecto::TSql, espera_ms, opciones_,
                                   memoriaDe(cadena), error);
-      case TipoMotor::Postgres:
-        return MotorPostgres::abrir(c, espera_ms, error);
-      case TipoMotor::SqlServer:
-        break;
+      case TipoMotor::Postgres: return MotorPostgres::abrir(c, espera_ms, error);
+      case TipoMotor::SqlServer: break;
     }
     error = {kErrorGeneral, 0,
              c.servidor.isEmpty()

@@ -6,9 +6,9 @@ namespace {
 
 bool empiezaSentencia(const Token& t) {
   for (const QStringView palabra :
-       {u"SELECT", u"INSERT", u"UPDATE", u"DELETE", u"CREATE", u"ALTER", u"DROP", u"PRAGMA", u"BEGIN", u"COMMIT",
-        u"ROLLBACK", u"WITH", u"REPLACE", u"VALUES", u"EXPLAIN", u"ANALYZE", u"REINDEX", u"VACUUM", u"ATTACH",
-        u"DETACH", u"SAVEPOINT", u"RELEASE", u"END", u"SHAPE", u"TRUNCATE"}) {
+       {u"SELECT", u"INSERT",   u"UPDATE",    u"DELETE",  u"CREATE", u"ALTER",   u"DROP",    u"PRAGMA",  u"BEGIN",
+        u"COMMIT", u"ROLLBACK", u"WITH",      u"REPLACE", u"VALUES", u"EXPLAIN", u"ANALYZE", u"REINDEX", u"VACUUM",
+        u"ATTACH", u"DETACH",   u"SAVEPOINT", u"RELEASE", u"END",    u"SHAPE",   u"TRUNCATE"}) {
     if (t.es(palabra)) return true;
   }
   return false;
@@ -63,8 +63,8 @@ std::optional<Llamada> leerLlamada(const QString& sql) {
       if (sigue) ++i;
       continue;
     }
-    ll.error = ErrorBD{kErrorSentencia, 170,
-                       QStringLiteral("Línea 1: sintaxis incorrecta cerca de '%1'.").arg(t[i].texto)};
+    ll.error =
+        ErrorBD{kErrorSentencia, 170, QStringLiteral("Línea 1: sintaxis incorrecta cerca de '%1'.").arg(t[i].texto)};
     return ll;
   }
   return ll;

@@ -23,8 +23,10 @@ class AccesoMotor {
 
 // Arguments are qint64, double, QString or Null, as the call has them. What a procedure leaves in `rs` is its result;
 // one that gives an error leaves no change: each call is a transaction, or a part of the one that is open.
-using Procedimiento = std::function<std::optional<ErrorBD>(AccesoMotor&, const QVariantList& argumentos, Recordset& rs)>;
-using FuncionServidor = std::function<std::optional<ErrorBD>(AccesoMotor&, const QVariantList& argumentos, QVariant& valor)>;
+using Procedimiento =
+    std::function<std::optional<ErrorBD>(AccesoMotor&, const QVariantList& argumentos, Recordset& rs)>;
+using FuncionServidor =
+    std::function<std::optional<ErrorBD>(AccesoMotor&, const QVariantList& argumentos, QVariant& valor)>;
 
 class Procedimientos {
  public:
@@ -34,7 +36,8 @@ class Procedimientos {
   const QHash<QString, FuncionServidor>& funciones() const { return funciones_; }
 
  private:
-  template <class T> static const T* buscar(const QHash<QString, T>& de, const QString& nombre) {
+  template <class T>
+  static const T* buscar(const QHash<QString, T>& de, const QString& nombre) {
     const auto i = de.constFind(nombre.toLower());
     return i == de.constEnd() ? nullptr : &*i;
   }

@@ -23,7 +23,10 @@ class Recordset {
    public:
     Iterador(const Recordset& rs, qsizetype n) : rs_(&rs), n_(n) {}
     Fila operator*() const { return {*rs_, n_}; }
-    Iterador& operator++() { ++n_; return *this; }
+    Iterador& operator++() {
+      ++n_;
+      return *this;
+    }
     bool operator==(const Iterador& o) const { return n_ == o.n_; }
 
    private:
@@ -34,7 +37,9 @@ class Recordset {
   qsizetype RecordCount() const { return static_cast<qsizetype>(filas_.size()); }
   bool Eof() const { return actual_ >= RecordCount(); }
   void MoveFirst() { actual_ = 0; }
-  void MoveNext() { if (!Eof()) ++actual_; }
+  void MoveNext() {
+    if (!Eof()) ++actual_;
+  }
 
   // A field of the current row; Null behind the last row or when there is no such field.
   QVariant operator[](QStringView nombre) const { return celda(actual_, columna(nombre)); }

@@ -295,7 +295,8 @@ void Reescritor::listaDeSalida(int fin, std::vector<Columna>& salida, const std:
       }
     }
     while (p_ < fin && !tk(p_).op(u",") && !rendido_) {  // something unknown: on to the next item
-      if (tk(p_).op(u"(")) hastaCerrar(0); else ++p_;
+      if (tk(p_).op(u"(")) hastaCerrar(0);
+      else ++p_;
     }
     if (!comeOp(u",") && p_ == ini) ++p_;
   }

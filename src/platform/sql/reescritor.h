@@ -34,7 +34,9 @@ class Reescritor {
   // Deeper statements than this pass on as they are, before the walk or the engine runs out of stack.
   static constexpr int kHondo = 150;
   struct Nivel {
-    explicit Nivel(Reescritor& r) : r_(r) { if (++r_.hondo_ > kHondo) r_.rendido_ = true; }
+    explicit Nivel(Reescritor& r) : r_(r) {
+      if (++r_.hondo_ > kHondo) r_.rendido_ = true;
+    }
     ~Nivel() { --r_.hondo_; }
     Reescritor& r_;
   };
@@ -133,7 +135,10 @@ class Reescritor {
   bool fin() const { return tk(p_).tipo == TipoToken::Fin || rendido_; }
   bool come(QStringView palabra) { return es(palabra) && avanza(); }
   bool comeOp(QStringView signo) { return tk(p_).op(signo) && avanza(); }
-  bool avanza() { if (tk(p_).tipo != TipoToken::Fin) ++p_; return true; }
+  bool avanza() {
+    if (tk(p_).tipo != TipoToken::Fin) ++p_;
+    return true;
+  }
   // A literal is bound only where the walk has set ligable_: elsewhere the engine matches expressions by their text.
   void ligar(int token);
 
@@ -145,13 +150,15 @@ class Reescritor {
   int hondo_ = 0;
   bool rendido_ = false;
   bool ligable_ = false;
-  bool distinto_ = false;   // the list at hand is of a SELECT DISTINCT
-  QString tablaNueva_;      // of SELECT ... INTO
+  bool distinto_ = false;                          // the list at hand is of a SELECT DISTINCT
+  QString tablaNueva_;                             // of SELECT ... INTO
   const std::vector<Columna>* primera_ = nullptr;  // columns of the first SELECT of the UNION at hand
-  int orden_ = -1;          // where ORDER BY begins in the SELECT at hand
-  struct Clave { int columna, ini, fin; };  // of the list, or -1
-  std::vector<Clave> claves_;               // ... what it orders by
-  Tope tope_;               // of the outermost SELECT
+  int orden_ = -1;                                 // where ORDER BY begins in the SELECT at hand
+  struct Clave {
+    int columna, ini, fin;
+  };                                                 // of the list, or -1
+  std::vector<Clave> claves_;                        // ... what it orders by
+  Tope tope_;                                        // of the outermost SELECT
   std::map<QString, std::vector<Columna>> comunes_;  // named by WITH, in lower case
   std::vector<Ambito> ambitos_;
 };

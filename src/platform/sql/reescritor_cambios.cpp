@@ -160,8 +160,8 @@ void Reescritor::borrarFilas() {
   fuentes();
   const Fuente* f = fuenteLlamada(pedida);
   if (!f || f->tabla.isEmpty()) return;
-  e_.reemplazar(verbo, QStringLiteral("DELETE FROM %1 WHERE rowid IN (SELECT %2.rowid")
-                           .arg(citado(f->tabla), citado(f->alias)));
+  e_.reemplazar(
+      verbo, QStringLiteral("DELETE FROM %1 WHERE rowid IN (SELECT %2.rowid").arg(citado(f->tabla), citado(f->alias)));
   for (int i = ini; i < tablas - 1; ++i) {  // all but the FROM that leads the tables
     if (!jet_) e_.borrar(i);
   }

@@ -13,10 +13,10 @@ bool Reescritor::finDeExpresion(int i) const {
   if (t.tipo != TipoToken::Nombre) return false;
   if ((t.es(u"LEFT") || t.es(u"RIGHT") || t.es(u"ASC")) && tk(i + 1).op(u"(")) return false;
   for (const QStringView palabra :
-       {u"FROM", u"WHERE", u"GROUP", u"ORDER", u"HAVING", u"UNION", u"EXCEPT", u"INTERSECT", u"LIMIT", u"ON", u"AS",
-        u"SET", u"VALUES", u"INNER", u"LEFT", u"RIGHT", u"FULL", u"CROSS", u"JOIN", u"NATURAL", u"WHEN", u"THEN",
-        u"ELSE", u"END", u"ASC", u"DESC", u"INTO", u"BY", u"AND", u"OR", u"SELECT", u"BETWEEN", u"LIKE", u"IN", u"IS",
-        u"WITH", u"USING", u"ESCAPE"}) {
+       {u"FROM",   u"WHERE",   u"GROUP",  u"ORDER", u"HAVING", u"UNION", u"EXCEPT", u"INTERSECT", u"LIMIT", u"ON",
+        u"AS",     u"SET",     u"VALUES", u"INNER", u"LEFT",   u"RIGHT", u"FULL",   u"CROSS",     u"JOIN",  u"NATURAL",
+        u"WHEN",   u"THEN",    u"ELSE",   u"END",   u"ASC",    u"DESC",  u"INTO",   u"BY",        u"AND",   u"OR",
+        u"SELECT", u"BETWEEN", u"LIKE",   u"IN",    u"IS",     u"WITH",  u"USING",  u"ESCAPE"}) {
     if (t.es(palabra)) return true;
   }
   return false;
@@ -111,8 +111,7 @@ Nodo Reescritor::binario(Nodo izq, int op, int prec) {
       n.tipo = Tipo::Texto;
       n.primario = true;
       return n;
-    case kSuma:
-      return sumar(izq, op, der);
+    case kSuma: return sumar(izq, op, der);
     case kModulo:
     case kDivisionEntera:
     case kPotencia:
@@ -120,15 +119,15 @@ Nodo Reescritor::binario(Nodo izq, int op, int prec) {
       comoNumero(der);
       fechaComoNumero(izq);
       fechaComoNumero(der);
-      e_.envolver(n.ini, n.fin, prec == kModulo   ? QStringLiteral("tp_resto(")
-                                : prec == kPotencia ? QStringLiteral("tp_potencia(")
-                                                    : QStringLiteral("tp_dividir("));
+      e_.envolver(n.ini, n.fin,
+                  prec == kModulo     ? QStringLiteral("tp_resto(")
+                  : prec == kPotencia ? QStringLiteral("tp_potencia(")
+                                      : QStringLiteral("tp_dividir("));
       e_.reemplazar(op, QStringLiteral(","));
       n.tipo = prec == kPotencia ? Tipo::Real : Tipo::Entero;
       n.primario = true;
       return n;
-    default:
-      break;
+    default: break;
   }
   comoNumero(izq);
   comoNumero(der);
@@ -250,10 +249,8 @@ Nodo Reescritor::primario() {
       return {ini, p_, tipo, true, ini};
     }
     case TipoToken::Nombre:
-    case TipoToken::NombreCitado:
-      return nombreOLlamada();
-    default:
-      break;
+    case TipoToken::NombreCitado: return nombreOLlamada();
+    default: break;
   }
   if (t.op(u"(")) return parentesis();
   if (t.op(u")") || t.op(u",") || t.op(u";")) return {p_, p_};

@@ -8,11 +8,11 @@
 
 // What TOP leaves of a query's rows where LIMIT can't tell: those that equal the last one in the order, or a share.
 struct Tope {
-  qint64 filas = -1;         // -1: no such query
-  double porciento = -1;     // in their place
+  qint64 filas = -1;      // -1: no such query
+  double porciento = -1;  // in their place
   bool empates = false;
-  QString limite;            // behind the statement: one row more than asked shows whether any equals the last
-  std::vector<int> claves;   // places of the columns in the order; -1, -2 ... are those added behind the list
+  QString limite;           // behind the statement: one row more than asked shows whether any equals the last
+  std::vector<int> claves;  // places of the columns in the order; -1, -2 ... are those added behind the list
   int agregadas = 0;
   bool vale() const { return filas >= 0 || porciento >= 0; }
 };
@@ -22,7 +22,7 @@ struct Reescritura {
   bool cambiaEsquema = false;   // CREATE, ALTER, DROP: what is known of tables is stale afterwards
   QString tablaNueva;           // SELECT ... INTO: the table that its rows go to
   Tope tope;
-  std::optional<ErrorBD> error; // the statement must not run
+  std::optional<ErrorBD> error;  // the statement must not run
 };
 
 Reescritura reescribir(Edicion& edicion, const Catalogo& catalogo);

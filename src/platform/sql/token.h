@@ -8,20 +8,20 @@
 enum class Dialecto { Jet, TSql };
 
 enum class TipoToken {
-  Nombre,         // a bare name or keyword
-  NombreCitado,   // [name], `name`, in T-SQL also "name"
-  Texto,          // 'text', N'text', in Jet also "text"
-  Fecha,          // #date#, Jet only
-  Numero,         // 12, 1.5, .5, 1e3
-  Operador,       // one operator, one or two characters
-  Fin             // behind the last token
+  Nombre,        // a bare name or keyword
+  NombreCitado,  // [name], `name`, in T-SQL also "name"
+  Texto,         // 'text', N'text', in Jet also "text"
+  Fecha,         // #date#, Jet only
+  Numero,        // 12, 1.5, .5, 1e3
+  Operador,      // one operator, one or two characters
+  Fin            // behind the last token
 };
 
 struct Token {
   TipoToken tipo = TipoToken::Fin;
   qsizetype ini = 0;
   qsizetype largo = 0;
-  QStringView texto;  // into the statement, which the caller keeps alive
+  QStringView texto;     // into the statement, which the caller keeps alive
   bool abierto = false;  // a quote, bracket or comment that never ends
 
   bool es(QStringView palabra) const {
@@ -29,9 +29,7 @@ struct Token {
   }
   bool op(QStringView signo) const { return tipo == TipoToken::Operador && texto == signo; }
   bool nombre() const { return tipo == TipoToken::Nombre || tipo == TipoToken::NombreCitado; }
-  bool literal() const {
-    return tipo == TipoToken::Texto || tipo == TipoToken::Fecha || tipo == TipoToken::Numero;
-  }
+  bool literal() const { return tipo == TipoToken::Texto || tipo == TipoToken::Fecha || tipo == TipoToken::Numero; }
 };
 
 // The tokens of `sql`, closed by one of type Fin, which is open when a comment never ends.

@@ -1,19 +1,19 @@
 #include "platform/text/fecha.h"
 
 #include <QStringList>
-#include <array>
 #include <algorithm>
+#include <array>
 
 namespace {
 
 constexpr std::array<const char16_t*, 7> kDias = {u"lun", u"mar", u"mié", u"jue", u"vie", u"sáb", u"dom"};
 constexpr std::array<const char16_t*, 12> kMeses = {u"ene", u"feb", u"mar", u"abr", u"may", u"jun",
-                                                     u"jul", u"ago", u"set", u"oct", u"nov", u"dic"};
+                                                    u"jul", u"ago", u"set", u"oct", u"nov", u"dic"};
 constexpr std::array<const char16_t*, 7> kDiasLargos = {u"lunes",   u"martes", u"miércoles", u"jueves",
-                                                         u"viernes", u"sábado", u"domingo"};
-constexpr std::array<const char16_t*, 12> kMesesLargos = {u"enero",  u"febrero", u"marzo",      u"abril",
-                                                           u"mayo",   u"junio",   u"julio",      u"agosto",
-                                                           u"setiembre", u"octubre", u"noviembre", u"diciembre"};
+                                                        u"viernes", u"sábado", u"domingo"};
+constexpr std::array<const char16_t*, 12> kMesesLargos = {u"enero",     u"febrero", u"marzo",     u"abril",
+                                                          u"mayo",      u"junio",   u"julio",     u"agosto",
+                                                          u"setiembre", u"octubre", u"noviembre", u"diciembre"};
 
 QString conCeros(int n, int largo) { return QString::number(n).rightJustified(largo, u'0'); }
 
@@ -25,14 +25,10 @@ QString campo(QChar letra, int n, const QDateTime& t) {
       return n >= 3 ? QString::fromUtf16((n > 3 ? kDiasLargos : kDias).at(d.dayOfWeek() - 1)) : conCeros(d.day(), n);
     case u'm':
       return n >= 3 ? QString::fromUtf16((n > 3 ? kMesesLargos : kMeses).at(d.month() - 1)) : conCeros(d.month(), n);
-    case u'y':
-      return n >= 3 ? conCeros(d.year(), 4) : conCeros(d.year() % 100, 2);
-    case u'h':
-      return conCeros(h.hour(), n);
-    case u'n':
-      return conCeros(h.minute(), n);
-    default:
-      return conCeros(h.second(), n);
+    case u'y': return n >= 3 ? conCeros(d.year(), 4) : conCeros(d.year() % 100, 2);
+    case u'h': return conCeros(h.hour(), n);
+    case u'n': return conCeros(h.minute(), n);
+    default: return conCeros(h.second(), n);
   }
 }
 

@@ -59,7 +59,10 @@ void AnilloFoco::colocar() {
 
 bool AnilloFoco::eventFilter(QObject*, QEvent* evento) {
   switch (evento->type()) {
-    case QEvent::Move: case QEvent::Resize: case QEvent::Show: case QEvent::Hide: colocar(); break;
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::Show:
+    case QEvent::Hide: colocar(); break;
     default: break;
   }
   return false;

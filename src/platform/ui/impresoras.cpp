@@ -91,7 +91,8 @@ std::optional<QString> ImpresorasQt::escribirPdf(const QString& archivo, const Q
     for (const Linea& linea : lineas) alto += linea.alto(papel);
     const double largo_mm = std::min(kLargoMaximo_mm, alto * 25.4 / kResolucion + 2 * kMargen_mm);
     const QPageSize hoja(QSizeF(kAnchoRollo_mm, largo_mm), QPageSize::Millimeter, {}, QPageSize::ExactMatch);
-    papel.setPageLayout(QPageLayout(hoja, QPageLayout::Portrait, QMarginsF(kMargen_mm, kMargen_mm, kMargen_mm, kMargen_mm),
+    papel.setPageLayout(QPageLayout(hoja, QPageLayout::Portrait,
+                                    QMarginsF(kMargen_mm, kMargen_mm, kMargen_mm, kMargen_mm),
                                     QPageLayout::Millimeter));
     if (!pintar(papel, lineas)) return QStringLiteral("no se pudo componer el PDF");
   }

@@ -20,11 +20,13 @@ LineaEstado::LineaEstado(QWidget* padre) : QFrame(padre) {
   auto* fila = new QHBoxLayout(this);
   fila->setContentsMargins(16, 6, 16, 6);
   fila->setSpacing(20);
+  // clang-format off
   const struct { QLabel*& rotulo; const char* nombre; } rotulos[] = {
       {caja_, "lblEstadoCaja"},       {turno_, "lblEstadoTurno"},       {usuario_, "lblEstadoUsuario"},
       {tc_, "lblEstadoTC"},           {central_, "lblEstadoCentral"},   {clientes_, "lblEstadoClientes"},
       {papel_, "lblEstadoPapel"},
   };
+  // clang-format on
   for (const auto& r : rotulos) {
     r.rotulo = new QLabel;
     r.rotulo->setObjectName(QLatin1String(r.nombre));

@@ -170,7 +170,9 @@ void Lista::keyPressEvent(QKeyEvent* e) {
     return;
   }
   switch (e->key()) {
-    case Qt::Key_Escape: case Qt::Key_Delete: case Qt::Key_Insert: e->ignore(); return;
+    case Qt::Key_Escape:
+    case Qt::Key_Delete:
+    case Qt::Key_Insert: e->ignore(); return;
     default: QTableView::keyPressEvent(e);
   }
 }

@@ -60,9 +60,7 @@ void Rejilla::refrescar() {
 
 void Rejilla::ponerTitulo(int columna, const QString& titulo) { modelo_->ponerTitulo(columna, titulo); }
 
-void Rejilla::ponerEditable(int columna, bool editable) {
-  columnas_[static_cast<size_t>(columna)].editable = editable;
-}
+void Rejilla::ponerEditable(int columna, bool editable) { columnas_[static_cast<size_t>(columna)].editable = editable; }
 
 CeldaRejilla Rejilla::celda() const { return {currentIndex().row(), currentIndex().column()}; }
 
@@ -159,7 +157,9 @@ void Rejilla::keyPressEvent(QKeyEvent* e) {
     return;
   }
   switch (e->key()) {
-    case Qt::Key_Escape: case Qt::Key_Delete: case Qt::Key_Insert: e->ignore(); return;
+    case Qt::Key_Escape:
+    case Qt::Key_Delete:
+    case Qt::Key_Insert: e->ignore(); return;
     default: QTableView::keyPressEvent(e);
   }
 }
@@ -167,14 +167,17 @@ void Rejilla::keyPressEvent(QKeyEvent* e) {
 // Keys that end or leave the editor. The rest is typed.
 bool Rejilla::teclaDeEditor(QKeyEvent* e) {
   switch (e->key()) {
-    case Qt::Key_Return: case Qt::Key_Enter:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
       if (e->modifiers() & ~Qt::KeypadModifier) return false;
       if (dejarCelda()) avanzar();
       return true;
-    case Qt::Key_Tab: case Qt::Key_Backtab:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
       if (dejarCelda()) focusNextPrevChild(e->key() == Qt::Key_Tab);
       return true;
-    case Qt::Key_Up: case Qt::Key_Down: {
+    case Qt::Key_Up:
+    case Qt::Key_Down: {
       const int fila = celdaEditor_.fila + (e->key() == Qt::Key_Up ? -1 : 1);
       const int columna = celdaEditor_.columna;
       if (dejarCelda() && fila >= 0 && fila < modelo_->rowCount()) irA({fila, columna});

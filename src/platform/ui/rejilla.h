@@ -10,10 +10,10 @@ class ModeloRejilla;
 
 struct ColumnaRejilla {
   QString titulo;
-  int ancho = 80;           // pixels; 0 takes what is left
-  bool derecha = false;     // amounts stand to the right
+  int ancho = 80;        // pixels; 0 takes what is left
+  bool derecha = false;  // amounts stand to the right
   bool editable = false;
-  bool boton = false;       // a cell that is pressed instead of typed in
+  bool boton = false;  // a cell that is pressed instead of typed in
   bool oculta = false;
 };
 

@@ -21,7 +21,8 @@ int anchoDePalabra(const QFont& f, const QString& texto) {
 
 // The longest word must not be cut: letters are drawn narrower until it fits.
 QFont queQuepa(QFont f, const QString& texto, int ancho) {
-  for (int estrecho = 99; estrecho >= kEstrechoMinimo && anchoDePalabra(f, texto) > ancho; --estrecho) f.setStretch(estrecho);
+  for (int estrecho = 99; estrecho >= kEstrechoMinimo && anchoDePalabra(f, texto) > ancho; --estrecho)
+    f.setStretch(estrecho);
   return f;
 }
 
@@ -64,10 +65,12 @@ void TeclaArticulo::paintEvent(QPaintEvent*) {
     f.setPointSize(tema::kPtIndicio);
     p.setFont(queQuepa(f, rotulo, dentro.width()));
     p.setPen(QColor(tema::kTintaSuave));
-    p.drawText(dentro, Qt::AlignRight | Qt::AlignBottom, p.fontMetrics().elidedText(rotulo, Qt::ElideRight, dentro.width()));
+    p.drawText(dentro, Qt::AlignRight | Qt::AlignBottom,
+               p.fontMetrics().elidedText(rotulo, Qt::ElideRight, dentro.width()));
   }
   p.setPen(palette().color(QPalette::ButtonText));
   p.setFont(queQuepa(font(), articulo_, dentro.width()));
   const bool cabe = anchoDePalabra(p.font(), articulo_) <= dentro.width();  // else a word is broken rather than cut
-  p.drawText(dentro.adjusted(0, alto, 0, -alto), Qt::AlignCenter | (cabe ? Qt::TextWordWrap : Qt::TextWrapAnywhere), articulo_);
+  p.drawText(dentro.adjusted(0, alto, 0, -alto), Qt::AlignCenter | (cabe ? Qt::TextWordWrap : Qt::TextWrapAnywhere),
+             articulo_);
 }

@@ -18,7 +18,11 @@ QKeyCombination combinacion(const QKeyEvent& e) {
 bool esDeEscritura(QKeyCombination c) {
   if (c.keyboardModifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
   switch (c.key()) {
-    case Qt::Key_Backspace: case Qt::Key_Delete: case Qt::Key_Left: case Qt::Key_Right: case Qt::Key_Home:
+    case Qt::Key_Backspace:
+    case Qt::Key_Delete:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Home:
     case Qt::Key_End: return true;
     default: return c.key() < Qt::Key_Escape;
   }
@@ -73,11 +77,13 @@ bool TablaTeclas::eventFilter(QObject* objeto, QEvent* evento) {
 }
 
 QString nombreTecla(QKeyCombination tecla) {
+  // clang-format off
   const struct { Qt::Key tecla; const char16_t* nombre; } propias[] = {
       {Qt::Key_Return, u"Enter"}, {Qt::Key_Space, u"Espacio"},   {Qt::Key_Delete, u"Supr"},
       {Qt::Key_Insert, u"Insert"}, {Qt::Key_PageUp, u"Re Pág"},  {Qt::Key_PageDown, u"Av Pág"},
       {Qt::Key_Home, u"Inicio"},   {Qt::Key_End, u"Fin"},
   };
+  // clang-format on
   QString modificadores;
   if (tecla.keyboardModifiers() & Qt::ControlModifier) modificadores += u"Ctrl+";
   if (tecla.keyboardModifiers() & Qt::AltModifier) modificadores += u"Alt+";

@@ -41,6 +41,7 @@ QString color(QRgb c) { return QColor(c).name(); }
 
 // Longer names stand first: "@fondo" is the beginning of two others.
 QString conPaleta(QString hoja) {
+  // clang-format off
   const struct { const char* nombre; QRgb valor; } colores[] = {
       {"@fondoCuidado", kFondoCuidado},   {"@fondoFijo", kFondoFijo},     {"@fondo", kFondo},
       {"@superficie", kSuperficie},       {"@tintaSuave", kTintaSuave},   {"@tinta", kTinta},
@@ -50,6 +51,7 @@ QString conPaleta(QString hoja) {
       {"@alto", kAlto},                   {"@fijo", kFijo},               {"@teclaAsignada", kTeclaAsignada},
       {"@teclaLibre", kTeclaLibre},
   };
+  // clang-format on
   for (const auto& c : colores) hoja.replace(QLatin1String(c.nombre), color(c.valor));
   return hoja;
 }
