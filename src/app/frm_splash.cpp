@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "foundation/version.h"
 #include "platform/ui/campo.h"
 #include "platform/ui/tema.h"
 
@@ -21,10 +22,7 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::WindowStaysOnTo
   columna->setSpacing(3 * tema::kPaso);
   auto* logo = new QLabel;
   logo->setPixmap(tema::logo(128));
-  const QString version = QStringLiteral(" Versión %1.%2.%3")
-                              .arg(TARVOPOS_VERSION_MAYOR)
-                              .arg(TARVOPOS_VERSION_MENOR)
-                              .arg(TARVOPOS_VERSION_REVISION);
+  const QString version = QStringLiteral(" Versión ") + Version();
   auto* rotuloVersion = nuevoTexto(version, QStringLiteral("leyenda"));
   rotuloVersion->setObjectName(QStringLiteral("lblVersion"));
   for (QLabel* l :

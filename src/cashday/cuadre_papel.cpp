@@ -2,6 +2,7 @@
 #include "cashday/cuadre.h"
 #include "cashday/transaccion.h"
 #include "foundation/puesto.h"
+#include "foundation/version.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
@@ -47,12 +48,8 @@ QStringList lineasDe(const Cuadre& v, size_t lado, const QString& titulo) {
 
 QString papel(Puesto& p, const QString& cabecera, const QStringList& lineas, int impresora) {
   return cabecera + Espacios(6) + FormatearFecha(p.reloj.now(), u"dd/mm/yyyy (ddd)") + kFin + lineas.join(kFin) + kFin +
-         kFin + kFin + QStringLiteral("CAJA: ") + p.ses.psCaja + kFin +
-         QStringLiteral("Versión %1.%2.%3")
-             .arg(TARVOPOS_VERSION_MAYOR)
-             .arg(TARVOPOS_VERSION_MENOR)
-             .arg(TARVOPOS_VERSION_REVISION) +
-         kFin + QStringLiteral("Correlativo: ") + CorrelativoImpresion(p, impresora);
+         kFin + kFin + QStringLiteral("CAJA: ") + p.ses.psCaja + kFin + QStringLiteral("Versión ") + Version() + kFin +
+         QStringLiteral("Correlativo: ") + CorrelativoImpresion(p, impresora);
 }
 
 std::optional<ErrorBD> guardarLineas(Puesto& p, const QStringList& lineas) {

@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "foundation/version.h"
 #include "platform/ui/tema.h"
 
 frmAcercaDe::frmAcercaDe(QWidget* padre)
@@ -17,11 +18,7 @@ frmAcercaDe::frmAcercaDe(QWidget* padre)
   textos->addStretch();
   textos->addWidget(nuevoTexto(QStringLiteral("TarvoPos"), QStringLiteral("titular")));
   textos->addWidget(nuevoTexto(QStringLiteral("Control de Caja Registradora"), QStringLiteral("sentencia")));
-  textos->addWidget(nuevoTexto(QStringLiteral("Versión %1.%2.%3")
-                                   .arg(TARVOPOS_VERSION_MAYOR)
-                                   .arg(TARVOPOS_VERSION_MENOR)
-                                   .arg(TARVOPOS_VERSION_REVISION),
-                               QStringLiteral("suave")));
+  textos->addWidget(nuevoTexto(QStringLiteral("Versión ") + Version(), QStringLiteral("suave")));
   textos->addStretch();
   fila->addLayout(textos, 1);
   cuerpo()->addLayout(fila);

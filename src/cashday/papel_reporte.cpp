@@ -1,6 +1,7 @@
 #include "cashday/papel_reporte.h"
 
 #include "cashday/papel_paralelas.h"
+#include "foundation/version.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
@@ -99,10 +100,7 @@ void pie(Informe& i, const DatosReporte& d) {
     i.linea(d.z->acumulado);
   }
   i.linea(QStringLiteral("CAJA: ") + d.caja + QStringLiteral("   TURNO: ") + d.turno);
-  i.linea(QStringLiteral("Versión %1.%2.%3")
-              .arg(TARVOPOS_VERSION_MAYOR)
-              .arg(TARVOPOS_VERSION_MENOR)
-              .arg(TARVOPOS_VERSION_REVISION));
+  i.linea(QStringLiteral("Versión ") + Version());
   i.linea(QStringLiteral("Correlativo: ") + d.correlativo);
 }
 

@@ -1,5 +1,6 @@
 #include "documento/ticket.h"
 
+#include "foundation/version.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
@@ -99,11 +100,7 @@ QString supervisor(const DatosTicket& t) {
 
 QString caja(const DatosTicket& t) {
   return Espacios(3) + Izquierda(t.usuario, 10) + QStringLiteral("  Cj:") + t.caja + t.forma.turno + t.turno +
-         QStringLiteral(" v%1.%2.%3")
-             .arg(TARVOPOS_VERSION_MAYOR)
-             .arg(TARVOPOS_VERSION_MENOR)
-             .arg(TARVOPOS_VERSION_REVISION) +
-         kFin;
+         QStringLiteral(" v") + Version() + kFin;
 }
 
 QString correlativo(const DatosTicket& t) { return QStringLiteral("         Correlativo: ") + t.correlativo; }

@@ -3,6 +3,7 @@
 #include "documento/clase.h"
 #include "documento/ticket.h"
 #include "foundation/puesto.h"
+#include "foundation/version.h"
 #include "loyalty/puntos.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -91,11 +92,7 @@ QString puntos(Puesto& p, const PantallaTransaccion& v, double importe) {
 
 QString cierre(const Transaccion& t) {
   return FormatearFecha(t.fecha, u"(DDD) DD/MM/YYYY ") + FormatearFecha(t.fecha, u"hh:mm") + kFin + t.usuario +
-         QStringLiteral(" Cj:") + t.caja + QStringLiteral("  T:") + t.turno +
-         QStringLiteral("v%1.%2.%3")
-             .arg(TARVOPOS_VERSION_MAYOR)
-             .arg(TARVOPOS_VERSION_MENOR)
-             .arg(TARVOPOS_VERSION_REVISION);
+         QStringLiteral(" Cj:") + t.caja + QStringLiteral("  T:") + t.turno + QStringLiteral("v") + Version();
 }
 
 QString textoVenta(Puesto& p, PantallaTransaccion& v) {

@@ -1,6 +1,7 @@
 // Reports against papers worked out by hand from the rows of dia.sql.
 #include <gtest/gtest.h>
 
+#include "foundation/version.h"
 #include "reporte_prueba.h"
 
 namespace {
@@ -8,9 +9,7 @@ namespace {
 QString u8(const char* s) { return QString::fromUtf8(s); }
 
 QByteArray papel(const char* caso) {
-  const QString version =
-      u8("%1.%2.%3").arg(TARVOPOS_VERSION_MAYOR).arg(TARVOPOS_VERSION_MENOR).arg(TARVOPOS_VERSION_REVISION);
-  return conCorte(leerGolden(u8("reportes/%1.txt").arg(u8(caso))).replace("@VERSION@", version.toUtf8()));
+  return conCorte(leerGolden(u8("reportes/%1.txt").arg(u8(caso))).replace("@VERSION@", Version().toUtf8()));
 }
 
 struct Caso {

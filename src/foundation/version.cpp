@@ -1,0 +1,3 @@
+#include "foundation/version.h"
+
+QString Version() { return QStringLiteral(TARVOPOS_VERSION); }
