@@ -58,6 +58,14 @@ bool clsDBAdmin::AbrirBD(Conexion& cnn, const QString& cadena, bool flagMensaje,
 
 void clsDBAdmin::CerrarBD(Conexion& cnn) { cnn.cerrar(); }
 
+bool clsDBAdmin::EjecutarConsulta(Conexion& cnn, const Sql& sql, Recordset& rs) {
+  return EjecutarConsulta(cnn, sql.texto(cnn.dialecto()), rs);
+}
+
+bool clsDBAdmin::EjecutarSentencia(Conexion& cnn, const Sql& sql, bool flagMensaje) {
+  return EjecutarSentencia(cnn, sql.texto(cnn.dialecto()), flagMensaje);
+}
+
 bool clsDBAdmin::EjecutarConsulta(Conexion& cnn, const QString& sql, Recordset& rs) {
   const auto error = cnn.consultar(sql, rs);
   if (!error) return true;
@@ -101,11 +109,6 @@ QString FormatearSQL(const QString& plantilla, const std::vector<QVariant>& valo
     sale += QStringLiteral("Null");
   }
   return sale;
-}
-
-QString ReemplazarComilla(const QString& cadena) {
-  QString sale = cadena;
-  return sale.replace(u'\'', QStringLiteral("' + Chr(39) + '"));
 }
 
 QString LimpiarNulo(const QVariant& valor) { return valor.isNull() ? QString() : textoDe(valor); }

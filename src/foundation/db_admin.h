@@ -1,6 +1,6 @@
 #pragma once
-// Every read and write of every database: four operations over a connection, and the three text routines that
-// make a statement out of a template.
+// Every read and write of every database: four operations over a connection, and what reads a field of
+// a row. Statements are made by FormatearSQL (platform/sql/sentencia.h).
 #include <QVariant>
 #include <vector>
 
@@ -25,21 +25,21 @@ class clsDBAdmin {
   void CerrarBD(Conexion& cnn);
   // Fills `rs` with all rows. On failure false, `rs` empty, and always a box with the engine's words and the
   // statement.
-  [[nodiscard]] bool EjecutarConsulta(Conexion& cnn, const QString& sql, Recordset& rs);
+  [[nodiscard]] bool EjecutarConsulta(Conexion& cnn, const Sql& sql, Recordset& rs);
   // Runs a statement. On failure false; with `flagMensaje` a box as above, but none for a duplicate key.
+  bool EjecutarSentencia(Conexion& cnn, const Sql& sql, bool flagMensaje = false);
+
+  // These two go away when no statement comes as a bare text any more.
+  [[nodiscard]] bool EjecutarConsulta(Conexion& cnn, const QString& sql, Recordset& rs);
   bool EjecutarSentencia(Conexion& cnn, const QString& sql, bool flagMensaje = false);
 
  private:
   Puesto& p_;
 };
 
-// The statement made of `plantilla`: each "$" takes the next value's text, trimmed of blanks. A Null takes the
-// template's own wrapping away ("'$'", "CONVERT(DATETIME,'$')") and stands as a bare Null. Numbers come as TextoDe.
-// No quoting is added; the caller escapes texts with ReemplazarComilla. Too few values break the promise.
+// The same over a bare text; goes away with the last statement that is written so. No quoting is added; the caller
+// escapes texts with ReemplazarComilla.
 QString FormatearSQL(const QString& plantilla, const std::vector<QVariant>& valores);
-
-// A text safe to stand between single quotes: each quote becomes ' + Chr(39) + '.
-QString ReemplazarComilla(const QString& cadena);
 
 // The value's text, blanks off both ends; "" for Null. Numbers as TextoDe, dates as "dd/mm/yyyy hh:mm:ss".
 QString LimpiarNulo(const QVariant& valor);

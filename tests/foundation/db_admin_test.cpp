@@ -61,6 +61,50 @@ TEST(DBAdmin, SaysWhatFailedAndKeepsQuietAboutDuplicates) {
   p.poDBAdmin.CerrarBD(otra);
 }
 
+TEST(Sql, ValuesAreEscapedForTheDatabaseTheyGoTo) {
+  const Sql condicion = FormatearSQL(u"sProdDesc LIKE '%$%'"_sql, {Texto(QStringLiteral("D'Oro $ {f}"))});
+  // clang-format off
+  const struct { const char* porque; Sql sql; const char *jet, *tsql; } kCasos[] = {
+      {"date wrapping goes, the key keeps its quotes",
+       FormatearSQL(u"SET d = CONVERT(DATETIME,'$') WHERE k = '$' AND a = '$'"_sql, {Valor(), 7, Texto("x")}),
+       "SET d = Null WHERE k = '7' AND a = 'x'", nullptr},
+      {"quoted and bare Null", FormatearSQL(u"('$', $)"_sql, {Valor(), QDateTime()}), "(Null, Null)", nullptr},
+      {"wrapping stays for a value", FormatearSQL(u"CONVERT(DATETIME,'$',120)"_sql, {Texto("2025")}),
+       "CONVERT(DATETIME,'2025',120)", nullptr},
+      {"trimmed; an empty text is no Null", FormatearSQL(u"'$','$'"_sql, {Texto("  a b "), Texto("")}), "'a b',''", nullptr},
+      {"numbers without a mask", FormatearSQL(u"$,$,$"_sql, {0.1 + 0.2, true, qint64{-27}}), "0.3,1,-27", nullptr},
+      {"a quote", FormatearSQL(u"'$'"_sql, {Texto("O'Neil")}), "'O' + Chr(39) + 'Neil'", "'O''Neil'"},
+      {"a text in a bare place gets quotes", FormatearSQL(u"a=$"_sql, {Texto("1' OR 1='1")}),
+       "a='1' + Chr(39) + ' OR 1=' + Chr(39) + '1'", "a='1'' OR 1=''1'"},
+      {"digits stand bare", FormatearSQL(u"a=$ AND b=$"_sql, {Cifras("007"), Cifras(" -1.50 ")}), "a=007 AND b=-1.50", nullptr},
+      {"no digits: a name that no table has", FormatearSQL(u"a=$ OR b=$"_sql, {Cifras("a] OR 1=1"), Cifras("")}),
+       "a=[?a OR 1=1] OR b=[?]", nullptr},
+      {"a value's own $ and { are no places",
+       FormatearSQL(u"a='$' AND "_sql + condicion.con(u"{f}"_sql, u"x"_sql), {Texto("$")}),
+       "a='$' AND sProdDesc LIKE '%D' + Chr(39) + 'Oro $ {f}%'", "a='$' AND sProdDesc LIKE '%D''Oro $ {f}%'"},
+      {"pieces joined", UnirSql({u"a"_sql, condicion, u"{b}"_sql}, u" OR "_sql).con(u"{b}"_sql, Sql()),
+       "a OR sProdDesc LIKE '%D' + Chr(39) + 'Oro $ {f}%' OR ", "a OR sProdDesc LIKE '%D''Oro $ {f}%' OR "},
+      {"a piece between quotes is a text", FormatearSQL(u"'$'"_sql, {u"'a'"_sql}), "'' + Chr(39) + 'a' + Chr(39) + ''", "'''a'''"},
+  };
+  // clang-format on
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.porque);
+    EXPECT_EQ(QString::fromUtf8(c.jet), c.sql.texto(Dialecto::Jet));
+    EXPECT_EQ(QString::fromUtf8(c.tsql ? c.tsql : c.jet), c.sql.texto(Dialecto::TSql));
+  }
+}
+
+RC_GTEST_PROP(Sql, AnyTextComesBackAsItWas, (const std::string& bruto)) {
+  static PuestoPrueba p;
+  const QString nombre = QString::fromLatin1(QByteArray::fromStdString(bruto)).remove(QChar(0)).trimmed();
+  Recordset rs;
+  const auto error =
+      p.poCnnLocal.consultar(FormatearSQL(u"SELECT '$' as x, $ as y"_sql, {Texto(nombre), Texto(nombre)}), rs);
+  if (error) RC_FAIL(error->descripcion.toStdString());
+  RC_ASSERT(rs[0].toString() == nombre);
+  RC_ASSERT(rs[1].toString() == nombre);
+}
+
 // A server that lets time pass: every open costs its wait.
 class MotoresMudos final : public Motores {
  public:

@@ -63,6 +63,9 @@ QStringList faltas(const QString& ruta, const QString& texto) {
   // The dialects write numbers as their engines do, for statements and not for anybody's eyes.
   if (!ruta.startsWith("platform/text/") && !ruta.startsWith("platform/sql/") && numero.match(texto).hasMatch())
     r += ruta + ": formats a number";
+  // A statement that comes as it stands comes from a person, not from the program.
+  if (!ruta.startsWith("platform/sql/") && ruta != "admin/consola_sql.cpp" && texto.contains("Sql::crudo"))
+    r += ruta + ": a statement past the door";
   static const QRegularExpression color(R"(QColor\(|QFont\(|setStyleSheet|setFont\()");
   if (ruta.section(u'/', -1).startsWith(u"frm_") && color.match(texto).hasMatch()) {
     r += ruta + ": a colour or font of its own";
@@ -88,6 +91,8 @@ TEST(Reglas, EachRuleFindsItsBadExample) {
       {"sale/x.cpp", "QTimer::singleShot(1, f);\n", false},
       {"sale/x.cpp", "auto t = QDateTime::currentDateTime();\n", false},
       {"sale/x.cpp", "QString::number(v, 'f', 2);\n", false},
+      {"sale/x.cpp", "auto s = Sql::crudo(texto);\n", false},
+      {"admin/consola_sql.cpp", "auto s = Sql::crudo(linea);\n", true},
       {"sale/frm_x.cpp", "b->setFont(QFont(\"Arial\"));\n", false},
   };
   // clang-format on

@@ -2,6 +2,10 @@
 
 #include <QHash>
 
+namespace {
+constexpr QStringView kAccess = u"Microsoft Access";
+}
+
 CadenaConexion leerCadenaConexion(const QString& cadena) {
   QHash<QString, QString> valores;
   for (const QString& par : cadena.split(u';', Qt::SkipEmptyParts)) {
@@ -14,7 +18,7 @@ CadenaConexion leerCadenaConexion(const QString& cadena) {
   c.usuario = valores.value(QStringLiteral("user id"));
   c.clave = valores.value(QStringLiteral("password"));
   c.catalogo = valores.value(QStringLiteral("initial catalog"));
-  if (valores.value(QStringLiteral("driver")).contains(u"Microsoft Access")) {
+  if (valores.value(QStringLiteral("driver")).contains(kAccess)) {
     c.tipo = TipoMotor::Local;
     // The path stands last and is taken whole: a folder's name may hold a semicolon.
     const QString marca = QStringLiteral("DBQ=");
@@ -33,4 +37,10 @@ CadenaConexion leerCadenaConexion(const QString& cadena) {
     c.servidor = fuente;
   }
   return c;
+}
+
+// A sale opens its servers again and again: nearly always one look is enough.
+Dialecto dialectoDe(const QString& cadena) {
+  return cadena.contains(kAccess) && leerCadenaConexion(cadena).tipo == TipoMotor::Local ? Dialecto::Jet
+                                                                                         : Dialecto::TSql;
 }

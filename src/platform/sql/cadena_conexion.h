@@ -7,6 +7,8 @@
 //   Provider=SQLOLEDB.1;...;Data Source=anything else                   SQL Server through ODBC
 #include <QString>
 
+#include "platform/sql/token.h"
+
 enum class TipoMotor { Local, Embebido, Postgres, SqlServer };
 
 struct CadenaConexion {
@@ -18,3 +20,6 @@ struct CadenaConexion {
 
 // A string without driver and without data source reads as SqlServer with an empty server.
 CadenaConexion leerCadenaConexion(const QString& cadena);
+
+// The dialect of the statements for such a connection.
+Dialecto dialectoDe(const QString& cadena);

@@ -1,5 +1,7 @@
 #include "platform/sql/conexion.h"
 
+#include "platform/sql/cadena_conexion.h"
+
 namespace {
 
 ErrorBD cerrada() { return {kErrorGeneral, 0, QStringLiteral("La conexión con la base de datos está cerrada.")}; }
@@ -8,6 +10,7 @@ ErrorBD cerrada() { return {kErrorGeneral, 0, QStringLiteral("La conexión con l
 
 std::optional<ErrorBD> Conexion::abrir(Motores& motores, const QString& cadena, int espera_ms) {
   cerrar();
+  dialecto_ = dialectoDe(cadena);
   ErrorBD error;
   motor_ = motores.abrir(cadena, espera_ms, error);
   if (motor_) return {};

@@ -2,6 +2,7 @@
 // A connection as the session holds it: a value, closed until it is opened. Copying is not possible; closing and
 // opening again is. Every call on a closed connection fails with words of its own and changes nothing.
 #include "platform/sql/motor.h"
+#include "platform/sql/sentencia.h"
 
 class Conexion {
  public:
@@ -10,6 +11,11 @@ class Conexion {
   void cerrar();
   bool abierta() const { return motor_ != nullptr; }
 
+  std::optional<ErrorBD> consultar(const Sql& sql, Recordset& rs) { return consultar(sql.texto(dialecto_), rs); }
+  std::optional<ErrorBD> ejecutar(const Sql& sql, qint64* afectadas = nullptr) {
+    return ejecutar(sql.texto(dialecto_), afectadas);
+  }
+  // These two go away when no statement comes as a bare text any more.
   std::optional<ErrorBD> consultar(const QString& sql, Recordset& rs);
   std::optional<ErrorBD> ejecutar(const QString& sql, qint64* afectadas = nullptr);
   std::optional<ErrorBD> iniciar();
@@ -17,10 +23,13 @@ class Conexion {
   // A transaction that can't be undone at once is undone before anything else runs here; until then every call fails.
   std::optional<ErrorBD> deshacer();
   QString traducir(const QString& sql);
+  // What its statements are written in, by the connection string that was opened last.
+  Dialecto dialecto() const { return dialecto_; }
 
  private:
   std::optional<ErrorBD> listo();
 
   std::unique_ptr<Motor> motor_;
+  Dialecto dialecto_ = Dialecto::Jet;
   bool porDeshacer_ = false;
 };
