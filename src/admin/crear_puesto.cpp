@@ -12,6 +12,7 @@
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 #include "servidores.h"
+#include "store/codigos.h"
 #include "store/tablas.h"
 
 namespace {
@@ -90,8 +91,8 @@ QString filaDeConfiguracion(const DatosPuesto& d) {
 
 QStringList filasDelPuesto(const DatosPuesto& d) {
   QStringList s{filaDeConfiguracion(d)};
-  for (const char* t : {"01", "02", "10", "11", "12", "13", "14"}) {
-    const QString tipo = QString::fromLatin1(t);
+  for (const TipoDocumento t : kTiposDocumento) {
+    const QString tipo = Codigo(t);
     s << Insercion(QStringLiteral("Config_Documento"),
                    QStringLiteral("cTipoDoc, cOperCode, nDocCodigo, cSerieDoc, cUserDesc, dUltAct, observacion"),
                    {tipo, 0, 0, SerieInicial(tipo, d.caja), QString(), d.ahora.date().startOfDay(),

@@ -6,6 +6,7 @@
 #include "admin/base_sqlite.h"
 #include "platform/io/perfil.h"
 #include "platform/text/numero.h"
+#include "store/codigos.h"
 #include "store/tablas.h"
 
 namespace {
@@ -161,8 +162,9 @@ class Verificacion {
   }
 
   void numeracion() {
-    for (const char* tipo : {"02", "10", "11", "12", "13", "14"}) {
-      const QString t = QString::fromLatin1(tipo);
+    for (const TipoDocumento tipo : kTiposDocumento) {
+      if (tipo == TipoDocumento::Factura) continue;  // shares the run of the boletas
+      const QString t = Codigo(tipo);
       const auto fila = filas(QStringLiteral("SELECT cSerieDoc, ifnull(nDocCodigo, 0) FROM Config_Documento "
                                              "WHERE cTipoDoc = '%1'")
                                   .arg(t))
@@ -173,7 +175,7 @@ class Verificacion {
       }
       if (fila[0].trimmed().isEmpty()) hallar(QStringLiteral("Config_Documento: la fila %1 no tiene serie.").arg(t));
       const QString maximo =
-          valor(tipo == QLatin1String("02")
+          valor(EsFiscal(tipo)
                     ? QStringLiteral("SELECT ifnull(max(cDocCodigo), 0) FROM Operacion WHERE cDocTipo IN ('01', '02')")
                     : QStringLiteral("SELECT ifnull(max(cDocCodigo), 0) FROM OperacionParalela WHERE cDocTipo = '%1'")
                           .arg(t));

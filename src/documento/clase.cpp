@@ -5,22 +5,48 @@
 
 namespace {
 
+using C = ClaseDocumento;
+using V = TipoVenta;
+using O = TipoOperacion;
+using D = TipoDocumento;
+
+constexpr std::nullopt_t kSegunRuc = std::nullopt;
+
+// clang-format off
 const DatosClase kClases[] = {
-    {kVentaExacta, {}, {}, true, true},
-    {kVentaVoucher, QStringLiteral("VOUCHER"), {}, true, false},
-    {kVentaConVuelto, {}, {}, true, true},
-    {kOrdenConsumo, QStringLiteral("O/C"), QStringLiteral("10"), true, true},
-    {kNotaConsumo, QStringLiteral("N/C"), QStringLiteral("11"), true, false},
-    {kPagoAdelantado, QStringLiteral("PADE"), QStringLiteral("12"), false, false},
-    {kPagoAdelantadoVoucher, QStringLiteral("PADV"), QStringLiteral("13"), false, false},
-    {kLiquidacionPad, QStringLiteral("LIQPAD"), QStringLiteral("14"), true, false},
+    //  ticket            on the screen  row           type         word         lines  cash   money
+    {C::VentaExacta,     V::Efectivo,   O::Efectivo,  kSegunRuc,   u"",         true,  true,  false},
+    {C::VentaConVuelto,  V::Efectivo,   O::Efectivo,  kSegunRuc,   u"",         true,  true,  false},
+    {C::VentaVoucher,    V::Voucher,    O::Voucher,   kSegunRuc,   u"VOUCHER",  true,  false, false},
+    {C::OC,              V::OC,         O::OC,        D::OC,       u"O/C",      true,  true,  true},
+    {C::NC,              V::NC,         O::NC,        D::NC,       u"N/C",      true,  false, false},
+    {C::PADE,            V::PADE,       O::PADE,      D::PADE,     u"PADE",     false, false, false},
+    {C::PADV,            V::PADV,       O::PADV,      D::PADV,     u"PADV",     false, false, true},
+    {C::LIQPAD,          V::LIQPAD,     O::LIQPAD,    D::LIQPAD,   u"LIQPAD",   true,  false, true},
 };
+// clang-format on
+
+template <class Condicion>
+const DatosClase* buscar(Condicion condicion) {
+  const auto it = std::find_if(std::begin(kClases), std::end(kClases), condicion);
+  return it == std::end(kClases) ? nullptr : it;
+}
 
 }  // namespace
 
-const DatosClase& datosDe(ClaseDocumento clase) {
-  const auto it =
-      std::find_if(std::begin(kClases), std::end(kClases), [clase](const DatosClase& d) { return d.clase == clase; });
-  Q_ASSERT(it != std::end(kClases));
-  return *it;
+const DatosClase& DatosDe(ClaseDocumento clase) {
+  const auto* datos = buscar([clase](const DatosClase& d) { return d.clase == clase; });
+  Q_ASSERT(datos);
+  return *datos;
+}
+
+ClaseDocumento ClaseDe(TipoVenta venta) {
+  const auto* datos = buscar([venta](const DatosClase& d) { return d.venta == venta; });
+  Q_ASSERT(datos);
+  return datos->clase;
+}
+
+QString PalabraDe(TipoOperacion operacion) {
+  const auto* datos = buscar([operacion](const DatosClase& d) { return d.operacion == operacion; });
+  return datos ? datos->palabra.toString() : QString();
 }

@@ -16,10 +16,12 @@ void FijarCliente(CommitDocumento& c, const QString& tarjeta, const QString& loc
 
 void FijarTipoDocumento(CommitDocumento& c, const QString& ruc) {
   c.ruc = ruc;
-  c.o.tipoDoc = datosDe(c.clase).tipoDoc;
-  if (!c.o.tipoDoc.isEmpty()) return;
+  if (const auto propio = DatosDe(c.clase).documento) {
+    c.o.documento = *propio;
+    return;
+  }
   c.o.ruc = ReemplazarComilla(Recortar(ruc));
-  c.o.tipoDoc = c.o.ruc.isEmpty() ? QStringLiteral("02") : QStringLiteral("01");
+  c.o.documento = c.o.ruc.isEmpty() ? TipoDocumento::Boleta : TipoDocumento::Factura;
 }
 
 bool FijarFecha(Puesto& p, CommitDocumento& c) {
@@ -37,7 +39,7 @@ bool AbrirCajon(Puesto& p, CommitDocumento&) {
 }
 
 bool TomarCodigo(Puesto& p, CommitDocumento& c) {
-  const bool paralela = esParalela(c.clase);
+  const bool paralela = EsParalela(c.clase);
   SeleccionarImpresora(p, paralela ? p.ses.kPAR_IMPRESORA_ALTERNA : p.ses.kPAR_IMPRESORA);
   return CodigoOperacion(p, paralela, c.o.codigo);
 }
@@ -45,14 +47,14 @@ bool TomarCodigo(Puesto& p, CommitDocumento& c) {
 bool CargarCabecera(Puesto& p, CommitDocumento&) { return CargarCabeceraImpresion(p); }
 
 bool ReservarNumero(Puesto& p, CommitDocumento& c) {
-  if (!ReservarDocumento(p, c.o.tipoDoc, c.logReserva, c.documento)) return false;
+  if (!ReservarDocumento(p, c.o.documento, c.logReserva, c.documento)) return false;
   c.o.numero = c.documento.numero;
   c.o.serie = ReemplazarComilla(c.documento.serie);
   return true;
 }
 
 bool ImprimirTicket(Puesto& p, CommitDocumento& c) {
-  const bool paralela = esParalela(c.clase);
+  const bool paralela = EsParalela(c.clase);
   const int impresora = paralela ? kImpresoraAlterna : kImpresoraPrincipal;
   DatosTicket t;
   t.clase = c.clase;
@@ -82,11 +84,11 @@ bool ImprimirTicket(Puesto& p, CommitDocumento& c) {
 }
 
 bool VerificarNumero(Puesto& p, CommitDocumento& c) {
-  if (!VerificarNumeroDocumento(p, c.o.tipoDoc, c.logFinal, c.documento)) return false;
+  if (!VerificarNumeroDocumento(p, c.o.documento, c.logFinal, c.documento)) return false;
   c.o.numero = c.documento.numero;
   return true;
 }
 
 bool GuardarUltima(Puesto& p, CommitDocumento& c) {
-  return GuardarUltimaOperacion(p, c.o.tipoDoc, c.o.codigo, c.o.numero);
+  return GuardarUltimaOperacion(p, c.o.documento, c.o.codigo, c.o.numero);
 }

@@ -7,7 +7,7 @@
 #include "store/numeracion.h"
 
 struct CommitDocumento {
-  ClaseDocumento clase = kVentaExacta;
+  ClaseDocumento clase = ClaseDocumento::VentaExacta;
   DatosOperacion o;  // what the rows take; texts in it are safe to stand in a statement
   NumeroDocumento documento;
   NombreLog logReserva = kLogCajaFull, logFinal = kLogCajaFull;
@@ -25,7 +25,7 @@ struct CommitDocumento {
   int idLocal = 0;   // the customer's site, 0 when there is none
   EfectivoDocumento efectivo;
 
-  bool factura() const { return o.tipoDoc == u"01"; }
+  bool factura() const { return o.documento == TipoDocumento::Factura; }
 };
 
 // Card and site as they stand on the screen. A site that is no number is stored as NULL, since it stands bare.

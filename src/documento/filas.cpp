@@ -31,8 +31,8 @@ bool GrabarLinea(Puesto& p, const DatosOperacion& o, const LineaDocumento& l, co
                      " cDocSerie, cDocTipo, IdLocal"),
       QStringLiteral("$, '$', '$', '$', $, $, $, $, '$', $, '$', '$', $, $, '$', '$', '$', $"),
       {o.codigo, ReemplazarComilla(p.ses.psUsuario), o.tarjeta, l.cAlmaCode, l.cProdCode, l.cantidad, l.precio, 0,
-       o.fecha, o.tipo, p.ses.psCaja, p.ses.psTurno, l.conServicio ? p.ses.psPorcServ : QStringLiteral("0"), o.numero,
-       o.ruc, o.serie, o.tipoDoc, o.idLocal},
+       o.fecha, Codigo(o.tipo), p.ses.psCaja, p.ses.psTurno, l.conServicio ? p.ses.psPorcServ : QStringLiteral("0"),
+       o.numero, o.ruc, o.serie, Codigo(o.documento), o.idLocal},
       {QStringLiteral(", nDscto, cEmisor, cOpercodeanula, cSupervisor"),
        QStringLiteral(", $, '$', $, '$'"),
        {l.porcentaje, o.emisor, o.liquidacion, l.porcentaje != 0 ? ReemplazarComilla(supervisor) : QString()}});
@@ -45,7 +45,8 @@ bool GrabarEfectivo(Puesto& p, const DatosOperacion& o, const EfectivoDocumento&
                      " cOperTipo, cCajaCodi, cTurnoCodi, nMontoSoles, nVueltoDolares, cDocCodigo, cRuc, cDocSerie,"
                      " cDocTipo, IdLocal"),
       QStringLiteral("$, '$', '$', $, $, $, $, '$', $, '$', '$', $, $, $, '$', '$', '$', $"),
-      {o.codigo, ReemplazarComilla(p.ses.psUsuario), o.tarjeta, 0, 1, 0 - e.vueltoSoles, e.dolares, o.fecha, o.tipo,
-       p.ses.psCaja, p.ses.psTurno, e.soles, e.vueltoDolares, o.numero, o.ruc, o.serie, o.tipoDoc, o.idLocal},
+      {o.codigo, ReemplazarComilla(p.ses.psUsuario), o.tarjeta, 0, 1, 0 - e.vueltoSoles, e.dolares, o.fecha,
+       Codigo(o.tipo), p.ses.psCaja, p.ses.psTurno, e.soles, e.vueltoDolares, o.numero, o.ruc, o.serie,
+       Codigo(o.documento), o.idLocal},
       {QStringLiteral(", cEmisor, cOpercodeAnula"), QStringLiteral(", '$', $"), {o.emisor, o.liquidacion}});
 }

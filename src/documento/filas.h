@@ -4,6 +4,7 @@
 
 #include "documento/linea.h"
 #include "documento/totales.h"
+#include "store/codigos.h"
 
 struct Puesto;
 
@@ -13,8 +14,9 @@ struct DatosOperacion {
   QString tarjeta;  // 8 digits or ""
   QString idLocal;  // a number, or NULL
   QString fecha;    // DD/MM/YYYY hh:mm
-  int tipo = 1;     // cOperTipo of the row
-  QString tipoDoc, serie, ruc;
+  TipoOperacion tipo = TipoOperacion::Efectivo;
+  TipoDocumento documento = TipoDocumento::Boleta;
+  QString serie, ruc;
   qint64 numero = 0;
   QString emisor;          // "," and the card's code for each card payment
   qint64 liquidacion = 0;  // the liquidation that the document closes

@@ -15,7 +15,7 @@ bool GrabarParalela(Puesto& p, const DatosOperacion& o, const DatosParalela& d) 
                      " ($, $, '$', '$', $, $, $, $, $, '$', '$', '$', '$', '$', '$', $ ,$ ,$,'$',$,'$')");
   const EfectivoDocumento& e = d.efectivo;
   const QString sql = FormatearSQL(plantilla, {o.codigo,
-                                               o.tipo,
+                                               Codigo(o.tipo),
                                                o.fecha,
                                                o.tarjeta,
                                                d.moneda,
@@ -34,7 +34,7 @@ bool GrabarParalela(Puesto& p, const DatosOperacion& o, const DatosParalela& d) 
                                                e.vueltoDolares,
                                                o.serie,
                                                o.numero,
-                                               o.tipoDoc});
+                                               Codigo(o.documento)});
   return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sql, true);
 }
 
@@ -61,10 +61,10 @@ bool grabarDinero(Puesto& p, const DatosOperacion& o, const QString& serie, cons
       (emisor ? QStringLiteral(" cemisor,") : QString()) +
       QStringLiteral(" IdLocal)  VALUES ($, '$', '$', $, $, $, $, '$', $, '$', '$',$ ,$, '$', $, '$', $,") +
       (emisor ? QStringLiteral(" '',") : QString()) + QStringLiteral(" $)");
-  const QString sql =
-      FormatearSQL(plantilla, {o.codigo, ReemplazarComilla(p.ses.psUsuario), o.tarjeta, 0, 1, 0 - e.vueltoSoles,
-                               e.dolares, o.fecha, o.tipo, p.ses.psCaja, p.ses.psTurno, e.soles, e.vueltoDolares,
-                               ReemplazarComilla(serie), o.numero, o.tipoDoc, o.liquidacion, o.idLocal});
+  const QString sql = FormatearSQL(
+      plantilla, {o.codigo, ReemplazarComilla(p.ses.psUsuario), o.tarjeta, 0, 1, 0 - e.vueltoSoles, e.dolares, o.fecha,
+                  Codigo(o.tipo), p.ses.psCaja, p.ses.psTurno, e.soles, e.vueltoDolares, ReemplazarComilla(serie),
+                  o.numero, Codigo(o.documento), o.liquidacion, o.idLocal});
   return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sql, true);
 }
 

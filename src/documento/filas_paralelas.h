@@ -3,7 +3,7 @@
 // OperacionParalelaProducto, and the cash or card row that some of them leave in Operacion.
 #include "documento/filas.h"
 
-// What the row of a parallel document holds beside DatosOperacion, of which `tipo` is its kind (20 to 24). Amounts in
+// What the row of a parallel document holds beside DatosOperacion, of which `tipo` is its kind. Amounts in
 // the currency that their names say.
 struct DatosParalela {
   int moneda = 0;  // advance payments: 1 paid in soles, 2 in dollars

@@ -15,7 +15,7 @@ QString aLaDerecha(const QString& texto, int ancho) { return Derecha(Espacios(an
 
 QString cabecera(const DatosTicket& t) {
   QString s;
-  if (esParalela(t.clase)) return s;
+  if (EsParalela(t.clase)) return s;
   for (const QString& linea : t.cabecera) {
     if (!Recortar(linea).isEmpty()) s += LineaCentrada(linea);
   }
@@ -41,7 +41,7 @@ QString numero(const DatosTicket& t) {
 }
 
 QString palabra(const DatosTicket& t) {
-  QString p = datosDe(t.clase).palabra;
+  QString p = DatosDe(t.clase).palabra.toString();
   if (p.isEmpty() && t.dolares) {
     p = QStringLiteral("U$(TC: ") + Formatear(t.tipoCambio, u"###,##0.00") + QStringLiteral(")");
   }
@@ -66,7 +66,7 @@ QString notas(const DatosTicket& t) {
 }
 
 QString lineas(const DatosTicket& t) {
-  if (!datosDe(t.clase).llevaLineas) return {};
+  if (!DatosDe(t.clase).llevaLineas) return {};
   return t.forma.titulo + kFin + Separador() + kFin + notas(t) + articulos(t.lineas, t.forma);
 }
 
@@ -106,7 +106,7 @@ QString caja(const DatosTicket& t) {
 QString correlativo(const DatosTicket& t) { return QStringLiteral("         Correlativo: ") + t.correlativo; }
 
 QString lema(const DatosTicket& t) {
-  return esParalela(t.clase) ? QString()
+  return EsParalela(t.clase) ? QString()
                              : kFin + kFin + Espacios(3) + QStringLiteral("...LA FINCA ALDEBRA ES EL LUGAR!!!");
 }
 

@@ -48,7 +48,7 @@ struct NotaTicket {
 };
 
 struct DatosTicket {
-  ClaseDocumento clase = kVentaExacta;
+  ClaseDocumento clase = ClaseDocumento::VentaExacta;
   // Customer and document
   bool factura = false;
   QStringList cabecera;

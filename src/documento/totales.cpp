@@ -87,7 +87,7 @@ std::vector<RenglonTotal> TotalesVenta(ClaseDocumento clase, const CifrasVenta& 
   const double enTarjetas = tarjetas(r, c);
   if (c.liquidacion) {
     liquidacion(r, *c.liquidacion);
-  } else if (clase == kVentaVoucher) {
+  } else if (clase == ClaseDocumento::VentaVoucher) {
     siPositivo(r, QStringLiteral(" EFECTIVO S/."), c.total - enTarjetas);
     siPositivo(r, QStringLiteral(" VUELTO"), c.efectivo.vueltoSoles);
   } else {
@@ -99,15 +99,15 @@ std::vector<RenglonTotal> TotalesVenta(ClaseDocumento clase, const CifrasVenta& 
 std::vector<RenglonTotal> TotalesParalela(ClaseDocumento clase, const CifrasParalela& c) {
   Renglones r;
   switch (clase) {
-    case kOrdenConsumo:
+    case ClaseDocumento::OC:
       r.push_back(Total(QStringLiteral(" VALOR VTA"), c.total));
       servicio(r, c);
       if (c.liquidacion) liquidacion(r, *c.liquidacion);
       else efectivo(r, c.efectivo);
       break;
-    case kNotaConsumo: r.push_back(Total(QStringLiteral(" TOTAL S/."), c.total)); break;
-    case kPagoAdelantado: r.push_back(adelantado(QStringLiteral(" CASH/TL"), c)); break;
-    case kPagoAdelantadoVoucher: r.push_back(adelantado(QStringLiteral(" TARJETA"), c)); break;
+    case ClaseDocumento::NC: r.push_back(Total(QStringLiteral(" TOTAL S/."), c.total)); break;
+    case ClaseDocumento::PADE: r.push_back(adelantado(QStringLiteral(" CASH/TL"), c)); break;
+    case ClaseDocumento::PADV: r.push_back(adelantado(QStringLiteral(" TARJETA"), c)); break;
     default: liquidado(r, c);
   }
   return r;

@@ -12,7 +12,6 @@
 namespace {
 
 const QString kSinSaldo = QStringLiteral("-1");
-const QString kTipoLiquidacion = QStringLiteral("14");
 constexpr int kPuntosAcumulados = 2;  // cTranCode
 
 int enteroDe(double valor) {
@@ -104,7 +103,7 @@ void acumularEnCola(Puesto& p, Acumulacion& a) {
       true);
 }
 
-ClavePuntos clave(const CommitDocumento& c) { return {c.o.tipoDoc, c.documento.serie, c.documento.numero}; }
+ClavePuntos clave(const CommitDocumento& c) { return {Codigo(c.o.documento), c.documento.serie, c.documento.numero}; }
 
 // The statements of a take-back; `cliente` is filled as soon as it is known.
 bool extornar(Puesto& p, const QString& tarjeta, double total, int idLocal, const ClavePuntos& d, QString& cliente) {
@@ -131,7 +130,7 @@ int CalcularPuntos(const Puesto& p, double importe) {
 }
 
 bool GanaPuntos(const ClavePuntos& documento, const QString& tarjeta, double importe) {
-  return importe > 0 && !Recortar(tarjeta).isEmpty() && documento.tipo != kTipoLiquidacion;
+  return importe > 0 && !Recortar(tarjeta).isEmpty() && documento.tipo != Codigo(TipoDocumento::LIQPAD);
 }
 
 QString SaldoPuntos(Puesto& p, const QString& tarjeta, int idLocal) {

@@ -8,7 +8,7 @@
 
 struct Puesto;
 
-// The document that points belong to: "01" or "02" and "10" to "14", its series and number.
+// The document that points belong to: cDocTipo, series and number.
 struct ClavePuntos {
   QString tipo, serie;
   qint64 numero = 0;

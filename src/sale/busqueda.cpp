@@ -70,9 +70,10 @@ Consulta deDocumentos(TipoBusqueda tipo, const QString& texto) {
                            " ON Cliente.cClieCode = Tarjeta.cClieCode AND Cliente.IdLocal = Tarjeta.IdLocal"
                            " WHERE Tarjeta.nTarjNumb = b.nTarjNumb) as sName"
                            " FROM OperacionParalela b WHERE b.cEstado = '1' AND ") +
-            (tipo == TipoBusqueda::Liquidacion1 ? QStringLiteral("b.cOperTipo = 21")
-                                                : QStringLiteral("b.cOperTipo IN (22, 23)")) +
-            QStringLiteral(") x");
+            QStringLiteral("b.cOperTipo IN (") +
+            (tipo == TipoBusqueda::Liquidacion1 ? Codigos({TipoOperacion::NC})
+                                                : Codigos({TipoOperacion::PADE, TipoOperacion::PADV})) +
+            QStringLiteral(")) x");
   if (!texto.isEmpty()) {
     const QString parecido = QStringLiteral(" LIKE '%") + texto + QStringLiteral("%'");
     QStringList campos{QStringLiteral("sName"),
@@ -133,7 +134,6 @@ FilaBusqueda filaCliente(const Recordset::Fila& r) {
 }
 
 FilaBusqueda filaDocumento(const Recordset::Fila& r) {
-  const int tipo = static_cast<int>(AEntero(Numero(r[u"cOperTipo"])));
   const bool dolares = Numero(r[u"nMoneda"]) == 2;
   const QString moneda = dolares ? QStringLiteral("US$") : QStringLiteral("S/.");
   const QString monto = Formatear(Numero(dolares ? r[u"nMontoDolares"] : r[u"nMontoSoles"]), kImporte);
@@ -141,9 +141,7 @@ FilaBusqueda filaDocumento(const Recordset::Fila& r) {
   f.documento = {AEntero(Numero(r[u"cOperCode"])), moneda + u' ' + monto, LimpiarNulo(r[u"sGlosa"])};
   f.codigo = Rellenar(entero(r[u"cOperCode"]), 6, u'0');
   f.celdas = {entero(r[u"cOperCode"]),
-              tipo == 21   ? QStringLiteral("N/C")
-              : tipo == 23 ? QStringLiteral("PADV")
-                           : QStringLiteral("PADE"),
+              PalabraDe(static_cast<TipoOperacion>(AEntero(Numero(r[u"cOperTipo"])))),
               LimpiarNulo(r[u"nTarjNumb"]),
               LimpiarNulo(r[u"cDocSerie"]) + u'-' + entero(r[u"cDocCodigo"]),
               LimpiarNulo(r[u"sName"]) + QStringLiteral(" - ") + f.documento.glosa,

@@ -21,10 +21,10 @@ void BuscarAdelanto(CajaRegistradoraFull& v, PantallasVenta& pantallas) {
 }
 
 void VerAdelantos(CajaRegistradoraFull& v, PantallasVenta& pantallas) {
-  const bool emitiendo = v.nTipoVenta == kPADE || v.nTipoVenta == kPADV;
+  const bool emitiendo = v.nTipoVenta == TipoVenta::PADE || v.nTipoVenta == TipoVenta::PADV;
   const auto elegido = pantallas.buscarParalela(ListaParalela::PagoAdelantado, emitiendo);
   if (!elegido) return;
-  if (v.nTipoVenta == kNC) tomar(v, *elegido);
+  if (v.nTipoVenta == TipoVenta::NC) tomar(v, *elegido);
   else v.txtTX = QString::number(elegido->codigo);
 }
 
@@ -37,8 +37,8 @@ bool SalirAdelanto(Puesto& p, CajaRegistradoraFull& v, const QString& codigo) {
       !p.poDBAdmin.EjecutarConsulta(
           p.poCnnLocal,
           QStringLiteral("SELECT cOperCode, nMoneda, nMontoSoles, nMontoDolares, sGlosa FROM OperacionParalela"
-                         " WHERE cOperCode = %1 AND cOperTipo IN (22, 23) AND cEstado = '1'")
-              .arg(TextoDe(Val(tecleado))),
+                         " WHERE cOperCode = %1 AND cOperTipo IN (%2) AND cEstado = '1'")
+              .arg(TextoDe(Val(tecleado)), Codigos({TipoOperacion::PADE, TipoOperacion::PADV})),
           rs)) {
     return false;
   }

@@ -21,7 +21,7 @@ void vaciarVenta(Puesto& p, CajaRegistradoraFull& v) {
   OlvidarCliente(v);
   v.bAcceso = false;
   for (QString* campo : {&v.txtSoles, &v.txtDolares, &v.txtTotalPA, &v.txtTotalNC}) campo->clear();
-  PonerTipo(v, kEfectivo);
+  PonerTipo(v, TipoVenta::Efectivo);
   if (!v.bVoucherListo) {
     p.ses.poVoucher.clear();
     p.ses.poVoucherTotal = 0;
@@ -86,8 +86,8 @@ void PonerTipo(CajaRegistradoraFull& v, TipoVenta tipo) {
 }
 
 void CambiarTipo(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, TipoVenta tipo) {
-  if (tipo == kAnular || tipo == kRecaudacion) {
-    if (tipo == kAnular) {
+  if (tipo == TipoVenta::Anular || tipo == TipoVenta::Recaudacion) {
+    if (tipo == TipoVenta::Anular) {
       pantallas.anular();
       QuitarNoVigentes(p, v);
     } else {
@@ -96,7 +96,7 @@ void CambiarTipo(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, 
     tipo = v.tipos.front();
   }
   PonerTipo(v, tipo);
-  if (tipo == kLIQPAD) TotalesTX(p, v);
+  if (tipo == TipoVenta::LIQPAD) TotalesTX(p, v);
   else SumarLineas(p, v);
 }
 
@@ -105,7 +105,7 @@ bool VentaVacia(const CajaRegistradoraFull& v) { return v.lineas.size() == 1 && 
 bool SinEmpezar(const CajaRegistradoraFull& v) {
   const bool conMonto = LeerImporte(v.txtPagoAdelantado) > 0 || LeerImporte(v.txtPADEDolares) > 0;
   if (conMonto && pantallaDe(v.nTipoVenta).panel == PanelTipo::MontoAdelantado) return false;
-  if (v.nTipoVenta == kLIQPAD && !(v.lvwTX[0].empty() && v.lvwTX[1].empty())) return false;
+  if (v.nTipoVenta == TipoVenta::LIQPAD && !(v.lvwTX[0].empty() && v.lvwTX[1].empty())) return false;
   return VentaVacia(v);
 }
 

@@ -42,7 +42,7 @@ struct LineaTX {
 
 struct CajaRegistradoraFull : ClienteCaja {
   // State
-  int nTipoVenta = kEfectivo;
+  TipoVenta nTipoVenta = TipoVenta::Efectivo;
   std::vector<TipoVenta> tipos;  // entries of cboTipoVenta, in its order
   int pestana = 0;               // tab of SSTab1 in front
   bool bVoucherListo = false, bAcceso = false, bLiquidando = false, bConservarLineas = false;

@@ -26,11 +26,13 @@ const QString kConsultaTX =
 
 // The same column names are read for both lists; only one of `original` and `pade` is shown in each.
 LineaTX lineaDe(const Recordset::Fila& r) {
-  const int tipo = static_cast<int>(AEntero(Numero(r[u"cOperTipo"])));
+  const auto tipo = static_cast<TipoOperacion>(AEntero(Numero(r[u"cOperTipo"])));
   const bool dolares = Numero(r[u"nMoneda"]) == 2;
   LineaTX l;
   l.tx = LimpiarNulo(r[u"cOperCode"]);
-  l.tipo = tipo == 21 ? QStringLiteral("N/C") : tipo == 23 ? QStringLiteral("PADV") : QStringLiteral("PADE");
+  // Whatever is typed by hand enters the list; what is neither counts as an advance payment.
+  const bool propia = tipo == TipoOperacion::NC || tipo == TipoOperacion::PADV;
+  l.tipo = PalabraDe(propia ? tipo : TipoOperacion::PADE);
   l.doc = LimpiarNulo(r[u"cdocserie"]) + u'-' + LimpiarNulo(r[u"cdoccodigo"]);
   l.tarjeta = LimpiarNulo(r[u"nTarjNumb"]);
   l.total = Formatear(Numero(r[u"nMontoSoles"]), kImporte);
@@ -68,9 +70,10 @@ bool filasLiquidadas(Puesto& p, qint64 codigo, std::vector<FilaVenta>& filas) {
           QStringLiteral(" SELECT cAlmaCode, cProdCode, nProdCant as Cant,"
                          " nProdPrecUnit as Precio, nDscto As Dscto, nServicio as Servicio"
                          " From OperacionParalelaProducto WHERE cOperCode IN("
-                         " Select cOpercode From Operacionparalela Where cOperTipo= 21 and cOperflagAbierto=1"
+                         " Select cOpercode From Operacionparalela Where cOperTipo= %2 and cOperflagAbierto=1"
                          " and cEstado = '2' and cOpercodeRela = %1)")
-              .arg(codigo),
+              .arg(codigo)
+              .arg(Codigo(TipoOperacion::NC)),
           rs)) {
     return false;
   }
@@ -101,7 +104,7 @@ void TotalesTX(const Puesto& p, CajaRegistradoraFull& v) {
   const double pagado = suma(v.lvwTX[0]), consumido = suma(v.lvwTX[1]);
   v.txtTotalPA = Formatear(pagado, kImporte);
   v.txtTotalNC = Formatear(consumido, kImporte);
-  if (v.nTipoVenta != kLIQPAD) return;  // another kind's total is that of its lines
+  if (v.nTipoVenta != TipoVenta::LIQPAD) return;  // another kind's total is that of its lines
   v.txtSoles = Formatear(consumido - pagado, kImporte);
   v.txtDolares = Formatear(p.ses.pnTipoCambio > 0 ? (consumido - pagado) / p.ses.pnTipoCambio : 0, kImporte);
   v.txtEfectivoSoles = v.txtEfectivoDolares = v.txtVueltoSoles = v.txtVueltoDolares = QStringLiteral("0.00");
@@ -109,7 +112,9 @@ void TotalesTX(const Puesto& p, CajaRegistradoraFull& v) {
   CalculaVuelto(p, v);
 }
 
-bool EfectivoFijo(const CajaRegistradoraFull& v) { return v.nTipoVenta == kLIQPAD && LeerImporte(v.txtSoles) == 0; }
+bool EfectivoFijo(const CajaRegistradoraFull& v) {
+  return v.nTipoVenta == TipoVenta::LIQPAD && LeerImporte(v.txtSoles) == 0;
+}
 
 std::optional<Foco> AgregarTX(Puesto& p, CajaRegistradoraFull& v, int lista) {
   const auto i = static_cast<size_t>(lista);
@@ -173,8 +178,9 @@ bool CargaLiquidacion(Puesto& p, CajaRegistradoraFull& v, qint64 codigo) {
   v.bConservarLineas = true;
   Inicio(p, v);
   v.bConservarLineas = false;
-  v.tipos = v.bVoucherListo ? std::vector<TipoVenta>{kEfectivo, kVoucher, kOC} : std::vector<TipoVenta>{kEfectivo, kOC};
-  PonerTipo(v, v.bVoucherListo ? kVoucher : kEfectivo);
+  v.tipos = v.bVoucherListo ? std::vector<TipoVenta>{TipoVenta::Efectivo, TipoVenta::Voucher, TipoVenta::OC}
+                            : std::vector<TipoVenta>{TipoVenta::Efectivo, TipoVenta::OC};
+  PonerTipo(v, v.bVoucherListo ? TipoVenta::Voucher : TipoVenta::Efectivo);
   v.bLiquidando = true;
   CalculaTotales(p, v);
   return true;

@@ -13,12 +13,12 @@ constexpr int kLargoRotulo = 25;
 
 // In the order of their cycle.
 const struct {
-  int nTipoVenta;
+  ClaseDocumento clase;
   QString palabra;
 } kTipos[] = {
-    {kVentaExacta, QStringLiteral("CASH")},
-    {kVentaVoucher, QStringLiteral("VOUCHER")},
-    {kVentaConVuelto, QStringLiteral("C/VUELTO")},
+    {ClaseDocumento::VentaExacta, QStringLiteral("CASH")},
+    {ClaseDocumento::VentaVoucher, QStringLiteral("VOUCHER")},
+    {ClaseDocumento::VentaConVuelto, QStringLiteral("C/VUELTO")},
 };
 
 QString rotuloDe(const QString& descripcion) {
@@ -80,7 +80,7 @@ void AbrirRapida(Puesto& p, CajaRegistradora& v) {
   cargarTeclado(p, v);
   CargarLocales(p, v);
   LeerReglaPunto(p);
-  v.nTipoVenta = kVentaConVuelto;
+  v.clase = ClaseDocumento::VentaConVuelto;
 }
 
 bool CapturaDatosProducto(Puesto& p, CajaRegistradora& v, int nCodigo) {
@@ -104,7 +104,7 @@ bool CapturaDatosProducto(Puesto& p, CajaRegistradora& v, int nCodigo) {
   if (!v.bVentaIniciada) {
     v.bVentaIniciada = true;
     v.lineas.clear();
-    PonerTipoRapida(v, kVentaConVuelto);
+    PonerTipoRapida(v, ClaseDocumento::VentaConVuelto);
   }
   v.lineas.push_back(lineaDe(p, nCodigo, *rs.begin()));
   MostrarLinea(v);
@@ -129,21 +129,21 @@ void TotalVenta(CajaRegistradora& v) {
   v.lblTotal = cifra(QStringLiteral("TOT:"), v.nTotalVenta);
 }
 
-void PonerTipoRapida(CajaRegistradora& v, int nTipoVenta) {
+void PonerTipoRapida(CajaRegistradora& v, ClaseDocumento clase) {
   for (const auto& t : kTipos) {
-    if (t.nTipoVenta != nTipoVenta) continue;
-    v.nTipoVenta = nTipoVenta;
+    if (t.clase != clase) continue;
+    v.clase = clase;
     v.lblTipo = t.palabra;
   }
 }
 
 void SiguienteTipoVenta(Puesto& p, CajaRegistradora& v) {
-  int siguiente = v.nTipoVenta == kVentaExacta    ? kVentaVoucher
-                  : v.nTipoVenta == kVentaVoucher ? kVentaConVuelto
-                                                  : kVentaExacta;
-  if (siguiente == kVentaConVuelto && p.ses.pnTipoCambio == 0) {
+  ClaseDocumento siguiente = v.clase == ClaseDocumento::VentaExacta    ? ClaseDocumento::VentaVoucher
+                             : v.clase == ClaseDocumento::VentaVoucher ? ClaseDocumento::VentaConVuelto
+                                                                       : ClaseDocumento::VentaExacta;
+  if (siguiente == ClaseDocumento::VentaConVuelto && p.ses.pnTipoCambio == 0) {
     p.mensajes.mostrar(QStringLiteral("Para registrar ventas en dólares debe registrar el tipo de cambio"));
-    siguiente = kVentaExacta;
+    siguiente = ClaseDocumento::VentaExacta;
   }
   PonerTipoRapida(v, siguiente);
 }
@@ -152,7 +152,7 @@ void CancelarACTC(CajaRegistradora& v) {
   v.bVentaIniciada = false;
   v.lineas.clear();
   v.nTotalVenta = 0;
-  v.nTipoVenta = kVentaConVuelto;
+  v.clase = ClaseDocumento::VentaConVuelto;
   v.txtTarjeta.clear();
   OlvidarCliente(v);
   v.localVisible = false;

@@ -35,8 +35,8 @@ enum BotonRapida {
 
 // The customer's name, txtCliente on the screen, is the base's txtNombres.
 struct CajaRegistradora : ClienteCaja {
-  int nTipoVenta = kVentaConVuelto;  // CASH, VOUCHER or C/VUELTO, by the numbers of their documents
-  bool bVentaIniciada = false;       // a sale is on the screen: `lineas` has at least one
+  ClaseDocumento clase = ClaseDocumento::VentaConVuelto;  // CASH, VOUCHER or C/VUELTO
+  bool bVentaIniciada = false;                            // a sale is on the screen: `lineas` has at least one
   std::vector<LineaRapida> lineas;
   double nTotalVenta = 0;
   std::array<TeclaConArticulo, kTeclasProducto + 1> teclas;  // 1 to 24
@@ -64,8 +64,8 @@ void TotalVenta(CajaRegistradora& v);
 
 // The next kind: CASH, VOUCHER, C/VUELTO. Without a rate a box says so and C/VUELTO is passed over.
 void SiguienteTipoVenta(Puesto& p, CajaRegistradora& v);
-// Sets kind and lblTipo.
-void PonerTipoRapida(CajaRegistradora& v, int nTipoVenta);
+// Sets the kind, one of the three sales, and lblTipo.
+void PonerTipoRapida(CajaRegistradora& v, ClaseDocumento clase);
 
 // Clears the sale and its customer.
 void CancelarACTC(CajaRegistradora& v);

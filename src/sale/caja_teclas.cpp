@@ -44,7 +44,7 @@ Emision comprobarYEmitir(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pan
 // The voucher screen first. What it wrote into the cash fields goes again when the sale stays on the screen: the next
 // attempt asks for the cards anew.
 Foco pagarConTarjetas(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
-  if (v.nTipoVenta == kLIQPAD) VaciarLiquidacion(v);
+  if (v.nTipoVenta == TipoVenta::LIQPAD) VaciarLiquidacion(v);
   const auto cobro = pantallas.voucher({v.nTipoVenta, v.txtSoles, v.txtDolares, v.txtPagoAdelantado});
   if (!cobro) return {};
   const QString efectivo = v.txtEfectivoSoles, vuelto = v.txtVueltoSoles;
@@ -61,7 +61,7 @@ Foco pagarConTarjetas(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantal
 }
 
 Foco imprimirTickets(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
-  const bool conTarjetas = v.nTipoVenta == kVoucher || v.nTipoVenta == kPADV;
+  const bool conTarjetas = v.nTipoVenta == TipoVenta::Voucher || v.nTipoVenta == TipoVenta::PADV;
   if (conTarjetas && !v.bVoucherListo) return pagarConTarjetas(p, v, pantallas);
   return comprobarYEmitir(p, v, pantallas).foco;
 }

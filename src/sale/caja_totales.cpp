@@ -44,7 +44,7 @@ bool seCuenta(const FilaVenta& f) {
 }  // namespace
 
 void SumarLineas(const Puesto& p, CajaRegistradoraFull& v) {
-  if (v.nTipoVenta == kLIQPAD) return;
+  if (v.nTipoVenta == TipoVenta::LIQPAD) return;
   double total = 0;
   for (FilaVenta& f : v.lineas) {
     if (pantallaDe(v.nTipoVenta).llevaLineas && seCuenta(f)) total += calcularLinea(p, f);
@@ -55,7 +55,7 @@ void SumarLineas(const Puesto& p, CajaRegistradoraFull& v) {
 }
 
 void CalculaTotales(const Puesto& p, CajaRegistradoraFull& v) {
-  if (v.nTipoVenta == kLIQPAD) return;
+  if (v.nTipoVenta == TipoVenta::LIQPAD) return;
   const QString antes = v.txtSoles;
   SumarLineas(p, v);
   if (v.txtSoles != antes) CalculaEfectivo(p, v);
@@ -74,7 +74,7 @@ void CuadraPago(const Puesto& p, CajaRegistradoraFull& v) {
   if (enDolares >= total) v.txtEfectivoSoles = QStringLiteral("0.00");
 
   // A liquidation takes no cash that nobody has counted: only dollars typed settle what is left in soles.
-  const bool sinContar = v.nTipoVenta == kLIQPAD && total > 0 && enDolares == 0;
+  const bool sinContar = v.nTipoVenta == TipoVenta::LIQPAD && total > 0 && enDolares == 0;
   if (tipoConEfectivo(v.nTipoVenta) && !v.efectivoTecleado && !sinContar) {
     const qint64 falta = total - enDolares + centimos(v.txtVueltoSoles);
     if (falta < 0) v.txtVueltoSoles = texto(-falta);

@@ -28,7 +28,7 @@ bool totalizar(Puesto& p, Venta& c) {
   x.servicio = c.servicio;
   x.porcServ = p.ses.psPorcServ;
   x.efectivo = c.efectivo;
-  if (c.clase == kVentaVoucher || (c.v.bLiquidando && c.v.bVoucherListo)) x.voucher = p.ses.poVoucher;
+  if (c.clase == ClaseDocumento::VentaVoucher || (c.v.bLiquidando && c.v.bVoucherListo)) x.voucher = p.ses.poVoucher;
   if (c.v.bLiquidando) x.liquidacion = {EfectivoDe(c.v, true), LeerImporte(c.v.txtliqpade)};
   c.totales = TotalesVenta(c.clase, x);
   return true;
@@ -36,7 +36,7 @@ bool totalizar(Puesto& p, Venta& c) {
 
 bool grabarLineas(Puesto& p, Venta& c) {
   for (const auto& pago : p.ses.poVoucher) c.o.emisor += u',' + ReemplazarComilla(Recortar(pago.cod_tar));
-  c.o.tipo = c.v.bLiquidando ? 3 : c.v.nTipoVenta;
+  c.o.tipo = c.v.bLiquidando ? TipoOperacion::Liquidado : DatosDe(c.clase).operacion;
   c.o.liquidacion = c.v.bLiquidando ? AEntero(Val(c.v.txtLiq)) : 0;
   for (const auto& linea : c.lineas) {
     if (!GrabarLinea(p, c.o, linea, c.v.txtsupervisor)) return false;
@@ -47,7 +47,8 @@ bool grabarLineas(Puesto& p, Venta& c) {
 bool grabarEfectivo(Puesto& p, Venta& c) {
   c.efectivo = EfectivoDe(c.v, false);
   if (c.efectivo.soles <= 0 && c.efectivo.dolares <= 0) return true;
-  c.o.tipo = c.v.bLiquidando ? 3 : 1;  // also for the cash part of a voucher sale
+  c.o.tipo =
+      c.v.bLiquidando ? TipoOperacion::Liquidado : TipoOperacion::Efectivo;  // also for the cash part of a voucher sale
   return GrabarEfectivo(p, c.o, c.efectivo);
 }
 
@@ -100,12 +101,12 @@ bool pasos::PagarExacto(Puesto&, Venta& c) {
 }
 
 bool pasos::TomarLineas(Puesto& p, Venta& c) {
-  if (c.clase != kVentaVoucher && !c.v.bVoucherListo) {
+  if (c.clase != ClaseDocumento::VentaVoucher && !c.v.bVoucherListo) {
     p.ses.poVoucher.clear();
     p.ses.poVoucherTotal = 0;
   }
-  if (c.clase == kVentaExacta && !(esCero(c.v.txtVueltoSoles) && esCero(c.v.txtVueltoDolares)))
-    c.clase = kVentaConVuelto;
+  if (c.clase == ClaseDocumento::VentaExacta && !(esCero(c.v.txtVueltoSoles) && esCero(c.v.txtVueltoDolares)))
+    c.clase = ClaseDocumento::VentaConVuelto;
   FijarCliente(c, c.v.txtTarjeta, c.v.txtLocal);
   if (!pantallaDe(c.v.nTipoVenta).llevaLineas) return true;
   for (const auto& fila : c.v.lineas) {
@@ -117,7 +118,7 @@ bool pasos::TomarLineas(Puesto& p, Venta& c) {
 }
 
 bool pasos::LeerImportes(Puesto&, Venta& c) {
-  const bool deLiquidacion = c.v.bVoucherListo && (c.v.bLiquidando || c.clase == kLiquidacionPad);
+  const bool deLiquidacion = c.v.bVoucherListo && (c.v.bLiquidando || c.clase == ClaseDocumento::LIQPAD);
   c.total = LeerImporte(c.v.txtSoles);
   c.efectivo = EfectivoDe(c.v, deLiquidacion);
   return true;
@@ -128,7 +129,7 @@ bool pasos::Cuadrar(Puesto& p, Venta& c) {
     LeerImportes(p, c);
     const double entra = Redondear(p.ses.pnTipoCambio * c.efectivo.dolares + c.efectivo.soles, 2);
     const double sale = Redondear(p.ses.pnTipoCambio * c.efectivo.vueltoDolares + c.efectivo.vueltoSoles, 2);
-    if (!datosDe(c.clase).cuadra || Redondear(entra - sale, 2) == Redondear(c.total, 2)) break;
+    if (!DatosDe(c.clase).cuadra || Redondear(entra - sale, 2) == Redondear(c.total, 2)) break;
     p.mensajes.mostrar(QStringLiteral("Ocurrio un error de Cálculo"));
   }
   return true;
@@ -271,26 +272,23 @@ const Paso<Venta> kPasosLiquidacion[] = {
 };
 
 const struct {
-  TipoVenta tipo;
   ClaseDocumento clase;
   std::span<const Paso<Venta>> pasos;
 } kCommits[] = {
-    {kEfectivo, kVentaExacta, kPasosVenta},
-    {kVoucher, kVentaVoucher, kPasosVenta},
-    {kOC, kOrdenConsumo, kPasosOrden},
-    {kNC, kNotaConsumo, kPasosNota},
-    {kPADE, kPagoAdelantado, kPasosAdelanto},
-    {kPADV, kPagoAdelantadoVoucher, kPasosAdelantoVoucher},
-    {kLIQPAD, kLiquidacionPad, kPasosLiquidacion},
+    {ClaseDocumento::VentaExacta, kPasosVenta},  {ClaseDocumento::VentaVoucher, kPasosVenta},
+    {ClaseDocumento::OC, kPasosOrden},           {ClaseDocumento::NC, kPasosNota},
+    {ClaseDocumento::PADE, kPasosAdelanto},      {ClaseDocumento::PADV, kPasosAdelantoVoucher},
+    {ClaseDocumento::LIQPAD, kPasosLiquidacion},
 };
 
 }  // namespace
 
 bool GrabarVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
   bool hecho = false;
+  const ClaseDocumento clase = ClaseDe(v.nTipoVenta);
   for (const auto& commit : kCommits) {
-    if (commit.tipo != v.nTipoVenta) continue;
-    Venta venta(v, pantallas, commit.clase);
+    if (commit.clase != clase) continue;
+    Venta venta(v, pantallas, clase);
     hecho = EjecutarPasos<Venta>(p, venta, commit.pasos) == nullptr;
     break;
   }

@@ -41,13 +41,8 @@ QString consultaNota(qint64 codigo) {
 }
 
 qint64 relacionDe(const Venta& c) {
-  if (c.clase == kNotaConsumo) return AEntero(Val(c.v.txtTX));
-  return c.clase == kOrdenConsumo && c.v.bLiquidando ? AEntero(Val(c.v.txtLiq)) : 0;
-}
-
-// Only these leave a row in Operacion, which carries the series of the boletas.
-bool dejaDinero(ClaseDocumento clase) {
-  return clase == kOrdenConsumo || clase == kLiquidacionPad || clase == kPagoAdelantadoVoucher;
+  if (c.clase == ClaseDocumento::NC) return AEntero(Val(c.v.txtTX));
+  return c.clase == ClaseDocumento::OC && c.v.bLiquidando ? AEntero(Val(c.v.txtLiq)) : 0;
 }
 
 }  // namespace
@@ -109,7 +104,7 @@ bool pasos::GuardarCifras(Puesto&, Venta& c) {
 
 bool pasos::FijarParalela(Puesto& p, Venta& c) {
   DatosParalela& d = c.paralela;
-  c.o.tipo = c.clase;
+  c.o.tipo = DatosDe(c.clase).operacion;
   d.efectivo = c.efectivo;
   if (d.moneda == 0) {
     d.montoSoles = c.total;
@@ -117,10 +112,11 @@ bool pasos::FijarParalela(Puesto& p, Venta& c) {
     d.efectivo.soles = qMax(0.0, d.efectivo.soles);
     d.efectivo.dolares = qMax(0.0, d.efectivo.dolares);
   }
-  if (c.clase == kOrdenConsumo) c.v.txtGlosa = c.v.txtNombres;
+  if (c.clase == ClaseDocumento::OC) c.v.txtGlosa = c.v.txtNombres;
   d.glosa = c.v.txtGlosa;
   d.relacion = relacionDe(c);
-  if (dejaDinero(c.clase) && !SerieDeBoletas(p, c.serieDinero)) return false;
+  // The row of the money carries the series of the boletas.
+  if (DatosDe(c.clase).dejaDinero && !SerieDeBoletas(p, c.serieDinero)) return false;
 
   CifrasParalela x;
   x.total = c.total;
@@ -143,7 +139,7 @@ bool pasos::RechazarRepetida(Puesto& p, Venta& c) {
   if (!EsRepetida(p, c.o, c.paralela, repetida)) return false;
   if (!repetida) return true;
   // The number goes back; any failure has shown its box.
-  (void)GuardarUltimaOperacion(p, c.o.tipoDoc, c.o.codigo - 1, c.o.numero - 1);
+  (void)GuardarUltimaOperacion(p, c.o.documento, c.o.codigo - 1, c.o.numero - 1);
   return false;
 }
 
@@ -159,14 +155,16 @@ bool pasos::GrabarLineas(Puesto& p, Venta& c) {
 bool pasos::GrabarEfectivo(Puesto& p, Venta& c) {
   const EfectivoDocumento& e = c.paralela.efectivo;
   if (e.soles <= 0 && e.dolares <= 0) return true;
-  c.o.tipo = c.v.bLiquidando ? 3 : c.v.bVoucherListo && e.soles == 0 ? 2 : 1;
+  c.o.tipo = c.v.bLiquidando                     ? TipoOperacion::Liquidado
+             : c.v.bVoucherListo && e.soles == 0 ? TipoOperacion::Voucher
+                                                 : TipoOperacion::Efectivo;
   c.o.liquidacion = c.v.bLiquidando ? AEntero(Val(c.v.txtLiq)) : 0;
   return GrabarEfectivoParalelo(p, c.o, c.serieDinero, e);
 }
 
 bool pasos::GrabarTarjetas(Puesto& p, Venta& c) {
   if (!c.v.bVoucherListo) return true;
-  c.o.tipo = 2;
+  c.o.tipo = TipoOperacion::Voucher;
   const EfectivoDocumento& e = c.paralela.efectivo;
   return GrabarTarjetaParalela(p, c.o, c.serieDinero, c.total - e.soles + e.vueltoSoles);
 }

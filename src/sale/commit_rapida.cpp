@@ -26,7 +26,7 @@ const FormaLineas kForma{QStringLiteral("Producto           Cant. Precio SubTot.
 
 struct VentaRapida : CommitDocumento {
   VentaRapida(CajaRegistradora& caja, PantallasVenta& otras) : v(caja), pantallas(otras) {
-    clase = static_cast<ClaseDocumento>(v.nTipoVenta);
+    clase = v.clase;
     o.breve = true;
     forma = kForma;
     logReserva.sinCentral = QStringLiteral("Error_Rapida_1");
@@ -44,7 +44,7 @@ bool fijarDocumento(Puesto&, VentaRapida& c) {
 
 // The desk sells on when its counter can't be read; the check before the ticket holds any number against what is stored.
 bool leerNumero(Puesto& p, VentaRapida& c) {
-  if (LeerNumeroDocumento(p, c.o.tipoDoc, c.documento)) return true;
+  if (LeerNumeroDocumento(p, c.o.documento, c.documento)) return true;
   const auto parametro = [&p](const QString& clave) {
     return LeerParametro(p, QStringLiteral("PARAMETROS"), clave, p.ses.psArchivoCfg);
   };
@@ -72,8 +72,8 @@ bool totalizar(Puesto&, VentaRapida& c) {
 }
 
 bool cobrar(Puesto&, VentaRapida& c) {
-  if (c.clase == kVentaExacta) c.efectivo.soles = c.total;
-  if (c.clase != kVentaConVuelto) return true;
+  if (c.clase == ClaseDocumento::VentaExacta) c.efectivo.soles = c.total;
+  if (c.clase != ClaseDocumento::VentaConVuelto) return true;
   const auto pago = c.pantallas.pagoEfectivo(c.total);
   if (pago) c.efectivo = *pago;
   return pago.has_value();
@@ -81,8 +81,8 @@ bool cobrar(Puesto&, VentaRapida& c) {
 
 // Number and series against what is stored; from here on they are used.
 bool reservarNumero(Puesto& p, VentaRapida& c) {
-  if (!VerificarNumeroDocumento(p, c.o.tipoDoc, c.logReserva, c.documento) ||
-      !GuardarNumeroDocumento(p, c.o.tipoDoc, c.documento)) {
+  if (!VerificarNumeroDocumento(p, c.o.documento, c.logReserva, c.documento) ||
+      !GuardarNumeroDocumento(p, c.o.documento, c.documento)) {
     return false;
   }
   c.o.serie = ReemplazarComilla(c.documento.serie);
@@ -119,13 +119,13 @@ bool escribirTotales(Puesto& p, VentaRapida& c) {
     servicio();
     renglon(QStringLiteral(" TOTAL"), c.total);
   } else {
-    renglon(c.clase == kVentaExacta    ? QStringLiteral(" EFECTIVO")
-            : c.clase == kVentaVoucher ? QStringLiteral(" VOUCHER")
-                                       : QStringLiteral(" TOTAL VTA"),
+    renglon(c.clase == ClaseDocumento::VentaExacta    ? QStringLiteral(" EFECTIVO")
+            : c.clase == ClaseDocumento::VentaVoucher ? QStringLiteral(" VOUCHER")
+                                                      : QStringLiteral(" TOTAL VTA"),
             c.total);
     servicio();
   }
-  if (c.clase != kVentaConVuelto) return true;
+  if (c.clase != ClaseDocumento::VentaConVuelto) return true;
   const std::pair<QString, double> pagos[] = {{QStringLiteral(" EFECTIVO(S/)"), c.efectivo.soles},
                                               {QStringLiteral(" EFECTIVO(U$)"), c.efectivo.dolares},
                                               {QStringLiteral(" VUELTO(S/)"), c.efectivo.vueltoSoles},
@@ -137,7 +137,7 @@ bool escribirTotales(Puesto& p, VentaRapida& c) {
 }
 
 bool grabarLineas(Puesto& p, VentaRapida& c) {
-  c.o.tipo = c.clase == kVentaVoucher ? 2 : 1;
+  c.o.tipo = DatosDe(c.clase).operacion;
   for (const auto& linea : c.lineas) {
     if (!GrabarLinea(p, c.o, linea, {})) return false;
   }
@@ -146,12 +146,12 @@ bool grabarLineas(Puesto& p, VentaRapida& c) {
 
 // The card pays a voucher sale whole.
 bool grabarEfectivo(Puesto& p, VentaRapida& c) {
-  return c.clase == kVentaVoucher || GrabarEfectivo(p, c.o, c.efectivo);
+  return c.clase == ClaseDocumento::VentaVoucher || GrabarEfectivo(p, c.o, c.efectivo);
 }
 
 bool limpiar(Puesto&, VentaRapida& c) {
   CancelarACTC(c.v);
-  c.v.nTipoVenta = kVentaExacta;
+  c.v.clase = ClaseDocumento::VentaExacta;
   return true;
 }
 

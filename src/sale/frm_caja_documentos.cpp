@@ -19,7 +19,7 @@ void frmCajaRegistradoraFull::enlazarDocumentos() {
   }
   adelanto_.txtPADE->alSalir = [this] { con([this] { SalirAdelanto(p_, v_, v_.txtPADE); }); };
   adelanto_.txtTX->alSalir = [this] {
-    if (v_.nTipoVenta == kNC) con([this] { SalirAdelanto(p_, v_, v_.txtTX); });
+    if (v_.nTipoVenta == TipoVenta::NC) con([this] { SalirAdelanto(p_, v_, v_.txtTX); });
   };
   connect(adelanto_.cmdBuscaPago, &QPushButton::clicked, this, [this] { buscarAdelanto(); });
   connect(adelanto_.cmdPagoAdelantado, &QPushButton::clicked, this, [this] {

@@ -427,7 +427,7 @@ void frmCajaRegistradoraFull::trasTarjeta(ResultadoTarjeta r) {
 void frmCajaRegistradoraFull::espacio() {
   auto* campo = qobject_cast<QLineEdit*>(focusWidget());
   if (campo && campo->property("textoLibre").toBool()) campo->insert(QStringLiteral(" "));
-  else if (v_.nTipoVenta != kPADE && v_.nTipoVenta != kPADV) pulsar(1);
+  else if (v_.nTipoVenta != TipoVenta::PADE && v_.nTipoVenta != TipoVenta::PADV) pulsar(1);
 }
 
 void frmCajaRegistradoraFull::verPestana(int n) {
@@ -447,7 +447,7 @@ void frmCajaRegistradoraFull::enfocar(const Foco& foco) {
 }
 
 void frmCajaRegistradoraFull::irALineas() {
-  if (v_.nTipoVenta == kLIQPAD) {
+  if (v_.nTipoVenta == TipoVenta::LIQPAD) {
     enfocar(liquidacion_.txtTXL[0]);
     return;
   }

@@ -3,13 +3,14 @@
 #include <QString>
 #include <optional>
 
+#include "documento/clase.h"
 #include "documento/totales.h"
 
 struct VentaEnCurso;
 
 // What the voucher screen is opened with: the kind of sale and texts of the register.
 struct PedidoVoucher {
-  int nTipoVenta = 0;
+  TipoVenta nTipoVenta{};
   QString txtSoles, txtDolares, txtPagoAdelantado;
 };
 

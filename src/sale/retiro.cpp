@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr int kTipoRetiro = 5;
 constexpr int kMargenCabecera = 14;
 constexpr int kPuntosMonto = 9;
 const QString kFinLinea = QStringLiteral("\r\n");
@@ -30,7 +29,7 @@ bool grabar(Puesto& p, double importe, qint64 codigo, const QDateTime& momento) 
       QStringLiteral("INSERT INTO OPERACION (cOperCode, cUserDesc, nProdCant, nProdPrecUnit, dOperFech, cOperTipo, "
                      "cCajaCodi, cTurnoCodi) VALUES($, '$', $, $, '$', $, '$', '$')"),
       {codigo, ReemplazarComilla(p.ses.psUsuario), 1, importe, FormatearFecha(momento, u"DD/MM/YYYY hh:mm"),
-       kTipoRetiro, ReemplazarComilla(p.ses.psCaja), ReemplazarComilla(p.ses.psTurno)});
+       Codigo(TipoOperacion::Retiro), ReemplazarComilla(p.ses.psCaja), ReemplazarComilla(p.ses.psTurno)});
   return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sql, true);
 }
 

@@ -3,18 +3,7 @@
 #include <QString>
 #include <vector>
 
-// Kinds of sale as the list cboTipoVenta numbers them.
-enum TipoVenta {
-  kEfectivo = 1,
-  kVoucher = 2,
-  kOC = 4,
-  kNC = 5,
-  kPADE = 6,
-  kPADV = 7,
-  kLIQPAD = 8,
-  kAnular = 9,
-  kRecaudacion = 10
-};
+#include "documento/clase.h"
 
 // The panel that a kind adds to the screen.
 enum class PanelTipo {
@@ -40,7 +29,9 @@ struct PantallaTipo {
 const std::vector<PantallaTipo>& tiposDeVenta();
 
 // The row of a kind. `tipo` must be one of the nine.
-const PantallaTipo& pantallaDe(int tipo);
+const PantallaTipo& pantallaDe(TipoVenta tipo);
 
 // Whether cash is counted in this kind.
-inline bool tipoConEfectivo(int tipo) { return tipo == kEfectivo || tipo == kOC || tipo == kLIQPAD; }
+inline bool tipoConEfectivo(TipoVenta tipo) {
+  return tipo == TipoVenta::Efectivo || tipo == TipoVenta::OC || tipo == TipoVenta::LIQPAD;
+}

@@ -67,7 +67,7 @@ void RecibirVenta(CajaRegistradora& v, const VentaEnCurso& venta) {
   if (venta.lineas.empty()) return;
   v.lineas = venta.lineas;
   v.bVentaIniciada = true;
-  PonerTipoRapida(v, kVentaConVuelto);
+  PonerTipoRapida(v, ClaseDocumento::VentaConVuelto);
   MostrarLinea(v);
 }
 

@@ -38,7 +38,7 @@ void AbrirVoucher(Puesto& p, const PedidoVoucher& pedido, CajaVoucher& v) {
   if (p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("select cod_tar,descrip from tipo_tarjeta"), rs)) {
     for (const auto& r : rs) v.emisores.push_back({LimpiarNulo(r[u"cod_tar"]), LimpiarNulo(r[u"descrip"])});
   }
-  const bool adelanto = pedido.nTipoVenta == kPADV;
+  const bool adelanto = pedido.nTipoVenta == TipoVenta::PADV;
   v.txtSoles = ImporteTecleado(adelanto ? pedido.txtPagoAdelantado : pedido.txtSoles, kImporte);
   v.txtDolares = adelanto ? QString() : pedido.txtDolares;
   v.txtEfectivoSoles = adelanto ? QStringLiteral("0.00") : v.txtSoles;

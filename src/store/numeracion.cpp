@@ -11,14 +11,16 @@
 namespace {
 
 // clang-format off
-const struct { const char *tipo, *serie; } kSeries[] = {
-    {"01", "F01"}, {"02", "B01"}, {"10", "OC1"}, {"11", "NC1"}, {"12", "PA1"}, {"13", "PV1"}, {"14", "LQ1"},
+const struct { TipoDocumento tipo; QStringView serie; } kSeries[] = {
+    {TipoDocumento::Factura, u"F01"}, {TipoDocumento::Boleta, u"B01"}, {TipoDocumento::OC, u"OC1"},
+    {TipoDocumento::NC, u"NC1"},      {TipoDocumento::PADE, u"PA1"},   {TipoDocumento::PADV, u"PV1"},
+    {TipoDocumento::LIQPAD, u"LQ1"},
 };
 // clang-format on
 
-QString serieInicial(const QString& tipo) {
+QString serieInicial(TipoDocumento tipo) {
   for (const auto& s : kSeries) {
-    if (tipo == QLatin1String(s.tipo)) return QString::fromLatin1(s.serie);
+    if (tipo == s.tipo) return s.serie.toString();
   }
   return {};
 }
@@ -26,16 +28,16 @@ QString serieInicial(const QString& tipo) {
 // Of the fiscal documents of a desk that has issued none.
 QString serieDeCaja(const Puesto& p) { return u'0' + Derecha(p.ses.psCaja, 2); }
 
-// Boletas and facturas share one run of numbers, kept in the row "02".
-QString filaDe(const QString& tipo) { return tipo == u"01" ? QStringLiteral("02") : tipo; }
+// The code of the row that keeps the numbers of a type.
+QString filaDe(TipoDocumento tipo) { return Codigo(EsFiscal(tipo) ? TipoDocumento::Boleta : tipo); }
 
-bool crearFila(Puesto& p, const QString& tipo) {
+bool crearFila(Puesto& p, TipoDocumento tipo) {
   return p.poDBAdmin.EjecutarSentencia(
       p.poCnnLocal,
       QStringLiteral(
           "INSERT INTO Config_Documento (cTipoDoc,cOperCode,nDocCodigo,cSerieDoc,cUserDesc,dUltAct,observacion) "
           " VALUES ('%1',0, 0, '%2','',#%3#,'Primer Registro') ")
-          .arg(tipo, serieInicial(tipo), FormatearFecha(p.reloj.now(), u"mm/dd/yyyy")),
+          .arg(Codigo(tipo), serieInicial(tipo), FormatearFecha(p.reloj.now(), u"mm/dd/yyyy")),
       true);
 }
 
@@ -55,7 +57,8 @@ qint64 maximoCentral(Puesto& p) {
   const bool bien = consultarCifra(
       p, central,
       QStringLiteral("select isnull(max(cast(NroDoc as int)),0) as maximo from venta01  WHERE cCodCaja='") +
-          p.ses.psCaja + QStringLiteral("' AND TipoDoc in ('01','02')"),
+          p.ses.psCaja + QStringLiteral("' AND TipoDoc in (") +
+          Codigos({TipoDocumento::Factura, TipoDocumento::Boleta}) + QStringLiteral(")"),
       u"maximo", maximo);
   p.poDBAdmin.CerrarBD(central);
   return bien ? maximo : 0;
@@ -171,8 +174,6 @@ void reparar(Puesto& p, const Reparacion& r) {
 
 }  // namespace
 
-bool esFiscal(const QString& tipo) { return tipo == u"01" || tipo == u"02"; }
-
 bool CodigoOperacion(Puesto& p, bool paralela, qint64& codigo) {
   if (!consultarCifra(p, p.poCnnLocal,
                       QStringLiteral("SELECT MAX(cOperCode) AS maximo FROM ") +
@@ -189,7 +190,9 @@ bool SerieDeBoletas(Puesto& p, QString& serie) {
   if (!serie.isEmpty()) return true;
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                    QStringLiteral("SELECT cSerieDoc FROM Config_Documento WHERE cTipoDoc='02'"), rs)) {
+                                    QStringLiteral("SELECT cSerieDoc FROM Config_Documento WHERE cTipoDoc='%1'")
+                                        .arg(Codigo(TipoDocumento::Boleta)),
+                                    rs)) {
     return false;
   }
   serie = LimpiarNulo(rs[u"cSerieDoc"]);
@@ -197,7 +200,7 @@ bool SerieDeBoletas(Puesto& p, QString& serie) {
   return true;
 }
 
-bool LeerNumeroDocumento(Puesto& p, const QString& tipo, NumeroDocumento& n) {
+bool LeerNumeroDocumento(Puesto& p, TipoDocumento tipo, NumeroDocumento& n) {
   Recordset rs;
   const QString fila = filaDe(tipo);
   if (!p.poDBAdmin.EjecutarConsulta(
@@ -210,34 +213,37 @@ bool LeerNumeroDocumento(Puesto& p, const QString& tipo, NumeroDocumento& n) {
   NumeroDocumento nuevo;
   nuevo.numero = AEntero(Numero(rs[u"nDocCodigo"])) + 1;
   nuevo.serie = LimpiarNulo(rs[u"cSerieDoc"]);
-  if (nuevo.serie.isEmpty()) nuevo.serie = esFiscal(tipo) ? serieDeCaja(p) : serieInicial(tipo);
-  if (tipo == u"01") p.ses.psSerieFactura = nuevo.serie;
-  if (tipo == u"02") p.ses.psSerieBoleta = nuevo.serie;
+  if (nuevo.serie.isEmpty()) nuevo.serie = EsFiscal(tipo) ? serieDeCaja(p) : serieInicial(tipo);
+  if (tipo == TipoDocumento::Factura) p.ses.psSerieFactura = nuevo.serie;
+  if (tipo == TipoDocumento::Boleta) p.ses.psSerieBoleta = nuevo.serie;
   n = nuevo;
   return true;
 }
 
-bool VerificarNumeroDocumento(Puesto& p, const QString& tipo, const NombreLog& log, NumeroDocumento& n) {
-  const bool fiscal = esFiscal(tipo);
+bool VerificarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& log, NumeroDocumento& n) {
+  const bool fiscal = EsFiscal(tipo);
   const qint64 central = fiscal ? maximoCentral(p) : 0;
   qint64 maximo = 0;
   const QString sql =
-      fiscal
-          ? QStringLiteral("SELECT MAX(cDocCodigo) AS maximo FROM Operacion WHERE cDocTipo IN ('01','02')")
-          : QStringLiteral("SELECT MAX(cDocCodigo) AS maximo FROM OperacionParalela WHERE cDocTipo = '%1'").arg(tipo);
+      fiscal ? QStringLiteral("SELECT MAX(cDocCodigo) AS maximo FROM Operacion WHERE cDocTipo IN (%1)")
+                   .arg(Codigos({TipoDocumento::Factura, TipoDocumento::Boleta}))
+             : QStringLiteral("SELECT MAX(cDocCodigo) AS maximo FROM OperacionParalela WHERE cDocTipo = '%1'")
+                   .arg(Codigo(tipo));
   if (!consultarCifra(p, p.poCnnLocal, sql, u"maximo", maximo)) return false;
   maximo = std::max(maximo, central);
   if (maximo <= 0 || maximo + 1 == n.numero) return true;
   const qint64 viejo = n.numero;
   n.numero = maximo + 1;
-  dejarLog(p, (central != 0 ? log.conCentral : log.sinCentral) + tipo + QString::number(viejo) + QStringLiteral(".log"),
-           viejo, n.numero);
+  dejarLog(
+      p,
+      (central != 0 ? log.conCentral : log.sinCentral) + Codigo(tipo) + QString::number(viejo) + QStringLiteral(".log"),
+      viejo, n.numero);
   p.mensajes.mostrar(QStringLiteral("Ocurrio un error en la numeración, se asignará el ") + QString::number(n.numero) +
                      QStringLiteral(" al documento "));
   return true;
 }
 
-bool GuardarNumeroDocumento(Puesto& p, const QString& tipo, const NumeroDocumento& n) {
+bool GuardarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NumeroDocumento& n) {
   return p.poDBAdmin.EjecutarSentencia(
       p.poCnnLocal,
       QStringLiteral("UPDATE Config_Documento  SET cSerieDoc='%1', nDocCodigo=%2  WHERE cTipodoc='%3'")
@@ -245,7 +251,7 @@ bool GuardarNumeroDocumento(Puesto& p, const QString& tipo, const NumeroDocument
       true);
 }
 
-bool ReservarDocumento(Puesto& p, const QString& tipo, const NombreLog& log, NumeroDocumento& n) {
+bool ReservarDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& log, NumeroDocumento& n) {
   NumeroDocumento nuevo;
   if (!LeerNumeroDocumento(p, tipo, nuevo) || !VerificarNumeroDocumento(p, tipo, log, nuevo) ||
       !GuardarNumeroDocumento(p, tipo, nuevo)) {
@@ -255,12 +261,12 @@ bool ReservarDocumento(Puesto& p, const QString& tipo, const NombreLog& log, Num
   return true;
 }
 
-bool GuardarUltimaOperacion(Puesto& p, const QString& tipo, qint64 codigo, qint64 numero) {
-  const QString documento = esFiscal(tipo) ? QString() : QStringLiteral(" nDocCodigo=%1, ").arg(numero);
+bool GuardarUltimaOperacion(Puesto& p, TipoDocumento tipo, qint64 codigo, qint64 numero) {
+  const QString documento = EsFiscal(tipo) ? QString() : QStringLiteral(" nDocCodigo=%1, ").arg(numero);
   return p.poDBAdmin.EjecutarSentencia(
       p.poCnnLocal,
       QStringLiteral("UPDATE Config_Documento  SET cOperCode=%1,%2 cUserDesc='%3'  WHERE cTipodoc='%4'")
-          .arg(QString::number(codigo), documento, ReemplazarComilla(p.ses.psUsuario), tipo),
+          .arg(QString::number(codigo), documento, ReemplazarComilla(p.ses.psUsuario), Codigo(tipo)),
       true);
 }
 

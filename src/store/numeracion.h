@@ -2,9 +2,11 @@
 // Operation codes and document numbers. A number is printed on fiscal paper, so the desk's own counter is never
 // trusted by itself: each number is held against what is stored here and what the central database has seen.
 //
-// Document types are "01" factura and "02" boleta, which share one run of numbers in the row "02" of Config_Documento,
-// and "10" to "14", the parallel documents.
+// Facturas and boletas share one run of numbers, in the boletas' row of Config_Documento; each type of parallel document
+// has its own.
 #include <QString>
+
+#include "store/codigos.h"
 
 struct Puesto;
 
@@ -19,15 +21,13 @@ struct NombreLog {
 };
 inline const NombreLog kLogCajaFull{QStringLiteral("Error_Full_1"), QStringLiteral("Error_Full_1")};
 
-bool esFiscal(const QString& tipo);
-
 // The next operation code of Operacion or, `paralela`, of OperacionParalela; 1 for an empty table. False when the store
 // can't be read, and then the box has been shown.
 [[nodiscard]] bool CodigoOperacion(Puesto& p, bool paralela, qint64& codigo);
 
 // Series and next number as Config_Documento has them; a missing row is made. Sets the session's series of boletas or
 // facturas. Takes nothing: the number is used up by GuardarNumeroDocumento. False when the row can't be read or made.
-[[nodiscard]] bool LeerNumeroDocumento(Puesto& p, const QString& tipo, NumeroDocumento& n);
+[[nodiscard]] bool LeerNumeroDocumento(Puesto& p, TipoDocumento tipo, NumeroDocumento& n);
 
 // The series that boletas carry, read from the store while the session has none yet. Makes no row: the first boleta does,
 // with its number.
@@ -36,18 +36,18 @@ bool esFiscal(const QString& tipo);
 // Holds the number against the highest one stored and, for a fiscal document, the highest one of the central database,
 // which is asked with the patience of a sale; away, it is left out. A number that isn't the next one is corrected: a
 // log file in the temp folder, one box, and the sale goes on. False, with `n` untouched, when the store can't be read.
-[[nodiscard]] bool VerificarNumeroDocumento(Puesto& p, const QString& tipo, const NombreLog& log, NumeroDocumento& n);
+[[nodiscard]] bool VerificarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& log, NumeroDocumento& n);
 
 // Stores series and number as the last ones used.
-[[nodiscard]] bool GuardarNumeroDocumento(Puesto& p, const QString& tipo, const NumeroDocumento& n);
+[[nodiscard]] bool GuardarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NumeroDocumento& n);
 
 // The three above, in that order. When it returns true the number is used, also if the caller fails later; when it
 // returns false the box has been shown, the number is still free and `n` is untouched.
-[[nodiscard]] bool ReservarDocumento(Puesto& p, const QString& tipo, const NombreLog& log, NumeroDocumento& n);
+[[nodiscard]] bool ReservarDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& log, NumeroDocumento& n);
 
 // Keeps the operation code and the user of the last document of that type, and for a parallel document its number
-// too. A factura touches the row "01" here.
-[[nodiscard]] bool GuardarUltimaOperacion(Puesto& p, const QString& tipo, qint64 codigo, qint64 numero);
+// too. A factura touches a row of its own here.
+[[nodiscard]] bool GuardarUltimaOperacion(Puesto& p, TipoDocumento tipo, qint64 codigo, qint64 numero);
 
 // At start: pulls the counters up to what the central database has seen of this desk and leaves marker rows that no
 // report sees. A central database that is away ends the process, after its boxes. poCnnCentral stays open.

@@ -74,7 +74,7 @@ bool mirarOrden(Puesto& p, Anulacion& a) {
 }
 
 bool confirmar(Puesto& p, Anulacion& a) {
-  if (a.t().tipo != kOperacionLiquidacion) return true;
+  if (a.t().tipo != TipoOperacion::Liquidado) return true;
   const bool si = p.mensajes.preguntar(QStringLiteral("Este es un documento proveniente de una Liquidación \r"
                                                       "Al Anular el documento se anulara la liquidación \r"
                                                       "Desea Continuar?"),
@@ -96,7 +96,7 @@ bool grabarFilas(Puesto& p, Anulacion& a) {
 
 bool deshacer(Puesto& p, Anulacion& a) {
   const Transaccion& t = a.t();
-  if ((t.tipo != kOperacionLiquidacion && t.tipo != kOrdenConsumo) || t.relacion == 0) return true;
+  if ((t.tipo != TipoOperacion::Liquidado && t.tipo != TipoOperacion::OC) || t.relacion == 0) return true;
   return DeshacerLiquidacion(p, t.relacion);
 }
 
@@ -161,9 +161,9 @@ void MuestraTransaccion(Puesto& p, PantallaTransaccion& v) {
   BloquesTransaccion& b = v.bloques;
   b.cabecera = BloqueCabecera(p);
   b.fecha = Espacios(12) + FormatearFecha(t.fecha, kFecha) + kFin;
-  const QString palabra = PalabraTransaccion(t.tipo);
+  const QString palabra = PalabraDe(t.tipo);
   if (!palabra.isEmpty()) b.fecha += alCentro(palabra, 18);
-  if (t.tipo == kOperacionVoucher) b.fecha += kFin;
+  if (t.tipo == TipoOperacion::Voucher) b.fecha += kFin;
   b.cuerpo = CuerpoTransaccion(t, kForma, b.total);
   b.documento = BloqueDocumento(t);
   v.txtTexto = b.cabecera + kFin + b.fecha + kFin + b.cuerpo + kFin + b.documento;
@@ -183,7 +183,7 @@ bool VerificarLiquidacionOC(Puesto& p, const QString& serie, const QString& nume
   return p.poDBAdmin.EjecutarConsulta(
              p.poCnnLocal,
              FormatearSQL(QStringLiteral("SELECT  * FROM OperacionParalela WHERE cOperCode=$"), {relacion}), rs) &&
-         LimpiarNulo(rs[u"cDocTipo"]) != u"14";
+         LimpiarNulo(rs[u"cDocTipo"]) != Codigo(TipoDocumento::LIQPAD);
 }
 
 void Anular(Puesto& p, PantallaTransaccion& v, PantallasAnulacion& pantallas) {

@@ -23,8 +23,8 @@ bool AnularVenta(Puesto& p, const Transaccion& t, const AvanceAnulacion& avance,
     if (n >= avance.lineas &&
         !hacer(p, espejo,
                {conLocal ? QStringLiteral(", IdLocal") : QString(), avance.codigo, ReemplazarComilla(p.ses.psUsuario),
-                l.cAlmaCode, l.cProdCode, 0 - l.cantidad, l.precio, fecha, t.tipo, QStringLiteral("1"), t.codigo,
-                p.ses.psCaja, p.ses.psTurno, conLocal ? QStringLiteral(", ") + t.idLocal : QString()})) {
+                l.cAlmaCode, l.cProdCode, 0 - l.cantidad, l.precio, fecha, Codigo(t.tipo), QStringLiteral("1"),
+                t.codigo, p.ses.psCaja, p.ses.psTurno, conLocal ? QStringLiteral(", ") + t.idLocal : QString()})) {
       return false;
     }
     if (!hacer(p, marca, {t.codigo})) return false;
@@ -39,15 +39,12 @@ bool AnularParalela(Puesto& p, const Transaccion& t, const AvanceAnulacion& avan
           p,
           QStringLiteral(" INSERT INTO OPERACIONPARALELA (cOperCode, cOperTipo, dOperFech, sGlosa, cEstado, cCajaCodi,"
                          " cTurnoCodi, cUserDesc) VALUES ($, $, '$', 'ANULACION', '0', '$', '$', '$')"),
-          {avance.codigo, t.tipo, fecha, p.ses.psCaja, p.ses.psTurno, ReemplazarComilla(p.ses.psUsuario)})) {
+          {avance.codigo, Codigo(t.tipo), fecha, p.ses.psCaja, p.ses.psTurno, ReemplazarComilla(p.ses.psUsuario)})) {
     return false;
   }
   return hacer(p, QStringLiteral(" UPDATE OPERACIONPARALELA SET cEstado = '0', cOpercodeAnul = $ WHERE cOperCode = $"),
                {avance.codigo, t.codigo}) &&
-         hacer(p,
-               QStringLiteral("DELETE FROM Operacion "
-                              "WHERE cOpercode= $ AND cOperFlagAbierto=1 AND cDocTipo in ('10', '14')"),
-               {t.codigo});
+         hacer(p, QStringLiteral("DELETE FROM Operacion WHERE ") + kDineroParalelo, {t.codigo});
 }
 
 bool DeshacerLiquidacion(Puesto& p, qint64 liquidacion) {
@@ -55,8 +52,8 @@ bool DeshacerLiquidacion(Puesto& p, qint64 liquidacion) {
   // which counts in other codes and may look the same.
   return hacer(p,
                QStringLiteral("UPDATE OperacionParalela SET cEstado= '1', cOperCodeRela=0 "
-                              "WHERE cOperTipo <> 20 AND cOpercodeRela= $ AND cEstado = '2'"),
-               {liquidacion}) &&
+                              "WHERE cOperTipo <> $ AND cOpercodeRela= $ AND cEstado = '2'"),
+               {Codigo(TipoOperacion::OC), liquidacion}) &&
          hacer(p, QStringLiteral("DELETE FROM OperacionParalela WHERE ") + kDeLiquidacion, {liquidacion}) &&
          hacer(p, QStringLiteral("DELETE FROM Operacion WHERE ") + kDeLiquidacion, {liquidacion});
 }

@@ -81,7 +81,7 @@ QString rechazo(Puesto& p, Uso uso, const Transaccion& t) {
   };
   if (anular && !t.abierta) return noExiste(uso);
   if (t.paralela) {
-    if (t.tipo == kLiquidacionPad && !t.anulada) {
+    if (t.tipo == TipoOperacion::LIQPAD && !t.anulada) {
       return QStringLiteral("Esta es una transacción de liquidación. No puede ser anulada");
     }
     return t.vigente || aMedias() ? QString() : noExiste(uso);
@@ -89,7 +89,7 @@ QString rechazo(Puesto& p, Uso uso, const Transaccion& t) {
   if (anular && t.anulada && !aMedias()) {
     return QStringLiteral("Esta es una transacción de anulación. No puede ser anulada");
   }
-  if (t.tipo < kOperacionEfectivo || t.tipo > kOperacionLiquidacion) {
+  if (t.tipo < TipoOperacion::Efectivo || t.tipo > TipoOperacion::Liquidado) {
     return QStringLiteral("No es una transacción de venta.");
   }
   return t.lineas.empty() ? noExiste(uso) : QString();
@@ -193,7 +193,7 @@ void BuscarTransaccion(Puesto& p, PantallaTransaccion& v, bool silencio) {
     }
     return;
   }
-  if (t.paralela && t.tipo == kLiquidacionPad) v.accion = false;
+  if (t.paralela && t.tipo == TipoOperacion::LIQPAD) v.accion = false;
   const bool falta = texto == noExiste(v.uso);
   if (falta) {
     v.txtTexto.clear();

@@ -33,9 +33,9 @@ QString cliente(const Puesto& p, const Transaccion& t) {
 
 QString palabras(const PantallaTransaccion& v) {
   const Transaccion& t = *v.cargada;
-  const QString palabra = PalabraTransaccion(t.tipo);
+  const QString palabra = PalabraDe(t.tipo);
   QString s = palabra.isEmpty() ? QString() : LineaCentrada(palabra);
-  if (t.tipo == kOperacionLiquidacion || (!t.paralela && t.dolares > 0)) {
+  if (t.tipo == TipoOperacion::Liquidado || (!t.paralela && t.dolares > 0)) {
     s += LineaCentrada(QStringLiteral("U$(TC: ") + Formatear(v.tipoCambio, u"###,##0.00") + QStringLiteral(")"));
   }
   return s;
@@ -64,11 +64,11 @@ QString lineas(const Puesto& p, const Transaccion& t, SumasVenta& s) {
 QString total(const QString& rotulo, double valor) { return LineaTotal({rotulo, Formatear(valor, kMascara)}); }
 
 QString totales(const Puesto& p, const Transaccion& t, const SumasVenta& s) {
-  const bool voucher = t.tipo == kOperacionVoucher;
+  const bool voucher = t.tipo == TipoOperacion::Voucher;
   QString texto;
-  if (t.tipo != kOperacionLiquidacion && t.ruc.isEmpty()) {
+  if (t.tipo != TipoOperacion::Liquidado && t.ruc.isEmpty()) {
     texto = total(voucher ? QStringLiteral(" VOUCHER") : QStringLiteral(" VALOR VTA."), s.total);
-  } else if (t.tipo != kOperacionLiquidacion) {
+  } else if (t.tipo != TipoOperacion::Liquidado) {
     texto = total(QStringLiteral(" VALOR VTA"), s.total - s.igv - s.servicio) + total(QStringLiteral(" IGV"), s.igv);
     if (s.servicio != 0) {
       texto += total(QStringLiteral(" SERVICIO") + p.ses.psPorcServ + QStringLiteral(" %"), s.servicio);

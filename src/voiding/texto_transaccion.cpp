@@ -35,7 +35,7 @@ QString lineaDescuento(double porcentaje) {
 }
 
 QString lineas(const Transaccion& t, const FormaTransaccion& forma, Sumas& s) {
-  const bool orden = t.tipo == kOrdenConsumo;
+  const bool orden = t.tipo == TipoOperacion::OC;
   QString texto = forma.titulo + kFin + Separador() + kFin;
   for (const LineaTransaccion& l : t.lineas) {
     texto += lineaArticulo(l);
@@ -55,11 +55,11 @@ QString lineas(const Transaccion& t, const FormaTransaccion& forma, Sumas& s) {
 QString totales(const Transaccion& t, const Sumas& s) {
   const QString rotulo = QStringLiteral("CASH/TL  ");
   switch (t.tipo) {
-    case kPagoAdelantado:
-    case kPagoAdelantadoVoucher:
+    case TipoOperacion::PADE:
+    case TipoOperacion::PADV:
       return rotulo + (t.enDolares ? QStringLiteral("$  ") : QStringLiteral("S/.")) +
-             conAsterisco(s.total, t.tipo == kPagoAdelantado ? 26 : 29);
-    case kOrdenConsumo:
+             conAsterisco(s.total, t.tipo == TipoOperacion::PADE ? 26 : 29);
+    case TipoOperacion::OC:
       if (t.vuelto == 0) return rotulo + conAsterisco(s.neto, 29);
       return QStringLiteral("SUB/TOTL ") + conAsterisco(s.neto, 29) + kFin + QStringLiteral("EFECTIVO ") +
              conAsterisco(t.efectivo, 29) + kFin + QStringLiteral("VUELTO   ") + conAsterisco(t.vuelto, 29);
@@ -78,18 +78,10 @@ QString BloqueCabecera(Puesto& p) {
   return s;
 }
 
-QString PalabraTransaccion(int tipo) {
-  switch (tipo) {
-    case kOperacionEfectivo:
-    case kOperacionLiquidacion: return {};
-    default: return datosDe(static_cast<ClaseDocumento>(tipo)).palabra;
-  }
-}
-
 QString CuerpoTransaccion(const Transaccion& t, const FormaTransaccion& forma, double& total) {
   Sumas s;
   QString texto;
-  if (t.tipo == kPagoAdelantado || t.tipo == kPagoAdelantadoVoucher) {
+  if (t.tipo == TipoOperacion::PADE || t.tipo == TipoOperacion::PADV) {
     s.total = t.enDolares ? t.montoDolares : t.montoSoles;
   } else {
     texto = lineas(t, forma, s);

@@ -20,9 +20,6 @@ struct FormaTransaccion {
 // The print header, read afresh, each line centred.
 QString BloqueCabecera(Puesto& p);
 
-// The word of the kind; "" for a cash sale and for the sale of a liquidation.
-QString PalabraTransaccion(int tipo);
-
 // Article lines, service, totals and count as the void screen has them, and the document's total.
 QString CuerpoTransaccion(const Transaccion& t, const FormaTransaccion& forma, double& total);
 

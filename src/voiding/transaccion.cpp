@@ -5,9 +5,13 @@
 #include "foundation/puesto.h"
 #include "platform/text/numero.h"
 
-const QString kSinParalelas =
-    QStringLiteral(" AND (cDocTipo IS NULL OR cDocTipo NOT IN ('10', '11', '12', '13', '14'))");
-const QString kDeLiquidacion = QStringLiteral("cOpercode= $ AND cOperFlagAbierto=1 AND cDocTipo = '14'");
+const QString kSinParalelas = QStringLiteral(" AND (cDocTipo IS NULL OR cDocTipo NOT IN (%1))")
+                                  .arg(Codigos({TipoDocumento::OC, TipoDocumento::NC, TipoDocumento::PADE,
+                                                TipoDocumento::PADV, TipoDocumento::LIQPAD}));
+const QString kDeLiquidacion =
+    QStringLiteral("cOpercode= $ AND cOperFlagAbierto=1 AND cDocTipo = ") + Codigos({TipoDocumento::LIQPAD});
+const QString kDineroParalelo = QStringLiteral("cOpercode= $ AND cOperFlagAbierto=1 AND cDocTipo in (%1)")
+                                    .arg(Codigos({TipoDocumento::OC, TipoDocumento::LIQPAD}));
 
 namespace {
 
@@ -41,7 +45,7 @@ bool leerLineas(Puesto& p, const QString& sql, Transaccion& t) {
 
 // What both tables name alike.
 void tomarComun(const Recordset& rs, Transaccion& t) {
-  t.tipo = static_cast<int>(entero(rs[u"cOperTipo"]));
+  t.tipo = static_cast<TipoOperacion>(entero(rs[u"cOperTipo"]));
   t.fecha = rs[u"dOperFech"].toDateTime();
   t.docTipo = LimpiarNulo(rs[u"cDocTipo"]);
   t.docSerie = LimpiarNulo(rs[u"cDocSerie"]);
@@ -111,7 +115,7 @@ LecturaTransaccion leerParalela(Puesto& p, Transaccion& t) {
 // Rows that the undoing of the sale's liquidation would still take away; -1 when they can't be counted. A liquidation
 // issued since under the same code is another one: its sale is in force, or it is younger than the void.
 qint64 quedaDeLiquidacion(Puesto& p, const Transaccion& t) {
-  if (t.tipo != kOperacionLiquidacion || t.relacion == 0) return 0;
+  if (t.tipo != TipoOperacion::Liquidado || t.relacion == 0) return 0;
   const qint64 otraVenta =
       contar(p, QStringLiteral("Operacion"),
              QStringLiteral("cOperCodeAnula = $ AND cOperTipo = 3 AND cOperFlagAnula = 0 AND cOperFlagAbierto = 1"),
@@ -161,7 +165,7 @@ bool avanceParalela(Puesto& p, const Transaccion& t, AvanceAnulacion& a) {
                                         " WHERE sGlosa = 'ANULACION' AND cEstado = '0' AND cOperCodeAnul = 0"
                                         " AND cOperFlagAbierto = 1 AND cOperTipo = $ AND cOperCode NOT IN"
                                         " (SELECT cOperCodeAnul FROM OperacionParalela WHERE cOperFlagAbierto = 1)"),
-                         {t.tipo}),
+                         {Codigo(t.tipo)}),
             rs)) {
       return false;
     }
@@ -169,9 +173,7 @@ bool avanceParalela(Puesto& p, const Transaccion& t, AvanceAnulacion& a) {
     return true;
   }
   a.codigo = t.anuladaPor;
-  const qint64 dinero =
-      contar(p, QStringLiteral("Operacion"),
-             QStringLiteral("cOpercode= $ AND cOperFlagAbierto=1 AND cDocTipo in ('10', '14')"), t.codigo);
+  const qint64 dinero = contar(p, QStringLiteral("Operacion"), kDineroParalelo, t.codigo);
   if (dinero < 0) return false;
   a.estado = dinero == 0 ? Anulada::Del_todo : Anulada::AMedias;
   return true;

@@ -5,11 +5,9 @@
 #include <vector>
 
 #include "documento/linea.h"
+#include "store/codigos.h"
 
 struct Puesto;
-
-// Kinds of row that sales carry in cOperTipo.
-enum TipoOperacion { kOperacionEfectivo = 1, kOperacionVoucher = 2, kOperacionLiquidacion = 3 };
 
 struct LineaTransaccion {
   LineaDocumento linea;
@@ -19,7 +17,7 @@ struct LineaTransaccion {
 struct Transaccion {
   qint64 codigo = 0;
   bool paralela = false;
-  int tipo = 0;  // cOperTipo
+  TipoOperacion tipo = TipoOperacion::Ninguno;
   QDateTime fecha;
   QString docTipo, docSerie, docNumero;
   QString tarjeta, ruc;
@@ -47,6 +45,8 @@ LecturaTransaccion LeerTransaccion(Puesto& p, qint64 codigo, bool paralela, Tran
 extern const QString kSinParalelas;
 // Conditions on the rows that a liquidation left under its own code.
 extern const QString kDeLiquidacion;
+// The condition on the rows that a parallel document keeps in Operacion.
+extern const QString kDineroParalelo;
 
 enum class Anulada { No, AMedias, Del_todo };
 

@@ -189,11 +189,12 @@ TEST_F(CajaFull, AChangeOfKind) {
     SCOPED_TRACE(qPrintable(t.entrada));
     pantallas.faltan.clear();
     pantallas.abiertas.clear();
-    const bool abre = t.tipo == kAnular || t.tipo == kRecaudacion;  // opens a screen and goes back to the first entry
+    const bool abre = t.tipo == TipoVenta::Anular ||
+                      t.tipo == TipoVenta::Recaudacion;  // opens a screen and goes back to the first entry
     CambiarTipo(p, v, pantallas, t.tipo);
-    EXPECT_EQ(abre ? QStringList{t.tipo == kAnular ? t.entrada : q("retiro")} : QStringList{},
+    EXPECT_EQ(abre ? QStringList{t.tipo == TipoVenta::Anular ? t.entrada : q("retiro")} : QStringList{},
               pantallas.faltan + pantallas.abiertas);
-    EXPECT_EQ(abre ? kEfectivo : t.tipo, v.nTipoVenta);
+    EXPECT_EQ(abre ? TipoVenta::Efectivo : t.tipo, v.nTipoVenta);
     EXPECT_EQ(t.llevaLineas || abre ? q("10.00") : q("0.00"), v.txtSoles);
     EXPECT_EQ(q("0.00"), v.txtEfectivoSoles);
     EXPECT_FALSE(v.efectivoTecleado);
@@ -202,7 +203,7 @@ TEST_F(CajaFull, AChangeOfKind) {
     v.txtRUC = q("20100070970");
   }
   EXPECT_EQ(q("000001"), v.lineas[0][kCod]) << "the lines stay";
-  PonerTipo(v, kLIQPAD);
+  PonerTipo(v, TipoVenta::LIQPAD);
   EXPECT_EQ(2, v.pestana);
 }
 

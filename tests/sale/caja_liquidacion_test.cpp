@@ -20,7 +20,7 @@ struct Liquidacion : testing::Test {
   void SetUp() override {
     ejecutarArchivo(p, "sale/casos/liquidacion.sql");
     Inicio(p, v);
-    CambiarTipo(p, v, pantallas, kLIQPAD);
+    CambiarTipo(p, v, pantallas, TipoVenta::LIQPAD);
   }
   std::optional<Foco> agrega(int lista, const char* codigo) {
     v.txtTXL[static_cast<size_t>(lista)] = q(codigo);
@@ -96,7 +96,7 @@ TEST_F(Liquidacion, ADifferenceNeedsItsCash) {
                          v.lineas[0][kPorc], v.lineas[0][kSubTotal], v.lineas[0][kConServ]}
                  .join(u' ')));
   EXPECT_FALSE(CeldaEditable(p, v, 0, kCant));
-  EXPECT_EQ((std::vector<TipoVenta>{kEfectivo, kOC}), v.tipos);
+  EXPECT_EQ((std::vector<TipoVenta>{TipoVenta::Efectivo, TipoVenta::OC}), v.tipos);
   pantallas.supervisor = q("JEFE");
   v.txtRUC = q("2051234567");  // ten digits: the boleta goes out all the same
   p.persona().espera(q("Debe Emitir un documento de venta"), q("Sí"));
@@ -114,12 +114,12 @@ TEST_F(Liquidacion, AnOrderMayCloseItAndALaterOneIsFree) {
   v.efectivoTecleado = true;
   SalirEfectivoSoles(p, v);
   PulsarTecla(p, v, pantallas, 2);
-  CambiarTipo(p, v, pantallas, kOC);
+  CambiarTipo(p, v, pantallas, TipoVenta::OC);
   PulsarTecla(p, v, pantallas, 2);
   v.lineas = {filaVenta(102, q("Cafe"), 4.5)};
   v.txtNombres = q("D'Ana");
   v.txtGlosa = q("no queda");
-  CambiarTipo(p, v, pantallas, kOC);
+  CambiarTipo(p, v, pantallas, TipoVenta::OC);
   PulsarTecla(p, v, pantallas, 2);
   EXPECT_EQ(
       q("16|15|\n17|0|D'Ana"),
@@ -164,7 +164,7 @@ TEST_F(Liquidacion, PaidByCardsAndTheVoucherSaleBehindIt) {
   EXPECT_EQ(q("0|1|2|0\n0|2|4|0"),
             p.filas(q("SELECT cProdCode, cOperTipo, nMontoSoles, nProdPrecUnit FROM Operacion ORDER BY cOperID")));
   EXPECT_TRUE(v.bLiquidando && v.bVoucherListo);
-  EXPECT_EQ(kVoucher, v.nTipoVenta);
+  EXPECT_EQ(TipoVenta::Voucher, v.nTipoVenta);
   pantallas.supervisor = q("JEFE");
   p.persona().espera(q("Debe Emitir un documento de venta"), q("Sí"));
   PulsarTecla(p, v, pantallas, 0);
@@ -176,7 +176,7 @@ TEST_F(Liquidacion, PaidByCardsAndTheVoucherSaleBehindIt) {
 }
 
 TEST_F(Liquidacion, ANoteDrawsOnItsAdvancePayment) {
-  CambiarTipo(p, v, pantallas, kNC);
+  CambiarTipo(p, v, pantallas, TipoVenta::NC);
   v.lineas = {filaVenta(102, q("Cafe"), 4.5)};
   PulsarTecla(p, v, pantallas, 2);
   EXPECT_EQ(QStringList{q("paralela 0")}, pantallas.abiertas) << "without one the list opens, and nothing more";
@@ -196,7 +196,7 @@ TEST_F(Liquidacion, AmountsPaidInAdvance) {
   for (const auto& c : leerCasos("sale/adelantos")) {
     SCOPED_TRACE(c.donde());
     CancelarVenta(p, v);
-    CambiarTipo(p, v, pantallas, kPADE);
+    CambiarTipo(p, v, pantallas, TipoVenta::PADE);
     v.txtPagoAdelantado = c["soles"];
     v.txtPADEDolares = c["dolares"];
     if (!c["caja"].isEmpty()) p.persona().espera(c["caja"]);
@@ -212,7 +212,7 @@ TEST_F(Liquidacion, AmountsPaidInAdvance) {
 TEST_F(Liquidacion, TwoEqualPadvInAMinuteAreOne) {
   pantallas.efectivoVoucher = EfectivoVoucher{q("0.00"), q("0.00")};
   for (int n = 0; n < 3; ++n) {
-    CambiarTipo(p, v, pantallas, kPADV);
+    CambiarTipo(p, v, pantallas, TipoVenta::PADV);
     v.txtPagoAdelantado = q("50");
     p.ses.poVoucher = {{q("001"), q("CRÉDITO"), 50}};
     PulsarTecla(p, v, pantallas, 2);
@@ -226,7 +226,7 @@ TEST_F(Liquidacion, TwoEqualPadvInAMinuteAreOne) {
 }
 
 TEST_F(Liquidacion, AVoucherSaleAsksForItsCardsEachTime) {
-  CambiarTipo(p, v, pantallas, kVoucher);
+  CambiarTipo(p, v, pantallas, TipoVenta::Voucher);
   PulsarTecla(p, v, pantallas, 2);  // cancelled: no check, nothing done
   pantallas.efectivoVoucher = EfectivoVoucher{q("4.50"), q("0.00")};
   p.persona().espera(q("Debe registrar un artìculo."));

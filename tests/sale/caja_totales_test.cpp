@@ -53,7 +53,7 @@ TEST(CajaTotales, SumsUnroundedLinesAndSkipsUnreadableOnes) {
   CalculaTotales(p, v);
   EXPECT_EQ(q("0.00"), v.txtDolares);
 
-  v.nTipoVenta = kLIQPAD;
+  v.nTipoVenta = TipoVenta::LIQPAD;
   v.txtSoles = q("-7.00");
   CalculaTotales(p, v);
   EXPECT_EQ(q("-7.00"), v.txtSoles) << "a liquidation has its own sums";
@@ -61,7 +61,8 @@ TEST(CajaTotales, SumsUnroundedLinesAndSkipsUnreadableOnes) {
 
 TEST(CajaPago, TheCashPanel) {
   PuestoPrueba p;
-  const QHash<QString, TipoVenta> tipos{{q("efectivo"), kEfectivo}, {q("orden"), kOC}, {q("nota"), kNC}};
+  const QHash<QString, TipoVenta> tipos{
+      {q("efectivo"), TipoVenta::Efectivo}, {q("orden"), TipoVenta::OC}, {q("nota"), TipoVenta::NC}};
   for (const auto& c : leerCasos("sale/efectivo")) {
     SCOPED_TRACE(c.donde());
     CajaRegistradoraFull v;

@@ -25,10 +25,10 @@ struct EscenaFalla {
 };
 // clang-format off
 const EscenaFalla kEscenas[] = {
-    {"Boleta", kEfectivo, "02", 3, "", ""},     {"Voucher", kVoucher, "02", 3, "10.00", ""},
-    {"Orden", kOC, "10", 4, "", ""},            {"Nota", kNC, "11", 3, "", ""},
-    {"Pade", kPADE, "12", 1, "", "50.00"},      {"Padv", kPADV, "13", 2, "", "50.00"},
-    {"Liquidacion", kLIQPAD, "14", 2, "20.00", ""},
+    {"Boleta", TipoVenta::Efectivo, "02", 3, "", ""},     {"Voucher", TipoVenta::Voucher, "02", 3, "10.00", ""},
+    {"Orden", TipoVenta::OC, "10", 4, "", ""},            {"Nota", TipoVenta::NC, "11", 3, "", ""},
+    {"Pade", TipoVenta::PADE, "12", 1, "", "50.00"},      {"Padv", TipoVenta::PADV, "13", 2, "", "50.00"},
+    {"Liquidacion", TipoVenta::LIQPAD, "14", 2, "20.00", ""},
 };
 // clang-format on
 
@@ -37,12 +37,12 @@ void llenar(const EscenaFalla& e, Puesto& p, CajaRegistradoraFull& v) {
   if (pantallaDe(e.tipo).llevaLineas) v.lineas = dosLineas();
   v.txtTX = q("9");
   v.txtPagoAdelantado = q(e.adelanto);
-  if (e.tipo == kVoucher || e.tipo == kPADV) {
+  if (e.tipo == TipoVenta::Voucher || e.tipo == TipoVenta::PADV) {
     CalculaTotales(p, v);
     v.bVoucherListo = true;
     p.ses.poVoucher = {{q("001"), q("CRÉDITO"), 32.5}};
   }
-  if (e.tipo == kLIQPAD) {
+  if (e.tipo == TipoVenta::LIQPAD) {
     v.txtTXL[0] = q("9");
     AgregarTX(p, v, 0);
   }

@@ -34,9 +34,9 @@ RC_GTEST_PROP(Venta, PaperRowsAndScreenAgree, ()) {
   p.persona().dejaPasar();
   pantallas.supervisor = q("JEFE");
   CajaRegistradoraFull v;
-  const TipoVenta tipo = *rc::gen::element(kEfectivo, kOC);
+  const TipoVenta tipo = *rc::gen::element(TipoVenta::Efectivo, TipoVenta::OC);
   PonerTipo(v, tipo);
-  if (tipo == kEfectivo) v.txtRUC = q("20512345678");
+  if (tipo == TipoVenta::Efectivo) v.txtRUC = q("20512345678");
   v.lineas = lineasAlAzar();
   CalculaTotales(p, v);
   if (*rc::gen::arbitrary<bool>()) {
@@ -55,22 +55,22 @@ RC_GTEST_PROP(Venta, PaperRowsAndScreenAgree, ()) {
   RC_ASSERT(GrabarVenta(p, v, pantallas));
 
   // What is stored is the text that was on the screen.
-  const QString tabla = tipo == kOC ? q("OperacionParalelaProducto") : q("Operacion");
+  const QString tabla = tipo == TipoVenta::OC ? q("OperacionParalelaProducto") : q("Operacion");
   QStringList esperadas;
   for (const auto& f : antes.lineas) {
     const double pct = LeerImporte(f[kPorc]);
     esperadas << TextoDe(LeerImporte(f[kCant])) + u'|' + TextoDe(LeerImporte(f[kPrecio])) + u'|' +
                      TextoDe(f[kSigno] == u"+" ? pct : 0 - pct);
   }
-  const QString codigo = p.filas(tipo == kOC ? q("SELECT MAX(cOperCode) FROM OperacionParalela")
-                                             : q("SELECT MAX(cOperCode) FROM Operacion WHERE cDocTipo='01'"));
+  const QString codigo = p.filas(tipo == TipoVenta::OC ? q("SELECT MAX(cOperCode) FROM OperacionParalela")
+                                                       : q("SELECT MAX(cOperCode) FROM Operacion WHERE cDocTipo='01'"));
   RC_ASSERT(p.filas(q("SELECT nProdCant, nProdPrecUnit, nDscto FROM ") + tabla +
                     q(" WHERE cProdCode<>0 AND cOperCode=") + codigo) == esperadas.join(u'\n'));
 
   // Cash less change is the total.
   const QString dinero = p.filas(q("SELECT nMontoSoles, nMontoDolares, nProdPrecUnit, nVueltoDolares FROM Operacion "
                                    "WHERE cProdCode=0 AND cDocTipo='%1' AND cOperCode=%2")
-                                     .arg(tipo == kOC ? q("10") : q("01"), codigo));
+                                     .arg(tipo == TipoVenta::OC ? q("10") : q("01"), codigo));
   const double total = LeerImporte(antes.txtSoles);
   const QStringList d = dinero.split(u'|');
   if (total > 0) RC_ASSERT(d.size() == 4);
@@ -79,7 +79,7 @@ RC_GTEST_PROP(Venta, PaperRowsAndScreenAgree, ()) {
   }
 
   // The totals of a factura add up to the total.
-  if (tipo == kEfectivo) {
+  if (tipo == TipoVenta::Efectivo) {
     const QByteArray ticket = p.papeles().papel[q("LPT1")];
     RC_ASSERT(enPapel(ticket, "TOTAL VTA") == total);
     RC_ASSERT(alCentimo(enPapel(ticket, "VALOR VTA") + enPapel(ticket, "IGV") + enPapel(ticket, "SERVICIO")) == total);

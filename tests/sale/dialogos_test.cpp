@@ -48,7 +48,7 @@ TEST(Voucher, AnAmountThatIsNoneLeavesTheCardAsItWas) {
   PuestoPrueba p;
   p.ejecuta(q("INSERT INTO tipo_tarjeta (cod_tar, descrip) VALUES ('001', 'VISTA')"));
   CajaVoucher v;
-  AbrirVoucher(p, {kVoucher, q("50.00"), q("16.67"), {}}, v);
+  AbrirVoucher(p, {TipoVenta::Voucher, q("50.00"), q("16.67"), {}}, v);
   ASSERT_TRUE(AgregarTarjeta(p, v, 0));
   for (const char* mal : {"-3", "3x"}) EXPECT_FALSE(PonerPago(v, 0, q(mal))) << mal;
   EXPECT_EQ(q("50.00"), v.pagos[0].Pago);

@@ -23,7 +23,7 @@ class PantallasGuion : public PantallasVenta {
     return supervisor;
   }
   std::optional<EfectivoVoucher> voucher(const PedidoVoucher& pedido) override {
-    abiertas << QStringLiteral("voucher %1 %2").arg(pedido.nTipoVenta).arg(pedido.txtSoles);
+    abiertas << QStringLiteral("voucher %1 %2").arg(static_cast<int>(pedido.nTipoVenta)).arg(pedido.txtSoles);
     return efectivoVoucher;
   }
   std::optional<EfectivoDocumento> pagoEfectivo(double total) override {

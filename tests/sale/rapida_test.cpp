@@ -93,7 +93,7 @@ TEST(Rapida, KindsGoRound) {
   }
   EXPECT_EQ((QStringList{q("C/VUELTO"), q("CASH"), q("VOUCHER"), q("C/VUELTO")}), tipos);
   r.p.ses.pnTipoCambio = 0;
-  PonerTipoRapida(r.v, kVentaVoucher);
+  PonerTipoRapida(r.v, ClaseDocumento::VentaVoucher);
   r.p.persona().espera(q("Para registrar ventas en dólares debe registrar el tipo de cambio"));
   r.pulsar(kBotonTipo);
   EXPECT_EQ(q("CASH"), r.v.lblTipo);
@@ -108,29 +108,33 @@ TEST(Rapida, KindsGoRound) {
 
 TEST(Rapida, WhatASaleStores) {
   // clang-format off
-  const struct { int tipo; std::optional<EfectivoDocumento> pago; const char* dinero; } kCasos[] = {
-      {kVentaExacta, {}, "\n1|0|1|0|0|42.5|0|0|1"},
-      {kVentaVoucher, {}, ""},
-      {kVentaConVuelto, EfectivoDocumento{50, 0, 7.5, 0}, "\n1|0|1|-7.5|0|50|0|0|1"},
-      {kVentaConVuelto, EfectivoDocumento{0, 20, 2.5, 5}, "\n1|0|1|-2.5|0|0|20|5|1"},
+  const struct { ClaseDocumento tipo; std::optional<EfectivoDocumento> pago; const char* dinero; } kCasos[] = {
+      {ClaseDocumento::VentaExacta, {}, "\n1|0|1|0|0|42.5|0|0|1"},
+      {ClaseDocumento::VentaVoucher, {}, ""},
+      {ClaseDocumento::VentaConVuelto, EfectivoDocumento{50, 0, 7.5, 0}, "\n1|0|1|-7.5|0|50|0|0|1"},
+      {ClaseDocumento::VentaConVuelto, EfectivoDocumento{0, 20, 2.5, 5}, "\n1|0|1|-2.5|0|0|20|5|1"},
   };
   // clang-format on
   for (const auto& c : kCasos) {
     SCOPED_TRACE(c.dinero);
     Rapida r;
     r.teclear();
-    r.v.nTipoVenta = c.tipo;
+    r.v.clase = c.tipo;
     r.pantallas.efectivo = c.pago;
     GrabarVentaRapida(r.p, r.v, r.pantallas);
-    const QString tipo = c.tipo == kVentaVoucher ? q("2") : q("1");
+    const QString tipo = c.tipo == ClaseDocumento::VentaVoucher ? q("2") : q("1");
     EXPECT_EQ(q("1|101|3|10|0|0|0|0|%1\n1|102|1|12.5|10|0|0|0|%1").arg(tipo) + q(c.dinero), r.p.filas(kVentas));
     EXPECT_EQ(q("0|Null|Null|0|Null"),
               r.p.filas(q("SELECT DISTINCT nDscto, cEmisor, cSupervisor, cOperCodeAnula, IdLocal "
                           "FROM Operacion")));
-    EXPECT_EQ(kVentaExacta, r.v.nTipoVenta);
+    EXPECT_EQ(ClaseDocumento::VentaExacta, r.v.clase);
     EXPECT_FALSE(r.v.bVentaIniciada);
   }
 }
+
+const QHash<QString, ClaseDocumento> kClases{{q("1"), ClaseDocumento::VentaExacta},
+                                             {q("2"), ClaseDocumento::VentaVoucher},
+                                             {q("5"), ClaseDocumento::VentaConVuelto}};
 
 class TicketRapido : public testing::TestWithParam<std::string> {};
 
@@ -149,7 +153,7 @@ TEST_P(TicketRapido, IsThePaperWeExpect) {
     if (nombre == u"txtTarjeta") r.v.txtTarjeta = valor;
     if (nombre == u"txtCliente") r.v.txtNombres = valor;
     if (nombre == u"txtRuc") r.v.txtRuc = valor;
-    if (nombre == u"tipo") r.v.nTipoVenta = valor.toInt();
+    if (nombre == u"tipo") r.v.clase = kClases.value(valor);
     if (nombre == u"pago") r.pantallas.efectivo = EfectivoDocumento{Val(c[0]), Val(c[1]), Val(c[2]), Val(c[3])};
   }
   GrabarVentaRapida(r.p, r.v, r.pantallas);
@@ -170,7 +174,7 @@ TEST(Rapida, EachStatementOfTheCommitHasItsTurn) {
       r.p.persona().dejaPasar();
       r.p.ejecuta(q("UPDATE Configuracion SET SerieBOL='009', cOpeB='0'"));
       r.teclear();
-      r.v.nTipoVenta = kVentaExacta;
+      r.v.clase = ClaseDocumento::VentaExacta;
       plan.armar(n, falla);
       GrabarVentaRapida(r.p, r.v, r.pantallas);
       if (plan.van < n) break;
@@ -193,7 +197,7 @@ TEST(Rapida, EachStatementOfTheCommitHasItsTurn) {
       }
       const QString hubo = r.p.filas(q("SELECT COUNT(*) FROM Operacion"));
       r.teclear();
-      r.v.nTipoVenta = kVentaExacta;
+      r.v.clase = ClaseDocumento::VentaExacta;
       GrabarVentaRapida(r.p, r.v, r.pantallas);
       EXPECT_EQ(hubo.toInt() + 3, r.p.filas(q("SELECT COUNT(*) FROM Operacion")).toInt());
       EXPECT_EQ(q("3"), r.p.filas(q("SELECT COUNT(*) FROM Operacion WHERE cDocCodigo=%1").arg(usado.toInt() + 1)));

@@ -11,9 +11,11 @@ QString q(const char* s) { return QString::fromUtf8(s); }
 
 void abrirCentral(PuestoPrueba& p) { ASSERT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral)); }
 
+TipoDocumento tipoDe(const QString& codigo) { return static_cast<TipoDocumento>(codigo.toInt()); }
+
 QString reservar(PuestoPrueba& p, const QString& tipo) {
   NumeroDocumento n;
-  if (!ReservarDocumento(p, tipo, kLogCajaFull, n)) return q("failed");
+  if (!ReservarDocumento(p, tipoDe(tipo), kLogCajaFull, n)) return q("failed");
   return n.serie + u'-' + QString::number(n.numero);
 }
 
@@ -84,8 +86,8 @@ TEST(Numeracion, TheParallelRunsKnowOnlyTheirOwnTable) {
   EXPECT_TRUE(CodigoOperacion(p, false, codigo));
   EXPECT_EQ(51, codigo);
   p.ses.psUsuario = q("O'Brien");
-  EXPECT_TRUE(GuardarUltimaOperacion(p, q("01"), 51, 9));
-  EXPECT_TRUE(GuardarUltimaOperacion(p, q("11"), 5, 1));
+  EXPECT_TRUE(GuardarUltimaOperacion(p, TipoDocumento::Factura, 51, 9));
+  EXPECT_TRUE(GuardarUltimaOperacion(p, TipoDocumento::NC, 5, 1));
   EXPECT_EQ(q("01|51|0|O'Brien\n11|5|1|O'Brien"),
             p.filas(q("SELECT cTipoDoc, cOperCode, nDocCodigo, cUserDesc FROM Config_Documento "
                       "WHERE cTipoDoc IN ('01','11') ORDER BY cTipoDoc")));

@@ -1,0 +1,40 @@
+#pragma once
+// The codes that rows of the store carry. Statements take them from here, never as bare numbers.
+#include <QString>
+#include <array>
+#include <initializer_list>
+
+// The kind of a row, cOperTipo. A void keeps the kind of what it voids.
+enum class TipoOperacion {
+  Ninguno = 0,
+  Efectivo = 1,   // lines and cash of a sale
+  Voucher = 2,    // a sale paid by cards, or the card part of a parallel document
+  Liquidado = 3,  // lines and cash of the sale that closes a liquidation
+  Retiro = 5,
+  ReporteX = 10,
+  ReporteZ = 11,
+  OC = 20,
+  NC = 21,
+  PADE = 22,
+  PADV = 23,
+  LIQPAD = 24,
+  ReporteParalelas = 30
+};
+
+// The type of a document, cDocTipo: two digits as text.
+enum class TipoDocumento { Factura = 1, Boleta = 2, OC = 10, NC = 11, PADE = 12, PADV = 13, LIQPAD = 14 };
+
+inline constexpr std::array kTiposDocumento = {TipoDocumento::Factura, TipoDocumento::Boleta, TipoDocumento::OC,
+                                               TipoDocumento::NC,      TipoDocumento::PADE,   TipoDocumento::PADV,
+                                               TipoDocumento::LIQPAD};
+
+// Boletas and facturas, which share one run of numbers; all others are parallel documents.
+constexpr bool EsFiscal(TipoDocumento tipo) { return tipo <= TipoDocumento::Boleta; }
+
+// As a row holds it.
+constexpr int Codigo(TipoOperacion tipo) { return static_cast<int>(tipo); }
+QString Codigo(TipoDocumento tipo);
+
+// The inside of an IN (...): "22, 23", "'10', '14'".
+QString Codigos(std::initializer_list<TipoOperacion> tipos);
+QString Codigos(std::initializer_list<TipoDocumento> tipos);
