@@ -8,3 +8,8 @@ ImportesLinea ImportesDe(const LineaDocumento& linea) {
   if (linea.porcentaje < 0) i.descuento = i.importe * linea.porcentaje / 100;
   return i;
 }
+
+double ValorDe(const LineaDocumento& linea) {
+  const double lista = linea.cantidad * linea.precio;
+  return lista + lista * linea.porcentaje / 100;
+}

@@ -22,3 +22,6 @@ struct ImportesLinea {
 };
 
 ImportesLinea ImportesDe(const LineaDocumento& linea);
+
+// What the line is worth with its percentage, not rounded: quantity x price + quantity x price x percentage / 100.
+double ValorDe(const LineaDocumento& linea);

@@ -1,5 +1,7 @@
 #include "documento/ticket.h"
 
+#include <algorithm>
+
 #include "foundation/version.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -128,8 +130,12 @@ RenglonTotal Total(const QString& etiqueta, double valor) { return {etiqueta, Fo
 QString LineasArticulo(const LineaDocumento& linea, const FormaLineas& f) {
   const ImportesLinea i = ImportesDe(linea);
   const auto fila = [&f](const QString& a, const QString& b, const QString& c, const QString& d) {
-    return aLaIzquierda(a, f.descripcion) + u' ' + aLaDerecha(b, f.cantidad) + u' ' + aLaDerecha(c, f.precio) + u' ' +
-           aLaDerecha(d, f.importe);
+    QString cifras;
+    for (const auto& [texto, ancho] : {std::pair(b, f.cantidad), {c, f.precio}, {d, f.importe}}) {
+      cifras += u' ' + aLaDerecha(texto, f.entero ? std::max(ancho, static_cast<int>(texto.size())) : ancho);
+    }
+    const int ancho = f.descripcion + f.cantidad + f.precio + f.importe + 3;
+    return aLaIzquierda(a, std::max(0, ancho - static_cast<int>(cifras.size()))) + cifras;
   };
   QString s = fila(linea.descripcion, QString::number(linea.cantidad), Formatear(i.precio, f.mascara),
                    Formatear(i.importe, f.mascara));

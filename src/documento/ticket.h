@@ -29,6 +29,7 @@ struct FormaLineas {
   int descripcion = 16, cantidad = 4, precio = 6, importe = 9;
   QString mascara = QStringLiteral("0.00"), mascaraItem = QStringLiteral("0.00");
   QString turno = QStringLiteral(" T:");  // before the turn, at the end of the ticket
+  bool entero = false;  // a figure wider than its column takes the room from the description, in place of being cut
 };
 // The article line and, with a discount, the line below it. No line end behind the last of them.
 QString LineasArticulo(const LineaDocumento& linea, const FormaLineas& forma);

@@ -37,6 +37,24 @@ struct Anulacion {
 
 bool exigirCodigo(Puesto&, Anulacion& a) { return EsNumerico(Recortar(a.v.txtTransaccion)); }
 
+bool esLaCargada(const PantallaTransaccion& v) {
+  return v.cargada && v.cargada->paralela == v.chkAlterno &&
+         v.cargada->codigo == AEntero(Val(Recortar(v.txtTransaccion)));
+}
+
+// Another series or number may stand typed, or have been searched among several: then what is loaded isn't what the
+// fields say.
+bool exigirCampos(Puesto& p, Anulacion& a) {
+  if (!esLaCargada(a.v)) return true;  // it will be loaded first
+  const bool serie = Recortar(a.v.txtSerie).compare(Recortar(a.t().docSerie), Qt::CaseInsensitive) == 0;
+  const QString numero = Recortar(a.v.txtNumero);
+  if (serie && numero.isEmpty() == a.t().docNumero.isEmpty() && Val(numero) == Val(a.t().docNumero)) return true;
+  p.mensajes.mostrar(QStringLiteral("La serie y el número no son los del documento que se muestra.\n"
+                                    "Búsquelo antes de anular."));
+  a.dejaBoton = true;
+  return false;
+}
+
 bool autorizar(Puesto&, Anulacion& a) {
   const auto nombre = a.pantallas.autorizar(QStringLiteral("Anulación de transacción"));
   a.dejaBoton = !nombre || Recortar(*nombre).isEmpty();
@@ -57,7 +75,7 @@ bool mirarEstado(Puesto& p, Anulacion& a) {
       return false;
     }
   }
-  if (a.v.cargada && a.v.cargada->codigo == codigo && a.v.cargada->paralela == a.v.chkAlterno) return true;
+  if (esLaCargada(a.v)) return true;
   BuscarTransaccion(p, a.v);
   a.dejaBoton = a.v.cargada.has_value();  // now it is on the screen, to be looked at first
   return false;
@@ -148,9 +166,10 @@ bool sellarPago(Puesto& p, Anulacion& a) {
 
 // clang-format off
 const Paso<Anulacion> kPasos[] = {
-    {"codigo", exigirCodigo}, {"supervisor", autorizar},      {"estado", mirarEstado}, {"orden", mirarOrden},
-    {"confirmar", confirmar}, {"codigo nuevo", tomarCodigoNuevo}, {"filas", grabarFilas}, {"liquidacion", deshacer},
-    {"ticket", imprimir},     {"puntos", extornar},           {"pago", sellarPago},
+    {"codigo", exigirCodigo}, {"campos", exigirCampos},           {"supervisor", autorizar}, {"estado", mirarEstado},
+    {"orden", mirarOrden},    {"confirmar", confirmar},           {"codigo nuevo", tomarCodigoNuevo},
+    {"filas", grabarFilas},   {"liquidacion", deshacer},          {"ticket", imprimir},      {"puntos", extornar},
+    {"pago", sellarPago},
 };
 // clang-format on
 

@@ -14,8 +14,8 @@ bool AnularVenta(Puesto& p, const Transaccion& t, const AvanceAnulacion& avance,
   const bool conLocal = !t.idLocal.isEmpty();
   const QString espejo =
       QStringLiteral(" INSERT INTO OPERACION (cOperCode, cUserDesc, cAlmaCode, cProdCode, nProdCant,"
-                     " nProdPrecUnit, dOperFech, cOperTipo, cOperFlagAnula, cOperCodeAnula,"
-                     " cCajaCodi, cTurnoCodi$) VALUES ($, '$', '$', $, $, $, '$', $, $, $, '$', '$'$)");
+                     " nProdPrecUnit, nDscto, dOperFech, cOperTipo, cOperFlagAnula, cOperCodeAnula,"
+                     " cCajaCodi, cTurnoCodi$) VALUES ($, '$', '$', $, $, $, $, '$', $, $, $, '$', '$'$)");
   const QString marca =
       QStringLiteral(" UPDATE OPERACION  SET cOperFlagAnula = 1  WHERE cOperCode = $") + kSinParalelas;
   for (size_t n = 0; n < t.lineas.size(); ++n) {
@@ -23,8 +23,9 @@ bool AnularVenta(Puesto& p, const Transaccion& t, const AvanceAnulacion& avance,
     if (n >= avance.lineas &&
         !hacer(p, espejo,
                {conLocal ? QStringLiteral(", IdLocal") : QString(), avance.codigo, ReemplazarComilla(p.ses.psUsuario),
-                l.cAlmaCode, l.cProdCode, 0 - l.cantidad, l.precio, fecha, Codigo(t.tipo), QStringLiteral("1"),
-                t.codigo, p.ses.psCaja, p.ses.psTurno, conLocal ? QStringLiteral(", ") + t.idLocal : QString()})) {
+                l.cAlmaCode, l.cProdCode, 0 - l.cantidad, l.precio, l.porcentaje, fecha, Codigo(t.tipo),
+                QStringLiteral("1"), t.codigo, p.ses.psCaja, p.ses.psTurno,
+                conLocal ? QStringLiteral(", ") + t.idLocal : QString()})) {
       return false;
     }
     if (!hacer(p, marca, {t.codigo})) return false;

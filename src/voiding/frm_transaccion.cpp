@@ -105,6 +105,7 @@ void frmTransaccion::alDejar(const Campo* campo) {
 void frmTransaccion::pulsar() {
   alDejar(txtTransaccion_);
   alDejar(txtNumero_);
+  if (pendiente(txtSerie_, v_.txtSerie)) con([this] { BuscarDocumento(p_, v_); });
   if (accion_->isEnabled()) con([this] { actuar(v_); });
 }
 

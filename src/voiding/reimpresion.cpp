@@ -47,10 +47,10 @@ QString lineas(const Puesto& p, const Transaccion& t, SumasVenta& s) {
   f.descripcion = 18;
   f.importe = 7;
   f.mascara = kMascara;
+  f.entero = true;
   QString texto = kForma.titulo + kFin + Separador() + kFin;
   for (const LineaTransaccion& l : t.lineas) {
-    const ImportesLinea i = ImportesDe(l.linea);
-    const double valor = i.importe + i.descuento, servicio = l.servicio / 100;
+    const double valor = ValorDe(l.linea), servicio = l.servicio / 100;
     const double base = valor / (1 + p.ses.pnIGV + servicio);
     s.total += valor;
     s.cantidad += l.linea.cantidad;
@@ -58,6 +58,7 @@ QString lineas(const Puesto& p, const Transaccion& t, SumasVenta& s) {
     s.servicio += Redondear(base * servicio, 2);
     texto += LineasArticulo(l.linea, f) + kFin;
   }
+  s.total = Redondear(s.total, 2);
   return texto + Separador() + kFin;
 }
 

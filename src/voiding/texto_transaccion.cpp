@@ -16,7 +16,7 @@ QString conAsterisco(double valor, int ancho, QStringView mascara = kMascara) {
 }
 
 struct Sumas {
-  double total = 0, neto = 0, servicio = 0, cantidad = 0;
+  double total = 0, servicio = 0, cantidad = 0;
 };
 
 QString lineaArticulo(const LineaTransaccion& l) {
@@ -24,6 +24,7 @@ QString lineaArticulo(const LineaTransaccion& l) {
   f.descripcion = 18;
   f.importe = 7;
   f.mascara = kMascara;
+  f.entero = true;
   LineaDocumento aPrecioDeLista = l.linea;
   aPrecioDeLista.porcentaje = 0;
   return LineasArticulo(aPrecioDeLista, f) + kFin;
@@ -39,16 +40,13 @@ QString lineas(const Transaccion& t, const FormaTransaccion& forma, Sumas& s) {
   QString texto = forma.titulo + kFin + Separador() + kFin;
   for (const LineaTransaccion& l : t.lineas) {
     texto += lineaArticulo(l);
-    const double importe = l.linea.cantidad * l.linea.precio;
-    s.total += importe;
+    if (l.linea.porcentaje != 0) texto += lineaDescuento(l.linea.porcentaje);
+    const double valor = ValorDe(l.linea);
+    s.total += valor;
     s.cantidad += l.linea.cantidad;
-    if (orden) {
-      s.neto += importe + importe * l.linea.porcentaje / 100;
-      if (l.linea.porcentaje != 0) texto += lineaDescuento(l.linea.porcentaje);
-    } else {
-      s.servicio += importe * l.servicio / 100;
-    }
+    if (!orden) s.servicio += valor * l.servicio / 100;
   }
+  s.total = Redondear(s.total, 2);
   return texto;
 }
 
@@ -60,8 +58,8 @@ QString totales(const Transaccion& t, const Sumas& s) {
       return rotulo + (t.enDolares ? QStringLiteral("$  ") : QStringLiteral("S/.")) +
              conAsterisco(s.total, t.tipo == TipoOperacion::PADE ? 26 : 29);
     case TipoOperacion::OC:
-      if (t.vuelto == 0) return rotulo + conAsterisco(s.neto, 29);
-      return QStringLiteral("SUB/TOTL ") + conAsterisco(s.neto, 29) + kFin + QStringLiteral("EFECTIVO ") +
+      if (t.vuelto == 0) return rotulo + conAsterisco(s.total, 29);
+      return QStringLiteral("SUB/TOTL ") + conAsterisco(s.total, 29) + kFin + QStringLiteral("EFECTIVO ") +
              conAsterisco(t.efectivo, 29) + kFin + QStringLiteral("VUELTO   ") + conAsterisco(t.vuelto, 29);
     default: return rotulo + conAsterisco(s.total, 29);
   }

@@ -8,7 +8,7 @@ struct Puesto;
 
 struct BloquesTransaccion {
   QString cabecera, fecha, cuerpo, documento;
-  double total = 0;  // quantity times price of all lines; of an advance payment its amount, in its own currency
+  double total = 0;  // value of all lines, to the cent; of an advance payment its amount, in its own currency
 };
 
 // The words by which the two screens' texts differ.

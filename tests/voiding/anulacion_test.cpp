@@ -2,6 +2,7 @@
 #include "anulacion_prueba.h"
 #include "apoyo/casos.h"
 #include "apoyo/otro_puesto.h"
+#include "loyalty/puntos.h"
 
 namespace {
 
@@ -128,6 +129,11 @@ TEST(Anulacion, ACodeThatIsStaleIsToldAndTheQuestionOfALiquidationCanBeDenied) {
   BuscarDocumento(p, v);  // several: the text stays, the button is free again
   EXPECT_TRUE(v.accion);
   EXPECT_EQ(q("1"), v.txtTransaccion);
+  p.persona().espera(q("La serie y el número no son los del documento que se muestra."));
+  Anular(p, v, p.jefe);
+  EXPECT_TRUE(v.accion);
+  v.txtSerie = q("001");
+  v.txtNumero = q("1");
   p.persona().espera(q("Esta transacción ya ha sido anulada"));
   Anular(p, v, p.jefe);
   v.txtNumero = q("000004");  // as typed
@@ -137,6 +143,32 @@ TEST(Anulacion, ACodeThatIsStaleIsToldAndTheQuestionOfALiquidationCanBeDenied) {
   p.persona().espera(q("No existen coincidencias para el documento"));
   BuscarDocumento(p, v);
   EXPECT_FALSE(v.accion);
+}
+
+// What stands on the paper and goes back in points is what the sale was worth; the mirrors are worth as much.
+TEST(Anulacion, ADocumentIsWorthWhatItsLinesCost) {
+  for (const auto& c : leerCasos("voiding/valores")) {
+    SCOPED_TRACE(c.donde());
+    PuestoConDocumentos p;
+    for (const QString& linea : c["lineas"].split(u',')) {
+      const QStringList l = linea.split(u' ', Qt::SkipEmptyParts);
+      p.fila(1, 1, "02", 1, 102, l[0].toInt(), l[1].toDouble(), 0, 0, qPrintable(q("'', Null, %1, 0").arg(l[2])));
+    }
+    PantallaTransaccion copia;
+    copia.uso = Uso::Reimprimir;
+    copia.txtTransaccion = q("1");
+    BuscarTransaccion(p, copia);
+    const PantallaTransaccion v = p.anular(1);
+    EXPECT_TRUE(v.txtTexto.contains(c["renglon"])) << qPrintable(v.txtTexto);
+    EXPECT_TRUE(v.txtTexto.contains(q("CASH/TL  ") + c["total"].rightJustified(29, u' '))) << qPrintable(v.txtTexto);
+    EXPECT_TRUE(copia.txtTexto.contains(q(" VALOR VTA.") + c["enCopia"].rightJustified(27, u' ')))
+        << qPrintable(copia.txtTexto);
+    p.ses.pnPuntImpo = 10;
+    p.ses.pnPuntCant = 1;
+    EXPECT_EQ(c.entero("puntos"), CalcularPuntos(p, v.bloques.total));
+    EXPECT_EQ(q("0"), p.filas(q("SELECT ROUND(SUM(nProdCant*nProdPrecUnit+nProdCant*nProdPrecUnit*nDscto/100),2) "
+                                "FROM Operacion")));
+  }
 }
 
 TEST(Anulacion, AnAdvancePaymentIsStampedInThePaymentRegisterAndPointsGoBack) {
