@@ -1,5 +1,6 @@
 #include "documento/commit_documento.h"
 
+#include "documento/tarjeta.h"
 #include "foundation/cfg_admin.h"
 #include "foundation/puesto.h"
 #include "platform/text/fecha.h"
@@ -8,8 +9,8 @@
 #include "printing/canal.h"
 
 void FijarCliente(CommitDocumento& c, const QString& tarjeta, const QString& local) {
-  const QString numero = Recortar(tarjeta), sitio = Recortar(local);
-  c.tarjeta = numero.isEmpty() ? QString() : Ceros(numero, 8);
+  const QString sitio = Recortar(local);
+  c.tarjeta = NumeroTarjeta(tarjeta);
   c.o.tarjeta = ReemplazarComilla(c.tarjeta);
   c.o.idLocal = EsNumerico(sitio) ? TextoDe(Val(sitio)) : QStringLiteral("NULL");
 }
@@ -25,7 +26,9 @@ void FijarTipoDocumento(CommitDocumento& c, const QString& ruc) {
 }
 
 bool FijarFecha(Puesto& p, CommitDocumento& c) {
-  c.o.fecha = FormatearFecha(p.reloj.now(), u"DD/MM/YYYY hh:mm");
+  const QDateTime ahora = p.reloj.now();
+  c.momento = ahora.addSecs(-ahora.time().second()).addMSecs(-ahora.time().msec());
+  c.o.fecha = FormatearFecha(c.momento, u"DD/MM/YYYY hh:mm");
   return true;
 }
 

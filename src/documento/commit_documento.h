@@ -8,7 +8,8 @@
 
 struct CommitDocumento {
   ClaseDocumento clase = ClaseDocumento::VentaExacta;
-  DatosOperacion o;  // what the rows take; texts in it are safe to stand in a statement
+  DatosOperacion o;   // what the rows take; texts in it are safe to stand in a statement
+  QDateTime momento;  // of all its rows, to the minute; o.fecha is its text
   NumeroDocumento documento;
   NombreLog logReserva = kLogCajaFull, logFinal = kLogCajaFull;
 
@@ -28,7 +29,8 @@ struct CommitDocumento {
   bool factura() const { return o.documento == TipoDocumento::Factura; }
 };
 
-// Card and site as they stand on the screen. A site that is no number is stored as NULL, since it stands bare.
+// Card and site as they stand on the screen. A number that is nobody's leaves the document without a card; a site that
+// is no number is stored as NULL, since it stands bare.
 void FijarCliente(CommitDocumento& c, const QString& tarjeta, const QString& local);
 // Factura with a RUC, boleta without; a parallel document takes its own type.
 void FijarTipoDocumento(CommitDocumento& c, const QString& ruc);

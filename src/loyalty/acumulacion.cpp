@@ -3,6 +3,19 @@
 #include "foundation/puesto.h"
 #include "platform/text/numero.h"
 
+bool LeerTitulares(Puesto& p, Conexion& cnn, const QString& tarjeta, int idLocal,
+                   std::vector<TitularTarjeta>& titulares) {
+  QString sql = FormatearSQL(QStringLiteral("SELECT cClieCode, IdLocal FROM Tarjeta WHERE nTarjNumb = '$'"),
+                             {ReemplazarComilla(tarjeta)});
+  if (idLocal != 0) sql += FormatearSQL(QStringLiteral(" AND IdLocal = $"), {idLocal});
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(cnn, sql + QStringLiteral(" ORDER BY IdLocal"), rs)) return false;
+  for (const auto& f : rs) {
+    titulares.push_back({LimpiarNulo(f[u"cClieCode"]), static_cast<int>(AEntero(Numero(f[u"IdLocal"])))});
+  }
+  return true;
+}
+
 bool LeerTipoCliente(Puesto& p, Conexion& cnn, const QString& cliente, int idLocal, int& tipo) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(cnn,

@@ -2,6 +2,7 @@
 // The rows of Acumulacion_Punto, as the sale and the sending of the queue write them.
 #include <QString>
 #include <optional>
+#include <vector>
 
 #include "loyalty/puntos.h"
 
@@ -16,7 +17,19 @@ struct Acumulacion {
   int puntos = 0;
   QString usuario;
   ClavePuntos documento;
+  QDateTime momento;  // of the document
 };
+
+// Whose a card is: the pair of code and site.
+struct TitularTarjeta {
+  QString cliente;
+  int idLocal = 0;
+};
+
+// The holders of a card, by site; with a site, only that one's. False when the query fails, and then the box has been
+// shown.
+[[nodiscard]] bool LeerTitulares(Puesto& p, Conexion& cnn, const QString& tarjeta, int idLocal,
+                                 std::vector<TitularTarjeta>& titulares);
 
 // Kinds of customer by Cliente.iTipo: the only one that earns points.
 constexpr int kClienteConPuntos = 1;

@@ -25,10 +25,7 @@ void copiarReglaAlPuesto(Puesto& p) {
                                                            {p.ses.pnImpoMaxi, p.ses.pnPuntImpo, p.ses.pnPuntCant}));
 }
 
-}  // namespace
-
-bool ConectarCliente(Puesto& p, bool mensaje, clsDBAdmin::Espera espera) {
-  const bool abrio = p.poDBAdmin.AbrirBD(p.poCnnCliente, p.ses.psConexionCliente, false, espera);
+void anotarConexion(Puesto& p, bool abrio, bool mensaje) {
   p.ses.pbClienteConectado = abrio;
   p.ses.pbClienteCaido = !abrio;
   if (abrio) {
@@ -40,7 +37,28 @@ bool ConectarCliente(Puesto& p, bool mensaje, clsDBAdmin::Espera espera) {
                        "Las Operaciones se guardaran temporalmente hasta que se restablesca la conexión."),
         Mensajes::kTitulo, Icono::Aviso);
   }
+}
+
+}  // namespace
+
+bool ConectarCliente(Puesto& p, bool mensaje, clsDBAdmin::Espera espera) {
+  const bool abrio = p.poDBAdmin.AbrirBD(p.poCnnCliente, p.ses.psConexionCliente, false, espera);
+  anotarConexion(p, abrio, mensaje);
   return abrio;
+}
+
+ResultadoCliente EnTransaccionCliente(Puesto& p, const std::function<bool()>& hacer, bool mensaje) {
+  const bool abierta = !p.poCnnCliente.iniciar();
+  if (abierta && !hacer()) {
+    p.poCnnCliente.deshacer();
+    return ResultadoCliente::Fallo;
+  }
+  if (abierta && !p.poCnnCliente.confirmar()) return ResultadoCliente::Hecho;
+  // Locked by another program or gone: closing undoes what was begun, and a sale leaves it alone for a while.
+  p.poDBAdmin.CerrarBD(p.poCnnCliente);
+  p.ses.tiempoAgotado.insert(p.ses.psConexionCliente, p.reloj.now());
+  anotarConexion(p, false, mensaje);
+  return ResultadoCliente::NoResponde;
 }
 
 void DesconectarCliente(Puesto& p) {

@@ -1,5 +1,7 @@
 #pragma once
 // The client database: its connection, which comes and goes with each task, and the points rule.
+#include <functional>
+
 #include "foundation/db_admin.h"
 
 struct Puesto;
@@ -9,6 +11,13 @@ struct Puesto;
 //   Returns  false when the database can't be reached; the sale goes on without it.
 //   Shows    with `mensaje`, the box about the client database: once, until a later attempt has succeeded.
 bool ConectarCliente(Puesto& p, bool mensaje, clsDBAdmin::Espera espera = clsDBAdmin::Espera::Venta);
+
+enum class ResultadoCliente { Hecho, Fallo, NoResponde };
+
+// Runs `hacer`, the statements of one change, as one transaction of the open client database: all of them stand or none.
+// Fallo: one of them failed, which has shown its box. NoResponde: the transaction could not begin or end; the database
+// counts as away from then on, with its box.
+[[nodiscard]] ResultadoCliente EnTransaccionCliente(Puesto& p, const std::function<bool()>& hacer, bool mensaje = true);
 
 // Closes poCnnCliente and clears pbClienteConectado. Nothing happens when it is closed.
 void DesconectarCliente(Puesto& p);

@@ -1,7 +1,10 @@
 #include "loyalty/pendientes.h"
 
+#include <algorithm>
+
 #include "foundation/puesto.h"
 #include "loyalty/acumulacion.h"
+#include "loyalty/cliente_bd.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 
@@ -17,6 +20,12 @@ QString fechaDelServidor(const QVariant& v) {
 
 bool hacer(Puesto& p, Conexion& cnn, const QString& plantilla, const std::vector<QVariant>& valores) {
   return p.poDBAdmin.EjecutarSentencia(cnn, FormatearSQL(plantilla, valores), true);
+}
+
+// What one row changes in the client database stands there whole or not at all. A database that is locked is asked again
+// by the next run, without a word.
+bool enviar(Puesto& p, const std::function<bool()>& cambio) {
+  return EnTransaccionCliente(p, cambio, false) == ResultadoCliente::Hecho;
 }
 
 bool leerLocales(Puesto& p, Conexion& cnn, const QString& consulta, std::vector<int>& locales) {
@@ -54,69 +63,59 @@ bool enviarCliente(Puesto& p, const Recordset::Fila& f) {
   if (local != 0) locales.push_back(local);
   else if (!localesDe(p, codigo, locales)) return false;
   if (locales.empty()) return true;
-  for (const int suyo : locales) {
-    if (!hacer(p, p.poCnnCliente,
-               QStringLiteral("UPDATE Cliente    SET dUltTDate = $,        cTranCode = $ "
-                              " WHERE cClieCode = $   AND IdLocal = $"),
-               {fechaDelServidor(f[u"dUltTDate"]), enteroDe(f[u"cTranCode"]), codigo, suyo})) {
-      return false;
-    }
-  }
-  return hacer(p, p.poCnnLocal,
+  const bool enviado = enviar(p, [&] {
+    return std::all_of(locales.begin(), locales.end(), [&](int suyo) {
+      return hacer(p, p.poCnnCliente,
+                   QStringLiteral("UPDATE Cliente    SET dUltTDate = $,        cTranCode = $ "
+                                  " WHERE cClieCode = $   AND IdLocal = $"),
+                   {fechaDelServidor(f[u"dUltTDate"]), enteroDe(f[u"cTranCode"]), codigo, suyo});
+    });
+  });
+  return enviado &&
+         hacer(p, p.poCnnLocal,
                QStringLiteral("UPDATE Cliente    SET cSincroFlag = 1  WHERE cClieCode = $   AND IdLocal = $"),
                {codigo, local});
 }
 
-// The site of a row that was stored without one: that of the card, where only one customer carries it. False when the
-// query fails.
-bool completarLocal(Puesto& p, Acumulacion& a) {
-  Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(
-          p.poCnnCliente,
-          FormatearSQL(QStringLiteral("SELECT IdLocal FROM Tarjeta WHERE nTarjNumb = '$' AND cClieCode = $"),
-                       {ReemplazarComilla(a.tarjeta), a.cliente}),
-          rs)) {
-    return false;
-  }
-  if (rs.RecordCount() == 1) a.idLocal = enteroDe(rs[u"IdLocal"]);
-  return true;
-}
-
 bool enviarAcumulacion(Puesto& p, const Recordset::Fila& f) {
   Acumulacion a;
-  a.cliente = LimpiarNulo(f[u"cClieCode"]);
   a.tarjeta = LimpiarNulo(f[u"nTarjNumb"]);
   a.importe = Numero(f[u"nAcumImpo"]);
   a.puntos = enteroDe(f[u"nPuntCant"]);
   a.usuario = LimpiarNulo(f[u"sUserDesc"]);
   a.documento = {LimpiarNulo(f[u"cDocTipo"]), LimpiarNulo(f[u"cDocSerie"]), AEntero(Numero(f[u"cDocCodigo"]))};
-  const int local = a.idLocal = enteroDe(f[u"IdLocal"]);
-  if (local == 0 && !completarLocal(p, a)) return false;
+  a.momento = f[u"dAcumDate"].toDateTime();
+  const int local = enteroDe(f[u"IdLocal"]);
+  // Whose they are the client database tells, by the card: a row without a site takes the card's only one.
+  std::vector<TitularTarjeta> titulares;
+  if (!LeerTitulares(p, p.poCnnCliente, a.tarjeta, local, titulares)) return false;
+  if (titulares.size() != 1) return true;  // for the site, or for somebody to hold the card, points wait on
+  a.cliente = titulares.front().cliente;
+  a.idLocal = titulares.front().idLocal;
   int tipo = kSinCliente;
   if (!LeerTipoCliente(p, p.poCnnCliente, a.cliente, a.idLocal, tipo)) return false;
-  if (tipo == kSinCliente) return true;  // points that nobody would get wait on
+  if (tipo == kSinCliente) return true;
   // A row of the store's copies may turn out to be of a customer who earns nothing.
-  if (tipo == kClienteConPuntos) {
-    if (!SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo) ||
-        !InsertarAcumulacion(p, p.poCnnCliente, a, fechaDelServidor(f[u"dAcumDate"]), false) ||
-        !hacer(p, p.poCnnCliente,
-               QStringLiteral(" UPDATE Cliente    SET nPuntCant = ISNULL(nPuntCant,0) + $  WHERE cClieCode = $ "
-                              "   AND IdLocal = $"),
-               {a.puntos, a.cliente, a.idLocal})) {
-      return false;
-    }
-  }
-  return hacer(p, p.poCnnLocal,
-               QStringLiteral(" UPDATE Acumulacion_Punto    SET cSincroFlag = 1  WHERE cClieCode = $ "
-                              "   AND cAcumCode = $    AND IdLocal = $"),
-               {a.cliente, LimpiarNulo(f[u"cAcumCode"]), local});
+  const bool enviado =
+      tipo != kClienteConPuntos || enviar(p, [&] {
+        return SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo) &&
+               InsertarAcumulacion(p, p.poCnnCliente, a, fechaDelServidor(f[u"dAcumDate"]), false) &&
+               hacer(p, p.poCnnCliente,
+                     QStringLiteral(" UPDATE Cliente    SET nPuntCant = ISNULL(nPuntCant,0) + $  WHERE cClieCode = $ "
+                                    "   AND IdLocal = $"),
+                     {a.puntos, a.cliente, a.idLocal});
+      });
+  return enviado && hacer(p, p.poCnnLocal,
+                          QStringLiteral(" UPDATE Acumulacion_Punto    SET cSincroFlag = 1  WHERE cClieCode = $ "
+                                         "   AND cAcumCode = $    AND IdLocal = $"),
+                          {LimpiarNulo(f[u"cClieCode"]), LimpiarNulo(f[u"cAcumCode"]), local});
 }
 
-bool enviarTodos(Puesto& p, const QString& consulta, bool (*enviar)(Puesto&, const Recordset::Fila&)) {
+bool enviarTodos(Puesto& p, const QString& consulta, bool (*una)(Puesto&, const Recordset::Fila&)) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, consulta, rs)) return false;
   for (const auto& fila : rs) {
-    if (!enviar(p, fila)) return false;
+    if (!una(p, fila)) return false;
   }
   return true;
 }

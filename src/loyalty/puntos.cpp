@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "documento/tarjeta.h"
 #include "foundation/puesto.h"
 #include "loyalty/acumulacion.h"
 #include "loyalty/cliente_bd.h"
@@ -33,34 +34,45 @@ bool leerTitular(Puesto& p, Conexion& cnn, const QString& tarjeta, int idLocal, 
   return true;
 }
 
-// Whose points these are, by the client database. False when they are nobody's, or when it can't be read; `leido` tells.
-bool buscarEnCliente(Puesto& p, Acumulacion& a, bool& leido) {
+// What becomes of points: nobody's, to be recorded, to wait, or not known since the database couldn't be read.
+enum class Destino { Nadie, Cliente, Cola, NoLeido };
+
+// Whose points these are, by the client database. Without a site they are those of the card's only one, and wait when
+// several have issued it.
+Destino buscarEnCliente(Puesto& p, Acumulacion& a) {
+  if (a.idLocal == 0) {
+    std::vector<TitularTarjeta> titulares;
+    if (!LeerTitulares(p, p.poCnnCliente, a.tarjeta, 0, titulares)) return Destino::NoLeido;
+    if (titulares.empty()) return Destino::Nadie;
+    a.cliente = titulares.front().cliente;
+    if (titulares.size() > 1) return Destino::Cola;
+    a.idLocal = titulares.front().idLocal;
+  } else if (!leerTitular(p, p.poCnnCliente, a.tarjeta, a.idLocal, a.cliente)) {
+    return Destino::NoLeido;
+  }
+  if (a.cliente.isEmpty()) return Destino::Nadie;
   int tipo = kSinCliente;
-  leido = leerTitular(p, p.poCnnCliente, a.tarjeta, a.idLocal, a.cliente);
-  if (!leido || a.cliente.isEmpty()) return false;
-  leido = LeerTipoCliente(p, p.poCnnCliente, a.cliente, a.idLocal, tipo);
-  if (!leido || tipo != kClienteConPuntos) return false;
-  return leido = SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo);
+  if (!LeerTipoCliente(p, p.poCnnCliente, a.cliente, a.idLocal, tipo)) return Destino::NoLeido;
+  if (tipo != kClienteConPuntos) return Destino::Nadie;
+  return SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo) ? Destino::Cliente : Destino::NoLeido;
 }
 
 // The same by the store's copies. The pull brings them without a site and without the kind of customer: what isn't
 // known there is taken for a yes and settled when the row is sent.
 bool buscarEnAlmacen(Puesto& p, Acumulacion& a) {
-  Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(
-          p.poCnnLocal,
-          FormatearSQL(QStringLiteral("SELECT cClieCode, IdLocal FROM Tarjeta WHERE nTarjNumb = '$' ORDER BY IdLocal"),
-                       {ReemplazarComilla(a.tarjeta)}),
-          rs)) {
-    return false;
+  std::vector<TitularTarjeta> copias;
+  if (!LeerTitulares(p, p.poCnnLocal, a.tarjeta, 0, copias)) return false;
+  if (a.idLocal == 0 && copias.size() > 1) {  // they wait for the site
+    a.cliente = copias.front().cliente;
+    return true;
   }
   // The copy of the sale's site, else one without a site, else, for a sale without a site, the only one there is.
   a.cliente.clear();
   int local = a.idLocal;
-  for (const auto& fila : rs) {
-    const int suyo = static_cast<int>(AEntero(Numero(fila[u"IdLocal"])));
-    if (suyo != a.idLocal && suyo != 0 && (a.idLocal != 0 || rs.RecordCount() > 1)) continue;
-    a.cliente = LimpiarNulo(fila[u"cClieCode"]);
+  for (const TitularTarjeta& copia : copias) {
+    const int suyo = copia.idLocal;
+    if (suyo != a.idLocal && suyo != 0 && a.idLocal != 0) continue;
+    a.cliente = copia.cliente;
     local = suyo;
   }
   if (a.idLocal == 0) a.idLocal = local;
@@ -69,57 +81,71 @@ bool buscarEnAlmacen(Puesto& p, Acumulacion& a) {
          (tipo < 0 || tipo == kClienteConPuntos);
 }
 
-void acumularEnCliente(Puesto& p, Acumulacion& a) {
-  const QString momento = QStringLiteral("convert(datetime,'") + FormatearFecha(p.reloj.now(), u"yyyy-mm-dd hh:nn:ss") +
+bool escribirEnCliente(Puesto& p, Acumulacion& a) {
+  const QString momento = QStringLiteral("convert(datetime,'") + FormatearFecha(a.momento, u"yyyy-mm-dd hh:nn:ss") +
                           QStringLiteral("',120)");
-  if (!SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo) ||
-      !InsertarAcumulacion(p, p.poCnnCliente, a, momento, false)) {
-    return;
-  }
-  p.poDBAdmin.EjecutarSentencia(p.poCnnCliente,
-                                FormatearSQL(QStringLiteral("UPDATE Cliente SET nPuntCant = ISNULL(nPuntCant,0) + $, "
-                                                            "dUltTDate = $, cTranCode = $,bFlagSincro= $ "
-                                                            "WHERE cClieCode = $ AND IdLocal= $ "),
-                                             {a.puntos, momento, kPuntosAcumulados, 0, a.cliente, a.idLocal}),
-                                true);
+  return SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo) &&
+         InsertarAcumulacion(p, p.poCnnCliente, a, momento, false) &&
+         p.poDBAdmin.EjecutarSentencia(
+             p.poCnnCliente,
+             FormatearSQL(QStringLiteral("UPDATE Cliente SET nPuntCant = ISNULL(nPuntCant,0) + $, "
+                                         "dUltTDate = $, cTranCode = $,bFlagSincro= $ "
+                                         "WHERE cClieCode = $ AND IdLocal= $ "),
+                          {a.puntos, momento, kPuntosAcumulados, 0, a.cliente, a.idLocal}),
+             true);
 }
 
-// The customer's copy is that of the site or, as the pull brings it, one without a site.
+// The store's copy of a customer: that of the site or, as the pull brings it, one without a site.
+const QString kCopia =
+    QStringLiteral(" WHERE cClieCode = $ "
+                   "   AND IdLocal = (SELECT MAX(IdLocal) FROM Cliente WHERE cClieCode = $ AND IdLocal IN ($, 0))");
+
 void acumularEnCola(Puesto& p, Acumulacion& a) {
   // Behind the rows that wait already: the mark of a sent row must never hit another one.
   qint64 enCola = 0;
   if (!SiguienteAcumulacion(p, p.poCnnLocal, a.cliente, a.idLocal, enCola)) return;
   a.codigo = qMax(a.codigo, enCola);
-  const QString momento = u'\'' + FormatearFecha(p.reloj.now(), u"dd/mm/yyyy hh:nn:ss") + u'\'';
+  const QString momento = u'\'' + FormatearFecha(a.momento, u"dd/mm/yyyy hh:nn:ss") + u'\'';
   if (!InsertarAcumulacion(p, p.poCnnLocal, a, momento, true)) return;
-  p.poDBAdmin.EjecutarSentencia(
-      p.poCnnLocal,
-      FormatearSQL(QStringLiteral("UPDATE Cliente SET nPuntCant = nPuntCant + $, "
-                                  "       dUltTDate = $, cTranCode = $, cSincroFlag = 0 "
-                                  " WHERE cClieCode = $ "
-                                  "   AND IdLocal = (SELECT MAX(IdLocal) FROM Cliente "
-                                  "                  WHERE cClieCode = $ AND IdLocal IN ($, 0))"),
-                   {a.puntos, momento, kPuntosAcumulados, a.cliente, a.cliente, a.idLocal}),
-      true);
+  p.poDBAdmin.EjecutarSentencia(p.poCnnLocal,
+                                FormatearSQL(QStringLiteral("UPDATE Cliente SET nPuntCant = nPuntCant + $, "
+                                                            "       dUltTDate = $, cTranCode = $, cSincroFlag = 0 ") +
+                                                 kCopia,
+                                             {a.puntos, momento, kPuntosAcumulados, a.cliente, a.cliente, a.idLocal}),
+                                true);
 }
 
 ClavePuntos clave(const CommitDocumento& c) { return {Codigo(c.o.documento), c.documento.serie, c.documento.numero}; }
+
+// The condition on the rows that a document's points have in either database.
+QString delDocumento(const ClavePuntos& d) {
+  return FormatearSQL(QStringLiteral(" where cDocTipo='$' and cDocSerie='$' and cDocCodigo=$"),
+                      {ReemplazarComilla(d.tipo), ReemplazarComilla(d.serie), d.numero});
+}
+
+// False when they don't, or it can't be told.
+bool estanEnCliente(Puesto& p, const ClavePuntos& d) {
+  Recordset rs;
+  return p.poDBAdmin.EjecutarConsulta(
+             p.poCnnCliente, QStringLiteral("Select count(*) as TOTAL From Acumulacion_Punto") + delDocumento(d), rs) &&
+         Numero(rs[u"TOTAL"]) != 0;
+}
 
 // The statements of a take-back; `cliente` is filled as soon as it is known.
 bool extornar(Puesto& p, const QString& tarjeta, double total, int idLocal, const ClavePuntos& d, QString& cliente) {
   if (!TomarReglaPunto(p) || !p.ses.pbClienteConectado) return false;
   if (!leerTitular(p, p.poCnnCliente, tarjeta, idLocal, cliente)) return false;
   if (cliente.isEmpty()) cliente = QStringLiteral("0");
-  const QString borra = FormatearSQL(
-      QStringLiteral("Delete From Acumulacion_Punto where cDocTipo='$' and cDocSerie='$' and cDocCodigo=$"),
-      {ReemplazarComilla(d.tipo), ReemplazarComilla(d.serie), d.numero});
+  const QString borra = QStringLiteral("Delete From Acumulacion_Punto") + delDocumento(d);
   // Only the kind that earns: another customer's balance never held these points.
   const QString resta =
       FormatearSQL(QStringLiteral(" Update Cliente set  nPuntCant= (nPuntCant - $)  Where cClieCode=$ AND IdLocal = $"
                                   " AND iTipo=$"),
                    {CalcularPuntos(p, total), cliente, idLocal, kClienteConPuntos});
-  return p.poDBAdmin.EjecutarSentencia(p.poCnnCliente, borra, true) &&
-         p.poDBAdmin.EjecutarSentencia(p.poCnnCliente, resta, true);
+  return EnTransaccionCliente(p, [&] {
+           return p.poDBAdmin.EjecutarSentencia(p.poCnnCliente, borra, true) &&
+                  p.poDBAdmin.EjecutarSentencia(p.poCnnCliente, resta, true);
+         }) == ResultadoCliente::Hecho;
 }
 
 }  // namespace
@@ -130,7 +156,7 @@ int CalcularPuntos(const Puesto& p, double importe) {
 }
 
 bool GanaPuntos(const ClavePuntos& documento, const QString& tarjeta, double importe) {
-  return importe > 0 && !Recortar(tarjeta).isEmpty() && documento.tipo != Codigo(TipoDocumento::LIQPAD);
+  return importe > 0 && !NumeroTarjeta(tarjeta).isEmpty() && documento.tipo != Codigo(TipoDocumento::LIQPAD);
 }
 
 QString SaldoPuntos(Puesto& p, const QString& tarjeta, int idLocal) {
@@ -162,19 +188,30 @@ std::optional<PuntosTicket> PuntosDelTicket(Puesto& p, const ClavePuntos& docume
   return PuntosTicket{ganados, suma};
 }
 
-void AcumularPuntos(Puesto& p, const QString& tarjeta, const ClavePuntos& documento, double importe, int idLocal) {
+void AcumularPuntos(Puesto& p, const QString& tarjeta, const ClavePuntos& documento, double importe, int idLocal,
+                    const QDateTime& momento) {
   if (!GanaPuntos(documento, tarjeta, importe)) return;
   if (!p.ses.pbClienteConectado) ConectarCliente(p, true);
-  Acumulacion a{{}, idLocal, 0, Recortar(tarjeta), importe, CalcularPuntos(p, importe), p.ses.psUsuario, documento};
-  bool leido = false;
-  bool gana = p.ses.pbClienteConectado && buscarEnCliente(p, a, leido);
+  Acumulacion a;
+  a.idLocal = idLocal;
+  a.tarjeta = Recortar(tarjeta);
+  a.importe = importe;
+  a.puntos = CalcularPuntos(p, importe);
+  a.usuario = p.ses.psUsuario;
+  a.documento = documento;
+  a.momento = momento;
+  Destino destino = p.ses.pbClienteConectado ? buscarEnCliente(p, a) : Destino::NoLeido;
   // A connection that died since the sale began is found out by its first read: away as well.
-  if (!leido && (!p.ses.pbClienteConectado || !ConectarCliente(p, true))) gana = buscarEnAlmacen(p, a);
-  if (gana) {
-    if (!p.ses.pbClienteCaido) ConectarCliente(p, true);
-    if (p.ses.pbClienteConectado) acumularEnCliente(p, a);
-    else acumularEnCola(p, a);
+  if (destino == Destino::NoLeido && (!p.ses.pbClienteConectado || !ConectarCliente(p, true))) {
+    destino = buscarEnAlmacen(p, a) ? Destino::Cola : Destino::Nadie;
   }
+  if (destino == Destino::Cliente) {
+    if (!p.ses.pbClienteCaido) ConectarCliente(p, true);
+    const bool tomado = p.ses.pbClienteConectado && EnTransaccionCliente(p, [&] { return escribirEnCliente(p, a); }) !=
+                                                        ResultadoCliente::NoResponde;
+    if (!tomado) destino = Destino::Cola;
+  }
+  if (destino == Destino::Cola) acumularEnCola(p, a);
   DesconectarCliente(p);
 }
 
@@ -184,7 +221,7 @@ bool LeerPuntos(Puesto& p, CommitDocumento& c) {
 }
 
 bool Acumular(Puesto& p, CommitDocumento& c) {
-  AcumularPuntos(p, c.tarjeta, clave(c), c.total, c.idLocal);
+  AcumularPuntos(p, c.tarjeta, clave(c), c.total, c.idLocal, c.momento);
   return true;
 }
 
@@ -210,10 +247,31 @@ ClienteTarjeta ClienteDeTarjeta(Puesto& p, const QString& tarjeta, int idLocal) 
   return c;
 }
 
-void Extorna_puntos(Puesto& p, const QString& tarjeta, double Total, int nIdLocal, const ClavePuntos& documento) {
-  if (!p.ses.pbClienteCaido) ConectarCliente(p, true);
+bool QuitarPuntosEnEspera(Puesto& p, const ClavePuntos& documento, bool& esperaban) {
+  const QString enEspera =
+      QStringLiteral(" FROM Acumulacion_Punto") + delDocumento(documento) + QStringLiteral(" and cSincroFlag = 0");
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("SELECT cClieCode, IdLocal, nPuntCant") + enEspera,
+                                    rs)) {
+    return false;
+  }
+  esperaban = !rs.Eof();
+  for (const auto& f : rs) {
+    const QString cliente = LimpiarNulo(f[u"cClieCode"]);
+    const QString resta = FormatearSQL(QStringLiteral("UPDATE Cliente SET nPuntCant = nPuntCant - $") + kCopia,
+                                       {LimpiarNulo(f[u"nPuntCant"]), cliente, cliente, LimpiarNulo(f[u"IdLocal"])});
+    if (!p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, resta, true)) return false;
+  }
+  return !esperaban || p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, QStringLiteral("DELETE") + enEspera, true);
+}
+
+void Extorna_puntos(Puesto& p, const QString& tarjeta, double Total, int nIdLocal, const ClavePuntos& documento,
+                    bool enEspera) {
+  p.ses.tiempoAgotado.remove(p.ses.psConexionCliente);
+  ConectarCliente(p, true);
   QString cliente = QStringLiteral("0");
-  if (!extornar(p, Recortar(tarjeta), Total, nIdLocal, documento, cliente)) {
+  const bool nunca = enEspera && !(p.ses.pbClienteConectado && estanEnCliente(p, documento));
+  if (!nunca && !extornar(p, Recortar(tarjeta), Total, nIdLocal, documento, cliente)) {
     p.mensajes.mostrar(QStringLiteral("No se logró Extornar los puntos acumulados del cliente Cod:") + cliente);
   }
   DesconectarCliente(p);

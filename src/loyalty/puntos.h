@@ -1,6 +1,7 @@
 #pragma once
 // The points of a customer's card. A customer is always the pair of code and site; only customers of kind 1 earn
 // points. Amounts in soles. Nothing here stops a sale: what fails has shown its box.
+#include <QDateTime>
 #include <QString>
 #include <optional>
 
@@ -18,7 +19,8 @@ struct ClavePuntos {
 // as 1.
 int CalcularPuntos(const Puesto& p, double importe);
 
-// Whether a document earns points at all: a card, an amount above 0, and no liquidation, whose notes have earned theirs.
+// Whether a document earns points at all: a card's number, an amount above 0, and no liquidation, whose notes have earned
+// theirs.
 bool GanaPuntos(const ClavePuntos& documento, const QString& tarjeta, double importe);
 
 // The balance of a card as text, "-1" when there is none to show: no such card, a customer of another kind, or the
@@ -30,10 +32,17 @@ QString SaldoPuntos(Puesto& p, const QString& tarjeta, int idLocal);
 std::optional<PuntosTicket> PuntosDelTicket(Puesto& p, const ClavePuntos& documento, const QString& tarjeta,
                                             int idLocal, double importe);
 
-// Records the points of a document whose rows are stored; nothing when GanaPuntos says no or the customer is of another
-// kind. Goes to the client database or, when that is away, to the queue in the store, the store's copies of cards and
-// customers standing in. Leaves poCnnCliente closed.
-void AcumularPuntos(Puesto& p, const QString& tarjeta, const ClavePuntos& documento, double importe, int idLocal);
+// Records the points of a document whose rows are stored, under the moment of that document; nothing when GanaPuntos says
+// no or the customer is of another kind. Goes to the client database. When that is away or locked, and without a site
+// when several have issued the card, it goes to the queue in the store, the store's copies of cards and customers standing
+// in for a database that is away. Leaves poCnnCliente closed.
+void AcumularPuntos(Puesto& p, const QString& tarjeta, const ClavePuntos& documento, double importe, int idLocal,
+                    const QDateTime& momento);
+
+// Takes a voided document's points out of the queue, and off the store's copy of the customer's balance. Statements of
+// the store only, for the transaction of the void. `esperaban` tells whether there were any. False when a statement
+// fails, and then its box has been shown.
+[[nodiscard]] bool QuitarPuntosEnEspera(Puesto& p, const ClavePuntos& documento, bool& esperaban);
 
 // The two as steps of a commit: before the ticket, and behind the rows. Neither ends a commit.
 bool LeerPuntos(Puesto& p, CommitDocumento& c);
@@ -48,6 +57,9 @@ struct ClienteTarjeta {
 // client database is away. The connection stays open for the next call.
 ClienteTarjeta ClienteDeTarjeta(Puesto& p, const QString& tarjeta, int idLocal);
 
-// Takes back the points of a voided sale of that amount, and its rows, in the client database. There is no queue for
-// it: when the database is away or a statement fails a box says so and the points stay. Leaves poCnnCliente closed.
-void Extorna_puntos(Puesto& p, const QString& tarjeta, double Total, int nIdLocal, const ClavePuntos& documento);
+// Takes back the points of a voided sale of that amount, and its rows, in the client database, which is tried once
+// whatever came of it before. There is no queue for it: when the database is away or a statement fails a box says so and
+// the points stay. Points that were `enEspera` never left the store, unless their row stands in the client database all
+// the same: a sending was cut off before it marked them. Leaves poCnnCliente closed.
+void Extorna_puntos(Puesto& p, const QString& tarjeta, double Total, int nIdLocal, const ClavePuntos& documento,
+                    bool enEspera = false);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "documento/tarjeta.h"
 #include "foundation/puesto.h"
 #include "loyalty/cliente_bd.h"
 #include "platform/text/fecha.h"
@@ -11,10 +12,17 @@
 
 namespace {
 
-// A longer number stays what it is, nobody's: its tail could be another customer's card.
-QString ochoDigitos(QString tarjeta) {
-  while (tarjeta.size() > 8 && tarjeta.startsWith(u'0')) tarjeta.remove(0, 1);
-  return Rellenar(tarjeta, 8, u'0');
+// 0 for none.
+void elegirLocal(ClienteCaja& c, int id) {
+  c.nIdLocal = id;
+  c.txtLocal = id > 0 ? QString::number(id) : QString();
+}
+
+ResultadoTarjeta noExiste(Puesto& p, ClienteCaja& c) {
+  c.txtTarjeta.clear();
+  OlvidarCliente(c);
+  p.mensajes.mostrar(QStringLiteral("El Código de cliente no existe o la tarjeta se encuentra inactiva"));
+  return ResultadoTarjeta::NoExiste;
 }
 
 }  // namespace
@@ -32,14 +40,15 @@ void CargarLocales(Puesto& p, ClienteCaja& c) {
 }
 
 ResultadoTarjeta BuscaTarjeta(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas) {
-  const QString tecleada = Recortar(c.txtTarjeta);
-  if (tecleada.isEmpty()) {
+  if (Recortar(c.txtTarjeta).isEmpty()) {
     c.txtTarjeta.clear();
     OlvidarCliente(c);
     return ResultadoTarjeta::SinTarjeta;
   }
-  c.txtTarjeta = ochoDigitos(tecleada);
   AjustarCliente(c);
+  const QString tarjeta = NumeroTarjeta(c.txtTarjeta);
+  if (tarjeta.isEmpty()) return noExiste(p, c);
+  c.txtTarjeta = tarjeta;
   if (!ConectarCliente(p, true)) return ResultadoTarjeta::SinServidor;
 
   QString sql = FormatearSQL(
@@ -55,12 +64,7 @@ ResultadoTarjeta BuscaTarjeta(Puesto& p, ClienteCaja& c, PantallasVenta& pantall
   DesconectarCliente(p);
   if (!leido) return ResultadoTarjeta::SinServidor;
 
-  if (rs.Eof()) {
-    c.txtTarjeta.clear();
-    OlvidarCliente(c);
-    p.mensajes.mostrar(QStringLiteral("El Código de cliente no existe o la tarjeta se encuentra inactiva"));
-    return ResultadoTarjeta::NoExiste;
-  }
+  if (rs.Eof()) return noExiste(p, c);
   c.tarjetaHallada = c.txtTarjeta;
   if (rs.RecordCount() > 1) {
     c.txtNombres.clear();
@@ -70,21 +74,21 @@ ResultadoTarjeta BuscaTarjeta(Puesto& p, ClienteCaja& c, PantallasVenta& pantall
     return conLocal ? TomarCliente(p, c, pantallas, *elegida) : ResultadoTarjeta::VariosLocales;
   }
   c.txtNombres = LimpiarNulo(rs[u"sClieApel"]) + u' ' + LimpiarNulo(rs[u"sClieName"]);
-  ElegirLocal(c, static_cast<int>(AEntero(Numero(rs[u"IdLocal"]))));
+  elegirLocal(c, static_cast<int>(AEntero(Numero(rs[u"IdLocal"]))));
   return ResultadoTarjeta::Hallada;
 }
 
 ResultadoTarjeta TomarCliente(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas, const TarjetaElegida& elegida) {
-  c.tarjetaHallada.clear();
+  OlvidarCliente(c);
   c.txtTarjeta = elegida.tarjeta;
-  ElegirLocal(c, elegida.idLocal);
+  elegirLocal(c, elegida.idLocal);
   return BuscaTarjeta(p, c, pantallas);
 }
 
 QString CampoPorMirar(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas) {
   AjustarCliente(c);
-  const QString tarjeta = Recortar(c.txtTarjeta);
-  if (tarjeta.isEmpty() || ochoDigitos(tarjeta) == c.tarjetaHallada) return {};
+  const bool hallada = !c.tarjetaHallada.isEmpty() && NumeroTarjeta(c.txtTarjeta) == c.tarjetaHallada;
+  if (hallada || Recortar(c.txtTarjeta).isEmpty()) return {};
   switch (BuscaTarjeta(p, c, pantallas)) {
     case ResultadoTarjeta::NoExiste: return QStringLiteral("txtTarjeta");
     case ResultadoTarjeta::VariosLocales: return c.locales.empty() ? QString() : QStringLiteral("dcbLocal");
@@ -93,24 +97,17 @@ QString CampoPorMirar(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas) {
 }
 
 void AjustarCliente(ClienteCaja& c) {
-  const QString tarjeta = Recortar(c.txtTarjeta);
-  const bool otra = tarjeta.isEmpty() || ochoDigitos(tarjeta) != c.tarjetaHallada;
-  if (otra && !c.tarjetaHallada.isEmpty()) {
-    OlvidarCliente(c);
-  } else {
-    ElegirLocal(c, static_cast<int>(AEntero(Val(c.txtLocal))));
-  }
-}
-
-void ElegirLocal(ClienteCaja& c, int id) {
-  c.nIdLocal = id;
-  c.txtLocal = id > 0 ? QString::number(id) : QString();
+  const int local = static_cast<int>(AEntero(Val(c.txtLocal)));
+  const bool hallado = !c.tarjetaHallada.isEmpty();
+  const bool otraTarjeta = NumeroTarjeta(c.txtTarjeta) != c.tarjetaHallada;
+  if (hallado && (otraTarjeta || local != c.nIdLocal)) OlvidarCliente(c);
+  if (!hallado || !otraTarjeta) elegirLocal(c, local);
 }
 
 void OlvidarCliente(ClienteCaja& c) {
   c.txtNombres.clear();
   c.tarjetaHallada.clear();
-  ElegirLocal(c, 0);
+  elegirLocal(c, 0);
 }
 
 bool RucAceptado(Puesto& p, const QString& ruc) {

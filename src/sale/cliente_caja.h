@@ -39,11 +39,9 @@ ResultadoTarjeta TomarCliente(Puesto& p, ClienteCaja& c, PantallasVenta& pantall
 QString CampoPorMirar(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas);
 
 // Makes the customer's fields agree: name and site of the card found before go, once another card stands in
-// txtTarjeta, since they would narrow a search or stand on another customer's ticket; nIdLocal follows txtLocal.
+// txtTarjeta, since they would narrow a search or stand on another customer's ticket. Once another site stands behind the
+// card, or none, the name goes and the pair counts as typed, to be looked up. nIdLocal follows txtLocal.
 void AjustarCliente(ClienteCaja& c);
-
-// The cashier chose an entry of dcbLocal; 0 for none.
-void ElegirLocal(ClienteCaja& c, int id);
 
 // Name and site go, the card stays.
 void OlvidarCliente(ClienteCaja& c);

@@ -60,7 +60,7 @@ ControlesCliente nuevosControlesCliente(Panel* panel, Enlaces& enlaces, Puesto& 
   QObject::connect(r.dcbLocal, &QComboBox::currentIndexChanged, panel, [con = pedido.con, &p, &c, &pantallas](int n) {
     if (n < 0) return;
     con([&] {
-      ElegirLocal(c, c.locales[static_cast<size_t>(n)].id);
+      c.txtLocal = QString::number(c.locales[static_cast<size_t>(n)].id);
       BuscaTarjeta(p, c, pantallas);
     });
   });

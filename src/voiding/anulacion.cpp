@@ -28,9 +28,10 @@ QString alCentro(const QString& texto, int blancos) {
 struct Anulacion {
   PantallaTransaccion& v;
   PantallasAnulacion& pantallas;
-  AvanceAnulacion avance;
-  bool filaNueva = true;   // of a parallel document: the void's row is still to be written
-  bool dejaBoton = false;  // ended without an answer: the button stays as it was
+  AvanceAnulacion avance = {};
+  bool filaNueva = true;        // of a parallel document: the void's row is still to be written
+  bool puntosEnEspera = false;  // they were in the queue of the store, and are no longer
+  bool dejaBoton = false;       // ended without an answer: the button stays as it was
 
   const Transaccion& t() const { return *v.cargada; }
 };
@@ -106,7 +107,10 @@ bool tomarCodigoNuevo(Puesto& p, Anulacion& a) {
   return !a.filaNueva || CodigoOperacion(p, a.t().paralela, a.avance.codigo);
 }
 
+ClavePuntos clave(const Transaccion& t) { return {t.docTipo, t.docSerie, AEntero(Val(t.docNumero))}; }
+
 bool grabarFilas(Puesto& p, Anulacion& a) {
+  if (!QuitarPuntosEnEspera(p, clave(a.t()), a.puntosEnEspera)) return false;
   const QString fecha = FormatearFecha(p.reloj.now(), u"DD/MM/YYYY hh:mm");
   return a.t().paralela ? AnularParalela(p, a.t(), a.avance, a.filaNueva, fecha)
                         : AnularVenta(p, a.t(), a.avance, fecha);
@@ -141,8 +145,8 @@ bool imprimir(Puesto& p, Anulacion& a) {
 bool extornar(Puesto& p, Anulacion& a) {
   const Transaccion& t = a.t();
   if (t.tarjeta.isEmpty() || t.idLocal.isEmpty()) return true;
-  Extorna_puntos(p, t.tarjeta, a.v.bloques.total, static_cast<int>(AEntero(Val(t.idLocal))),
-                 {t.docTipo, t.docSerie, AEntero(Val(t.docNumero))});
+  Extorna_puntos(p, t.tarjeta, a.v.bloques.total, static_cast<int>(AEntero(Val(t.idLocal))), clave(t),
+                 a.puntosEnEspera);
   return true;
 }
 
@@ -206,7 +210,7 @@ bool VerificarLiquidacionOC(Puesto& p, const QString& serie, const QString& nume
 }
 
 void Anular(Puesto& p, PantallaTransaccion& v, PantallasAnulacion& pantallas) {
-  Anulacion a{v, pantallas, {}, true, false};
+  Anulacion a{v, pantallas};
   EjecutarPasos<Anulacion>(p, a, kPasos);
   if (!a.dejaBoton) v.accion = false;
 }

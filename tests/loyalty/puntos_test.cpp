@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
+
+#include "apoyo/casos.h"
 #include "apoyo/golden.h"
 #include "apoyo/motor_que_falla.h"
 #include "loyalty/cliente_bd.h"
@@ -14,6 +17,7 @@ QString q(const char* s) { return QString::fromUtf8(s); }
 
 const ClavePuntos kBoleta{QStringLiteral("02"), QStringLiteral("001"), 33};
 const QString kTarjeta = QStringLiteral("00000005");
+const QDateTime kMomento(QDate(2026, 11, 23), QTime(21, 5));
 const QString kFilas = QStringLiteral(
     "SELECT cClieCode, cAcumCode, nAcumImpo, nPuntCant, cDocTipo, cDocCodigo, IdLocal FROM Acumulacion_Punto");
 const QString kSaldos = QStringLiteral("SELECT nPuntCant FROM Cliente ORDER BY IdLocal, cClieCode");
@@ -52,13 +56,14 @@ TEST(Puntos, WholeUnitsOnlyAndADivisorOfZeroCountsAsOne) {
 
 TEST(Puntos, OnlyACustomerThatEarnsHasABalanceAndRows) {
   Tienda p;
-  AcumularPuntos(p, kTarjeta, kBoleta, 29.9, 1);
-  AcumularPuntos(p, kTarjeta, kBoleta, 5, 1);                    // nothing earned, a row all the same
-  AcumularPuntos(p, q("00000006"), kBoleta, 29.9, 1);            // a company
-  AcumularPuntos(p, q("00000009"), kBoleta, 29.9, 1);            // no such card
-  AcumularPuntos(p, kTarjeta, {q("14"), q("LQ1"), 1}, 29.9, 1);  // a liquidation
-  AcumularPuntos(p, QString(), kBoleta, 29.9, 1);
+  AcumularPuntos(p, kTarjeta, kBoleta, 29.9, 1, kMomento);
+  AcumularPuntos(p, kTarjeta, kBoleta, 5, 1, kMomento);                    // nothing earned, a row all the same
+  AcumularPuntos(p, q("00000006"), kBoleta, 29.9, 1, kMomento);            // a company
+  AcumularPuntos(p, q("00000009"), kBoleta, 29.9, 1, kMomento);            // no such card
+  AcumularPuntos(p, kTarjeta, {q("14"), q("LQ1"), 1}, 29.9, 1, kMomento);  // a liquidation
+  AcumularPuntos(p, QString(), kBoleta, 29.9, 1, kMomento);
   EXPECT_EQ(q("5|1|30|2|02|33|1\n5|2|5|0|02|33|1"), p.enCliente(kFilas));
+  EXPECT_EQ(q("2026-11-23 21:05:00"), p.enCliente(q("SELECT DISTINCT dAcumDate FROM Acumulacion_Punto")));
   EXPECT_EQ(q("22\n0\n70"), p.enCliente(kSaldos));
   EXPECT_EQ(q("22"), SaldoPuntos(p, kTarjeta, 1));
   EXPECT_EQ(q("-1"), SaldoPuntos(p, q("00000006"), 1));
@@ -73,9 +78,9 @@ TEST(Puntos, NothingIsLostWhileTheClientDatabaseIsAway) {
   Tienda p;
   p.cae();
   p.persona().espera(q("No se pudo conectar a la Base de Datos Cliente."));  // once for the outage
-  AcumularPuntos(p, kTarjeta, kBoleta, 29.9, 1);
-  AcumularPuntos(p, kTarjeta, kBoleta, 40, 1);
-  AcumularPuntos(p, q("00000006"), kBoleta, 50, 0);  // kind and site not known here
+  AcumularPuntos(p, kTarjeta, kBoleta, 29.9, 1, kMomento);
+  AcumularPuntos(p, kTarjeta, kBoleta, 40, 1, kMomento);
+  AcumularPuntos(p, q("00000006"), kBoleta, 50, 0, kMomento);  // kind and site not known here
   EXPECT_EQ(q("5|1|30|2|02|33|1\n5|2|40|4|02|33|1\n6|1|50|5|02|33|0"), p.filas(kFilas));
   EXPECT_EQ(q("-1"), SaldoPuntos(p, kTarjeta, 1));
   p.persona().espera(q("No se logró Extornar los puntos acumulados del cliente Cod:0"));
@@ -91,14 +96,83 @@ TEST(Puntos, NothingIsLostWhileTheClientDatabaseIsAway) {
   EXPECT_EQ(q("24\n0\n70"), p.enCliente(kSaldos));
 }
 
+// The number of a sale that was voided must never be sent; what had been sent before goes back once the database is there.
+TEST(Puntos, AVoidTakesBackWhatWasSentAndDropsWhatWaits) {
+  const ClavePuntos primera{q("02"), q("001"), 34}, segunda{q("02"), q("001"), 35};
+  Tienda p;
+  AcumularPuntos(p, kTarjeta, primera, 29.9, 1, kMomento);
+  p.cae();
+  p.persona().espera(q("No se pudo conectar a la Base de Datos Cliente."));
+  AcumularPuntos(p, kTarjeta, segunda, 40, 1, kMomento);
+  bool esperaban = false;
+  ASSERT_TRUE(QuitarPuntosEnEspera(p, segunda, esperaban));
+  EXPECT_TRUE(esperaban);
+  Extorna_puntos(p, kTarjeta, 40, 1, segunda, esperaban);  // nothing to take back, and no box
+  EXPECT_EQ(q("0"), p.filas(q("SELECT SUM(nPuntCant) FROM Cliente")));
+  p.vuelve();
+  ASSERT_TRUE(p.ses.pbClienteCaido);
+  ASSERT_TRUE(QuitarPuntosEnEspera(p, primera, esperaban));
+  EXPECT_FALSE(esperaban);
+  Extorna_puntos(p, kTarjeta, 29.9, 1, primera, esperaban);
+  ASSERT_TRUE(ConectarCliente(p, false));
+  EnviarPendientesCliente(p);
+  EXPECT_EQ(QString(), p.enCliente(kFilas));
+  EXPECT_EQ(q("20\n0\n70"), p.enCliente(kSaldos));
+}
+
+TEST(Puntos, ALockedClientDatabaseCountsAsAway) {
+  Tienda p;
+  Conexion otro;
+  ASSERT_FALSE(otro.abrir(p.motores, p.ses.psConexionCliente, 1000));
+  ASSERT_FALSE(otro.iniciar());
+  p.persona().espera(q("No se pudo conectar a la Base de Datos Cliente."));
+  QElapsedTimer reloj;
+  reloj.start();
+  AcumularPuntos(p, kTarjeta, kBoleta, 29.9, 1, kMomento);
+  EXPECT_LT(reloj.restart(), 2000);
+  AcumularPuntos(p, kTarjeta, kBoleta, 40, 1, kMomento);
+  EXPECT_LT(reloj.elapsed(), 500);  // left alone for a while
+  EXPECT_EQ(q("5|1|30|2|02|33|1\n5|2|40|4|02|33|1"), p.filas(kFilas));
+  p.elReloj().ahora = p.elReloj().ahora.addSecs(60);
+  ASSERT_TRUE(ConectarCliente(p, false));
+  EnviarPendientesCliente(p);  // without a word
+  ASSERT_FALSE(otro.deshacer());
+  p.elReloj().ahora = p.elReloj().ahora.addSecs(60);
+  ASSERT_TRUE(ConectarCliente(p, false));
+  EnviarPendientesCliente(p);
+  EXPECT_EQ(q("5|1|30|2|02|33|1\n5|2|40|4|02|33|1"), p.enCliente(kFilas));
+  EXPECT_EQ(q("26\n0\n70"), p.enCliente(kSaldos));
+}
+
+// Card, site and number of the document; whose points they become, in the database or the queue.
+TEST(Puntos, TheCardAndItsSiteTellWhosePointsTheyAre) {
+  for (const auto& c : leerCasos("loyalty/titulares")) {
+    SCOPED_TRACE(c.donde());
+    Tienda p;
+    ejecutarArchivo(p, p.poCnnLocal, "loyalty/casos/varios_locales.sql");
+    ASSERT_TRUE(ConectarCliente(p, false));
+    ejecutarArchivo(p, p.poCnnCliente, "loyalty/casos/varios_locales.sql");
+    DesconectarCliente(p);
+    p.persona().dejaPasar();
+    if (c.si("caida")) p.cae();
+    AcumularPuntos(p, c["tarjeta"], kBoleta, 29.9, c.entero("local"), kMomento);
+    EXPECT_EQ(c["espera"], p.filas(q("SELECT cClieCode, IdLocal FROM Acumulacion_Punto WHERE cSincroFlag = 0")));
+    if (c.si("caida")) p.vuelve();
+    ASSERT_TRUE(ConectarCliente(p, false));
+    p.ejecuta(p.poCnnCliente, q("DELETE FROM Tarjeta WHERE IdLocal = ") + c["sin"]);
+    EnviarPendientesCliente(p);
+    EXPECT_EQ(c["recibe"], p.enCliente(q("SELECT cClieCode, IdLocal FROM Acumulacion_Punto")));
+  }
+}
+
 TEST(Puntos, EachStatementOfTheStoreFailsInTurnAndTheNextSendingGoesOn) {
   for (int n = 1;; ++n) {
     PlanFallas plan;
     Tienda p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
     p.persona().dejaPasar();
     p.cae();
-    AcumularPuntos(p, kTarjeta, kBoleta, 29.9, 1);
-    AcumularPuntos(p, kTarjeta, kBoleta, 40, 1);
+    AcumularPuntos(p, kTarjeta, kBoleta, 29.9, 1, kMomento);
+    AcumularPuntos(p, kTarjeta, kBoleta, 40, 1, kMomento);
     p.vuelve();
     ASSERT_TRUE(ConectarCliente(p, false));
     plan.armar(n);

@@ -116,6 +116,24 @@ TEST_F(CajaFull, Cards) {
   EXPECT_EQ(QStringList{q("clientes 00000008")}, pantallas.abiertas);
 }
 
+TEST_F(CajaFull, ASiteTypedOverAFoundCardIsLookedUp) {
+  Inicio(p, v);
+  for (const auto& c : leerCasos("sale/locales")) {
+    SCOPED_TRACE(c.donde());
+    CancelarVenta(p, v);
+    v.txtLocal = c["local"];
+    ASSERT_EQ(ResultadoTarjeta::Hallada, busca(qPrintable(c["tarjeta"])));
+    v.txtTarjeta = c["otra"];
+    v.txtLocal = c["otroLocal"];
+    if (!c["caja"].isEmpty()) p.persona().espera(c["caja"]);
+    EXPECT_EQ(c["campo"], CampoPorMirar(p, v, pantallas));
+    EXPECT_EQ(c["queda"], v.txtTarjeta);
+    EXPECT_EQ(c["nombre"], v.txtNombres);
+    EXPECT_EQ(c["suLocal"], v.txtLocal);
+    EXPECT_EQ(v.txtLocal.toInt(), v.nIdLocal);
+  }
+}
+
 TEST_F(CajaFull, AnotherCardDropsTheFirstOnesSite) {
   Inicio(p, v);
   ASSERT_EQ(ResultadoTarjeta::Hallada, busca("5"));

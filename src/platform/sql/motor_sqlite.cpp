@@ -160,7 +160,7 @@ std::optional<ErrorBD> MotorSqlite::preparar(const QString& archivo, int espera_
     sqlite3_progress_handler(
         base_, 1000, [](void* yo) { return static_cast<MotorSqlite*>(yo)->interrumpir_() ? 1 : 0; }, this);
   }
-  sqlite3_busy_timeout(base_, kEsperaBloqueo_ms);
+  sqlite3_busy_timeout(base_, std::min(espera_ms, kEsperaBloqueo_ms));
   return {};
 }
 
