@@ -15,14 +15,7 @@ constexpr int kAncho = 40;
 QString aLaIzquierda(const QString& texto, int ancho) { return Izquierda(texto + Espacios(ancho), ancho); }
 QString aLaDerecha(const QString& texto, int ancho) { return Derecha(Espacios(ancho) + texto, ancho); }
 
-QString cabecera(const DatosTicket& t) {
-  QString s;
-  if (EsParalela(t.clase)) return s;
-  for (const QString& linea : t.cabecera) {
-    if (!Recortar(linea).isEmpty()) s += LineaCentrada(linea);
-  }
-  return s;
-}
+QString cabecera(const DatosTicket& t) { return EsParalela(t.clase) ? QString() : LineasCabecera(t.cabecera); }
 
 QString cliente(const DatosTicket& t) {
   const QString raya(28, u'_');
@@ -30,7 +23,7 @@ QString cliente(const DatosTicket& t) {
   if (!t.tarjeta.isEmpty()) s += kFin + QStringLiteral(" COD.TARJ.: ") + t.tarjeta + u' ';
   if (t.factura) {  // the name is filled in by hand
     return s + kFin + QStringLiteral(" NOMBRE: ") + raya + kFin + kFin + Espacios(9) + raya + kFin + kFin +
-           QStringLiteral(" RUC Cliente: ") + Recortar(t.ruc) + kFin;
+           LineaRuc(t.ruc);
   }
   if (!t.tarjeta.isEmpty()) return s + kFin + QStringLiteral(" NOMBRE: ") + t.nombre + kFin;
   const QString nombre = Recortar(t.nombre).toUpper();
@@ -38,15 +31,12 @@ QString cliente(const DatosTicket& t) {
 }
 
 QString numero(const DatosTicket& t) {
-  return QStringLiteral(" TK NRO: ") + t.serie + u'-' + Ceros(QString::number(t.numero), 6) + QStringLiteral(" NS:") +
-         t.serieImpresora;
+  return QStringLiteral(" TK NRO: ") + NumeroConMarca(t.serie, QString::number(t.numero), t.serieImpresora);
 }
 
 QString palabra(const DatosTicket& t) {
   QString p = DatosDe(t.clase).palabra.toString();
-  if (p.isEmpty() && t.dolares) {
-    p = QStringLiteral("U$(TC: ") + Formatear(t.tipoCambio, u"###,##0.00") + QStringLiteral(")");
-  }
+  if (p.isEmpty() && t.dolares) p = PalabraDolares(t.tipoCambio);
   return (p.isEmpty() ? QString() : LineaCentrada(p)) + kFin;
 }
 
@@ -107,10 +97,7 @@ QString caja(const DatosTicket& t) {
 
 QString correlativo(const DatosTicket& t) { return QStringLiteral("         Correlativo: ") + t.correlativo; }
 
-QString lema(const DatosTicket& t) {
-  return EsParalela(t.clase) ? QString()
-                             : kFin + kFin + Espacios(3) + QStringLiteral("...LA FINCA ALDEBRA ES EL LUGAR!!!");
-}
+QString lema(const DatosTicket& t) { return EsParalela(t.clase) ? QString() : Lema(); }
 
 }  // namespace
 
@@ -119,6 +106,30 @@ QString Separador() { return QString(39, u'-'); }
 QString LineaCentrada(const QString& texto) {
   return Derecha(Espacios(60) + texto, (kAncho + static_cast<int>(texto.size())) / 2) + kFin;
 }
+
+QString LineasCabecera(const QStringList& cabecera) {
+  QString s;
+  for (const QString& linea : cabecera) {
+    if (!Recortar(linea).isEmpty()) s += LineaCentrada(linea);
+  }
+  return s;
+}
+
+QString LineaRuc(const QString& ruc) { return QStringLiteral(" RUC Cliente: ") + Recortar(ruc) + kFin; }
+
+QString NumeroImpreso(const QString& serie, const QString& numero, int digitos) {
+  return serie + u'-' + Ceros(numero, digitos);
+}
+
+QString NumeroConMarca(const QString& serie, const QString& numero, const QString& marca) {
+  return NumeroImpreso(serie, numero) + QStringLiteral(" NS:") + marca;
+}
+
+QString PalabraDolares(double tipoCambio) {
+  return QStringLiteral("U$(TC: ") + Formatear(tipoCambio, u"###,##0.00") + QStringLiteral(")");
+}
+
+QString Lema() { return kFin + kFin + Espacios(3) + QStringLiteral("...LA FINCA ALDEBRA ES EL LUGAR!!!"); }
 
 QString LineaTotal(const RenglonTotal& r) {
   const int etiqueta = r.ancho ? 19 : 23, valor = r.ancho ? 19 : 15;

@@ -14,6 +14,21 @@ QString Separador();
 // Centred in 40 columns; a text longer than that loses characters on its left.
 QString LineaCentrada(const QString& texto);
 
+// Pieces that the copy and the void of a document print as its ticket does.
+
+// The print header: its lines that aren't blank, each centred.
+QString LineasCabecera(const QStringList& cabecera);
+// " RUC Cliente: " and the number, with its line end.
+QString LineaRuc(const QString& ruc);
+// Series and number as printed: "001-000033" with six digits, the last ones of a longer number.
+QString NumeroImpreso(const QString& serie, const QString& numero, int digitos = 6);
+// The same with the printer's serial mark behind it.
+QString NumeroConMarca(const QString& serie, const QString& numero, const QString& marca);
+// "U$(TC: 3.50)", the word of a sale that took dollars.
+QString PalabraDolares(double tipoCambio);
+// The slogan that ends a sale's paper, two line ends in front.
+QString Lema();
+
 // A line of the totals. The value is a finished text.
 struct RenglonTotal {
   QString etiqueta, valor;

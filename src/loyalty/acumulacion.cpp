@@ -5,11 +5,10 @@
 
 bool LeerTitulares(Puesto& p, Conexion& cnn, const QString& tarjeta, int idLocal,
                    std::vector<TitularTarjeta>& titulares) {
-  QString sql = FormatearSQL(QStringLiteral("SELECT cClieCode, IdLocal FROM Tarjeta WHERE nTarjNumb = '$'"),
-                             {ReemplazarComilla(tarjeta)});
-  if (idLocal != 0) sql += FormatearSQL(QStringLiteral(" AND IdLocal = $"), {idLocal});
+  Sql sql = FormatearSQL(u"SELECT cClieCode, IdLocal FROM Tarjeta WHERE nTarjNumb = '$'"_sql, {Texto(tarjeta)});
+  if (idLocal != 0) sql += FormatearSQL(u" AND IdLocal = $"_sql, {idLocal});
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(cnn, sql + QStringLiteral(" ORDER BY IdLocal"), rs)) return false;
+  if (!p.poDBAdmin.EjecutarConsulta(cnn, sql + u" ORDER BY IdLocal"_sql, rs)) return false;
   for (const auto& f : rs) {
     titulares.push_back({LimpiarNulo(f[u"cClieCode"]), static_cast<int>(AEntero(Numero(f[u"IdLocal"])))});
   }
@@ -19,9 +18,9 @@ bool LeerTitulares(Puesto& p, Conexion& cnn, const QString& tarjeta, int idLocal
 bool LeerTipoCliente(Puesto& p, Conexion& cnn, const QString& cliente, int idLocal, int& tipo) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(cnn,
-                                    FormatearSQL(QStringLiteral("SELECT iTipo AS Tipo FROM Cliente "
-                                                                "WHERE cClieCode = $ AND IdLocal=$ "),
-                                                 {cliente, idLocal}),
+                                    FormatearSQL(u"SELECT iTipo AS Tipo FROM Cliente "
+                                                 "WHERE cClieCode = $ AND IdLocal=$ "_sql,
+                                                 {Cifras(cliente), idLocal}),
                                     rs)) {
     return false;
   }
@@ -35,8 +34,9 @@ bool SiguienteAcumulacion(Puesto& p, Conexion& cnn, const QString& cliente, int 
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
           cnn,
-          FormatearSQL(QStringLiteral("SELECT MAX(cAcumCode) AS Codigo FROM $ WHERE cClieCode = $ AND IdLocal= $ "),
-                       {QStringLiteral("Acumulacion_Punto"), cliente, idLocal}),
+          FormatearSQL(
+              u"SELECT MAX(cAcumCode) AS Codigo FROM Acumulacion_Punto WHERE cClieCode = $ AND IdLocal= $ "_sql,
+              {Cifras(cliente), idLocal}),
           rs)) {
     return false;
   }
@@ -44,14 +44,13 @@ bool SiguienteAcumulacion(Puesto& p, Conexion& cnn, const QString& cliente, int 
   return true;
 }
 
-bool InsertarAcumulacion(Puesto& p, Conexion& cnn, const Acumulacion& a, const QString& fecha, bool enCola) {
-  const QString sql = FormatearSQL(
-      QStringLiteral("INSERT INTO Acumulacion_Punto (cClieCode, cAcumCode, nTarjNumb, nAcumImpo, nPuntCant, sUserDesc, "
-                     "dAcumDate, $cDocTipo, cDocSerie, cDocCodigo, IdLocal) "
-                     "VALUES ($, $, '$', $, $, '$', $, $'$', '$', $, $)"),
-      {enCola ? QStringLiteral("cSincroFlag, ") : QString(), a.cliente, a.codigo, ReemplazarComilla(a.tarjeta),
-       Formatear(a.importe, u"####0"), Formatear(a.puntos, u"####0"), ReemplazarComilla(a.usuario), fecha,
-       enCola ? QStringLiteral("0, ") : QString(), ReemplazarComilla(a.documento.tipo),
-       ReemplazarComilla(a.documento.serie), a.documento.numero, a.idLocal});
+bool InsertarAcumulacion(Puesto& p, Conexion& cnn, const Acumulacion& a, const Sql& fecha, bool enCola) {
+  const Sql sql = FormatearSQL(
+      u"INSERT INTO Acumulacion_Punto (cClieCode, cAcumCode, nTarjNumb, nAcumImpo, nPuntCant, sUserDesc, "
+      "dAcumDate, $cDocTipo, cDocSerie, cDocCodigo, IdLocal) "
+      "VALUES ($, $, '$', $, $, '$', $, $'$', '$', $, $)"_sql,
+      {enCola ? u"cSincroFlag, "_sql : Sql(), Cifras(a.cliente), a.codigo, Texto(a.tarjeta),
+       Cifras(Formatear(a.importe, u"####0")), Cifras(Formatear(a.puntos, u"####0")), Texto(a.usuario), fecha,
+       enCola ? u"0, "_sql : Sql(), Texto(a.documento.tipo), Texto(a.documento.serie), a.documento.numero, a.idLocal});
   return p.poDBAdmin.EjecutarSentencia(cnn, sql, true);
 }

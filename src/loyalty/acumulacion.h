@@ -7,6 +7,7 @@
 #include "loyalty/puntos.h"
 
 class Conexion;
+class Sql;
 
 struct Acumulacion {
   QString cliente;  // cClieCode
@@ -45,5 +46,4 @@ constexpr int kSinCliente = -2;
 [[nodiscard]] bool SiguienteAcumulacion(Puesto& p, Conexion& cnn, const QString& cliente, int idLocal, qint64& codigo);
 
 // Inserts the row. `fecha` is an expression of the connection's dialect; `enCola` marks a row that waits to be sent.
-[[nodiscard]] bool InsertarAcumulacion(Puesto& p, Conexion& cnn, const Acumulacion& a, const QString& fecha,
-                                       bool enCola);
+[[nodiscard]] bool InsertarAcumulacion(Puesto& p, Conexion& cnn, const Acumulacion& a, const Sql& fecha, bool enCola);

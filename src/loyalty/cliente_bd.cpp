@@ -5,7 +5,7 @@
 
 namespace {
 
-const QString kRegla = QStringLiteral("SELECT * FROM Regla_Punto");
+constexpr LiteralSql kRegla = u"SELECT * FROM Regla_Punto"_sql;
 
 int entero(const QVariant& v) { return static_cast<int>(AEntero(Numero(v))); }
 
@@ -18,10 +18,10 @@ bool tomarRegla(Sesion& ses, const Recordset& rs) {
 }
 
 void copiarReglaAlPuesto(Puesto& p) {
-  p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, FormatearSQL(QStringLiteral(" UPDATE Regla_Punto "
-                                                                          "    SET nImpoMaxi = $, "
-                                                                          "        nPuntImpo = $, "
-                                                                          "        nPuntCant = $"),
+  p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, FormatearSQL(u" UPDATE Regla_Punto "
+                                                           "    SET nImpoMaxi = $, "
+                                                           "        nPuntImpo = $, "
+                                                           "        nPuntCant = $"_sql,
                                                            {p.ses.pnImpoMaxi, p.ses.pnPuntImpo, p.ses.pnPuntCant}));
 }
 

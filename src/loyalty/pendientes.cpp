@@ -13,12 +13,12 @@ namespace {
 int enteroDe(const QVariant& v) { return static_cast<int>(AEntero(Numero(v))); }
 
 // Month first whatever the server's language is.
-QString fechaDelServidor(const QVariant& v) {
-  return FormatearSQL(QStringLiteral("CONVERT(DATETIME,'$',101)"),
-                      {v.isNull() ? QVariant() : QVariant(FormatearFecha(v.toDateTime(), u"mm/dd/yyyy"))});
+Sql fechaDelServidor(const QVariant& v) {
+  return FormatearSQL(u"CONVERT(DATETIME,'$',101)"_sql,
+                      {v.isNull() ? Valor() : Texto(FormatearFecha(v.toDateTime(), u"mm/dd/yyyy"))});
 }
 
-bool hacer(Puesto& p, Conexion& cnn, const QString& plantilla, const std::vector<QVariant>& valores) {
+bool hacer(Puesto& p, Conexion& cnn, LiteralSql plantilla, const std::vector<Valor>& valores) {
   return p.poDBAdmin.EjecutarSentencia(cnn, FormatearSQL(plantilla, valores), true);
 }
 
@@ -28,7 +28,7 @@ bool enviar(Puesto& p, const std::function<bool()>& cambio) {
   return EnTransaccionCliente(p, cambio, false) == ResultadoCliente::Hecho;
 }
 
-bool leerLocales(Puesto& p, Conexion& cnn, const QString& consulta, std::vector<int>& locales) {
+bool leerLocales(Puesto& p, Conexion& cnn, const Sql& consulta, std::vector<int>& locales) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(cnn, consulta, rs)) return false;
   for (const auto& f : rs) locales.push_back(enteroDe(f[u"IdLocal"]));
@@ -40,15 +40,15 @@ bool leerLocales(Puesto& p, Conexion& cnn, const QString& consulta, std::vector<
 bool localesDe(Puesto& p, const QString& codigo, std::vector<int>& locales) {
   if (!leerLocales(
           p, p.poCnnLocal,
-          QStringLiteral("SELECT DISTINCT IdLocal FROM Acumulacion_Punto WHERE cSincroFlag = 0 AND IdLocal <> 0 "
-                         "AND cClieCode = ") +
-              codigo,
+          FormatearSQL(u"SELECT DISTINCT IdLocal FROM Acumulacion_Punto WHERE cSincroFlag = 0 AND IdLocal <> 0 "
+                       "AND cClieCode = $"_sql,
+                       {Cifras(codigo)}),
           locales)) {
     return false;
   }
   if (!locales.empty()) return true;
-  if (!leerLocales(p, p.poCnnCliente, QStringLiteral("SELECT IdLocal FROM Cliente WHERE cClieCode = ") + codigo,
-                   locales)) {
+  if (!leerLocales(p, p.poCnnCliente,
+                   FormatearSQL(u"SELECT IdLocal FROM Cliente WHERE cClieCode = $"_sql, {Cifras(codigo)}), locales)) {
     return false;
   }
   if (locales.size() != 1) locales.clear();
@@ -66,15 +66,14 @@ bool enviarCliente(Puesto& p, const Recordset::Fila& f) {
   const bool enviado = enviar(p, [&] {
     return std::all_of(locales.begin(), locales.end(), [&](int suyo) {
       return hacer(p, p.poCnnCliente,
-                   QStringLiteral("UPDATE Cliente    SET dUltTDate = $,        cTranCode = $ "
-                                  " WHERE cClieCode = $   AND IdLocal = $"),
-                   {fechaDelServidor(f[u"dUltTDate"]), enteroDe(f[u"cTranCode"]), codigo, suyo});
+                   u"UPDATE Cliente    SET dUltTDate = $,        cTranCode = $ "
+                   " WHERE cClieCode = $   AND IdLocal = $"_sql,
+                   {fechaDelServidor(f[u"dUltTDate"]), enteroDe(f[u"cTranCode"]), Cifras(codigo), suyo});
     });
   });
   return enviado &&
-         hacer(p, p.poCnnLocal,
-               QStringLiteral("UPDATE Cliente    SET cSincroFlag = 1  WHERE cClieCode = $   AND IdLocal = $"),
-               {codigo, local});
+         hacer(p, p.poCnnLocal, u"UPDATE Cliente    SET cSincroFlag = 1  WHERE cClieCode = $   AND IdLocal = $"_sql,
+               {Cifras(codigo), local});
 }
 
 bool enviarAcumulacion(Puesto& p, const Recordset::Fila& f) {
@@ -101,17 +100,17 @@ bool enviarAcumulacion(Puesto& p, const Recordset::Fila& f) {
         return SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo) &&
                InsertarAcumulacion(p, p.poCnnCliente, a, fechaDelServidor(f[u"dAcumDate"]), false) &&
                hacer(p, p.poCnnCliente,
-                     QStringLiteral(" UPDATE Cliente    SET nPuntCant = ISNULL(nPuntCant,0) + $  WHERE cClieCode = $ "
-                                    "   AND IdLocal = $"),
-                     {a.puntos, a.cliente, a.idLocal});
+                     u" UPDATE Cliente    SET nPuntCant = ISNULL(nPuntCant,0) + $  WHERE cClieCode = $ "
+                     "   AND IdLocal = $"_sql,
+                     {a.puntos, Cifras(a.cliente), a.idLocal});
       });
   return enviado && hacer(p, p.poCnnLocal,
-                          QStringLiteral(" UPDATE Acumulacion_Punto    SET cSincroFlag = 1  WHERE cClieCode = $ "
-                                         "   AND cAcumCode = $    AND IdLocal = $"),
-                          {LimpiarNulo(f[u"cClieCode"]), LimpiarNulo(f[u"cAcumCode"]), local});
+                          u" UPDATE Acumulacion_Punto    SET cSincroFlag = 1  WHERE cClieCode = $ "
+                          "   AND cAcumCode = $    AND IdLocal = $"_sql,
+                          {Cifras(LimpiarNulo(f[u"cClieCode"])), Cifras(LimpiarNulo(f[u"cAcumCode"])), local});
 }
 
-bool enviarTodos(Puesto& p, const QString& consulta, bool (*una)(Puesto&, const Recordset::Fila&)) {
+bool enviarTodos(Puesto& p, LiteralSql consulta, bool (*una)(Puesto&, const Recordset::Fila&)) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, consulta, rs)) return false;
   for (const auto& fila : rs) {
@@ -123,7 +122,7 @@ bool enviarTodos(Puesto& p, const QString& consulta, bool (*una)(Puesto&, const 
 }  // namespace
 
 void EnviarPendientesCliente(Puesto& p) {
-  if (enviarTodos(p, QStringLiteral("SELECT * FROM Cliente WHERE cSincroFlag = 0 ORDER BY dUltTDate"), enviarCliente)) {
-    enviarTodos(p, QStringLiteral("SELECT *   FROM Acumulacion_Punto  WHERE cSincroFlag = 0"), enviarAcumulacion);
+  if (enviarTodos(p, u"SELECT * FROM Cliente WHERE cSincroFlag = 0 ORDER BY dUltTDate"_sql, enviarCliente)) {
+    enviarTodos(p, u"SELECT *   FROM Acumulacion_Punto  WHERE cSincroFlag = 0"_sql, enviarAcumulacion);
   }
 }

@@ -24,9 +24,9 @@ int enteroDe(double valor) {
 bool leerTitular(Puesto& p, Conexion& cnn, const QString& tarjeta, int idLocal, QString& cliente) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(cnn,
-                                    FormatearSQL(QStringLiteral(" SELECT cClieCode AS Codigo    FROM Tarjeta "
-                                                                "  WHERE nTarjNumb = '$'     AND IdLocal = $ "),
-                                                 {ReemplazarComilla(tarjeta), idLocal}),
+                                    FormatearSQL(u" SELECT cClieCode AS Codigo    FROM Tarjeta "
+                                                 "  WHERE nTarjNumb = '$'     AND IdLocal = $ "_sql,
+                                                 {Texto(tarjeta), idLocal}),
                                     rs)) {
     return false;
   }
@@ -82,52 +82,53 @@ bool buscarEnAlmacen(Puesto& p, Acumulacion& a) {
 }
 
 bool escribirEnCliente(Puesto& p, Acumulacion& a) {
-  const QString momento = QStringLiteral("convert(datetime,'") + FormatearFecha(a.momento, u"yyyy-mm-dd hh:nn:ss") +
-                          QStringLiteral("',120)");
+  const Sql momento =
+      FormatearSQL(u"convert(datetime,'$',120)"_sql, {Texto(FormatearFecha(a.momento, u"yyyy-mm-dd hh:nn:ss"))});
   return SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo) &&
          InsertarAcumulacion(p, p.poCnnCliente, a, momento, false) &&
          p.poDBAdmin.EjecutarSentencia(
              p.poCnnCliente,
-             FormatearSQL(QStringLiteral("UPDATE Cliente SET nPuntCant = ISNULL(nPuntCant,0) + $, "
-                                         "dUltTDate = $, cTranCode = $,bFlagSincro= $ "
-                                         "WHERE cClieCode = $ AND IdLocal= $ "),
-                          {a.puntos, momento, kPuntosAcumulados, 0, a.cliente, a.idLocal}),
+             FormatearSQL(u"UPDATE Cliente SET nPuntCant = ISNULL(nPuntCant,0) + $, "
+                          "dUltTDate = $, cTranCode = $,bFlagSincro= $ "
+                          "WHERE cClieCode = $ AND IdLocal= $ "_sql,
+                          {a.puntos, momento, kPuntosAcumulados, 0, Cifras(a.cliente), a.idLocal}),
              true);
 }
 
 // The store's copy of a customer: that of the site or, as the pull brings it, one without a site.
-const QString kCopia =
-    QStringLiteral(" WHERE cClieCode = $ "
-                   "   AND IdLocal = (SELECT MAX(IdLocal) FROM Cliente WHERE cClieCode = $ AND IdLocal IN ($, 0))");
+constexpr LiteralSql kCopia =
+    u" WHERE cClieCode = $ "
+    "   AND IdLocal = (SELECT MAX(IdLocal) FROM Cliente WHERE cClieCode = $ AND IdLocal IN ($, 0))"_sql;
 
 void acumularEnCola(Puesto& p, Acumulacion& a) {
   // Behind the rows that wait already: the mark of a sent row must never hit another one.
   qint64 enCola = 0;
   if (!SiguienteAcumulacion(p, p.poCnnLocal, a.cliente, a.idLocal, enCola)) return;
   a.codigo = qMax(a.codigo, enCola);
-  const QString momento = u'\'' + FormatearFecha(a.momento, u"dd/mm/yyyy hh:nn:ss") + u'\'';
+  const Sql momento = FormatearSQL(u"'$'"_sql, {a.momento});
   if (!InsertarAcumulacion(p, p.poCnnLocal, a, momento, true)) return;
-  p.poDBAdmin.EjecutarSentencia(p.poCnnLocal,
-                                FormatearSQL(QStringLiteral("UPDATE Cliente SET nPuntCant = nPuntCant + $, "
-                                                            "       dUltTDate = $, cTranCode = $, cSincroFlag = 0 ") +
-                                                 kCopia,
-                                             {a.puntos, momento, kPuntosAcumulados, a.cliente, a.cliente, a.idLocal}),
-                                true);
+  p.poDBAdmin.EjecutarSentencia(
+      p.poCnnLocal,
+      FormatearSQL(u"UPDATE Cliente SET nPuntCant = nPuntCant + $, "
+                   "       dUltTDate = $, cTranCode = $, cSincroFlag = 0 "_sql +
+                       kCopia,
+                   {a.puntos, momento, kPuntosAcumulados, Cifras(a.cliente), Cifras(a.cliente), a.idLocal}),
+      true);
 }
 
 ClavePuntos clave(const CommitDocumento& c) { return {Codigo(c.o.documento), c.documento.serie, c.documento.numero}; }
 
 // The condition on the rows that a document's points have in either database.
-QString delDocumento(const ClavePuntos& d) {
-  return FormatearSQL(QStringLiteral(" where cDocTipo='$' and cDocSerie='$' and cDocCodigo=$"),
-                      {ReemplazarComilla(d.tipo), ReemplazarComilla(d.serie), d.numero});
+Sql delDocumento(const ClavePuntos& d) {
+  return FormatearSQL(u" where cDocTipo='$' and cDocSerie='$' and cDocCodigo=$"_sql,
+                      {Texto(d.tipo), Texto(d.serie), d.numero});
 }
 
 // False when they don't, or it can't be told.
 bool estanEnCliente(Puesto& p, const ClavePuntos& d) {
   Recordset rs;
-  return p.poDBAdmin.EjecutarConsulta(
-             p.poCnnCliente, QStringLiteral("Select count(*) as TOTAL From Acumulacion_Punto") + delDocumento(d), rs) &&
+  return p.poDBAdmin.EjecutarConsulta(p.poCnnCliente,
+                                      u"Select count(*) as TOTAL From Acumulacion_Punto"_sql + delDocumento(d), rs) &&
          Numero(rs[u"TOTAL"]) != 0;
 }
 
@@ -136,12 +137,11 @@ bool extornar(Puesto& p, const QString& tarjeta, double total, int idLocal, cons
   if (!TomarReglaPunto(p) || !p.ses.pbClienteConectado) return false;
   if (!leerTitular(p, p.poCnnCliente, tarjeta, idLocal, cliente)) return false;
   if (cliente.isEmpty()) cliente = QStringLiteral("0");
-  const QString borra = QStringLiteral("Delete From Acumulacion_Punto") + delDocumento(d);
+  const Sql borra = u"Delete From Acumulacion_Punto"_sql + delDocumento(d);
   // Only the kind that earns: another customer's balance never held these points.
-  const QString resta =
-      FormatearSQL(QStringLiteral(" Update Cliente set  nPuntCant= (nPuntCant - $)  Where cClieCode=$ AND IdLocal = $"
-                                  " AND iTipo=$"),
-                   {CalcularPuntos(p, total), cliente, idLocal, kClienteConPuntos});
+  const Sql resta = FormatearSQL(u" Update Cliente set  nPuntCant= (nPuntCant - $)  Where cClieCode=$ AND IdLocal = $"
+                                 " AND iTipo=$"_sql,
+                                 {CalcularPuntos(p, total), Cifras(cliente), idLocal, kClienteConPuntos});
   return EnTransaccionCliente(p, [&] {
            return p.poDBAdmin.EjecutarSentencia(p.poCnnCliente, borra, true) &&
                   p.poDBAdmin.EjecutarSentencia(p.poCnnCliente, resta, true);
@@ -168,10 +168,10 @@ QString SaldoPuntos(Puesto& p, const QString& tarjeta, int idLocal) {
   if (!p.ses.pbClienteConectado) return kSinSaldo;
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnCliente,
-                                    FormatearSQL(QStringLiteral(" SELECT nPuntcant FROM CLIENTE "
-                                                                "  WHERE iTipo=1 AND cClieCode = $ "
-                                                                "    AND IdLocal = $"),
-                                                 {cliente, idLocal}),
+                                    FormatearSQL(u" SELECT nPuntcant FROM CLIENTE "
+                                                 "  WHERE iTipo=1 AND cClieCode = $ "
+                                                 "    AND IdLocal = $"_sql,
+                                                 {Cifras(cliente), idLocal}),
                                     rs)) {
     return QStringLiteral("0");
   }
@@ -231,11 +231,11 @@ ClienteTarjeta ClienteDeTarjeta(Puesto& p, const QString& tarjeta, int idLocal) 
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
           p.poCnnCliente,
-          FormatearSQL(QStringLiteral(" SELECT Cliente.cClieCode, Cliente.sClieApel, Cliente.sClieName, Cliente.iTipo "
-                                      " FROM Cliente INNER JOIN Tarjeta ON Cliente.cClieCode = Tarjeta.cClieCode"
-                                      " AND Cliente.IdLocal = Tarjeta.IdLocal"
-                                      " WHERE Tarjeta.nTarjNumb = '$' AND Cliente.IdLocal='$'"),
-                       {ReemplazarComilla(tarjeta), idLocal}),
+          FormatearSQL(u" SELECT Cliente.cClieCode, Cliente.sClieApel, Cliente.sClieName, Cliente.iTipo "
+                       " FROM Cliente INNER JOIN Tarjeta ON Cliente.cClieCode = Tarjeta.cClieCode"
+                       " AND Cliente.IdLocal = Tarjeta.IdLocal"
+                       " WHERE Tarjeta.nTarjNumb = '$' AND Cliente.IdLocal='$'"_sql,
+                       {Texto(tarjeta), idLocal}),
           rs)) {
     return c;
   }
@@ -247,22 +247,19 @@ ClienteTarjeta ClienteDeTarjeta(Puesto& p, const QString& tarjeta, int idLocal) 
   return c;
 }
 
-bool QuitarPuntosEnEspera(Puesto& p, const ClavePuntos& documento, bool& esperaban) {
-  const QString enEspera =
-      QStringLiteral(" FROM Acumulacion_Punto") + delDocumento(documento) + QStringLiteral(" and cSincroFlag = 0");
+bool LeerPuntosEnEspera(Puesto& p, const ClavePuntos& documento, std::vector<Sql>& quitarlos) {
+  const Sql enEspera = u" FROM Acumulacion_Punto"_sql + delDocumento(documento) + u" and cSincroFlag = 0"_sql;
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("SELECT cClieCode, IdLocal, nPuntCant") + enEspera,
-                                    rs)) {
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, u"SELECT cClieCode, IdLocal, nPuntCant"_sql + enEspera, rs)) {
     return false;
   }
-  esperaban = !rs.Eof();
   for (const auto& f : rs) {
-    const QString cliente = LimpiarNulo(f[u"cClieCode"]);
-    const QString resta = FormatearSQL(QStringLiteral("UPDATE Cliente SET nPuntCant = nPuntCant - $") + kCopia,
-                                       {LimpiarNulo(f[u"nPuntCant"]), cliente, cliente, LimpiarNulo(f[u"IdLocal"])});
-    if (!p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, resta, true)) return false;
+    const Cifras cliente(LimpiarNulo(f[u"cClieCode"]));
+    quitarlos.push_back(FormatearSQL(u"UPDATE Cliente SET nPuntCant = nPuntCant - $"_sql + kCopia,
+                                     {Numero(f[u"nPuntCant"]), cliente, cliente, Numero(f[u"IdLocal"])}));
   }
-  return !esperaban || p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, QStringLiteral("DELETE") + enEspera, true);
+  if (!rs.Eof()) quitarlos.push_back(u"DELETE"_sql + enEspera);
+  return true;
 }
 
 void Extorna_puntos(Puesto& p, const QString& tarjeta, double Total, int nIdLocal, const ClavePuntos& documento,

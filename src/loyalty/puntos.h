@@ -4,9 +4,11 @@
 #include <QDateTime>
 #include <QString>
 #include <optional>
+#include <vector>
 
 #include "documento/commit_documento.h"
 
+class Sql;
 struct Puesto;
 
 // The document that points belong to: cDocTipo, series and number.
@@ -39,10 +41,10 @@ std::optional<PuntosTicket> PuntosDelTicket(Puesto& p, const ClavePuntos& docume
 void AcumularPuntos(Puesto& p, const QString& tarjeta, const ClavePuntos& documento, double importe, int idLocal,
                     const QDateTime& momento);
 
-// Takes a voided document's points out of the queue, and off the store's copy of the customer's balance. Statements of
-// the store only, for the transaction of the void. `esperaban` tells whether there were any. False when a statement
-// fails, and then its box has been shown.
-[[nodiscard]] bool QuitarPuntosEnEspera(Puesto& p, const ClavePuntos& documento, bool& esperaban);
+// The statements that take a document's points out of the queue, and off the store's copy of the customer's balance, for
+// the transaction of its void; none when nothing waits. False when the queue can't be read, and then the box has been
+// shown.
+[[nodiscard]] bool LeerPuntosEnEspera(Puesto& p, const ClavePuntos& documento, std::vector<Sql>& quitarlos);
 
 // The two as steps of a commit: before the ticket, and behind the rows. Neither ends a commit.
 bool LeerPuntos(Puesto& p, CommitDocumento& c);

@@ -16,7 +16,8 @@
 namespace {
 
 const QString kFin = QStringLiteral("\r\n");
-const FormaTransaccion kForma{QStringLiteral("Producto         Cant. Precio  SubTotal"), QStringLiteral("   ITEM  ")};
+const FormaTransaccion kForma{.titulo = QStringLiteral("Producto         Cant. Precio  SubTotal"),
+                              .item = QStringLiteral("   ITEM  ")};
 const QString kFecha = QStringLiteral("DD/MM/YYYY (DDD)");
 
 // A word in the middle of the paper, by the void ticket's own rule.
@@ -28,12 +29,11 @@ QString alCentro(const QString& texto, int blancos) {
 struct Anulacion {
   PantallaTransaccion& v;
   PantallasAnulacion& pantallas;
-  AvanceAnulacion avance = {};
-  bool filaNueva = true;        // of a parallel document: the void's row is still to be written
+  qint64 codigo = 0;            // the void's own
   bool puntosEnEspera = false;  // they were in the queue of the store, and are no longer
   bool dejaBoton = false;       // ended without an answer: the button stays as it was
 
-  const Transaccion& t() const { return *v.cargada; }
+  const DocumentoGuardado& t() const { return *v.cargada; }
 };
 
 bool exigirCodigo(Puesto&, Anulacion& a) { return EsNumerico(Recortar(a.v.txtTransaccion)); }
@@ -66,12 +66,13 @@ bool autorizar(Puesto&, Anulacion& a) {
 // The code on the screen may have been voided since it was loaded, or belong to another document than the text.
 bool mirarEstado(Puesto& p, Anulacion& a) {
   const qint64 codigo = AEntero(Val(Recortar(a.v.txtTransaccion)));
-  Transaccion t;
-  const LecturaTransaccion lectura = LeerTransaccion(p, codigo, a.v.chkAlterno, t);
-  if (lectura == LecturaTransaccion::Fallo) return false;
-  if (lectura == LecturaTransaccion::Leida) {
-    if (!LeerAvance(p, t, a.avance)) return false;
-    if (a.avance.estado == Anulada::Del_todo) {
+  DocumentoGuardado t;
+  const LecturaDocumento lectura = LeerDocumento(p, codigo, a.v.chkAlterno, t);
+  if (lectura == LecturaDocumento::Fallo) return false;
+  if (lectura == LecturaDocumento::Leida) {
+    bool anulada = false;
+    if (!LeerAnulada(p, t, anulada)) return false;
+    if (anulada) {
       p.mensajes.mostrar(QStringLiteral("Esta transacción ya ha sido anulada"));
       return false;
     }
@@ -102,24 +103,34 @@ bool confirmar(Puesto& p, Anulacion& a) {
   return si;
 }
 
-bool tomarCodigoNuevo(Puesto& p, Anulacion& a) {
-  a.filaNueva = a.avance.codigo == 0;
-  return !a.filaNueva || CodigoOperacion(p, a.t().paralela, a.avance.codigo);
+bool tomarCodigoNuevo(Puesto& p, Anulacion& a) { return CodigoOperacion(p, a.t().paralela, a.codigo); }
+
+ClavePuntos clave(const DocumentoGuardado& t) { return {t.docTipo, t.docSerie, AEntero(Val(t.docNumero))}; }
+
+// One transaction of the store; the box of what failed comes behind it.
+bool ejecutarJuntas(Puesto& p, const std::vector<Sql>& sentencias) {
+  Sql ultima;
+  auto error = p.poCnnLocal.iniciar();
+  for (size_t n = 0; !error && n < sentencias.size(); ++n) error = p.poCnnLocal.ejecutar(ultima = sentencias[n]);
+  if (!error) error = p.poCnnLocal.confirmar();
+  if (!error) return true;
+  p.poCnnLocal.deshacer();
+  p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + ultima.texto(p.poCnnLocal.dialecto()));
+  return false;
 }
 
-ClavePuntos clave(const Transaccion& t) { return {t.docTipo, t.docSerie, AEntero(Val(t.docNumero))}; }
-
+// All of the store's part at once: the points that wait, the rows, and the liquidation that the document had closed.
 bool grabarFilas(Puesto& p, Anulacion& a) {
-  if (!QuitarPuntosEnEspera(p, clave(a.t()), a.puntosEnEspera)) return false;
+  const DocumentoGuardado& t = a.t();
+  std::vector<Sql> filas;
+  if (!LeerPuntosEnEspera(p, clave(t), filas)) return false;
+  a.puntosEnEspera = !filas.empty();
+  const auto luego = [&filas](const std::vector<Sql>& otras) { filas.insert(filas.end(), otras.begin(), otras.end()); };
   const QString fecha = FormatearFecha(p.reloj.now(), u"DD/MM/YYYY hh:mm");
-  return a.t().paralela ? AnularParalela(p, a.t(), a.avance, a.filaNueva, fecha)
-                        : AnularVenta(p, a.t(), a.avance, fecha);
-}
-
-bool deshacer(Puesto& p, Anulacion& a) {
-  const Transaccion& t = a.t();
-  if ((t.tipo != TipoOperacion::Liquidado && t.tipo != TipoOperacion::OC) || t.relacion == 0) return true;
-  return DeshacerLiquidacion(p, t.relacion);
+  luego(t.paralela ? FilasDeParalela(p, t, a.codigo, fecha) : FilasDeVenta(p, t, a.codigo, fecha));
+  const bool cierraLiquidacion = t.tipo == TipoOperacion::Liquidado || t.tipo == TipoOperacion::OC;
+  if (cierraLiquidacion && t.relacion != 0) luego(FilasDeLiquidacion(t.relacion));
+  return ejecutarJuntas(p, filas);
 }
 
 QString textoDelPapel(Puesto& p, const Anulacion& a, int impresora) {
@@ -137,13 +148,12 @@ QString textoDelPapel(Puesto& p, const Anulacion& a, int impresora) {
 bool imprimir(Puesto& p, Anulacion& a) {
   const bool paralela = a.t().paralela;
   const int impresora = paralela ? kImpresoraAlterna : kImpresoraPrincipal;
-  ImprimirDocumento(p, textoDelPapel(p, a, impresora), impresora,
-                    paralela ? QString() : QString::number(a.avance.codigo));
+  ImprimirDocumento(p, textoDelPapel(p, a, impresora), impresora, paralela ? QString() : QString::number(a.codigo));
   return true;
 }
 
 bool extornar(Puesto& p, Anulacion& a) {
-  const Transaccion& t = a.t();
+  const DocumentoGuardado& t = a.t();
   if (t.tarjeta.isEmpty() || t.idLocal.isEmpty()) return true;
   Extorna_puntos(p, t.tarjeta, a.v.bloques.total, static_cast<int>(AEntero(Val(t.idLocal))), clave(t),
                  a.puntosEnEspera);
@@ -154,15 +164,12 @@ bool extornar(Puesto& p, Anulacion& a) {
 bool sellarPago(Puesto& p, Anulacion& a) {
   Conexion central;
   if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, false, clsDBAdmin::Espera::Venta)) return false;
-  const QString donde =
-      FormatearSQL(QStringLiteral(" FechaAnulacion IS NULL AND cSerieDocPago='$' AND CONVERT(INT,NroDocPago)=$"),
-                   {ReemplazarComilla(a.t().docSerie), AEntero(Val(a.t().docNumero))});
+  const Sql donde = FormatearSQL(u" FechaAnulacion IS NULL AND cSerieDocPago='$' AND CONVERT(INT,NroDocPago)=$"_sql,
+                                 {Texto(a.t().docSerie), AEntero(Val(a.t().docNumero))});
   Recordset rs;
-  const bool leido =
-      p.poDBAdmin.EjecutarConsulta(central, QStringLiteral("SELECT COUNT(1) TOTAL FROM pagos WHERE") + donde, rs);
+  const bool leido = p.poDBAdmin.EjecutarConsulta(central, u"SELECT COUNT(1) TOTAL FROM pagos WHERE"_sql + donde, rs);
   if (leido && Numero(rs[u"TOTAL"]) != 0) {
-    p.poDBAdmin.EjecutarSentencia(central, QStringLiteral("UPDATE pagos SET FechaAnulacion = getdate() WHERE") + donde,
-                                  true);
+    p.poDBAdmin.EjecutarSentencia(central, u"UPDATE pagos SET FechaAnulacion = getdate() WHERE"_sql + donde, true);
   }
   p.poDBAdmin.CerrarBD(central);
   return leido;
@@ -172,15 +179,14 @@ bool sellarPago(Puesto& p, Anulacion& a) {
 const Paso<Anulacion> kPasos[] = {
     {"codigo", exigirCodigo}, {"campos", exigirCampos},           {"supervisor", autorizar}, {"estado", mirarEstado},
     {"orden", mirarOrden},    {"confirmar", confirmar},           {"codigo nuevo", tomarCodigoNuevo},
-    {"filas", grabarFilas},   {"liquidacion", deshacer},          {"ticket", imprimir},      {"puntos", extornar},
-    {"pago", sellarPago},
+    {"filas", grabarFilas},   {"ticket", imprimir},               {"puntos", extornar},      {"pago", sellarPago},
 };
 // clang-format on
 
 }  // namespace
 
 void MuestraTransaccion(Puesto& p, PantallaTransaccion& v) {
-  const Transaccion& t = *v.cargada;
+  const DocumentoGuardado& t = *v.cargada;
   BloquesTransaccion& b = v.bloques;
   b.cabecera = BloqueCabecera(p);
   b.fecha = Espacios(12) + FormatearFecha(t.fecha, kFecha) + kFin;
@@ -196,16 +202,15 @@ bool VerificarLiquidacionOC(Puesto& p, const QString& serie, const QString& nume
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
           p.poCnnLocal,
-          FormatearSQL(QStringLiteral("SELECT  * FROM OperacionParalela WHERE cDocSerie='$' AND cDocCodigo=$"),
-                       {ReemplazarComilla(serie), AEntero(Val(numero))}),
+          FormatearSQL(u"SELECT  * FROM OperacionParalela WHERE cDocSerie='$' AND cDocCodigo=$"_sql,
+                       {Texto(serie), AEntero(Val(numero))}),
           rs)) {
     return false;
   }
   const qint64 relacion = AEntero(Numero(rs[u"cOperCodeRela"]));
   if (relacion == 0) return true;
   return p.poDBAdmin.EjecutarConsulta(
-             p.poCnnLocal,
-             FormatearSQL(QStringLiteral("SELECT  * FROM OperacionParalela WHERE cOperCode=$"), {relacion}), rs) &&
+             p.poCnnLocal, FormatearSQL(u"SELECT  * FROM OperacionParalela WHERE cOperCode=$"_sql, {relacion}), rs) &&
          LimpiarNulo(rs[u"cDocTipo"]) != Codigo(TipoDocumento::LIQPAD);
 }
 

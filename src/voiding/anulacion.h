@@ -1,6 +1,6 @@
 #pragma once
 // The void of the document on the screen "Anula Transacción".
-#include "voiding/busqueda.h"
+#include "voiding/pantalla_transaccion.h"
 
 class PantallasAnulacion;
 
@@ -11,7 +11,6 @@ void MuestraTransaccion(Puesto& p, PantallaTransaccion& v);
 bool VerificarLiquidacionOC(Puesto& p, const QString& serie, const QString& numero);
 
 // The click of cmdAnular. A void adds a mirror of the sale with negative quantities and marks the voided rows; nothing
-// of the sale itself is deleted. Each statement stands by itself: one that fails ends the void where it is, and what was
-// done stays. A void that stopped between its rows is taken up by the next one on the same document, with the code that
-// it had. Paper, points and the central database come behind the rows, and none of them undoes anything.
+// of the sale itself is deleted. The rows stand together or not at all: a statement that fails shows its box and leaves the
+// document as it was. Paper, points and the central database come behind the rows, and none of them undoes anything.
 void Anular(Puesto& p, PantallaTransaccion& v, PantallasAnulacion& pantallas);

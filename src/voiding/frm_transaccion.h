@@ -1,6 +1,6 @@
 #pragma once
 #include "platform/ui/forma.h"
-#include "voiding/busqueda.h"
+#include "voiding/pantalla_transaccion.h"
 
 class QCheckBox;
 class QHBoxLayout;

@@ -14,42 +14,41 @@ namespace {
 
 const QString kFin = QStringLiteral("\r\n");
 const QString kMascara = QStringLiteral("###,###,##0.00");
-const FormaTransaccion kForma{QStringLiteral("Producto           Cant. Precio SubTot."), QStringLiteral("ITEM     ")};
+const FormaTransaccion kForma{.titulo = QStringLiteral("Producto           Cant. Precio SubTot."),
+                              .item = QStringLiteral("ITEM     ")};
 
 struct SumasVenta {
   double total = 0, igv = 0, servicio = 0, cantidad = 0;
 };
 
-QString cliente(const Puesto& p, const Transaccion& t) {
+QString cliente(const Puesto& p, const DocumentoGuardado& t) {
   const QString raya(28, u'-');
   QString s;
   if (!t.ruc.isEmpty()) {
-    s = QStringLiteral(" NOMBRE: ") + raya + kFin + Espacios(9) + raya + kFin + QStringLiteral(" RUC Cliente: ") +
-        t.ruc + kFin;
+    s = QStringLiteral(" NOMBRE: ") + raya + kFin + Espacios(9) + raya + kFin + LineaRuc(t.ruc);
   }
-  return s + QStringLiteral(" TICKET NRO: ") + t.docSerie + u'-' + Ceros(t.docNumero, 6) + QStringLiteral(" NS:") +
-         p.ses.psSerieImpresora + kFin;
+  return s + QStringLiteral(" TICKET NRO: ") + NumeroConMarca(t.docSerie, t.docNumero, p.ses.psSerieImpresora) + kFin;
 }
 
 QString palabras(const PantallaTransaccion& v) {
-  const Transaccion& t = *v.cargada;
+  const DocumentoGuardado& t = *v.cargada;
   const QString palabra = PalabraDe(t.tipo);
   QString s = palabra.isEmpty() ? QString() : LineaCentrada(palabra);
   if (t.tipo == TipoOperacion::Liquidado || (!t.paralela && t.dolares > 0)) {
-    s += LineaCentrada(QStringLiteral("U$(TC: ") + Formatear(v.tipoCambio, u"###,##0.00") + QStringLiteral(")"));
+    s += LineaCentrada(PalabraDolares(v.tipoCambio));
   }
   return s;
 }
 
 // Tax and service of a line go to cents one by one, as the register shows them.
-QString lineas(const Puesto& p, const Transaccion& t, SumasVenta& s) {
+QString lineas(const Puesto& p, const DocumentoGuardado& t, SumasVenta& s) {
   FormaLineas f;
   f.descripcion = 18;
   f.importe = 7;
   f.mascara = kMascara;
   f.entero = true;
   QString texto = kForma.titulo + kFin + Separador() + kFin;
-  for (const LineaTransaccion& l : t.lineas) {
+  for (const LineaGuardada& l : t.lineas) {
     const double valor = ValorDe(l.linea), servicio = l.servicio / 100;
     const double base = valor / (1 + p.ses.pnIGV + servicio);
     s.total += valor;
@@ -64,7 +63,7 @@ QString lineas(const Puesto& p, const Transaccion& t, SumasVenta& s) {
 
 QString total(const QString& rotulo, double valor) { return LineaTotal({rotulo, Formatear(valor, kMascara)}); }
 
-QString totales(const Puesto& p, const Transaccion& t, const SumasVenta& s) {
+QString totales(const Puesto& p, const DocumentoGuardado& t, const SumasVenta& s) {
   const bool voucher = t.tipo == TipoOperacion::Voucher;
   QString texto;
   if (t.tipo != TipoOperacion::Liquidado && t.ruc.isEmpty()) {
@@ -82,7 +81,7 @@ QString totales(const Puesto& p, const Transaccion& t, const SumasVenta& s) {
 
 // The balance holds the points of this sale already; those of a voided one were taken back.
 QString puntos(Puesto& p, const PantallaTransaccion& v, double importe) {
-  const Transaccion& t = *v.cargada;
+  const DocumentoGuardado& t = *v.cargada;
   const QString local = t.idLocal.isEmpty() ? v.idLocal : t.idLocal;
   if (t.anulada || local.isEmpty() || !GanaPuntos({t.docTipo, t.docSerie, 0}, t.tarjeta, importe)) return {};
   const QString saldo = SaldoPuntos(p, t.tarjeta, static_cast<int>(AEntero(Val(local))));
@@ -91,23 +90,23 @@ QString puntos(Puesto& p, const PantallaTransaccion& v, double importe) {
   return LineasPuntos({ganados, Val(saldo)});
 }
 
-QString cierre(const Transaccion& t) {
+QString cierre(const DocumentoGuardado& t) {
   return FormatearFecha(t.fecha, u"(DDD) DD/MM/YYYY ") + FormatearFecha(t.fecha, u"hh:mm") + kFin + t.usuario +
          QStringLiteral(" Cj:") + t.caja + QStringLiteral("  T:") + t.turno + QStringLiteral("v") + Version();
 }
 
 QString textoVenta(Puesto& p, PantallaTransaccion& v) {
-  const Transaccion& t = *v.cargada;
+  const DocumentoGuardado& t = *v.cargada;
   SumasVenta s;
   const QString articulos = lineas(p, t, s);
   return BloqueCabecera(p) + cliente(p, t) + palabras(v) + articulos + totales(p, t, s) + puntos(p, v, s.total) +
-         cierre(t) + kFin + kFin + Espacios(3) + QStringLiteral("...LA FINCA ALDEBRA ES EL LUGAR!!!");
+         cierre(t) + Lema();
 }
 
 }  // namespace
 
 void MuestraReimpresion(Puesto& p, PantallaTransaccion& v) {
-  const Transaccion& t = *v.cargada;
+  const DocumentoGuardado& t = *v.cargada;
   v.txtTexto = t.paralela ? palabras(v) + CuerpoTransaccion(t, kForma, v.bloques.total) + BloqueDocumento(t) + cierre(t)
                           : textoVenta(p, v);
 }

@@ -1,6 +1,6 @@
 #pragma once
 // The reprint of a stored ticket. Nothing is written, and no correlative is drawn.
-#include "voiding/busqueda.h"
+#include "voiding/pantalla_transaccion.h"
 
 // Builds the ticket of the loaded document out of its rows. The points are those of today.
 void MuestraReimpresion(Puesto& p, PantallaTransaccion& v);

@@ -19,7 +19,7 @@ struct Sumas {
   double total = 0, servicio = 0, cantidad = 0;
 };
 
-QString lineaArticulo(const LineaTransaccion& l) {
+QString lineaArticulo(const LineaGuardada& l) {
   FormaLineas f;
   f.descripcion = 18;
   f.importe = 7;
@@ -35,10 +35,10 @@ QString lineaDescuento(double porcentaje) {
          Derecha(Espacios(10) + u'*' + Formatear(porcentaje, u"###,##0.00"), 11) + kFin;
 }
 
-QString lineas(const Transaccion& t, const FormaTransaccion& forma, Sumas& s) {
+QString lineas(const DocumentoGuardado& t, const FormaTransaccion& forma, Sumas& s) {
   const bool orden = t.tipo == TipoOperacion::OC;
   QString texto = forma.titulo + kFin + Separador() + kFin;
-  for (const LineaTransaccion& l : t.lineas) {
+  for (const LineaGuardada& l : t.lineas) {
     texto += lineaArticulo(l);
     if (l.linea.porcentaje != 0) texto += lineaDescuento(l.linea.porcentaje);
     const double valor = ValorDe(l.linea);
@@ -50,7 +50,7 @@ QString lineas(const Transaccion& t, const FormaTransaccion& forma, Sumas& s) {
   return texto;
 }
 
-QString totales(const Transaccion& t, const Sumas& s) {
+QString totales(const DocumentoGuardado& t, const Sumas& s) {
   const QString rotulo = QStringLiteral("CASH/TL  ");
   switch (t.tipo) {
     case TipoOperacion::PADE:
@@ -69,14 +69,10 @@ QString totales(const Transaccion& t, const Sumas& s) {
 
 QString BloqueCabecera(Puesto& p) {
   (void)CargarCabeceraImpresion(p);  // a header that can't be read stays as it was
-  QString s;
-  for (const QString& linea : p.ses.psCabeceraImpresion) {
-    if (!Recortar(linea).isEmpty()) s += LineaCentrada(linea);
-  }
-  return s;
+  return LineasCabecera(p.ses.psCabeceraImpresion);
 }
 
-QString CuerpoTransaccion(const Transaccion& t, const FormaTransaccion& forma, double& total) {
+QString CuerpoTransaccion(const DocumentoGuardado& t, const FormaTransaccion& forma, double& total) {
   Sumas s;
   QString texto;
   if (t.tipo == TipoOperacion::PADE || t.tipo == TipoOperacion::PADV) {
@@ -93,6 +89,6 @@ QString CuerpoTransaccion(const Transaccion& t, const FormaTransaccion& forma, d
   return texto;
 }
 
-QString BloqueDocumento(const Transaccion& t) {
-  return Espacios(10) + QStringLiteral("Documento:") + t.docSerie + u'-' + Ceros(t.docNumero, 7) + kFin;
+QString BloqueDocumento(const DocumentoGuardado& t) {
+  return Espacios(10) + QStringLiteral("Documento:") + NumeroImpreso(t.docSerie, t.docNumero, 7) + kFin;
 }

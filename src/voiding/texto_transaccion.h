@@ -2,7 +2,7 @@
 // The ticket text of a stored document, block by block: 40 columns, line ends CR LF. Amounts in soles unless said.
 #include <QString>
 
-#include "voiding/transaccion.h"
+#include "voiding/documento_guardado.h"
 
 struct Puesto;
 
@@ -21,7 +21,7 @@ struct FormaTransaccion {
 QString BloqueCabecera(Puesto& p);
 
 // Article lines, service, totals and count as the void screen has them, and the document's total.
-QString CuerpoTransaccion(const Transaccion& t, const FormaTransaccion& forma, double& total);
+QString CuerpoTransaccion(const DocumentoGuardado& t, const FormaTransaccion& forma, double& total);
 
 // "Documento:", series and number.
-QString BloqueDocumento(const Transaccion& t);
+QString BloqueDocumento(const DocumentoGuardado& t);

@@ -104,16 +104,17 @@ TEST(Puntos, AVoidTakesBackWhatWasSentAndDropsWhatWaits) {
   p.cae();
   p.persona().espera(q("No se pudo conectar a la Base de Datos Cliente."));
   AcumularPuntos(p, kTarjeta, segunda, 40, 1, kMomento);
-  bool esperaban = false;
-  ASSERT_TRUE(QuitarPuntosEnEspera(p, segunda, esperaban));
-  EXPECT_TRUE(esperaban);
-  Extorna_puntos(p, kTarjeta, 40, 1, segunda, esperaban);  // nothing to take back, and no box
+  std::vector<Sql> quitarlos;
+  ASSERT_TRUE(LeerPuntosEnEspera(p, segunda, quitarlos));
+  for (const Sql& sql : quitarlos) EXPECT_FALSE(p.poCnnLocal.ejecutar(sql));
+  Extorna_puntos(p, kTarjeta, 40, 1, segunda, !quitarlos.empty());  // nothing to take back, and no box
   EXPECT_EQ(q("0"), p.filas(q("SELECT SUM(nPuntCant) FROM Cliente")));
   p.vuelve();
   ASSERT_TRUE(p.ses.pbClienteCaido);
-  ASSERT_TRUE(QuitarPuntosEnEspera(p, primera, esperaban));
-  EXPECT_FALSE(esperaban);
-  Extorna_puntos(p, kTarjeta, 29.9, 1, primera, esperaban);
+  quitarlos.clear();
+  ASSERT_TRUE(LeerPuntosEnEspera(p, primera, quitarlos));
+  EXPECT_TRUE(quitarlos.empty());
+  Extorna_puntos(p, kTarjeta, 29.9, 1, primera);
   ASSERT_TRUE(ConectarCliente(p, false));
   EnviarPendientesCliente(p);
   EXPECT_EQ(QString(), p.enCliente(kFilas));

@@ -3,8 +3,8 @@
 #include <QString>
 #include <optional>
 
+#include "voiding/documento_guardado.h"
 #include "voiding/texto_transaccion.h"
-#include "voiding/transaccion.h"
 
 struct Puesto;
 
@@ -19,7 +19,7 @@ struct PantallaTransaccion {
   QString idLocal;          // the site that the register handed over
 
   // What txtTexto shows; nothing until a document has been loaded.
-  std::optional<Transaccion> cargada;
+  std::optional<DocumentoGuardado> cargada;
   double tipoCambio = 0;  // soles per dollar of the document's day, 0 when not registered
   BloquesTransaccion bloques;
 };

@@ -1,4 +1,4 @@
-#include "voiding/busqueda.h"
+#include "voiding/pantalla_transaccion.h"
 
 #include "documento/clase.h"
 #include "foundation/puesto.h"
@@ -10,7 +10,7 @@
 
 namespace {
 
-const QString kTiposFiscales = QStringLiteral("('02', '01')");
+constexpr LiteralSql kFiscales = u" cDocTipo in ('02', '01')"_sql;
 
 qint64 entero(const QVariant& v) { return AEntero(Numero(v)); }
 
@@ -23,28 +23,26 @@ void mostrarHallada(Puesto& p, PantallaTransaccion& v, const Recordset& rs, bool
   BuscarTransaccion(p, v, silencio);
 }
 
-// The document with the highest code that `maximo` finds; false when there is none.
-bool buscarUltima(Puesto& p, const QString& tabla, const QString& maximo, const QString& filtro, Recordset& rs) {
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, maximo, rs)) return false;
+// The document of `tabla` with the highest code, among those of `condicion`; false when there is none.
+bool buscarUltima(Puesto& p, LiteralSql tabla, LiteralSql condicion, Recordset& rs) {
+  const Sql donde = tabla + u" WHERE"_sql + condicion;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, u" SELECT MAX(cOpercode) as max  FROM "_sql + donde, rs))
+    return false;
   const qint64 codigo = entero(rs[u"max"]);
   if (codigo <= 0) return false;
   return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                      QStringLiteral("SELECT cdocTipo, cdocSerie, cDocCodigo, cOpercode FROM ") +
-                                          tabla + FormatearSQL(QStringLiteral(" WHERE cOperCode= $"), {codigo}) +
-                                          filtro,
+                                      u"SELECT cdocTipo, cdocSerie, cDocCodigo, cOpercode FROM "_sql + donde +
+                                          FormatearSQL(u" AND cOperCode= $"_sql, {codigo}),
                                       rs) &&
          !rs.Eof();
 }
 
 // Which documents the search by series and number looks through.
-QString condicionBase(const PantallaTransaccion& v) {
+Sql condicionBase(const PantallaTransaccion& v) {
   const bool anular = v.uso == Uso::Anular;
-  if (v.chkAlterno) {
-    return anular ? QStringLiteral(" (cOperFlagAbierto = 1 OR cestado='1') ") : QStringLiteral(" cestado='1' ");
-  }
+  if (v.chkAlterno) return anular ? u" (cOperFlagAbierto = 1 OR cestado='1') "_sql : u" cestado='1' "_sql;
   // Only sales: the money of a parallel document lies in the same table under a code that another sale may have.
-  return QStringLiteral(" cOperFlagAnula = 0  ") + (anular ? QStringLiteral(" AND cOperFlagAbierto = 1 ") : QString()) +
-         QStringLiteral(" AND cDocTipo IN ") + kTiposFiscales;
+  return u" cOperFlagAnula = 0  "_sql + (anular ? u" AND cOperFlagAbierto = 1 "_sql : Sql()) + u" AND"_sql + kFiscales;
 }
 
 bool registrarCambio(Puesto& p, const QDateTime& fecha, double& cambio) {
@@ -52,8 +50,8 @@ bool registrarCambio(Puesto& p, const QDateTime& fecha, double& cambio) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
           p.poCnnLocal,
-          QStringLiteral(" SELECT nTipoCambMont FROM Tipo_Cambio WHERE FORMAT(dTipoCambFech, 'yyyy/mm/dd') = '") +
-              FormatearFecha(fecha, u"yyyy/mm/dd") + QStringLiteral("'"),
+          FormatearSQL(u" SELECT nTipoCambMont FROM Tipo_Cambio WHERE FORMAT(dTipoCambFech, 'yyyy/mm/dd') = '$'"_sql,
+                       {Texto(FormatearFecha(fecha, u"yyyy/mm/dd"))}),
           rs)) {
     return false;
   }
@@ -72,21 +70,17 @@ QString noExiste(Uso uso) {
                             : QStringLiteral("El número de transacción no existe.");
 }
 
-// Why the screen may not work on the document; "" when it may. A void that was cut off is taken up where it stopped.
-QString rechazo(Puesto& p, Uso uso, const Transaccion& t) {
+// Why the screen may not work on the document; "" when it may.
+QString rechazo(Uso uso, const DocumentoGuardado& t) {
   const bool anular = uso == Uso::Anular;
-  const auto aMedias = [&] {
-    AvanceAnulacion avance;
-    return anular && t.anulada && LeerAvance(p, t, avance) && avance.estado == Anulada::AMedias;
-  };
   if (anular && !t.abierta) return noExiste(uso);
   if (t.paralela) {
     if (t.tipo == TipoOperacion::LIQPAD && !t.anulada) {
       return QStringLiteral("Esta es una transacción de liquidación. No puede ser anulada");
     }
-    return t.vigente || aMedias() ? QString() : noExiste(uso);
+    return t.vigente ? QString() : noExiste(uso);
   }
-  if (anular && t.anulada && !aMedias()) {
+  if (anular && t.anulada) {
     return QStringLiteral("Esta es una transacción de anulación. No puede ser anulada");
   }
   if (t.tipo < TipoOperacion::Efectivo || t.tipo > TipoOperacion::Liquidado) {
@@ -101,16 +95,12 @@ void AbrirTransacciones(Puesto& p, PantallaTransaccion& v) { Busca_operacion(p, 
 
 void Busca_operacion(Puesto& p, PantallaTransaccion& v, bool silencio) {
   Recordset rs;
-  if (!buscarUltima(p, QStringLiteral("Operacion"),
-                    QStringLiteral(" SELECT MAX(cOpercode) as max  FROM Operacion WHERE cDocTipo in ") + kTiposFiscales,
-                    QStringLiteral(" AND cDocTipo in ") + kTiposFiscales, rs)) {
-    return;
-  }
+  if (!buscarUltima(p, u"Operacion"_sql, kFiscales, rs)) return;
   if (v.uso == Uso::Anular) {
-    Transaccion t;
-    AvanceAnulacion avance;
-    if (LeerTransaccion(p, entero(rs[u"cOpercode"]), false, t) != LecturaTransaccion::Leida ||
-        !LeerAvance(p, t, avance) || avance.estado == Anulada::Del_todo) {
+    DocumentoGuardado t;
+    bool anulada = false;
+    if (LeerDocumento(p, entero(rs[u"cOpercode"]), false, t) != LecturaDocumento::Leida ||
+        !LeerAnulada(p, t, anulada) || anulada) {
       return;
     }
   }
@@ -119,10 +109,7 @@ void Busca_operacion(Puesto& p, PantallaTransaccion& v, bool silencio) {
 
 void Busca_operparalela(Puesto& p, PantallaTransaccion& v) {
   Recordset rs;
-  if (buscarUltima(p, QStringLiteral("OperacionParalela"),
-                   QStringLiteral("SELECT max(cOperCode) AS MAX FROM OperacionParalela"
-                                  " WHERE (cOperCodeAnul = 0 OR cOperTipo=3 )  AND cEstado = '1' "),
-                   {}, rs)) {
+  if (buscarUltima(p, u"OperacionParalela"_sql, u" (cOperCodeAnul = 0 OR cOperTipo=3 )  AND cEstado = '1' "_sql, rs)) {
     mostrarHallada(p, v, rs, false);
   } else {
     BuscarTransaccion(p, v);
@@ -142,23 +129,15 @@ void CambiarAlterno(Puesto& p, PantallaTransaccion& v, bool marcado) {
 }
 
 void BuscarDocumento(Puesto& p, PantallaTransaccion& v) {
-  QString condicion = condicionBase(v) + u' ';
+  Sql condicion = condicionBase(v);
   const QString serie = Recortar(v.txtSerie), numero = Recortar(v.txtNumero);
-  if (!serie.isEmpty()) {
-    condicion += QStringLiteral(" And cdocSerie like '") + ReemplazarComilla(serie) + QStringLiteral("'");
-  }
-  if (!numero.isEmpty()) {  // "000005" is number 5
-    condicion += QStringLiteral(" And cDocCodigo like '") + TextoDe(Val(numero)) + QStringLiteral("'");
-  }
+  if (!serie.isEmpty()) condicion += FormatearSQL(u" And cdocSerie like '$'"_sql, {Texto(serie)});
+  // "000005" is number 5
+  if (!numero.isEmpty()) condicion += FormatearSQL(u" And cDocCodigo like '$'"_sql, {Texto(TextoDe(Val(numero)))});
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(
-          p.poCnnLocal,
-          QStringLiteral("Select distinct cdocTipo, cdocSerie, cDocCodigo, cOpercode FROM ") +
-              (v.chkAlterno ? QStringLiteral("OperacionParalela") : QStringLiteral("Operacion")) +
-              QStringLiteral(" WHERE ") + condicion,
-          rs)) {
-    return;
-  }
+  const Sql consulta = u"Select distinct cdocTipo, cdocSerie, cDocCodigo, cOpercode FROM "_sql +
+                       (v.chkAlterno ? u"OperacionParalela"_sql : u"Operacion"_sql) + u" WHERE "_sql + condicion;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, consulta, rs)) return;
   if (rs.Eof()) {
     p.mensajes.mostrar(QStringLiteral("No existen coincidencias para el documento"));
     v.txtTexto.clear();
@@ -175,10 +154,10 @@ void BuscarTransaccion(Puesto& p, PantallaTransaccion& v, bool silencio) {
   const QString codigo = Recortar(v.txtTransaccion);
   if (!EsNumerico(codigo)) return;
   v.cargada.reset();
-  Transaccion t;
-  const LecturaTransaccion lectura = LeerTransaccion(p, AEntero(Val(codigo)), v.chkAlterno, t);
-  if (lectura == LecturaTransaccion::Fallo) return;
-  const QString texto = lectura == LecturaTransaccion::NoExiste ? noExiste(v.uso) : rechazo(p, v.uso, t);
+  DocumentoGuardado t;
+  const LecturaDocumento lectura = LeerDocumento(p, AEntero(Val(codigo)), v.chkAlterno, t);
+  if (lectura == LecturaDocumento::Fallo) return;
+  const QString texto = lectura == LecturaDocumento::NoExiste ? noExiste(v.uso) : rechazo(v.uso, t);
   if (texto.isEmpty()) {
     v.txttipo = t.docTipo;
     v.txtSerie = t.docSerie;
