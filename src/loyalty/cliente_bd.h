@@ -14,9 +14,9 @@ bool ConectarCliente(Puesto& p, bool mensaje, clsDBAdmin::Espera espera = clsDBA
 
 enum class ResultadoCliente { Hecho, Fallo, NoResponde };
 
-// Runs `hacer`, the statements of one change, as one transaction of the open client database: all of them stand or none.
-// Fallo: one of them failed, which has shown its box. NoResponde: the transaction could not begin or end; the database
-// counts as away from then on, with its box.
+// Runs `hacer`, the statements of one change, as one transaction of the open client database: all of them stand or
+// none. Fallo: one of them failed, which has shown its box. NoResponde: the transaction could not begin or end; the
+// database counts as away from then on, with its box.
 [[nodiscard]] ResultadoCliente EnTransaccionCliente(Puesto& p, const std::function<bool()>& hacer, bool mensaje = true);
 
 // Closes poCnnCliente and clears pbClienteConectado. Nothing happens when it is closed.

@@ -22,8 +22,8 @@ bool hacer(Puesto& p, Conexion& cnn, LiteralSql plantilla, const std::vector<Val
   return p.poDBAdmin.EjecutarSentencia(cnn, FormatearSQL(plantilla, valores), true);
 }
 
-// What one row changes in the client database stands there whole or not at all. A database that is locked is asked again
-// by the next run, without a word.
+// What one row changes in the client database stands there whole or not at all. A database that is locked is asked
+// again by the next run, without a word.
 bool enviar(Puesto& p, const std::function<bool()>& cambio) {
   return EnTransaccionCliente(p, cambio, false) == ResultadoCliente::Hecho;
 }

@@ -21,8 +21,8 @@ struct ClavePuntos {
 // as 1.
 int CalcularPuntos(const Puesto& p, double importe);
 
-// Whether a document earns points at all: a card's number, an amount above 0, and no liquidation, whose notes have earned
-// theirs.
+// Whether a document earns points at all: a card's number, an amount above 0, and no liquidation, whose notes have
+// earned theirs.
 bool GanaPuntos(const ClavePuntos& documento, const QString& tarjeta, double importe);
 
 // The balance of a card as text, "-1" when there is none to show: no such card, a customer of another kind, or the
@@ -34,16 +34,16 @@ QString SaldoPuntos(Puesto& p, const QString& tarjeta, int idLocal);
 std::optional<PuntosTicket> PuntosDelTicket(Puesto& p, const ClavePuntos& documento, const QString& tarjeta,
                                             int idLocal, double importe);
 
-// Records the points of a document whose rows are stored, under the moment of that document; nothing when GanaPuntos says
-// no or the customer is of another kind. Goes to the client database. When that is away or locked, and without a site
-// when several have issued the card, it goes to the queue in the store, the store's copies of cards and customers standing
-// in for a database that is away. Leaves poCnnCliente closed.
+// Records the points of a document whose rows are stored, under the moment of that document; nothing when GanaPuntos
+// says no or the customer is of another kind. Goes to the client database. When that is away or locked, and without a
+// site when several have issued the card, it goes to the queue in the store, the store's copies of cards and customers
+// standing in for a database that is away. Leaves poCnnCliente closed.
 void AcumularPuntos(Puesto& p, const QString& tarjeta, const ClavePuntos& documento, double importe, int idLocal,
                     const QDateTime& momento);
 
-// The statements that take a document's points out of the queue, and off the store's copy of the customer's balance, for
-// the transaction of its void; none when nothing waits. False when the queue can't be read, and then the box has been
-// shown.
+// The statements that take a document's points out of the queue, and off the store's copy of the customer's balance,
+// for the transaction of its void; none when nothing waits. False when the queue can't be read, and then the box has
+// been shown.
 [[nodiscard]] bool LeerPuntosEnEspera(Puesto& p, const ClavePuntos& documento, std::vector<Sql>& quitarlos);
 
 // The two as steps of a commit: before the ticket, and behind the rows. Neither ends a commit.
@@ -60,8 +60,8 @@ struct ClienteTarjeta {
 ClienteTarjeta ClienteDeTarjeta(Puesto& p, const QString& tarjeta, int idLocal);
 
 // Takes back the points of a voided sale of that amount, and its rows, in the client database, which is tried once
-// whatever came of it before. There is no queue for it: when the database is away or a statement fails a box says so and
-// the points stay. Points that were `enEspera` never left the store, unless their row stands in the client database all
-// the same: a sending was cut off before it marked them. Leaves poCnnCliente closed.
+// whatever came of it before. There is no queue for it: when the database is away or a statement fails a box says so
+// and the points stay. Points that were `enEspera` never left the store, unless their row stands in the client database
+// all the same: a sending was cut off before it marked them. Leaves poCnnCliente closed.
 void Extorna_puntos(Puesto& p, const QString& tarjeta, double Total, int nIdLocal, const ClavePuntos& documento,
                     bool enEspera = false);

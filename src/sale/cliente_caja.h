@@ -34,13 +34,13 @@ ResultadoTarjeta BuscaTarjeta(Puesto& p, ClienteCaja& c, PantallasVenta& pantall
 ResultadoTarjeta TomarCliente(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas, const TarjetaElegida& elegida);
 
 // Before a commit: a card that was typed and not looked up yet must not reach the rows when nobody has it (the box has
-// been shown), nor without a word when the choice between its sites was left open. Gives the field that the cashier has to
-// look at then, "" when the commit may go on; asked again about the same card it goes on without a site.
+// been shown), nor without a word when the choice between its sites was left open. Gives the field that the cashier has
+// to look at then, "" when the commit may go on; asked again about the same card it goes on without a site.
 QString CampoPorMirar(Puesto& p, ClienteCaja& c, PantallasVenta& pantallas);
 
 // Makes the customer's fields agree: name and site of the card found before go, once another card stands in
-// txtTarjeta, since they would narrow a search or stand on another customer's ticket. Once another site stands behind the
-// card, or none, the name goes and the pair counts as typed, to be looked up. nIdLocal follows txtLocal.
+// txtTarjeta, since they would narrow a search or stand on another customer's ticket. Once another site stands behind
+// the card, or none, the name goes and the pair counts as typed, to be looked up. nIdLocal follows txtLocal.
 void AjustarCliente(ClienteCaja& c);
 
 // Name and site go, the card stays.

@@ -46,6 +46,6 @@ Sql SinParalelas();
 // The condition on the rows that a parallel document keeps in Operacion.
 Sql DineroParalelo(qint64 codigo);
 
-// Whether the document has been voided: a sale by the mirrors of its lines. False when the store can't be read, and then
-// the box has been shown.
+// Whether the document has been voided: a sale by the mirrors of its lines. False when the store can't be read, and
+// then the box has been shown.
 [[nodiscard]] bool LeerAnulada(Puesto& p, const DocumentoGuardado& t, bool& anulada);

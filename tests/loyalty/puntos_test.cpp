@@ -96,7 +96,7 @@ TEST(Puntos, NothingIsLostWhileTheClientDatabaseIsAway) {
   EXPECT_EQ(q("24\n0\n70"), p.enCliente(kSaldos));
 }
 
-// The number of a sale that was voided must never be sent; what had been sent before goes back once the database is there.
+// The points of a sale that was voided must never be sent; what had been sent before goes back with the database back.
 TEST(Puntos, AVoidTakesBackWhatWasSentAndDropsWhatWaits) {
   const ClavePuntos primera{q("02"), q("001"), 34}, segunda{q("02"), q("001"), 35};
   Tienda p;
