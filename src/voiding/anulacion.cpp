@@ -145,10 +145,12 @@ QString textoDelPapel(Puesto& p, const Anulacion& a, int impresora) {
          CorrelativoImpresion(p, impresora);
 }
 
+// The paper stands on the screen as well: that it is voided must be seen, whatever the printer does.
 bool imprimir(Puesto& p, Anulacion& a) {
   const bool paralela = a.t().paralela;
   const int impresora = paralela ? kImpresoraAlterna : kImpresoraPrincipal;
-  ImprimirDocumento(p, textoDelPapel(p, a, impresora), impresora, paralela ? QString() : QString::number(a.codigo));
+  a.v.txtTexto = textoDelPapel(p, a, impresora);
+  ImprimirDocumento(p, a.v.txtTexto, impresora, paralela ? QString() : QString::number(a.codigo));
   return true;
 }
 

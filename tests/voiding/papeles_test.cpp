@@ -22,8 +22,10 @@ TEST_P(Papel, IsThePaperWeExpect) {
   }
   v.txtTransaccion = QStringLiteral("1");
   BuscarTransaccion(p, v);
+  EXPECT_FALSE(v.txtTexto.contains(u"ANULADA"));
   if (v.uso == Uso::Anular) Anular(p, v, p.jefe);
   else Reimprimir(p, v);
+  EXPECT_EQ(v.uso == Uso::Anular, v.txtTexto.contains(u"TRANSACCION ANULADA"));
   EXPECT_EQ("", primeraDiferencia(conCorte(leerGolden(caso + QStringLiteral(".txt"))),
                                   p.papeles().papel[v.chkAlterno ? QStringLiteral("LPT2") : QStringLiteral("LPT1")]));
   EXPECT_FALSE(v.accion);
