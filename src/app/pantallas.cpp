@@ -12,6 +12,7 @@
 #include "backoffice/frm_usuario_lista.h"
 #include "cashday/frm_cuadre.h"
 #include "cashday/principal.h"
+#include "cashday/tipo_cambio.h"
 #include "foundation/puesto.h"
 #include "printing/frm_configura_impresora.h"
 #include "sale/frm_autorizar.h"
@@ -42,6 +43,7 @@ void Pantallas::vender(Registradora cual) {
   while (siguiente_) {
     const auto [registradora, venta] = *siguiente_;
     siguiente_.reset();
+    AsegurarTipoCambio(p_, *this);
     if (registradora == Registradora::Rapida) {
       frmCajaRegistradora f(p_, *this, padre());
       f.recibir(venta);

@@ -25,19 +25,52 @@ bool leerPaso(Puesto& p, int& paso) {
   return true;
 }
 
-void guardarPaso(Puesto& p, int paso) {
-  p.poCnnLocal.ejecutar(QStringLiteral("update configuracion set icierrecaja=") + QString::number(paso));
+// Stores the number of the next step. Only the first one holds the closing back, as long as nothing has been done; later
+// ones are written again by what follows, at the latest by the last step, and until then a step would only be repeated.
+[[nodiscard]] bool guardarPaso(Puesto& p, int paso) {
+  const auto error =
+      p.poCnnLocal.ejecutar(QStringLiteral("update configuracion set icierrecaja=") + QString::number(paso));
+  if (!error) return true;
+  if (paso > kDetalle) {
+    p.registro.RegistrarErrorLog(QStringLiteral("CerrarCaja - paso %1: ").arg(paso) + error->descripcion);
+    return true;
+  }
+  p.mensajes.mostrar(QStringLiteral("No se pudo empezar el cierre de caja: ") + error->descripcion +
+                     QStringLiteral("\nNo se ha cerrado nada. Use Reporte Z cuando esté resuelto."));
+  return false;
 }
 
-// The work of one step. True when it has stored the step that follows itself.
-bool hacerPaso(Puesto& p, Principal& v, PantallasPrincipal& pantallas, int paso) {
-  v.nIntentosReporte = 1;
+enum class FinPaso {
+  Guardado,    // has stored the step that follows itself
+  PorGuardar,  // done
+  Detenido     // not done: a box has told why
+};
+
+// A report without figures in the store holds the closing: the day must not end without its counters. One that the
+// central database kept from being made doesn't.
+FinPaso finDeReporte(Puesto& p, Principal& v, const ResultadoReporte& r, const QString& nombre) {
+  v.bReporteImpreso = v.bReporteImpreso || r.impreso;
+  if (r.hecho()) return FinPaso::Guardado;
+  if (r.fin == FinReporte::SinCentral) return FinPaso::PorGuardar;
+  const QString porque = r.porque.isEmpty() ? QStringLiteral("No se pudo hacer el reporte ") + nombre + u'.'
+                                            : QStringLiteral("No se pudieron guardar las cifras del reporte ") +
+                                                  nombre + QStringLiteral(": ") + r.porque;
+  p.mensajes.mostrar(porque + QStringLiteral("\nEl cierre de caja queda pendiente en ese paso. Use Reporte Z para "
+                                             "continuarlo."));
+  return FinPaso::Detenido;
+}
+
+FinPaso hacerPaso(Puesto& p, Principal& v, PantallasPrincipal& pantallas, int paso) {
   switch (paso) {
-    case kDetalle: EnviarDetalleZ1(p, -1); return false;
-    case kZ1: v.bReporteImpreso = false; return ReportesEspeciales1(p, v, PedidoZ(kZ));
-    case kZ: return ReportesEspeciales(p, v, PedidoZ(kCuadre));
-    case kCuadre: pantallas.cuadreDeCaja(v, kCuadreCierre); return false;
-    default: return false;
+    case kDetalle:
+      (void)EnviarDetalleZ1(p, -1);  // has told it; the synchronisation sends it later
+      return FinPaso::PorGuardar;
+    case kZ1:
+      v.bReporteImpreso = false;
+      return finDeReporte(p, v, ReportesEspeciales1(p, PedidoZ(kZ)), QStringLiteral("Z1"));
+    case kZ: return finDeReporte(p, v, ReportesEspeciales(p, PedidoZ(kCuadre)), QStringLiteral("Z"));
+    case kCuadre: pantallas.cuadreDeCaja(v, kCuadreCierre); return FinPaso::PorGuardar;
+    default: return FinPaso::PorGuardar;
   }
 }
 
@@ -76,8 +109,9 @@ bool cerrarOperaciones(Puesto& p) {
   }
   // A connection that was left open may be dead by now. One that can't be opened tells so at the statement.
   p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral);
-  if (const auto error =
-          p.poCnnCentral.ejecutar(QStringLiteral(" UPDATE TCABECERAZ1 SET nidEstado = 0 WHERE nidEstado = -1"))) {
+  if (const auto error = p.poCnnCentral.ejecutar(
+          QStringLiteral(" UPDATE TCABECERAZ1 SET nidEstado = 0 WHERE nidEstado = -1 AND cCajaCodi = '%1'")
+              .arg(ReemplazarComilla(p.ses.psCaja)))) {
     return fallaBlanqueo(
         p, QStringLiteral("No se pudo marcar el cierre en la base de datos central: ") + error->descripcion);
   }
@@ -97,7 +131,7 @@ void sincronizarCierre(Puesto& p, PantallasPrincipal& pantallas) {
 bool BlanqueaTransacciones(Puesto& p, Principal& v, PantallasPrincipal& pantallas) {
   if (!cerrarOperaciones(p)) return false;
   MarcasDia m;
-  LeerMarcas(p, m);
+  (void)LeerMarcas(p, m);  // what is blank below was not read
   if (m.cOperIdx.isEmpty()) return fallaBlanqueo(p, QStringLiteral("No se pudo leer la última operación del día."));
   if (m.cOperCodex.isEmpty()) m.cOperCodex = QStringLiteral("NULL");
   QStringList fin{QStringLiteral("UPDATE Configuracion SET cOperId = %1, cOperIdP = %2").arg(m.cOperIdx, m.cOperCodex)};
@@ -123,10 +157,15 @@ void CerrarCaja(Puesto& p, Principal& v, PantallasPrincipal& pantallas,
   if (!leerPaso(p, paso) || !puedeCerrar(p, paso)) return;
   for (; paso < kBlanqueo; ++paso) {
     avance(avanceDe(paso));
-    if (!hacerPaso(p, v, pantallas, paso)) guardarPaso(p, paso + 1);
+    const FinPaso fin = hacerPaso(p, v, pantallas, paso);
+    if (fin == FinPaso::Detenido) break;
+    if (fin == FinPaso::PorGuardar && !guardarPaso(p, paso + 1)) return avance({});
   }
-  avance(avanceDe(kBlanqueo));
-  const bool cerrado = BlanqueaTransacciones(p, v, pantallas);
+  bool cerrado = false;
+  if (paso == kBlanqueo) {
+    avance(avanceDe(kBlanqueo));
+    cerrado = BlanqueaTransacciones(p, v, pantallas);
+  }
   avance({});
   if (cerrado) LiberarTrasCierre(v);
   else BloquearPorCierre(v);

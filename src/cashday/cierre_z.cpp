@@ -138,7 +138,7 @@ bool GrabarCierreZ(Puesto& p, const CierreZ& c, const DatosReporte& d, QString& 
   } else {
     sentencias << QStringLiteral("UPDATE Configuracion SET cCodiTurno = ''");
   }
-  if (c.primerIntento) agregarContador(sentencias, c, d.momento);
+  agregarContador(sentencias, c, d.momento);
   if (c.iCierreCaja != 0) {
     sentencias << QStringLiteral("update configuracion set icierrecaja=") + QString::number(c.iCierreCaja);
   }

@@ -20,12 +20,11 @@ BloqueZ LeerBloqueZ(LectorReporte& l, NumeroImpresora impresora);
 struct CierreZ {
   NumeroImpresora impresora = kImpresoraPrincipal;
   ContadorZ contador;
-  double venta = 0;            // soles; goes to the running total
-  bool primerIntento = false;  // a repeated report moves no counter
-  int iCierreCaja = 0;         // 0 is not written
+  double venta = 0;     // soles; goes to the running total
+  int iCierreCaja = 0;  // 0 is not written
 };
 
 // Writes the rows of a closing, all of them or none. On the main printer that is the counter, the row of _Tmp, the blank
 // turn and the step; on the alternate one CabeceraZ and DetalleZ in the place of the turn, over those of an earlier report
 // of the same range. False when they are not written; `error` then holds the words, unless a box has told them.
-bool GrabarCierreZ(Puesto& p, const CierreZ& c, const DatosReporte& d, QString& error);
+[[nodiscard]] bool GrabarCierreZ(Puesto& p, const CierreZ& c, const DatosReporte& d, QString& error);

@@ -123,6 +123,9 @@ const char* const kProductos =
     "AND o.cOperCodeanul = 0 AND o.cEstado= '1' AND o.cOpertipo in (20, 21) GROUP BY d.cProdCode   ) "
     "GROUP BY  cProdcode  order by 3";
 
+// A blank count is 0.
+bool esImporte(const QString& texto) { return EsNumerico(texto) || Recortar(texto).isEmpty(); }
+
 QString mascaraProducto(double valor) { return Formatear(valor, kMascaraProducto); }
 
 }  // namespace
@@ -141,8 +144,9 @@ void Inicio(Puesto& p, Cuadre& v, int modo) {
 }
 
 void CargarCuadre(Puesto& p, Cuadre& v) {
-  CuadreCaja(p, v.lado[kLadoZ]);
-  CuadreCajaZ1(p, v.lado[kLadoZ1]);
+  // A side that failed shows what it has; its box has told why.
+  (void)CuadreCaja(p, v.lado[kLadoZ]);
+  (void)CuadreCajaZ1(p, v.lado[kLadoZ1]);
   CuadreCajaTotal(v);
 }
 
@@ -180,9 +184,12 @@ bool CuadreCajaZ1(Puesto& p, LadoCuadre& c) {
 
 void CuadreCajaTotal(Cuadre& v) {
   const auto numero = [](const QString& texto) { return Val(Formatear(LeerImporte(texto), u"###########0.00")); };
+  const auto diferencia = [&](const QString& debe, const QString& contado) {
+    return esImporte(contado) ? mascara(numero(debe) - numero(contado)) : QString();
+  };
   for (LadoCuadre& c : v.lado) {
-    c.txtFALTSOB = mascara(numero(c.txtCashDRW) - numero(c.txtCaja));
-    c.txtFALTSOBDolares = mascara(numero(c.txtCashDRWDolares) - numero(c.txtCajaDolares));
+    c.txtFALTSOB = diferencia(c.txtCashDRW, c.txtCaja);
+    c.txtFALTSOBDolares = diferencia(c.txtCashDRWDolares, c.txtCajaDolares);
   }
 }
 
@@ -194,7 +201,7 @@ QString DejarCaja(Cuadre& v) {
   for (size_t n = 0; n < v.lado.size(); ++n) {
     for (const auto& campo : campos) {
       QString& texto = v.lado[n].*campo.texto;
-      if (EsNumerico(texto) || Recortar(texto).isEmpty()) texto = mascara(LeerImporte(texto));
+      if (esImporte(texto)) texto = mascara(LeerImporte(texto));
       else if (mal.isEmpty()) mal = QStringLiteral("%1(%2)").arg(QLatin1String(campo.nombre)).arg(n);
     }
   }

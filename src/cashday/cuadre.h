@@ -38,10 +38,10 @@ void Inicio(Puesto& p, Cuadre& v, int modo);
 // The figures of both sides, over the operations of the open day. A query that fails shows its box and ends its side,
 // whose fields keep what they had.
 void CargarCuadre(Puesto& p, Cuadre& v);
-bool CuadreCaja(Puesto& p, LadoCuadre& c);
-bool CuadreCajaZ1(Puesto& p, LadoCuadre& c);
+[[nodiscard]] bool CuadreCaja(Puesto& p, LadoCuadre& c);
+[[nodiscard]] bool CuadreCajaZ1(Puesto& p, LadoCuadre& c);
 
-// The differences of both sides, from the texts.
+// The differences of both sides, from the texts; that of a count that is no number is blank.
 void CuadreCajaTotal(Cuadre& v);
 
 // What happens when a counted field is left: all of them are formatted, a blank one as 0, and the differences follow. A

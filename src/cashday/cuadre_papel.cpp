@@ -17,7 +17,11 @@ QString centrada(const QString& texto, const QString& blancos) {
   return Derecha(blancos + texto, static_cast<int>(texto.size()) / 2 + kMitad);
 }
 
-QString importe(const QString& texto) { return Derecha(Espacios(kImporte) + u'*' + texto, kImporte); }
+// An amount that does not fit its column widens the line: cut on the left it would be another amount.
+QString importe(const QString& texto) {
+  const QString s = u'*' + texto;
+  return texto.size() > kImporte ? s : Derecha(Espacios(kImporte) + s, kImporte);
+}
 
 // The lines from the first dash line on, without their ends.
 QStringList lineasDe(const Cuadre& v, size_t lado, const QString& titulo) {

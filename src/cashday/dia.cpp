@@ -26,6 +26,8 @@ const Sobrantes kParalelas{QStringLiteral("Operacionparalela"), QStringLiteral("
 
 const QString kAnteriores = QStringLiteral("dOperFech < (SELECT max(fec) FROM _Tmp)");
 
+constexpr double kLimiteApertura = 1e10;  // soles or dollars
+
 enum class Apertura { EnCurso, Reanudada };
 
 // Closes them; an opening under way also writes the watermark anew, both or neither. One that is taken up again finds
@@ -89,39 +91,33 @@ bool fallaApertura(Puesto& p) {
   return false;
 }
 
-// An amount as the statement carries it; nothing when the text is no number.
-bool leerImporte(const QString& texto, QString& importe) {
-  if (!EsNumerico(texto)) return false;
-  importe = TextoDe(LeerImporte(texto));
+// Why an amount opens no desk; "" for one that does.
+QString defectoDeImporte(const QString& texto) {
+  if (!EsNumerico(texto)) return QStringLiteral("no es un número");
+  const double valor = LeerImporte(texto);
+  if (valor < 0) return QStringLiteral("no puede ser negativo");
+  return valor < kLimiteApertura ? QString() : QStringLiteral("tiene más de diez dígitos");
+}
+
+// Refuses the first amount that opens no desk.
+bool importesValidos(Puesto& p, FrmApertura& v) {
+  // clang-format off
+  const struct { const char *campo, *moneda; const QString& texto; } importes[] = {
+      {"txtimporsoles", "soles", v.txtimporsoles}, {"TxtImporDolares", "dólares", v.TxtImporDolares}};
+  // clang-format on
+  v.campoMal.clear();
+  for (const auto& i : importes) {
+    const QString defecto = defectoDeImporte(i.texto);
+    if (defecto.isEmpty()) continue;
+    v.campoMal = QString::fromLatin1(i.campo);
+    p.mensajes.mostrar(QStringLiteral("El importe en %1 %2.\nEscriba un importe como 150.00, o 0.00 si no hay.")
+                           .arg(QString::fromUtf8(i.moneda), defecto));
+    return false;
+  }
   return true;
 }
 
-bool rechazarImporte(Puesto& p, FrmApertura& v, const QString& campo, const QString& moneda) {
-  v.campoMal = campo;
-  p.mensajes.mostrar(QStringLiteral("El importe en %1 no es un número.\nEscriba un importe como 150.00, o 0.00 si no "
-                                    "hay.")
-                         .arg(moneda));
-  return false;
-}
-
 }  // namespace
-
-QString ConsultaTipoCambio(const Puesto& p) {
-  return QStringLiteral(" SELECT nTipoCambMont FROM Tipo_Cambio WHERE FORMAT(dTipoCambFech, 'yyyy/mm/dd') = '") +
-         FormatearFecha(p.reloj.now(), u"yyyy/mm/dd") + u'\'';
-}
-
-void CapturaTipoCambio(Puesto& p, PantallasPrincipal& pantallas) {
-  p.ses.pnTipoCambio = 0;
-  Recordset rs;
-  if (!consultar(p, ConsultaTipoCambio(p), rs)) return;
-  if (rs.RecordCount() == 1) {
-    p.ses.pnTipoCambio = Numero(rs[u"nTipoCambMont"]);
-    return;
-  }
-  p.mensajes.mostrar(QStringLiteral("Para registrar ventas en dólares debe registrar el tipo de cambio"));
-  pantallas.tipoCambioDetalle(0);
-}
 
 bool LeerMarcas(Puesto& p, MarcasDia& m) {
   Recordset rs;
@@ -175,14 +171,7 @@ QString MascaraApertura(const QString& texto) {
 }
 
 bool AbrirCaja(Puesto& p, FrmApertura& v, Principal& principal) {
-  v.campoMal.clear();
-  QString soles, dolares;
-  if (!leerImporte(v.txtimporsoles, soles)) {
-    return rechazarImporte(p, v, QStringLiteral("txtimporsoles"), QStringLiteral("soles"));
-  }
-  if (!leerImporte(v.TxtImporDolares, dolares)) {
-    return rechazarImporte(p, v, QStringLiteral("TxtImporDolares"), QStringLiteral("dólares"));
-  }
+  if (!importesValidos(p, v)) return false;
   if (AvisarRelojAtrasado(p)) return false;
   MarcasDia m;
   if (!LeerMarcas(p, m)) return fallaApertura(p);
@@ -193,7 +182,8 @@ bool AbrirCaja(Puesto& p, FrmApertura& v, Principal& principal) {
           p.poCnnLocal,
           QStringLiteral("UPDATE Configuracion SET cCodiTurno = '%1' , nImporApertSol=%2, nImporApertDol=%3, "
                          "cOperId = %4, cOperIdP = %5")
-              .arg(turno, soles, dolares, m.cOperIdx, m.cOperCodex),
+              .arg(turno, TextoDe(LeerImporte(v.txtimporsoles)), TextoDe(LeerImporte(v.TxtImporDolares)), m.cOperIdx,
+                   m.cOperCodex),
           true)) {
     return fallaApertura(p);
   }
@@ -211,7 +201,7 @@ void CompletarApertura(Puesto& p, Principal& principal) {
 
 void CambioTurno(Puesto& p, Principal& v, PantallasPrincipal& pantallas) {
   PrepararOperacion(p, v, pantallas);
-  if (AutorizarOperacion(v, pantallas, QStringLiteral("Reporte X"))) ReportesEspeciales(p, v, PedidoX());
+  if (AutorizarOperacion(v, pantallas, QStringLiteral("Reporte X"))) (void)ReportesEspeciales(p, PedidoX());
   const QString turno = Derecha(QStringLiteral("00") + TextoDe(Val(p.ses.psTurno) + 1), 2);
   if (!p.poDBAdmin.EjecutarSentencia(p.poCnnLocal,
                                      QStringLiteral("UPDATE Configuracion SET cCodiTurno = '") + turno + u'\'', true)) {

@@ -1,17 +1,10 @@
 #pragma once
-// The cash day: the rate of the day and the opening of the desk.
+// The cash day: the opening of the desk, its marks and the change of turns.
 #include <QString>
 
 struct Principal;
 struct Puesto;
 class PantallasPrincipal;
-
-// Asks the store for the rate of today.
-QString ConsultaTipoCambio(const Puesto& p);
-
-// Reads the rate of today into pnTipoCambio (soles per dollar). Without one it stays 0 until the next capture: the
-// box says so and the detail of the exchange rate is opened. A query that fails has shown its message and leaves 0.
-void CapturaTipoCambio(Puesto& p, PantallasPrincipal& pantallas);
 
 // The highest codes among the closed rows: the reports of the day take what lies above them.
 struct MarcasDia {
@@ -20,7 +13,7 @@ struct MarcasDia {
 };
 
 // False when one of them can't be read: a box has told it, and the one that was not read is blank.
-bool LeerMarcas(Puesto& p, MarcasDia& m);
+[[nodiscard]] bool LeerMarcas(Puesto& p, MarcasDia& m);
 
 // Whether today is earlier than the last operation in the store; a box has then told it. False as well when the store
 // can't be asked.
@@ -42,10 +35,10 @@ QString MascaraApertura(const QString& texto);
 
 // Opens the day as turn 01 with the opening float, sets the watermarks, frees the menus, and closes rows that an
 // earlier day left open; the watermarks are then read and written again.
-//   Returns  true when the screen closes; false when it stays: an amount was no number (`campoMal` names the field
-//            and nothing was changed), the clock stands before the last operation (nothing was changed), or the store
+//   Returns  true when the screen closes; false when it stays: an amount was no number, negative or of more than ten
+//            digits before the point (`campoMal` names the field and nothing was changed), the clock stands before the last operation (nothing was changed), or the store
 //            failed, which a box has told.
-bool AbrirCaja(Puesto& p, FrmApertura& v, Principal& principal);
+[[nodiscard]] bool AbrirCaja(Puesto& p, FrmApertura& v, Principal& principal);
 
 // Closes what an opening that died, or whose store failed, would still have closed: rows of earlier days at or below
 // the watermarks of the open day. The person is told as by the opening itself; a store that fails has told its own

@@ -16,6 +16,7 @@
 #include "cashday/frm_apertura.h"
 #include "cashday/pantallas_principal.h"
 #include "cashday/reportes.h"
+#include "cashday/tipo_cambio.h"
 #include "foundation/puesto.h"
 #include "platform/ui/anillo_foco.h"
 #include "platform/ui/campo.h"
@@ -318,6 +319,7 @@ void frmPrincipal::configurarParametros() {
 }
 
 void frmPrincipal::operacion(int n) {
+  if (n == 3 || n == 4) OlvidarTipoCambioPasado(p_);
   PrepararOperacion(p_, v_, pantallas_);
   const bool hayTipoCambio = p_.ses.pnTipoCambio != 0;
   switch (n) {
@@ -357,15 +359,15 @@ void frmPrincipal::cerrarCaja() {
   });
 }
 
-void frmPrincipal::reporte(int n, bool (*imprimir)(Puesto&, Principal&, const PedidoReporte&)) {
+void frmPrincipal::reporte(int n, ResultadoReporte (*imprimir)(Puesto&, const PedidoReporte&)) {
   if (!AutorizarOperacion(v_, pantallas_, rotuloDe(kOperaciones, n))) return;
   const CursorEspera espera;
-  imprimir(p_, v_, PedidoX());
+  v_.bReporteImpreso = imprimir(p_, PedidoX()).impreso || v_.bReporteImpreso;
 }
 
-void frmPrincipal::reporteDeFecha(bool (*imprimir)(Puesto&, Principal&, const QString&)) {
+void frmPrincipal::reporteDeFecha(ResultadoReporte (*imprimir)(Puesto&, const QString&)) {
   const CursorEspera espera;
-  imprimir(p_, v_, QStringLiteral("Z"));
+  v_.bReporteImpreso = imprimir(p_, QStringLiteral("Z")).impreso || v_.bReporteImpreso;
 }
 
 void frmPrincipal::boton(int n) {

@@ -17,6 +17,7 @@ class QToolBar;
 class QToolButton;
 class QVBoxLayout;
 struct PedidoReporte;
+struct ResultadoReporte;
 struct Puesto;
 class PantallasPrincipal;
 
@@ -55,8 +56,8 @@ class frmPrincipal final : public QMainWindow {
   void cerrarCaja();
   void operacion(int n);
   // One of the turn's reports, entry `n`, with its authorisation; and one of a past date.
-  void reporte(int n, bool (*imprimir)(Puesto&, Principal&, const PedidoReporte&));
-  void reporteDeFecha(bool (*imprimir)(Puesto&, Principal&, const QString&));
+  void reporte(int n, ResultadoReporte (*imprimir)(Puesto&, const PedidoReporte&));
+  void reporteDeFecha(ResultadoReporte (*imprimir)(Puesto&, const QString&));
   void boton(int n);
   void abrirApertura();
 

@@ -21,8 +21,10 @@ bool LeerPeriodo(Puesto& p, Periodo& periodo) {
 Periodo PeriodoDeFecha(const QDate& fecha) {
   // Two bounds instead of a formatted date: an index serves them.
   const auto literal = [](const QDate& d) { return FormatearFecha(d.startOfDay(), u"#mm/dd/yyyy#"); };
-  const QString filtro = QStringLiteral(" and o.dOperFech >= ") + literal(fecha) +
-                         QStringLiteral(" and o.dOperFech < ") + literal(fecha.addDays(1)) + u' ';
+  QString filtro = QStringLiteral(" and o.dOperFech >= ") + literal(fecha);
+  // Behind the last day that a date can name there is none.
+  if (fecha < QDate(9999, 12, 31)) filtro += QStringLiteral(" and o.dOperFech < ") + literal(fecha.addDays(1));
+  filtro += u' ';
   return {filtro, filtro};
 }
 

@@ -2,6 +2,7 @@
 
 #include "cashday/dia.h"
 #include "cashday/pantallas_principal.h"
+#include "cashday/tipo_cambio.h"
 #include "foundation/estado_linea.h"
 #include "foundation/puesto.h"
 #include "loyalty/cliente_bd.h"
@@ -57,7 +58,6 @@ void LiberarTrasCierre(Principal& v) {
 }
 
 void CargarPrincipal(Puesto& p, Principal& v) {
-  v.nIntentosReporte = 0;
   if (Val(p.ses.psPerfilUsuario) == 3) v.usuariosVisible = false;
   const bool abierto = turnoAbierto(p);
   HabilitarBotonesDia(v, abierto);
@@ -86,6 +86,7 @@ void CargarPrincipal(Puesto& p, Principal& v) {
 
 DatosEstado EstadoPrincipal(Puesto& p) {
   DatosEstado d = EstadoDelPuesto(p);
+  if (p.ses.pdTipoCambio != p.reloj.today()) d.tipoCambio.clear();
   Recordset rs;
   const bool pedido =
       d.tipoCambio.isEmpty() && p.poCnnLocal.abierta() && !p.poCnnLocal.consultar(ConsultaTipoCambio(p), rs);
@@ -95,7 +96,6 @@ DatosEstado EstadoPrincipal(Puesto& p) {
 
 void PrepararOperacion(Puesto& p, Principal& v, PantallasPrincipal& pantallas) {
   v.bAcceso = false;
-  v.nIntentosReporte = 0;
   if (p.ses.pnTipoCambio == 0) CapturaTipoCambio(p, pantallas);
 }
 

@@ -10,7 +10,6 @@ class PantallasPrincipal;
 
 struct Principal {
   bool bAcceso = false;          // a supervisor has authorised the operation under way
-  int nIntentosReporte = 0;      // the report attempt counter
   bool bReporteImpreso = false;  // a report has gone to print
   QString txtsupervisor;
 
@@ -51,7 +50,7 @@ void LiberarTrasCierre(Principal& v);
 // leave only "Reporte Z" and "&Salir".
 void CargarPrincipal(Puesto& p, Principal& v);
 
-// Before each entry of mnuOperaciones: flag and counter are cleared, and the rate of the day is captured if it is
+// Before each entry of mnuOperaciones: the flag is cleared, and the rate of the day is captured if it is
 // not known.
 void PrepararOperacion(Puesto& p, Principal& v, PantallasPrincipal& pantallas);
 

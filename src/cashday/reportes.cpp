@@ -1,15 +1,12 @@
 #include "cashday/reportes.h"
 
 #include "cashday/cierre_z.h"
-#include "cashday/principal.h"
 #include "foundation/puesto.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 
 namespace {
-
-constexpr int kUltimoIntento = 3;
 
 // What sets the papers of the two printers apart.
 struct Hoja {
@@ -19,23 +16,27 @@ struct Hoja {
   bool alterna() const { return impresora == kImpresoraAlterna; }
 };
 
-const Hoja kHoja{kImpresoraPrincipal, QStringLiteral("RptXOZ"), QStringLiteral("RptFecXOZ"),
-                 QStringLiteral("Código Rep. Z: "), kConsultasX};
-const Hoja kHoja1{kImpresoraAlterna, QStringLiteral("RptX1OZ1"), QStringLiteral("RptFecX1OZ1"),
-                  QStringLiteral("Código Rep. Z1: "), kConsultasX1};
-
-enum class Fin { Hecho, SinCentral, Fallo };
+const Hoja kHoja{.impresora = kImpresoraPrincipal,
+                 .tronco = QStringLiteral("RptXOZ"),
+                 .troncoFecha = QStringLiteral("RptFecXOZ"),
+                 .rotuloCodigo = QStringLiteral("Código Rep. Z: "),
+                 .consultas = kConsultasX};
+const Hoja kHoja1{.impresora = kImpresoraAlterna,
+                  .tronco = QStringLiteral("RptX1OZ1"),
+                  .troncoFecha = QStringLiteral("RptFecX1OZ1"),
+                  .rotuloCodigo = QStringLiteral("Código Rep. Z1: "),
+                  .consultas = kConsultasX1};
 
 // One report under way; an attempt begins with a new one.
 struct Trabajo {
   Puesto& p;
-  Principal& v;
   const Hoja& hoja;
   const PedidoReporte& pedido;
   std::optional<QDate> fecha;
-  DatosReporte d;
-  ContadorZ contador;
-  QString error;  // words of a failure that no box has told yet
+  DatosReporte d{};
+  ContadorZ contador{};
+  bool impreso = false;
+  QString error{};  // words of a failure that no box has told yet
 
   bool esZ() const { return pedido.letra == u"Z"; }
   const QDate* dia() const { return fecha ? &*fecha : nullptr; }
@@ -94,10 +95,8 @@ bool leerTodo(Trabajo& t, const Periodo& periodo, Conexion& central) {
   t.d.cabecera = p.ses.psCabeceraImpresion;
   if (t.esZ()) t.d.z = LeerBloqueZ(l, t.hoja.impresora);
   if (!l.bien()) return false;
-  // The tax section of the alternate printer is always of the turn.
-  LectorReporte impuestos(p, periodo, t.pedido.soloTurno || t.hoja.alterna() ? turno : QString());
-  t.d.impuestos = LeerImpuestos(p, impuestos, t.hoja.impresora);
-  if (!impuestos.bien()) return false;
+  t.d.impuestos = LeerImpuestos(p, l, t.hoja.impresora);
+  if (!l.bien()) return false;
   if (t.esZ()) leerCodigo(t, l);
   if (!l.bien()) return false;
   t.d.correlativo = leerCorrelativo(t, l);
@@ -107,7 +106,7 @@ bool leerTodo(Trabajo& t, const Periodo& periodo, Conexion& central) {
 void imprimir(Trabajo& t) {
   ImprimirInforme(t.p, PapelDeReporte(t.d), t.hoja.impresora, t.fecha ? t.hoja.troncoFecha : t.hoja.tronco);
   const int ruta = t.hoja.alterna() ? t.p.ses.pnCortaPapelAlterna : t.p.ses.pnCortaPapel;
-  if (ruta == 0 || ruta == 1) t.v.bReporteImpreso = true;
+  t.impreso = ruta == 0 || ruta == 1;
 }
 
 // What a report of the day leaves behind its paper.
@@ -117,16 +116,17 @@ bool cerrar(Trabajo& t) {
     return p.poDBAdmin.EjecutarSentencia(
         p.poCnnLocal, QStringLiteral("UPDATE Configuracion SET cCodiTurno = '") + p.ses.psTurno + u'\'', true);
   }
-  const CierreZ c{t.hoja.impresora, t.contador, t.d.cifras.nVenta, t.v.nIntentosReporte == 1, t.pedido.iCierreCaja};
+  const CierreZ c{.impresora = t.hoja.impresora,
+                  .contador = t.contador,
+                  .venta = t.d.cifras.nVenta,
+                  .iCierreCaja = t.pedido.iCierreCaja};
   if (!GrabarCierreZ(p, c, t.d, t.error)) return false;
-  if (t.hoja.alterna()) return true;
   // Only now: a turn that still stands in the store is not over.
-  p.ses.psTurno.clear();
-  ProcesoCaja(t.v, false);
+  if (!t.hoja.alterna()) p.ses.psTurno.clear();
   return true;
 }
 
-Fin intentar(Trabajo& t) {
+FinReporte intentar(Trabajo& t) {
   Puesto& p = t.p;
   SeleccionarImpresora(p, t.hoja.alterna() ? p.ses.kPAR_IMPRESORA_ALTERNA : p.ses.kPAR_IMPRESORA);
   t.d.letra = t.pedido.letra;
@@ -143,57 +143,50 @@ Fin intentar(Trabajo& t) {
     periodo = PeriodoDeFecha(*t.fecha);
     if (t.hoja.alterna()) p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral);
   } else {
-    if (!marcar(t)) return Fin::Fallo;
+    if (!marcar(t)) return FinReporte::Fallo;
     // Without the central database there is no report of the day; asked first, so that no half of it is printed.
-    if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return Fin::SinCentral;
-    if (!LeerPeriodo(p, periodo)) return Fin::Fallo;
+    if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return FinReporte::SinCentral;
+    if (!LeerPeriodo(p, periodo)) return FinReporte::Fallo;
   }
-  if (!leerTodo(t, periodo, central)) return Fin::Fallo;
+  if (!leerTodo(t, periodo, central)) return FinReporte::Fallo;
   imprimir(t);
-  return t.fecha || cerrar(t) ? Fin::Hecho : Fin::Fallo;
+  return t.fecha || cerrar(t) ? FinReporte::Hecho : FinReporte::Fallo;
 }
 
-// The report, again after each failure until the counter of the main window stands at 3.
-bool reportar(Puesto& p, Principal& v, const Hoja& hoja, const PedidoReporte& pedido, std::optional<QDate> fecha = {}) {
-  for (;;) {
-    Trabajo t{p, v, hoja, pedido, fecha, {}, {}, {}};
-    const Fin fin = intentar(t);
-    if (fin != Fin::Fallo) return fin == Fin::Hecho;
-    if (v.nIntentosReporte >= kUltimoIntento) {
-      p.mensajes.mostrar(QStringLiteral("No fue posible imprimir reporte") + pedido.letra, QStringLiteral("Error"));
-      v.nIntentosReporte = 0;
-      return false;
-    }
+// The report, again after each failure as long as an attempt is left.
+ResultadoReporte reportar(Puesto& p, const Hoja& hoja, const PedidoReporte& pedido, std::optional<QDate> fecha = {}) {
+  ResultadoReporte r;
+  for (int intento = 1;; ++intento) {
+    Trabajo t{.p = p, .hoja = hoja, .pedido = pedido, .fecha = fecha};
+    r.fin = intentar(t);
+    r.impreso = r.impreso || t.impreso;
+    if (r.fin != FinReporte::Fallo) return r;
+    r.porque = t.error;
+    if (intento >= pedido.intentos) break;
     p.mensajes.mostrar(t.error);
-    ++v.nIntentosReporte;
   }
+  p.mensajes.mostrar(QStringLiteral("No fue posible imprimir reporte") + pedido.letra, QStringLiteral("Error"));
+  return r;
 }
 
-bool reportarFecha(Puesto& p, Principal& v, const Hoja& hoja, const QString& letra) {
+ResultadoReporte reportarFecha(Puesto& p, const Hoja& hoja, const QString& letra) {
   const auto texto = p.mensajes.pedir(QStringLiteral("Ingrese una fecha"), QStringLiteral("Fecha de Reporte"),
                                       QStringLiteral("19/07/1979"));
-  if (!texto) return false;
+  if (!texto) return {.fin = FinReporte::SinFecha};
   const auto fecha = LeerFecha(*texto);
   if (!fecha) {
     p.mensajes.mostrar(QStringLiteral("La fecha debe tener el formato dd/mm/yyyy"), Mensajes::kTitulo, Icono::Critico);
-    return false;
+    return {.fin = FinReporte::SinFecha};
   }
-  v.nIntentosReporte = 0;
-  return reportar(p, v, hoja, {0, letra, false, 0}, fecha->date());
+  return reportar(p, hoja, {.nOperTipo = 0, .letra = letra, .soloTurno = false}, fecha->date());
 }
 
 }  // namespace
 
-bool ReportesEspeciales(Puesto& p, Principal& v, const PedidoReporte& pedido) { return reportar(p, v, kHoja, pedido); }
+ResultadoReporte ReportesEspeciales(Puesto& p, const PedidoReporte& pedido) { return reportar(p, kHoja, pedido); }
 
-bool ReportesEspeciales1(Puesto& p, Principal& v, const PedidoReporte& pedido) {
-  return reportar(p, v, kHoja1, pedido);
-}
+ResultadoReporte ReportesEspeciales1(Puesto& p, const PedidoReporte& pedido) { return reportar(p, kHoja1, pedido); }
 
-bool ReportesEspecialesFecha(Puesto& p, Principal& v, const QString& letra) {
-  return reportarFecha(p, v, kHoja, letra);
-}
+ResultadoReporte ReportesEspecialesFecha(Puesto& p, const QString& letra) { return reportarFecha(p, kHoja, letra); }
 
-bool ReportesEspeciales1Fecha(Puesto& p, Principal& v, const QString& letra) {
-  return reportarFecha(p, v, kHoja1, letra);
-}
+ResultadoReporte ReportesEspeciales1Fecha(Puesto& p, const QString& letra) { return reportarFecha(p, kHoja1, letra); }

@@ -33,6 +33,7 @@ struct Sesion {
   QString psUsuario, psClaveUsuario, psPerfilUsuario;
   double pnIGV = 0;         // a fraction: 0.18
   double pnTipoCambio = 0;  // soles per dollar of the day; 0 while not known
+  QDate pdTipoCambio;       // the day that it was read on
   QDateTime pdUltimaSincronizacion;
   QString psIdZ1;
   bool pbSincronizaMaestros = false, pbSincronizaCierre = false;

@@ -152,6 +152,7 @@ PuestoPrueba::PuestoPrueba(const Envolver& envolver)
   ses.psDFlag = QStringLiteral("S");
   ses.pnIGV = 0.18;
   ses.pnTipoCambio = 3;
+  ses.pdTipoCambio = reloj.today();
   ses.kPAR_IMPRESORA = QStringLiteral("Ticketera");
   ses.kPAR_IMPRESORA_ALTERNA = QStringLiteral("Alterna");
   ses.pnCortaPapel = ses.pnCortaPapelAlterna = 1;

@@ -171,6 +171,84 @@ TEST(CierreSinCentral, EachFailureIsToldOnceAndTheChainGoesOn) {
   }
 }
 
+namespace {
+
+// The store refuses the statements that hold a text, a number of times.
+struct AlmacenQueNiega final : Motores {
+  struct UnMotor final : Motor {
+    UnMotor(std::unique_ptr<Motor> m, AlmacenQueNiega& a) : real(std::move(m)), almacen(a) {}
+    std::optional<ErrorBD> consultar(const QString& sql, Recordset& rs) override { return real->consultar(sql, rs); }
+    std::optional<ErrorBD> ejecutar(const QString& sql, qint64* afectadas) override {
+      if (almacen.veces == 0 || !sql.contains(almacen.texto)) return real->ejecutar(sql, afectadas);
+      --almacen.veces;
+      return ErrorBD{kErrorGeneral, 13, q("disco lleno")};
+    }
+    std::optional<ErrorBD> iniciar() override { return real->iniciar(); }
+    std::optional<ErrorBD> confirmar() override { return real->confirmar(); }
+    std::optional<ErrorBD> deshacer() override { return real->deshacer(); }
+    QString traducir(const QString& sql) override { return real->traducir(sql); }
+    std::unique_ptr<Motor> real;
+    AlmacenQueNiega& almacen;
+  };
+  explicit AlmacenQueNiega(Motores& m) : reales(m) {}
+  std::unique_ptr<Motor> abrir(const QString& cadena, int espera_ms, ErrorBD& error) override {
+    auto motor = reales.abrir(cadena, espera_ms, error);
+    return motor ? std::make_unique<UnMotor>(std::move(motor), *this) : std::move(motor);
+  }
+  Motores& reales;
+  QString texto;
+  int veces = 0;
+};
+
+}  // namespace
+
+// A report whose figures can't be written holds the closing where it is, and says why; "Reporte Z" goes on from there.
+// One that gets through at a later attempt counts as any other.
+TEST(CierreSinFiguras, StaysAtItsStep) {
+  const char *cifrasZ1 = "No se pudieron guardar las cifras del reporte Z1: disco lleno",
+             *cifrasZ = "No se pudieron guardar las cifras del reporte Z: disco lleno",
+             *reporteZ1 = "No se pudo hacer el reporte Z1.";
+  // clang-format off
+  const struct { const char* niega; int veces, paso; const char* dice; int cuadres; } casos[] = {
+      {"INSERT INTO CabeceraZ", 3, 2, cifrasZ1, 0},
+      {"INSERT INTO CabeceraZ", 2, 6, nullptr, 1},
+      {"INSERT INTO OPERACION ", 3, 2, reporteZ1, 0},  // the mark: a store that is locked
+      {"cCodiTurno = ''", 3, 3, cifrasZ, 0},
+      {"cCodiTurno = ''", 1, 6, nullptr, 1},
+      {"icierrecaja=1", 1, 0, "No se pudo empezar el cierre de caja: disco lleno", 0},
+      {"icierrecaja=2", 1, 6, nullptr, 1},  // the next step stores its own
+      {"icierrecaja=5", 1, 6, nullptr, 1},
+      {"icierrecaja=6", 1, 5, "disco lleno\nEl cierre de caja queda pendiente en su último paso.", 1},
+  };
+  // clang-format on
+  for (const auto& c : casos) {
+    SCOPED_TRACE(std::string(c.niega) + " " + std::to_string(c.veces));
+    AlmacenQueNiega* almacen = nullptr;
+    DiaVendido p([&almacen](Motores& m) {
+      auto a = std::make_unique<AlmacenQueNiega>(m);
+      almacen = a.get();
+      return a;
+    });
+    almacen->texto = q(c.niega);
+    almacen->veces = c.veces;
+    p.persona().dejaPasar(q("Sí"));
+    Principal v;
+    PantallasCierre pantallas(p);
+    CerrarCaja(p, v, pantallas, [](const QString&) {});
+    EXPECT_EQ(c.paso, p.paso());
+    EXPECT_EQ(c.cuadres, pantallas.abiertas.count(q("cuadre 1")));
+    if (c.dice) {
+      EXPECT_TRUE(p.persona().vistas.back().texto.startsWith(q(c.dice))) << qPrintable(p.persona().vistas.back().texto);
+      EXPECT_EQ(c.paso != 0, v.cierreInterrumpido);
+      CerrarCaja(p, v, pantallas, [](const QString&) {});
+    }
+    EXPECT_EQ(6, p.paso());
+    EXPECT_EQ(kTotalesDelDia, p.totales());
+    EXPECT_EQ(kDiaCerrado, p.cerradas());
+    EXPECT_EQ(1, pantallas.abiertas.count(q("cuadre 1")));
+  }
+}
+
 // A Z1 longer than the 21 blocks of a report: no line is lost; when the paper ends half way, or right at its start, that is
 // told once a paper and the day closes with the same totals.
 TEST(CierreLargo, LosesNoLineAndClosesWithoutPaper) {
@@ -241,20 +319,14 @@ TEST_P(CierreConFallas, EachStatementHasItsTurn) {
     const int quedo = p.paso();
     const QString marcas = p.filas("SELECT cOperId, cOperIdP FROM Configuracion");
     EXPECT_EQ(quedo == 6, marcas != q("0|0")) << "marks and the last step stand together";
-    EXPECT_TRUE(quedo == 6 || quedo == 5 || GetParam() == Falla::desdeAhi || plan.van < 6) << quedo;
+    EXPECT_TRUE(quedo == 6 || quedo == 5 || GetParam() == Falla::desdeAhi || plan.van < 9) << quedo;
     p.poCnnLocal.cerrar();
     PlanFallas sano;
     if (quedo != 6) cerrarEn(p, sano);
     abrirAlmacen(p);
     EXPECT_EQ(6, p.paso());
     EXPECT_EQ("3/0/0", p.cerradas().section(u'/', 0, 2));
-    const QString totales = p.totales();
-    // A report whose second attempt went through leaves its counters where they were; none counts twice.
-    if (GetParam() == Falla::desdeAhi) {
-      EXPECT_EQ(kTotalesDelDia, totales);
-    }
-    EXPECT_FALSE(totales.contains(u"|83\n") || totales.contains(u"|197/")) << qPrintable(totales);
-    EXPECT_EQ("1", p.filas("SELECT COUNT(*) FROM CabeceraZ"));
+    EXPECT_EQ(kTotalesDelDia, p.totales()) << "also when a second attempt went through";
   }
 }
 INSTANTIATE_TEST_SUITE_P(Cierre, CierreConFallas, testing::Values(Falla::unaVez, Falla::desdeAhi),

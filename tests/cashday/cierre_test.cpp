@@ -39,6 +39,20 @@ TEST(CerrarCaja, ClosesTheDay) {
   EXPECT_EQ("3", p.filas(p.poCnnCentral, "SELECT COUNT(*) FROM TDETALLEZ1")) << "101 and 102 sold, 101 ordered";
 }
 
+// The mark of another desk stays as it is: its closing was interrupted and is begun again.
+TEST(CerrarCaja, EndsTheMarkOfItsOwnDesk) {
+  DiaVendido p;
+  ASSERT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral));
+  p.ejecuta(p.poCnnCentral, QStringLiteral("INSERT INTO TCABECERAZ1 (cCajaCodi, nidEstado) VALUES ('00002', -1)"));
+  Principal v;
+  PantallasCierre pantallas(p);
+  p.persona().espera(kPregunta, "Sí");
+  p.persona().espera(kTerminado);
+  cerrar(p, v, pantallas);
+  EXPECT_EQ("00001|0\n00002|-1",
+            p.filas(p.poCnnCentral, "SELECT cCajaCodi, nidEstado FROM TCABECERAZ1 ORDER BY cCajaCodi"));
+}
+
 TEST(CerrarCaja, BeginsOnlyWhenItMay) {
   for (const auto& c : leerCasos("cashday/no_cierra")) {
     SCOPED_TRACE(c.donde());

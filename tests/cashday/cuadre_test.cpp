@@ -48,6 +48,27 @@ TEST(Cuadre, BothPapersAndTheStoredCount) {
   EXPECT_EQ("2", p.filas("SELECT COUNT(DISTINCT dCuadreID) FROM CUADRE_CAJA WHERE dCuadreFecha = #11/24/2026#"));
 }
 
+TEST(Cuadre, ALargeAmountIsPrintedWhole) {
+  DiaDeCuadre p;
+  Cuadre v = cargado(p);
+  v.lado[kLadoZ].txtCaja = v.lado[kLadoZ1].txtCaja = QStringLiteral("100000");
+  v.lado[kLadoZ].txtCajaDolares = v.lado[kLadoZ1].txtCajaDolares = QStringLiteral("1234567.89");
+  EXPECT_EQ("", DejarCaja(v));
+  Imprimir(p, v);
+  EXPECT_EQ("CAJA*100,000.00*1,234,567.89", p.filas("SELECT dCuadreDetalle FROM CUADRE_CAJA WHERE dCuadreLinea = 11"));
+  EXPECT_EQ(2, p.papeles().papel[QStringLiteral("LPT1")].count("    CAJA*100,000.00*1,234,567.89\r\n"));
+}
+
+TEST(Cuadre, ACountThatIsNoNumberShowsNoDifference) {
+  DiaDeCuadre p;
+  Cuadre v = cargado(p);
+  v.lado[kLadoZ].txtCaja = QStringLiteral("1.2.3");
+  const QString otroLado = v.lado[kLadoZ1].txtFALTSOB;
+  EXPECT_EQ("txtCaja(1)", DejarCaja(v));
+  EXPECT_EQ("1.2.3|", v.lado[kLadoZ].txtCaja + u'|' + v.lado[kLadoZ].txtFALTSOB);
+  EXPECT_EQ(otroLado, v.lado[kLadoZ1].txtFALTSOB);
+}
+
 TEST(Cuadre, ProductsOfTheOpenDay) {
   DiaDeCuadre p;
   Cuadre v = cargado(p);

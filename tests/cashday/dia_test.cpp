@@ -6,6 +6,7 @@
 #include "apoyo/otro_puesto.h"
 #include "cashday/pantallas_guion.h"
 #include "cashday/principal.h"
+#include "cashday/tipo_cambio.h"
 
 namespace {
 
@@ -55,6 +56,25 @@ TEST(CapturaTipoCambio, TakesTheRateOfToday) {
   }
 }
 
+// A till left on overnight.
+TEST(TipoCambio, OfAnotherDayIsForgottenBeforeARegisterOpens) {
+  PuestoPrueba p;
+  PantallasGuion pantallas;
+  OlvidarTipoCambioPasado(p);
+  EXPECT_DOUBLE_EQ(3, p.ses.pnTipoCambio) << "today's stays";
+  AsegurarTipoCambio(p, pantallas);
+  EXPECT_TRUE(pantallas.abiertas.isEmpty());
+  p.elReloj().ahora = p.elReloj().ahora.addDays(1);
+  EXPECT_EQ("", EstadoPrincipal(p).tipoCambio) << "nor is it shown";
+  p.persona().espera("Para registrar ventas en dólares debe registrar el tipo de cambio");
+  AsegurarTipoCambio(p, pantallas);
+  EXPECT_EQ(QStringList{"T.C. 0"}, pantallas.abiertas);
+  EXPECT_DOUBLE_EQ(0, p.ses.pnTipoCambio);
+  p.ejecuta(QStringLiteral("INSERT INTO Tipo_Cambio (dTipoCambFech, nTipoCambMont) VALUES ('25/11/2026', '3.80')"));
+  AsegurarTipoCambio(p, pantallas);
+  EXPECT_DOUBLE_EQ(3.8, p.ses.pnTipoCambio);
+}
+
 TEST(AbrirCaja, OpensTheDay) {
   PuestoPrueba p;
   cerrado(p);
@@ -83,12 +103,22 @@ TEST(AbrirCaja, RefusesWhatIsNoNumber) {
     const QString antes = p.filas(kDia);
     FrmApertura v{c["soles"], c["dolares"], {}};
     Principal principal;
-    p.persona().espera("no es un número");
+    p.persona().espera(c["dice"]);
     EXPECT_FALSE(AbrirCaja(p, v, principal));
     EXPECT_EQ(c["campo"], v.campoMal);
     EXPECT_EQ(antes, p.filas(kDia));
     EXPECT_EQ("", p.ses.psTurno);
   }
+}
+
+TEST(AbrirCaja, TenDigitsAreTheMost) {
+  PuestoPrueba p;
+  cerrado(p);
+  FrmApertura v{"9,999,999,999.99", "0.00", {}};
+  Principal principal;
+  p.persona().espera("Se ha aperturado la caja.");
+  EXPECT_TRUE(AbrirCaja(p, v, principal));
+  EXPECT_EQ("01|9999999999.99|0|0|0", p.filas(kDia));
 }
 
 TEST(AbrirCaja, ClosesWhatAnEarlierDayLeftOpen) {
@@ -154,7 +184,7 @@ TEST(AbrirCaja, AnOpeningThatDiedIsCompletedByTheNextStart) {
                 plan.armar(0);
                 abrirAlmacen(p);
                 plan.armar(n, Falla::desdeAhi, muerte);
-                AbrirCaja(p, v, principal);
+                (void)AbrirCaja(p, v, principal);
                 ::_exit(plan.van >= n ? 1 : 0);
               });
       p.ses.psTurno = p.filas("SELECT cCodiTurno FROM Configuracion");

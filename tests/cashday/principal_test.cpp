@@ -77,10 +77,8 @@ TEST(PrepararOperacion, CapturesTheRateOnlyWhenItIsUnknown) {
   PantallasGuion pantallas;
   Principal v;
   v.bAcceso = true;
-  v.nIntentosReporte = 3;
   PrepararOperacion(p, v, pantallas);
   EXPECT_FALSE(v.bAcceso);
-  EXPECT_EQ(0, v.nIntentosReporte);
   EXPECT_TRUE(pantallas.abiertas.isEmpty());
   p.ses.pnTipoCambio = 0;
   p.persona().espera("Para registrar ventas en dólares");

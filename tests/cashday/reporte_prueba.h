@@ -1,12 +1,9 @@
 #pragma once
 // A desk whose day is inserted by statements: tests/golden/reportes/dia.sql.
 #include "apoyo/golden.h"
-#include "cashday/principal.h"
 #include "cashday/reportes.h"
 
 struct PuestoDeReporte : PuestoPrueba {
-  Principal v;
-
   explicit PuestoDeReporte(const Envolver& e = {}) : PuestoPrueba(e) {}
 
   void abrirCentral() { EXPECT_TRUE(poDBAdmin.AbrirBD(poCnnCentral, ses.psConexionCentral)); }
@@ -16,12 +13,6 @@ struct PuestoDeReporte : PuestoPrueba {
     ejecutarArchivo(*this, poCnnCentral, "golden/reportes/dia_central.sql");
   }
   // What the closing does around its two reports.
-  bool cerrarZ1() {
-    v.nIntentosReporte = 1;
-    return ReportesEspeciales1(*this, v, PedidoZ(3));
-  }
-  bool cerrarZ() {
-    v.nIntentosReporte = 1;
-    return ReportesEspeciales(*this, v, PedidoZ(4));
-  }
+  bool cerrarZ1() { return ReportesEspeciales1(*this, PedidoZ(3)).hecho(); }
+  bool cerrarZ() { return ReportesEspeciales(*this, PedidoZ(4)).hecho(); }
 };

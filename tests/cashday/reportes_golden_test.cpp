@@ -14,14 +14,14 @@ QByteArray papel(const char* caso) {
 
 struct Caso {
   const char *caso, *puerto;
-  bool (*imprimir)(PuestoDeReporte&);
+  ResultadoReporte (*imprimir)(PuestoDeReporte&);
   bool conDia = true;
 };
 
-bool x(PuestoDeReporte& p) { return ReportesEspeciales(p, p.v, PedidoX()); }
-bool x1(PuestoDeReporte& p) { return ReportesEspeciales1(p, p.v, PedidoX()); }
-bool z(PuestoDeReporte& p) { return p.cerrarZ(); }
-bool z1(PuestoDeReporte& p) { return p.cerrarZ1(); }
+ResultadoReporte x(PuestoDeReporte& p) { return ReportesEspeciales(p, PedidoX()); }
+ResultadoReporte x1(PuestoDeReporte& p) { return ReportesEspeciales1(p, PedidoX()); }
+ResultadoReporte z(PuestoDeReporte& p) { return ReportesEspeciales(p, PedidoZ(4)); }
+ResultadoReporte z1(PuestoDeReporte& p) { return ReportesEspeciales1(p, PedidoZ(3)); }
 
 // A day later.
 void fecha(PuestoDeReporte& p) {
@@ -30,13 +30,13 @@ void fecha(PuestoDeReporte& p) {
       "INSERT INTO CabeceraZ (IdZ, Caja, Fecha, CodigoRep) VALUES (7, '00001', '2026-11-24', 'Código Rep. Z1: 000007')"));
   p.persona().espera(u8("Ingrese una fecha"), u8("24/11/2026"));
 }
-bool zFecha(PuestoDeReporte& p) {
+ResultadoReporte zFecha(PuestoDeReporte& p) {
   fecha(p);
-  return ReportesEspecialesFecha(p, p.v, u8("Z"));
+  return ReportesEspecialesFecha(p, u8("Z"));
 }
-bool z1Fecha(PuestoDeReporte& p) {
+ResultadoReporte z1Fecha(PuestoDeReporte& p) {
   fecha(p);
-  return ReportesEspeciales1Fecha(p, p.v, u8("Z"));
+  return ReportesEspeciales1Fecha(p, u8("Z"));
 }
 
 // clang-format off
@@ -54,10 +54,10 @@ TEST_P(Reporte, IsThePaperWeExpect) {
   PuestoDeReporte p;
   if (c.conDia) p.cargarDia();
   else p.persona().espera(u8("Para registrar ventas en dólares debe registrar el tipo de cambio"));
-  EXPECT_TRUE(c.imprimir(p));
+  const ResultadoReporte r = c.imprimir(p);
+  EXPECT_TRUE(r.hecho() && r.impreso);
   EXPECT_EQ("", primeraDiferencia(papel(c.caso), p.papeles().papel[u8(c.puerto)]));
   EXPECT_EQ(1, p.papeles().papel.size());
-  EXPECT_TRUE(p.v.bReporteImpreso);
 }
 
 INSTANTIATE_TEST_SUITE_P(Golden, Reporte, testing::ValuesIn(kCasos),

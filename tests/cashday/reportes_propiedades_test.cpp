@@ -137,9 +137,9 @@ TEST(ReportesPropiedades, TheTurnsAddUpToTheDay) {
 // Every paper of the day and the count, without what a void may change: NULOS and the numbers in use.
 QString figuras(PuestoDeReporte& p) {
   p.papeles().papel.clear();
-  EXPECT_TRUE(ReportesEspeciales(p, p.v, PedidoX()) && ReportesEspeciales1(p, p.v, PedidoX()));
+  EXPECT_TRUE(ReportesEspeciales(p, PedidoX()).hecho() && ReportesEspeciales1(p, PedidoX()).hecho());
   for (int n = 0; n < 2; ++n) p.persona().espera(u8("Ingrese una fecha"), u8("24/11/2026"));
-  EXPECT_TRUE(ReportesEspeciales1Fecha(p, p.v, u8("Z")) && ReportesEspecialesFecha(p, p.v, u8("Z")));
+  EXPECT_TRUE(ReportesEspeciales1Fecha(p, u8("Z")).hecho() && ReportesEspecialesFecha(p, u8("Z")).hecho());
   QString r;
   for (const char* puerto : {"LPT1", "LPT2"}) {
     const QStringList lineas = DeUnByte(p.papeles().papel[u8(puerto)]).split(u'\n');
@@ -255,7 +255,7 @@ TEST(ReportesPropiedades, NoReportReadsTheHistory) {
     plan.armar(0);
     if (*periodo == 'f') {
       for (int n = 0; n < 2; ++n) p.persona().espera(u8("Ingrese una fecha"), u8("24/11/2026"));
-      EXPECT_TRUE(ReportesEspeciales1Fecha(p, p.v, u8("Z")) && ReportesEspecialesFecha(p, p.v, u8("Z")));
+      EXPECT_TRUE(ReportesEspeciales1Fecha(p, u8("Z")).hecho() && ReportesEspecialesFecha(p, u8("Z")).hecho());
     } else {
       EXPECT_TRUE(EnviarDetalleZ1(p, -1) && p.cerrarZ1() && p.cerrarZ());
     }

@@ -20,7 +20,7 @@ select cSerieDoc,NroDoc,'Forma Pago'=(select vDscTipoPago from tipoformapago whe
 SELECT COUNT(1) TOTAL FROM venta01 WHERE FechaAnulacion IS NOT NULL AND cSerieDoc='012' AND CONVERT(INT,NroDoc)=33 AND TipoDoc='01' 
 UPDATE venta01 SET FechaAnulacion = getdate() WHERE cSerieDoc='012' AND CONVERT(INT,NroDoc)=33 AND TipoDoc='01' 
 UPDATE pagos SET FechaAnulacion = getdate() WHERE cSerieDocPago='PA1' AND CONVERT(INT,NroDocPago)=33
- UPDATE TCABECERAZ1 SET nidEstado = 0 WHERE nidEstado = -1
+ UPDATE TCABECERAZ1 SET nidEstado = 0 WHERE nidEstado = -1 AND cCajaCodi = '00012'
 SELECT TipoDoc, sum(igv)  AS SumaIgv FROM VENTA01 WHERE cSerieDoc ='B12' or  cSerieDoc ='F12'  GROUP BY TipoDoc
 exec dbo.spr_insertar_cabecera_z1 '00012', -1
 INSERT INTO TDETALLEZ1(nidZ1,cCajaCodi,dOperFech,cAlmaCode,cdocTipo,cProdCode,nProdCant,nMonto) VALUES(7,'00012',CONVERT(DATETIME,'24/11/2026',103),'01','02','12',2,11)
