@@ -9,7 +9,7 @@
 
 #include "apoyo/puesto_prueba.h"
 #include "foundation/puesto.h"
-#include "sale/busqueda.h"
+#include "sale/buscador.h"
 
 namespace {
 

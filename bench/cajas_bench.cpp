@@ -58,7 +58,7 @@ void TeclaEnRejilla200(benchmark::State& estado) {
   PuestoDeVenta p;
   PantallasGuion pantallas;
   frmCajaRegistradoraFull caja(p, pantallas);
-  auto& lineas = caja.venta().lineas;
+  auto& lineas = caja.venta().rejilla.filas;
   lineas.clear();
   for (int i = 0; i < 200; ++i) lineas.push_back(filaVenta(101 + i % 40, q("ARTICULO"), 4.5 + i, 1 + i % 2));
   CalculaTotales(p, caja.venta());
@@ -146,8 +146,8 @@ void RutinasRapida5(benchmark::State& estado) {
   CajaRegistradora v;
   AbrirRapida(duelo.puesto(), v);
   duelo.aprender([&](Puesto& p) {
-    for (int tecla = 1; tecla <= 5; ++tecla) PulsarTeclaRapida(p, v, base.pantallas, tecla);
-    PulsarTeclaRapida(p, v, base.pantallas, kBotonImprime);
+    for (int tecla = 1; tecla <= 5; ++tecla) PulsarBotonRapida(p, v, base.pantallas, tecla);
+    PulsarBotonRapida(p, v, base.pantallas, kBotonImprime);
     if (v.bVentaIniciada) romper("the screen was not cleared");
     base.pantallas.abiertas.clear();
   });

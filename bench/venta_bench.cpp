@@ -17,8 +17,8 @@ void Venta(benchmark::State& estado) {
   Duelo duelo(base, estado.range(1) != 0);
   duelo.aprender([&pantallas](Puesto& p) {
     CajaRegistradoraFull v;
-    v.lineas.clear();
-    for (int i = 0; i < 5; ++i) v.lineas.push_back(filaVenta(101 + i, q("ARTICULO"), 4.5 + i, 1 + i % 2));
+    v.rejilla.filas.clear();
+    for (int i = 0; i < 5; ++i) v.rejilla.filas.push_back(filaVenta(101 + i, q("ARTICULO"), 4.5 + i, 1 + i % 2));
     GrabarVenta(p, v, pantallas);
   });
   duelo.medir(estado, {q("SELECT * FROM Operacion WHERE cOperFlagAbierto = 1 ORDER BY cOperId"),
@@ -38,8 +38,9 @@ BENCHMARK(Venta)
 void CalculaTotales200(benchmark::State& estado) {
   PuestoPrueba p;
   CajaRegistradoraFull v;
-  v.lineas.clear();
-  for (int i = 0; i < 200; ++i) v.lineas.push_back(filaVenta(100 + i, q("ARTICULO"), 3.35 + i, 1 + i % 4, i % 7));
+  v.rejilla.filas.clear();
+  for (int i = 0; i < 200; ++i)
+    v.rejilla.filas.push_back(filaVenta(100 + i, q("ARTICULO"), 3.35 + i, 1 + i % 4, i % 7));
   for (auto _ : estado) {
     CalculaTotales(p, v);
     CuadraPago(p, v);

@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "backoffice/frm_cabecera_impresion_lista.h"
+#include "printing/frm_cabecera_impresion_lista.h"
 #include "backoffice/frm_configura_boton_producto.h"
 #include "backoffice/frm_parametros.h"
 #include "backoffice/frm_producto_lista.h"
@@ -15,13 +15,13 @@
 #include "cashday/tipo_cambio.h"
 #include "foundation/puesto.h"
 #include "printing/frm_configura_impresora.h"
-#include "sale/frm_autorizar.h"
+#include "sale/frm_supervisor.h"
 #include "sale/frm_busqueda_articulos.h"
 #include "sale/frm_caja_full.h"
 #include "sale/frm_caja_rapida.h"
 #include "sale/frm_caja_voucher.h"
-#include "sale/frm_pago.h"
-#include "sale/frm_vuelto.h"
+#include "sale/frm_retiro.h"
+#include "sale/frm_pago_efectivo.h"
 #include "voiding/frm_anula_transaccion.h"
 #include "voiding/frm_reimpresion.h"
 
@@ -106,9 +106,9 @@ void Pantallas::cuadreDeCaja(Principal& v, ModoCuadre modo) {
 // The room of the synchronisation is still to come.
 bool Pantallas::sincronizar(bool) { return false; }
 
-std::optional<QString> Pantallas::autorizar(const QString& acto) { return autorizarOperacion(p_, padre(), acto); }
+std::optional<QString> Pantallas::autorizar(const QString& acto) { return mostrarAutorizacion(p_, padre(), acto); }
 
-std::optional<EfectivoVoucher> Pantallas::voucher(const PedidoVoucher& pedido) {
+std::optional<CobroTarjetas> Pantallas::voucher(const PedidoVoucher& pedido) {
   return pedirVoucher(p_, padre(), pedido);
 }
 

@@ -29,7 +29,7 @@ class Pantallas final : public PantallasPrincipal,
   bool sincronizar(bool diaAnterior) override;
   void rearrancar() override { alRearrancar_(); }
   std::optional<QString> autorizar(const QString& acto) override;
-  std::optional<EfectivoVoucher> voucher(const PedidoVoucher& pedido) override;
+  std::optional<CobroTarjetas> voucher(const PedidoVoucher& pedido) override;
   std::optional<EfectivoDocumento> pagoEfectivo(double total) override;
   std::optional<QString> buscarArticulo() override;
   std::optional<TarjetaElegida> buscarCliente(const QString& texto) override;

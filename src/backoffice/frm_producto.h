@@ -1,6 +1,6 @@
 #pragma once
-#include "backoffice/frm_mantenimiento.h"
 #include "backoffice/producto.h"
+#include "foundation/frm_mantenimiento.h"
 
 // One article. `v` has been loaded; it is the caller's and holds what was stored after Accepted.
 class frmProducto final : public frmMantenimientoDetalle {

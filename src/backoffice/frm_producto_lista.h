@@ -1,5 +1,5 @@
 #pragma once
-#include "backoffice/frm_mantenimiento.h"
+#include "foundation/frm_mantenimiento.h"
 
 // The articles of the desk's warehouse.
 class frmProductoLista final : public frmMantenimientoLista {

@@ -1,5 +1,5 @@
 #pragma once
-#include "backoffice/frm_mantenimiento.h"
+#include "foundation/frm_mantenimiento.h"
 
 // The kinds of payment card.
 class FrmTablas final : public frmMantenimientoLista {

@@ -1,6 +1,6 @@
 #pragma once
-#include "backoffice/frm_mantenimiento.h"
 #include "backoffice/tipo_tarjeta.h"
+#include "foundation/frm_mantenimiento.h"
 
 // One kind of card. `v` has been loaded; it is the caller's and holds what was stored after Accepted.
 class FrmTablas_sub final : public frmMantenimientoDetalle {

@@ -1,6 +1,6 @@
 #pragma once
-#include "backoffice/frm_mantenimiento.h"
 #include "backoffice/tipo_cambio.h"
+#include "foundation/frm_mantenimiento.h"
 
 // The rate of one day. `v` has been loaded; it is the caller's and holds what was stored after Accepted.
 class frmTipoCambio final : public frmMantenimientoDetalle {

@@ -1,5 +1,5 @@
 #pragma once
-#include "backoffice/frm_mantenimiento.h"
+#include "foundation/frm_mantenimiento.h"
 
 // All rates by date.
 class frmTipoCambioLista final : public frmMantenimientoLista {

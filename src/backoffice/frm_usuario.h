@@ -1,6 +1,6 @@
 #pragma once
-#include "backoffice/frm_mantenimiento.h"
 #include "backoffice/usuario.h"
+#include "foundation/frm_mantenimiento.h"
 
 // One user. `v` has been loaded; it is the caller's and holds what was stored after Accepted.
 class frmUsuario final : public frmMantenimientoDetalle {

@@ -1,5 +1,5 @@
 #pragma once
-#include "backoffice/frm_mantenimiento.h"
+#include "foundation/frm_mantenimiento.h"
 
 // The users of the desk.
 class frmUsuarioLista final : public frmMantenimientoLista {

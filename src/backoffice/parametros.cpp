@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "backoffice/mantenimiento.h"
 #include "foundation/cfg_admin.h"
+#include "foundation/mantenimiento.h"
 #include "foundation/puesto.h"
 #include "platform/io/perfil.h"
 #include "platform/text/numero.h"

@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "backoffice/mantenimiento.h"
+#include "foundation/mantenimiento.h"
 #include "foundation/puesto.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"

@@ -3,7 +3,7 @@
 #include <QString>
 #include <vector>
 
-#include "backoffice/mantenimiento.h"
+#include "foundation/mantenimiento.h"
 
 struct Puesto;
 

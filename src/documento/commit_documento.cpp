@@ -10,9 +10,8 @@
 
 void FijarCliente(CommitDocumento& c, const QString& tarjeta, const QString& local) {
   const QString sitio = Recortar(local);
-  c.tarjeta = NumeroTarjeta(tarjeta);
-  c.o.tarjeta = ReemplazarComilla(c.tarjeta);
-  c.o.idLocal = EsNumerico(sitio) ? TextoDe(Val(sitio)) : QStringLiteral("NULL");
+  c.tarjeta = c.o.tarjeta = NumeroTarjeta(tarjeta);
+  c.o.idLocal = EsNumerico(sitio) ? TextoDe(Val(sitio)) : QString();
 }
 
 void FijarTipoDocumento(CommitDocumento& c, const QString& ruc) {
@@ -21,7 +20,7 @@ void FijarTipoDocumento(CommitDocumento& c, const QString& ruc) {
     c.o.documento = *propio;
     return;
   }
-  c.o.ruc = ReemplazarComilla(Recortar(ruc));
+  c.o.ruc = Recortar(ruc);
   c.o.documento = c.o.ruc.isEmpty() ? TipoDocumento::Boleta : TipoDocumento::Factura;
 }
 
@@ -52,7 +51,7 @@ bool CargarCabecera(Puesto& p, CommitDocumento&) { return CargarCabeceraImpresio
 bool ReservarNumero(Puesto& p, CommitDocumento& c) {
   if (!ReservarDocumento(p, c.o.documento, c.logReserva, c.documento)) return false;
   c.o.numero = c.documento.numero;
-  c.o.serie = ReemplazarComilla(c.documento.serie);
+  c.o.serie = c.documento.serie;
   return true;
 }
 

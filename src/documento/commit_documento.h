@@ -2,13 +2,13 @@
 // What the commits of all screens share: the data that live for the length of one commit, and the steps over them that
 // don't differ from screen to screen. A screen derives its own data from CommitDocumento and puts these steps into its
 // list by Comun<Step, ItsData> (documento/pasos.h), among its own.
-#include "documento/filas.h"
+#include "documento/filas_operacion.h"
 #include "documento/ticket.h"
 #include "store/numeracion.h"
 
 struct CommitDocumento {
   ClaseDocumento clase = ClaseDocumento::VentaExacta;
-  DatosOperacion o;   // what the rows take; texts in it are safe to stand in a statement
+  DatosOperacion o;   // what the rows take
   QDateTime momento;  // of all its rows, to the minute; o.fecha is its text
   NumeroDocumento documento;
   NombreLog logReserva = kLogCajaFull, logFinal = kLogCajaFull;
@@ -30,7 +30,7 @@ struct CommitDocumento {
 };
 
 // Card and site as they stand on the screen. A number that is nobody's leaves the document without a card; a site that
-// is no number is stored as NULL, since it stands bare.
+// is no number is stored as none.
 void FijarCliente(CommitDocumento& c, const QString& tarjeta, const QString& local);
 // Factura with a RUC, boleta without; a parallel document takes its own type.
 void FijarTipoDocumento(CommitDocumento& c, const QString& ruc);

@@ -6,66 +6,68 @@
 #include "platform/text/texto.h"
 
 bool GrabarParalela(Puesto& p, const DatosOperacion& o, const DatosParalela& d) {
-  const QString plantilla =
-      QStringLiteral(" INSERT INTO OPERACIONPARALELA (cOperCode, cOperTipo, dOperFech, nTarjNumb,"
-                     " nMoneda, nMontoSoles, nMontoDolares, nEfectivoSoles, nVueltoSoles, sGlosa,"
-                     " cEstado, cCajaCodi, cFlagSincronizacion, cTurnoCodi, cUserDesc, cOpercodeRela, "
-                     " nEfectivoDolares, nVueltoDolares, cDocSerie, cDocCodigo, cDocTipo ) "
-                     " VALUES"
-                     " ($, $, '$', '$', $, $, $, $, $, '$', '$', '$', '$', '$', '$', $ ,$ ,$,'$',$,'$')");
   const EfectivoDocumento& e = d.efectivo;
-  const QString sql = FormatearSQL(plantilla, {o.codigo,
-                                               Codigo(o.tipo),
-                                               o.fecha,
-                                               o.tarjeta,
-                                               d.moneda,
-                                               d.montoSoles,
-                                               d.montoDolares,
-                                               e.soles,
-                                               e.vueltoSoles,
-                                               ReemplazarComilla(d.glosa),
-                                               1,
-                                               p.ses.psCaja,
-                                               d.sincronizada ? 1 : 0,
-                                               p.ses.psTurno,
-                                               ReemplazarComilla(p.ses.psUsuario),
-                                               d.relacion,
-                                               e.dolares,
-                                               e.vueltoDolares,
-                                               o.serie,
-                                               o.numero,
-                                               Codigo(o.documento)});
-  return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sql, true);
+  return p.poDBAdmin.EjecutarSentencia(
+      p.poCnnLocal,
+      FormatearSQL(u" INSERT INTO OPERACIONPARALELA (cOperCode, cOperTipo, dOperFech, nTarjNumb,"
+                   " nMoneda, nMontoSoles, nMontoDolares, nEfectivoSoles, nVueltoSoles, sGlosa,"
+                   " cEstado, cCajaCodi, cFlagSincronizacion, cTurnoCodi, cUserDesc, cOpercodeRela, "
+                   " nEfectivoDolares, nVueltoDolares, cDocSerie, cDocCodigo, cDocTipo ) "
+                   " VALUES"
+                   " ($, $, '$', '$', $, $, $, $, $, '$', '$', '$', '$', '$', '$', $ ,$ ,$,'$',$,'$')"_sql,
+                   {o.codigo,
+                    Codigo(o.tipo),
+                    Texto(o.fecha),
+                    Texto(o.tarjeta),
+                    d.moneda,
+                    d.montoSoles,
+                    d.montoDolares,
+                    e.soles,
+                    e.vueltoSoles,
+                    Texto(d.glosa),
+                    1,
+                    Texto(p.ses.psCaja),
+                    d.sincronizada,
+                    Texto(p.ses.psTurno),
+                    Texto(p.ses.psUsuario),
+                    d.relacion,
+                    e.dolares,
+                    e.vueltoDolares,
+                    Texto(o.serie),
+                    o.numero,
+                    Texto(Codigo(o.documento))}),
+      true);
 }
 
 bool GrabarLineaParalela(Puesto& p, const DatosOperacion& o, const LineaDocumento& l, const QString& supervisor) {
-  const QString plantilla =
-      QStringLiteral(" INSERT INTO OPERACIONPARALELAPRODUCTO (cAlmaCode, cOperCode, cProdCode, nProdCant,"
-                     " nProdPrecUnit, nDscto, nServicio,cSupervisor)"
-                     " VALUES"
-                     " ('$', $, $, $, $, $,$,'$')");
-  const QString sql = FormatearSQL(plantilla, {l.cAlmaCode, o.codigo, l.cProdCode, qAbs(l.cantidad), l.precio,
-                                               l.porcentaje, l.conServicio ? p.ses.psPorcServ : QStringLiteral("0"),
-                                               l.porcentaje != 0 ? ReemplazarComilla(supervisor) : QString()});
-  return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sql, true);
+  return p.poDBAdmin.EjecutarSentencia(
+      p.poCnnLocal,
+      FormatearSQL(u" INSERT INTO OPERACIONPARALELAPRODUCTO (cAlmaCode, cOperCode, cProdCode, nProdCant,"
+                   " nProdPrecUnit, nDscto, nServicio,cSupervisor)"
+                   " VALUES"
+                   " ('$', $, $, $, $, $,$,'$')"_sql,
+                   {Texto(l.cAlmaCode), o.codigo, l.cProdCode, qAbs(l.cantidad), l.precio, l.porcentaje,
+                    ServicioDe(p, l), Texto(l.porcentaje != 0 ? supervisor : QString())}),
+      true);
 }
 
 namespace {
 
 // The row that money leaves in Operacion. `emisor`: with the card's column, which stands empty.
 bool grabarDinero(Puesto& p, const DatosOperacion& o, const QString& serie, const EfectivoDocumento& e, bool emisor) {
-  const QString plantilla =
-      QStringLiteral(" INSERT INTO OPERACION (cOperCode, cUserDesc, nTarjNumb, cProdCode, nProdCant, nProdPrecUnit,"
-                     " nMontoDolares, dOperFech, cOperTipo, cCajaCodi, cTurnoCodi, nmontosoles, nVueltoDolares, "
-                     " cDocSerie, cDoccodigo, cdocTipo, cOpercodeAnula,") +
-      (emisor ? QStringLiteral(" cemisor,") : QString()) +
-      QStringLiteral(" IdLocal)  VALUES ($, '$', '$', $, $, $, $, '$', $, '$', '$',$ ,$, '$', $, '$', $,") +
-      (emisor ? QStringLiteral(" '',") : QString()) + QStringLiteral(" $)");
-  const QString sql = FormatearSQL(
-      plantilla, {o.codigo, ReemplazarComilla(p.ses.psUsuario), o.tarjeta, 0, 1, 0 - e.vueltoSoles, e.dolares, o.fecha,
-                  Codigo(o.tipo), p.ses.psCaja, p.ses.psTurno, e.soles, e.vueltoDolares, ReemplazarComilla(serie),
-                  o.numero, Codigo(o.documento), o.liquidacion, o.idLocal});
-  return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sql, true);
+  const Sql plantilla = u" INSERT INTO OPERACION (cOperCode, cUserDesc, nTarjNumb, cProdCode, nProdCant, nProdPrecUnit,"
+                        " nMontoDolares, dOperFech, cOperTipo, cCajaCodi, cTurnoCodi, nmontosoles, nVueltoDolares, "
+                        " cDocSerie, cDoccodigo, cdocTipo, cOpercodeAnula,"_sql +
+                        (emisor ? Sql(u" cemisor,"_sql) : Sql()) +
+                        u" IdLocal)  VALUES ($, '$', '$', $, $, $, $, '$', $, '$', '$',$ ,$, '$', $, '$', $,"_sql +
+                        (emisor ? Sql(u" '',"_sql) : Sql()) + u" $)"_sql;
+  return p.poDBAdmin.EjecutarSentencia(
+      p.poCnnLocal,
+      FormatearSQL(plantilla,
+                   {o.codigo, Texto(p.ses.psUsuario), Texto(o.tarjeta), 0, 1, 0 - e.vueltoSoles, e.dolares,
+                    Texto(o.fecha), Codigo(o.tipo), Texto(p.ses.psCaja), Texto(p.ses.psTurno), e.soles, e.vueltoDolares,
+                    Texto(serie), o.numero, Texto(Codigo(o.documento)), o.liquidacion, ValorLocal(o)}),
+      true);
 }
 
 }  // namespace
@@ -82,9 +84,9 @@ bool EsRepetida(Puesto& p, const DatosOperacion& o, const DatosParalela& d, bool
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
           p.poCnnLocal,
-          QStringLiteral("SELECT dOperFech,nTarjNumb,nMoneda,nMontoSoles,nMontoDolares,nEfectivoSoles,sGlosa"
-                         " FROM OPERACIONPARALELA WHERE cOperCode=") +
-              QString::number(o.codigo - 1),
+          FormatearSQL(u"SELECT dOperFech,nTarjNumb,nMoneda,nMontoSoles,nMontoDolares,nEfectivoSoles,sGlosa"
+                       " FROM OPERACIONPARALELA WHERE cOperCode=$"_sql,
+                       {o.codigo - 1}),
           rs)) {
     return false;
   }
@@ -97,11 +99,10 @@ bool EsRepetida(Puesto& p, const DatosOperacion& o, const DatosParalela& d, bool
 }
 
 bool CerrarParalela(Puesto& p, qint64 codigo, qint64 liquidacion) {
-  const QString plantilla =
+  const Sql sentencia =
       liquidacion == 0
-          ? QStringLiteral(" UPDATE OPERACIONPARALELA SET cEstado = 2 WHERE cOperCode = %1").arg(codigo)
-          : QStringLiteral(" UPDATE OPERACIONPARALELA SET cOpercodeRela = %2, cEstado = 2 WHERE cOperCode = %1")
-                .arg(codigo)
-                .arg(liquidacion);
-  return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, plantilla, true);
+          ? FormatearSQL(u" UPDATE OPERACIONPARALELA SET cEstado = 2 WHERE cOperCode = $"_sql, {codigo})
+          : FormatearSQL(u" UPDATE OPERACIONPARALELA SET cOpercodeRela = $, cEstado = 2 WHERE cOperCode = $"_sql,
+                         {liquidacion, codigo});
+  return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sentencia, true);
 }

@@ -1,7 +1,7 @@
 #pragma once
 // The rows of the documents that are kept beside the sales: one in OperacionParalela, one a line in
 // OperacionParalelaProducto, and the cash or card row that some of them leave in Operacion.
-#include "documento/filas.h"
+#include "documento/filas_operacion.h"
 
 // What the row of a parallel document holds beside DatosOperacion, of which `tipo` is its kind. Amounts in
 // the currency that their names say.

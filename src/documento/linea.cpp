@@ -1,5 +1,8 @@
 #include "documento/linea.h"
 
+#include "foundation/puesto.h"
+#include "platform/text/numero.h"
+
 ImportesLinea ImportesDe(const LineaDocumento& linea) {
   ImportesLinea i;
   i.precio = linea.precio;
@@ -12,4 +15,10 @@ ImportesLinea ImportesDe(const LineaDocumento& linea) {
 double ValorDe(const LineaDocumento& linea) {
   const double lista = linea.cantidad * linea.precio;
   return lista + lista * linea.porcentaje / 100;
+}
+
+ImpuestosImporte ImpuestosDe(const Puesto& p, double importe, bool conServicio) {
+  const double servicio = conServicio ? Val(p.ses.psPorcServ) / 100 : 0;
+  const double neto = importe / (p.ses.pnIGV + servicio + 1);
+  return {neto * p.ses.pnIGV, neto * servicio};
 }

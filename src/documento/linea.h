@@ -2,6 +2,8 @@
 // An article line of any document and its amounts, in soles.
 #include <QString>
 
+struct Puesto;
+
 struct LineaDocumento {
   QString cAlmaCode;
   int cProdCode = 0;
@@ -25,3 +27,10 @@ ImportesLinea ImportesDe(const LineaDocumento& linea);
 
 // What the line is worth with its percentage, not rounded: quantity x price + quantity x price x percentage / 100.
 double ValorDe(const LineaDocumento& linea);
+
+// Tax and service that an amount of an article holds: prices include both. Not rounded.
+struct ImpuestosImporte {
+  double igv = 0, servicio = 0;
+};
+
+ImpuestosImporte ImpuestosDe(const Puesto& p, double importe, bool conServicio);

@@ -12,8 +12,8 @@ namespace {
 const QString kFin = QStringLiteral("\r\n");
 constexpr int kAncho = 40;
 
-QString aLaIzquierda(const QString& texto, int ancho) { return Izquierda(texto + Espacios(ancho), ancho); }
-QString aLaDerecha(const QString& texto, int ancho) { return Derecha(Espacios(ancho) + texto, ancho); }
+QString alInicioDe(const QString& texto, int ancho) { return Izquierda(texto + Espacios(ancho), ancho); }
+QString alFinalDe(const QString& texto, int ancho) { return Derecha(Espacios(ancho) + texto, ancho); }
 
 QString cabecera(const DatosTicket& t) { return EsParalela(t.clase) ? QString() : LineasCabecera(t.cabecera); }
 
@@ -30,7 +30,7 @@ QString cliente(const DatosTicket& t) {
   return nombre.isEmpty() ? s : s + kFin + QStringLiteral(" NOMBRE: ") + nombre + kFin;
 }
 
-QString numero(const DatosTicket& t) {
+QString numeroTicket(const DatosTicket& t) {
   return QStringLiteral(" TK NRO: ") + NumeroConMarca(t.serie, QString::number(t.numero), t.serieImpresora);
 }
 
@@ -62,7 +62,7 @@ QString lineas(const DatosTicket& t) {
   return t.forma.titulo + kFin + Separador() + kFin + notas(t) + articulos(t.lineas, t.forma);
 }
 
-QString separador(const DatosTicket&) { return Separador(); }
+QString separadorTicket(const DatosTicket&) { return Separador(); }
 
 QString totales(const DatosTicket& t) {
   QString s;
@@ -133,7 +133,7 @@ QString Lema() { return kFin + kFin + Espacios(3) + QStringLiteral("...LA FINCA 
 
 QString LineaTotal(const RenglonTotal& r) {
   const int etiqueta = r.ancho ? 19 : 23, valor = r.ancho ? 19 : 15;
-  return aLaIzquierda(r.etiqueta, etiqueta) + aLaDerecha(r.valor, valor) + kFin;
+  return alInicioDe(r.etiqueta, etiqueta) + alFinalDe(r.valor, valor) + kFin;
 }
 
 RenglonTotal Total(const QString& etiqueta, double valor) { return {etiqueta, Formatear(valor, u"0.00")}; }
@@ -143,10 +143,10 @@ QString LineasArticulo(const LineaDocumento& linea, const FormaLineas& f) {
   const auto fila = [&f](const QString& a, const QString& b, const QString& c, const QString& d) {
     QString cifras;
     for (const auto& [texto, ancho] : {std::pair(b, f.cantidad), {c, f.precio}, {d, f.importe}}) {
-      cifras += u' ' + aLaDerecha(texto, f.entero ? std::max(ancho, static_cast<int>(texto.size())) : ancho);
+      cifras += u' ' + alFinalDe(texto, f.entero ? std::max(ancho, static_cast<int>(texto.size())) : ancho);
     }
     const int ancho = f.descripcion + f.cantidad + f.precio + f.importe + 3;
-    return aLaIzquierda(a, std::max(0, ancho - static_cast<int>(cifras.size()))) + cifras;
+    return alInicioDe(a, std::max(0, ancho - static_cast<int>(cifras.size()))) + cifras;
   };
   QString s = fila(linea.descripcion, QString::number(linea.cantidad), Formatear(i.precio, f.mascara),
                    Formatear(i.importe, f.mascara));
@@ -165,8 +165,8 @@ QString LineasPuntos(const PuntosTicket& p) {
 
 QString TextoTicket(const DatosTicket& t) {
   QString texto;
-  for (const auto item : {cabecera, cliente, numero, palabra, lineas, separador, totales, cantidad, puntos, momento,
-                          supervisor, caja, correlativo, lema}) {
+  for (const auto item : {cabecera, cliente, numeroTicket, palabra, lineas, separadorTicket, totales, cantidad, puntos,
+                          momento, supervisor, caja, correlativo, lema}) {
     const QString s = item(t);
     if (!s.isEmpty()) texto += kFin + s;
   }

@@ -4,17 +4,27 @@
 #include <vector>
 
 #include "documento/ticket.h"
-#include "foundation/sesion.h"
 
 // Cash taken and change given.
 struct EfectivoDocumento {
   double soles = 0, dolares = 0, vueltoSoles = 0, vueltoDolares = 0;
 };
 
+// One card payment: kind of card, its name, amount in soles.
+struct PagoTarjeta {
+  QString cod_tar, descrip;
+  double pago = 0;
+};
+
 // How a liquidation was paid; printed on the sale document that closes it.
 struct CifrasLiquidacion {
   EfectivoDocumento efectivo;
   double adelanto = 0;
+};
+
+// A liquidation that waits for that document.
+struct LiquidacionEnCurso : CifrasLiquidacion {
+  qint64 codigo = 0;
 };
 
 struct CifrasVenta {

@@ -4,13 +4,6 @@
 #include <QHash>
 #include <QString>
 #include <QStringList>
-#include <vector>
-
-// One card payment of the sale under way: kind of card, its name, amount in soles.
-struct PagoTarjeta {
-  QString cod_tar, descrip;
-  double pago = 0;
-};
 
 struct Sesion {
   // Connections
@@ -52,10 +45,7 @@ struct Sesion {
   QString impresoraActual;  // device name that SeleccionarImpresora chose last
   QString ultimoPapel;      // printer and correlative of the last paper, for the status line
 
-  // Points rule and card payments
+  // Points rule
   int pnImpoMaxi = 0, pnPuntImpo = 0, pnPuntCant = 0;
   int nBlancosSeguidos = 0;  // typed one after the other in fields of names
-  bool pbVoucher = false;
-  std::vector<PagoTarjeta> poVoucher;
-  double poVoucherTotal = 0;
 };

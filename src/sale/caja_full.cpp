@@ -5,64 +5,38 @@
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
-#include "sale/caja_adelanto.h"
-#include "sale/caja_liquidacion.h"
-#include "sale/caja_totales.h"
+#include "sale/caja_full_adelanto.h"
+#include "sale/caja_full_liquidacion.h"
+#include "sale/caja_full_totales.h"
 #include "sale/pantallas_venta.h"
 
 namespace {
 
 const QString kCero = QStringLiteral("0.00");
 
-void vaciarVenta(Puesto& p, CajaRegistradoraFull& v) {
-  v.lineas.assign(1, FilaVenta{});
+void vaciarVenta(CajaRegistradoraFull& v) {
+  v.rejilla = {};
   v.txtTarjeta.clear();
   v.txtRUC.clear();
   OlvidarCliente(v);
-  v.bAcceso = false;
   for (QString* campo : {&v.txtSoles, &v.txtDolares, &v.txtTotalPA, &v.txtTotalNC}) campo->clear();
   PonerTipo(v, TipoVenta::Efectivo);
-  if (!v.bVoucherListo) {
-    p.ses.poVoucher.clear();
-    p.ses.poVoucherTotal = 0;
-  }
 }
 
 bool esNegativo(const QString& campo) { return LeerImporte(campo) < 0; }
 
-// A line without article blocks the sale; it gets the defaults that the cashier would have seen after a code.
-std::optional<Foco> lineaSinArticulo(CajaRegistradoraFull& v) {
-  for (size_t i = 0; i < v.lineas.size(); ++i) {
-    FilaVenta& f = v.lineas[i];
-    if (!Recortar(f[kCod]).isEmpty()) continue;
-    f[kItem] = QString::number(i + 1);
-    const std::pair<int, QString> defectos[] = {{kCant, QStringLiteral("1.00")},
-                                                {kPrecio, kCero},
-                                                {kSigno, kCero},
-                                                {kSubTotal, kCero},
-                                                {kPorc, QStringLiteral("0")}};
-    for (const auto& [columna, texto] : defectos) {
-      if (f[static_cast<size_t>(columna)].isEmpty()) f[static_cast<size_t>(columna)] = texto;
-    }
-    return Foco{QStringLiteral("TDBGrid1"), static_cast<int>(i)};
-  }
-  return {};
-}
-
 }  // namespace
 
-void Inicio(Puesto& p, CajaRegistradoraFull& v) {
-  v.txtsupervisor.clear();
+void Inicio(Puesto& p, CajaRegistradoraFull& v, bool conservarLineas) {
   for (auto& lista : v.lvwTX) lista.clear();
   for (QString& codigo : v.txtTXL) codigo.clear();
-  p.ses.pbVoucher = false;
   v.tipos.clear();
   for (const auto& t : tiposDeVenta()) v.tipos.push_back(t.tipo);
   CargarLocales(p, v);
   v.localVisible = false;
   v.txtTC = Formatear(p.ses.pnTipoCambio, u"0.00");
 
-  if (!v.bConservarLineas) vaciarVenta(p, v);
+  if (!conservarLineas) vaciarVenta(v);
 
   v.txtCajero = p.ses.psUsuario;
   v.txtCaja = p.ses.psCaja;
@@ -100,13 +74,11 @@ void CambiarTipo(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, 
   else SumarLineas(p, v);
 }
 
-bool VentaVacia(const CajaRegistradoraFull& v) { return v.lineas.size() == 1 && v.lineas.front()[kCod].isEmpty(); }
-
 bool SinEmpezar(const CajaRegistradoraFull& v) {
   const bool conMonto = LeerImporte(v.txtPagoAdelantado) > 0 || LeerImporte(v.txtPADEDolares) > 0;
   if (conMonto && pantallaDe(v.nTipoVenta).panel == PanelTipo::MontoAdelantado) return false;
   if (v.nTipoVenta == TipoVenta::LIQPAD && !(v.lvwTX[0].empty() && v.lvwTX[1].empty())) return false;
-  return VentaVacia(v);
+  return SinLineas(v.rejilla);
 }
 
 std::optional<Foco> ValidaVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) {
@@ -121,20 +93,20 @@ std::optional<Foco> ValidaVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVen
   }
   // The change in soles is computed: what puts it right is the cash.
   const bool vueltoDolares = esNegativo(v.txtVueltoDolares), efectivoSoles = esNegativo(v.txtEfectivoSoles);
-  if (vueltoDolares || (esNegativo(v.txtVueltoSoles) && !v.bLiquidando)) {
+  if (vueltoDolares || (esNegativo(v.txtVueltoSoles) && !v.liquidacion)) {
     p.mensajes.mostrar(QStringLiteral("No se puede registrar la operacion si el vuelto es negativo"));
     return Foco{vueltoDolares ? QStringLiteral("txtVueltoDolares") : QStringLiteral("txtEfectivoSoles")};
   }
-  if (efectivoSoles || (esNegativo(v.txtEfectivoDolares) && !v.bLiquidando)) {
+  if (efectivoSoles || (esNegativo(v.txtEfectivoDolares) && !v.liquidacion)) {
     p.mensajes.mostrar(QStringLiteral("No se puede registrar la operacion si el efectivo es negativo"));
     return Foco{efectivoSoles ? QStringLiteral("txtEfectivoSoles") : QStringLiteral("txtEfectivoDolares")};
   }
   // Whatever tab is in front: a kind that sells lines never goes out without an article.
   if (pantalla.llevaLineas) {
-    if (auto foco = lineaSinArticulo(v)) {
+    if (const auto fila = FilaSinArticulo(v.rejilla)) {
       v.pestana = 0;
       p.mensajes.mostrar(QStringLiteral("Debe registrar un artìculo."));
-      return foco;
+      return Foco{QStringLiteral("TDBGrid1"), *fila};
     }
   }
   if (!RucAceptado(p, v.txtRUC)) return Foco{QStringLiteral("txtRUC")};
@@ -142,7 +114,6 @@ std::optional<Foco> ValidaVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVen
 }
 
 void CancelarVenta(Puesto& p, CajaRegistradoraFull& v) {
-  v.lineas.assign(1, FilaVenta{});
-  v.bConservarLineas = false;
+  v.rejilla = {};
   Inicio(p, v);
 }

@@ -6,33 +6,13 @@
 #include <optional>
 #include <vector>
 
-#include "sale/cliente_caja.h"
-#include "sale/tipo_venta.h"
+#include "documento/lineas.h"
+#include "documento/totales.h"
+#include "loyalty/cliente_documento.h"
+#include "sale/pantallas_venta.h"
+#include "sale/caja_full_tipos.h"
 
 struct Puesto;
-class PantallasVenta;
-
-// Columns of the lines grid TDBGrid1.
-enum Columna {
-  kItem,
-  kCod,
-  kCatalogo,
-  kDescripcion,
-  kBoton,
-  kVacia,
-  kCant,
-  kPrecio,
-  kSigno,
-  kPorc,
-  kSubTotal,
-  kCanje,
-  kPtos,
-  kConServ,
-  kServ,
-  kIgv,
-  kColumnas
-};
-using FilaVenta = std::array<QString, kColumnas>;
 
 // A line of one of the two lists of the third tab.
 struct LineaTX {
@@ -40,21 +20,20 @@ struct LineaTX {
   bool operator==(const LineaTX&) const = default;
 };
 
-struct CajaRegistradoraFull : ClienteCaja {
+struct CajaRegistradoraFull : ClienteDocumento {
   // State
   TipoVenta nTipoVenta = TipoVenta::Efectivo;
-  std::vector<TipoVenta> tipos;  // entries of cboTipoVenta, in its order
-  int pestana = 0;               // tab of SSTab1 in front
-  bool bVoucherListo = false, bAcceso = false, bLiquidando = false, bConservarLineas = false;
-  bool efectivoTecleado = false;  // the Tag of txtEfectivoSoles
+  std::vector<TipoVenta> tipos;                   // entries of cboTipoVenta, in its order
+  int pestana = 0;                                // tab of SSTab1 in front
+  bool efectivoTecleado = false;                  // the Tag of txtEfectivoSoles
+  std::optional<CobroTarjetas> cobro;             // the voucher screen was filled for this sale
+  std::optional<LiquidacionEnCurso> liquidacion;  // the sale on the screen is the document that closes it
 
   // Till and sale; the customer is the base's
   QString txtCajero, txtCaja, txtTurno, txtRUC, txtTC, lblFecha;
-  QString txtsupervisor;
 
-  // Lines: never without a row; an empty grid holds one empty row
-  std::vector<FilaVenta> lineas{FilaVenta{}};
-  bool recargo = false;  // title of column 9: "Recar(S/.)" instead of "Dscto(S/.)"
+  RejillaLineas rejilla;  // TDBGrid1
+  bool recargo = false;   // title of column 9: "Recar(S/.)" instead of "Dscto(S/.)"
 
   // Cash and totals
   QString txtEfectivoSoles, txtEfectivoDolares, txtVueltoSoles, txtVueltoDolares;
@@ -65,12 +44,11 @@ struct CajaRegistradoraFull : ClienteCaja {
   std::array<std::vector<LineaTX>, 2> lvwTX;
   std::array<QString, 2> txtTXL;
   QString txtTotalPA, txtTotalNC;
-  QString txtLiq, txtliqefectivosoles, txtliqefectivodolares, txtliqvueltosoles, ttxliqvueltodolares, txtliqpade;
 };
 
 // Makes the screen ready for a new sale: everything that belongs to a sale is emptied and the kind is EFECTIVO, unless
-// bConservarLineas is on; the flag stays as it is. Reads sites and points rule where the client database answers.
-void Inicio(Puesto& p, CajaRegistradoraFull& v);
+// lines that were just loaded are to be kept. Reads sites and points rule where the client database answers.
+void Inicio(Puesto& p, CajaRegistradoraFull& v, bool conservarLineas = false);
 
 // What a change of kind does to every kind: amounts of cash to "0.00", fields of advance payments and notes empty, the
 // kind's first tab in front, the RUC emptied where there is none.
@@ -79,10 +57,7 @@ void PonerTipo(CajaRegistradoraFull& v, TipoVenta tipo);
 // The cashier's choice in cboTipoVenta. The last two entries open a screen and go back to the first entry.
 void CambiarTipo(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, TipoVenta tipo);
 
-// Nothing has been entered in the grid.
-bool VentaVacia(const CajaRegistradoraFull& v);
-
-// The same of what the kind on the screen takes: lines, an amount paid in advance, documents to settle.
+// Nothing of what the kind on the screen takes has been entered: lines, an amount paid in advance, documents to settle.
 bool SinEmpezar(const CajaRegistradoraFull& v);
 
 // Where the cashier has to look next: a control by name and, for the grid, a row counted from 0.
@@ -106,7 +81,7 @@ struct TrasTecla {
 };
 
 // A button of the array cmdTecla, 0 to 4. Whatever keeps a sale from being committed leaves it on the screen.
-TrasTecla PulsarTecla(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, int indice);
+TrasTecla PulsarBoton(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, int indice);
 
 // cmdVoucher: a liquidation paid by cards, from the voucher screen to the commit.
 TrasTecla PulsarVoucher(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas);

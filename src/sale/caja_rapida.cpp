@@ -28,11 +28,10 @@ QString rotuloDe(const QString& descripcion) {
 void cargarTeclado(Puesto& p, CajaRegistradora& v) {
   v.teclas = {};
   Recordset rs;
-  const QString sql = FormatearSQL(
-      QStringLiteral(" SELECT C.cTeclCode, C.sTeclDesc, C.cProdCode, P.sProdDescCrta"
-                     " FROM ConfiguracionTeclado AS C INNER JOIN Producto AS P ON C.cProdCode = P.cProdCode"
-                     " WHERE C.cTeclCode BETWEEN 1 AND 24 AND P.cAlmaCode = '$' ORDER BY C.cTeclCode"),
-      {ReemplazarComilla(p.ses.psAlmacen)});
+  const Sql sql = FormatearSQL(u" SELECT C.cTeclCode, C.sTeclDesc, C.cProdCode, P.sProdDescCrta"
+                               " FROM ConfiguracionTeclado AS C INNER JOIN Producto AS P ON C.cProdCode = P.cProdCode"
+                               " WHERE C.cTeclCode BETWEEN 1 AND 24 AND P.cAlmaCode = '$' ORDER BY C.cTeclCode"_sql,
+                               {Texto(p.ses.psAlmacen)});
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs)) return;
   for (const auto& f : rs) {
     TeclaConArticulo& t = v.teclas[static_cast<size_t>(AEntero(Numero(f[u"cTeclCode"])))];
@@ -43,7 +42,7 @@ void cargarTeclado(Puesto& p, CajaRegistradora& v) {
   }
 }
 
-LineaRapida lineaDe(const Puesto& p, int nCodigo, const Recordset::Fila& r) {
+LineaRapida lineaConArticulo(const Puesto& p, int nCodigo, const Recordset::Fila& r) {
   LineaRapida l;
   l.cAlmaCode = p.ses.psAlmacen;
   l.cProdCode = nCodigo;
@@ -90,10 +89,10 @@ bool CapturaDatosProducto(Puesto& p, CajaRegistradora& v, int nCodigo) {
   };
   if (nCodigo == 0) return rechazar(QStringLiteral("Este botón no tiene un producto asignado"));
   Recordset rs;
-  const QString sql = FormatearSQL(
-      QStringLiteral(" SELECT sProdDesc, sProdDescCrta, nProdPrecUnit, cProdEstd, nActivo, cFlagCanje, nPuntos,"
-                     " cFlagServicio, cCodCatalogo FROM Producto WHERE cProdCode = $ AND cAlmaCode = '$'"),
-      {nCodigo, ReemplazarComilla(p.ses.psAlmacen)});
+  const Sql sql =
+      FormatearSQL(u" SELECT sProdDesc, sProdDescCrta, nProdPrecUnit, cProdEstd, nActivo, cFlagCanje, nPuntos,"
+                   " cFlagServicio, cCodCatalogo FROM Producto WHERE cProdCode = $ AND cAlmaCode = '$'"_sql,
+                   {nCodigo, Texto(p.ses.psAlmacen)});
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs)) return false;
   if (rs.RecordCount() != 1) {
     return rechazar(QStringLiteral("El producto asignado no existe. Actualice la configuración de este botón."));
@@ -106,7 +105,7 @@ bool CapturaDatosProducto(Puesto& p, CajaRegistradora& v, int nCodigo) {
     v.lineas.clear();
     PonerTipoRapida(v, ClaseDocumento::VentaConVuelto);
   }
-  v.lineas.push_back(lineaDe(p, nCodigo, *rs.begin()));
+  v.lineas.push_back(lineaConArticulo(p, nCodigo, *rs.begin()));
   MostrarLinea(v);
   return true;
 }

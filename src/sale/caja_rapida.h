@@ -6,7 +6,9 @@
 
 #include "documento/clase.h"
 #include "documento/linea.h"
-#include "sale/cliente_caja.h"
+#include "loyalty/cliente_documento.h"
+
+class PantallasVenta;
 
 // The full description is the one that its ticket prints; the others are for the display and the full register.
 struct LineaRapida : LineaDocumento {
@@ -34,7 +36,7 @@ enum BotonRapida {
 };
 
 // The customer's name, txtCliente on the screen, is the base's txtNombres.
-struct CajaRegistradora : ClienteCaja {
+struct CajaRegistradora : ClienteDocumento {
   ClaseDocumento clase = ClaseDocumento::VentaConVuelto;  // CASH, VOUCHER or C/VUELTO
   bool bVentaIniciada = false;                            // a sale is on the screen: `lineas` has at least one
   std::vector<LineaRapida> lineas;
@@ -78,7 +80,7 @@ struct TrasTeclaRapida {
 };
 
 // A button of cmdTecla by its index, 0 to 46; 25 to 40 have no action.
-TrasTeclaRapida PulsarTeclaRapida(Puesto& p, CajaRegistradora& v, PantallasVenta& pantallas, int indice);
+TrasTeclaRapida PulsarBotonRapida(Puesto& p, CajaRegistradora& v, PantallasVenta& pantallas, int indice);
 
 // cmdCambio: hands the sale to the full register.
 TrasTeclaRapida CambiarAFull(CajaRegistradora& v, PantallasVenta& pantallas);

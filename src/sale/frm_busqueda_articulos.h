@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "platform/ui/forma.h"
-#include "sale/busqueda.h"
+#include "sale/buscador.h"
 
 class Lista;
 class QLabel;

@@ -1,60 +1,18 @@
 #include "sale/frm_caja_full.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
-#include <QGridLayout>
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QTabWidget>
+#include <QVBoxLayout>
 
+#include "documento/frm_lineas.h"
 #include "foundation/estado_linea.h"
 #include "foundation/puesto.h"
-#include "foundation/rutinas.h"
 #include "platform/ui/linea_estado.h"
-#include "platform/ui/tema.h"
-#include "sale/caja_lineas.h"
-#include "sale/caja_liquidacion.h"
-#include "sale/caja_totales.h"
-#include "sale/pantallas_venta.h"
-
-namespace {
-
-QString tituloPorcentaje(bool recargo) { return recargo ? QStringLiteral("Recar(S/.)") : QStringLiteral("Dscto(S/.)"); }
-
-std::vector<ColumnaRejilla> columnasDeLineas(bool conPorcentaje) {
-  //  title                            width right  typed  button hidden
-  return {
-      {QStringLiteral("Item"), 88, true, false, false, false},
-      {QStringLiteral("Cod."), 94, false, true, false, false},
-      {QStringLiteral("Cod. Catalog"), 122, false, true, false, false},
-      {QStringLiteral("Descripción"), 190, false, false, false, false},
-      {QString(), 30, false, false, true, false},
-      {QString(), 0, false, false, false, true},
-      {QStringLiteral("Cant."), 92, true, true, false, false},
-      {QStringLiteral("Prec.Unit."), 112, true, true, false, false},
-      {QString(), 26, false, true, false, false},
-      {tituloPorcentaje(false), 104, true, conPorcentaje, false, false},
-      {QStringLiteral("SubTotal"), 112, true, true, false, false},
-      {QStringLiteral("Canje"), 70, false, false, false, false},
-      {QStringLiteral("Ptos."), 60, true, false, false, false},
-      {QStringLiteral("(%) Serv."), 92, false, false, false, false},
-      {QStringLiteral("Serv"), 86, true, false, false, false},
-      {QStringLiteral("Igv"), 86, true, false, false, false},
-  };
-}
-
-QChar soloDigitos(QChar tecla) { return FiltrarTecla(tecla, {ClaseTecla::Digitos}); }
-
-// The two cards of the head stand side by side in 1024 pixels.
-void apretar(Panel* panel) {
-  panel->layout()->setContentsMargins(12, 8, 12, 10);
-  if (auto* g = panel->findChild<QGridLayout*>()) g->setHorizontalSpacing(2 * tema::kPaso);
-}
-
-}  // namespace
+#include "sale/caja_full_liquidacion.h"
+#include "sale/caja_full_totales.h"
 
 frmCajaRegistradoraFull::frmCajaRegistradoraFull(Puesto& p, PantallasVenta& pantallas, QWidget* padre)
     : Forma(QStringLiteral("frmCajaRegistradoraFull"), QStringLiteral(" Caja Registradora - Versión FULL "), padre),
@@ -91,137 +49,6 @@ frmCajaRegistradoraFull::frmCajaRegistradoraFull(Puesto& p, PantallasVenta& pant
   cliente_.txtTarjeta->setFocus();
 }
 
-void frmCajaRegistradoraFull::fijo(Panel* panel, const QString& nombre, const QString& etiqueta, int ancho,
-                                   QString& campo) {
-  Campo* c = panel->fijo(nombre, etiqueta);
-  c->setFixedWidth(ancho);
-  enlaces_.texto(c, campo);
-}
-
-QWidget* frmCajaRegistradoraFull::nuevaCabecera() {
-  auto* fila = new QWidget;
-  auto* h = new QHBoxLayout(fila);
-  h->setContentsMargins(0, 0, 0, 0);
-  h->setSpacing(8);
-  auto* caja = new Panel(QStringLiteral("Datos de la Caja"), 3);
-  fijo(caja, QStringLiteral("txtCajero"), {}, 112, v_.txtCajero);
-  fijo(caja, QStringLiteral("txtCaja"), QStringLiteral("Caja:"), 78, v_.txtCaja);
-  fijo(caja, QStringLiteral("txtTurno"), QStringLiteral("Turno:"), 46, v_.txtTurno);
-  apretar(caja);
-  h->addWidget(caja);
-
-  auto* venta = new Panel(QStringLiteral("Datos de la Venta"), 4);
-  cboTipoVenta_ = new QComboBox;
-  cboTipoVenta_->setObjectName(QStringLiteral("cboTipoVenta"));
-  // Wide enough for a kind that stays chosen; the list itself shows the longer entries whole.
-  cboTipoVenta_->setFixedWidth(128);
-  cboTipoVenta_->view()->setMinimumWidth(230);
-  cboTipoVenta_->installEventFilter(this);
-  venta->agregar(QStringLiteral("Tip&o:"), cboTipoVenta_);
-  txtRUC_ = venta->campo(QStringLiteral("txtRUC"), QStringLiteral("&RUC:"));
-  txtRUC_->setMinimumWidth(138);
-  txtRUC_->filtro = soloDigitos;
-  enlaces_.texto(txtRUC_, v_.txtRUC);
-  fijo(venta, QStringLiteral("txtTC"), QStringLiteral("T.C.:"), 58, v_.txtTC);
-  auto* fecha = nuevoTexto({});
-  fecha->setObjectName(QStringLiteral("lblFecha"));
-  venta->agregar({}, fecha);
-  enlaces_.rotulo(fecha, v_.lblFecha);
-  apretar(venta);
-  h->addWidget(venta, 1);
-  connect(cboTipoVenta_, &QComboBox::currentIndexChanged, this, [this](int n) {
-    if (mostrando_ || n < 0) return;
-    con([this, n] { CambiarTipo(p_, v_, pantallas_, v_.tipos[static_cast<size_t>(n)]); });
-  });
-  return fila;
-}
-
-QWidget* frmCajaRegistradoraFull::nuevoCliente() {
-  auto* panel = new Panel(QStringLiteral("Datos del Cliente"), 6);
-  apretar(panel);
-  cliente_ = nuevosControlesCliente(panel, enlaces_, p_, v_, pantallas_,
-                                    {.nombres = QStringLiteral("txtNombres"),
-                                     .local = QStringLiteral("&Local:"),
-                                     .con = [this](const auto& accion) { con(accion); }});
-  cliente_.txtTarjeta->setFixedWidth(120);
-  cliente_.txtNombres->setMinimumWidth(150);
-  panel->ensanchar(cliente_.txtNombres);
-  cliente_.txtLocal->setFixedWidth(56);
-  auto* busca = nuevoBoton(QStringLiteral("txtBuscaCliente"), QStringLiteral("Buscar (F2)"));
-  busca->setMinimumWidth(132);
-  panel->agregar({}, busca);
-
-  connect(busca, &QPushButton::clicked, this, [this] { buscarCliente(); });
-  return panel;
-}
-
-QWidget* frmCajaRegistradoraFull::nuevosArticulos() {
-  auto* hoja = new QWidget;
-  auto* v = new QVBoxLayout(hoja);
-  v->setContentsMargins(6, 6, 6, 6);
-  v->setSpacing(6);
-  const bool conPorcentaje = p_.ses.psDFlag.compare(u"S", Qt::CaseInsensitive) == 0;
-  rejilla_ = new Rejilla(QStringLiteral("TDBGrid1"), columnasDeLineas(conPorcentaje),
-                         {[this] { return static_cast<int>(v_.lineas.size()); },
-                          [this](int f, int c) { return v_.lineas[static_cast<size_t>(f)][static_cast<size_t>(c)]; }});
-  rejilla_->textoVacio = QStringLiteral("Sin artículos: F5 para agregar");
-  rejilla_->salir = [this](int f, int c, QString& texto) { return salirCelda(f, c, texto); };
-  rejilla_->siguiente = [this](int f, int c) { return siguienteCelda(f, c); };
-  rejilla_->filtro = [this](int f, int c, QChar tecla) { return CeldaEditable(p_, v_, f, c) ? tecla : QChar(); };
-  rejilla_->pulsar = [this](int fila, int) { buscarArticulo(fila); };
-  v->addWidget(rejilla_, 1);
-
-  auto* fila = new QHBoxLayout;
-  agregarArt_ = nuevoBoton(QStringLiteral("CmdAddArt"), QStringLiteral("A&dicionar"));
-  eliminarArt_ = nuevoBoton(QStringLiteral("CmdDelArt"), QStringLiteral("E&liminar"));
-  fila->addWidget(agregarArt_);
-  fila->addWidget(eliminarArt_);
-  fila->addStretch();
-  v->addLayout(fila);
-  connect(agregarArt_, &QPushButton::clicked, this, [this] { (void)agregarFila(); });
-  connect(eliminarArt_, &QPushButton::clicked, this, [this] { eliminarFila(); });
-  return hoja;
-}
-
-QWidget* frmCajaRegistradoraFull::nuevoPago() {
-  auto* fila = new QWidget;
-  auto* h = new QHBoxLayout(fila);
-  h->setContentsMargins(0, 0, 0, 0);
-  h->setSpacing(8);
-  auto* izquierda = new QVBoxLayout;
-  izquierda->setSpacing(6);
-  for (QFrame* panel : {pago_.frmVuelto, adelanto_.frapade, adelanto_.fraPagoAdelantado}) izquierda->addWidget(panel);
-  izquierda->addStretch();
-  h->addLayout(izquierda);
-  h->addWidget(pago_.fraTotal, 1);
-  return fila;
-}
-
-QWidget* frmCajaRegistradoraFull::nuevaBotonera() {
-  // clang-format off
-  const struct { int indice; QStringView rotulo, tecla; } kBotones[] = {
-      {0, u"&Cancelar ", u""}, {1, u"Caja &Registradora", u"SPACE"}, {2, u"&Imprimir Tickets", u"CTRL+ENTER"},
-      {3, u"&Salir", u""},     {4, u"&AC/TC", u""}};
-  auto* fila = new QWidget;
-  auto* h = new QHBoxLayout(fila);
-  h->setContentsMargins(0, 0, 0, 0);
-  h->setSpacing(10);
-  for (const auto& b : kBotones) {
-    auto* boton = nuevoBoton(QStringLiteral("cmdTecla(%1)").arg(b.indice), b.rotulo.toString(),
-                             b.indice == 2 ? QStringLiteral("principal") : QString());
-    h->addWidget(boton);
-    if (!b.tecla.isEmpty()) h->addWidget(nuevoTexto(b.tecla.toString(), QStringLiteral("suave")));
-    connect(boton, &QPushButton::clicked, this, [this, n = b.indice] { pulsar(n); });
-    cmdTecla_[static_cast<size_t>(b.indice)] = boton;
-  }
-  // clang-format on
-  h->addStretch();
-  cmdVoucher_ = nuevoBoton(QStringLiteral("cmdVoucher"), QStringLiteral("&VOUCHER"));
-  cmdVoucher_->setToolTip(QStringLiteral("Emitir voucher al liquidar"));
-  h->addWidget(cmdVoucher_);
-  return fila;
-}
-
 void frmCajaRegistradoraFull::nuevasTeclas() {
   tecla(
       Qt::Key_Space, [this] { espacio(); }, {}, true);
@@ -230,7 +57,7 @@ void frmCajaRegistradoraFull::nuevasTeclas() {
   tecla(
       Qt::Key_F5,
       [this] {
-        if (agregarFila()) buscarArticulo(static_cast<int>(v_.lineas.size()) - 1);
+        if (agregarFila()) buscarArticulo(static_cast<int>(v_.rejilla.filas.size()) - 1);
       },
       QStringLiteral("artículo"));
   tecla(
@@ -295,9 +122,9 @@ void frmCajaRegistradoraFull::mostrar() {
   cliente_.mostrar(v_);
   mostrarPaneles();
   liquidacion_.mostrar(v_);
-  rejilla_->ponerTitulo(kPorc, tituloPorcentaje(v_.recargo));
+  rejilla_->ponerTitulo(kPorc, TituloPorcentaje(v_.recargo));
   rejilla_->refrescar();
-  if (VentaVacia(v_)) rejilla_->ponerCelda({0, kCod});  // wherever the keyboard comes from, a code can be typed
+  if (SinLineas(v_.rejilla)) rejilla_->ponerCelda({0, kCod});  // wherever the keyboard comes from, a code can be typed
   estado_->mostrar(EstadoDelPuesto(p_));
 }
 
@@ -306,7 +133,7 @@ void frmCajaRegistradoraFull::mostrarTipos() {
   int actual = -1;
   for (const TipoVenta t : v_.tipos) {
     if (t == v_.nTipoVenta) actual = static_cast<int>(entradas.size());
-    entradas << pantallaDe(t).entrada;
+    entradas << pantallaDe(t).entrada.toString();
   }
   QStringList puestas;
   for (int i = 0; i < cboTipoVenta_->count(); ++i) puestas << cboTipoVenta_->itemText(i);
@@ -316,7 +143,7 @@ void frmCajaRegistradoraFull::mostrarTipos() {
   }
   cboTipoVenta_->setCurrentIndex(actual);
   // The sale document of a liquidation paid by cards can't be another one.
-  cboTipoVenta_->setEnabled(!(v_.bLiquidando && v_.bVoucherListo));
+  cboTipoVenta_->setEnabled(!(v_.liquidacion && v_.cobro));
 }
 
 void frmCajaRegistradoraFull::mostrarPaneles() {
@@ -337,7 +164,7 @@ void frmCajaRegistradoraFull::mostrarPaneles() {
   for (Campo* c : {pago_.txtEfectivoDolares, pago_.txtVueltoDolares}) c->setReadOnly(!t.dolaresEditables);
   pago_.txtEfectivoSoles->setReadOnly(EfectivoFijo(v_));
   txtRUC_->setReadOnly(!t.rucEditable);
-  for (QPushButton* b : {agregarArt_, eliminarArt_}) b->setVisible(!v_.bLiquidando);
+  for (QPushButton* b : {agregarArt_, eliminarArt_}) b->setVisible(!v_.liquidacion);
   for (int i = 0; i < pestanas_->count(); ++i) {
     pestanas_->setTabEnabled(i, t.unicaPestana < 0 || t.unicaPestana == i);
   }
@@ -350,8 +177,8 @@ bool frmCajaRegistradoraFull::alEntrar(QWidget* campo) {
     buscarTarjeta();
     return true;
   }
-  // Behind an amount comes the commit, not the other amount, which would empty this one; behind the words as well, since
-  // "Cancelar" comes next there.
+  // Behind an amount comes the commit, not the other amount, which would empty this one; behind the words as well,
+  // since "Cancelar" comes next there.
   const bool glosa = campo->objectName().startsWith(u"txtGlosa");
   if (campo == adelanto_.txtPagoAdelantado || campo == adelanto_.txtPADEDolares || glosa) {
     enfocar(cmdTecla_[2]);
@@ -361,55 +188,49 @@ bool frmCajaRegistradoraFull::alEntrar(QWidget* campo) {
 }
 
 bool frmCajaRegistradoraFull::puedeCerrar() {
-  if (!v_.bLiquidando) return true;
+  if (!v_.liquidacion) return true;
   pulsar(3);
   return false;
 }
 
 void frmCajaRegistradoraFull::pulsar(int indice) {
   // What stands in an open cell is part of the sale, unless the sale is given up.
-  const bool seAbandona = (indice == 0 || indice == 3) && !v_.bLiquidando;
+  const bool seAbandona = (indice == 0 || indice == 3) && !v_.liquidacion;
   if (!seAbandona && !rejilla_->dejarCelda()) return;
   rejilla_->abandonarCelda();
   if (indice != 4)
     cmdTecla_[static_cast<size_t>(indice)]->setFocus();  // a look at another ticket leaves all where it was
   recoger();
-  const TrasTecla tras = PulsarTecla(p_, v_, pantallas_, indice);
+  const TrasTecla tras = PulsarBoton(p_, v_, pantallas_, indice);
   mostrar();
   if (tras.cierra) accept();
   else enfocar(tras.foco);
 }
 
 bool frmCajaRegistradoraFull::agregarFila() {
-  if (v_.bLiquidando || !pestanas_->isTabEnabled(0) || !rejilla_->dejarCelda()) return false;
+  if (v_.liquidacion || !pestanas_->isTabEnabled(0) || !rejilla_->dejarCelda()) return false;
   verPestana(0);
   int fila = 0;
-  con([this, &fila] { fila = AgregarFila(v_); });
+  con([this, &fila] { fila = AgregarFila(v_.rejilla); });
   rejilla_->irA({fila, kCod});
   return true;
 }
 
 void frmCajaRegistradoraFull::eliminarFila() {
-  if (v_.bLiquidando) return;
+  if (v_.liquidacion) return;
   rejilla_->abandonarCelda();
   const int fila = rejilla_->celda().fila;
   con([this, fila] { EliminarFila(p_, v_, fila); });
-  rejilla_->irA({qMin(qMax(fila, 0), static_cast<int>(v_.lineas.size()) - 1), kCod});
+  rejilla_->irA({qMin(qMax(fila, 0), static_cast<int>(v_.rejilla.filas.size()) - 1), kCod});
 }
 
 bool frmCajaRegistradoraFull::salirCelda(int fila, int columna, QString& texto) {
   recoger();
   const bool acepta = SalirCelda(p_, v_, fila, columna, texto);
   if (!acepta) QApplication::beep();
-  else texto = v_.lineas[static_cast<size_t>(fila)][static_cast<size_t>(columna)];
+  else texto = v_.rejilla.filas[static_cast<size_t>(fila)][static_cast<size_t>(columna)];
   mostrar();
   return acepta;
-}
-
-std::optional<CeldaRejilla> frmCajaRegistradoraFull::siguienteCelda(int fila, int columna) const {
-  const bool conArticulo = !v_.lineas[static_cast<size_t>(fila)][kCod].isEmpty();
-  if (conArticulo && (columna == kCod || columna == kCatalogo)) return CeldaRejilla{fila, kCant};
-  return {};
 }
 
 void frmCajaRegistradoraFull::buscarTarjeta() {
@@ -456,6 +277,6 @@ void frmCajaRegistradoraFull::irALineas() {
     return;
   }
   verPestana(0);
-  const int ultima = static_cast<int>(v_.lineas.size()) - 1;
+  const int ultima = static_cast<int>(v_.rejilla.filas.size()) - 1;
   rejilla_->irA({ultima, kCod});
 }

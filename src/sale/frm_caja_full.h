@@ -1,10 +1,10 @@
 #pragma once
+#include "loyalty/frm_cliente_documento.h"
 #include "platform/ui/forma.h"
 #include "platform/ui/rejilla.h"
 #include "sale/caja_full.h"
-#include "sale/frm_caja_liquidacion.h"
-#include "sale/frm_caja_paneles.h"
-#include "sale/frm_cliente_caja.h"
+#include "sale/frm_caja_full_liquidacion.h"
+#include "sale/frm_caja_full_paneles.h"
 
 class LineaEstado;
 class QComboBox;
@@ -53,7 +53,6 @@ class frmCajaRegistradoraFull final : public Forma {
   bool agregarFila();
   void eliminarFila();
   bool salirCelda(int fila, int columna, QString& texto);
-  std::optional<CeldaRejilla> siguienteCelda(int fila, int columna) const;
   void buscarTarjeta();
   void trasTarjeta(ResultadoTarjeta r);
   void buscarCliente();

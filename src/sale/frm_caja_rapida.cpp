@@ -235,7 +235,7 @@ void frmCajaRegistradora::pulsar(int indice) {
   if (boton && !boton->isEnabled()) return;
   recoger();
   if (boton) boton->setFocus();
-  despues(PulsarTeclaRapida(p_, v_, pantallas_, indice));
+  despues(PulsarBotonRapida(p_, v_, pantallas_, indice));
 }
 
 void frmCajaRegistradora::cambiar() {

@@ -1,7 +1,7 @@
 #pragma once
+#include "loyalty/frm_cliente_documento.h"
 #include "platform/ui/forma.h"
 #include "sale/caja_rapida.h"
-#include "sale/frm_cliente_caja.h"
 
 class LineaEstado;
 class QGridLayout;

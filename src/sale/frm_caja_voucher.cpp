@@ -11,7 +11,7 @@
 #include "platform/ui/lista.h"
 #include "platform/ui/rejilla.h"
 #include "platform/ui/tema.h"
-#include "sale/frm_caja_paneles.h"
+#include "sale/frm_caja_full_paneles.h"
 
 namespace {
 
@@ -176,13 +176,13 @@ void FrmCajaVoucher::aceptar() {
   // What stands in an open cell or in the cash field counts as left.
   if (!grdPagTar_->dejarCelda()) return;
   cmdAceptar_->setFocus();
-  const auto efectivo = AceptarVoucher(p_, v_);
-  if (!efectivo) {
+  const auto cobro = AceptarVoucher(p_, v_);
+  if (!cobro) {
     if (v_.pagos.empty()) grdTar_->setFocus();
     else txtEfectivoSoles_->setFocus();
     return;
   }
-  efectivo_ = *efectivo;
+  cobro_ = *cobro;
   accept();
 }
 
@@ -191,8 +191,8 @@ void FrmCajaVoucher::mostrar() {
   grdPagTar_->refrescar();
 }
 
-std::optional<EfectivoVoucher> pedirVoucher(Puesto& p, QWidget* padre, const PedidoVoucher& pedido) {
+std::optional<CobroTarjetas> pedirVoucher(Puesto& p, QWidget* padre, const PedidoVoucher& pedido) {
   FrmCajaVoucher f(p, pedido, padre);
   if (f.exec() != QDialog::Accepted) return {};
-  return f.efectivo();
+  return f.cobro();
 }

@@ -15,8 +15,8 @@ class FrmCajaVoucher final : public Forma {
  public:
   FrmCajaVoucher(Puesto& p, const PedidoVoucher& pedido, QWidget* padre = nullptr);
 
-  // The cash part, once the screen was accepted.
-  const EfectivoVoucher& efectivo() const { return efectivo_; }
+  // What was entered, once the screen was accepted.
+  const CobroTarjetas& cobro() const { return cobro_; }
 
  protected:
   bool alEntrar(QWidget* campo) override;
@@ -33,7 +33,7 @@ class FrmCajaVoucher final : public Forma {
 
   Puesto& p_;
   CajaVoucher v_;
-  EfectivoVoucher efectivo_;
+  CobroTarjetas cobro_;
   Enlaces enlaces_;
   Lista* grdTar_ = nullptr;
   Rejilla* grdPagTar_ = nullptr;
@@ -42,4 +42,4 @@ class FrmCajaVoucher final : public Forma {
 };
 
 // Shows the screen over `padre`. Nothing when it wasn't confirmed.
-std::optional<EfectivoVoucher> pedirVoucher(Puesto& p, QWidget* padre, const PedidoVoucher& pedido);
+std::optional<CobroTarjetas> pedirVoucher(Puesto& p, QWidget* padre, const PedidoVoucher& pedido);

@@ -5,6 +5,7 @@
 
 #include "documento/clase.h"
 #include "documento/totales.h"
+#include "loyalty/cliente_documento.h"
 
 struct VentaEnCurso;
 
@@ -14,16 +15,11 @@ struct PedidoVoucher {
   QString txtSoles, txtDolares, txtPagoAdelantado;
 };
 
-// The cash part of a sale paid by cards, soles, mask "0.00": for the register's txtEfectivoSoles and txtliqefectivosoles,
-// txtVueltoSoles and txtliqvueltosoles.
-struct EfectivoVoucher {
+// How cards pay a sale: at least one of them, and the cash part in soles, mask "0.00", for txtEfectivoSoles and
+// txtVueltoSoles of the register.
+struct CobroTarjetas {
+  std::vector<PagoTarjeta> pagos;
   QString txtEfectivoSoles, txtVueltoSoles;
-};
-
-// A card chosen in the customer search; `tarjeta` as it is stored.
-struct TarjetaElegida {
-  QString tarjeta;
-  int idLocal = 0;
 };
 
 enum class ListaParalela {
@@ -39,26 +35,20 @@ struct DocumentoElegido {
   QString glosa;
 };
 
-class PantallasVenta {
+class PantallasVenta : public BuscadorClientes {
  public:
-  virtual ~PantallasVenta() = default;
-
   // The supervisor dialog. `acto` names in the title what is authorised. Gives the supervisor's name as typed;
   // nothing when it was refused.
   virtual std::optional<QString> autorizar(const QString& acto) = 0;
 
-  // The voucher screen. Confirmed: poVoucher holds at least one card, pbVoucher is on and the cash part comes back; it
-  // is the register that sets bVoucherListo. Otherwise poVoucher is empty, pbVoucher is off, and nothing comes back.
-  virtual std::optional<EfectivoVoucher> voucher(const PedidoVoucher& pedido) = 0;
+  // The voucher screen. Nothing when it wasn't confirmed.
+  virtual std::optional<CobroTarjetas> voucher(const PedidoVoucher& pedido) = 0;
 
   // The cash screen over a total in soles. Nothing when it was closed without accepting.
   virtual std::optional<EfectivoDocumento> pagoEfectivo(double total) = 0;
 
   // The article search. Gives the code, six digits; nothing when none was chosen.
   virtual std::optional<QString> buscarArticulo() = 0;
-
-  // The customer search. With a `texto` the list is read for it at once; otherwise it waits for one.
-  virtual std::optional<TarjetaElegida> buscarCliente(const QString& texto = {}) = 0;
 
   // The picker of open parallel documents. With `soloVer` it only shows them: nothing can be chosen (advance payments,
   // while the register is issuing one).

@@ -1,11 +1,11 @@
 #include "sale/retiro.h"
 
+#include "documento/importe_tecleado.h"
 #include "foundation/puesto.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 #include "printing/canal.h"
-#include "sale/importe_tecleado.h"
 #include "store/numeracion.h"
 
 namespace {
@@ -14,7 +14,7 @@ constexpr int kMargenCabecera = 14;
 constexpr int kPuntosMonto = 9;
 const QString kFinLinea = QStringLiteral("\r\n");
 
-std::optional<double> monto(Puesto& p, const QString& sql) {
+std::optional<double> monto(Puesto& p, const Sql& sql) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs)) return {};
   return rs.Eof() ? 0 : Numero(rs[u"Monto"]);
@@ -25,11 +25,11 @@ QString centrada(const QString& linea) {
 }
 
 bool grabar(Puesto& p, double importe, qint64 codigo, const QDateTime& momento) {
-  const QString sql = FormatearSQL(
-      QStringLiteral("INSERT INTO OPERACION (cOperCode, cUserDesc, nProdCant, nProdPrecUnit, dOperFech, cOperTipo, "
-                     "cCajaCodi, cTurnoCodi) VALUES($, '$', $, $, '$', $, '$', '$')"),
-      {codigo, ReemplazarComilla(p.ses.psUsuario), 1, importe, FormatearFecha(momento, u"DD/MM/YYYY hh:mm"),
-       Codigo(TipoOperacion::Retiro), ReemplazarComilla(p.ses.psCaja), ReemplazarComilla(p.ses.psTurno)});
+  const Sql sql =
+      FormatearSQL(u"INSERT INTO OPERACION (cOperCode, cUserDesc, nProdCant, nProdPrecUnit, dOperFech, cOperTipo, "
+                   "cCajaCodi, cTurnoCodi) VALUES($, '$', $, $, '$', $, '$', '$')"_sql,
+                   {codigo, Texto(p.ses.psUsuario), 1, importe, Texto(FormatearFecha(momento, u"DD/MM/YYYY hh:mm")),
+                    Codigo(TipoOperacion::Retiro), Texto(p.ses.psCaja), Texto(p.ses.psTurno)});
   return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sql, true);
 }
 
@@ -38,11 +38,12 @@ bool grabar(Puesto& p, double importe, qint64 codigo, const QDateTime& momento) 
 QString MontoRetiro(const QString& texto) { return ImporteTecleado(texto, u"###,###,###,##0.00"); }
 
 std::optional<bool> VerificaSaldo(Puesto& p, double importe) {
-  const auto vendido = monto(p, QStringLiteral(" SELECT SUM(nProdCant*nProdPrecUnit) AS Monto FROM Operacion"
-                                               " WHERE cOperFlagAbierto=1 AND cOperTipo=1"));
+  const auto vendido = monto(p, FormatearSQL(u" SELECT SUM(nProdCant*nProdPrecUnit) AS Monto FROM Operacion"
+                                             " WHERE cOperFlagAbierto=1 AND cOperTipo=$"_sql,
+                                             {Codigo(TipoOperacion::Efectivo)}));
   if (!vendido) return {};
-  const auto paralelo = monto(p, QStringLiteral(" SELECT SUM(nMontoSoles) AS Monto FROM OperacionParalela "
-                                                " WHERE cOperFlagAbierto=1 AND cOperCodeAnul=0 "));
+  const auto paralelo = monto(p, u" SELECT SUM(nMontoSoles) AS Monto FROM OperacionParalela "
+                                 " WHERE cOperFlagAbierto=1 AND cOperCodeAnul=0 "_sql);
   if (!paralelo) return {};
   // To cents: the sum of doubles must not fall short of an amount that it equals on paper.
   const double saldo = Redondear(*vendido + *paralelo, 2);

@@ -6,21 +6,20 @@
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 #include "sale/caja_full.h"
-#include "sale/caja_lineas.h"
-#include "sale/caja_totales.h"
+#include "sale/caja_full_totales.h"
 
 namespace {
 
 constexpr QStringView kImporte = u"0.00";
 
 // Each screen keeps its own list of sites.
-void tomarCliente(ClienteCaja& c, const ClienteCaja& otro) {
+void copiarCliente(ClienteDocumento& c, const ClienteDocumento& otro) {
   auto locales = std::move(c.locales);
   c = otro;
   c.locales = std::move(locales);
 }
 
-FilaVenta filaDe(const LineaRapida& l, size_t item) {
+FilaVenta filaConLinea(const LineaRapida& l, size_t item) {
   FilaVenta f;
   f[kItem] = Formatear(static_cast<double>(item), u"000000");
   f[kCod] = Formatear(l.cProdCode, u"000000");
@@ -44,7 +43,7 @@ VentaEnCurso LlevarVenta(const CajaRegistradora& v) { return {v.lineas, v, v.txt
 
 VentaEnCurso LlevarVenta(const Puesto& p, const CajaRegistradoraFull& v) {
   VentaEnCurso venta{{}, v, v.txtRUC};
-  for (const auto& fila : v.lineas) {
+  for (const auto& fila : v.rejilla.filas) {
     if (!conArticulo(fila)) continue;
     LineaRapida l;
     static_cast<LineaDocumento&>(l) = LineaDe(p, fila);
@@ -57,12 +56,12 @@ VentaEnCurso LlevarVenta(const Puesto& p, const CajaRegistradoraFull& v) {
 }
 
 bool CabeEnRapida(const CajaRegistradoraFull& v) {
-  return std::none_of(v.lineas.begin(), v.lineas.end(),
+  return std::none_of(v.rejilla.filas.begin(), v.rejilla.filas.end(),
                       [](const FilaVenta& f) { return conArticulo(f) && LeerImporte(f[kPorc]) != 0; });
 }
 
 void RecibirVenta(CajaRegistradora& v, const VentaEnCurso& venta) {
-  tomarCliente(v, venta.cliente);
+  copiarCliente(v, venta.cliente);
   v.txtRuc = venta.txtRuc;
   if (venta.lineas.empty()) return;
   v.lineas = venta.lineas;
@@ -72,10 +71,10 @@ void RecibirVenta(CajaRegistradora& v, const VentaEnCurso& venta) {
 }
 
 void RecibirVenta(const Puesto& p, CajaRegistradoraFull& v, const VentaEnCurso& venta) {
-  tomarCliente(v, venta.cliente);
+  copiarCliente(v, venta.cliente);
   v.txtRUC = venta.txtRuc;
   if (venta.lineas.empty()) return;
-  v.lineas.clear();
-  for (const auto& l : venta.lineas) v.lineas.push_back(filaDe(l, v.lineas.size() + 1));
+  v.rejilla.filas.clear();
+  for (const auto& l : venta.lineas) v.rejilla.filas.push_back(filaConLinea(l, v.rejilla.filas.size() + 1));
   CalculaTotales(p, v);
 }

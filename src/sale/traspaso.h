@@ -6,7 +6,7 @@ struct CajaRegistradoraFull;
 
 struct VentaEnCurso {
   std::vector<LineaRapida> lineas;
-  ClienteCaja cliente;
+  ClienteDocumento cliente;
   QString txtRuc;
 };
 
@@ -17,7 +17,7 @@ VentaEnCurso LlevarVenta(const Puesto& p, const CajaRegistradoraFull& v);
 // Whether the quick register can hold the sale: it has no percentages.
 bool CabeEnRapida(const CajaRegistradoraFull& v);
 
-// Puts the sale on a register that has just been opened: the same articles, quantities and prices, so the same total. An
-// empty sale brings its customer only.
+// Puts the sale on a register that has just been opened: the same articles, quantities and prices, so the same total.
+// An empty sale brings its customer only.
 void RecibirVenta(CajaRegistradora& v, const VentaEnCurso& venta);
 void RecibirVenta(const Puesto& p, CajaRegistradoraFull& v, const VentaEnCurso& venta);

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
+#include "documento/importe_tecleado.h"
 #include "foundation/puesto.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
-#include "sale/importe_tecleado.h"
-#include "sale/tipo_venta.h"
+#include "sale/caja_full_tipos.h"
 
 namespace {
 
@@ -32,10 +32,8 @@ void cuadrar(CajaVoucher& v) {
 
 void AbrirVoucher(Puesto& p, const PedidoVoucher& pedido, CajaVoucher& v) {
   v = {};
-  p.ses.poVoucher.clear();
-  p.ses.pbVoucher = false;
   Recordset rs;
-  if (p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("select cod_tar,descrip from tipo_tarjeta"), rs)) {
+  if (p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, u"select cod_tar,descrip from tipo_tarjeta"_sql, rs)) {
     for (const auto& r : rs) v.emisores.push_back({LimpiarNulo(r[u"cod_tar"]), LimpiarNulo(r[u"descrip"])});
   }
   const bool adelanto = pedido.nTipoVenta == TipoVenta::PADV;
@@ -81,7 +79,7 @@ void RecalculaVueltoVoucher(CajaVoucher& v) {
   if (!v.pagos.empty()) v.txtVueltoSoles = Formatear(qMax(-falta(v), 0.0), kImporte);
 }
 
-std::optional<EfectivoVoucher> AceptarVoucher(Puesto& p, const CajaVoucher& v) {
+std::optional<CobroTarjetas> AceptarVoucher(Puesto& p, const CajaVoucher& v) {
   if (LeerImporte(v.txtEfectivoSoles) < 0) {
     p.mensajes.mostrar(QStringLiteral("Error el importe en voucher es mayor al importe de Venta"));
     return {};
@@ -90,8 +88,7 @@ std::optional<EfectivoVoucher> AceptarVoucher(Puesto& p, const CajaVoucher& v) {
     p.mensajes.mostrar(QStringLiteral("Debe seleccionar por lo menos una tarjeta"));
     return {};
   }
-  p.ses.poVoucher.clear();
-  for (const auto& f : v.pagos) p.ses.poVoucher.push_back({f.cod_tar, f.descrip, LeerImporte(f.Pago)});
-  p.ses.pbVoucher = true;
-  return EfectivoVoucher{v.txtEfectivoSoles, v.txtVueltoSoles};
+  CobroTarjetas cobro{{}, v.txtEfectivoSoles, v.txtVueltoSoles};
+  for (const auto& f : v.pagos) cobro.pagos.push_back({f.cod_tar, f.descrip, LeerImporte(f.Pago)});
+  return cobro;
 }

@@ -1,6 +1,6 @@
 #pragma once
-// The voucher screen's fields and what computes on them: the cards that pay a sale, and its cash part. Amounts are texts
-// in soles with mask "0.00".
+// The voucher screen's fields and what computes on them: the cards that pay a sale, and its cash part. Amounts are
+// texts in soles with mask "0.00".
 #include <QString>
 #include <optional>
 #include <vector>
@@ -19,13 +19,13 @@ struct FilaVoucher {
 };
 
 struct CajaVoucher {
-  std::vector<EmisorTarjeta> emisores;  // poVoucherTotal
-  std::vector<FilaVoucher> pagos;       // poVoucher, until the screen is confirmed
+  std::vector<EmisorTarjeta> emisores;
+  std::vector<FilaVoucher> pagos;
   QString txtEfectivoSoles, txtVueltoSoles, txtSoles, txtDolares;
 };
 
 // Fills the issuers and starts the sale as all cash; of a PADV the amount comes from its own field and none of it is
-// cash. Drops the session's voucher and clears pbVoucher. Without the issuers the list stays empty; the box was shown.
+// cash. Without the issuers the list stays empty; the box was shown.
 void AbrirVoucher(Puesto& p, const PedidoVoucher& pedido, CajaVoucher& v);
 
 // Adds the issuer with what the cards so far leave to pay; the cash becomes 0.00. False, after a box, while a row has
@@ -42,6 +42,6 @@ void QuitarTarjeta(CajaVoucher& v, int fila);
 // The cashier leaves txtEfectivoSoles: the change is what the cards give too much, whatever the cash.
 void RecalculaVueltoVoucher(CajaVoucher& v);
 
-// Keeps the cards in poVoucher, sets pbVoucher and gives the cash part. Nothing, after a box, when the cash is negative
+// The cards and the cash part. Nothing, after a box, when the cash is negative
 // or no card was chosen.
-std::optional<EfectivoVoucher> AceptarVoucher(Puesto& p, const CajaVoucher& v);
+std::optional<CobroTarjetas> AceptarVoucher(Puesto& p, const CajaVoucher& v);

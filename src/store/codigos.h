@@ -4,6 +4,8 @@
 #include <array>
 #include <initializer_list>
 
+#include "platform/sql/sentencia.h"
+
 // The kind of a row, cOperTipo. A void keeps the kind of what it voids.
 enum class TipoOperacion {
   Ninguno = 0,
@@ -36,5 +38,5 @@ constexpr int Codigo(TipoOperacion tipo) { return static_cast<int>(tipo); }
 QString Codigo(TipoDocumento tipo);
 
 // The inside of an IN (...): "22, 23", "'10', '14'".
-QString Codigos(std::initializer_list<TipoOperacion> tipos);
-QString Codigos(std::initializer_list<TipoDocumento> tipos);
+Sql Codigos(std::initializer_list<TipoOperacion> tipos);
+Sql Codigos(std::initializer_list<TipoDocumento> tipos);

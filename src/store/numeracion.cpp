@@ -58,7 +58,7 @@ qint64 maximoCentral(Puesto& p) {
       p, central,
       QStringLiteral("select isnull(max(cast(NroDoc as int)),0) as maximo from venta01  WHERE cCodCaja='") +
           p.ses.psCaja + QStringLiteral("' AND TipoDoc in (") +
-          Codigos({TipoDocumento::Factura, TipoDocumento::Boleta}) + QStringLiteral(")"),
+          Codigos({TipoDocumento::Factura, TipoDocumento::Boleta}).texto(Dialecto::Jet) + QStringLiteral(")"),
       u"maximo", maximo);
   p.poDBAdmin.CerrarBD(central);
   return bien ? maximo : 0;
@@ -226,7 +226,7 @@ bool VerificarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& lo
   qint64 maximo = 0;
   const QString sql =
       fiscal ? QStringLiteral("SELECT MAX(cDocCodigo) AS maximo FROM Operacion WHERE cDocTipo IN (%1)")
-                   .arg(Codigos({TipoDocumento::Factura, TipoDocumento::Boleta}))
+                   .arg(Codigos({TipoDocumento::Factura, TipoDocumento::Boleta}).texto(Dialecto::Jet))
              : QStringLiteral("SELECT MAX(cDocCodigo) AS maximo FROM OperacionParalela WHERE cDocTipo = '%1'")
                    .arg(Codigo(tipo));
   if (!consultarCifra(p, p.poCnnLocal, sql, u"maximo", maximo)) return false;

@@ -18,7 +18,7 @@ const QMap<QString, QStringList> kPuedeIncluir = {
     {"printing", {"store"}},
     {"documento", {"printing"}},
     {"loyalty", {"documento"}},
-    {"backoffice", {"documento"}},
+    {"backoffice", {"store"}},
     {"sale", {"documento", "loyalty"}},
     {"voiding", {"documento", "loyalty"}},
     {"credit", {"documento", "loyalty"}},

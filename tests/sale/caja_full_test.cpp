@@ -4,10 +4,9 @@
 
 #include "apoyo/casos.h"
 #include "apoyo/golden.h"
-#include "sale/autorizar.h"
-#include "sale/caja_lineas.h"
-#include "sale/caja_totales.h"
+#include "sale/caja_full_totales.h"
 #include "sale/pantallas_guion.h"
+#include "sale/supervisor.h"
 
 namespace {
 
@@ -41,23 +40,20 @@ TEST_F(CajaFull, InicioGivesACleanSale) {
   Inicio(p, v);
   ASSERT_TRUE(SalirCelda(p, v, 0, kCod, q("1")));
   v.txtRUC = q("20100070970");
-  v.txtsupervisor = v.txtGlosa = v.txtTX = v.txtTotalNC = q("x");
-  v.bAcceso = v.localVisible = v.efectivoTecleado = p.ses.pbVoucher = true;
+  v.txtGlosa = v.txtTX = v.txtTotalNC = q("x");
+  v.localVisible = v.efectivoTecleado = true;
   v.lvwTX[0].resize(2);
-  p.ses.poVoucher.push_back({q("1"), q("VISA"), 5});
-  p.ses.poVoucherTotal = 5;
   ASSERT_EQ(ResultadoTarjeta::Hallada, busca("5"));
 
   Inicio(p, v);
-  const QStringList vacios{v.txtRUC,   v.txtTarjeta, v.txtNombres, v.txtLocal, v.txtsupervisor,
-                           v.txtGlosa, v.txtTX,      v.txtTotalNC, v.txtSoles, v.txtDolares};
+  const QStringList vacios{v.txtRUC, v.txtTarjeta, v.txtNombres, v.txtLocal,  v.txtGlosa,
+                           v.txtTX,  v.txtTotalNC, v.txtSoles,   v.txtDolares};
   EXPECT_EQ(QString(), vacios.join(QString()));
   EXPECT_EQ(q("0.00"), v.txtEfectivoSoles);
   EXPECT_EQ(0, v.nIdLocal);
-  EXPECT_FALSE(v.bAcceso || v.localVisible || v.efectivoTecleado || p.ses.pbVoucher);
-  EXPECT_TRUE(VentaVacia(v));
-  EXPECT_TRUE(v.lvwTX[0].empty() && p.ses.poVoucher.empty());
-  EXPECT_EQ(0, p.ses.poVoucherTotal);
+  EXPECT_FALSE(v.localVisible || v.efectivoTecleado);
+  EXPECT_TRUE(SinLineas(v.rejilla));
+  EXPECT_TRUE(v.lvwTX[0].empty());
   EXPECT_EQ(q("CAJERO 00001 01 3.00 24/11/2026 0"),
             (QStringList{v.txtCajero, v.txtCaja, v.txtTurno, v.txtTC, v.lblFecha, v.txtPADEDolares}.join(u' ')));
   EXPECT_EQ(9u, v.tipos.size());
@@ -69,15 +65,12 @@ TEST_F(CajaFull, InicioKeepsLinesThatWereJustLoaded) {
   ASSERT_TRUE(SalirCelda(p, v, 0, kCod, q("1")));
   v.txtRUC = q("20100070970");
   v.txtNombres = q("ANA");
-  v.txtsupervisor = q("JEFE");
-  v.bConservarLineas = true;
-  Inicio(p, v);
-  EXPECT_EQ(q("000001"), v.lineas[0][kCod]);
+  Inicio(p, v, true);
+  EXPECT_EQ(q("000001"), v.rejilla.filas[0][kCod]);
   EXPECT_EQ(q("10.00"), v.txtSoles);
   EXPECT_EQ(q("20100070970ANA"), v.txtRUC + v.txtNombres);
-  EXPECT_EQ(QString(), v.txtsupervisor);
   CancelarVenta(p, v);
-  EXPECT_TRUE(VentaVacia(v));
+  EXPECT_TRUE(SinLineas(v.rejilla));
 }
 
 TEST_F(CajaFull, ThePointsRuleAndItsCopy) {
@@ -165,10 +158,10 @@ TEST_F(CajaFull, EveryCheckBeforeTheCommit) {
   for (const auto& c : leerCasos("sale/validacion")) {
     SCOPED_TRACE(c.donde());
     Inicio(p, v);
-    v.bLiquidando = false;
+    v.liquidacion.reset();
     ASSERT_TRUE(SalirCelda(p, v, 0, kCod, q("1")));
-    v.bLiquidando = c.si("liquidando");
-    if (c.si("vacia")) AgregarFila(v);
+    if (c.si("liquidando")) v.liquidacion.emplace();
+    if (c.si("vacia")) AgregarFila(v.rejilla);
     if (!c.falta("pestana")) v.pestana = c.entero("pestana");
     for (const auto& [columna, campo] : {std::pair("vueltoS", &V::txtVueltoSoles),
                                          {"vueltoUS", &V::txtVueltoDolares},
@@ -189,9 +182,10 @@ TEST_F(CajaFull, AnEmptyGridGetsItsDefaultsAndAPriceOfZeroMaySell) {
   Inicio(p, v);
   p.persona().espera(q("Debe registrar un artìculo."));
   ASSERT_TRUE(ValidaVenta(p, v, pantallas));
-  EXPECT_EQ(q("1|1.00|0.00|0.00|0"), (QStringList{v.lineas[0][kItem], v.lineas[0][kCant], v.lineas[0][kPrecio],
-                                                  v.lineas[0][kSubTotal], v.lineas[0][kPorc]}
-                                          .join(u'|')));
+  EXPECT_EQ(q("1|1.00|0.00|0.00|0"),
+            (QStringList{v.rejilla.filas[0][kItem], v.rejilla.filas[0][kCant], v.rejilla.filas[0][kPrecio],
+                         v.rejilla.filas[0][kSubTotal], v.rejilla.filas[0][kPorc]}
+                 .join(u'|')));
   ASSERT_TRUE(SalirCelda(p, v, 0, kCod, q("1")) && SalirCelda(p, v, 0, kPrecio, q("0")));
   EXPECT_FALSE(ValidaVenta(p, v, pantallas));
 }
@@ -204,13 +198,13 @@ TEST_F(CajaFull, AChangeOfKind) {
   v.efectivoTecleado = true;
   v.txtTX = v.txtGlosa = v.txtPADE = q("x");
   for (const auto& t : tiposDeVenta()) {
-    SCOPED_TRACE(qPrintable(t.entrada));
+    SCOPED_TRACE(qPrintable(t.entrada.toString()));
     pantallas.faltan.clear();
     pantallas.abiertas.clear();
     const bool abre = t.tipo == TipoVenta::Anular ||
                       t.tipo == TipoVenta::Recaudacion;  // opens a screen and goes back to the first entry
     CambiarTipo(p, v, pantallas, t.tipo);
-    EXPECT_EQ(abre ? QStringList{t.tipo == TipoVenta::Anular ? t.entrada : q("retiro")} : QStringList{},
+    EXPECT_EQ(abre ? QStringList{t.tipo == TipoVenta::Anular ? t.entrada.toString() : q("retiro")} : QStringList{},
               pantallas.faltan + pantallas.abiertas);
     EXPECT_EQ(abre ? TipoVenta::Efectivo : t.tipo, v.nTipoVenta);
     EXPECT_EQ(t.llevaLineas || abre ? q("10.00") : q("0.00"), v.txtSoles);
@@ -220,7 +214,7 @@ TEST_F(CajaFull, AChangeOfKind) {
     EXPECT_EQ(t.rucEditable || abre, !v.txtRUC.isEmpty());
     v.txtRUC = q("20100070970");
   }
-  EXPECT_EQ(q("000001"), v.lineas[0][kCod]) << "the lines stay";
+  EXPECT_EQ(q("000001"), v.rejilla.filas[0][kCod]) << "the lines stay";
   PonerTipo(v, TipoVenta::LIQPAD);
   EXPECT_EQ(2, v.pestana);
 }
@@ -230,7 +224,7 @@ TEST_F(CajaFull, TheDateHoldsTheDeskUp) {
   p.persona().espera(q("La fecha del sistema no puede ser posterior a al ultima operacion realizada...Verifique!!\n"
                        "El sistema se cerrara!!!"));
   try {
-    PulsarTecla(p, v, pantallas, 2);
+    PulsarBoton(p, v, pantallas, 2);
     ADD_FAILURE() << "the process goes on";
   } catch (const ProcesoTerminado& e) {
     EXPECT_EQ(1, e.estado);
@@ -248,17 +242,6 @@ TEST_F(CajaFull, WhoMayAuthorise) {
     const auto rechazo = RechazoAutorizacion(p, c["usuario"], c["clave"]);
     EXPECT_EQ(c["caja"].isEmpty(), !rechazo);
     EXPECT_EQ(c["foco"], rechazo.value_or(QString()));
-  }
-}
-
-TEST(Autorizar, WhatTheDialogLeavesBehind) {
-  for (const auto& c : leerCasos("sale/autorizacion")) {
-    SCOPED_TRACE(c.donde());
-    bool acceso = c.si("antes");
-    QString supervisor = c["tenia"];
-    CerrarAutorizacion(c.falta("nombre") ? std::nullopt : std::optional(c["nombre"]), acceso, supervisor);
-    EXPECT_EQ(c.si("acceso"), acceso);
-    EXPECT_EQ(c["queda"], supervisor);
   }
 }
 

@@ -1,10 +1,11 @@
-#include "sale/caja_lineas.h"
+#include "documento/lineas.h"
 
 #include <gtest/gtest.h>
 
 #include "apoyo/casos.h"
 #include "apoyo/golden.h"
 #include "sale/caja_full.h"
+#include "sale/caja_full_totales.h"
 
 namespace {
 
@@ -22,7 +23,7 @@ struct CajaLineas : testing::Test {
   bool sale(int columna, const char* texto, int fila = 0) { return sale(columna, q(texto), fila); }
   QString celdas(int fila = 0) const {
     QStringList t;
-    for (const auto& c : v.lineas[static_cast<size_t>(fila)]) t << c;
+    for (const auto& c : v.rejilla.filas[static_cast<size_t>(fila)]) t << c;
     return t.join(u'|');
   }
 };
@@ -33,12 +34,12 @@ TEST_F(CajaLineas, ACodeFillsTheRow) {
   EXPECT_EQ(q("4.50"), v.txtSoles);
   EXPECT_EQ(q("4.50"), v.txtEfectivoSoles);
   ASSERT_TRUE(sale(kCod, "17"));
-  EXPECT_EQ(q("PTOS"), v.lineas[0][kCanje]);
-  EXPECT_EQ(q("50"), v.lineas[0][kPtos]);
+  EXPECT_EQ(q("PTOS"), v.rejilla.filas[0][kCanje]);
+  EXPECT_EQ(q("50"), v.rejilla.filas[0][kPtos]);
   p.ejecuta(q("UPDATE Producto SET cFlagCanje = 0 WHERE cProdCode = 17"));
-  AgregarFila(v);
+  AgregarFila(v.rejilla);
   ASSERT_TRUE(sale(kCod, "17", 1));
-  EXPECT_EQ(q("VNTA"), v.lineas[1][kCanje]);
+  EXPECT_EQ(q("VNTA"), v.rejilla.filas[1][kCanje]);
 }
 
 TEST_F(CajaLineas, CodesAndCatalogueCodes) {
@@ -47,9 +48,9 @@ TEST_F(CajaLineas, CodesAndCatalogueCodes) {
     v = {};
     if (!c["caja"].isEmpty()) p.persona().espera(c["caja"]);
     EXPECT_EQ(c["caja"].isEmpty(), sale(kColumnas.value(c["columna"]), c["texto"]));
-    EXPECT_EQ(c["articulo"], v.lineas[0][kCod]);
+    EXPECT_EQ(c["articulo"], v.rejilla.filas[0][kCod]);
     if (c["articulo"].isEmpty()) {
-      EXPECT_EQ(FilaVenta{}, v.lineas[0]);
+      EXPECT_EQ(FilaVenta{}, v.rejilla.filas[0]);
     }
   }
 }
@@ -60,12 +61,12 @@ TEST_F(CajaLineas, AmountsThatACellTakes) {
     SCOPED_TRACE(c.donde());
     v = {};
     ASSERT_TRUE(sale(kCod, "1") && sale(kCant, "2") && sale(kPorc, "5"));
-    const FilaVenta antes = v.lineas[0];
+    const FilaVenta antes = v.rejilla.filas[0];
     if (!c["caja"].isEmpty()) p.persona().espera(c["caja"]);
     EXPECT_EQ(c.si("acepta"), sale(kColumnas.value(c["columna"]), c["texto"]));
-    EXPECT_EQ(c["queda"], v.lineas[0][static_cast<size_t>(kColumnas.value(c["columna"]))]);
+    EXPECT_EQ(c["queda"], v.rejilla.filas[0][static_cast<size_t>(kColumnas.value(c["columna"]))]);
     if (!c.si("acepta")) {
-      EXPECT_EQ(antes, v.lineas[0]);
+      EXPECT_EQ(antes, v.rejilla.filas[0]);
     }
   }
 }
@@ -77,54 +78,54 @@ TEST_F(CajaLineas, WhenAPercentageGoesBackToZero) {
     v = {};
     ASSERT_TRUE(sale(kCod, "1") && sale(kPrecio, c["precio"]) && sale(kPorc, "5"));
     EXPECT_TRUE(sale(kColumnas.value(c["columna"]), c["texto"]));
-    EXPECT_EQ(c["queda"], v.lineas[0][kPorc]);
+    EXPECT_EQ(c["queda"], v.rejilla.filas[0][kPorc]);
   }
 }
 
 TEST_F(CajaLineas, WhatTheCashierMayTypeInto) {
-  EXPECT_TRUE(CeldaEditable(p, v, 0, kCatalogo));
-  EXPECT_FALSE(CeldaEditable(p, v, 0, kCant)) << "no article yet";
+  EXPECT_TRUE(CeldaEditable(p, v.rejilla, 0, kCatalogo));
+  EXPECT_FALSE(CeldaEditable(p, v.rejilla, 0, kCant)) << "no article yet";
   EXPECT_FALSE(sale(kCant, "3"));
   ASSERT_TRUE(sale(kCod, "12"));
-  EXPECT_TRUE(CeldaEditable(p, v, 0, kPorc));
-  EXPECT_FALSE(CeldaEditable(p, v, 0, kDescripcion));
+  EXPECT_TRUE(CeldaEditable(p, v.rejilla, 0, kPorc));
+  EXPECT_FALSE(CeldaEditable(p, v.rejilla, 0, kDescripcion));
   p.ses.psDFlag = q("N");
   EXPECT_FALSE(sale(kPorc, "5"));
-  EXPECT_EQ(q("0.00"), v.lineas[0][kPorc]);
+  EXPECT_EQ(q("0.00"), v.rejilla.filas[0][kPorc]);
 }
 
 TEST_F(CajaLineas, RowsComeAndGo) {
-  EXPECT_EQ(0, AgregarFila(v)) << "an empty last row is used";
-  EXPECT_EQ(q("1"), v.lineas[0][kItem]);
+  EXPECT_EQ(0, AgregarFila(v.rejilla)) << "an empty last row is used";
+  EXPECT_EQ(q("1"), v.rejilla.filas[0][kItem]);
   ASSERT_TRUE(sale(kCod, "12"));
-  EXPECT_EQ(1, AgregarFila(v));
-  EXPECT_EQ(1, AgregarFila(v));
+  EXPECT_EQ(1, AgregarFila(v.rejilla));
+  EXPECT_EQ(1, AgregarFila(v.rejilla));
   ASSERT_TRUE(sale(kCod, "13", 1));
-  EXPECT_EQ(2, AgregarFila(v));
+  EXPECT_EQ(2, AgregarFila(v.rejilla));
   ASSERT_TRUE(sale(kCod, "14", 2));
   EXPECT_EQ(q("20.40"), v.txtSoles);
   EliminarFila(p, v, 0);
-  EXPECT_EQ(q("1"), v.lineas[0][kItem]);
-  EXPECT_EQ(q("2"), v.lineas[1][kItem]);
+  EXPECT_EQ(q("1"), v.rejilla.filas[0][kItem]);
+  EXPECT_EQ(q("2"), v.rejilla.filas[1][kItem]);
   EXPECT_EQ(q("15.90"), v.txtSoles);
   EliminarFila(p, v, 1);
   EliminarFila(p, v, 0);
   EliminarFila(p, v, 0);
-  EXPECT_EQ(std::vector<FilaVenta>{FilaVenta{}}, v.lineas);
+  EXPECT_EQ(std::vector<FilaVenta>{FilaVenta{}}, v.rejilla.filas);
   EXPECT_EQ(q("0.00"), v.txtSoles);
   EXPECT_EQ(q("0.00"), v.txtEfectivoSoles);
 }
 
 TEST_F(CajaLineas, AFailedQueryLeavesTheRow) {
   ASSERT_TRUE(sale(kCod, "12"));
-  const FilaVenta antes = v.lineas[0];
+  const FilaVenta antes = v.rejilla.filas[0];
   p.ejecuta(q("ALTER TABLE Producto RENAME TO Otro"));
   p.persona().espera(q(" - "));
   EXPECT_FALSE(sale(kCod, "13"));
   p.persona().espera(q(" - "));
   p.persona().espera(q("No se pudo seleccionar el artìculo"));
   EXPECT_FALSE(sale(kCatalogo, "CAF-010"));
-  EXPECT_EQ(antes, v.lineas[0]);
+  EXPECT_EQ(antes, v.rejilla.filas[0]);
 }
 
 }  // namespace

@@ -1,11 +1,10 @@
 // The kinds of sale beside a plain one, from the screen's fields to the rows: advance payments, notes, liquidations,
 // vouchers.
-#include "sale/caja_liquidacion.h"
+#include "sale/caja_full_liquidacion.h"
 #include "apoyo/casos.h"
 #include "apoyo/golden.h"
 
-#include "sale/caja_adelanto.h"
-#include "sale/caja_lineas.h"
+#include "sale/caja_full_adelanto.h"
 #include "venta_prueba.h"
 
 namespace {
@@ -67,17 +66,17 @@ TEST_F(Liquidacion, TheTwoListsAndTheirDifference) {
 TEST_F(Liquidacion, ADifferenceNeedsItsCash) {
   agrega(0, "9");
   p.persona().espera(q("No se puede registrar la operacion si el vuelto es negativo"));
-  PulsarTecla(p, v, pantallas, 2);
+  PulsarBoton(p, v, pantallas, 2);
   SalirEfectivoSoles(p, v);  // walking over the field counts nothing
   EXPECT_EQ(q("0.00"), v.txtEfectivoSoles);
   p.persona().espera(q("No se puede registrar la operacion si el vuelto es negativo"));
-  PulsarTecla(p, v, pantallas, 2);
+  PulsarBoton(p, v, pantallas, 2);
   EXPECT_EQ(q("0"), p.filas(q("SELECT COUNT(*) FROM OperacionParalela WHERE cOperTipo=24")));
 
   v.txtEfectivoSoles = q("10");
   v.efectivoTecleado = true;
   SalirEfectivoSoles(p, v);
-  PulsarTecla(p, v, pantallas, 2);
+  PulsarBoton(p, v, pantallas, 2);
   EXPECT_EQ(q("8|1|15\n9|2|15\n10|1|0\n11|2|15\n12|2|15\n13|1|10\n14|2|0\n15|2|0"),
             p.filas(q("SELECT cOperCode, cEstado, cOperCodeRela FROM OperacionParalela ORDER BY cOperCode")));
   EXPECT_EQ(q("15|24|0|6|2|10|4|"),
@@ -89,19 +88,20 @@ TEST_F(Liquidacion, ADifferenceNeedsItsCash) {
                 "cOperCodeAnula FROM Operacion")));
 
   // The sale document: the notes' lines at the list's prices, locked; only two kinds are left.
-  EXPECT_TRUE(v.bLiquidando);
-  ASSERT_EQ(2u, v.lineas.size());
+  EXPECT_TRUE(v.liquidacion);
+  ASSERT_EQ(2u, v.rejilla.filas.size());
   EXPECT_EQ(q("000101 3.00 10.00 - 10.00 27.00 SI"),
-            (QStringList{v.lineas[0][kCod], v.lineas[0][kCant], v.lineas[0][kPrecio], v.lineas[0][kSigno],
-                         v.lineas[0][kPorc], v.lineas[0][kSubTotal], v.lineas[0][kConServ]}
+            (QStringList{v.rejilla.filas[0][kCod], v.rejilla.filas[0][kCant], v.rejilla.filas[0][kPrecio],
+                         v.rejilla.filas[0][kSigno], v.rejilla.filas[0][kPorc], v.rejilla.filas[0][kSubTotal],
+                         v.rejilla.filas[0][kConServ]}
                  .join(u' ')));
-  EXPECT_FALSE(CeldaEditable(p, v, 0, kCant));
+  EXPECT_FALSE(CeldaEditable(p, v.rejilla, 0, kCant));
   EXPECT_EQ((std::vector<TipoVenta>{TipoVenta::Efectivo, TipoVenta::OC}), v.tipos);
   pantallas.supervisor = q("JEFE");
   v.txtRUC = q("2051234567");  // ten digits: the boleta goes out all the same
   p.persona().espera(q("Debe Emitir un documento de venta"), q("Sí"));
-  PulsarTecla(p, v, pantallas, 3);
-  EXPECT_FALSE(v.bLiquidando);
+  PulsarBoton(p, v, pantallas, 3);
+  EXPECT_FALSE(v.liquidacion);
   EXPECT_EQ(
       q("101|3|15|02\n102|3|15|02\n0|3|15|02"),
       p.filas(q(
@@ -113,14 +113,14 @@ TEST_F(Liquidacion, AnOrderMayCloseItAndALaterOneIsFree) {
   v.txtEfectivoSoles = q("9");
   v.efectivoTecleado = true;
   SalirEfectivoSoles(p, v);
-  PulsarTecla(p, v, pantallas, 2);
+  PulsarBoton(p, v, pantallas, 2);
   CambiarTipo(p, v, pantallas, TipoVenta::OC);
-  PulsarTecla(p, v, pantallas, 2);
-  v.lineas = {filaVenta(102, q("Cafe"), 4.5)};
+  PulsarBoton(p, v, pantallas, 2);
+  v.rejilla.filas = {filaVenta(102, q("Cafe"), 4.5)};
   v.txtNombres = q("D'Ana");
   v.txtGlosa = q("no queda");
   CambiarTipo(p, v, pantallas, TipoVenta::OC);
-  PulsarTecla(p, v, pantallas, 2);
+  PulsarBoton(p, v, pantallas, 2);
   EXPECT_EQ(
       q("16|15|\n17|0|D'Ana"),
       p.filas(
@@ -137,8 +137,8 @@ TEST_F(Liquidacion, NotesOfAClosedDayBringNoSaleDocument) {
   v.efectivoTecleado = true;
   v.txtEfectivoSoles = q("9");
   SalirEfectivoSoles(p, v);
-  PulsarTecla(p, v, pantallas, 2);
-  EXPECT_FALSE(v.bLiquidando);
+  PulsarBoton(p, v, pantallas, 2);
+  EXPECT_FALSE(v.liquidacion);
   EXPECT_EQ(q("2"), p.filas(q("SELECT cEstado FROM OperacionParalela WHERE cOperTipo=24")));
   EXPECT_EQ(9u, v.tipos.size());
 }
@@ -147,38 +147,38 @@ TEST_F(Liquidacion, PaidByCardsAndTheVoucherSaleBehindIt) {
   agrega(0, "9");
   EXPECT_EQ(q("6.00"), v.txtSoles);
   PulsarVoucher(p, v, pantallas);  // cancelled
-  EXPECT_FALSE(v.bVoucherListo);
-  pantallas.efectivoVoucher = EfectivoVoucher{q("2.00"), q("0.00")};
-  p.ses.poVoucher = {{q("001"), q("CRÉDITO"), 4}};
+  EXPECT_FALSE(v.cobro);
+  pantallas.cobro = CobroTarjetas{{}, q("2.00"), q("0.00")};
+  pantallas.cobro->pagos = {{q("001"), q("CRÉDITO"), 4}};
   v.lvwTX[1].clear();
   p.persona().espera(q("Debe seleccionar Nota de Consumo a Liquidar"));
   PulsarVoucher(p, v, pantallas);
   EXPECT_EQ(q("-6.00"), v.txtVueltoSoles) << "what the voucher screen wrote is gone";
-  EXPECT_TRUE(p.ses.poVoucher.empty() && !v.bVoucherListo);
+  EXPECT_FALSE(v.cobro);
 
   EliminarTX(p, v, 0, 0);
   agrega(0, "9");
-  p.ses.poVoucher = {{q("001"), q("CRÉDITO"), 4}};
+  pantallas.cobro->pagos = {{q("001"), q("CRÉDITO"), 4}};
   PulsarVoucher(p, v, pantallas);
   EXPECT_EQ(q("voucher 8 6.00"), pantallas.abiertas.back());
   EXPECT_EQ(q("0|1|2|0\n0|2|4|0"),
             p.filas(q("SELECT cProdCode, cOperTipo, nMontoSoles, nProdPrecUnit FROM Operacion ORDER BY cOperID")));
-  EXPECT_TRUE(v.bLiquidando && v.bVoucherListo);
+  EXPECT_TRUE(v.liquidacion && v.cobro);
   EXPECT_EQ(TipoVenta::Voucher, v.nTipoVenta);
   pantallas.supervisor = q("JEFE");
   p.persona().espera(q("Debe Emitir un documento de venta"), q("Sí"));
-  PulsarTecla(p, v, pantallas, 0);
+  PulsarBoton(p, v, pantallas, 0);
   EXPECT_EQ(
       q("101|3|,001|15\n102|3|,001|15"),
       p.filas(q(
           "SELECT cProdCode, cOperTipo, cEmisor, cOperCodeAnula FROM Operacion WHERE cDocTipo='02' ORDER BY cOperID")));
-  EXPECT_FALSE(v.bVoucherListo);
+  EXPECT_FALSE(v.cobro);
 }
 
 TEST_F(Liquidacion, ANoteDrawsOnItsAdvancePayment) {
   CambiarTipo(p, v, pantallas, TipoVenta::NC);
-  v.lineas = {filaVenta(102, q("Cafe"), 4.5)};
-  PulsarTecla(p, v, pantallas, 2);
+  v.rejilla.filas = {filaVenta(102, q("Cafe"), 4.5)};
+  PulsarBoton(p, v, pantallas, 2);
   EXPECT_EQ(QStringList{q("paralela 0")}, pantallas.abiertas) << "without one the list opens, and nothing more";
   EXPECT_TRUE(SalirAdelanto(p, v, q("000010")));
   EXPECT_EQ(q("10 10 US$ 20.00 fiesta"), (QStringList{v.txtPADE, v.txtTX, v.txtimportepago, v.txtGlosa1}.join(u' ')));
@@ -186,7 +186,7 @@ TEST_F(Liquidacion, ANoteDrawsOnItsAdvancePayment) {
   EXPECT_EQ(QString(), v.txtPADE + v.txtTX);
   pantallas.documento = DocumentoElegido{9, q("S/. 30.00"), q("fiesta")};
   BuscarAdelanto(v, pantallas);
-  PulsarTecla(p, v, pantallas, 2);
+  PulsarBoton(p, v, pantallas, 2);
   EXPECT_EQ(q("21|4.5|1|9"), p.filas(q("SELECT cOperTipo, nMontoSoles, cEstado, cOperCodeRela FROM OperacionParalela "
                                        "WHERE cOperCode=15")));
   EXPECT_EQ(QString(), p.filas(q("SELECT * FROM Operacion")));
@@ -201,7 +201,7 @@ TEST_F(Liquidacion, AmountsPaidInAdvance) {
     v.txtPADEDolares = c["dolares"];
     if (!c["caja"].isEmpty()) p.persona().espera(c["caja"]);
     const QString ultimo = p.filas(q("SELECT MAX(cOperCode) FROM OperacionParalela"));
-    const Foco foco = PulsarTecla(p, v, pantallas, 2).foco;
+    const Foco foco = PulsarBoton(p, v, pantallas, 2).foco;
     EXPECT_EQ(!c["fila"].isEmpty() ? q("txtTarjeta") : q("txtPagoAdelantado"), foco.control);
     EXPECT_EQ(c["fila"], p.filas(q("SELECT nMoneda, nMontoSoles, nMontoDolares, nEfectivoSoles, nEfectivoDolares FROM "
                                    "OperacionParalela WHERE cOperTipo=22 AND cOperCode>") +
@@ -210,12 +210,12 @@ TEST_F(Liquidacion, AmountsPaidInAdvance) {
 }
 
 TEST_F(Liquidacion, TwoEqualPadvInAMinuteAreOne) {
-  pantallas.efectivoVoucher = EfectivoVoucher{q("0.00"), q("0.00")};
+  pantallas.cobro = CobroTarjetas{{}, q("0.00"), q("0.00")};
   for (int n = 0; n < 3; ++n) {
     CambiarTipo(p, v, pantallas, TipoVenta::PADV);
     v.txtPagoAdelantado = q("50");
-    p.ses.poVoucher = {{q("001"), q("CRÉDITO"), 50}};
-    PulsarTecla(p, v, pantallas, 2);
+    pantallas.cobro->pagos = {{q("001"), q("CRÉDITO"), 50}};
+    PulsarBoton(p, v, pantallas, 2);
     if (n == 1) p.elReloj().ahora = p.elReloj().ahora.addSecs(60);
   }
   EXPECT_EQ(3, p.papeles().papel[q("LPT2")].count("TK NRO: PV1-"));
@@ -227,19 +227,19 @@ TEST_F(Liquidacion, TwoEqualPadvInAMinuteAreOne) {
 
 TEST_F(Liquidacion, AVoucherSaleAsksForItsCardsEachTime) {
   CambiarTipo(p, v, pantallas, TipoVenta::Voucher);
-  PulsarTecla(p, v, pantallas, 2);  // cancelled: no check, nothing done
-  pantallas.efectivoVoucher = EfectivoVoucher{q("4.50"), q("0.00")};
+  PulsarBoton(p, v, pantallas, 2);  // cancelled: no check, nothing done
+  pantallas.cobro = CobroTarjetas{{}, q("4.50"), q("0.00")};
   p.persona().espera(q("Debe registrar un artìculo."));
-  PulsarTecla(p, v, pantallas, 2);
-  EXPECT_FALSE(v.bVoucherListo);
-  v.lineas = {filaVenta(102, q("Cafe"), 4.5, 2)};
+  PulsarBoton(p, v, pantallas, 2);
+  EXPECT_FALSE(v.cobro);
+  v.rejilla.filas = {filaVenta(102, q("Cafe"), 4.5, 2)};
   SumarLineas(p, v);
-  p.ses.poVoucher = {{q("001"), q("CRÉDITO"), 4.5}};
-  PulsarTecla(p, v, pantallas, 2);
+  pantallas.cobro->pagos = {{q("001"), q("CRÉDITO"), 4.5}};
+  PulsarBoton(p, v, pantallas, 2);
   EXPECT_EQ(3, pantallas.abiertas.size());
   EXPECT_EQ(q("102|2|0|,001\n0|1|4.5|,001"),
             p.filas(q("SELECT cProdCode, cOperTipo, nMontoSoles, cEmisor FROM Operacion ORDER BY cOperID")));
-  EXPECT_TRUE(VentaVacia(v));
+  EXPECT_TRUE(SinLineas(v.rejilla));
 }
 
 }  // namespace

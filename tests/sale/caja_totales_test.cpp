@@ -1,4 +1,4 @@
-#include "sale/caja_totales.h"
+#include "sale/caja_full_totales.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
@@ -29,11 +29,11 @@ TEST(CajaTotales, OneLine) {
   for (const auto& c : leerCasos("sale/linea")) {
     SCOPED_TRACE(c.donde());
     CajaRegistradoraFull v;
-    v.lineas = {linea(c["precio"], c["cant"], c["signo"], c["porc"], c["servicio"])};
+    v.rejilla.filas = {linea(c["precio"], c["cant"], c["signo"], c["porc"], c["servicio"])};
     CalculaTotales(p, v);
-    EXPECT_EQ(c["sub"], v.lineas[0][kSubTotal]);
-    EXPECT_EQ(c["serv"], v.lineas[0][kServ]);
-    EXPECT_EQ(c["igv"], v.lineas[0][kIgv]);
+    EXPECT_EQ(c["sub"], v.rejilla.filas[0][kSubTotal]);
+    EXPECT_EQ(c["serv"], v.rejilla.filas[0][kServ]);
+    EXPECT_EQ(c["igv"], v.rejilla.filas[0][kIgv]);
     EXPECT_EQ(c["sub"], v.txtSoles);
   }
 }
@@ -42,12 +42,12 @@ TEST(CajaTotales, SumsUnroundedLinesAndSkipsUnreadableOnes) {
   PuestoPrueba p;
   CajaRegistradoraFull v;
   const FilaVenta tercio = linea(q("0.33"), q("1.00"), q("-"), q("50.00"), q("NO"));  // 0.165, shown as 0.17
-  v.lineas = {tercio, tercio, linea(q("x"), q("1.00"), q("-"), q("0.00"), q("NO")), FilaVenta{}};
+  v.rejilla.filas = {tercio, tercio, linea(q("x"), q("1.00"), q("-"), q("0.00"), q("NO")), FilaVenta{}};
   CalculaTotales(p, v);
-  EXPECT_EQ(q("0.17"), v.lineas[0][kSubTotal]);
+  EXPECT_EQ(q("0.17"), v.rejilla.filas[0][kSubTotal]);
   EXPECT_EQ(q("0.33"), v.txtSoles);
   EXPECT_EQ(q("0.11"), v.txtDolares);
-  EXPECT_EQ(FilaVenta{}, v.lineas[3]) << "an empty row stays empty";
+  EXPECT_EQ(FilaVenta{}, v.rejilla.filas[3]) << "an empty row stays empty";
 
   p.ses.pnTipoCambio = 0;
   CalculaTotales(p, v);
@@ -92,7 +92,7 @@ TEST(CajaPago, TheCashPanel) {
 TEST(CajaPago, ANewTotalAsksTheFullAmountAgain) {
   PuestoPrueba p;
   CajaRegistradoraFull v;
-  v.lineas = {linea(q("30.00"), q("1.00"), q("-"), q("0.00"), q("NO"))};
+  v.rejilla.filas = {linea(q("30.00"), q("1.00"), q("-"), q("0.00"), q("NO"))};
   CalculaTotales(p, v);
   v.txtEfectivoSoles = q("50");
   v.efectivoTecleado = true;
@@ -100,7 +100,7 @@ TEST(CajaPago, ANewTotalAsksTheFullAmountAgain) {
   EXPECT_EQ(q("20.00"), v.txtVueltoSoles);
   CalculaTotales(p, v);
   EXPECT_EQ(q("50.00"), v.txtEfectivoSoles) << "the same total leaves what was typed";
-  v.lineas.push_back(v.lineas[0]);
+  v.rejilla.filas.push_back(v.rejilla.filas[0]);
   CalculaTotales(p, v);
   EXPECT_EQ(q("60.00"), v.txtEfectivoSoles);
   EXPECT_EQ(q("0.00"), v.txtVueltoSoles);
@@ -144,19 +144,19 @@ TEST(CajaTotales, TheTotalIsTheSumOfTheUnroundedLines) {
   PuestoPrueba p;
   EXPECT_TRUE(rc::check("lines add up to the total", [&p] {
     CajaRegistradoraFull v;
-    v.lineas.clear();
+    v.rejilla.filas.clear();
     double suma = 0;
     const int n = *rc::gen::inRange(1, 20);
     for (int i = 0; i < n; ++i) {
       const int precio = *centimos(100000), cant = *rc::gen::inRange(1, 100), porc = *centimos(10001);
       const bool recargo = *rc::gen::arbitrary<bool>();
-      v.lineas.push_back(
+      v.rejilla.filas.push_back(
           linea(importe(precio), importe(cant * 100), recargo ? q("+") : q("-"), importe(porc), q("SI")));
       suma += precio / 100.0 * cant * (1 + (recargo ? 1 : -1) * porc / 10000.0);
     }
     CalculaTotales(p, v);
     RC_ASSERT(std::fabs(suma - LeerImporte(v.txtSoles)) < 0.0051);
-    for (const auto& f : v.lineas) {
+    for (const auto& f : v.rejilla.filas) {
       const double neto = LeerImporte(f[kSubTotal]) / 1.28;
       RC_ASSERT(std::fabs(neto * 0.18 - LeerImporte(f[kIgv])) < 0.0111);
       RC_ASSERT(std::fabs(neto * 0.10 - LeerImporte(f[kServ])) < 0.0111);

@@ -3,7 +3,7 @@
 
 #include "apoyo/golden.h"
 #include "apoyo/otro_puesto.h"
-#include "sale/caja_liquidacion.h"
+#include "sale/caja_full_liquidacion.h"
 #include "venta_prueba.h"
 
 namespace {
@@ -34,13 +34,12 @@ const EscenaFalla kEscenas[] = {
 
 void llenar(const EscenaFalla& e, Puesto& p, CajaRegistradoraFull& v) {
   PonerTipo(v, e.tipo);
-  if (pantallaDe(e.tipo).llevaLineas) v.lineas = dosLineas();
+  if (pantallaDe(e.tipo).llevaLineas) v.rejilla.filas = dosLineas();
   v.txtTX = q("9");
   v.txtPagoAdelantado = q(e.adelanto);
   if (e.tipo == TipoVenta::Voucher || e.tipo == TipoVenta::PADV) {
     CalculaTotales(p, v);
-    v.bVoucherListo = true;
-    p.ses.poVoucher = {{q("001"), q("CRÉDITO"), 32.5}};
+    v.cobro = CobroTarjetas{{{q("001"), q("CRÉDITO"), 32.5}}, {}, {}};
   }
   if (e.tipo == TipoVenta::LIQPAD) {
     v.txtTXL[0] = q("9");
@@ -90,7 +89,7 @@ TEST_P(Fallas, EachStatementOfTheCommitHasItsTurn) {
     CajaRegistradoraFull v;
     PantallasGuion pantallas;
     llenar(escena, p, v);
-    const auto lineas = v.lineas.size();
+    const auto lineas = v.rejilla.filas.size();
     plan.armar(n, falla);
     const bool hecha = GrabarVenta(p, v, pantallas);
     if (plan.van < n) break;
@@ -108,7 +107,7 @@ TEST_P(Fallas, EachStatementOfTheCommitHasItsTurn) {
       EXPECT_EQ(cuantas(antes, "idct + 1"), papel.count("TK NRO:"));
       EXPECT_TRUE(p.papeles().papel[q("LPT1")].startsWith(pulsoGaveta()));
       if (!trasLimpiar(cual)) {
-        EXPECT_EQ(lineas, v.lineas.size());  // the screen stays as it was
+        EXPECT_EQ(lineas, v.rejilla.filas.size());  // the screen stays as it was
         EXPECT_EQ(escena.tipo, v.nTipoVenta);
       }
     }

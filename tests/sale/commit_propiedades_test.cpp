@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
-#include "sale/caja_lineas.h"
 #include "venta_prueba.h"
 
 namespace {
@@ -37,7 +36,7 @@ RC_GTEST_PROP(Venta, PaperRowsAndScreenAgree, ()) {
   const TipoVenta tipo = *rc::gen::element(TipoVenta::Efectivo, TipoVenta::OC);
   PonerTipo(v, tipo);
   if (tipo == TipoVenta::Efectivo) v.txtRUC = q("20512345678");
-  v.lineas = lineasAlAzar();
+  v.rejilla.filas = lineasAlAzar();
   CalculaTotales(p, v);
   if (*rc::gen::arbitrary<bool>()) {
     v.txtEfectivoDolares = Formatear(*rc::gen::inRange(0, 200000) / 100.0, u"0.00");
@@ -57,7 +56,7 @@ RC_GTEST_PROP(Venta, PaperRowsAndScreenAgree, ()) {
   // What is stored is the text that was on the screen.
   const QString tabla = tipo == TipoVenta::OC ? q("OperacionParalelaProducto") : q("Operacion");
   QStringList esperadas;
-  for (const auto& f : antes.lineas) {
+  for (const auto& f : antes.rejilla.filas) {
     const double pct = LeerImporte(f[kPorc]);
     esperadas << TextoDe(LeerImporte(f[kCant])) + u'|' + TextoDe(LeerImporte(f[kPrecio])) + u'|' +
                      TextoDe(f[kSigno] == u"+" ? pct : 0 - pct);

@@ -16,14 +16,14 @@ struct Caja {
   PuestoDeVenta p;
   CajaRegistradoraFull v;
   PantallasGuion pantallas;
-  Caja() { v.lineas = {filaVenta(101, q("Cafe"), 10, 3)}; }
+  Caja() { v.rejilla.filas = {filaVenta(101, q("Cafe"), 10, 3)}; }
   void vender() { GrabarVenta(p, v, pantallas); }
   QByteArray papel() { return p.papeles().papel[q("LPT1")]; }
 };
 
 TEST(Commit, ASaleIsLinesAndATenderRow) {
   Caja c;
-  c.v.lineas.push_back(filaVenta(102, q("Torta"), 12.5, 1, 0, q("-"), true));
+  c.v.rejilla.filas.push_back(filaVenta(102, q("Torta"), 12.5, 1, 0, q("-"), true));
   c.v.txtTarjeta = q(" 4521 ");
   c.v.txtLocal = q("2");
   c.v.txtRUC = q("20512345678 ");
@@ -44,8 +44,8 @@ TEST(Commit, ASaleIsLinesAndATenderRow) {
   EXPECT_TRUE(c.papel().startsWith(pulsoGaveta() + "\x1B@\r\n"));
   EXPECT_EQ(q("Ticketera 000001"), c.p.ses.ultimoPapel);
   // The screen is ready for the next customer.
-  ASSERT_EQ(1u, c.v.lineas.size());
-  EXPECT_EQ(QString(), c.v.lineas[0][kCod] + c.v.txtTarjeta + c.v.txtRUC);
+  ASSERT_EQ(1u, c.v.rejilla.filas.size());
+  EXPECT_EQ(QString(), c.v.rejilla.filas[0][kCod] + c.v.txtTarjeta + c.v.txtRUC);
 }
 
 TEST(Commit, TheTenderRowByWhatWasTyped) {
@@ -65,19 +65,19 @@ TEST(Commit, TheTenderRowByWhatWasTyped) {
 
 TEST(Commit, APercentageNeedsItsSupervisor) {
   Caja c;
-  c.v.lineas = {filaVenta(101, q("Cafe"), 10, 3, 10), filaVenta(102, q("Torta"), 10, 1, 5, q("+")),
-                filaVenta(103, q("Agua"), 2)};
+  c.v.rejilla.filas = {filaVenta(101, q("Cafe"), 10, 3, 10), filaVenta(102, q("Torta"), 10, 1, 5, q("+")),
+                       filaVenta(103, q("Agua"), 2)};
   c.vender();  // refused
   EXPECT_EQ(QString(), c.p.filas(kFilas));
   EXPECT_EQ(QByteArray(), c.papel());
-  EXPECT_EQ(3u, c.v.lineas.size());
+  EXPECT_EQ(3u, c.v.rejilla.filas.size());
   c.pantallas.supervisor = q("O'Hara");
   c.vender();
   EXPECT_EQ(2, c.pantallas.pedidas);
   EXPECT_EQ(q("1|101|3|10|-10|0|0|0|0|1|O'Hara\n1|102|1|10|5|0|0|0|0|1|O'Hara\n1|103|1|2|0|0|0|0|0|1|\n"
               "1|0|1|0|0|0|39.5|0|0|1|Null"),
             c.p.filas(kFilas));
-  c.v.lineas = {filaVenta(103, q("Agua"), 2)};
+  c.v.rejilla.filas = {filaVenta(103, q("Agua"), 2)};
   c.vender();  // the next sale needs none
   EXPECT_EQ(2, c.pantallas.pedidas);
 }

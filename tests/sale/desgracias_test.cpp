@@ -16,7 +16,7 @@ QString q(const char* s) { return QString::fromUtf8(s); }
 void vender(PuestoDeVenta& p) {
   CajaRegistradoraFull v;
   PantallasGuion pantallas;
-  v.lineas = {filaVenta(101, q("Cafe"), 10, 3), filaVenta(102, q("Torta"), 12.5)};
+  v.rejilla.filas = {filaVenta(101, q("Cafe"), 10, 3), filaVenta(102, q("Torta"), 12.5)};
   GrabarVenta(p, v, pantallas);
 }
 

@@ -8,11 +8,11 @@
 #include "platform/sql/contiene.h"
 #include "platform/sql/funciones_sqlite.h"
 #include "platform/text/texto.h"
-#include "sale/busqueda.h"
+#include "sale/buscador.h"
 #include "sale/retiro.h"
-#include "sale/tipo_venta.h"
+#include "sale/caja_full_tipos.h"
 #include "sale/voucher.h"
-#include "sale/vuelto.h"
+#include "sale/pago_efectivo.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "apoyo/golden.h"
-#include "sale/caja_liquidacion.h"
+#include "sale/caja_full_liquidacion.h"
 #include "venta_prueba.h"
 
 namespace {
@@ -21,7 +21,7 @@ struct Escena {
   PantallasGuion pantallas;
   int cabeceras = 0;
 
-  Escena() { v.lineas.clear(); }
+  Escena() { v.rejilla.filas.clear(); }
 
   // False on a name that it doesn't know.
   bool aplicar(const QString& nombre, const QString& valor) {
@@ -35,18 +35,20 @@ struct Escena {
         {QStringLiteral("txtVueltoSoles"), &CajaRegistradoraFull::txtVueltoSoles},
         {QStringLiteral("txtPagoAdelantado"), &CajaRegistradoraFull::txtPagoAdelantado},
         {QStringLiteral("txtPADEDolares"), &CajaRegistradoraFull::txtPADEDolares},
-        {QStringLiteral("txtliqefectivosoles"), &CajaRegistradoraFull::txtliqefectivosoles},
     };
     if (const auto c = kCampos.find(nombre); c != kCampos.end()) {
       if (nombre.startsWith(u"txtEfectivo")) CalculaTotales(p, v);  // the total stands before cash is typed
       v.*(c->second) = valor;
       v.efectivoTecleado = v.efectivoTecleado || nombre == u"txtEfectivoSoles";
     } else if (nombre == u"linea") {
-      v.lineas.push_back(filaDe(valor));
+      v.rejilla.filas.push_back(filaDe(valor));
     } else if (nombre == u"cabecera") {
       p.ejecuta(QStringLiteral("INSERT INTO Cabecera_Impresion (cCabeLinea, sCabeDescripcion) VALUES (%1, '%2')")
                     .arg(++cabeceras)
                     .arg(valor));
+    } else if (nombre == u"txtliqefectivosoles") {  // the cash part of cards
+      if (!v.cobro) v.cobro.emplace();
+      v.cobro->txtEfectivoSoles = valor;
     } else if (nombre == u"supervisor") {
       pantallas.supervisor = valor;
     } else {
@@ -64,8 +66,8 @@ struct Escena {
       }
     } else if (nombre == u"voucher") {
       CalculaTotales(p, v);
-      v.bVoucherListo = true;
-      p.ses.poVoucher.push_back({c[0], c[1], Val(c[2])});
+      if (!v.cobro) v.cobro.emplace();
+      v.cobro->pagos.push_back({c[0], c[1], Val(c[2])});
     } else if (nombre == u"nota") {
       ponerNota(c);
     } else if (nombre == u"teclas") {
@@ -78,12 +80,7 @@ struct Escena {
       TotalesTX(p, v);
     } else if (nombre == u"liquidando") {
       CalculaTotales(p, v);
-      v.bLiquidando = true;
-      v.txtliqefectivosoles = c[0];
-      v.txtliqefectivodolares = c[1];
-      v.txtliqvueltosoles = c[2];
-      v.ttxliqvueltodolares = c[3];
-      v.txtliqpade = c[4];
+      v.liquidacion = {{{Val(c[0]), Val(c[1]), Val(c[2]), Val(c[3])}, Val(c[4])}, 0};
     } else {
       return false;
     }

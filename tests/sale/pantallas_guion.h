@@ -8,7 +8,7 @@
 class PantallasGuion : public PantallasVenta {
  public:
   std::optional<QString> supervisor;
-  std::optional<EfectivoVoucher> efectivoVoucher;
+  std::optional<CobroTarjetas> cobro;
   std::optional<EfectivoDocumento> efectivo;
   std::optional<QString> articulo;
   std::optional<TarjetaElegida> cliente;
@@ -22,9 +22,9 @@ class PantallasGuion : public PantallasVenta {
     ++pedidas;
     return supervisor;
   }
-  std::optional<EfectivoVoucher> voucher(const PedidoVoucher& pedido) override {
+  std::optional<CobroTarjetas> voucher(const PedidoVoucher& pedido) override {
     abiertas << QStringLiteral("voucher %1 %2").arg(static_cast<int>(pedido.nTipoVenta)).arg(pedido.txtSoles);
-    return efectivoVoucher;
+    return cobro;
   }
   std::optional<EfectivoDocumento> pagoEfectivo(double total) override {
     abiertas << QStringLiteral("efectivo %1").arg(total);

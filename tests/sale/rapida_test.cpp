@@ -6,7 +6,7 @@
 #include "apoyo/golden.h"
 #include "apoyo/motor_que_falla.h"
 #include "sale/caja_rapida.h"
-#include "sale/commit_rapida.h"
+#include "sale/caja_rapida_commit.h"
 #include "venta_prueba.h"
 
 namespace {
@@ -35,7 +35,7 @@ struct Rapida {
   PantallasGuion pantallas;
 
   explicit Rapida(const Envolver& envolver = {}) : p(envolver) { ejecutarArchivo(p, "sale/casos/teclado.sql"); }
-  TrasTeclaRapida pulsar(int indice) { return PulsarTeclaRapida(p, v, pantallas, indice); }
+  TrasTeclaRapida pulsar(int indice) { return PulsarBotonRapida(p, v, pantallas, indice); }
   // Three of the first and one of the second.
   void teclear() {
     v.lineas = {lineaRapida(101, q("Cafe"), 10, 3), lineaRapida(102, q("Torta"), 12.5, 1, true)};
@@ -220,13 +220,13 @@ TEST(Rapida, TheFullRegisterShowsTheSameTotal) {
     CajaRegistradoraFull full;
     RecibirVenta(p, full, LlevarVenta(v));
     RC_ASSERT(Formatear(v.nTotalVenta, u"0.00") == full.txtSoles);
-    RC_ASSERT(full.txtRUC == v.txtRuc && full.lineas.back()[kItem] == Formatear(n, u"000000"));
+    RC_ASSERT(full.txtRUC == v.txtRuc && full.rejilla.filas.back()[kItem] == Formatear(n, u"000000"));
     CajaRegistradora otra;
     RecibirVenta(otra, LlevarVenta(p, full));
     RC_ASSERT(otra.nTotalVenta == v.nTotalVenta && otra.lblTotal == v.lblTotal && otra.txtCantidad == v.txtCantidad);
   }));
   CajaRegistradoraFull conDescuento;
-  conDescuento.lineas = {filaVenta(101, q("Cafe"), 10, 1, 5)};
+  conDescuento.rejilla.filas = {filaVenta(101, q("Cafe"), 10, 1, 5)};
   EXPECT_FALSE(CabeEnRapida(conDescuento));
 }
 
