@@ -146,15 +146,15 @@ QString CorrelativoImpresion(Puesto& p, int impresora) {
   const QString prn = QString::number(impresora);
   Recordset rs;
   bool bien = p.poDBAdmin.EjecutarConsulta(
-      p.poCnnLocal, QStringLiteral("SELECT idct + 1 as cod, maxid FROM _tmp1 WHERE prn=") + prn, rs);
+      p.poCnnLocal, FormatearSQL(u"SELECT idct + 1 as cod, maxid FROM _tmp1 WHERE prn=$"_sql, {impresora}), rs);
   qint64 numero = 1;
   if (bien && !rs.Eof() && !rs[u"cod"].isNull()) {
     numero = AEntero(Numero(rs[u"cod"]));
     if (numero > AEntero(Numero(rs[u"maxid"]))) numero = 1;
   }
   const QString texto = QString::number(numero);
-  bien = bien && p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, QStringLiteral("UPDATE _tmp1 set idct=") + texto +
-                                                                 QStringLiteral(" WHERE prn=") + prn);
+  bien = bien && p.poDBAdmin.EjecutarSentencia(
+                     p.poCnnLocal, FormatearSQL(u"UPDATE _tmp1 set idct=$ WHERE prn=$"_sql, {numero, impresora}));
   const bool principal = impresora == kImpresoraPrincipal;
   p.ses.ultimoPapel = principal ? p.ses.kPAR_IMPRESORA : p.ses.kPAR_IMPRESORA_ALTERNA;
   if (!bien) {
@@ -168,8 +168,8 @@ QString CorrelativoImpresion(Puesto& p, int impresora) {
 
 QString LeerSerieImpresora(Puesto& p, int impresora) {
   Recordset rs;
-  if (p.poDBAdmin.EjecutarConsulta(
-          p.poCnnLocal, QStringLiteral("SELECT nsmr FROM _tmp1 WHERE prn=") + QString::number(impresora), rs) &&
+  if (p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, FormatearSQL(u"SELECT nsmr FROM _tmp1 WHERE prn=$"_sql, {impresora}),
+                                   rs) &&
       !rs.Eof()) {
     return LimpiarNulo(rs[u"nsmr"]);
   }
@@ -233,7 +233,7 @@ void ImprimirInforme(Puesto& p, const BloquesInforme& b, int impresora, const QS
 
 bool CargarCabeceraImpresion(Puesto& p) {
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral(" SELECT * FROM CABECERA_IMPRESION ORDER BY 1"), rs)) {
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, u" SELECT * FROM CABECERA_IMPRESION ORDER BY 1"_sql, rs)) {
     return false;
   }
   if (rs.RecordCount() > 0) p.ses.psCabeceraImpresion.clear();

@@ -4,6 +4,8 @@
 #include <array>
 #include <initializer_list>
 
+#include "platform/sql/sentencia.h"
+
 // The kind of a row, cOperTipo. A void keeps the kind of what it voids.
 enum class TipoOperacion {
   Ninguno = 0,
@@ -36,5 +38,8 @@ constexpr int Codigo(TipoOperacion tipo) { return static_cast<int>(tipo); }
 QString Codigo(TipoDocumento tipo);
 
 // The inside of an IN (...): "22, 23", "'10', '14'".
+Sql CodigosSql(std::initializer_list<TipoOperacion> tipos);
+Sql CodigosSql(std::initializer_list<TipoDocumento> tipos);
+// These two go away when no statement comes as a bare text any more.
 QString Codigos(std::initializer_list<TipoOperacion> tipos);
 QString Codigos(std::initializer_list<TipoDocumento> tipos);

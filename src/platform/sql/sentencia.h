@@ -71,17 +71,26 @@ struct Cifras {
   QString texto;
 };
 
+// A text that names a column or a table, such as the key of a setting: bare where it is a plain name. Any other is an
+// error to every database.
+struct NombreSql {
+  explicit NombreSql(const QString& texto) : texto(texto) {}
+  QString texto;
+};
+
 // What takes a place in a template.
 class Valor {
  public:
   Valor() = default;  // Null
   Valor(const Texto& texto);
   Valor(const Cifras& cifras);
+  Valor(const NombreSql& nombre);
   template <class T>
   requires(std::integral<T> || (std::is_enum_v<T> && std::is_convertible_v<T, int>)) Valor(T numero)
-      : Valor(deNumero(QString::number(static_cast<qint64>(numero)))) {}
+      : Valor(suelto(QString::number(static_cast<qint64>(numero)))) {}
   Valor(double numero);             // without a mask, as TextoDe
   Valor(const QDateTime& momento);  // a text, "dd/mm/yyyy hh:mm:ss"; Null for none
+  Valor(QDate dia);                 // a literal of the Jet dialect, #mm/dd/yyyy#
   Valor(const Sql& pieza);          // column names, conditions, other statements
   Valor(LiteralSql pieza) : Valor(Sql(pieza)) {}
   Valor(const QString&) = delete;  // say Texto or Cifras
@@ -92,7 +101,8 @@ class Valor {
  private:
   friend Sql FormatearSQL(const Sql& plantilla, const std::vector<Valor>& valores);
   enum class Clase { Nulo, Texto, Suelto };
-  static Valor deNumero(const QString& cifras);
+  static Valor suelto(const QString& texto);
+  static Valor desconocido(const QString& texto);
   void poner(Sql& sale, bool entreComillas) const;
 
   Clase clase_ = Clase::Nulo;
