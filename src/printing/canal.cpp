@@ -1,6 +1,7 @@
 #include "printing/canal.h"
 
 #include <QFile>
+#include <cerrno>
 
 #include "foundation/cfg_admin.h"
 #include "foundation/puesto.h"
@@ -104,14 +105,14 @@ std::optional<QString> enviarBloques(Puesto& p, const BloquesInforme& b, int sel
   const QString archivo = archivoDeEnvio(p, tronco);
   QFile copia(p.rutas.enTemp(tronco + u'_' + FormatearFecha(p.reloj.now(), u"ddmmyyyy") + QStringLiteral(".prn")));
   if (!copia.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
-    return noSePudoEscribir(copia.fileName(), copia.errorString());
+    return noSePudoEscribir(copia.fileName(), PalabrasDeError(errno, copia));
   }
   for (int n = 0; n <= ultimo; ++n) {
     const QString& bloque = b.bloques[static_cast<size_t>(n)];
     const QByteArray bytes = AUnByte((n == 0 ? enLinea(kReinicio) : QString()) + enLinea(bloque) +
                                      (n == ultimo ? avanceYCorte() : QString()));
     if (const auto e = EscribirBytes(archivo, bytes)) return noSePudoEscribir(archivo, *e);
-    if (copia.write(bytes) != bytes.size()) return noSePudoEscribir(copia.fileName(), copia.errorString());
+    if (copia.write(bytes) != bytes.size()) return noSePudoEscribir(copia.fileName(), PalabrasDeError(errno, copia));
     const Envio envio(p, selector, archivo);
     p.registro.RegistrarErrorLog(envio.rastro(p));
     if (const auto e = envio.enviar(p)) return e;
