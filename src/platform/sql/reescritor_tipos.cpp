@@ -20,17 +20,16 @@ Tipo Reescritor::comun(Tipo a, Tipo b) const {
   return esNumerico(a) && esNumerico(b) ? Tipo::Numero : Tipo::Desconocido;
 }
 
-// `sinLetras`: whose order among texts doesn't depend on the alphabet either.
-bool Reescritor::asciiLiteral(const Nodo& n, bool sinLetras) const {
+bool Reescritor::asciiLiteral(const Nodo& n) const {
   if (n.literal < 0) return false;
   for (const QChar c : tk(n.literal).texto) {
-    if (c.unicode() >= (sinLetras ? 0x40 : 0x80)) return false;
+    if (c.unicode() >= 0x80) return false;
   }
   return true;
 }
 
 void Reescritor::colacion(const Nodo& n) {
-  const QString c = QStringLiteral(" COLLATE TARVO");
+  const QString c = m_.colacion.toString();
   if (n.primario) e_.despues(n.fin - 1, c);
   else e_.envolver(n.ini, n.fin, QStringLiteral("("), QStringLiteral(")") + c);
 }
@@ -84,16 +83,26 @@ void Reescritor::comparar(Nodo& a, Nodo& b, bool orden) {
   if (puedeTexto && (a.tipo == Tipo::Texto || b.tipo == Tipo::Texto)) compararTextos(a, b, orden);
 }
 
-// NOCASE is what an index serves, and enough where no letter lies outside of its reach: beside a plain literal or
-// between two columns that hold codes. Anything else is compared by the collation that knows Ñ and accents, and so is
-// what stands before or behind a text with letters.
+// The engine's own comparison is what an index serves, and enough where no letter lies outside of its reach: beside a
+// plain literal or between two columns that hold codes. Anything else is compared by the collation that knows Ñ and
+// accents, and so is every order.
 void Reescritor::compararTextos(Nodo& a, Nodo& b, bool orden) {
   sinFinales(a);
   sinFinales(b);
-  const bool literalLlano = (a.columna && asciiLiteral(b, orden)) || (b.columna && asciiLiteral(a, orden));
-  const bool columnas = a.columna && b.columna && !orden;
+  const bool literalLlano = (a.columna && asciiLiteral(b)) || (b.columna && asciiLiteral(a));
   const bool sinCaso = (a.columna && a.sinCaso) || (!a.columna && b.sinCaso);  // the engine takes the left column's own
-  if (!sinCaso || !(literalLlano || columnas)) colacion(b);
+  if (!orden && sinCaso && (literalLlano || (esCodigo(a) && esCodigo(b)))) return;
+  colacion(b);
+  // Of several such terms between ORs the engine makes an IN, by the column's own comparison.
+  for (const Nodo* n : {&a, &b}) {
+    if (n->columna && !orden) e_.antes(n->ini, m_.suelta.toString());
+  }
+}
+
+// Columns that hold codes, which have no Ñ: by their names, c... and numbers that stand as texts, n...
+bool Reescritor::esCodigo(const Nodo& n) const {
+  const QChar inicial = n.nombre.isEmpty() ? QChar() : n.nombre[0].toLower();
+  return n.columna && n.sinCaso && (inicial == u'c' || inicial == u'n');
 }
 
 // To tell texts apart or to find the highest: NOCASE knows no Ñ. Codes, whose columns are named c..., have none, and an
@@ -163,6 +172,11 @@ Nodo Reescritor::sumar(Nodo a, int op, Nodo b) {
 // A value on its way into a column. A whole-number column takes none but whole numbers: Jet rounds, T-SQL cuts.
 void Reescritor::asignar(const Columna& destino, Nodo& n) {
   comoNumero(n);
+  // Blanks at the end of a text don't count in T-SQL: one that is stored has none, so that an index finds it.
+  if (!jet_ && destino.tipo == Tipo::Texto && n.tipo == Tipo::Texto && !n.columna) {
+    if (n.literal >= 0) sinFinales(n);
+    else e_.envolver(n.ini, n.fin, QStringLiteral("rtrim("));
+  }
   if (n.tipo == Tipo::Nulo || n.tipo == destino.tipo) return;
   if (esNumerico(destino.tipo)) fechaComoNumero(n);
   const bool textoLibre = n.literal < 0 && (n.tipo == Tipo::Texto || n.tipo == Tipo::Desconocido);
