@@ -90,3 +90,29 @@ int compararTextosSql(QString a, QString b, bool sinFinales) {
 bool pareceSql(QStringView texto, QStringView patron, Dialecto dialecto, QChar escape) {
   return Parecido(texto, patron, dialecto == Dialecto::Jet, escape).correr();
 }
+
+QStringList variantesDeCaso(const QString& texto) {
+  constexpr qsizetype kVariantes = 8;
+  QStringList v{texto};
+  for (qsizetype i = 0; i < texto.size(); ++i) {
+    const QChar c = texto[i], baja = c.toLower(), alta = c.toUpper();
+    if (c.unicode() < 0x80) continue;
+    if (c.isSurrogate() || c.toCaseFolded() != baja || baja.unicode() < 0x80) return {};
+    if (alta == baja) continue;
+    if (v.size() == kVariantes) return {};
+    const qsizetype n = v.size();
+    for (qsizetype k = 0; k < n; ++k) {
+      QString otra = v[k];
+      otra[i] = c == baja ? alta : baja;
+      v << otra;
+    }
+  }
+  return v;
+}
+
+QString inicioLlano(const QString& patron, Dialecto dialecto) {
+  const QStringView especiales = dialecto == Dialecto::Jet ? QStringView(u"%*_?#[") : QStringView(u"%_[");
+  qsizetype n = 0;
+  while (n < patron.size() && patron[n].unicode() < 0x80 && !especiales.contains(patron[n])) ++n;
+  return patron.left(n);
+}

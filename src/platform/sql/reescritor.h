@@ -151,6 +151,8 @@ class Reescritor {
   void colacion(const Nodo& n);
   bool asciiLiteral(const Nodo& n) const;
   bool esCodigo(const Nodo& n) const;
+  bool porVariantes(const Nodo& columna, const Nodo& literal);
+  QString tramoDePatron(const Nodo& columna, const Nodo& patron);
   const Columna* columna(const QString& alias, const QString& nombre) const;
 
   Ambito& ambito() { return ambitos_.back(); }

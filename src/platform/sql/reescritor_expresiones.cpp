@@ -165,15 +165,16 @@ Nodo Reescritor::predicado(Nodo izq, int op) {
     const Nodo patron = expresion(kUnir);
     if (patron.vacio()) return {izq.ini, p_, Tipo::Logico};
     if (izq.tipo == Tipo::Fecha) comoTexto(izq);
+    const QString tramo = negado || es(u"ESCAPE") ? QString() : tramoDePatron(izq, patron);
     if (es(u"ESCAPE")) {
       e_.reemplazar(p_, QStringLiteral(","));
       ++p_;
       expresion(kUnir);
     }
-    e_.antes(izq.ini, (negado ? m_.noParece : m_.parece).toString());
+    e_.antes(izq.ini, tramo + (negado ? m_.noParece : m_.parece).toString());
     if (negado) e_.borrar(op);
     e_.reemplazar(signo, QStringLiteral(","));
-    e_.despues(p_ - 1, negado ? QStringLiteral("))") : QStringLiteral(")"));
+    e_.despues(p_ - 1, negado || !tramo.isEmpty() ? QStringLiteral("))") : QStringLiteral(")"));
     n.primario = true;
   }
   n.fin = p_;

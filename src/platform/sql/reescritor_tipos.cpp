@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "platform/sql/comparacion.h"
 #include "platform/sql/reescritor.h"
 
 const Columna* Reescritor::columna(const QString& alias, const QString& nombre) const {
@@ -92,11 +93,46 @@ void Reescritor::compararTextos(Nodo& a, Nodo& b, bool orden) {
   const bool literalLlano = (a.columna && asciiLiteral(b)) || (b.columna && asciiLiteral(a));
   const bool sinCaso = (a.columna && a.sinCaso) || (!a.columna && b.sinCaso);  // the engine takes the left column's own
   if (!orden && sinCaso && (literalLlano || (esCodigo(a) && esCodigo(b)))) return;
+  if (!orden && porVariantes(a, b)) return;
   colacion(b);
   // Of several such terms between ORs the engine makes an IN, by the column's own comparison.
   for (const Nodo* n : {&a, &b}) {
     if (n->columna && !orden) e_.antes(n->ini, m_.suelta.toString());
   }
+}
+
+// An index serves a text with few letters beyond ASCII, too: as a list of all ways to write them. Gives false, and changes
+// nothing, where that is not so.
+bool Reescritor::porVariantes(const Nodo& columna, const Nodo& literal) {
+  const int op = columna.fin;
+  const bool igual = tk(op).op(u"=");
+  const bool seguidos = literal.literal == op + 1 && literal.ini == op + 1 && literal.fin == op + 2;
+  if (!columna.columna || !columna.sinCaso || !seguidos) return false;
+  if (!igual && !tk(op).op(u"<>") && !tk(op).op(u"!=")) return false;
+  Literal& l = *e_.literal(literal.literal);
+  QStringList lista;
+  for (const QString& v : variantesDeCaso(leerLiteral(tk(op + 1), l.lectura, e_.dialecto()).valor.toString())) {
+    lista << m_.literal(v);
+  }
+  if (lista.isEmpty()) return false;
+  e_.reemplazar(op, igual ? QStringLiteral(" IN ") : QStringLiteral(" NOT IN "));
+  e_.reemplazar(op + 1, u'(' + lista.join(u',') + u')');
+  l.ligado = false;
+  return true;
+}
+
+// A pattern that begins with plain letters lies between two texts, which an index finds: that condition, to stand before
+// the pattern's own; "" where there is none.
+QString Reescritor::tramoDePatron(const Nodo& columna, const Nodo& patron) {
+  if (!columna.columna || !columna.sinCaso || patron.literal < 0 || patron.fin != patron.ini + 1) return {};
+  Literal& l = *e_.literal(patron.literal);
+  const QString todo = leerLiteral(tk(patron.literal), l.lectura, e_.dialecto()).valor.toString();
+  const QString inicio = inicioLlano(todo, e_.dialecto());
+  if (inicio.isEmpty()) return {};
+  l.ligado = false;
+  const QString c = e_.trozo(columna.ini, columna.fin);
+  return QStringLiteral("(%1 >= %2 AND %1 < %3 AND ")
+      .arg(c, m_.literal(inicio), m_.literal(inicio + QString::fromUcs4(U"\U0010FFFF", 1)));
 }
 
 // Columns that hold codes, which have no Ñ: by their names, c... and numbers that stand as texts, n...

@@ -1010,3 +1010,30 @@ SELECT CAST('1' AS foo)
   error
 DROP TABLE x1
 DROP TABLE x2
+CREATE TABLE x3 (id int, sNom varchar(20) COLLATE NOCASE)
+CREATE INDEX x3_nom ON x3 (sNom)
+INSERT INTO x3 VALUES (1,'MUÑOZ')
+INSERT INTO x3 VALUES (2,'muñoz')
+INSERT INTO x3 VALUES (3,'Muñiz')
+INSERT INTO x3 VALUES (4,'Núñez')
+INSERT INTO x3 VALUES (5,'NÚÑEZ')
+INSERT INTO x3 VALUES (6,Null)
+SELECT id FROM x3 WHERE sNom = 'Muñoz' ORDER BY id
+  1/2
+SELECT id FROM x3 WHERE sNom = 'núñez' ORDER BY id
+  4/5
+SELECT id FROM x3 WHERE sNom <> 'NÚÑEZ' ORDER BY id
+  1/2/3
+SELECT id FROM x3 WHERE NOT sNom = 'muñoz' AND sNom = 'ñáéíóú' OR sNom = 'muñiz' ORDER BY id
+  3
+SELECT id FROM x3 WHERE sNom LIKE 'MU%' ORDER BY id
+  1/2/3
+SELECT id FROM x3 AS t WHERE t.sNom LIKE 'mu*z' AND t.sNom LIKE '*ñi*' ORDER BY id
+  3
+SELECT id FROM x3 WHERE sNom LIKE 'muñ%' OR sNom LIKE 'n?ñ%' ORDER BY id
+  1/2/3/4/5
+SELECT id FROM x3 WHERE sNom NOT LIKE 'mu%' ORDER BY id
+  4/5
+SELECT id FROM x3 WHERE sNom LIKE '%z' ORDER BY id
+  1/2/3/4/5
+DROP TABLE x3

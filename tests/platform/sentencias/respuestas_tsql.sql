@@ -461,3 +461,15 @@ exec dbo.nada 'x' /* sin fin
   error
 DROP TABLE x1
 DROP TABLE x2
+CREATE TABLE x3 (id int, sNom varchar(20) COLLATE NOCASE)
+CREATE INDEX x3_nom ON x3 (sNom)
+INSERT INTO x3 VALUES (1,'MUÑOZ  '),(2,'muñoz'),(3,'Muñiz'),(4,'Núñez'),(5,NULL),(6,'mu*z')
+SELECT id FROM x3 WHERE sNom = 'Muñoz ' ORDER BY id
+  1/2
+SELECT id FROM x3 WHERE sNom <> N'NÚÑEZ' ORDER BY id
+  1/2/3/6
+SELECT id FROM dbo.x3 t WHERE t.sNom LIKE 'mu*%' OR t.sNom LIKE N'núñ%' ORDER BY id
+  4/6
+SELECT id FROM x3 WHERE sNom LIKE 'mu!*z' ESCAPE '!' OR sNom LIKE 'm_ñ[a-n]z' ORDER BY id
+  3/6
+DROP TABLE x3
