@@ -5,8 +5,8 @@
 
 #include "platform/sql/token.h"
 
-// Less, equal or more: without regard to case, with regard to accents, in Spanish order. `sinFinales`: blanks at the end
-// don't count.
+// Less, equal or more: without regard to case, with regard to accents, in Spanish order. `sinFinales`: blanks at the
+// end don't count.
 int compararTextosSql(QString a, QString b, bool sinFinales);
 
 // All ways to write the text that differ in the case of letters beyond ASCII only, so that a comparison which knows the

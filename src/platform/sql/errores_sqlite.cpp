@@ -50,7 +50,7 @@ ErrorBD errorDe(sqlite3* base, int codigo) {
     return {kErrorSentencia, kNativoClaveDuplicada,
             QStringLiteral("Ya existe un registro con la misma clave: la operación duplicaría valores de un índice "
                            "único. (%1)")
-                .arg(motor.section(QStringLiteral(": "), 1))};
+                .arg(motor)};
   }
   if (deSentencia(primario)) return {kErrorSentencia, primario, motor};
   for (const Palabras& p : kPalabras) {

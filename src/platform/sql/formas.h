@@ -68,8 +68,8 @@ class Formas {
   QHash<QString, std::vector<int>> fijos_;
 };
 
-// What the connections to one database have learnt of it: they come and go, a sale opens five. It holds for one state of
-// the tables, which `esquema` numbers: the engine counts it up with every change of them.
+// What the connections to one database have learnt of it: they come and go, a sale opens five. It holds for one state
+// of the tables, which `esquema` numbers: the engine counts it up with every change of them.
 class MemoriaDeFormas {
  public:
   // What holds for that state; what was learnt in another one falls.

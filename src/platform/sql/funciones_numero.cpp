@@ -217,7 +217,8 @@ const EntradaFuncion kFunciones[] = {
     {"tp_int", 1, fInt},                 {"tp_fix", 1, fFix},                 {"tp_dividir", 2, fDividir},
     {"tp_val", 1, fVal},                 {"tp_isnull", 1, fIsNull},           {"tp_isnumeric", 1, fIsNumeric},
     {"tp_modulo", 2, fModulo},           {"tp_divisor", 1, fDivisor},         {"tp_resto", 2, fResto},
-    {"tp_potencia", 2, fPotencia},       {"tp_bool", 1, fBool},               {"tp_primero", 1, fExtremo<true>, finExtremo},
+    {"tp_potencia", 2, fPotencia},       {"tp_bool", 1, fBool},
+    {"tp_primero", 1, fExtremo<true>, finExtremo},
     {"tp_ultimo", 1, fExtremo<false>, finExtremo},
     {nullptr, 0, nullptr}};
 // clang-format on

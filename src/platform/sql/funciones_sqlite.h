@@ -21,8 +21,8 @@ struct EntornoFunciones {
   bool conColacion = false;
 };
 
-// Registers what `sentencia`, in the engine's language, names and was not registered before: a connection that lives for
-// one statement would spend more on all of them than on that. Gives back an engine's code, 0 when all are in place.
+// Registers what `sentencia`, in the engine's language, names and was not registered before: a connection that lives
+// for one statement would spend more on all of them than on that. Gives back an engine's code, 0 when all are in place.
 int registrarFunciones(sqlite3* base, EntornoFunciones& entorno, const QByteArray& sentencia);
 
 // The moment that a value stands for; a number counts days.

@@ -26,8 +26,8 @@ int ligarValor(sqlite3_stmt* s, int i, const QVariant& v);
 class MotorSqlite final : public Motor, public AccesoMotor {
  public:
   // Opens `archivo`, which must exist and be a SQLite database; nothing is written to one that isn't. Null on
-  // failure, with `error` filled. `memoria` is what other connections to the file have learnt under this dialect, and may
-  // be null.
+  // failure, with `error` filled. `memoria` is what other connections to the file have learnt under this dialect, and
+  // may be null.
   static std::unique_ptr<MotorSqlite> abrir(const QString& archivo, Dialecto dialecto, int espera_ms,
                                             const OpcionesMotores& opciones, std::shared_ptr<MemoriaDeFormas> memoria,
                                             ErrorBD& error);

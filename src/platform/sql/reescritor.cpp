@@ -84,7 +84,8 @@ void Reescritor::comunes() {
   } while (comeOp(u","));
 }
 
-// SET LANGUAGE Spanish and what else of a session means nothing here: a text of a date is read day first whatever it says.
+// SET LANGUAGE Spanish and what else of a session means nothing here: a text of a date is read day first whatever it
+// says.
 bool Reescritor::ajusteDeSesion() const {
   // clang-format off
   static const struct { QStringView ajuste; std::initializer_list<QStringView> valores; } kAjustes[] = {

@@ -43,8 +43,8 @@ void Reescritor::comoNumero(Nodo& n) {
   n.primario = false;
 }
 
-// The engine gives Null for a division by zero, the dialects an error. A number that stands there says what it is; it stays
-// in the statement, since one of the same shape may have a zero.
+// The engine gives Null for a division by zero, the dialects an error. A number that stands there says what it is; it
+// stays in the statement, since one of the same shape may have a zero.
 void Reescritor::divisor(const Nodo& n) {
   if (n.literal >= 0) e_.literal(n.literal)->ligado = false;
   if (n.literal >= 0 && leerNumero(contenido(tk(n.literal))).toDouble() != 0) return;
@@ -101,8 +101,8 @@ void Reescritor::compararTextos(Nodo& a, Nodo& b, bool orden) {
   }
 }
 
-// An index serves a text with few letters beyond ASCII, too: as a list of all ways to write them. Gives false, and changes
-// nothing, where that is not so.
+// An index serves a text with few letters beyond ASCII, too: as a list of all ways to write them. Gives false, and
+// changes nothing, where that is not so.
 bool Reescritor::porVariantes(const Nodo& columna, const Nodo& literal) {
   const int op = columna.fin;
   const bool igual = tk(op).op(u"=");
@@ -121,8 +121,8 @@ bool Reescritor::porVariantes(const Nodo& columna, const Nodo& literal) {
   return true;
 }
 
-// A pattern that begins with plain letters lies between two texts, which an index finds: that condition, to stand before
-// the pattern's own; "" where there is none.
+// A pattern that begins with plain letters lies between two texts, which an index finds: that condition, to stand
+// before the pattern's own; "" where there is none.
 QString Reescritor::tramoDePatron(const Nodo& columna, const Nodo& patron) {
   if (!columna.columna || !columna.sinCaso || patron.literal < 0 || patron.fin != patron.ini + 1) return {};
   Literal& l = *e_.literal(patron.literal);

@@ -1,6 +1,6 @@
 #pragma once
-// Statements and what may stand in them. A piece of SQL comes from the source text, from other pieces and from values; a
-// text comes in as a value only, by its own name, and is escaped for the database that the statement goes to:
+// Statements and what may stand in them. A piece of SQL comes from the source text, from other pieces and from values;
+// a text comes in as a value only, by its own name, and is escaped for the database that the statement goes to:
 //
 //   FormatearSQL(u"SELECT sProdDesc FROM Producto WHERE cProdCode = $ AND cAlmaCode = '$'"_sql, {3, Texto(almacen)})
 #include <QDateTime>
@@ -109,10 +109,10 @@ class Valor {
   Sql pieza_;  // of a text: without quotes of its own
 };
 
-// The statement made of `plantilla`: each "$" of its source texts takes the next value, trimmed of blanks. A text between
-// quotes stands as it is, any other place gives it quotes of its own. A Null takes the template's own wrapping away
-// ("'$'", "CONVERT(DATETIME,'$')") and stands as a bare Null. Numbers come without a mask, true as 1. Too few values break
-// the promise.
+// The statement made of `plantilla`: each "$" of its source texts takes the next value, trimmed of blanks. A text
+// between quotes stands as it is, any other place gives it quotes of its own. A Null takes the template's own wrapping
+// away ("'$'", "CONVERT(DATETIME,'$')") and stands as a bare Null. Numbers come without a mask, true as 1. Too few
+// values break the promise.
 Sql FormatearSQL(const Sql& plantilla, const std::vector<Valor>& valores);
 
 // A text safe to stand between single quotes of the Jet dialect: each quote becomes ' + Chr(39) + '.
