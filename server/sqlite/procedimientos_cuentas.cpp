@@ -1,5 +1,5 @@
 #include "entrada.h"
-#include "platform/sql/funciones_sqlite.h"
+#include "platform/sql/instante.h"
 #include "platform/text/fecha.h"
 
 namespace {

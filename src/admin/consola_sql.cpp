@@ -11,6 +11,7 @@
 #include "foundation/db_admin.h"
 #include "foundation/rutas.h"
 #include "platform/io/perfil.h"
+#include "platform/sql/cadena_conexion.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 
@@ -105,17 +106,17 @@ constexpr ClavesServidor kCentral{"INICIO", "UserName", "PassWord", "DataBase", 
 constexpr ClavesServidor kCliente{"SQLServer", "UserSQL", "PwdUserSQL", "BaseDatosSQL", "ServidorSQL"};
 
 QString cadenaDeServidor(Conexion& local, const QString& archivo, const ClavesServidor& claves) {
-  std::vector<QVariant> valores;
+  QStringList valores;
   for (const char* c : {claves.usuario, claves.clave, claves.catalogo, claves.servidor}) {
     const QString clave = QString::fromLatin1(c);
     Recordset rs;
     QString valor;
-    if (!local.consultar(QStringLiteral("SELECT %1 FROM CONFIGURACION").arg(clave), rs)) valor = LimpiarNulo(rs[0]);
+    if (!local.consultar(FormatearSQL(u"SELECT $ FROM CONFIGURACION"_sql, {NombreSql(clave)}), rs))
+      valor = LimpiarNulo(rs[0]);
     if (valor.isEmpty()) valor = LeerPerfil(archivo, QString::fromLatin1(claves.seccion), clave).value_or(QString());
-    valores.emplace_back(valor);
+    valores += valor;
   }
-  return FormatearSQL(QStringLiteral("Provider=SQLOLEDB.1;User ID=$;Password=$;Initial Catalog=$;Data Source=$"),
-                      valores);
+  return cadenaDeServidor(valores[0], valores[1], valores[2], valores[3]);
 }
 
 }  // namespace
@@ -162,7 +163,7 @@ QByteArray ResponderSentencia(Conexion& cnn, const QString& sql, bool traducir) 
   Recordset rs;
   qint64 afectadas = 0;
   const bool cambia = SoloCambia(sql);
-  const auto error = cambia ? cnn.ejecutar(sql, &afectadas) : cnn.consultar(sql, rs);
+  const auto error = cambia ? cnn.ejecutar(Sql::crudo(sql), &afectadas) : cnn.consultar(Sql::crudo(sql), rs);
   QString respuesta;
   if (error) {
     respuesta = QStringLiteral("\"error\":{\"numero\":%1,\"nativo\":%2,\"descripcion\":")

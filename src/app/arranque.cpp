@@ -44,8 +44,7 @@ void leerIGV(Puesto& p) {
   Conexion central;
   if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral)) return;
   Recordset rs;
-  if (p.poDBAdmin.EjecutarConsulta(central, QStringLiteral("select nmonto1 from parametro where cCodParam='IGV'"),
-                                   rs) &&
+  if (p.poDBAdmin.EjecutarConsulta(central, u"select nmonto1 from parametro where cCodParam='IGV'"_sql, rs) &&
       !rs.Eof()) {
     p.ses.pnIGV = Numero(rs[u"nmonto1"]) / 100;
     EscribirParametro(p, QStringLiteral("PARAMETROS"), QStringLiteral("nIGV"), p.ses.psArchivoCfg,
@@ -63,10 +62,9 @@ void probarClientes(Puesto& p, const PasosArranque& pasos) {
 // A closing that ended yesterday is over; one half done stays for the main window.
 void mirarCierre(Puesto& p) {
   Recordset rs;
-  const bool leido =
-      p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("select iCierreCaja from configuracion"), rs);
+  const bool leido = p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, u"select iCierreCaja from configuracion"_sql, rs);
   if (leido && !rs.Eof() && !rs[0].isNull() && Numero(rs[0]) != 6) return;
-  p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, QStringLiteral("update configuracion set iCierreCaja=0"), true);
+  p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, u"update configuracion set iCierreCaja=0"_sql, true);
 }
 
 void leerImpresorasYTurno(Puesto& p) {
@@ -74,8 +72,8 @@ void leerImpresorasYTurno(Puesto& p) {
   s.psTurno.clear();
   Recordset rs;
   if (p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                   QStringLiteral("SELECT sImpresora, sImpresoraAlterna, cCodiTurno, nFlagCortaPapel, "
-                                                  "nFlagCortaPapelALT FROM Configuracion"),
+                                   u"SELECT sImpresora, sImpresoraAlterna, cCodiTurno, nFlagCortaPapel, "
+                                   "nFlagCortaPapelALT FROM Configuracion"_sql,
                                    rs) &&
       rs.RecordCount() == 1) {
     s.kPAR_IMPRESORA = LimpiarNulo(rs[u"sImpresora"]);
@@ -121,10 +119,10 @@ void MostrarAlmacen(Puesto& p) {
     return;
   }
   Recordset rs;
-  if (p.poDBAdmin.EjecutarConsulta(central,
-                                   QStringLiteral(" SELECT cCodAlmac, vDscAlmac FROM Almacen where cCodAlmac='") +
-                                       p.ses.psAlmacen + QStringLiteral("'"),
-                                   rs)) {
+  if (p.poDBAdmin.EjecutarConsulta(
+          central,
+          FormatearSQL(u" SELECT cCodAlmac, vDscAlmac FROM Almacen where cCodAlmac='$'"_sql, {Texto(p.ses.psAlmacen)}),
+          rs)) {
     p.mensajes.mostrar(QStringLiteral("El almacen seteado por defecto para esta caja es: ") +
                        LimpiarNulo(rs[u"vDscAlmac"]));
   }

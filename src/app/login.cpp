@@ -20,13 +20,10 @@ Rechazo rechazoDe(const Recordset& rs, const QString& clave) {
 }
 
 void recordarUsuario(Puesto& p, const QString& nombre) {
-  p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, FormatearSQL(QStringLiteral("UPDATE Usuario SET cUserFlag = $"), {0}),
-                                true);
+  p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, FormatearSQL(u"UPDATE Usuario SET cUserFlag = $"_sql, {0}), true);
   p.poDBAdmin.EjecutarSentencia(
       p.poCnnLocal,
-      FormatearSQL(QStringLiteral("UPDATE Usuario SET cUserFlag = $ WHERE TRIM(sUserDesc) = '$'"),
-                   {1, ReemplazarComilla(nombre)}),
-      true);
+      FormatearSQL(u"UPDATE Usuario SET cUserFlag = $ WHERE TRIM(sUserDesc) = '$'"_sql, {1, Texto(nombre)}), true);
 }
 
 }  // namespace
@@ -34,8 +31,8 @@ void recordarUsuario(Puesto& p, const QString& nombre) {
 void CargarLogin(Puesto& p, Login& v) {
   Recordset rs;
   v.foco = kUsuario;
-  if (!p.poDBAdmin.EjecutarConsulta(
-          p.poCnnLocal, FormatearSQL(QStringLiteral("SELECT sUserDesc FROM Usuario WHERE cUserFlag = $"), {1}), rs)) {
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
+                                    FormatearSQL(u"SELECT sUserDesc FROM Usuario WHERE cUserFlag = $"_sql, {1}), rs)) {
     return;
   }
   v.txtUsuario = LimpiarNulo(rs[u"sUserDesc"]);
@@ -52,9 +49,7 @@ void ProbarLogin(Puesto& p, Login& v) {
   ++v.intentos;
   Recordset rs;
   const bool leido = p.poDBAdmin.EjecutarConsulta(
-      p.poCnnLocal,
-      FormatearSQL(QStringLiteral("SELECT * FROM Usuario WHERE TRIM(sUserDesc) = '$'"), {ReemplazarComilla(nombre)}),
-      rs);
+      p.poCnnLocal, FormatearSQL(u"SELECT * FROM Usuario WHERE TRIM(sUserDesc) = '$'"_sql, {Texto(nombre)}), rs);
   if (leido) {
     const Rechazo r = rechazoDe(rs, clave);
     if (r.texto.isEmpty()) {

@@ -25,13 +25,11 @@ bool escribir(Puesto& p, const QString& clave, const QString& valor) {
   EscribirParametro(p, kSeccion, clave, p.ses.psArchivoCfg, valor);
   Recordset rs;
   return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                      QStringLiteral("SELECT ") + clave + QStringLiteral(" FROM CONFIGURACION"), rs) &&
+                                      FormatearSQL(u"SELECT $ FROM CONFIGURACION"_sql, {NombreSql(clave)}), rs) &&
          (rs.Eof() || LimpiarNulo(rs[0]) == Recortar(valor));
 }
 
-bool consultar(Puesto& p, const QString& sql, Recordset& rs) {
-  return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs);
-}
+bool consultar(Puesto& p, const Sql& sql, Recordset& rs) { return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs); }
 
 }  // namespace
 
@@ -42,8 +40,7 @@ void CargarParametros(Puesto& p, Parametros& v) {
   Conexion central;
   Recordset rs;
   if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return;
-  if (p.poDBAdmin.EjecutarConsulta(
-          central, QStringLiteral(" SELECT cCodAlmac, vDscAlmac FROM Almacen ORDER BY vDscAlmac "), rs)) {
+  if (p.poDBAdmin.EjecutarConsulta(central, u" SELECT cCodAlmac, vDscAlmac FROM Almacen ORDER BY vDscAlmac "_sql, rs)) {
     for (const auto& f : rs) v.almacenes.emplace_back(LimpiarNulo(f[u"cCodAlmac"]), LimpiarNulo(f[u"vDscAlmac"]));
   }
   p.poDBAdmin.CerrarBD(central);
@@ -60,18 +57,18 @@ bool GrabarNumeracion(Puesto& p, Parametros& v) {
           v.campoMal))
     return false;
   Recordset rs;
-  if (!consultar(p, QStringLiteral(" SELECT max(cOperCode) as Maximo FROM Operacion "), rs)) return false;
+  if (!consultar(p, u" SELECT max(cOperCode) as Maximo FROM Operacion "_sql, rs)) return false;
   if (!Comprobar(p,
                  {{numero <= Numero(rs[u"Maximo"]), u"txtNumeracion",
                    u"El número con el que desea inicializar es menor o igual que el maximo valor de los comprobantes "
                    u"existentes"}},
                  v.campoMal))
     return false;
-  const QString anterior = TextoDe(*numero - 1);
-  if (!consultar(p, QStringLiteral(" SELECT cOperCode    FROM Operacion   WHERE cOperCode = ") + anterior, rs))
+  const double anterior = *numero - 1;
+  if (!consultar(p, FormatearSQL(u" SELECT cOperCode    FROM Operacion   WHERE cOperCode = $"_sql, {anterior}), rs))
     return false;
-  return !rs.Eof() || EjecutarConAviso(p, QStringLiteral(" INSERT INTO Operacion(cOperCode) VALUES ('") + anterior +
-                                              QStringLiteral("')"));
+  return !rs.Eof() ||
+         EjecutarConAviso(p, FormatearSQL(u" INSERT INTO Operacion(cOperCode) VALUES ('$')"_sql, {anterior}));
 }
 
 bool GrabarAlmacen(Puesto& p, Parametros& v) {
@@ -79,8 +76,7 @@ bool GrabarAlmacen(Puesto& p, Parametros& v) {
   const QString clave = QStringLiteral("Almacen");
   // Both or none: a desk whose catalogue stays behind would find no article.
   if (EnTransaccion(p, [&] {
-        return EjecutarConAviso(
-                   p, QStringLiteral("UPDATE Producto set cAlmaCode='") + ReemplazarComilla(v.dcbAlmacen) + u'\'') &&
+        return EjecutarConAviso(p, FormatearSQL(u"UPDATE Producto set cAlmaCode='$'"_sql, {Texto(v.dcbAlmacen)})) &&
                escribir(p, clave, v.dcbAlmacen);
       })) {
     p.ses.psAlmacen = v.dcbAlmacen;

@@ -41,22 +41,19 @@ bool validar(Puesto& p, DetalleProducto& v) {
 
 SentenciasDetalle sentencias(const Puesto& p, const DetalleProducto& v) {
   const double fichas = sonFichas(v.txtFichas) ? LeerImporte(v.txtFichas) : 0;
-  const QString almacen = ReemplazarComilla(p.ses.psAlmacen), codigo = Recortar(v.txtCodigo);
-  const QString descripcion = ReemplazarComilla(Recortar(v.txtDescripcion)),
-                corta = ReemplazarComilla(Recortar(v.txtCorta));
-  const QString precio = Formatear(LeerImporte(v.txtPUnitario), u"#########0.00");
-  return {
-      FormatearSQL(
-          QStringLiteral("INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, "
-                         "cProdEstd, cProdFlagFicha, cProdFichaCant, cProdFlagCanje, cProdFlagControl) "
-                         "VALUES ('$', $, '$', '$', $, $, $, $, $, $)"),
-          {almacen, codigo, descripcion, corta, precio, v.activo, v.chkFicha, fichas, v.chkCanje, v.chkControl}),
-      FormatearSQL(
-          QStringLiteral("UPDATE Producto SET sProdDesc = '$', sProdDescCrta = '$', nProdPrecUnit = $, "
-                         "cProdEstd = $, cProdFlagFicha = $, cProdFichaCant = $, cProdFlagCanje = $, "
-                         "cProdFlagControl = $ WHERE cProdCode = $ AND cAlmaCode = '$'"),
-          {descripcion, corta, precio, v.activo, v.chkFicha, fichas, v.chkCanje, v.chkControl, codigo, almacen}),
-      FormatearSQL(QStringLiteral("DELETE * FROM Producto WHERE cProdCode = $ and cAlmaCode ='$'"), {codigo, almacen})};
+  const Texto almacen(p.ses.psAlmacen), descripcion(v.txtDescripcion), corta(v.txtCorta);
+  const Cifras codigo(v.txtCodigo), precio(Formatear(LeerImporte(v.txtPUnitario), u"#########0.00"));
+  return {FormatearSQL(
+              u"INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, "
+              "cProdEstd, cProdFlagFicha, cProdFichaCant, cProdFlagCanje, cProdFlagControl) "
+              "VALUES ('$', $, '$', '$', $, $, $, $, $, $)"_sql,
+              {almacen, codigo, descripcion, corta, precio, v.activo, v.chkFicha, fichas, v.chkCanje, v.chkControl}),
+          FormatearSQL(
+              u"UPDATE Producto SET sProdDesc = '$', sProdDescCrta = '$', nProdPrecUnit = $, "
+              "cProdEstd = $, cProdFlagFicha = $, cProdFichaCant = $, cProdFlagCanje = $, "
+              "cProdFlagControl = $ WHERE cProdCode = $ AND cAlmaCode = '$'"_sql,
+              {descripcion, corta, precio, v.activo, v.chkFicha, fichas, v.chkCanje, v.chkControl, codigo, almacen}),
+          FormatearSQL(u"DELETE * FROM Producto WHERE cProdCode = $ and cAlmaCode ='$'"_sql, {codigo, almacen})};
 }
 
 }  // namespace
@@ -66,9 +63,9 @@ bool LeerProductos(Puesto& p, std::vector<FilaProducto>& filas) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
           p.poCnnLocal,
-          QStringLiteral(" SELECT cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, cProdEstd, cProdFlagFicha, "
-                         "cProdFlagCanje, cProdFlagControl FROM Producto where cAlmaCode = '") +
-              ReemplazarComilla(p.ses.psAlmacen) + QStringLiteral("' ORDER BY cProdCode"),
+          FormatearSQL(u" SELECT cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, cProdEstd, cProdFlagFicha, "
+                       "cProdFlagCanje, cProdFlagControl FROM Producto where cAlmaCode = '$' ORDER BY cProdCode"_sql,
+                       {Texto(p.ses.psAlmacen)}),
           rs))
     return false;
   for (const auto& f : rs) {
@@ -87,16 +84,16 @@ bool CargarProducto(Puesto& p, ModoDetalle modo, const QString& codigo, DetalleP
   if (modo == ModoDetalle::Nuevo) {
     if (!p.poDBAdmin.EjecutarConsulta(
             p.poCnnLocal,
-            QStringLiteral("SELECT MAX(cProdCode) AS CODIGO FROM Producto where cAlmaCode='") +
-                ReemplazarComilla(p.ses.psAlmacen) + u'\'',
+            FormatearSQL(u"SELECT MAX(cProdCode) AS CODIGO FROM Producto where cAlmaCode='$'"_sql,
+                         {Texto(p.ses.psAlmacen)}),
             rs))
       return false;
     v.txtCodigo = TextoDe(Numero(rs[u"CODIGO"]) + 1);
     return true;
   }
   if (!LeerFilaDetalle(p,
-                       FormatearSQL(QStringLiteral("SELECT * FROM Producto WHERE cProdCode = $ AND cAlmaCode ='$'"),
-                                    {codigo, ReemplazarComilla(p.ses.psAlmacen)}),
+                       FormatearSQL(u"SELECT * FROM Producto WHERE cProdCode = $ AND cAlmaCode ='$'"_sql,
+                                    {Cifras(codigo), Texto(p.ses.psAlmacen)}),
                        QStringLiteral("El producto %1 ya no existe.").arg(codigo), rs))
     return false;
   v.txtCodigo = LimpiarNulo(rs[u"cProdCode"]);
@@ -130,9 +127,9 @@ FilaProducto FilaDe(const DetalleProducto& v) {
 
 bool ActivarProducto(Puesto& p, FilaProducto& fila) {
   if (!PreguntarActivar(p, fila.activo, fila.descripcion)) return false;
-  if (!EjecutarConAviso(p, FormatearSQL(QStringLiteral("UPDATE Producto SET cProdEstd = $ WHERE cProdCode = $ and "
-                                                       "cAlmaCode = '$'"),
-                                        {!fila.activo, fila.codigo, ReemplazarComilla(p.ses.psAlmacen)})))
+  if (!EjecutarConAviso(p, FormatearSQL(u"UPDATE Producto SET cProdEstd = $ WHERE cProdCode = $ and "
+                                        "cAlmaCode = '$'"_sql,
+                                        {!fila.activo, Cifras(fila.codigo), Texto(p.ses.psAlmacen)})))
     return false;
   fila.activo = !fila.activo;
   return true;

@@ -13,10 +13,10 @@ constexpr int kTeclasPorFila = 12;
 constexpr int kLargoRotulo = 25;
 
 // Keys with an article of the desk's warehouse; `condicion` follows the WHERE.
-QString seleccion(const Puesto& p, const QString& condicion) {
-  return QStringLiteral(" SELECT C.cTeclCode, C.sTeclDesc, C.sTeclRapd, C.cTeclFlagAsig, C.cProdCode, P.sProdDescCrta"
-                        " FROM ConfiguracionTeclado AS C LEFT JOIN Producto AS P ON C.cProdCode = P.cProdCode ") +
-         condicion + QStringLiteral(" AND P.cAlmaCode ='") + ReemplazarComilla(p.ses.psAlmacen) + QStringLiteral("'");
+Sql seleccion(const Puesto& p, const Sql& condicion) {
+  return u" SELECT C.cTeclCode, C.sTeclDesc, C.sTeclRapd, C.cTeclFlagAsig, C.cProdCode, P.sProdDescCrta"
+         " FROM ConfiguracionTeclado AS C LEFT JOIN Producto AS P ON C.cProdCode = P.cProdCode "_sql +
+         condicion + FormatearSQL(u" AND P.cAlmaCode ='$'"_sql, {Texto(p.ses.psAlmacen)});
 }
 
 TeclaMostrada conArticulo(const QString& nombre) {
@@ -29,12 +29,11 @@ TeclaMostrada conArticulo(const QString& nombre) {
 bool nombreEnAlmacen(Puesto& p, const QString& codigo, std::optional<QString>& nombre) {
   nombre.reset();
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(
-          p.poCnnLocal,
-          FormatearSQL(QStringLiteral("SELECT sProdDescCrta FROM Producto WHERE cProdCode = $ "
-                                      "AND cAlmaCode = '$'"),
-                       {codigo, ReemplazarComilla(p.ses.psAlmacen)}),
-          rs))
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
+                                    FormatearSQL(u"SELECT sProdDescCrta FROM Producto WHERE cProdCode = $ "
+                                                 "AND cAlmaCode = '$'"_sql,
+                                                 {Cifras(codigo), Texto(p.ses.psAlmacen)}),
+                                    rs))
     return false;
   if (!rs.Eof()) nombre = LimpiarNulo(rs[u"sProdDescCrta"]);
   return true;
@@ -44,15 +43,14 @@ bool nombreEnAlmacen(Puesto& p, const QString& codigo, std::optional<QString>& n
 // it.
 bool traerArticulo(Puesto& p, const QString& codigo, std::optional<QString>& nombre) {
   Recordset rs;
-  const QString donde = QStringLiteral(" WHERE cProdCode=") + codigo;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("SELECT cAlmaCode FROM Producto") + donde, rs))
-    return false;
+  const Sql donde = FormatearSQL(u" WHERE cProdCode=$"_sql, {Cifras(codigo)});
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, u"SELECT cAlmaCode FROM Producto"_sql + donde, rs)) return false;
   if (rs.Eof()) {
     p.mensajes.mostrar(QStringLiteral("El artículo %1 no existe.").arg(codigo));
     return false;
   }
-  return EjecutarConAviso(p, QStringLiteral("UPDATE PRODUCTO set cAlmaCode='") + ReemplazarComilla(p.ses.psAlmacen) +
-                                 u'\'' + donde) &&
+  return EjecutarConAviso(p,
+                          FormatearSQL(u"UPDATE PRODUCTO set cAlmaCode='$'"_sql, {Texto(p.ses.psAlmacen)}) + donde) &&
          nombreEnAlmacen(p, codigo, nombre);
 }
 
@@ -74,9 +72,7 @@ QString NombreTeclaRegistro(int tecla) {
 bool CargarTeclas(Puesto& p, ConfiguraBotonProducto& v) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
-          p.poCnnLocal,
-          seleccion(p, QStringLiteral("WHERE C.cTeclCode between 1 and 24")) + QStringLiteral(" ORDER BY cTeclCode"),
-          rs))
+          p.poCnnLocal, seleccion(p, u"WHERE C.cTeclCode between 1 and 24"_sql) + u" ORDER BY cTeclCode"_sql, rs))
     return false;
   v.cmdTecla.fill({});
   for (const auto& f : rs) {
@@ -87,7 +83,7 @@ bool CargarTeclas(Puesto& p, ConfiguraBotonProducto& v) {
 
 bool ElegirTecla(Puesto& p, ConfiguraBotonProducto& v, int tecla) {
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, seleccion(p, QStringLiteral(" WHERE cTeclCode =%1").arg(tecla)), rs))
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, seleccion(p, FormatearSQL(u" WHERE cTeclCode =$"_sql, {tecla})), rs))
     return false;
   v.tecla = tecla;
   v.txtBoton = QStringLiteral("DEP %1").arg(tecla);
@@ -120,9 +116,9 @@ bool GrabarTecla(Puesto& p, ConfiguraBotonProducto& v) {
   if (!EnTransaccion(p, [&] {
         if (conCodigo && !nombreEnAlmacen(p, codigo, nombre)) return false;
         if (conCodigo && !nombre && !traerArticulo(p, codigo, nombre)) return false;
-        return EjecutarConAviso(p, FormatearSQL(QStringLiteral("UPDATE ConfiguracionTeclado SET cProdCode = $, "
-                                                               "cTeclFlagAsig = '1' WHERE cTeclCode = $ "),
-                                                {codigo, v.tecla}));
+        return EjecutarConAviso(p, FormatearSQL(u"UPDATE ConfiguracionTeclado SET cProdCode = $, "
+                                                "cTeclFlagAsig = '1' WHERE cTeclCode = $ "_sql,
+                                                {Cifras(codigo), v.tecla}));
       }))
     return false;
   v.txtNombreProducto = nombre.value_or(QString());

@@ -11,10 +11,10 @@ const QString kFecha = QStringLiteral("dd/mm/yyyy");
 
 QString montoMostrado(const QVariant& monto) { return Formatear(Numero(monto), u"###,###,##0.00"); }
 
-QString seleccion(const QString& fecha) {
-  return FormatearSQL(QStringLiteral(" SELECT dTipoCambFech, nTipoCambMont FROM Tipo_Cambio"
-                                     " WHERE FORMAT(dTipoCambFech, 'dd/mm/yyyy') = '$'"),
-                      {fecha});
+Sql seleccion(const QString& fecha) {
+  return FormatearSQL(u" SELECT dTipoCambFech, nTipoCambMont FROM Tipo_Cambio"
+                      " WHERE FORMAT(dTipoCambFech, 'dd/mm/yyyy') = '$'"_sql,
+                      {Texto(fecha)});
 }
 
 // The engine's words on a key that is there already tell a clerk nothing.
@@ -47,12 +47,12 @@ bool validar(Puesto& p, TipoCambio& v) {
 
 SentenciasDetalle sentencias(const Puesto&, const TipoCambio& v) {
   const QString monto = Formatear(LeerImporte(v.txtTC), u"########0.00");
-  return {FormatearSQL(QStringLiteral("INSERT INTO Tipo_Cambio (dTipoCambFech, nTipoCambMont) VALUES ('$', '$')"),
-                       {v.txtFecha, monto}),
-          FormatearSQL(QStringLiteral("UPDATE Tipo_Cambio SET nTipoCambMont = '$' "
-                                      "WHERE FORMAT(dTipoCambFech,'dd/mm/yyyy') = '$'"), {monto, v.txtFecha}),
-          FormatearSQL(QStringLiteral("DELETE * FROM Tipo_Cambio WHERE format(dTipoCambFech,'dd/mm/yyyy') = '$'"),
-                       {v.txtFecha})};
+  return {FormatearSQL(u"INSERT INTO Tipo_Cambio (dTipoCambFech, nTipoCambMont) VALUES ('$', '$')"_sql,
+                       {Texto(v.txtFecha), Texto(monto)}),
+          FormatearSQL(u"UPDATE Tipo_Cambio SET nTipoCambMont = '$' "
+                                      "WHERE FORMAT(dTipoCambFech,'dd/mm/yyyy') = '$'"_sql, {Texto(monto), Texto(v.txtFecha)}),
+          FormatearSQL(u"DELETE * FROM Tipo_Cambio WHERE format(dTipoCambFech,'dd/mm/yyyy') = '$'"_sql,
+                       {Texto(v.txtFecha)})};
 }
 
 }  // namespace
@@ -61,8 +61,8 @@ bool LeerTiposCambio(Puesto& p, std::vector<FilaTipoCambio>& filas) {
   filas.clear();
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                    QStringLiteral(" SELECT dTipoCambFech, nTipoCambMont "
-                                                   "FROM Tipo_Cambio ORDER BY dTipoCambFech"), rs)) return false;
+                                    u" SELECT dTipoCambFech, nTipoCambMont "
+                                                   "FROM Tipo_Cambio ORDER BY dTipoCambFech"_sql, rs)) return false;
   for (const auto& f : rs)
     filas.push_back({FormatearFecha(f[u"dTipoCambFech"].toDateTime(), kFecha), montoMostrado(f[u"nTipoCambMont"])});
   return true;

@@ -6,8 +6,7 @@
 
 namespace {
 
-const QString kTabla = QStringLiteral("tipo_tarjeta");
-const QString kSeleccion = QStringLiteral("SELECT cod_tar,descrip From ") + kTabla;
+constexpr LiteralSql kSeleccion = u"SELECT cod_tar,descrip From tipo_tarjeta"_sql;
 
 }  // namespace
 
@@ -31,7 +30,7 @@ bool CargarTipoTarjeta(Puesto& p, ModoDetalle modo, const FilaTipoTarjeta& fila,
   v = {modo, fila.codigo, fila.descripcion, {}};
   if (modo != ModoDetalle::Nuevo) return true;
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("select max(cod_TAR) as cod from ") + kTabla, rs)) {
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, u"select max(cod_TAR) as cod from tipo_tarjeta"_sql, rs)) {
     return false;
   }
   v.txtcod = Ceros(TextoDe(Val(LimpiarNulo(rs[u"cod"])) + 1), 3);
@@ -41,8 +40,7 @@ bool CargarTipoTarjeta(Puesto& p, ModoDetalle modo, const FilaTipoTarjeta& fila,
 bool GuardarTipoTarjeta(Puesto& p, DetalleTipoTarjeta& v) {
   v.campoMal.clear();
   if (v.modo == ModoDetalle::Ver) return true;
-  const QString codigo = ReemplazarComilla(Recortar(v.txtcod)), descripcion = ReemplazarComilla(Recortar(v.txtDes));
-  const QString donde = QStringLiteral(" Where cod_tar = '") + codigo + u'\'';
+  const QString codigo = Recortar(v.txtcod), descripcion = Recortar(v.txtDes);
   bool repetido = false;
   if (v.modo == ModoDetalle::Nuevo) {
     if (!Comprobar(p, {{codigo.isEmpty(), u"txtcod", u"Debe ingresar Codigo", QStringLiteral("Atención")}},
@@ -50,7 +48,9 @@ bool GuardarTipoTarjeta(Puesto& p, DetalleTipoTarjeta& v) {
       return false;
     }
     Recordset rs;
-    if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, kSeleccion + donde, rs)) return false;
+    if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
+                                      FormatearSQL(kSeleccion + u" Where cod_tar = '$'"_sql, {Texto(codigo)}), rs))
+      return false;
     repetido = !rs.Eof();
   }
   if (!Comprobar(p,
@@ -59,10 +59,10 @@ bool GuardarTipoTarjeta(Puesto& p, DetalleTipoTarjeta& v) {
                  v.campoMal))
     return false;
   return GuardarPorModo(p, v.modo,
-                        {QStringLiteral("INSERT INTO ") + kTabla + QStringLiteral(" (cod_tar, Descrip) VALUES('") +
-                             codigo + QStringLiteral("','") + descripcion + QStringLiteral("')"),
-                         QStringLiteral("UPDATE ") + kTabla + QStringLiteral(" SET  Descrip = '") + descripcion +
-                             QStringLiteral("'  WHERE cod_tar = '") + codigo + u'\'',
+                        {FormatearSQL(u"INSERT INTO tipo_tarjeta (cod_tar, Descrip) VALUES('$','$')"_sql,
+                                      {Texto(codigo), Texto(descripcion)}),
+                         FormatearSQL(u"UPDATE tipo_tarjeta SET  Descrip = '$'  WHERE cod_tar = '$'"_sql,
+                                      {Texto(descripcion), Texto(codigo)}),
                          {}});
 }
 

@@ -6,14 +6,13 @@
 
 namespace {
 
-QString seleccion(const QString& usuario) {
-  return FormatearSQL(QStringLiteral("SELECT * FROM Usuario WHERE TRIM(sUserDesc) = TRIM('$')"),
-                      {ReemplazarComilla(usuario)});
+Sql seleccion(const QString& usuario) {
+  return FormatearSQL(u"SELECT * FROM Usuario WHERE TRIM(sUserDesc) = TRIM('$')"_sql, {Texto(usuario)});
 }
 
 bool leerPerfiles(Puesto& p, DetalleUsuario& v) {
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("SELECT * FROM Perfil"), rs)) return false;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, u"SELECT * FROM Perfil"_sql, rs)) return false;
   for (const auto& f : rs) v.perfiles.emplace_back(LimpiarNulo(f[u"cPerfCode"]), LimpiarNulo(f[u"sPerfDesc"]));
   return true;
 }
@@ -42,15 +41,15 @@ bool validar(Puesto& p, DetalleUsuario& v) {
 }
 
 SentenciasDetalle sentencias(const Puesto&, const DetalleUsuario& v) {
-  const QString usuario = ReemplazarComilla(v.txtUsuario), clave = ReemplazarComilla(v.txtPassword);
-  const QString apellidos = ReemplazarComilla(Recortar(v.txtApellidos)), nombres = ReemplazarComilla(Recortar(v.txtNombres));
-  return {FormatearSQL(QStringLiteral("INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName, "
-                                      "cUserActi) VALUES ('$', '$', $, '$', '$', $)"),
-                       {usuario, clave, v.dcbPerfil, apellidos, nombres, v.activo}),
-          FormatearSQL(QStringLiteral("UPDATE Usuario SET sUserPass = '$', cPerfCode = $, sUserApel = '$', "
-                                      "sUserName = '$', cUserActi = $ WHERE TRIM(sUserDesc) = TRIM('$')"),
-                       {clave, v.dcbPerfil, apellidos, nombres, v.activo, usuario}),
-          FormatearSQL(QStringLiteral("DELETE * FROM Usuario WHERE TRIM(sUserDesc) = TRIM('$')"), {usuario})};
+  const Texto usuario(v.txtUsuario), clave(v.txtPassword);
+  const Texto apellidos(v.txtApellidos), nombres(v.txtNombres);
+  return {FormatearSQL(u"INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName, "
+                                      "cUserActi) VALUES ('$', '$', $, '$', '$', $)"_sql,
+                       {usuario, clave, Cifras(v.dcbPerfil), apellidos, nombres, v.activo}),
+          FormatearSQL(u"UPDATE Usuario SET sUserPass = '$', cPerfCode = $, sUserApel = '$', "
+                                      "sUserName = '$', cUserActi = $ WHERE TRIM(sUserDesc) = TRIM('$')"_sql,
+                       {clave, Cifras(v.dcbPerfil), apellidos, nombres, v.activo, usuario}),
+          FormatearSQL(u"DELETE * FROM Usuario WHERE TRIM(sUserDesc) = TRIM('$')"_sql, {usuario})};
 }
 
 }  // namespace
@@ -59,9 +58,9 @@ bool LeerUsuarios(Puesto& p, std::vector<FilaUsuario>& filas) {
   filas.clear();
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                    QStringLiteral("SELECT sUserDesc, sPerfDesc, sUserApel, sUserName, cUserActi "
+                                    u"SELECT sUserDesc, sPerfDesc, sUserApel, sUserName, cUserActi "
                                                    "FROM Usuario a, Perfil b "
-                                                   "WHERE a.cPerfCode = b.cPerfCode Order by sUserName, sPerfDesc"),
+                                                   "WHERE a.cPerfCode = b.cPerfCode Order by sUserName, sPerfDesc"_sql,
                                     rs)) return false;
   for (const auto& f : rs) {
     filas.push_back({LimpiarNulo(f[u"sUserDesc"]), LimpiarNulo(f[u"sPerfDesc"]),
@@ -118,9 +117,9 @@ bool ActivarUsuario(Puesto& p, FilaUsuario& fila) {
     return false;
   }
   if (!PreguntarActivar(p, fila.activo, fila.usuario)) return false;
-  if (!EjecutarConAviso(p, FormatearSQL(QStringLiteral("UPDATE Usuario SET cUserActi = $ WHERE TRIM(sUserDesc) = "
-                                                       "TRIM('$')"),
-                                        {!fila.activo, ReemplazarComilla(fila.usuario)}))) {
+  if (!EjecutarConAviso(p, FormatearSQL(u"UPDATE Usuario SET cUserActi = $ WHERE TRIM(sUserDesc) = "
+                                        "TRIM('$')"_sql,
+                                        {!fila.activo, Texto(fila.usuario)}))) {
     return false;
   }
   fila.activo = !fila.activo;

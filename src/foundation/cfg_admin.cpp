@@ -2,6 +2,7 @@
 
 #include "foundation/puesto.h"
 #include "platform/io/perfil.h"
+#include "platform/sql/cadena_conexion.h"
 #include "platform/text/texto.h"
 
 namespace {
@@ -66,11 +67,6 @@ void leer(Puesto& p, const Clave (&claves)[N]) {
   }
 }
 
-QString conexion(const QString& usuario, const QString& clave, const QString& catalogo, const QString& servidor) {
-  return FormatearSQL(QStringLiteral("Provider=SQLOLEDB.1;User ID=$;Password=$;Initial Catalog=$;Data Source=$"),
-                      {usuario, clave, catalogo, servidor});
-}
-
 void fijarIdioma(Puesto& p) {
   QString& idioma = p.ses.psIdiomaSQL;
   idioma = idioma.toUpper();
@@ -92,8 +88,8 @@ void fijarIdioma(Puesto& p) {
 QString LeerParametro(Puesto& p, const QString& seccion, const QString& clave, const QString& archivo) {
   Recordset rs;
   QString valor;
-  if (p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                   QStringLiteral("SELECT ") + clave + QStringLiteral(" FROM CONFIGURACION"), rs) &&
+  if (p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, FormatearSQL(u"SELECT $ FROM CONFIGURACION"_sql, {NombreSql(clave)}),
+                                   rs) &&
       !rs.Eof()) {
     valor = LimpiarNulo(rs[0]);
   }
@@ -106,10 +102,9 @@ QString LeerParametro(Puesto& p, const QString& seccion, const QString& clave, c
 void EscribirParametro(Puesto& p, const QString& seccion, const QString& clave, const QString& archivo,
                        const QString& valor) {
   if (const auto fallo = EscribirPerfil(archivo, seccion, clave, valor)) p.mensajes.mostrar(*fallo);
-  p.poDBAdmin.EjecutarSentencia(p.poCnnLocal,
-                                QStringLiteral("UPDATE CONFIGURACION SET CONFIGURACION.") + clave +
-                                    QStringLiteral("='") + valor + QStringLiteral("'"),
-                                true);
+  p.poDBAdmin.EjecutarSentencia(
+      p.poCnnLocal, FormatearSQL(u"UPDATE CONFIGURACION SET CONFIGURACION.$='$'"_sql, {NombreSql(clave), Texto(valor)}),
+      true);
 }
 
 void LeerConfiguracion(Puesto& p) {
@@ -120,10 +115,10 @@ void LeerConfiguracion(Puesto& p) {
     p.salida.terminar(1);
   }
   Sesion& s = p.ses;
-  s.psConexionCentral = conexion(s.psUserName, s.psPassWord, s.psDataBase, s.psDataServer);
+  s.psConexionCentral = cadenaDeServidor(s.psUserName, s.psPassWord, s.psDataBase, s.psDataServer);
   leer(p, kServidorCliente);
   fijarIdioma(p);
-  s.psConexionCliente = conexion(s.psUserSQL, s.psPwdUserSQL, s.psBaseDatosSQL, s.psServidorSQL);
+  s.psConexionCliente = cadenaDeServidor(s.psUserSQL, s.psPwdUserSQL, s.psBaseDatosSQL, s.psServidorSQL);
   for (const Clave& c : kEscritura) {
     EscribirParametro(p, QString::fromUtf16(c.seccion), QString::fromUtf16(c.clave), s.psArchivoCfg, s.*c.valor);
   }

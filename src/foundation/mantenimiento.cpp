@@ -33,16 +33,16 @@ bool GuardarPorModo(Puesto& p, ModoDetalle modo, const SentenciasDetalle& s) {
   return true;
 }
 
-bool LeerFilaDetalle(Puesto& p, const QString& sql, const QString& falta, Recordset& rs) {
+bool LeerFilaDetalle(Puesto& p, const Sql& sql, const QString& falta, Recordset& rs) {
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs)) return false;
   if (!rs.Eof()) return true;
   p.mensajes.mostrar(falta);
   return false;
 }
 
-bool EjecutarConAviso(Puesto& p, const QString& sql) {
+bool EjecutarConAviso(Puesto& p, const Sql& sql) {
   const auto error = p.poCnnLocal.ejecutar(sql);
-  if (error) p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + sql);
+  if (error) p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + sql.texto(p.poCnnLocal.dialecto()));
   return !error;
 }
 

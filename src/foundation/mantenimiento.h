@@ -6,6 +6,7 @@
 #include <initializer_list>
 
 #include "platform/io/mensajes.h"
+#include "platform/sql/sentencia.h"
 
 struct Puesto;
 class Recordset;
@@ -31,7 +32,7 @@ struct Comprobacion {
 
 // What each mode runs on the store. Viewing runs nothing.
 struct SentenciasDetalle {
-  QString insertar, cambiar, borrar;
+  Sql insertar, cambiar, borrar;
 };
 
 // Runs the statement of the mode. False when the store refused it; its box has been shown.
@@ -49,11 +50,11 @@ template <class Detalle>
 
 // Reads the row of a detail. False when it can't be read (the message has been shown) or is no longer there (a box
 // says `falta`).
-[[nodiscard]] bool LeerFilaDetalle(Puesto& p, const QString& sql, const QString& falta, Recordset& rs);
+[[nodiscard]] bool LeerFilaDetalle(Puesto& p, const Sql& sql, const QString& falta, Recordset& rs);
 
 // A statement on the store whose failure is always told, in the engine's words: the plain way stays silent when a row
 // with that key exists.
-[[nodiscard]] bool EjecutarConAviso(Puesto& p, const QString& sql);
+[[nodiscard]] bool EjecutarConAviso(Puesto& p, const Sql& sql);
 
 // Runs `pasos` on the store in one transaction: all that they write, or nothing when they give false or the store fails
 // (a box tells the latter).

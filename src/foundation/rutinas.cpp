@@ -59,8 +59,8 @@ bool VerificarFechaSistema(Puesto& p) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
           p.poCnnLocal,
-          QStringLiteral("SELECT 1 as Orden,Max(dOperFech) AS FechaMaximaOperacion FROM Operacion UNION SELECT 2 as "
-                         "Orden,  Max(dOperFech) AS FechaMaximaOperacionPar From Operacionparalela ORDER BY orden"),
+          u"SELECT 1 as Orden,Max(dOperFech) AS FechaMaximaOperacion FROM Operacion UNION SELECT 2 as "
+          "Orden,  Max(dOperFech) AS FechaMaximaOperacionPar From Operacionparalela ORDER BY orden"_sql,
           rs)) {
     return true;
   }

@@ -8,8 +8,8 @@ bool LeerCabecera(Puesto& p, std::vector<FilaCabecera>& filas) {
   filas.clear();
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                    QStringLiteral("SELECT cCabeLinea, sCabeDescripcion "
-                                                   "FROM Cabecera_Impresion ORDER BY cCabeLinea"),
+                                    u"SELECT cCabeLinea, sCabeDescripcion "
+                                    "FROM Cabecera_Impresion ORDER BY cCabeLinea"_sql,
                                     rs))
     return false;
   for (const auto& f : rs) filas.push_back({LimpiarNulo(f[u"cCabeLinea"]), LimpiarNulo(f[u"sCabeDescripcion"])});
@@ -31,17 +31,17 @@ bool CargarCabecera(Puesto& p, ModoDetalle modo, const QString& linea, DetalleCa
   v.modo = modo;
   Recordset rs;
   if (modo == ModoDetalle::Nuevo) {
-    if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                      QStringLiteral("SELECT MAX(cCabeLinea) AS Linea FROM Cabecera_Impresion"), rs)) {
+    if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, u"SELECT MAX(cCabeLinea) AS Linea FROM Cabecera_Impresion"_sql,
+                                      rs)) {
       return false;
     }
     v.txtLinea = TextoDe(Numero(rs[u"Linea"]) + 1);
     return true;
   }
   if (!LeerFilaDetalle(p,
-                       FormatearSQL(QStringLiteral("SELECT * FROM Cabecera_Impresion "
-                                                   "WHERE TRIM(cCabeLinea) = TRIM($)"),
-                                    {linea}),
+                       FormatearSQL(u"SELECT * FROM Cabecera_Impresion "
+                                    "WHERE TRIM(cCabeLinea) = TRIM($)"_sql,
+                                    {Cifras(linea)}),
                        QStringLiteral("La línea %1 ya no existe.").arg(linea), rs))
     return false;
   v.txtLinea = linea;
@@ -50,14 +50,14 @@ bool CargarCabecera(Puesto& p, ModoDetalle modo, const QString& linea, DetalleCa
 }
 
 bool GuardarCabecera(Puesto& p, const DetalleCabecera& v) {
-  const QString texto = ReemplazarComilla(Recortar(v.txtDescripcion));
+  const Texto texto(v.txtDescripcion);
+  const Cifras linea(v.txtLinea);
   return GuardarPorModo(
       p, v.modo,
-      {FormatearSQL(QStringLiteral("INSERT INTO Cabecera_Impresion (cCabeLinea, sCabeDescripcion) VALUES ($, '$')"),
-                    {v.txtLinea, texto}),
-       FormatearSQL(QStringLiteral("UPDATE Cabecera_Impresion SET sCabeDescripcion = '$'WHERE cCabeLinea = $"),
-                    {texto, v.txtLinea}),
-       FormatearSQL(QStringLiteral("DELETE * FROM cabecera_impresion WHERE cCabeLinea = $"), {v.txtLinea})});
+      {FormatearSQL(u"INSERT INTO Cabecera_Impresion (cCabeLinea, sCabeDescripcion) VALUES ($, '$')"_sql,
+                    {linea, texto}),
+       FormatearSQL(u"UPDATE Cabecera_Impresion SET sCabeDescripcion = '$'WHERE cCabeLinea = $"_sql, {texto, linea}),
+       FormatearSQL(u"DELETE * FROM cabecera_impresion WHERE cCabeLinea = $"_sql, {linea})});
 }
 
 FilaCabecera FilaDe(const DetalleCabecera& v) { return {v.txtLinea, Recortar(v.txtDescripcion)}; }

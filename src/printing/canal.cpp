@@ -1,6 +1,7 @@
 #include "printing/canal.h"
 
 #include <QFile>
+#include <cerrno>
 
 #include "foundation/cfg_admin.h"
 #include "foundation/puesto.h"
@@ -104,14 +105,14 @@ std::optional<QString> enviarBloques(Puesto& p, const BloquesInforme& b, int sel
   const QString archivo = archivoDeEnvio(p, tronco);
   QFile copia(p.rutas.enTemp(tronco + u'_' + FormatearFecha(p.reloj.now(), u"ddmmyyyy") + QStringLiteral(".prn")));
   if (!copia.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
-    return noSePudoEscribir(copia.fileName(), copia.errorString());
+    return noSePudoEscribir(copia.fileName(), PalabrasDeError(errno, copia));
   }
   for (int n = 0; n <= ultimo; ++n) {
     const QString& bloque = b.bloques[static_cast<size_t>(n)];
     const QByteArray bytes = AUnByte((n == 0 ? enLinea(kReinicio) : QString()) + enLinea(bloque) +
                                      (n == ultimo ? avanceYCorte() : QString()));
     if (const auto e = EscribirBytes(archivo, bytes)) return noSePudoEscribir(archivo, *e);
-    if (copia.write(bytes) != bytes.size()) return noSePudoEscribir(copia.fileName(), copia.errorString());
+    if (copia.write(bytes) != bytes.size()) return noSePudoEscribir(copia.fileName(), PalabrasDeError(errno, copia));
     const Envio envio(p, selector, archivo);
     p.registro.RegistrarErrorLog(envio.rastro(p));
     if (const auto e = envio.enviar(p)) return e;
@@ -146,15 +147,15 @@ QString CorrelativoImpresion(Puesto& p, int impresora) {
   const QString prn = QString::number(impresora);
   Recordset rs;
   bool bien = p.poDBAdmin.EjecutarConsulta(
-      p.poCnnLocal, QStringLiteral("SELECT idct + 1 as cod, maxid FROM _tmp1 WHERE prn=") + prn, rs);
+      p.poCnnLocal, FormatearSQL(u"SELECT idct + 1 as cod, maxid FROM _tmp1 WHERE prn=$"_sql, {impresora}), rs);
   qint64 numero = 1;
   if (bien && !rs.Eof() && !rs[u"cod"].isNull()) {
     numero = AEntero(Numero(rs[u"cod"]));
     if (numero > AEntero(Numero(rs[u"maxid"]))) numero = 1;
   }
   const QString texto = QString::number(numero);
-  bien = bien && p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, QStringLiteral("UPDATE _tmp1 set idct=") + texto +
-                                                                 QStringLiteral(" WHERE prn=") + prn);
+  bien = bien && p.poDBAdmin.EjecutarSentencia(
+                     p.poCnnLocal, FormatearSQL(u"UPDATE _tmp1 set idct=$ WHERE prn=$"_sql, {numero, impresora}));
   const bool principal = impresora == kImpresoraPrincipal;
   p.ses.ultimoPapel = principal ? p.ses.kPAR_IMPRESORA : p.ses.kPAR_IMPRESORA_ALTERNA;
   if (!bien) {
@@ -168,8 +169,8 @@ QString CorrelativoImpresion(Puesto& p, int impresora) {
 
 QString LeerSerieImpresora(Puesto& p, int impresora) {
   Recordset rs;
-  if (p.poDBAdmin.EjecutarConsulta(
-          p.poCnnLocal, QStringLiteral("SELECT nsmr FROM _tmp1 WHERE prn=") + QString::number(impresora), rs) &&
+  if (p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, FormatearSQL(u"SELECT nsmr FROM _tmp1 WHERE prn=$"_sql, {impresora}),
+                                   rs) &&
       !rs.Eof()) {
     return LimpiarNulo(rs[u"nsmr"]);
   }
@@ -233,7 +234,7 @@ void ImprimirInforme(Puesto& p, const BloquesInforme& b, int impresora, const QS
 
 bool CargarCabeceraImpresion(Puesto& p) {
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral(" SELECT * FROM CABECERA_IMPRESION ORDER BY 1"), rs)) {
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, u" SELECT * FROM CABECERA_IMPRESION ORDER BY 1"_sql, rs)) {
     return false;
   }
   if (rs.RecordCount() > 0) p.ses.psCabeceraImpresion.clear();

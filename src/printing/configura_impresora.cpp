@@ -19,13 +19,12 @@ void ElegirImpresora(ConfiguraImpresora& v, int cual, const QString& dispositivo
 bool GrabarImpresoras(Puesto& p, const ConfiguraImpresora& v) {
   const auto& [principal, alterna] = v.cboImpresora;
   const auto flag = [&v](size_t n) { return v.flagCortaPapel[n] ? 1 : 0; };
-  if (!p.poDBAdmin.EjecutarSentencia(p.poCnnLocal,
-                                     QStringLiteral("UPDATE Configuracion SET sImpresora = '") +
-                                         ReemplazarComilla(principal) + QStringLiteral("', sImpresoraAlterna = '") +
-                                         ReemplazarComilla(alterna) + QStringLiteral("', nFlagCortaPapel=") +
-                                         QString::number(flag(0)) + QStringLiteral(", nFlagCortaPapelALT=") +
-                                         QString::number(flag(1)),
-                                     true))
+  if (!p.poDBAdmin.EjecutarSentencia(
+          p.poCnnLocal,
+          FormatearSQL(u"UPDATE Configuracion SET sImpresora = '$', sImpresoraAlterna = '$', "
+                       "nFlagCortaPapel=$, nFlagCortaPapelALT=$"_sql,
+                       {Texto(principal), Texto(alterna), flag(0), flag(1)}),
+          true))
     return false;
   p.ses.kPAR_IMPRESORA = principal;
   p.ses.kPAR_IMPRESORA_ALTERNA = alterna;

@@ -34,15 +34,15 @@ QString filaDe(TipoDocumento tipo) { return Codigo(EsFiscal(tipo) ? TipoDocument
 bool crearFila(Puesto& p, TipoDocumento tipo) {
   return p.poDBAdmin.EjecutarSentencia(
       p.poCnnLocal,
-      QStringLiteral(
-          "INSERT INTO Config_Documento (cTipoDoc,cOperCode,nDocCodigo,cSerieDoc,cUserDesc,dUltAct,observacion) "
-          " VALUES ('%1',0, 0, '%2','',#%3#,'Primer Registro') ")
-          .arg(Codigo(tipo), serieInicial(tipo), FormatearFecha(p.reloj.now(), u"mm/dd/yyyy")),
+      FormatearSQL(
+          u"INSERT INTO Config_Documento (cTipoDoc,cOperCode,nDocCodigo,cSerieDoc,cUserDesc,dUltAct,observacion) "
+          " VALUES ('$',0, 0, '$','',$,'Primer Registro') "_sql,
+          {Texto(Codigo(tipo)), Texto(serieInicial(tipo)), p.reloj.today()}),
       true);
 }
 
 // A single figure of a query, 0 for Null and for no row.
-bool consultarCifra(Puesto& p, Conexion& cnn, const QString& sql, QStringView campo, qint64& cifra) {
+bool consultarCifra(Puesto& p, Conexion& cnn, const Sql& sql, QStringView campo, qint64& cifra) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(cnn, sql, rs)) return false;
   cifra = AEntero(Numero(rs[campo]));
@@ -56,9 +56,9 @@ qint64 maximoCentral(Puesto& p) {
   qint64 maximo = 0;
   const bool bien = consultarCifra(
       p, central,
-      QStringLiteral("select isnull(max(cast(NroDoc as int)),0) as maximo from venta01  WHERE cCodCaja='") +
-          p.ses.psCaja + QStringLiteral("' AND TipoDoc in (") +
-          Codigos({TipoDocumento::Factura, TipoDocumento::Boleta}).texto(Dialecto::Jet) + QStringLiteral(")"),
+      FormatearSQL(u"select isnull(max(cast(NroDoc as int)),0) as maximo from venta01  WHERE cCodCaja='$'"
+                   " AND TipoDoc in ($)"_sql,
+                   {Texto(p.ses.psCaja), Codigos({TipoDocumento::Factura, TipoDocumento::Boleta})}),
       u"maximo", maximo);
   p.poDBAdmin.CerrarBD(central);
   return bien ? maximo : 0;
@@ -74,7 +74,7 @@ void dejarLog(Puesto& p, const QString& nombre, qint64 viejo, qint64 nuevo) {
 
 // What the two repairs at start differ in.
 struct Reparacion {
-  QString tabla;
+  LiteralSql tabla;
   bool paralela;
 };
 
@@ -90,8 +90,7 @@ bool numeroLocal(Puesto& p, const QString& serie, qint64& numero, QString& tipo)
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
           p.poCnnLocal,
-          QStringLiteral("select nDocCodigo, cTipoDoc from config_documento where cSerieDoc='") +
-              ReemplazarComilla(serie) + QStringLiteral("'"),
+          FormatearSQL(u"select nDocCodigo, cTipoDoc from config_documento where cSerieDoc='$'"_sql, {Texto(serie)}),
           rs)) {
     return false;
   }
@@ -108,13 +107,13 @@ bool numeroLocal(Puesto& p, const QString& serie, qint64& numero, QString& tipo)
 bool codigoDeReparacion(Puesto& p, const Reparacion& r, const QString& serie, qint64& codigo) {
   if (!r.paralela) {
     return consultarCifra(p, p.poCnnCentral,
-                          QStringLiteral("SELECT MAX(cOperCode) as ncOperCode From operacion where cCajaCodi='") +
-                              p.ses.psCaja + QStringLiteral("' and CDocSerie = '") + serie + QStringLiteral("'"),
+                          FormatearSQL(u"SELECT MAX(cOperCode) as ncOperCode From operacion where cCajaCodi='$'"
+                                       " and CDocSerie = '$'"_sql,
+                                       {Texto(p.ses.psCaja), Texto(serie)}),
                           u"ncOperCode", codigo);
   }
-  if (!consultarCifra(p, p.poCnnLocal,
-                      QStringLiteral("SELECT MAX(cOperCode) + 1 as ncOperCode From operacionparalela "), u"ncOperCode",
-                      codigo)) {
+  if (!consultarCifra(p, p.poCnnLocal, u"SELECT MAX(cOperCode) + 1 as ncOperCode From operacionparalela "_sql,
+                      u"ncOperCode", codigo)) {
     return false;
   }
   if (codigo == 0) codigo = 1;
@@ -122,21 +121,22 @@ bool codigoDeReparacion(Puesto& p, const Reparacion& r, const QString& serie, qi
 }
 
 // The marker row: the MAX queries see the number, no report of the day does.
-QString filaMarca(const Puesto& p, const Reparacion& r, qint64 codigo, qint64 numero, const QString& serie,
-                  const QString& tipo) {
+Sql filaMarca(const Puesto& p, const Reparacion& r, qint64 codigo, qint64 numero, const QString& serie,
+              const QString& tipo) {
   const QString ahora = FormatearFecha(p.reloj.now(), u"dd/mm/yyyy hh:nn");
   if (r.paralela) {
-    return FormatearSQL(QStringLiteral("INSERT INTO OPERACIONPARALELA (cOperCode,cOperTipo,dOperFech,"
-                                       "cEstado,cCajaCodi,cFlagSincronizacion,cTurnoCodi,cUserDesc,cOperFlagAbierto,"
-                                       "cDoccodigo,cdocSerie, cDocTipo) "
-                                       "VALUES ($,'0','$','0','$','0','01','ROVEL','0',$,'$','$')"),
-                        {codigo, ahora, p.ses.psCaja, numero, ReemplazarComilla(serie), tipo});
+    return FormatearSQL(u"INSERT INTO OPERACIONPARALELA (cOperCode,cOperTipo,dOperFech,"
+                        "cEstado,cCajaCodi,cFlagSincronizacion,cTurnoCodi,cUserDesc,cOperFlagAbierto,"
+                        "cDoccodigo,cdocSerie, cDocTipo) "
+                        "VALUES ($,'0','$','0','$','0','01','ROVEL','0',$,'$','$')"_sql,
+                        {codigo, Texto(ahora), Texto(p.ses.psCaja), numero, Texto(serie), Texto(tipo)});
   }
-  return FormatearSQL(QStringLiteral("INSERT INTO OPERACION (cOperCode,cUserDesc,dOperFech,"
-                                     "cOperFlagAnula,cOperCodeAnula, cOperFlagAbierto,"
-                                     "cCajaCodi,cFlagSincronizacion,cAlmaCode,cDocCodigo,cDocSerie,cDocTipo)"
-                                     "VALUES ($,'rovel','$',0,0,0,'$','0','$',$,'$','$')"),
-                      {codigo, ahora, p.ses.psCaja, p.ses.psAlmacen, numero, ReemplazarComilla(serie), tipo});
+  return FormatearSQL(
+      u"INSERT INTO OPERACION (cOperCode,cUserDesc,dOperFech,"
+      "cOperFlagAnula,cOperCodeAnula, cOperFlagAbierto,"
+      "cCajaCodi,cFlagSincronizacion,cAlmaCode,cDocCodigo,cDocSerie,cDocTipo)"
+      "VALUES ($,'rovel','$',0,0,0,'$','0','$',$,'$','$')"_sql,
+      {codigo, Texto(ahora), Texto(p.ses.psCaja), Texto(p.ses.psAlmacen), numero, Texto(serie), Texto(tipo)});
 }
 
 // A series that is behind gets its marker first: without one the next sale would take the number back again.
@@ -148,8 +148,8 @@ void repararSerie(Puesto& p, const Reparacion& r, const QString& serie, qint64 c
   if (!p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, filaMarca(p, r, codigo, central, serie, tipo), true)) return;
   p.poDBAdmin.EjecutarSentencia(
       p.poCnnLocal,
-      FormatearSQL(QStringLiteral("UPDATE CONFIG_DOCUMENTO set copercode='$', ndoccodigo= '$' where cseriedoc='$'"),
-                   {codigo, central, ReemplazarComilla(serie)}),
+      FormatearSQL(u"UPDATE CONFIG_DOCUMENTO set copercode='$', ndoccodigo= '$' where cseriedoc='$'"_sql,
+                   {codigo, central, Texto(serie)}),
       true);
 }
 
@@ -160,9 +160,9 @@ void reparar(Puesto& p, const Reparacion& r) {
   Recordset series;
   if (!p.poDBAdmin.EjecutarConsulta(
           p.poCnnCentral,
-          QStringLiteral("select CDocSerie, MAX(cDoccodigo) as nDoccodigo From ") + r.tabla +
-              QStringLiteral(" where cCajaCodi='") + p.ses.psCaja +
-              QStringLiteral("' and ltrim(rtrim(isnull(CDocSerie,''))) <> '' group by CDocSerie"),
+          FormatearSQL(u"select CDocSerie, MAX(cDoccodigo) as nDoccodigo From $ where cCajaCodi='$'"
+                       " and ltrim(rtrim(isnull(CDocSerie,''))) <> '' group by CDocSerie"_sql,
+                       {r.tabla, Texto(p.ses.psCaja)}),
           series)) {
     terminarSinCentral(p);
     return;
@@ -175,10 +175,10 @@ void reparar(Puesto& p, const Reparacion& r) {
 }  // namespace
 
 bool CodigoOperacion(Puesto& p, bool paralela, qint64& codigo) {
-  if (!consultarCifra(p, p.poCnnLocal,
-                      QStringLiteral("SELECT MAX(cOperCode) AS maximo FROM ") +
-                          (paralela ? QStringLiteral("OperacionParalela") : QStringLiteral("Operacion")),
-                      u"maximo", codigo)) {
+  if (!consultarCifra(
+          p, p.poCnnLocal,
+          u"SELECT MAX(cOperCode) AS maximo FROM "_sql + (paralela ? u"OperacionParalela"_sql : u"Operacion"_sql),
+          u"maximo", codigo)) {
     return false;
   }
   ++codigo;
@@ -190,8 +190,8 @@ bool SerieDeBoletas(Puesto& p, QString& serie) {
   if (!serie.isEmpty()) return true;
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                    QStringLiteral("SELECT cSerieDoc FROM Config_Documento WHERE cTipoDoc='%1'")
-                                        .arg(Codigo(TipoDocumento::Boleta)),
+                                    FormatearSQL(u"SELECT cSerieDoc FROM Config_Documento WHERE cTipoDoc='$'"_sql,
+                                                 {Texto(Codigo(TipoDocumento::Boleta))}),
                                     rs)) {
     return false;
   }
@@ -204,8 +204,7 @@ bool LeerNumeroDocumento(Puesto& p, TipoDocumento tipo, NumeroDocumento& n) {
   Recordset rs;
   const QString fila = filaDe(tipo);
   if (!p.poDBAdmin.EjecutarConsulta(
-          p.poCnnLocal, QStringLiteral("SELECT  * FROM Config_Documento WHERE cTipoDoc='") + fila + QStringLiteral("'"),
-          rs)) {
+          p.poCnnLocal, FormatearSQL(u"SELECT  * FROM Config_Documento WHERE cTipoDoc='$'"_sql, {Texto(fila)}), rs)) {
     return false;
   }
   // A factura that finds no common row makes its own, "01", and so can do it once only.
@@ -224,11 +223,11 @@ bool VerificarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& lo
   const bool fiscal = EsFiscal(tipo);
   const qint64 central = fiscal ? maximoCentral(p) : 0;
   qint64 maximo = 0;
-  const QString sql =
-      fiscal ? QStringLiteral("SELECT MAX(cDocCodigo) AS maximo FROM Operacion WHERE cDocTipo IN (%1)")
-                   .arg(Codigos({TipoDocumento::Factura, TipoDocumento::Boleta}).texto(Dialecto::Jet))
-             : QStringLiteral("SELECT MAX(cDocCodigo) AS maximo FROM OperacionParalela WHERE cDocTipo = '%1'")
-                   .arg(Codigo(tipo));
+  const Sql sql =
+      fiscal ? FormatearSQL(u"SELECT MAX(cDocCodigo) AS maximo FROM Operacion WHERE cDocTipo IN ($)"_sql,
+                            {Codigos({TipoDocumento::Factura, TipoDocumento::Boleta})})
+             : FormatearSQL(u"SELECT MAX(cDocCodigo) AS maximo FROM OperacionParalela WHERE cDocTipo = '$'"_sql,
+                            {Texto(Codigo(tipo))});
   if (!consultarCifra(p, p.poCnnLocal, sql, u"maximo", maximo)) return false;
   maximo = std::max(maximo, central);
   if (maximo <= 0 || maximo + 1 == n.numero) return true;
@@ -246,8 +245,8 @@ bool VerificarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& lo
 bool GuardarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NumeroDocumento& n) {
   return p.poDBAdmin.EjecutarSentencia(
       p.poCnnLocal,
-      QStringLiteral("UPDATE Config_Documento  SET cSerieDoc='%1', nDocCodigo=%2  WHERE cTipodoc='%3'")
-          .arg(ReemplazarComilla(n.serie), QString::number(n.numero), filaDe(tipo)),
+      FormatearSQL(u"UPDATE Config_Documento  SET cSerieDoc='$', nDocCodigo=$  WHERE cTipodoc='$'"_sql,
+                   {Texto(n.serie), n.numero, Texto(filaDe(tipo))}),
       true);
 }
 
@@ -262,14 +261,14 @@ bool ReservarDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& log, Nume
 }
 
 bool GuardarUltimaOperacion(Puesto& p, TipoDocumento tipo, qint64 codigo, qint64 numero) {
-  const QString documento = EsFiscal(tipo) ? QString() : QStringLiteral(" nDocCodigo=%1, ").arg(numero);
-  return p.poDBAdmin.EjecutarSentencia(
-      p.poCnnLocal,
-      QStringLiteral("UPDATE Config_Documento  SET cOperCode=%1,%2 cUserDesc='%3'  WHERE cTipodoc='%4'")
-          .arg(QString::number(codigo), documento, ReemplazarComilla(p.ses.psUsuario), Codigo(tipo)),
-      true);
+  const Sql documento = EsFiscal(tipo) ? Sql() : FormatearSQL(u" nDocCodigo=$, "_sql, {numero});
+  return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal,
+                                       FormatearSQL(u"UPDATE Config_Documento  SET cOperCode=$,"_sql + documento +
+                                                        u" cUserDesc='$'  WHERE cTipodoc='$'"_sql,
+                                                    {codigo, Texto(p.ses.psUsuario), Texto(Codigo(tipo))}),
+                                       true);
 }
 
-void RepararNumeracion(Puesto& p) { reparar(p, {QStringLiteral("operacion"), false}); }
+void RepararNumeracion(Puesto& p) { reparar(p, {u"operacion"_sql, false}); }
 
-void RepararNumeracionParalela(Puesto& p) { reparar(p, {QStringLiteral("operacionparalela"), true}); }
+void RepararNumeracionParalela(Puesto& p) { reparar(p, {u"operacionparalela"_sql, true}); }

@@ -19,7 +19,7 @@ QString tablaDe(const QString& sentencia) {
 QStringList tablasQueFaltan(Conexion& local) {
   Recordset rs;
   QSet<QString> hay;
-  if (!local.consultar(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table'"), rs)) {
+  if (!local.consultar(u"SELECT name FROM sqlite_master WHERE type = 'table'"_sql, rs)) {
     for (const auto& fila : rs) hay.insert(fila[0].toString().toLower());
   }
   QStringList faltan;

@@ -184,6 +184,30 @@ TEST(Motor, WhatAConnectionLearntFallsWithTheTables) {
   EXPECT_EQ("55", rs[0].toString());
 }
 
+// Names are searched through their index, whatever letters they have.
+TEST(Motor, AnIndexServesTexts) {
+  // clang-format off
+  const struct { const char *porque, *condicion; bool indice; } kCasos[] = {
+      {"plain", "nombre = 'ANA'", true},
+      {"letters beyond ASCII", "nombre = 'Núñez'", true},
+      {"between ORs", "nombre = 'Núñez' OR nombre = 'ana'", true},
+      {"the first letters", "nombre LIKE 'mu%ñ%'", true},
+      {"anywhere", "nombre LIKE '%mu'", false},
+      {"anything but the first letters", "nombre NOT LIKE 'mu%'", false},
+      {"too many ways to write it", "nombre = 'ñáéíóú'", false},
+  };
+  // clang-format on
+  for (const bool jet : {true, false}) {
+    Banco b(jet, {u8("CREATE TABLE P (id INTEGER PRIMARY KEY, nombre TEXT COLLATE NOCASE, otro TEXT)"),
+                  u8("CREATE INDEX P_nombre ON P (nombre)")});
+    for (const auto& c : kCasos) {
+      SCOPED_TRACE(c.porque);
+      const QString sql = b.cnn.traducir(u8("SELECT otro FROM P WHERE ") + u8(c.condicion));
+      EXPECT_EQ(c.indice, b.respuesta(u8("EXPLAIN QUERY PLAN ") + sql).contains(u8("P_nombre"))) << sql.toStdString();
+    }
+  }
+}
+
 TEST(Motor, ALockIsWaitedForAndThenTold) {
   Banco b(true, kTabla);
   Conexion otra;

@@ -29,6 +29,9 @@ QString PalabrasDeError(int error, const QFileDevice& f) {
     case EACCES:
     case EPERM: return QStringLiteral("no hay permiso");
     case ENOSPC:
+#ifdef EDQUOT
+    case EDQUOT:
+#endif
     case EFBIG: return QStringLiteral("no queda espacio");
     case EISDIR: return QStringLiteral("es una carpeta");
     case ENOTDIR: return QStringLiteral("una parte de la ruta no es una carpeta");
@@ -38,7 +41,7 @@ QString PalabrasDeError(int error, const QFileDevice& f) {
     case EBUSY: return QStringLiteral("el dispositivo está ocupado");
     case EIO: return QStringLiteral("falló el dispositivo");
     case ETIMEDOUT: return QStringLiteral("el dispositivo no recibe datos");
-    default: return f.errorString();
+    default: return error != 0 ? QStringLiteral("el sistema dio el error %1").arg(error) : f.errorString();
   }
 }
 

@@ -2,6 +2,8 @@
 
 #include <QHash>
 
+#include "platform/text/texto.h"
+
 namespace {
 constexpr QStringView kAccess = u"Microsoft Access";
 }
@@ -43,4 +45,10 @@ CadenaConexion leerCadenaConexion(const QString& cadena) {
 Dialecto dialectoDe(const QString& cadena) {
   return cadena.contains(kAccess) && leerCadenaConexion(cadena).tipo == TipoMotor::Local ? Dialecto::Jet
                                                                                          : Dialecto::TSql;
+}
+
+QString cadenaDeServidor(const QString& usuario, const QString& clave, const QString& catalogo,
+                         const QString& servidor) {
+  return QStringLiteral("Provider=SQLOLEDB.1;User ID=%1;Password=%2;Initial Catalog=%3;Data Source=%4")
+      .arg(Recortar(usuario), Recortar(clave), Recortar(catalogo), Recortar(servidor));
 }

@@ -21,5 +21,9 @@ struct CadenaConexion {
 // A string without driver and without data source reads as SqlServer with an empty server.
 CadenaConexion leerCadenaConexion(const QString& cadena);
 
+// The string of a server in the settings, blanks off the ends of each part.
+QString cadenaDeServidor(const QString& usuario, const QString& clave, const QString& catalogo,
+                         const QString& servidor);
+
 // The dialect of the statements for such a connection.
 Dialecto dialectoDe(const QString& cadena);

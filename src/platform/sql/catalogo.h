@@ -4,8 +4,6 @@
 #include <map>
 #include <vector>
 
-struct sqlite3;
-
 // Type of a column or of an expression. `Numero` is a number of which only the running statement knows whether it
 // is whole; `Real` is never stored whole.
 enum class Tipo { Desconocido, Nulo, Logico, Entero, Numero, Real, Texto, Fecha };
@@ -17,7 +15,7 @@ inline bool esNumerico(Tipo t) {
 struct Columna {
   QString nombre;
   Tipo tipo = Tipo::Desconocido;
-  bool sinCaso = false;  // declared COLLATE NOCASE
+  bool sinCaso = false;  // compared without regard to case by the engine itself, as far as ASCII goes
   bool real = false;     // a column of a table, not an expression of a derived one
 };
 
@@ -28,23 +26,20 @@ struct Tabla {
 
 // The type that a declaration such as "DATETIME" or "VARCHAR(10)" stands for.
 Tipo tipoDeclarado(const QString& declaracion);
-// ... and back: how a column of that type is declared.
-QString declaracionDe(Tipo tipo);
 
 // A table is read when it is first asked for: a connection that lives for one statement reads what that one names. One
-// that was not there is looked for again, since another program may have made it meanwhile.
+// that was not there is looked for again, since another program may have made it meanwhile. Each engine has its reader.
 class Catalogo {
  public:
-  // Of the tables of `base`, which stays the caller's; without one there are none.
-  explicit Catalogo(sqlite3* base = nullptr) : base_(base) {}
+  virtual ~Catalogo() = default;
   // The table of that name, without regard to case; null when there is none or it can't be read. Valid until olvidar().
   const Tabla* tabla(const QString& nombre) const;
   // The tables have changed.
-  void olvidar();
+  void olvidar() { tablas_.clear(); }
 
  private:
-  Tabla leer(const QString& nombre) const;
+  // Without columns when there is none.
+  virtual Tabla leer(const QString& nombre) const = 0;
 
-  sqlite3* base_;
   mutable std::map<QString, Tabla> tablas_;
 };

@@ -59,13 +59,11 @@ std::optional<bool> Contiene::en(std::string_view texto) const {
 }
 
 std::optional<int> compararAscii(std::string_view a, std::string_view b) {
-  const auto ascii = [](std::string_view t) {
-    return std::all_of(t.begin(), t.end(), [](char c) { return static_cast<Byte>(c) < 0x80; });
-  };
-  if (!ascii(a) || !ascii(b)) return {};
   const size_t n = std::min(a.size(), b.size());
   for (size_t i = 0; i < n; ++i) {
-    const int d = minuscula(static_cast<Byte>(a[i])) - minuscula(static_cast<Byte>(b[i]));
+    const Byte x = static_cast<Byte>(a[i]), y = static_cast<Byte>(b[i]);
+    if ((x | y) >= 0x80) return {};
+    const int d = minuscula(x) - minuscula(y);
     if (d != 0) return d;
   }
   return static_cast<int>(a.size()) - static_cast<int>(b.size());

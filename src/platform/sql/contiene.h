@@ -17,5 +17,5 @@ class Contiene {
   std::string buscado_;
 };
 
-// Negative, zero or positive, case aside; nothing unless both texts are plain ASCII.
+// Negative, zero or positive, case aside; nothing when letters beyond ASCII stand before the first that differs.
 std::optional<int> compararAscii(std::string_view a, std::string_view b);

@@ -1,8 +1,7 @@
 #include "platform/sql/edicion.h"
 
-#include "platform/sql/funciones_sqlite.h"
+#include "platform/sql/instante.h"
 #include "platform/text/fecha.h"
-#include "platform/text/numero.h"
 
 namespace {
 
@@ -59,19 +58,10 @@ ValorLiteral leerLiteral(const Token& token, Lectura lectura, Dialecto dialecto)
   return {texto, {}};
 }
 
-QString literalSql(const QVariant& valor) {
-  if (valor.typeId() == QMetaType::LongLong) return QString::number(valor.toLongLong());
-  if (valor.typeId() == QMetaType::Double) {
-    const QString n = TextoDe(valor.toDouble());
-    return n.contains(u'.') ? n : n + QStringLiteral(".0");
-  }
-  QString t = valor.toString();
-  return u'\'' + t.replace(u'\'', QStringLiteral("''")) + u'\'';
-}
-
-Edicion::Edicion(QStringView sql, Dialecto dialecto)
+Edicion::Edicion(QStringView sql, Dialecto dialecto, const PalabrasMotor& palabras)
     : sql_(sql),
       dialecto_(dialecto),
+      palabras_(palabras),
       tokens_(separar(sql, dialecto)),
       ediciones_(tokens_.size()),
       literalDe_(tokens_.size(), -1) {
@@ -98,12 +88,12 @@ QString Edicion::deToken(int i, bool conLiterales, int& parametro) const {
   if (ediciones_[i].cambiado) return ediciones_[i].nuevo;
   if (!t.literal()) return t.texto.toString();
   const Literal& l = literales_[literalDe_[i]];
-  if (l.ligado && !conLiterales) return u'?' + QString::number(++parametro);
+  if (l.ligado && !conLiterales) return palabras_.parametro.toString() + QString::number(++parametro);
   const bool comoEsta = l.lectura == Lectura::TalCual && t.tipo != TipoToken::Fecha && t.texto[0] != u'"' &&
                         t.texto[0] != u'N' && t.texto[0] != u'n';
   if (comoEsta) return t.texto.toString();
   const ValorLiteral v = leerLiteral(t, l.lectura, dialecto_);
-  return v.error ? t.texto.toString() : literalSql(v.valor);
+  return v.error ? t.texto.toString() : palabras_.literal(v.valor);
 }
 
 QString Edicion::trozo(int ini, int fin) const {
@@ -135,7 +125,7 @@ QString Edicion::texto(bool conLiterales) const {
     sale += nuevo;
     sale += ediciones_[i].despues;
     hasta = tokens_[i].ini + tokens_[i].largo;
-    if (static_cast<int>(i) == movidos_.tras) sale += apartado;
+    if (static_cast<int>(i) == movidos_.tras) sale += apartado + movidos_.cierra;
   }
   return sale;
 }

@@ -4,6 +4,7 @@
 #include <QVariant>
 
 #include "platform/sql/error_bd.h"
+#include "platform/sql/palabras_motor.h"
 #include "platform/sql/token.h"
 
 // How a literal is read when it reaches the engine.
@@ -27,21 +28,20 @@ struct ValorLiteral {
 };
 ValorLiteral leerLiteral(const Token& token, Lectura lectura, Dialecto dialecto);
 
-// The value as it stands in a statement of the engine.
-QString literalSql(const QVariant& valor);
-
 // A number text as qint64 or double; invalid for anything that is no number from end to end.
 QVariant leerNumero(const QString& texto);
 
 class Edicion {
  public:
-  Edicion(QStringView sql, Dialecto dialecto);
+  Edicion(QStringView sql, Dialecto dialecto, const PalabrasMotor& palabras);
 
   const std::vector<Token>& tokens() const { return tokens_; }
   const std::vector<Literal>& literales() const { return literales_; }
   // Has a text or a name without end: it goes to the engine as it is, which says so.
   bool incompleta() const { return incompleta_; }
   Dialecto dialecto() const { return dialecto_; }
+  // Of the engine that it is written for.
+  const PalabrasMotor& palabras() const { return palabras_; }
 
   // Of two texts before one token the later call stands further out, and so behind a token.
   void antes(int token, const QString& texto) { ediciones_[token].antes.prepend(texto); }
@@ -52,14 +52,14 @@ class Edicion {
   }
   void reemplazar(int token, const QString& texto);
   void borrar(int token) { reemplazar(token, QString()); }
-  // The tokens [ini, fin) come out behind the token `tras`, further on. Once a statement.
-  void mover(int ini, int fin, int tras) { movidos_ = {ini, fin, tras}; }
+  // The tokens [ini, fin) come out behind the token `tras`, further on, and `cierra` behind them. Once a statement.
+  void mover(int ini, int fin, int tras, const QString& cierra) { movidos_ = {ini, fin, tras, cierra}; }
   // Those tokens as they stand now, with their literals.
   QString trozo(int ini, int fin) const;
   // The literal at that token, null for another token.
   Literal* literal(int token);
 
-  // The rewritten statement, with its literals in it or, bound ones, as ?1, ?2 ... in their order.
+  // The rewritten statement, with its literals in it or, bound ones, as parameters numbered in their order.
   QString texto(bool conLiterales) const;
 
  private:
@@ -71,10 +71,12 @@ class Edicion {
 
   struct Movidos {
     int ini = -1, fin = -1, tras = -1;
+    QString cierra{};
   };
 
   QStringView sql_;
   Dialecto dialecto_;
+  const PalabrasMotor& palabras_;
   Movidos movidos_;
   bool incompleta_ = false;
   std::vector<Token> tokens_;

@@ -9,7 +9,7 @@ struct Palabras {
   const char16_t* texto;
 };
 
-// Words of our own where the engine's say too little to the person at the desk.
+// What is not a statement's fault reaches the person at the desk: in his language, without the engine's words.
 const Palabras kPalabras[] = {
     // A limit of file size or a quota; the engine says no more of it.
     {SQLITE_IOERR_WRITE, u"El disco está lleno o no responde: no se pudo guardar."},
@@ -21,6 +21,8 @@ const Palabras kPalabras[] = {
     {SQLITE_CORRUPT, u"La base de datos está dañada."},
     {SQLITE_NOTADB, u"El archivo está truncado o es de otro programa."},
     {SQLITE_CANTOPEN, u"No se pudo abrir el archivo de la base de datos."},
+    {SQLITE_PERM, u"No hay permiso para usar el archivo de la base de datos."},
+    {SQLITE_PROTOCOL, u"La base de datos está ocupada por otro programa. Intente de nuevo."},
     {SQLITE_NOMEM, u"No hay memoria suficiente."},
     {SQLITE_INTERRUPT, u"La consulta fue interrumpida."},
 };
@@ -53,8 +55,8 @@ ErrorBD errorDe(sqlite3* base, int codigo) {
   if (deSentencia(primario)) return {kErrorSentencia, primario, motor};
   for (const Palabras& p : kPalabras) {
     if (p.codigo == extendido || p.codigo == primario) {
-      return {kErrorGeneral, extendido, QStringLiteral("%1 (%2)").arg(QString::fromUtf16(p.texto), motor)};
+      return {kErrorGeneral, extendido, QString::fromUtf16(p.texto)};
     }
   }
-  return {kErrorGeneral, extendido, motor};
+  return {kErrorGeneral, extendido, QStringLiteral("La base de datos no responde (%1).").arg(motor)};
 }

@@ -8,10 +8,13 @@ QChar marca(const Token& t) {
   if (t.tipo == TipoToken::Numero) {
     return leerNumero(t.texto.toString()).typeId() == QMetaType::LongLong ? u'N' : u'R';
   }
+  // ... and whether it may be a pattern that begins with its text.
+  const qsizetype comilla = t.texto.size() > 1 && t.texto[0] != u'\'' && t.texto[0] != u'"' ? 2 : 1;
+  const bool comodin = t.texto.size() > comilla && QStringView(u"%*_?#[").contains(t.texto[comilla]);
   for (const QChar c : t.texto) {
-    if (c.unicode() >= 0x80) return u'U';
+    if (c.unicode() >= 0x80) return comodin ? u'V' : u'U';
   }
-  return u'T';
+  return comodin ? u'P' : u'T';
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
 #pragma once
 // Statements of one shape differ in their literals only. A shape is rewritten and prepared once; the literals of
 // later statements are bound to it. The rewriting outlives the connection, the prepared statement does not.
-#include <sqlite3.h>
-
 #include <QHash>
 #include <list>
 #include <memory>
@@ -11,26 +9,13 @@
 
 // What the rewriting makes of a shape.
 struct FormaEscrita {
-  QByteArray texto;  // in the engine's language, bound literals as ?1, ?2 ...
+  QByteArray texto;  // in the engine's language, bound literals as its parameters
   std::vector<Literal> literales;
   std::vector<int> fijos;       // literals that stay in the text, in their order
   std::vector<Columna> salida;  // empty when the columns can't be told
   QString tablaNueva;           // SELECT ... INTO
   Tope tope;
   bool cambiaEsquema = false;
-};
-
-// A prepared statement and what must be known to run it.
-struct Preparada {
-  ~Preparada() { sqlite3_finalize(sentencia); }
-  Preparada() = default;
-  Preparada(const Preparada&) = delete;
-  Preparada& operator=(const Preparada&) = delete;
-
-  sqlite3_stmt* sentencia = nullptr;
-  std::shared_ptr<const FormaEscrita> forma;
-  std::vector<bool> fechas;  // columns that come back as dates
-  QStringList campos;
 };
 
 // The shape of a statement: its text with a mark in the place of each literal. Literals that are known to stay in the
@@ -83,9 +68,18 @@ class Formas {
   QHash<QString, std::vector<int>> fijos_;
 };
 
-// What the connections to one database have learnt of it: they come and go, a sale opens five. It holds for one state of
-// the tables, which `esquema` numbers: the engine counts it up with every change of them.
-struct MemoriaDeFormas {
-  int esquema = -1;
-  Formas<const FormaEscrita> formas{300};
+// What the connections to one database have learnt of it: they come and go, a sale opens five. It holds for one state
+// of the tables, which `esquema` numbers: the engine counts it up with every change of them.
+class MemoriaDeFormas {
+ public:
+  // What holds for that state; what was learnt in another one falls.
+  Formas<const FormaEscrita>& alDia(int esquema) {
+    if (esquema_ != esquema) formas_.vaciar();
+    esquema_ = esquema;
+    return formas_;
+  }
+
+ private:
+  int esquema_ = -1;
+  Formas<const FormaEscrita> formas_{300};
 };

@@ -186,8 +186,8 @@ Nodo Reescritor::llamada(int ini) {
     n.tipo = Tipo::Fecha;
   }
   if (!jet_ && tk(nombre).es(u"AVG") && args[0].tipo == Tipo::Entero) {  // the mean of whole numbers is whole there
-    e_.reemplazar(nombre, QStringLiteral("CAST(avg"));
-    e_.despues(p_ - 1, QStringLiteral(" AS INTEGER)"));
+    e_.reemplazar(nombre, QStringLiteral("tp_convint(avg"));
+    e_.despues(p_ - 1, QStringLiteral(")"));
     n.tipo = Tipo::Entero;
   }
   return n;
@@ -212,6 +212,7 @@ void Reescritor::argumentos(int nombre, std::vector<Nodo>& args, bool distintos)
       Nodo n = expresion();
       if (!condicion || (tk(nombre).es(u"IIF") && !args.empty())) comoNumero(n);
       if ((distintos || extremo) && pideColacion(n)) colacion(n);
+      if (args.empty() && tk(nombre).es(u"NULLIF") && n.tipo == Tipo::Texto) colacion(n);
       args.push_back(n);
     }
     if (!comeOp(u",") && !tk(p_).op(u")")) {
@@ -312,10 +313,8 @@ Nodo Reescritor::convertir(int ini) {
     e_.borrar(p_);
   }
   if (estilo) {
-    const bool antes = ligable_;
-    ligable_ = false;
-    expresion();
-    ligable_ = antes;
+    const Nodo cual = expresion();
+    if (cual.literal >= 0) e_.literal(cual.literal)->ligado = false;
   }
   e_.reemplazar(ini, funcion);
   if (!estilo && tipo.tipo == Tipo::Texto && valor.tipo == Tipo::Fecha) e_.antes(p_, QStringLiteral(",0"));
@@ -335,6 +334,10 @@ Nodo Reescritor::moldear(int ini) {
   }
   const TipoSql tipo = tipoSql();
   const QString funcion = funcionDeTipo(tipo);
+  if (funcion.isEmpty()) {  // the engine would give the value for any word
+    error_ = tipo.ini == tipo.fin ? QStringLiteral("Falta el tipo de CAST.")
+                                  : QStringLiteral("No existe el tipo '%1'.").arg(contenido(tk(tipo.ini)));
+  }
   if (esNumerico(tipo.tipo)) fechaComoNumero(valor);
   if (!funcion.isEmpty() && tk(p_).op(u")")) {
     if (tipo.soloDia) e_.despues(p_, QStringLiteral(")"));

@@ -7,7 +7,7 @@
 #include <optional>
 #include <set>
 
-#include "platform/sql/token.h"
+#include "platform/sql/instante.h"
 
 struct sqlite3;
 struct sqlite3_context;
@@ -21,20 +21,11 @@ struct EntornoFunciones {
   bool conColacion = false;
 };
 
-// Registers what `sentencia`, in the engine's language, names and was not registered before: a connection that lives for
-// one statement would spend more on all of them than on that. Gives back an engine's code, 0 when all are in place.
+// Registers what `sentencia`, in the engine's language, names and was not registered before: a connection that lives
+// for one statement would spend more on all of them than on that. Gives back an engine's code, 0 when all are in place.
 int registrarFunciones(sqlite3* base, EntornoFunciones& entorno, const QByteArray& sentencia);
 
-// Less, equal or more, as both dialects compare texts: without regard to case, with regard to accents, in Spanish
-// order. `sinFinales`: blanks at the end don't count.
-int compararTextosSql(QString a, QString b, bool sinFinales);
-
-// Whether `texto` is like `patron`: % and _, [a-z]; in Jet also *, ? and # (a digit). Case does not count.
-bool pareceSql(QStringView texto, QStringView patron, Dialecto dialecto, QChar escape = QChar());
-
-// The moment that a stored date or a date text (day/month/year) stands for.
-std::optional<QDateTime> leerInstante(const QString& texto, Dialecto dialecto = Dialecto::Jet);
-// ... or a value: a number counts days.
+// The moment that a value stands for; a number counts days.
 std::optional<QDateTime> instanteDe(sqlite3_context* c, sqlite3_value* v);
 
 // The number of a part of a date, named as in DATEPART (q, ww ...); nothing for a name that is none. Weeks begin on
@@ -56,6 +47,8 @@ void darTexto(sqlite3_context* c, const QString& texto);
 void darError(sqlite3_context* c, const QString& texto);
 EntornoFunciones& entornoDe(sqlite3_context* c);
 
-// The functions of dates (funciones_fecha.cpp) and FORMAT (funciones_formato.cpp), each closed by a null name.
+// The functions of each file, closed by a null name.
+const EntradaFuncion* funcionesDeNumero();
+const EntradaFuncion* funcionesDeTexto();
 const EntradaFuncion* funcionesDeFecha();
 const EntradaFuncion* funcionesDeFormato();

@@ -6,9 +6,9 @@ namespace {
 
 bool empiezaSentencia(const Token& t) {
   for (const QStringView palabra :
-       {u"SELECT", u"INSERT",   u"UPDATE",    u"DELETE",  u"CREATE", u"ALTER",   u"DROP",    u"PRAGMA",  u"BEGIN",
-        u"COMMIT", u"ROLLBACK", u"WITH",      u"REPLACE", u"VALUES", u"EXPLAIN", u"ANALYZE", u"REINDEX", u"VACUUM",
-        u"ATTACH", u"DETACH",   u"SAVEPOINT", u"RELEASE", u"END",    u"SHAPE",   u"TRUNCATE"}) {
+       {u"SELECT", u"INSERT",   u"UPDATE",    u"DELETE",  u"CREATE", u"ALTER",   u"DROP",     u"PRAGMA",  u"BEGIN",
+        u"COMMIT", u"ROLLBACK", u"WITH",      u"REPLACE", u"VALUES", u"EXPLAIN", u"ANALYZE",  u"REINDEX", u"VACUUM",
+        u"ATTACH", u"DETACH",   u"SAVEPOINT", u"RELEASE", u"END",    u"SHAPE",   u"TRUNCATE", u"SET"}) {
     if (t.es(palabra)) return true;
   }
   return false;
@@ -41,6 +41,9 @@ bool argumento(const std::vector<Token>& t, size_t& i, QVariant& valor) {
 
 std::optional<Llamada> leerLlamada(const QString& sql) {
   const std::vector<Token> t = separar(sql, Dialecto::TSql);
+  for (const Token& uno : t) {
+    if (uno.abierto) return {};  // no statement at all
+  }
   size_t i = 0;
   const bool conExec = t[0].es(u"EXEC") || t[0].es(u"EXECUTE");
   if (conExec) ++i;

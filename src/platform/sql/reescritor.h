@@ -1,5 +1,7 @@
 #pragma once
 // The walk behind reescribir(). Positions are indexes of tokens; ranges are half open.
+#include <deque>
+
 #include "platform/sql/funciones_dialecto.h"
 #include "platform/sql/reescritura.h"
 
@@ -19,7 +21,12 @@ struct Nodo {
 class Reescritor {
  public:
   Reescritor(Edicion& edicion, const Catalogo& catalogo)
-      : e_(edicion), c_(catalogo), t_(edicion.tokens()), jet_(edicion.dialecto() == Dialecto::Jet) {}
+      : e_(edicion),
+        c_(catalogo),
+        m_(edicion.palabras()),
+        t_(edicion.tokens()),
+        jet_(edicion.dialecto() == Dialecto::Jet),
+        ambitos_(1) {}
 
   Reescritura correr();
 
@@ -28,8 +35,18 @@ class Reescritor {
     QString tabla, alias;
     std::vector<Columna> columnas;
   };
+  struct Clave {
+    int columna, ini, fin;  // of the list, or -1
+  };
+  // A SELECT at hand, or the statement that holds it. The innermost stands last.
   struct Ambito {
     std::vector<Fuente> fuentes;
+    bool ligable = false;   // a literal here is bound
+    bool distinto = false;  // the list is of a SELECT DISTINCT
+    const std::vector<Columna>* primera =
+        nullptr;                  // columns of the first SELECT of its UNION; null for the first itself
+    int orden = -1;               // where its ORDER BY begins ...
+    std::vector<Clave> claves{};  // ... and what it orders by
   };
   // Deeper statements than this pass on as they are, before the walk or the engine runs out of stack.
   static constexpr int kHondo = 150;
@@ -43,23 +60,27 @@ class Reescritor {
 
   // Sentences (reescritor.cpp)
   bool pideParametros() const;
+  bool ajusteDeSesion() const;
   void separarSignos();
   void comunes();
   std::vector<Columna> seleccion(const std::vector<Columna>* destino = nullptr);
-  std::vector<Columna> nucleo(const std::vector<Columna>* destino);
+  std::vector<Columna> nucleo(const std::vector<Columna>* destino, const std::vector<Columna>* primera);
   void nucleoCompleto(int lista, int desde, std::vector<Columna>& salida, const std::vector<Columna>* destino);
-  bool leerTope(Tope& tope);
-  void ponerTope(Tope tope, int ini, int lista, int desde, int orden, bool distinto);
   int buscarDesde(int i) const;
-  void listaDeSalida(int fin, std::vector<Columna>& salida, const std::vector<Columna>* destino);
-  void todasLasColumnas(const QString& alias, std::vector<Columna>& salida) const;
-  void ordenYGrupo(const std::vector<Columna>& salida);
-  const Columna* columnaDeOrden(const Nodo& n, const std::vector<Columna>& salida) const;
   void clausulas(const std::vector<Columna>& salida = {});
   void insertar();
   std::vector<Columna> columnasDeInsercion(const Tabla* tabla);
   void filasDeValores(const std::vector<Columna>& columnas);
   void separarDestino(int lista, int& fin);
+
+  // The list of a SELECT, its order and how much of it (reescritor_lista.cpp)
+  void listaDeSalida(int fin, std::vector<Columna>& salida, const std::vector<Columna>* destino);
+  void unaColumna(int fin, std::vector<Columna>& salida, const std::vector<Columna>* destino);
+  void todasLasColumnas(const QString& alias, std::vector<Columna>& salida) const;
+  void ordenYGrupo(const std::vector<Columna>& salida);
+  const Columna* columnaDeOrden(const Nodo& n, const std::vector<Columna>& salida) const;
+  bool leerTope(Tope& tope);
+  void ponerTope(Tope tope, int ini, int lista, int desde);
 
   // Changes of rows (reescritor_cambios.cpp)
   void actualizar();
@@ -75,7 +96,7 @@ class Reescritor {
   void fuenteEntreParentesis();
   bool sigueJuntura() const;
   QString nombreDeTabla();
-  QString aliasDeFuente(bool pedirAs = false);
+  QString aliasDeFuente(bool enCambio = false);
   void sinPistas();
   void agregarFuente(const QString& tabla, const QString& alias);
 
@@ -87,6 +108,8 @@ class Reescritor {
   Nodo nombreOLlamada();
   Nodo caso();
   Nodo binario(Nodo izq, int op, int precedencia);
+  Nodo llamadaEntre(const Nodo& izq, int op, QStringView funcion, Tipo tipo);
+  Nodo producto(Nodo& izq, int op, Nodo& der);
   Nodo predicado(Nodo izq, int op);
   Nodo enLista(Nodo izq, int op);
   bool alinear(Nodo& sujeto, std::vector<Nodo>& valores);
@@ -126,8 +149,14 @@ class Reescritor {
   void comoTexto(const Nodo& n);
   void asignar(const Columna& destino, Nodo& n);
   void colacion(const Nodo& n);
-  bool asciiLiteral(const Nodo& n, bool sinLetras = false) const;
+  bool asciiLiteral(const Nodo& n) const;
+  bool esCodigo(const Nodo& n) const;
+  bool porVariantes(const Nodo& columna, const Nodo& literal);
+  QString tramoDePatron(const Nodo& columna, const Nodo& patron);
   const Columna* columna(const QString& alias, const QString& nombre) const;
+
+  Ambito& ambito() { return ambitos_.back(); }
+  const Ambito& ambito() const { return ambitos_.back(); }
 
   // Tokens
   const Token& tk(int i) const { return t_[static_cast<size_t>(i) < t_.size() ? i : t_.size() - 1]; }
@@ -139,26 +168,20 @@ class Reescritor {
     if (tk(p_).tipo != TipoToken::Fin) ++p_;
     return true;
   }
-  // A literal is bound only where the walk has set ligable_: elsewhere the engine matches expressions by their text.
+  // A literal is bound only where its scope says so: elsewhere the engine matches expressions by their text.
   void ligar(int token);
 
   Edicion& e_;
   const Catalogo& c_;
+  const PalabrasMotor& m_;
   const std::vector<Token>& t_;
   bool jet_;
   int p_ = 0;
   int hondo_ = 0;
   bool rendido_ = false;
-  bool ligable_ = false;
-  bool distinto_ = false;                          // the list at hand is of a SELECT DISTINCT
-  QString tablaNueva_;                             // of SELECT ... INTO
-  const std::vector<Columna>* primera_ = nullptr;  // columns of the first SELECT of the UNION at hand
-  int orden_ = -1;                                 // where ORDER BY begins in the SELECT at hand
-  struct Clave {
-    int columna, ini, fin;
-  };                                                 // of the list, or -1
-  std::vector<Clave> claves_;                        // ... what it orders by
+  QString error_;                                    // why the statement must not run
+  QString tablaNueva_;                               // of SELECT ... INTO
   Tope tope_;                                        // of the outermost SELECT
   std::map<QString, std::vector<Columna>> comunes_;  // named by WITH, in lower case
-  std::vector<Ambito> ambitos_;
+  std::deque<Ambito> ambitos_;
 };

@@ -2,14 +2,8 @@
 // gives the rows to change and their new values: there every name means what it meant in the dialect's statement.
 #include "platform/sql/reescritor.h"
 
-namespace {
-
-QString citado(QString nombre) { return u'"' + nombre.replace(u'"', QStringLiteral("\"\"")) + u'"'; }
-
-}  // namespace
-
 const Reescritor::Fuente* Reescritor::fuenteLlamada(const QString& nombre) const {
-  const auto& todas = ambitos_.back().fuentes;
+  const auto& todas = ambito().fuentes;
   for (const Fuente& f : todas) {
     if (f.alias.compare(nombre, Qt::CaseInsensitive) == 0) return &f;
   }
@@ -25,7 +19,7 @@ const Reescritor::Fuente* Reescritor::fuenteDeColumna(int i) const {
     while (tk(i + 3).op(u".")) i += 2;
     return fuenteLlamada(contenido(tk(i)));
   }
-  for (const Fuente& f : ambitos_.back().fuentes) {
+  for (const Fuente& f : ambito().fuentes) {
     for (const Columna& c : f.columnas) {
       if (c.nombre.compare(contenido(tk(i)), Qt::CaseInsensitive) == 0) return &f;
     }
@@ -38,20 +32,20 @@ bool Reescritor::fuentesDeCambio(int ini, const QString& nombre) {
   if (jet_) {
     if (es(u"SET")) return false;
     p_ = ini;
-    ambitos_.back().fuentes.clear();
+    ambito().fuentes.clear();
     fuentes();
     return true;
   }
   const int lista = p_;
   const int desde = buscarDesde(p_);
   if (!tk(desde).es(u"FROM")) return false;
-  std::vector<Fuente> sola = std::move(ambitos_.back().fuentes);
-  ambitos_.back().fuentes.clear();
+  std::vector<Fuente> sola = std::move(ambito().fuentes);
+  ambito().fuentes.clear();
   p_ = desde + 1;
   fuentes();
   p_ = lista;
   if (fuenteLlamada(nombre)) return true;
-  auto& todas = ambitos_.back().fuentes;  // a table apart from those behind FROM, as the engine has it too
+  auto& todas = ambito().fuentes;  // a table apart from those behind FROM, as the engine has it too
   todas.insert(todas.begin(), sola.begin(), sola.end());
   return false;
 }
@@ -65,7 +59,7 @@ void Reescritor::actualizar() {
   const bool junta = fuentesDeCambio(ini, nombre);
   const int set = p_;
   if (!come(u"SET")) return;
-  ligable_ = true;
+  ambito().ligable = true;
   const Fuente* destino = !junta ? fuenteLlamada(nombre) : jet_ ? fuenteDeColumna(p_) : fuenteLlamada(nombre);
   if (junta && (!destino || destino->tabla.isEmpty())) {
     rendido_ = true;
@@ -75,23 +69,26 @@ void Reescritor::actualizar() {
   const QStringList pone = asignaciones(destino ? &elegida : nullptr, junta);
   const int ultima = p_ - 1;
   if (come(u"FROM")) {
-    const auto conocidas = ambitos_.back().fuentes;
+    const auto conocidas = ambito().fuentes;
     fuentes();
-    ambitos_.back().fuentes = conocidas;
+    ambito().fuentes = conocidas;
   }
   clausulas();
   if (!junta || rendido_) return;
 
-  e_.reemplazar(verbo, QStringLiteral("UPDATE %1 SET %2 FROM (SELECT %3.rowid AS fila,")
-                           .arg(citado(elegida.tabla), pone.join(u','), citado(elegida.alias)));
+  e_.reemplazar(verbo, QStringLiteral("UPDATE %1 SET %2 FROM (SELECT %3.%4 AS fila,")
+                           .arg(m_.citado(elegida.tabla), pone.join(u','), m_.citado(elegida.alias), m_.fila));
+  const QString cierra =
+      QStringLiteral(") AS tp_cambio WHERE %1.%2 = tp_cambio.fila").arg(m_.citado(elegida.tabla), m_.fila);
+  const bool sinMas = p_ - 1 == ultima;  // no WHERE: what closes it stands behind the tables that were moved
   if (jet_) {
     e_.antes(ini, QStringLiteral(" FROM "));
-    e_.mover(ini, set, ultima);
+    e_.mover(ini, set, ultima, sinMas ? cierra : QString());
   } else {
     for (int i = ini; i < set; ++i) e_.borrar(i);
   }
   e_.borrar(set);
-  e_.despues(p_ - 1, QStringLiteral(") AS tp_cambio WHERE %1.rowid = tp_cambio.fila").arg(citado(elegida.tabla)));
+  if (!jet_ || !sinMas) e_.despues(p_ - 1, cierra);
 }
 
 // The list behind SET. With a join each value is a column of the SELECT, and what sets the table's comes back.
@@ -120,7 +117,7 @@ QStringList Reescritor::asignaciones(const Fuente* destino, bool junta) {
     if (!junta) continue;
     const QString v = QStringLiteral("v%1").arg(pone.size() + 1);
     e_.despues(valor.fin - 1, QStringLiteral(" AS ") + v);
-    pone << citado(col) + QStringLiteral(" = tp_cambio.") + v;
+    pone << m_.citado(col) + QStringLiteral(" = tp_cambio.") + v;
   } while (comeOp(u","));
   return pone;
 }
@@ -160,8 +157,8 @@ void Reescritor::borrarFilas() {
   fuentes();
   const Fuente* f = fuenteLlamada(pedida);
   if (!f || f->tabla.isEmpty()) return;
-  e_.reemplazar(
-      verbo, QStringLiteral("DELETE FROM %1 WHERE rowid IN (SELECT %2.rowid").arg(citado(f->tabla), citado(f->alias)));
+  e_.reemplazar(verbo, QStringLiteral("DELETE FROM %1 WHERE %3 IN (SELECT %2.%3")
+                           .arg(m_.citado(f->tabla), m_.citado(f->alias), m_.fila));
   for (int i = ini; i < tablas - 1; ++i) {  // all but the FROM that leads the tables
     if (!jet_) e_.borrar(i);
   }

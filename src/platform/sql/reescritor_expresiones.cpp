@@ -76,6 +76,13 @@ Nodo Reescritor::unario() {
   return primario();
 }
 
+// Two operands and what stands between them as a call of a function.
+Nodo Reescritor::llamadaEntre(const Nodo& izq, int op, QStringView funcion, Tipo tipo) {
+  e_.envolver(izq.ini, p_, funcion.toString() + u'(');
+  e_.reemplazar(op, QStringLiteral(","));
+  return {izq.ini, p_, tipo, true};
+}
+
 Nodo Reescritor::binario(Nodo izq, int op, int prec) {
   ++p_;
   // Equal to any of them is in them; apart from all of them is not in them.
@@ -86,69 +93,52 @@ Nodo Reescritor::binario(Nodo izq, int op, int prec) {
     return enLista(izq, op);
   }
   Nodo der = expresion(prec + 1);
-  Nodo n{izq.ini, p_};
-  if (der.vacio()) return n;
+  const Nodo logico{izq.ini, p_, der.vacio() ? Tipo::Desconocido : Tipo::Logico};
+  if (der.vacio()) return logico;
   switch (prec) {
     case kO:
     case kY:
-      n.tipo = Tipo::Logico;
       if (tk(op).es(u"XOR")) e_.reemplazar(op, QStringLiteral("<>"));
-      return n;
+      return logico;
     case kComparar:
       if (tk(op).op(u"!<")) e_.reemplazar(op, QStringLiteral(">="));
       if (tk(op).op(u"!>")) e_.reemplazar(op, QStringLiteral("<="));
       comparar(izq, der, !(tk(op).op(u"=") || tk(op).op(u"<>") || tk(op).op(u"!=")));
-      n.tipo = Tipo::Logico;
-      return n;
+      return logico;
     case kUnir:
       for (Nodo* lado : {&izq, &der}) {
         comoNumero(*lado);
         if (lado->tipo == Tipo::Fecha) comoTexto(*lado);
       }
-      e_.antes(n.ini, QStringLiteral("tp_une("));
-      e_.reemplazar(op, QStringLiteral(","));
-      e_.despues(n.fin - 1, QStringLiteral(")"));
-      n.tipo = Tipo::Texto;
-      n.primario = true;
-      return n;
+      return llamadaEntre(izq, op, u"tp_une", Tipo::Texto);
     case kSuma: return sumar(izq, op, der);
-    case kModulo:
-    case kDivisionEntera:
-    case kPotencia:
-      comoNumero(izq);
-      comoNumero(der);
-      fechaComoNumero(izq);
-      fechaComoNumero(der);
-      e_.envolver(n.ini, n.fin,
-                  prec == kModulo     ? QStringLiteral("tp_resto(")
-                  : prec == kPotencia ? QStringLiteral("tp_potencia(")
-                                      : QStringLiteral("tp_dividir("));
-      e_.reemplazar(op, QStringLiteral(","));
-      n.tipo = prec == kPotencia ? Tipo::Real : Tipo::Entero;
-      n.primario = true;
-      return n;
     default: break;
   }
-  comoNumero(izq);
-  comoNumero(der);
-  fechaComoNumero(izq);
-  fechaComoNumero(der);
-  if (!tk(op).op(u"*")) divisor(der);
-  // The engine's own drops what is behind the point.
-  if (tk(op).op(u"%") && !(izq.tipo == Tipo::Entero && der.tipo == Tipo::Entero)) {
-    e_.envolver(n.ini, n.fin, QStringLiteral("tp_modulo("));
-    e_.reemplazar(op, QStringLiteral(","));
-    n.tipo = Tipo::Numero;
-    n.primario = true;
-    return n;
+  for (Nodo* lado : {&izq, &der}) {
+    comoNumero(*lado);
+    fechaComoNumero(*lado);
   }
+  switch (prec) {
+    case kModulo: return llamadaEntre(izq, op, u"tp_resto", Tipo::Entero);
+    case kDivisionEntera: return llamadaEntre(izq, op, u"tp_dividir", Tipo::Entero);
+    case kPotencia: return llamadaEntre(izq, op, u"tp_potencia", Tipo::Real);
+    default: return producto(izq, op, der);
+  }
+}
+
+// * and /, in T-SQL also %, between numbers.
+Nodo Reescritor::producto(Nodo& izq, int op, Nodo& der) {
+  if (!tk(op).op(u"*")) divisor(der);
+  const bool enteros = izq.tipo == Tipo::Entero && der.tipo == Tipo::Entero;
+  // The engine's own drops what is behind the point.
+  if (tk(op).op(u"%") && !enteros) return llamadaEntre(izq, op, u"tp_modulo", Tipo::Numero);
+  Nodo n{izq.ini, p_};
+  const bool reales = izq.tipo == Tipo::Real || der.tipo == Tipo::Real;
   const bool conParte = jet_ || izq.tipo == Tipo::Numero || der.tipo == Tipo::Numero;  // decimals held as whole numbers
   if (tk(op).op(u"/") && conParte) {
-    if (izq.tipo != Tipo::Real && der.tipo != Tipo::Real) e_.reemplazar(op, QStringLiteral("*1.0/"));
+    if (!reales) e_.reemplazar(op, m_.dividir.toString());
     n.tipo = Tipo::Real;
   } else {
-    const bool enteros = izq.tipo == Tipo::Entero && der.tipo == Tipo::Entero;
-    const bool reales = izq.tipo == Tipo::Real || der.tipo == Tipo::Real;
     n.tipo = enteros ? Tipo::Entero : reales ? Tipo::Real : Tipo::Numero;
   }
   return n;
@@ -175,15 +165,16 @@ Nodo Reescritor::predicado(Nodo izq, int op) {
     const Nodo patron = expresion(kUnir);
     if (patron.vacio()) return {izq.ini, p_, Tipo::Logico};
     if (izq.tipo == Tipo::Fecha) comoTexto(izq);
+    const QString tramo = negado || es(u"ESCAPE") ? QString() : tramoDePatron(izq, patron);
     if (es(u"ESCAPE")) {
       e_.reemplazar(p_, QStringLiteral(","));
       ++p_;
       expresion(kUnir);
     }
-    e_.antes(izq.ini, negado ? QStringLiteral("(0 = tp_like(") : QStringLiteral("tp_like("));
+    e_.antes(izq.ini, tramo + (negado ? m_.noParece : m_.parece).toString());
     if (negado) e_.borrar(op);
     e_.reemplazar(signo, QStringLiteral(","));
-    e_.despues(p_ - 1, negado ? QStringLiteral("))") : QStringLiteral(")"));
+    e_.despues(p_ - 1, negado || !tramo.isEmpty() ? QStringLiteral("))") : QStringLiteral(")"));
     n.primario = true;
   }
   n.fin = p_;
@@ -210,11 +201,18 @@ Nodo Reescritor::enLista(Nodo izq, int op) {
   Nodo n{izq.ini, p_, Tipo::Logico};
   if (!comeOp(u"(")) return n;
   if (es(u"SELECT") || tk(p_).op(u"(")) {
+    const int dentro = p_;
     const std::vector<Columna> de = seleccion();
     const Tipo otro = de.empty() ? Tipo::Desconocido : de[0].tipo;
-    const bool textos = izq.tipo == Tipo::Texto && otro == Tipo::Texto;
-    if (textos && !izq.sinCaso) e_.despues(op - 1, QStringLiteral(" COLLATE TARVO"));
-    if (izq.tipo == Tipo::Texto && esNumerico(otro)) unNumeroUnTexto(izq);
+    if (izq.tipo == Tipo::Texto && otro == Tipo::Texto) {
+      const Nodo elegida{0, 0, otro, true, -1, de[0].real, de[0].sinCaso, de[0].nombre};
+      if (!esCodigo(izq) || !esCodigo(elegida)) e_.despues(op - 1, m_.colacion.toString());
+    } else if (izq.tipo == Tipo::Texto && esNumerico(otro)) {
+      unNumeroUnTexto(izq);
+    } else if (esNumerico(izq.tipo) && otro == Tipo::Texto) {
+      e_.envolver(dentro, p_, QStringLiteral("WITH tp_lista(valor) AS ("),
+                  QStringLiteral(") SELECT tp_num(valor) FROM tp_lista"));
+    }
   } else {
     std::vector<Nodo> valores;
     while (!fin() && !tk(p_).op(u")")) {
@@ -224,7 +222,7 @@ Nodo Reescritor::enLista(Nodo izq, int op) {
       comeOp(u",");
     }
     const bool soloAscii = alinear(izq, valores);
-    if (izq.tipo == Tipo::Texto && !(izq.sinCaso && soloAscii)) e_.despues(op - 1, QStringLiteral(" COLLATE TARVO"));
+    if (izq.tipo == Tipo::Texto && !(izq.sinCaso && soloAscii)) e_.despues(op - 1, m_.colacion.toString());
   }
   comeOp(u")");
   n.fin = p_;
@@ -260,7 +258,7 @@ Nodo Reescritor::primario() {
 }
 
 void Reescritor::ligar(int token) {
-  if (Literal* l = e_.literal(token); l && ligable_ && !tk(token).abierto) l->ligado = true;
+  if (Literal* l = e_.literal(token); l && ambito().ligable && !tk(token).abierto) l->ligado = true;
 }
 
 Nodo Reescritor::parentesis() {

@@ -6,7 +6,7 @@ void Reescritor::agregarFuente(const QString& tabla, const QString& alias) {
   f.alias = alias.isEmpty() ? tabla : alias;
   if (const auto comun = comunes_.find(tabla.toLower()); comun != comunes_.end()) f.columnas = comun->second;
   else if (const Tabla* t = c_.tabla(tabla)) f.columnas = t->columnas;
-  ambitos_.back().fuentes.push_back(std::move(f));
+  ambito().fuentes.push_back(std::move(f));
 }
 
 // A table's name without its owner or database: dbo.x and base..x are x. Gives the name, "" for none.
@@ -26,11 +26,11 @@ QString Reescritor::nombreDeTabla() {
   return contenido(tk(ultimo));
 }
 
-// The alias that may follow a table. `pedirAs`: where the engine wants the AS that the dialects leave out.
-QString Reescritor::aliasDeFuente(bool pedirAs) {
+// The alias that may follow a table. `enCambio`: of the table that is changed, where an engine may want an AS.
+QString Reescritor::aliasDeFuente(bool enCambio) {
   const bool conAs = come(u"AS");
   if (!tk(p_).nombre() || (!conAs && finDeExpresion(p_))) return {};
-  if (!conAs && pedirAs) e_.antes(p_, QStringLiteral("AS "));
+  if (!conAs && enCambio && m_.asEnCambios) e_.antes(p_, QStringLiteral("AS "));
   return contenido(tk(p_++));
 }
 
@@ -59,7 +59,7 @@ void Reescritor::fuentes() {
       while (sigueJuntura()) ++p_;
       fuente();
     } else if (come(u"ON")) {
-      ligable_ = true;
+      ambito().ligable = true;
       expresion();
     } else {
       return;
@@ -99,5 +99,6 @@ void Reescritor::fuenteEntreParentesis() {
   for (Columna& c : f.columnas) c.real = false;
   comeOp(u")");
   f.alias = aliasDeFuente();
-  ambitos_.back().fuentes.push_back(std::move(f));
+  if (f.alias.isEmpty() && !m_.sinNombre.isEmpty()) e_.despues(p_ - 1, m_.sinNombre.toString() + QString::number(p_));
+  ambito().fuentes.push_back(std::move(f));
 }

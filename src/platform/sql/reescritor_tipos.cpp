@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "platform/sql/comparacion.h"
 #include "platform/sql/reescritor.h"
 
 const Columna* Reescritor::columna(const QString& alias, const QString& nombre) const {
@@ -20,17 +21,16 @@ Tipo Reescritor::comun(Tipo a, Tipo b) const {
   return esNumerico(a) && esNumerico(b) ? Tipo::Numero : Tipo::Desconocido;
 }
 
-// `sinLetras`: whose order among texts doesn't depend on the alphabet either.
-bool Reescritor::asciiLiteral(const Nodo& n, bool sinLetras) const {
+bool Reescritor::asciiLiteral(const Nodo& n) const {
   if (n.literal < 0) return false;
   for (const QChar c : tk(n.literal).texto) {
-    if (c.unicode() >= (sinLetras ? 0x40 : 0x80)) return false;
+    if (c.unicode() >= 0x80) return false;
   }
   return true;
 }
 
 void Reescritor::colacion(const Nodo& n) {
-  const QString c = QStringLiteral(" COLLATE TARVO");
+  const QString c = m_.colacion.toString();
   if (n.primario) e_.despues(n.fin - 1, c);
   else e_.envolver(n.ini, n.fin, QStringLiteral("("), QStringLiteral(")") + c);
 }
@@ -43,8 +43,8 @@ void Reescritor::comoNumero(Nodo& n) {
   n.primario = false;
 }
 
-// The engine gives Null for a division by zero, the dialects an error. A number that stands there says what it is; it stays
-// in the statement, since one of the same shape may have a zero.
+// The engine gives Null for a division by zero, the dialects an error. A number that stands there says what it is; it
+// stays in the statement, since one of the same shape may have a zero.
 void Reescritor::divisor(const Nodo& n) {
   if (n.literal >= 0) e_.literal(n.literal)->ligado = false;
   if (n.literal >= 0 && leerNumero(contenido(tk(n.literal))).toDouble() != 0) return;
@@ -84,16 +84,61 @@ void Reescritor::comparar(Nodo& a, Nodo& b, bool orden) {
   if (puedeTexto && (a.tipo == Tipo::Texto || b.tipo == Tipo::Texto)) compararTextos(a, b, orden);
 }
 
-// NOCASE is what an index serves, and enough where no letter lies outside of its reach: beside a plain literal or
-// between two columns that hold codes. Anything else is compared by the collation that knows Ñ and accents, and so is
-// what stands before or behind a text with letters.
+// The engine's own comparison is what an index serves, and enough where no letter lies outside of its reach: beside a
+// plain literal or between two columns that hold codes. Anything else is compared by the collation that knows Ñ and
+// accents, and so is every order.
 void Reescritor::compararTextos(Nodo& a, Nodo& b, bool orden) {
   sinFinales(a);
   sinFinales(b);
-  const bool literalLlano = (a.columna && asciiLiteral(b, orden)) || (b.columna && asciiLiteral(a, orden));
-  const bool columnas = a.columna && b.columna && !orden;
+  const bool literalLlano = (a.columna && asciiLiteral(b)) || (b.columna && asciiLiteral(a));
   const bool sinCaso = (a.columna && a.sinCaso) || (!a.columna && b.sinCaso);  // the engine takes the left column's own
-  if (!sinCaso || !(literalLlano || columnas)) colacion(b);
+  if (!orden && sinCaso && (literalLlano || (esCodigo(a) && esCodigo(b)))) return;
+  if (!orden && porVariantes(a, b)) return;
+  colacion(b);
+  // Of several such terms between ORs the engine makes an IN, by the column's own comparison.
+  for (const Nodo* n : {&a, &b}) {
+    if (n->columna && !orden) e_.antes(n->ini, m_.suelta.toString());
+  }
+}
+
+// An index serves a text with few letters beyond ASCII, too: as a list of all ways to write them. Gives false, and
+// changes nothing, where that is not so.
+bool Reescritor::porVariantes(const Nodo& columna, const Nodo& literal) {
+  const int op = columna.fin;
+  const bool igual = tk(op).op(u"=");
+  const bool seguidos = literal.literal == op + 1 && literal.ini == op + 1 && literal.fin == op + 2;
+  if (!columna.columna || !columna.sinCaso || !seguidos) return false;
+  if (!igual && !tk(op).op(u"<>") && !tk(op).op(u"!=")) return false;
+  Literal& l = *e_.literal(literal.literal);
+  QStringList lista;
+  for (const QString& v : variantesDeCaso(leerLiteral(tk(op + 1), l.lectura, e_.dialecto()).valor.toString())) {
+    lista << m_.literal(v);
+  }
+  if (lista.isEmpty()) return false;
+  e_.reemplazar(op, igual ? QStringLiteral(" IN ") : QStringLiteral(" NOT IN "));
+  e_.reemplazar(op + 1, u'(' + lista.join(u',') + u')');
+  l.ligado = false;
+  return true;
+}
+
+// A pattern that begins with plain letters lies between two texts, which an index finds: that condition, to stand
+// before the pattern's own; "" where there is none.
+QString Reescritor::tramoDePatron(const Nodo& columna, const Nodo& patron) {
+  if (!columna.columna || !columna.sinCaso || patron.literal < 0 || patron.fin != patron.ini + 1) return {};
+  Literal& l = *e_.literal(patron.literal);
+  const QString todo = leerLiteral(tk(patron.literal), l.lectura, e_.dialecto()).valor.toString();
+  const QString inicio = inicioLlano(todo, e_.dialecto());
+  if (inicio.isEmpty()) return {};
+  l.ligado = false;
+  const QString c = e_.trozo(columna.ini, columna.fin);
+  return QStringLiteral("(%1 >= %2 AND %1 < %3 AND ")
+      .arg(c, m_.literal(inicio), m_.literal(inicio + QString::fromUcs4(U"\U0010FFFF", 1)));
+}
+
+// Columns that hold codes, which have no Ñ: by their names, c... and numbers that stand as texts, n...
+bool Reescritor::esCodigo(const Nodo& n) const {
+  const QChar inicial = n.nombre.isEmpty() ? QChar() : n.nombre[0].toLower();
+  return n.columna && n.sinCaso && (inicial == u'c' || inicial == u'n');
 }
 
 // To tell texts apart or to find the highest: NOCASE knows no Ñ. Codes, whose columns are named c..., have none, and an
@@ -163,6 +208,11 @@ Nodo Reescritor::sumar(Nodo a, int op, Nodo b) {
 // A value on its way into a column. A whole-number column takes none but whole numbers: Jet rounds, T-SQL cuts.
 void Reescritor::asignar(const Columna& destino, Nodo& n) {
   comoNumero(n);
+  // Blanks at the end of a text don't count in T-SQL: one that is stored has none, so that an index finds it.
+  if (!jet_ && destino.tipo == Tipo::Texto && n.tipo == Tipo::Texto && !n.columna) {
+    if (n.literal >= 0) sinFinales(n);
+    else e_.envolver(n.ini, n.fin, QStringLiteral("rtrim("));
+  }
   if (n.tipo == Tipo::Nulo || n.tipo == destino.tipo) return;
   if (esNumerico(destino.tipo)) fechaComoNumero(n);
   const bool textoLibre = n.literal < 0 && (n.tipo == Tipo::Texto || n.tipo == Tipo::Desconocido);

@@ -38,6 +38,13 @@ bool sonCifras(QStringView t) {
   return digitos > 0 && puntos <= 1;
 }
 
+bool esNombre(QStringView t) {
+  for (const QChar c : t) {
+    if (c != u'_' && !(c >= u'0' && c <= u'9') && !(c >= u'a' && c <= u'z') && !(c >= u'A' && c <= u'Z')) return false;
+  }
+  return !t.isEmpty() && !t[0].isDigit();
+}
+
 }  // namespace
 
 Sql Sql::crudo(const QString& sql) {
@@ -86,23 +93,35 @@ Valor::Valor(const Texto& texto) : clase_(Clase::Texto) {
 }
 
 // No table has a column of such a name.
-Valor::Valor(const Cifras& cifras) : clase_(Clase::Suelto) {
-  const QString t = Recortar(cifras.texto);
-  pieza_.texto_ = sonCifras(t) ? t : QStringLiteral("[?%1]").arg(QString(t).remove(u']'));
-  pieza_.marcado_ = guardar(pieza_.texto_);
+Valor Valor::desconocido(const QString& texto) {
+  Valor v = suelto(QStringLiteral("[?%1]").arg(QString(texto).remove(u']')));
+  v.pieza_.marcado_ = guardar(v.pieza_.texto_);
+  return v;
 }
 
-Valor::Valor(double numero) : Valor(deNumero(TextoDe(numero))) {}
+Valor::Valor(const Cifras& cifras) {
+  const QString t = Recortar(cifras.texto);
+  *this = sonCifras(t) ? suelto(t) : desconocido(t);
+}
+
+Valor::Valor(const NombreSql& nombre) {
+  const QString t = Recortar(nombre.texto);
+  *this = esNombre(t) ? suelto(t) : desconocido(t);
+}
+
+Valor::Valor(double numero) : Valor(suelto(TextoDe(numero))) {}
 
 Valor::Valor(const QDateTime& momento)
     : Valor(momento.isValid() ? Valor(Texto(FormatearFecha(momento, u"dd/mm/yyyy hh:nn:ss"))) : Valor()) {}
 
+Valor::Valor(QDate dia) : Valor(suelto(FormatearFecha(dia.startOfDay(), u"#mm/dd/yyyy#"))) {}
+
 Valor::Valor(const Sql& pieza) : clase_(Clase::Suelto), pieza_(pieza) { pieza_.texto_ = Recortar(pieza_.texto_); }
 
-Valor Valor::deNumero(const QString& cifras) {
+Valor Valor::suelto(const QString& texto) {
   Valor v;
   v.clase_ = Clase::Suelto;
-  v.pieza_.texto_ = cifras;
+  v.pieza_.texto_ = texto;
   return v;
 }
 

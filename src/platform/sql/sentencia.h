@@ -1,6 +1,6 @@
 #pragma once
-// Statements and what may stand in them. A piece of SQL comes from the source text, from other pieces and from values; a
-// text comes in as a value only, by its own name, and is escaped for the database that the statement goes to:
+// Statements and what may stand in them. A piece of SQL comes from the source text, from other pieces and from values;
+// a text comes in as a value only, by its own name, and is escaped for the database that the statement goes to:
 //
 //   FormatearSQL(u"SELECT sProdDesc FROM Producto WHERE cProdCode = $ AND cAlmaCode = '$'"_sql, {3, Texto(almacen)})
 #include <QDateTime>
@@ -71,17 +71,26 @@ struct Cifras {
   QString texto;
 };
 
+// A text that names a column or a table, such as the key of a setting: bare where it is a plain name. Any other is an
+// error to every database.
+struct NombreSql {
+  explicit NombreSql(const QString& texto) : texto(texto) {}
+  QString texto;
+};
+
 // What takes a place in a template.
 class Valor {
  public:
   Valor() = default;  // Null
   Valor(const Texto& texto);
   Valor(const Cifras& cifras);
+  Valor(const NombreSql& nombre);
   template <class T>
   requires(std::integral<T> || (std::is_enum_v<T> && std::is_convertible_v<T, int>)) Valor(T numero)
-      : Valor(deNumero(QString::number(static_cast<qint64>(numero)))) {}
+      : Valor(suelto(QString::number(static_cast<qint64>(numero)))) {}
   Valor(double numero);             // without a mask, as TextoDe
   Valor(const QDateTime& momento);  // a text, "dd/mm/yyyy hh:mm:ss"; Null for none
+  Valor(QDate dia);                 // a literal of the Jet dialect, #mm/dd/yyyy#
   Valor(const Sql& pieza);          // column names, conditions, other statements
   Valor(LiteralSql pieza) : Valor(Sql(pieza)) {}
   Valor(const QString&) = delete;  // say Texto or Cifras
@@ -92,17 +101,18 @@ class Valor {
  private:
   friend Sql FormatearSQL(const Sql& plantilla, const std::vector<Valor>& valores);
   enum class Clase { Nulo, Texto, Suelto };
-  static Valor deNumero(const QString& cifras);
+  static Valor suelto(const QString& texto);
+  static Valor desconocido(const QString& texto);
   void poner(Sql& sale, bool entreComillas) const;
 
   Clase clase_ = Clase::Nulo;
   Sql pieza_;  // of a text: without quotes of its own
 };
 
-// The statement made of `plantilla`: each "$" of its source texts takes the next value, trimmed of blanks. A text between
-// quotes stands as it is, any other place gives it quotes of its own. A Null takes the template's own wrapping away
-// ("'$'", "CONVERT(DATETIME,'$')") and stands as a bare Null. Numbers come without a mask, true as 1. Too few values break
-// the promise.
+// The statement made of `plantilla`: each "$" of its source texts takes the next value, trimmed of blanks. A text
+// between quotes stands as it is, any other place gives it quotes of its own. A Null takes the template's own wrapping
+// away ("'$'", "CONVERT(DATETIME,'$')") and stands as a bare Null. Numbers come without a mask, true as 1. Too few
+// values break the promise.
 Sql FormatearSQL(const Sql& plantilla, const std::vector<Valor>& valores);
 
 // A text safe to stand between single quotes of the Jet dialect: each quote becomes ' + Chr(39) + '.

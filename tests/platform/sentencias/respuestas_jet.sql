@@ -954,3 +954,86 @@ SELECT MIN(nom), MAX(nom), COUNT(*) FROM o1
 SELECT IIF(#11/24/2026 05:00:00 PM# = CDate('24/11/2026 05:00:00 p.m.'),1,0)
   1
 DROP TABLE o1
+# Letters beyond ASCII between columns, between ORs and in lists; an order whatever ran before; texts and names without end.
+CREATE TABLE x1 (id int, sNom varchar(20) COLLATE NOCASE, cCod varchar(5) COLLATE NOCASE)
+CREATE INDEX x1_nom ON x1 (sNom)
+CREATE TABLE x2 (id int, sQuien varchar(20) COLLATE NOCASE)
+INSERT INTO x1 VALUES (1,'ÑATO','A1')
+INSERT INTO x1 VALUES (2,'Ángel','B2')
+INSERT INTO x1 VALUES (3,'beto','C3')
+INSERT INTO x1 VALUES (4,'O','D4')
+INSERT INTO x1 VALUES (5,'5','E5')
+INSERT INTO x2 VALUES (1,'ñato')
+INSERT INTO x2 VALUES (2,'ÁNGEL')
+INSERT INTO x2 VALUES (3,'BETO')
+SELECT id FROM x1 WHERE sNom = 'ñato' OR sNom = 'ángel' ORDER BY id
+  1/2
+SELECT id FROM x1 WHERE sNom = 'BETO' OR sNom = 'ángel' ORDER BY id
+  2/3
+SELECT id FROM x1 WHERE 'ñato' = sNom OR 'ángel' = sNom OR cCod = 'c3' ORDER BY id
+  1/2/3
+SELECT x1.id FROM x1 INNER JOIN x2 ON x1.sNom = x2.sQuien ORDER BY x1.id
+  1/2/3
+SELECT x1.id FROM x1, x2 WHERE x2.sQuien = x1.sNom AND x1.cCod <> 'a1' ORDER BY x1.id
+  2/3
+SELECT id FROM x1 WHERE sNom IN (SELECT sQuien FROM x2) ORDER BY id
+  1/2/3
+SELECT id FROM x1 WHERE EXISTS (SELECT 1 FROM x2 WHERE x2.sQuien = x1.sNom) ORDER BY id
+  1/2/3
+SELECT id FROM x1 WHERE sNom > '5' ORDER BY id
+  1/2/3/4
+SELECT id FROM x1 WHERE sNom > 'N' ORDER BY id
+  1/4
+SELECT id FROM x1 WHERE sNom BETWEEN '5' AND '6' ORDER BY id
+  5
+SELECT id FROM x1 WHERE sNom BETWEEN 'a' AND 'c' ORDER BY id
+  2/3
+UPDATE x1 INNER JOIN x2 ON x1.id = x2.id SET x1.sNom = x2.sQuien
+SELECT sNom FROM x1 WHERE id < 5 ORDER BY id
+  ñato/ÁNGEL/BETO/O
+UPDATE x1, x2 SET x1.sNom = 'x' & x2.id, x1.cCod = x2.id WHERE x1.sNom = x2.sQuien AND x2.id < 3
+SELECT sNom & cCod FROM x1 ORDER BY id
+  x11/x22/BETOC3/OD4/5E5
+DELETE FROM x2 WHERE sQuien = 'nadie'
+DELETE FROM x2 WHERE sQuien = 'ñato
+  error
+DELETE FROM x2 WHERE sQuien = "nadie"
+DELETE FROM x2 WHERE sQuien = "ñato
+  error
+SELECT COUNT(*) AS [n] FROM x2
+  3
+SELECT COUNT(*) AS [n FROM x2
+  error
+SELECT Val('1 2 3'), Val('1e3x'), Val('&H1F'), Val('&o17'), Val('&HFFFF'), Val(' -1 . 5 '), Val('x'), Val('1e'), Val('2d2')
+  123|1000|31|15|-1|-1.5|0|1|200
+SELECT CAST('1' AS foo)
+  error
+DROP TABLE x1
+DROP TABLE x2
+CREATE TABLE x3 (id int, sNom varchar(20) COLLATE NOCASE)
+CREATE INDEX x3_nom ON x3 (sNom)
+INSERT INTO x3 VALUES (1,'MUÑOZ')
+INSERT INTO x3 VALUES (2,'muñoz')
+INSERT INTO x3 VALUES (3,'Muñiz')
+INSERT INTO x3 VALUES (4,'Núñez')
+INSERT INTO x3 VALUES (5,'NÚÑEZ')
+INSERT INTO x3 VALUES (6,Null)
+SELECT id FROM x3 WHERE sNom = 'Muñoz' ORDER BY id
+  1/2
+SELECT id FROM x3 WHERE sNom = 'núñez' ORDER BY id
+  4/5
+SELECT id FROM x3 WHERE sNom <> 'NÚÑEZ' ORDER BY id
+  1/2/3
+SELECT id FROM x3 WHERE NOT sNom = 'muñoz' AND sNom = 'ñáéíóú' OR sNom = 'muñiz' ORDER BY id
+  3
+SELECT id FROM x3 WHERE sNom LIKE 'MU%' ORDER BY id
+  1/2/3
+SELECT id FROM x3 AS t WHERE t.sNom LIKE 'mu*z' AND t.sNom LIKE '*ñi*' ORDER BY id
+  3
+SELECT id FROM x3 WHERE sNom LIKE 'muñ%' OR sNom LIKE 'n?ñ%' ORDER BY id
+  1/2/3/4/5
+SELECT id FROM x3 WHERE sNom NOT LIKE 'mu%' ORDER BY id
+  4/5
+SELECT id FROM x3 WHERE sNom LIKE '%z' ORDER BY id
+  1/2/3/4/5
+DROP TABLE x3

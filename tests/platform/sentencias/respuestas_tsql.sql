@@ -400,3 +400,76 @@ SELECT COUNT(*) FROM o1
 DROP TABLE o1
 SELECT CONVERT(varchar(3),12345), CONVERT(datetime,'24 Nov 2026',106), CAST('Nov 24 2026  9:05AM' AS datetime), CONVERT(datetime,'10:05:09',108)
   *|<2026-11-24 00:00:00>|<2026-11-24 09:05:00>|<1900-01-01 10:05:09>
+# Letters beyond ASCII between columns, between ORs and in lists; blanks that are stored; what a session sets; types that
+# there aren't; numbers in a list of texts.
+CREATE TABLE x1 (id int, sNom varchar(20) COLLATE NOCASE, cNum varchar(5) COLLATE NOCASE)
+CREATE INDEX x1_nom ON x1 (sNom)
+CREATE TABLE x2 (id int, sQuien varchar(20) COLLATE NOCASE)
+INSERT INTO x1 VALUES (1,'ÑATO  ','1'),(2,'Ángel','7'),(3,'beto' + '  ','x'),(4,NULL,NULL)
+INSERT INTO x2 VALUES (1,'ñato'),(2,'ÁNGEL '),(3,'BETO')
+SELECT id FROM x1 WHERE sNom = 'ñato' OR sNom = 'ángel' ORDER BY id
+  1/2
+SELECT id FROM x1 WHERE sNom = 'BETO' OR sNom = 'beto ' OR sNom = 'ángel' ORDER BY id
+  2/3
+SELECT a.id FROM x1 a INNER JOIN x2 b ON a.sNom = b.sQuien ORDER BY a.id
+  1/2/3
+SELECT id FROM x1 WHERE sNom IN (SELECT sQuien FROM x2) ORDER BY id
+  1/2/3
+SELECT id FROM x1 a WHERE NOT EXISTS (SELECT 1 FROM x2 WHERE sQuien = a.sNom) ORDER BY id
+  4
+SELECT a.id FROM x1 a, x2 b WHERE a.id = b.id AND NULLIF(a.sNom, b.sQuien) IS NULL ORDER BY a.id
+  1/2/3
+UPDATE x1 SET sNom = 'beto   ' WHERE id = 3
+SELECT COUNT(*) FROM x1 WHERE sNom = 'beto'
+  1
+UPDATE a SET sNom = b.sQuien FROM x1 a INNER JOIN x2 b ON a.sNom = b.sQuien
+SELECT sNom FROM x1 ORDER BY id
+  ñato/ÁNGEL/BETO/Null
+SELECT id FROM x2 WHERE id IN (SELECT cNum FROM x1) ORDER BY id
+  1
+SELECT COUNT(*) FROM x2 WHERE 7 IN (SELECT cNum FROM x1 WHERE id = x2.id)
+  1
+SELECT COUNT(*) FROM x2 WHERE 7 NOT IN (SELECT cNum FROM x1 WHERE id < 3)
+  0
+SET LANGUAGE Spanish
+SET LANGUAGE us_english;
+SET NOCOUNT ON
+SET LANGUAGE Klingon
+  error
+SET sNom = 'x'
+  error
+SELECT CAST(1 AS )
+  error
+SELECT CAST('1' AS foo)
+  error
+SELECT CONVERT(foo, '1')
+  error
+SELECT AVG(id), AVG(id * 1.0) FROM x2 WHERE id < 3
+  1|1.5
+DELETE FROM x2 WHERE sQuien = 'nadie'
+DELETE FROM x2 WHERE sQuien = 'ñato
+  error
+SELECT COUNT(*) AS "n" FROM x2
+  3
+SELECT COUNT(*) AS "n FROM x2
+  error
+SELECT COUNT(*) FROM x2 WHERE id > 5 /* todo */
+  0
+SELECT COUNT(*) FROM x2 /* WHERE id > 5
+  error
+exec dbo.nada 'x' /* sin fin
+  error
+DROP TABLE x1
+DROP TABLE x2
+CREATE TABLE x3 (id int, sNom varchar(20) COLLATE NOCASE)
+CREATE INDEX x3_nom ON x3 (sNom)
+INSERT INTO x3 VALUES (1,'MUÑOZ  '),(2,'muñoz'),(3,'Muñiz'),(4,'Núñez'),(5,NULL),(6,'mu*z')
+SELECT id FROM x3 WHERE sNom = 'Muñoz ' ORDER BY id
+  1/2
+SELECT id FROM x3 WHERE sNom <> N'NÚÑEZ' ORDER BY id
+  1/2/3/6
+SELECT id FROM dbo.x3 t WHERE t.sNom LIKE 'mu*%' OR t.sNom LIKE N'núñ%' ORDER BY id
+  4/6
+SELECT id FROM x3 WHERE sNom LIKE 'mu!*z' ESCAPE '!' OR sNom LIKE 'm_ñ[a-n]z' ORDER BY id
+  3/6
+DROP TABLE x3

@@ -1,0 +1,176 @@
+// What a prepared statement takes and gives.
+#include <algorithm>
+#include <cmath>
+
+#include "platform/sql/comparacion.h"
+#include "platform/sql/errores_sqlite.h"
+#include "platform/sql/motor_sqlite.h"
+
+namespace {
+
+constexpr size_t kCeldasMaximas = 20'000'000;  // some 800 MB
+
+// A stored date, and nothing else: "YYYY-MM-DD hh:mm:ss".
+std::optional<QDateTime> fechaGuardada(const char* t, int largo) {
+  if (largo != 19) return {};
+  static const char kForma[] = "dddd-dd-dd dd:dd:dd";
+  int v[6] = {};
+  int campo = 0;
+  for (int i = 0; i < 19; ++i) {
+    if (kForma[i] != 'd') {
+      if (t[i] != kForma[i]) return {};
+      ++campo;
+    } else if (t[i] < '0' || t[i] > '9') {
+      return {};
+    } else {
+      v[campo] = v[campo] * 10 + (t[i] - '0');
+    }
+  }
+  const QDate d(v[0], v[1], v[2]);
+  const QTime h(v[3], v[4], v[5]);
+  if (!d.isValid() || !h.isValid()) return {};
+  return QDateTime(d, h);
+}
+
+QVariant celda(sqlite3_stmt* s, int i, bool fecha) {
+  switch (sqlite3_column_type(s, i)) {
+    case SQLITE_NULL: return {};
+    case SQLITE_INTEGER: return static_cast<qint64>(sqlite3_column_int64(s, i));
+    case SQLITE_FLOAT: return sqlite3_column_double(s, i);
+    default: break;
+  }
+  const auto* t = reinterpret_cast<const char*>(sqlite3_column_text(s, i));
+  const int largo = sqlite3_column_bytes(s, i);
+  if (fecha) {
+    if (const auto f = fechaGuardada(t, largo)) return *f;
+  }
+  return QString::fromUtf8(t, largo);
+}
+
+}  // namespace
+
+int ligarValor(sqlite3_stmt* s, int i, const QVariant& v) {
+  switch (v.typeId()) {
+    case QMetaType::UnknownType: return sqlite3_bind_null(s, i);
+    case QMetaType::Int:
+    case QMetaType::Bool:
+    case QMetaType::LongLong: return sqlite3_bind_int64(s, i, v.toLongLong());
+    case QMetaType::Double: return sqlite3_bind_double(s, i, v.toDouble());
+    case QMetaType::QDateTime: {
+      const QByteArray u = v.toDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toUtf8();
+      return sqlite3_bind_text(s, i, u.constData(), static_cast<int>(u.size()), SQLITE_TRANSIENT);
+    }
+    default: {
+      const QByteArray u = v.toString().toUtf8();
+      return sqlite3_bind_text(s, i, u.constData(), static_cast<int>(u.size()), SQLITE_TRANSIENT);
+    }
+  }
+}
+
+std::optional<ErrorBD> MotorSqlite::ligar(Preparada& p, const SentenciaLeida& s) {
+  std::vector<QVariant> valores;
+  if (auto e = camino_.valores(*p.forma, s, valores)) return e;
+  sqlite3_clear_bindings(p.sentencia);
+  for (size_t i = 0; i < valores.size(); ++i) {
+    const int rc = ligarValor(p.sentencia, static_cast<int>(i) + 1, valores[i]);
+    if (rc != SQLITE_OK) return errorDe(base_, rc);
+  }
+  return {};
+}
+
+// Reads all rows and finishes the statement, whatever comes of it: one left open would hold back later commits.
+std::optional<ErrorBD> MotorSqlite::recorrer(Preparada& p, Recordset* rs, qint64* afectadas) {
+  std::vector<std::vector<QVariant>> filas;
+  const int columnas = static_cast<int>(p.fechas.size());
+  int rc = SQLITE_ROW;
+  while ((rc = sqlite3_step(p.sentencia)) == SQLITE_ROW) {
+    if (!rs) continue;
+    if (filas.size() * static_cast<size_t>(columnas) > kCeldasMaximas) {  // a join that was forgotten
+      sqlite3_reset(p.sentencia);
+      return ErrorBD{kErrorSentencia, 0, QStringLiteral("La consulta da demasiadas filas.")};
+    }
+    std::vector<QVariant> fila;
+    fila.reserve(columnas);
+    for (int i = 0; i < columnas; ++i) fila.push_back(celda(p.sentencia, i, p.fechas[i]));
+    filas.push_back(std::move(fila));
+  }
+  std::optional<ErrorBD> error;
+  if (rc != SQLITE_DONE) error = errorDe(base_, rc);
+  const bool escribe = !sqlite3_stmt_readonly(p.sentencia);
+  sqlite3_reset(p.sentencia);
+  if (error) return error;
+  if (rs) rs->llenar(p.campos, std::move(filas));
+  const bool filasCambiadas = escribe && columnas == 0 && !(p.forma && p.forma->cambiaEsquema);
+  if (afectadas) *afectadas = filasCambiadas ? sqlite3_changes64(base_) : 0;
+  return {};
+}
+
+// Reads what TOP leaves: whether a row equals the last one is seen by one more, and only then all are read.
+std::optional<ErrorBD> MotorSqlite::recorrerTope(Preparada& p, const SentenciaLeida& s, Recordset& rs) {
+  const Tope& t = p.forma->tope;
+  const int columnas = static_cast<int>(p.fechas.size()), visibles = columnas - t.agregadas;
+  const bool seSabe = static_cast<int>(p.forma->salida.size()) == visibles;
+  const auto iguales = [&](qsizetype a, qsizetype b) {
+    return std::all_of(t.claves.begin(), t.claves.end(), [&](int k) {
+      if (k >= 0 && !seSabe) return false;
+      const int columna = k >= 0 ? k : visibles - 1 - k;
+      const QVariant x = Recordset::Fila(rs, a)[columna], y = Recordset::Fila(rs, b)[columna];
+      if (x.typeId() != QMetaType::QString || y.typeId() != QMetaType::QString) return x == y;
+      return compararTextosSql(x.toString(), y.toString(), entorno_.dialecto == Dialecto::TSql) == 0;
+    });
+  };
+  auto error = recorrer(p, &rs, nullptr);
+  if (!error && t.empates && t.filas > 0 && rs.RecordCount() > t.filas && iguales(t.filas - 1, t.filas)) {
+    Preparada todas;
+    todas.forma = p.forma;
+    todas.fechas = p.fechas;
+    todas.campos = p.campos;
+    const int rc = compilar(p.forma->texto.left(p.forma->texto.lastIndexOf(t.limite.toUtf8())), 0, todas.sentencia);
+    if (rc != SQLITE_OK) return errorDe(base_, rc);
+    error = ligar(todas, s);
+    if (!error) error = recorrer(todas, &rs, nullptr);
+  }
+  if (error) return error;
+  const double parte = std::ceil(static_cast<double>(rs.RecordCount()) * std::clamp(t.porciento, 0.0, 100.0) / 100);
+  qsizetype quedan = std::min<qsizetype>(rs.RecordCount(), t.filas >= 0 ? t.filas : static_cast<qsizetype>(parte));
+  while (t.empates && quedan > 0 && quedan < rs.RecordCount() && iguales(quedan - 1, quedan)) ++quedan;
+  std::vector<std::vector<QVariant>> filas;
+  for (const auto& fila : rs) {
+    if (static_cast<qsizetype>(filas.size()) == quedan) break;
+    std::vector<QVariant> de;
+    for (int i = 0; i < visibles; ++i) de.push_back(fila[i]);
+    filas.push_back(std::move(de));
+  }
+  rs.llenar(p.campos.mid(0, visibles), std::move(filas));
+  return {};
+}
+
+// SELECT ... INTO: a table with the types of the list, then its rows; both or neither.
+std::optional<ErrorBD> MotorSqlite::llenarTablaNueva(const Preparada& p, const SentenciaLeida& s, qint64* afectadas) {
+  const auto nombre = kPalabrasSqlite.citado;
+  QStringList columnas;
+  const std::vector<Columna>& salida = p.forma->salida;
+  const bool conTipos = static_cast<qsizetype>(salida.size()) == p.campos.size();
+  for (qsizetype i = 0; i < p.campos.size(); ++i) {
+    const Tipo tipo = conTipos ? salida[static_cast<size_t>(i)].tipo : Tipo::Desconocido;
+    columnas << nombre(p.campos[i]) + u' ' + kPalabrasSqlite.tipo(tipo).toString();
+  }
+  const QString tabla = nombre(p.forma->tablaNueva);
+  const QString crear = QStringLiteral("CREATE TABLE %1 (%2)").arg(tabla, columnas.join(u','));
+  if (auto e = directa("SAVEPOINT nueva")) return e;
+  auto error = directa(crear.toUtf8().constData());
+  if (!error) {
+    Preparada llena;
+    llena.forma = p.forma;
+    const QByteArray texto = "INSERT INTO " + tabla.toUtf8() + ' ' + sqlite3_sql(p.sentencia);
+    const int largo = static_cast<int>(texto.size());
+    const int rc = sqlite3_prepare_v2(base_, texto.constData(), largo, &llena.sentencia, nullptr);
+    if (rc != SQLITE_OK) error = errorDe(base_, rc);
+    if (!error) error = ligar(llena, s);
+    if (!error) error = recorrer(llena, nullptr, nullptr);
+    if (!error && afectadas) *afectadas = sqlite3_changes64(base_);
+  }
+  if (error) directa("ROLLBACK TO nueva");
+  const auto cierre = directa("RELEASE nueva");
+  return error ? error : cierre;
+}
