@@ -104,7 +104,11 @@ struct ClavesServidor {
 constexpr ClavesServidor kCentral{"INICIO", "UserName", "PassWord", "DataBase", "DataServer"};
 constexpr ClavesServidor kCliente{"SQLServer", "UserSQL", "PwdUserSQL", "BaseDatosSQL", "ServidorSQL"};
 
-QString cadenaDeServidor(Conexion& local, const QString& archivo, const ClavesServidor& claves) {
+}  // namespace
+
+QString CadenaDeServidor(Conexion& local, const QString& carpeta, BasePuesto base) {
+  const ClavesServidor& claves = base == BasePuesto::Central ? kCentral : kCliente;
+  const QString archivo = rutasDe(carpeta).enPrograma(QStringLiteral("KEB.cfg"));
   std::vector<QVariant> valores;
   for (const char* c : {claves.usuario, claves.clave, claves.catalogo, claves.servidor}) {
     const QString clave = QString::fromLatin1(c);
@@ -118,8 +122,6 @@ QString cadenaDeServidor(Conexion& local, const QString& archivo, const ClavesSe
                       valores);
 }
 
-}  // namespace
-
 std::optional<QString> AbrirBase(Motores& motores, const QString& carpeta, BasePuesto base, Conexion& cnn) {
   const Rutas rutas = rutasDe(carpeta);
   const QString almacen = rutas.enPrograma(QStringLiteral("TarvoPos.mdb"));
@@ -130,9 +132,7 @@ std::optional<QString> AbrirBase(Motores& motores, const QString& carpeta, BaseP
     return e->descripcion;
   }
   if (base == BasePuesto::Local) return {};
-  const QString cadena = cadenaDeServidor(local, rutas.enPrograma(QStringLiteral("KEB.cfg")),
-                                          base == BasePuesto::Central ? kCentral : kCliente);
-  if (const auto e = cnn.abrir(motores, cadena, kEspera_ms)) return e->descripcion;
+  if (const auto e = cnn.abrir(motores, CadenaDeServidor(local, carpeta, base), kEspera_ms)) return e->descripcion;
   return {};
 }
 

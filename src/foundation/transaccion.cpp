@@ -9,13 +9,22 @@ std::optional<ErrorBD> EnTransaccion(Conexion& cnn, const std::function<std::opt
   return error;
 }
 
-std::optional<ErrorBD> EjecutarTodas(Conexion& cnn, const QStringList& sentencias) {
-  for (const QString& sql : sentencias) {
+std::optional<ErrorBD> EjecutarTodas(Conexion& cnn, const std::vector<Sql>& sentencias) {
+  for (const Sql& sql : sentencias) {
     if (auto error = cnn.ejecutar(sql)) return error;
   }
   return {};
 }
 
-std::optional<ErrorBD> EjecutarJuntas(Conexion& cnn, const QStringList& sentencias) {
+std::optional<ErrorBD> EjecutarJuntas(Conexion& cnn, const std::vector<Sql>& sentencias) {
   return EnTransaccion(cnn, [&] { return EjecutarTodas(cnn, sentencias); });
+}
+
+std::optional<ErrorBD> EjecutarJuntas(Conexion& cnn, const QStringList& sentencias) {
+  return EnTransaccion(cnn, [&]() -> std::optional<ErrorBD> {
+    for (const QString& sql : sentencias) {
+      if (auto error = cnn.ejecutar(sql)) return error;
+    }
+    return {};
+  });
 }

@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "platform/sql/conexion.h"
 
@@ -13,7 +14,9 @@
 [[nodiscard]] std::optional<ErrorBD> EnTransaccion(Conexion& cnn, const std::function<std::optional<ErrorBD>()>& pasos);
 
 // The statements one behind the other, up to the first that fails.
-[[nodiscard]] std::optional<ErrorBD> EjecutarTodas(Conexion& cnn, const QStringList& sentencias);
+[[nodiscard]] std::optional<ErrorBD> EjecutarTodas(Conexion& cnn, const std::vector<Sql>& sentencias);
 
 // The same as one transaction.
+[[nodiscard]] std::optional<ErrorBD> EjecutarJuntas(Conexion& cnn, const std::vector<Sql>& sentencias);
+// This one goes away when no statement comes as a bare text any more.
 [[nodiscard]] std::optional<ErrorBD> EjecutarJuntas(Conexion& cnn, const QStringList& sentencias);
