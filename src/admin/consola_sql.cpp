@@ -105,7 +105,11 @@ struct ClavesServidor {
 constexpr ClavesServidor kCentral{"INICIO", "UserName", "PassWord", "DataBase", "DataServer"};
 constexpr ClavesServidor kCliente{"SQLServer", "UserSQL", "PwdUserSQL", "BaseDatosSQL", "ServidorSQL"};
 
-QString cadenaDeServidor(Conexion& local, const QString& archivo, const ClavesServidor& claves) {
+}  // namespace
+
+QString CadenaDeServidor(Conexion& local, const QString& carpeta, BasePuesto base) {
+  const ClavesServidor& claves = base == BasePuesto::Central ? kCentral : kCliente;
+  const QString archivo = rutasDe(carpeta).enPrograma(QStringLiteral("KEB.cfg"));
   QStringList valores;
   for (const char* c : {claves.usuario, claves.clave, claves.catalogo, claves.servidor}) {
     const QString clave = QString::fromLatin1(c);
@@ -119,8 +123,6 @@ QString cadenaDeServidor(Conexion& local, const QString& archivo, const ClavesSe
   return cadenaDeServidor(valores[0], valores[1], valores[2], valores[3]);
 }
 
-}  // namespace
-
 std::optional<QString> AbrirBase(Motores& motores, const QString& carpeta, BasePuesto base, Conexion& cnn) {
   const Rutas rutas = rutasDe(carpeta);
   const QString almacen = rutas.enPrograma(QStringLiteral("TarvoPos.mdb"));
@@ -131,9 +133,7 @@ std::optional<QString> AbrirBase(Motores& motores, const QString& carpeta, BaseP
     return e->descripcion;
   }
   if (base == BasePuesto::Local) return {};
-  const QString cadena = cadenaDeServidor(local, rutas.enPrograma(QStringLiteral("KEB.cfg")),
-                                          base == BasePuesto::Central ? kCentral : kCliente);
-  if (const auto e = cnn.abrir(motores, cadena, kEspera_ms)) return e->descripcion;
+  if (const auto e = cnn.abrir(motores, CadenaDeServidor(local, carpeta, base), kEspera_ms)) return e->descripcion;
   return {};
 }
 

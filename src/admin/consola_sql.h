@@ -12,6 +12,9 @@ enum class BasePuesto { Local, Central, Cliente };
 // Configuracion, then those of KEB.cfg. Reads only, and takes no lock. Gives the words of a failure.
 std::optional<QString> AbrirBase(Motores& motores, const QString& carpeta, BasePuesto base, Conexion& cnn);
 
+// The connection string of one of the two servers, by the same settings; `local` is the desk's open store.
+QString CadenaDeServidor(Conexion& local, const QString& carpeta, BasePuesto base);
+
 // Whether the statement only changes something. Anything else is asked for rows, which a procedure may or may not give.
 bool SoloCambia(const QString& sql);
 

@@ -13,6 +13,7 @@
 #include "platform/text/texto.h"
 #include "servidores.h"
 #include "store/codigos.h"
+#include "store/numeracion.h"
 #include "store/tablas.h"
 
 namespace {
@@ -27,7 +28,7 @@ struct Ajuste {
 
 // Every setting, once: the file and the row of Configuracion are both made of this list.
 std::vector<Ajuste> ajustes(const DatosPuesto& d) {
-  const QString serie = SerieInicial(QStringLiteral("02"), d.caja);
+  const QString serie = SerieInicial(TipoDocumento::Boleta, d.caja);
   const QString cero = QStringLiteral("0");
   return {
       {"INICIO", "UserName", {}},
@@ -95,7 +96,7 @@ QStringList filasDelPuesto(const DatosPuesto& d) {
     const QString tipo = Codigo(t);
     s << Insercion(QStringLiteral("Config_Documento"),
                    QStringLiteral("cTipoDoc, cOperCode, nDocCodigo, cSerieDoc, cUserDesc, dUltAct, observacion"),
-                   {tipo, 0, 0, SerieInicial(tipo, d.caja), QString(), d.ahora.date().startOfDay(),
+                   {tipo, 0, 0, SerieInicial(t, d.caja), QString(), d.ahora.date().startOfDay(),
                     QStringLiteral("Primer Registro")});
   }
   for (int n : {1, 2}) {
@@ -201,21 +202,6 @@ std::optional<QString> servidorQueFalta(Obra& obra, const QString& servidor, con
 
 }  // namespace
 
-QString SerieInicial(const QString& tipoDoc, const QString& caja) {
-  if (tipoDoc == u"01") return QStringLiteral("F01");
-  if (tipoDoc == u"02") return u'0' + Derecha(caja, 2);
-  // clang-format off
-  const struct { const char *tipo, *prefijo; } kPrefijos[] = {
-      {"10", "OC"}, {"11", "NC"}, {"12", "PA"}, {"13", "PV"}, {"14", "LQ"}};
-  QString numero = caja;
-  while (numero.size() > 1 && numero.startsWith(u'0')) numero.remove(0, 1);
-  for (const auto& p : kPrefijos) {
-    if (tipoDoc == QLatin1String(p.tipo)) return QLatin1String(p.prefijo) + numero;
-  }
-  // clang-format on
-  return {};
-}
-
 QString ClaveAlAzar() {
   const QString letras = QStringLiteral("abcdefghjkmnpqrstuvwxyz23456789");
   QString clave;
@@ -228,7 +214,7 @@ QStringList AvisosDePuesto(const DatosPuesto& d) {
   if (d.caja.size() > 2 && Val(d.caja) > 99) {
     avisos << QStringLiteral("Aviso: la serie de boletas y facturas %1 toma sólo las dos últimas cifras de la caja; "
                              "ninguna otra caja puede terminar igual.")
-                  .arg(SerieInicial(QStringLiteral("02"), d.caja));
+                  .arg(SerieInicial(TipoDocumento::Boleta, d.caja));
   }
   for (const QString& servidor : {d.central, d.cliente}) {
     if (ArchivoDeServidor(servidor, d.carpeta)) continue;

@@ -25,8 +25,5 @@ std::optional<QString> CrearPuesto(const DatosPuesto& d);
 // What the caller should tell the person about these data, in Spanish; no failure.
 QStringList AvisosDePuesto(const DatosPuesto& d);
 
-// The series of a document type ("01", "02", "10" to "14") on a new desk.
-QString SerieInicial(const QString& tipoDoc, const QString& caja);
-
 // A password of eight characters that can't be misread, from the system's random source.
 QString ClaveAlAzar();

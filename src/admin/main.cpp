@@ -5,6 +5,7 @@
 #include "admin/guion.h"
 #include "admin/guion_lexico.h"
 #include "admin/ordenes.h"
+#include "foundation/version.h"
 #include "platform/io/senales.h"
 
 namespace {
@@ -25,6 +26,8 @@ constexpr Orden kOrdenes[] = {
     {u"crear-cliente", u"sqlite:ARCHIVO", u"crea la base de clientes", ordenCrearCliente},
     {u"respaldo", u"DIR ARCHIVO [--reemplazar]", u"copia la base del puesto, también con la caja en marcha", ordenRespaldo},
     {u"verificar", u"DIR", u"revisa un puesto y escribe lo que encuentra", ordenVerificar},
+    {u"actualizar", u"DIR", u"pone al día las bases de un puesto hecho con un programa anterior; guarda antes una copia",
+     ordenActualizar},
     {u"sql", u"--puesto DIR --base local|central|cliente [--traducir]",
      u"lee sentencias de la entrada, una por línea, y responde cada una con una línea JSON", ordenSql},
     {u"guion", u"ARCHIVO --puesto DIR [--salida DIR]",
@@ -40,7 +43,8 @@ void ayuda() {
     Decir(QStringLiteral("  %1 %2\n      %3")
               .arg(QString::fromUtf16(o.nombre), QString::fromUtf16(o.forma), QString::fromUtf16(o.ayuda)));
   }
-  Decir(QStringLiteral("  ayuda\n      muestra esto\n\nSalida: 0 bien, 1 no se pudo hacer, 2 llamada incorrecta"));
+  Decir(QStringLiteral(
+      "  ayuda\n      muestra esto, como --help\n  --version\n      muestra la versión\n\nSalida: 0 bien, 1 no se pudo hacer, 2 llamada incorrecta"));
   Decir(QStringLiteral("        «guion» termina con el estado del programa cuando éste acaba por sí mismo\n"));
   Decir(QStringLiteral("Acciones de un guion, una por línea; «#» comenta:"));
   for (const QString& uso : usosDeAcciones()) Decir(QStringLiteral("  ") + uso);
@@ -68,11 +72,14 @@ int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     return o.hacer(palabras);
   }
-  if (nombre == u"ayuda" || nombre == u"--ayuda" || nombre == u"--help" || nombre == u"-h") {
+  if (nombre.isEmpty() || nombre == u"ayuda" || nombre == u"--ayuda" || nombre == u"--help" || nombre == u"-h") {
     ayuda();
     return kBien;
   }
-  Quejarse(nombre.isEmpty() ? QStringLiteral("Falta la orden. Use «tarvopos-admin ayuda».")
-                            : QStringLiteral("No existe la orden «%1». Use «tarvopos-admin ayuda».").arg(nombre));
+  if (nombre == u"--version") {
+    Decir(QStringLiteral("tarvopos-admin ") + Version());
+    return kBien;
+  }
+  Quejarse(QStringLiteral("No existe la orden «%1». Use «tarvopos-admin ayuda».").arg(nombre));
   return kMalUso;
 }

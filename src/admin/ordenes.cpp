@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <iostream>
 
+#include "admin/actualizar.h"
 #include "admin/argumentos.h"
 #include "admin/consola_sql.h"
 #include "admin/crear_puesto.h"
@@ -107,6 +108,17 @@ int ordenVerificar(const QStringList& palabras) {
   for (const QString& h : hallazgos) Decir(h);
   if (!hallazgos.isEmpty()) return kFallo;
   Decir(QStringLiteral("Sin novedad."));
+  return kBien;
+}
+
+int ordenActualizar(const QStringList& palabras) {
+  Argumentos a;
+  if (const auto error = LeerArgumentos(palabras, {1, 1, {}, {}}, a)) return malUso(*error);
+  QStringList hecho;
+  const auto error = ActualizarPuesto(a.lugares[0], RelojSistema().now(), hecho);
+  for (const QString& h : hecho) Decir(h);
+  if (error) return fallo(*error);
+  if (hecho.isEmpty()) Decir(QStringLiteral("El puesto ya está al día."));
   return kBien;
 }
 

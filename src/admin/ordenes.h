@@ -12,6 +12,7 @@ int ordenCrearCentral(const QStringList& palabras);
 int ordenCrearCliente(const QStringList& palabras);
 int ordenRespaldo(const QStringList& palabras);
 int ordenVerificar(const QStringList& palabras);
+int ordenActualizar(const QStringList& palabras);
 int ordenSql(const QStringList& palabras);
 
 // A line in UTF-8, with its line end, at once.

@@ -3,9 +3,14 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include "admin/base_sqlite.h"
+#include "admin/crear_servidor.h"
+#include "foundation/cfg_admin.h"
+#include "foundation/versiones.h"
 #include "platform/io/perfil.h"
+#include "platform/sql/archivo_sqlite.h"
+#include "platform/sql/base_sqlite.h"
 #include "platform/text/numero.h"
+#include "servidores.h"
 #include "store/codigos.h"
 #include "store/tablas.h"
 
@@ -26,18 +31,20 @@ class Verificacion {
       hallar(QStringLiteral("Falta TarvoPos.mdb."));
       return hallazgos_;
     }
-    QString error;
-    db_ = AbrirSqlite(archivo, SQLITE_OPEN_READWRITE, error);
-    if (!db_) {
-      hallar(QStringLiteral("TarvoPos.mdb no se puede abrir: ") + error);
-      return hallazgos_;
-    }
     // A file that is damaged or short of tables would only answer with more of the same.
-    if (sano() && estructura()) {
+    if (abrir(archivo, pasosDelPuesto()) && estructura()) {
       filasUnicas();
       ajustesIguales();
       numeracion();
       usuarios();
+      actos();
+      const QString servidores[] = {servidor(QStringLiteral("INICIO"), QStringLiteral("DataServer")),
+                                    servidor(QStringLiteral("SQLServer"), QStringLiteral("ServidorSQL"))};
+      const PasosDeVersion pasos[] = {pasosDelCentral(), pasosDelCliente()};
+      for (int n : {0, 1}) {
+        const auto suyo = ArchivoDeServidor(servidores[n], carpeta_.absolutePath());
+        if (suyo && QFileInfo::exists(*suyo)) (void)abrir(*suyo, pasos[n]);
+      }
     }
     return hallazgos_;
   }
@@ -45,10 +52,44 @@ class Verificacion {
  private:
   void hallar(const QString& linea) { hallazgos_ << linea; }
 
+  // A database that programs can work on: to be written, sound, of this program's version. Opening one that can't be
+  // written would leave an index behind that can't be written either.
+  bool abrir(const QString& archivo, const PasosDeVersion& pasos) {
+    nombre_ = QFileInfo(archivo).fileName();
+    if (const auto porque = RevisarArchivoSqlite(archivo)) {
+      hallar(*porque);
+      return false;
+    }
+    QString error;
+    db_ = AbrirSqlite(archivo, SQLITE_OPEN_READWRITE, error);
+    if (!db_) {
+      hallar(nombre_ + QStringLiteral(" no se puede abrir: ") + error);
+      return false;
+    }
+    return sano() && actual(static_cast<int>(pasos.size()));
+  }
+
+  bool actual(int ultima) {
+    const int version = valor(QStringLiteral("PRAGMA user_version")).toInt();
+    if (version == ultima) return true;
+    hallar(
+        version < ultima
+            ? QStringLiteral("%1 es de la versión %2 y este programa usa la %3: la pone al día el próximo inicio de la "
+                             "caja o «tarvopos-admin actualizar».")
+                  .arg(nombre_)
+                  .arg(version)
+                  .arg(ultima)
+            : QStringLiteral("%1 es de la versión %2, más nueva que este programa, que llega a la %3.")
+                  .arg(nombre_)
+                  .arg(version)
+                  .arg(ultima));
+    return false;
+  }
+
   QList<QStringList> filas(const QString& sql) {
     QList<QStringList> f;
     QString error;
-    if (!FilasSqlite(db_.get(), sql, f, error)) hallar(QStringLiteral("TarvoPos.mdb: ") + error);
+    if (!FilasSqlite(db_.get(), sql, f, error)) hallar(nombre_ + QStringLiteral(": ") + error);
     return f;
   }
   QString valor(const QString& sql) { return filas(sql).value(0).value(0); }
@@ -83,7 +124,7 @@ class Verificacion {
     bool bien = !lineas.isEmpty();
     for (const QStringList& l : lineas) {
       if (l.value(0) == u"ok") continue;
-      hallar(QStringLiteral("TarvoPos.mdb está dañado: ") + l.value(0));
+      hallar(nombre_ + QStringLiteral(" está dañado: ") + l.value(0));
       bien = false;
     }
     return bien;
@@ -157,6 +198,11 @@ class Verificacion {
             QStringLiteral("%1 es «%2» en la tabla Configuracion y «%3» en KEB.cfg.").arg(clave, enTabla, enArchivo));
       }
     }
+    const QString servicio = valor(QStringLiteral("SELECT PorcServ FROM Configuracion")).trimmed();
+    if (!servicio.isEmpty() && !EsPorcentajeServicio(servicio)) {
+      hallar(QStringLiteral("PorcServ es «%1» en la tabla Configuracion y debe ser un número con punto decimal.")
+                 .arg(servicio));
+    }
     const QString paso = valor(QStringLiteral("SELECT ifnull(iCierreCaja, 0) FROM Configuracion"));
     if (Val(paso) < 0 || Val(paso) > 6) hallar(QStringLiteral("iCierreCaja vale %1; sólo va de 0 a 6.").arg(paso));
   }
@@ -198,8 +244,22 @@ class Verificacion {
     }
   }
 
+  void actos() {
+    for (const QStringList& f :
+         filas(QStringLiteral("SELECT cActo, cServidor FROM Diario_Acto WHERE cEstado = 'R' ORDER BY nDiario"))) {
+      hallar(QStringLiteral("Diario_Acto: «%1» con el servidor %2 quedó a medias.").arg(f[0], f[1]));
+    }
+  }
+
+  // A server's name as the till reads it: the table wins.
+  QString servidor(const QString& seccion, const QString& clave) {
+    const QString enTabla = valor(QStringLiteral("SELECT %1 FROM Configuracion").arg(clave)).trimmed();
+    return enTabla.isEmpty() ? ajuste(seccion, clave) : enTabla;
+  }
+
   QDir carpeta_;
   BaseSqlite db_;
+  QString nombre_;  // of the file that is open
   QStringList hallazgos_;
 };
 

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QLockFile>
 
 #include "app/arranque.h"
 #include "app/frm_password.h"
@@ -10,6 +9,7 @@
 #include "app/pantallas.h"
 #include "cashday/frm_principal.h"
 #include "loyalty/pendientes.h"
+#include "platform/io/cerrojo.h"
 #include "platform/ui/tema.h"
 
 namespace {
@@ -20,9 +20,7 @@ struct Aplicacion::Interno {
   Interno(Motores& motores, Puertos& puertos, Reloj& reloj, Mensajes& mensajes, Salida& salida, const Rutas& rutas)
       : puesto(motores, puertos, reloj, mensajes, salida, rutas),
         pantallas(puesto, [this] { rearrancar(); }),
-        unico(rutas.enPrograma(QStringLiteral("TarvoPos.lock"))) {
-    unico.setStaleLockTime(0);  // a till runs for days; only a process that has died leaves its lock free
-  }
+        unico(rutas.enPrograma(QStringLiteral("TarvoPos.lock"))) {}
 
   void iniciar();
   void rearrancar();
@@ -32,7 +30,7 @@ struct Aplicacion::Interno {
 
   Puesto puesto;
   Pantallas pantallas;
-  QLockFile unico;
+  Cerrojo unico;
   std::unique_ptr<frmPassword> password;
   std::unique_ptr<frmPrincipal> principal;
   QObject contexto;  // what is still to be called ends with the program
@@ -63,8 +61,9 @@ void Aplicacion::Interno::rearrancar() {
 }
 
 void Aplicacion::Interno::exigirUnicaCopia() {
-  if (unico.isLocked() || unico.tryLock(0)) return;
-  puesto.mensajes.mostrar(unico.error() == QLockFile::LockFailedError
+  const Cerrojo::Fin fin = unico.tomar(puesto.reloj.now());
+  if (fin == Cerrojo::Fin::Tomado) return;
+  puesto.mensajes.mostrar(fin == Cerrojo::Fin::Ocupado
                               ? QStringLiteral("La aplicación ya se encuentra en uso")
                               : QStringLiteral("No se puede escribir en la carpeta del programa: ") +
                                     puesto.rutas.programa + QStringLiteral(" (sin permiso o disco lleno)"));

@@ -1,10 +1,32 @@
 #include <QApplication>
+#include <cstdio>
 
 #include "app/aplicacion.h"
 #include "app/entorno.h"
+#include "foundation/version.h"
 #include "platform/io/senales.h"
 
+namespace {
+
+// The words for a call that only asks; nothing for one that starts the till.
+std::optional<QString> respuesta(int argc, char** argv) {
+  if (argc < 2) return {};
+  const QString pregunta = QString::fromLocal8Bit(argv[1]);
+  if (pregunta == u"--version") return QStringLiteral("tarvopos ") + Version();
+  if (pregunta != u"--help" && pregunta != u"--ayuda" && pregunta != u"-h") return {};
+  return QStringLiteral(
+      "Uso: tarvopos\n\nAbre la caja de la carpeta TARVOPOS_HOME o, sin ella, la de la carpeta del programa.\n"
+      "  --help     muestra esto\n  --version  muestra la versión\n\n"
+      "Un puesto se crea con «tarvopos-admin crear-puesto DIR».");
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
+  if (const auto texto = respuesta(argc, argv)) {
+    std::puts(texto->toUtf8().constData());
+    return 0;
+  }
   FallasDeEscrituraComoErrores();
   QApplication app(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);  // between login and main window there is none

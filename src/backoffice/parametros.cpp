@@ -22,7 +22,7 @@ std::optional<double> entero(const QString& texto) {
 
 // Writes a setting. False when the table, which wins at the next start, didn't take it; its box has been shown.
 bool escribir(Puesto& p, const QString& clave, const QString& valor) {
-  EscribirParametro(p, kSeccion, clave, p.ses.psArchivoCfg, valor);
+  if (!EscribirParametro(p, kSeccion, clave, p.ses.psArchivoCfg, valor)) return false;
   Recordset rs;
   return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
                                       FormatearSQL(u"SELECT $ FROM CONFIGURACION"_sql, {NombreSql(clave)}), rs) &&

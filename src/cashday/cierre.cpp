@@ -4,8 +4,8 @@
 #include "cashday/pantallas_principal.h"
 #include "cashday/principal.h"
 #include "cashday/reportes.h"
-#include "cashday/transaccion.h"
 #include "foundation/puesto.h"
+#include "foundation/transaccion.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 

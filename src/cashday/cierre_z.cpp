@@ -1,7 +1,7 @@
 #include "cashday/cierre_z.h"
 
-#include "cashday/transaccion.h"
 #include "foundation/puesto.h"
+#include "foundation/transaccion.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 

@@ -1,7 +1,7 @@
 // The two papers of the cash count, 27 columns.
 #include "cashday/cuadre.h"
-#include "cashday/transaccion.h"
 #include "foundation/puesto.h"
+#include "foundation/transaccion.h"
 #include "foundation/version.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"

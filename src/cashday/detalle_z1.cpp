@@ -1,6 +1,7 @@
 #include "cashday/periodo.h"
 #include "cashday/reportes.h"
 #include "foundation/puesto.h"
+#include "foundation/transaccion.h"
 #include "platform/text/numero.h"
 
 namespace {
@@ -60,14 +61,9 @@ bool EnviarDetalleZ1(Puesto& p, int estado) {
   Recordset filas;
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, filas)) return false;
   QString idZ1 = p.ses.psIdZ1;
-  std::optional<ErrorBD> error = p.poCnnCentral.iniciar();
+  const auto error =
+      EnTransaccion(p.poCnnCentral, [&] { return grabarDetalle(p.poCnnCentral, filas, p.ses.psCaja, estado, idZ1); });
   if (error) return avisar(p, error->descripcion);
-  error = grabarDetalle(p.poCnnCentral, filas, p.ses.psCaja, estado, idZ1);
-  if (!error) error = p.poCnnCentral.confirmar();
-  if (error) {
-    (void)p.poCnnCentral.deshacer();
-    return avisar(p, error->descripcion);
-  }
   p.ses.psIdZ1 = idZ1;
   return true;
 }

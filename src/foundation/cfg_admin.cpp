@@ -3,6 +3,7 @@
 #include "foundation/puesto.h"
 #include "platform/io/perfil.h"
 #include "platform/sql/cadena_conexion.h"
+#include "platform/text/numero.h"
 #include "platform/text/texto.h"
 
 namespace {
@@ -60,10 +61,34 @@ const Clave kEscritura[] = {
 };
 // clang-format on
 
+// A store that can't be reached or written now, as against one that lacks the setting's column: whatever comes next would
+// fail the same way.
+bool noResponde(const std::optional<ErrorBD>& error) { return error && error->numero != kErrorSentencia; }
+
+void decir(Puesto& p, const std::optional<ErrorBD>& error, const Sql& sql) {
+  if (error) p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + sql.texto(Dialecto::Jet));
+}
+
+// False when the store can't be asked.
+bool leerDeAmbos(Puesto& p, const QString& seccion, const QString& clave, const QString& archivo, QString& valor) {
+  const Sql sql = FormatearSQL(u"SELECT $ FROM CONFIGURACION"_sql, {NombreSql(clave)});
+  Recordset rs;
+  const auto error = p.poCnnLocal.consultar(sql, rs);
+  decir(p, error, sql);
+  valor = error || rs.Eof() ? QString() : LimpiarNulo(rs[0]);
+  if (!valor.isEmpty()) return true;
+  valor = Recortar(LeerPerfil(archivo, seccion, clave).value_or(QString()));
+  return !noResponde(error) && EscribirParametro(p, seccion, clave, archivo, valor);
+}
+
+// The start ends at the first setting that the store can't give or take.
 template <size_t N>
 void leer(Puesto& p, const Clave (&claves)[N]) {
   for (const Clave& c : claves) {
-    p.ses.*c.valor = LeerParametro(p, QString::fromUtf16(c.seccion), QString::fromUtf16(c.clave), p.ses.psArchivoCfg);
+    if (!leerDeAmbos(p, QString::fromUtf16(c.seccion), QString::fromUtf16(c.clave), p.ses.psArchivoCfg,
+                     p.ses.*c.valor)) {
+      p.salida.terminar(1);
+    }
   }
 }
 
@@ -86,25 +111,24 @@ void fijarIdioma(Puesto& p) {
 }  // namespace
 
 QString LeerParametro(Puesto& p, const QString& seccion, const QString& clave, const QString& archivo) {
-  Recordset rs;
   QString valor;
-  if (p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, FormatearSQL(u"SELECT $ FROM CONFIGURACION"_sql, {NombreSql(clave)}),
-                                   rs) &&
-      !rs.Eof()) {
-    valor = LimpiarNulo(rs[0]);
-  }
-  if (!valor.isEmpty()) return valor;
-  valor = Recortar(LeerPerfil(archivo, seccion, clave).value_or(QString()));
-  EscribirParametro(p, seccion, clave, archivo, valor);
+  (void)leerDeAmbos(p, seccion, clave, archivo, valor);  // told; the file's value serves
   return valor;
 }
 
-void EscribirParametro(Puesto& p, const QString& seccion, const QString& clave, const QString& archivo,
+bool EscribirParametro(Puesto& p, const QString& seccion, const QString& clave, const QString& archivo,
                        const QString& valor) {
   if (const auto fallo = EscribirPerfil(archivo, seccion, clave, valor)) p.mensajes.mostrar(*fallo);
-  p.poDBAdmin.EjecutarSentencia(
-      p.poCnnLocal, FormatearSQL(u"UPDATE CONFIGURACION SET CONFIGURACION.$='$'"_sql, {NombreSql(clave), Texto(valor)}),
-      true);
+  const Sql sql =
+      FormatearSQL(u"UPDATE CONFIGURACION SET CONFIGURACION.$='$'"_sql, {NombreSql(clave), Texto(valor)});
+  const auto error = p.poCnnLocal.ejecutar(sql);
+  decir(p, error, sql);
+  return !noResponde(error);
+}
+
+bool EsPorcentajeServicio(const QString& texto) {
+  // It stands bare in the statements of a sale, where a comma would begin the next value.
+  return EsNumerico(texto) && !texto.contains(u',') && Val(texto) >= 0;
 }
 
 void LeerConfiguracion(Puesto& p) {
@@ -114,12 +138,21 @@ void LeerConfiguracion(Puesto& p) {
     p.mensajes.mostrar(QString::fromUtf16(c.aviso));
     p.salida.terminar(1);
   }
+  if (!EsPorcentajeServicio(p.ses.psPorcServ)) {
+    p.mensajes.mostrar(
+        QStringLiteral("El porcentaje de servicio «%1» no es un número.\nEscriba en PorcServ, en la tabla "
+                       "Configuracion y en KEB.cfg, un número con punto decimal, como 10 o 10.5.")
+            .arg(p.ses.psPorcServ));
+    p.salida.terminar(1);
+  }
   Sesion& s = p.ses;
   s.psConexionCentral = cadenaDeServidor(s.psUserName, s.psPassWord, s.psDataBase, s.psDataServer);
   leer(p, kServidorCliente);
   fijarIdioma(p);
   s.psConexionCliente = cadenaDeServidor(s.psUserSQL, s.psPwdUserSQL, s.psBaseDatosSQL, s.psServidorSQL);
   for (const Clave& c : kEscritura) {
-    EscribirParametro(p, QString::fromUtf16(c.seccion), QString::fromUtf16(c.clave), s.psArchivoCfg, s.*c.valor);
+    if (!EscribirParametro(p, QString::fromUtf16(c.seccion), QString::fromUtf16(c.clave), s.psArchivoCfg, s.*c.valor)) {
+      p.salida.terminar(1);
+    }
   }
 }

@@ -1,5 +1,6 @@
 #include "foundation/db_admin.h"
 
+#include "foundation/acto_doble.h"
 #include "foundation/puesto.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -46,6 +47,7 @@ bool clsDBAdmin::AbrirBD(Conexion& cnn, const QString& cadena, bool flagMensaje,
   if (cadena == p_.ses.psConexionCentral) p_.ses.bCentralCaida = error.has_value();
   if (!error) {
     agotados.remove(cadena);
+    MirarActos(p_, cnn, cadena);
     return true;
   }
   if (venta && error->numero == kErrorTiempo) agotados.insert(cadena, p_.reloj.now());
@@ -62,8 +64,8 @@ bool clsDBAdmin::EjecutarConsulta(Conexion& cnn, const Sql& sql, Recordset& rs) 
   return EjecutarConsulta(cnn, sql.texto(cnn.dialecto()), rs);
 }
 
-bool clsDBAdmin::EjecutarSentencia(Conexion& cnn, const Sql& sql, bool flagMensaje) {
-  return EjecutarSentencia(cnn, sql.texto(cnn.dialecto()), flagMensaje);
+bool clsDBAdmin::EjecutarSentencia(Conexion& cnn, const Sql& sql, bool flagMensaje, qint64* afectadas) {
+  return EjecutarSentencia(cnn, sql.texto(cnn.dialecto()), flagMensaje, afectadas);
 }
 
 bool clsDBAdmin::EjecutarConsulta(Conexion& cnn, const QString& sql, Recordset& rs) {
@@ -73,8 +75,8 @@ bool clsDBAdmin::EjecutarConsulta(Conexion& cnn, const QString& sql, Recordset& 
   return false;
 }
 
-bool clsDBAdmin::EjecutarSentencia(Conexion& cnn, const QString& sql, bool flagMensaje) {
-  const auto error = cnn.ejecutar(sql);
+bool clsDBAdmin::EjecutarSentencia(Conexion& cnn, const QString& sql, bool flagMensaje, qint64* afectadas) {
+  const auto error = cnn.ejecutar(sql, afectadas);
   if (!error) return true;
   if (flagMensaje && !error->claveDuplicada()) {
     p_.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + sql);

@@ -26,12 +26,13 @@ class clsDBAdmin {
   // Fills `rs` with all rows. On failure false, `rs` empty, and always a box with the engine's words and the
   // statement.
   [[nodiscard]] bool EjecutarConsulta(Conexion& cnn, const Sql& sql, Recordset& rs);
-  // Runs a statement. On failure false; with `flagMensaje` a box as above, but none for a duplicate key.
-  bool EjecutarSentencia(Conexion& cnn, const Sql& sql, bool flagMensaje = false);
+  // Runs a statement. On failure false; with `flagMensaje` a box as above, but none for a duplicate key. `afectadas`
+  // gets the number of rows that it changed.
+  bool EjecutarSentencia(Conexion& cnn, const Sql& sql, bool flagMensaje = false, qint64* afectadas = nullptr);
 
   // These two go away when no statement comes as a bare text any more.
   [[nodiscard]] bool EjecutarConsulta(Conexion& cnn, const QString& sql, Recordset& rs);
-  bool EjecutarSentencia(Conexion& cnn, const QString& sql, bool flagMensaje = false);
+  bool EjecutarSentencia(Conexion& cnn, const QString& sql, bool flagMensaje = false, qint64* afectadas = nullptr);
 
  private:
   Puesto& p_;

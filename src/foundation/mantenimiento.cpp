@@ -1,6 +1,7 @@
 #include "foundation/mantenimiento.h"
 
 #include "foundation/puesto.h"
+#include "foundation/transaccion.h"
 
 QString TituloDetalle(ModoDetalle modo, const QString& nombre) {
   switch (modo) {
@@ -47,15 +48,14 @@ bool EjecutarConAviso(Puesto& p, const Sql& sql) {
 }
 
 bool EnTransaccion(Puesto& p, const std::function<bool()>& pasos) {
-  auto error = p.poCnnLocal.iniciar();
-  if (!error) {
-    const bool bien = pasos();
-    if (bien) error = p.poCnnLocal.confirmar();
-    if (bien && !error) return true;
-    p.poCnnLocal.deshacer();
-  }
-  if (error) p.mensajes.mostrar(error->descripcion);
-  return false;
+  bool dicho = false;  // a step that gives false has shown why
+  const auto error = EnTransaccion(p.poCnnLocal, [&]() -> std::optional<ErrorBD> {
+    dicho = !pasos();
+    if (dicho) return ErrorBD{};
+    return {};
+  });
+  if (error && !dicho) p.mensajes.mostrar(error->descripcion);
+  return !error;
 }
 
 bool PreguntarActivar(Puesto& p, bool activa, const QString& nombre) {

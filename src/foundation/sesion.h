@@ -4,6 +4,7 @@
 #include <QHash>
 #include <QString>
 #include <QStringList>
+#include <array>
 
 struct Sesion {
   // Connections
@@ -11,7 +12,8 @@ struct Sesion {
   bool pbClienteCaido = false;              // the last attempt to reach the client database failed
   bool bCentralCaida = false;               // the same of the central database, for the status line
   QHash<QString, QDateTime> tiempoAgotado;  // connection string -> when it last timed out inside a sale
-  bool bAvisoCliente = false;               // the box about the client database was shown in this outage
+  std::array<bool, 2> actosPorMirar{};  // acts over the store and the central, the client database may be unfinished
+  bool bAvisoCliente = false;           // the box about the client database was shown in this outage
 
   // Paths and connection strings
   QString psRutaBD, psArchivoCfg;

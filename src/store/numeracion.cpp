@@ -10,34 +10,23 @@
 
 namespace {
 
-// clang-format off
-const struct { TipoDocumento tipo; QStringView serie; } kSeries[] = {
-    {TipoDocumento::Factura, u"F01"}, {TipoDocumento::Boleta, u"B01"}, {TipoDocumento::OC, u"OC1"},
-    {TipoDocumento::NC, u"NC1"},      {TipoDocumento::PADE, u"PA1"},   {TipoDocumento::PADV, u"PV1"},
-    {TipoDocumento::LIQPAD, u"LQ1"},
-};
-// clang-format on
+// The row that keeps the numbers of a type.
+TipoDocumento filaDe(TipoDocumento tipo) { return EsFiscal(tipo) ? TipoDocumento::Boleta : tipo; }
 
-QString serieInicial(TipoDocumento tipo) {
-  for (const auto& s : kSeries) {
-    if (tipo == s.tipo) return s.serie.toString();
-  }
-  return {};
-}
+QString serieInicial(const Puesto& p, TipoDocumento tipo) { return SerieInicial(tipo, p.ses.psCaja); }
 
-// Of the fiscal documents of a desk that has issued none.
-QString serieDeCaja(const Puesto& p) { return u'0' + Derecha(p.ses.psCaja, 2); }
-
-// The code of the row that keeps the numbers of a type.
-QString filaDe(TipoDocumento tipo) { return Codigo(EsFiscal(tipo) ? TipoDocumento::Boleta : tipo); }
-
-bool crearFila(Puesto& p, TipoDocumento tipo) {
+// Runs the change of a type's row. A row that is missing is made with what the change would have left in it.
+bool cambiarOCrear(Puesto& p, TipoDocumento tipo, const Sql& cambio, qint64 codigo, const NumeroDocumento& n,
+                   const QString& usuario) {
+  qint64 filas = 0;
+  if (!p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, cambio, true, &filas)) return false;
+  if (filas > 0) return true;
   return p.poDBAdmin.EjecutarSentencia(
       p.poCnnLocal,
       FormatearSQL(
           u"INSERT INTO Config_Documento (cTipoDoc,cOperCode,nDocCodigo,cSerieDoc,cUserDesc,dUltAct,observacion) "
-          " VALUES ('$',0, 0, '$','',$,'Primer Registro') "_sql,
-          {Texto(Codigo(tipo)), Texto(serieInicial(tipo)), p.reloj.today()}),
+          u" VALUES ('$',$, $, '$','$','$','Primer Registro') "_sql,
+          {Texto(Codigo(tipo)), codigo, n.numero, Texto(n.serie), Texto(usuario), p.reloj.today().startOfDay()}),
       true);
 }
 
@@ -146,7 +135,8 @@ void repararSerie(Puesto& p, const Reparacion& r, const QString& serie, qint64 c
   if (!numeroLocal(p, serie, local, tipo) || central <= local) return;
   if (!codigoDeReparacion(p, r, serie, codigo)) return;
   if (!p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, filaMarca(p, r, codigo, central, serie, tipo), true)) return;
-  p.poDBAdmin.EjecutarSentencia(
+  // Without it the marker alone corrects the next number, with a box.
+  (void)p.poDBAdmin.EjecutarSentencia(
       p.poCnnLocal,
       FormatearSQL(u"UPDATE CONFIG_DOCUMENTO set copercode='$', ndoccodigo= '$' where cseriedoc='$'"_sql,
                    {codigo, central, Texto(serie)}),
@@ -174,6 +164,23 @@ void reparar(Puesto& p, const Reparacion& r) {
 
 }  // namespace
 
+QString SerieInicial(TipoDocumento tipo, const QString& caja) {
+  // clang-format off
+  const struct { TipoDocumento tipo; QStringView prefijo; } kPrefijos[] = {
+      {TipoDocumento::OC, u"OC"},     {TipoDocumento::NC, u"NC"},     {TipoDocumento::PADE, u"PA"},
+      {TipoDocumento::PADV, u"PV"},   {TipoDocumento::LIQPAD, u"LQ"},
+  };
+  // clang-format on
+  if (tipo == TipoDocumento::Factura) return QStringLiteral("F01");
+  if (tipo == TipoDocumento::Boleta) return u'0' + Derecha(caja, 2);
+  QString numero = caja;
+  while (numero.size() > 1 && numero.startsWith(u'0')) numero.remove(0, 1);
+  for (const auto& s : kPrefijos) {
+    if (tipo == s.tipo) return s.prefijo.toString() + numero;
+  }
+  return {};
+}
+
 bool CodigoOperacion(Puesto& p, bool paralela, qint64& codigo) {
   if (!consultarCifra(
           p, p.poCnnLocal,
@@ -196,23 +203,22 @@ bool SerieDeBoletas(Puesto& p, QString& serie) {
     return false;
   }
   serie = LimpiarNulo(rs[u"cSerieDoc"]);
-  if (serie.isEmpty()) serie = serieDeCaja(p);
+  if (serie.isEmpty()) serie = serieInicial(p, TipoDocumento::Boleta);
   return true;
 }
 
 bool LeerNumeroDocumento(Puesto& p, TipoDocumento tipo, NumeroDocumento& n) {
   Recordset rs;
-  const QString fila = filaDe(tipo);
+  const TipoDocumento fila = filaDe(tipo);
   if (!p.poDBAdmin.EjecutarConsulta(
-          p.poCnnLocal, FormatearSQL(u"SELECT  * FROM Config_Documento WHERE cTipoDoc='$'"_sql, {Texto(fila)}), rs)) {
+          p.poCnnLocal, FormatearSQL(u"SELECT  * FROM Config_Documento WHERE cTipoDoc='$'"_sql, {Texto(Codigo(fila))}),
+          rs)) {
     return false;
   }
-  // A factura that finds no common row makes its own, "01", and so can do it once only.
-  if (rs.Eof() && !crearFila(p, tipo)) return false;
   NumeroDocumento nuevo;
   nuevo.numero = AEntero(Numero(rs[u"nDocCodigo"])) + 1;
   nuevo.serie = LimpiarNulo(rs[u"cSerieDoc"]);
-  if (nuevo.serie.isEmpty()) nuevo.serie = EsFiscal(tipo) ? serieDeCaja(p) : serieInicial(tipo);
+  if (nuevo.serie.isEmpty()) nuevo.serie = serieInicial(p, fila);
   if (tipo == TipoDocumento::Factura) p.ses.psSerieFactura = nuevo.serie;
   if (tipo == TipoDocumento::Boleta) p.ses.psSerieBoleta = nuevo.serie;
   n = nuevo;
@@ -243,11 +249,11 @@ bool VerificarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& lo
 }
 
 bool GuardarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NumeroDocumento& n) {
-  return p.poDBAdmin.EjecutarSentencia(
-      p.poCnnLocal,
-      FormatearSQL(u"UPDATE Config_Documento  SET cSerieDoc='$', nDocCodigo=$  WHERE cTipodoc='$'"_sql,
-                   {Texto(n.serie), n.numero, Texto(filaDe(tipo))}),
-      true);
+  const TipoDocumento fila = filaDe(tipo);
+  return cambiarOCrear(p, fila,
+                       FormatearSQL(u"UPDATE Config_Documento  SET cSerieDoc='$', nDocCodigo=$  WHERE cTipodoc='$'"_sql,
+                                    {Texto(n.serie), n.numero, Texto(Codigo(fila))}),
+                       0, n, QString());
 }
 
 bool ReservarDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& log, NumeroDocumento& n) {
@@ -261,12 +267,12 @@ bool ReservarDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& log, Nume
 }
 
 bool GuardarUltimaOperacion(Puesto& p, TipoDocumento tipo, qint64 codigo, qint64 numero) {
-  const Sql documento = EsFiscal(tipo) ? Sql() : FormatearSQL(u" nDocCodigo=$, "_sql, {numero});
-  return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal,
-                                       FormatearSQL(u"UPDATE Config_Documento  SET cOperCode=$,"_sql + documento +
-                                                        u" cUserDesc='$'  WHERE cTipodoc='$'"_sql,
-                                                    {codigo, Texto(p.ses.psUsuario), Texto(Codigo(tipo))}),
-                                       true);
+  const bool fiscal = EsFiscal(tipo);
+  const Sql documento = fiscal ? Sql() : FormatearSQL(u" nDocCodigo=$, "_sql, {numero});
+  return cambiarOCrear(p, tipo,
+                       FormatearSQL(u"UPDATE Config_Documento  SET cOperCode=$,$ cUserDesc='$'  WHERE cTipodoc='$'"_sql,
+                                    {codigo, documento, Texto(p.ses.psUsuario), Texto(Codigo(tipo))}),
+                       codigo, {fiscal ? 0 : numero, serieInicial(p, tipo)}, p.ses.psUsuario);
 }
 
 void RepararNumeracion(Puesto& p) { reparar(p, {u"operacion"_sql, false}); }

@@ -21,12 +21,16 @@ struct NombreLog {
 };
 inline const NombreLog kLogCajaFull{QStringLiteral("Error_Full_1"), QStringLiteral("Error_Full_1")};
 
+// The series of a type on a new desk, `caja`, where no other desk has the same. That of facturas is only in their own row:
+// they are numbered in the boletas' one.
+QString SerieInicial(TipoDocumento tipo, const QString& caja);
+
 // The next operation code of Operacion or, `paralela`, of OperacionParalela; 1 for an empty table. False when the store
 // can't be read, and then the box has been shown.
 [[nodiscard]] bool CodigoOperacion(Puesto& p, bool paralela, qint64& codigo);
 
-// Series and next number as Config_Documento has them; a missing row is made. Sets the session's series of boletas or
-// facturas. Takes nothing: the number is used up by GuardarNumeroDocumento. False when the row can't be read or made.
+// Series and next number as Config_Documento has them; those of a new desk without a row. Sets the session's series of
+// boletas or facturas. Writes nothing: the number is used up by GuardarNumeroDocumento. False when the row can't be read.
 [[nodiscard]] bool LeerNumeroDocumento(Puesto& p, TipoDocumento tipo, NumeroDocumento& n);
 
 // The series that boletas carry, read from the store while the session has none yet. Makes no row: the first boleta does,
@@ -38,7 +42,7 @@ inline const NombreLog kLogCajaFull{QStringLiteral("Error_Full_1"), QStringLiter
 // log file in the temp folder, one box, and the sale goes on. False, with `n` untouched, when the store can't be read.
 [[nodiscard]] bool VerificarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& log, NumeroDocumento& n);
 
-// Stores series and number as the last ones used.
+// Stores series and number as the last ones used; a missing row is made.
 [[nodiscard]] bool GuardarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NumeroDocumento& n);
 
 // The three above, in that order. When it returns true the number is used, also if the caller fails later; when it
@@ -46,7 +50,7 @@ inline const NombreLog kLogCajaFull{QStringLiteral("Error_Full_1"), QStringLiter
 [[nodiscard]] bool ReservarDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& log, NumeroDocumento& n);
 
 // Keeps the operation code and the user of the last document of that type, and for a parallel document its number
-// too. A factura touches a row of its own here.
+// too. A factura touches a row of its own here; a missing row is made.
 [[nodiscard]] bool GuardarUltimaOperacion(Puesto& p, TipoDocumento tipo, qint64 codigo, qint64 numero);
 
 // At start: pulls the counters up to what the central database has seen of this desk and leaves marker rows that no

@@ -1,6 +1,7 @@
 #include "store/revision.h"
 
 #include <QSet>
+#include <algorithm>
 
 #include "platform/sql/conexion.h"
 #include "store/tablas.h"
@@ -16,11 +17,15 @@ QString tablaDe(const QString& sentencia) {
 
 }  // namespace
 
-QStringList tablasQueFaltan(Conexion& local) {
+QStringList tablasQueFaltan(Conexion& local, int version) {
   Recordset rs;
   QSet<QString> hay;
   if (!local.consultar(u"SELECT name FROM sqlite_master WHERE type = 'table'"_sql, rs)) {
     for (const auto& fila : rs) hay.insert(fila[0].toString().toLower());
+  }
+  const PasosDeVersion pasos = pasosDelPuesto();
+  for (size_t paso = static_cast<size_t>(std::max(version, 0)); paso < pasos.size(); ++paso) {
+    for (const QString& s : pasos[paso]) hay.insert(tablaDe(s).toLower());
   }
   QStringList faltan;
   const QStringList sentencias = tablasDelPuesto();

@@ -1,5 +1,6 @@
 #include "store/tablas.h"
 
+#include "foundation/acto_doble.h"
 #include "platform/sql/esquema.h"
 
 namespace {
@@ -266,5 +267,8 @@ QStringList tablasDelPuesto() {
     << gemela(operaciones[2], QStringLiteral("OperacionParalelaProducto"),
               QStringLiteral("OperacionParalelaProductoHist"));
   for (const char* parte : {kIndices, kMaestros, kClientes}) s << sentenciasDeEsquema(QString::fromLatin1(parte));
-  return s;
+  return s << tablasDeActos() << sentenciaDeVersion(pasosDelPuesto());
 }
+
+// A step never changes once a desk may have taken it, so it doesn't follow the tables above.
+PasosDeVersion pasosDelPuesto() { return {tablasDeActos()}; }

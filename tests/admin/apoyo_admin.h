@@ -5,8 +5,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "admin/base_sqlite.h"
 #include "admin/crear_puesto.h"
+#include "platform/sql/base_sqlite.h"
 
 inline QString u8(const char* t) { return QString::fromUtf8(t); }
 

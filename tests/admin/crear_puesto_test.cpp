@@ -6,6 +6,7 @@
 #include "admin/argumentos.h"
 #include "apoyo_admin.h"
 #include "platform/io/perfil.h"
+#include "store/numeracion.h"
 
 namespace {
 
@@ -117,8 +118,9 @@ TEST_F(CrearPuestoPrueba, BadDataAreRefusedBeforeAnythingIsMade) {
 TEST(SerieInicialPrueba, NoTwoDesksShareASeries) {
   QSet<QString> vistas;
   for (int caja = 1; caja <= 99; ++caja) {
-    for (const char* tipo : {"02", "10", "11", "12", "13", "14"}) {
-      const QString serie = SerieInicial(u8(tipo), u8("%1").arg(caja, 5, 10, QChar(u'0')));
+    for (const TipoDocumento tipo : kTiposDocumento) {
+      if (tipo == TipoDocumento::Factura) continue;
+      const QString serie = SerieInicial(tipo, u8("%1").arg(caja, 5, 10, QChar(u'0')));
       EXPECT_FALSE(serie.isEmpty());
       EXPECT_FALSE(vistas.contains(serie)) << texto(serie);
       vistas << serie;
@@ -128,8 +130,8 @@ TEST(SerieInicialPrueba, NoTwoDesksShareASeries) {
 
 TEST(SerieInicialPrueba, Forms) {
   for (const auto& c : leerCasos("admin/series")) {
-    EXPECT_EQ(c["boleta"], SerieInicial(u8("02"), c["caja"]));
-    EXPECT_EQ(c["orden"], SerieInicial(u8("10"), c["caja"]));
+    EXPECT_EQ(c["boleta"], SerieInicial(TipoDocumento::Boleta, c["caja"]));
+    EXPECT_EQ(c["orden"], SerieInicial(TipoDocumento::OC, c["caja"]));
     DatosPuesto d = datos(u8("."));
     d.caja = c["caja"];
     EXPECT_EQ(d.caja == u8("00100") ? 1 : 0, AvisosDePuesto(d).size()) << c.donde();

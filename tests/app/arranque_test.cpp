@@ -45,6 +45,11 @@ class ArranqueTest : public testing::Test {
     }
   }
 
+  void abrirLocal() {
+    ASSERT_FALSE(p.poCnnLocal.abrir(
+        p.motores, QStringLiteral("driver={Microsoft Access Driver (*.mdb)};DBQ=") + enCarpeta(kAlmacen), 1000));
+  }
+
   QString enCarpeta(const QString& nombre) { return p.rutas.enPrograma(nombre); }
   QByteArray bytes(const QString& nombre) {
     QFile f(enCarpeta(nombre));
@@ -135,17 +140,61 @@ TEST_F(ArranqueTest, AStoreOfAnotherProgramNamesWhatItLacks) {
 }
 
 // Rights bind nobody who is root, so the start is made as somebody else.
-TEST_F(ArranqueTest, AStoreThatCanOnlyBeReadIsTold) {
+TEST_F(ArranqueTest, ADatabaseThatCanOnlyBeReadIsToldAndStartsOnceItCanBeWritten) {
+  for (const char* nombre : {"TarvoPos.mdb", "central.db"}) {
+    SCOPED_TRACE(nombre);
+    const QString archivo = enCarpeta(QString::fromLatin1(nombre));
+    const auto permiso = [](const QString& ruta, mode_t modo) { ASSERT_EQ(0, ::chmod(qPrintable(ruta), modo)); };
+    p.poCnnLocal.cerrar();
+    p.poCnnCentral.cerrar();
+    permiso(p.rutas.programa, 0777);
+    permiso(p.rutas.temp, 0777);
+    for (const QFileInfo& f : QDir(p.rutas.programa).entryInfoList(QDir::Files)) permiso(f.filePath(), 0666);
+    permiso(archivo, 0444);
+    const QByteArray antes = bytes(QString::fromLatin1(nombre));
+    const uid_t quien = ::geteuid();
+    ASSERT_EQ(0, quien == 0 ? ::seteuid(65534) : 0);
+    p.persona().dejaPasar();
+    p.persona().vistas.clear();
+    arrancaYTermina();
+    EXPECT_FALSE(QFile::exists(archivo + QStringLiteral("-shm"))) << "nothing is left that can't be written later";
+    // What an earlier program has left behind at such a start.
+    for (const char* fin : {"-shm", "-wal"}) {
+      QFile f(archivo + QLatin1String(fin));
+      ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+      permiso(f.fileName(), 0444);
+    }
+    ASSERT_EQ(0, ::seteuid(quien));
+    EXPECT_EQ(antes, bytes(QString::fromLatin1(nombre)));
+    permiso(archivo, 0666);
+    ASSERT_EQ(0, quien == 0 ? ::seteuid(65534) : 0);
+    p.persona().vistas.clear();
+    arrancar();
+    ASSERT_EQ(0, ::seteuid(quien));
+    EXPECT_EQ(0u, p.persona().vistas.size()) << qPrintable(p.persona().vistas.front().texto);
+  }
+}
+
+TEST_F(ArranqueTest, AStoreThatAnotherProgramHoldsEndsTheStartAtTheFirstBox) {
   p.poCnnLocal.cerrar();
-  const QByteArray antes = bytes(kAlmacen);
-  const auto rutas = {p.rutas.programa, enCarpeta(kAlmacen)};
-  for (const QString& ruta : rutas) ASSERT_EQ(0, ::chmod(qPrintable(ruta), ruta == p.rutas.programa ? 0777 : 0444));
-  const uid_t quien = ::geteuid();
-  ASSERT_EQ(0, quien == 0 ? ::seteuid(65534) : 0);
-  p.persona().espera(QStringLiteral("es de solo lectura"));
+  Conexion otro = abrir(QStringLiteral("driver={Microsoft Access Driver (*.mdb)};DBQ=") + enCarpeta(kAlmacen));
+  ASSERT_FALSE(otro.iniciar());
+  p.persona().espera(QStringLiteral("La base de datos está ocupada por otro programa."));
   arrancaYTermina();
-  ASSERT_EQ(0, ::seteuid(quien));
-  EXPECT_EQ(antes, bytes(kAlmacen));
+}
+
+TEST_F(ArranqueTest, ANewerStoreOrServerEndsTheStart) {
+  for (const QString& cadena : {p.ses.psConexionCentral, p.ses.psConexionCliente, QString()}) {
+    Conexion c = cadena.isEmpty() ? Conexion() : abrir(cadena);
+    p.ejecuta(cadena.isEmpty() ? p.poCnnLocal : c, QStringLiteral("PRAGMA user_version = 99"));
+    c.cerrar();
+    p.persona().espera(QStringLiteral("es de la versión 99, más nueva que este programa"));
+    arrancaYTermina();
+    if (cadena.isEmpty()) continue;
+    c = abrir(cadena);
+    p.ejecuta(c, QStringLiteral("PRAGMA user_version = 1"));
+    abrirLocal();
+  }
 }
 
 TEST_F(ArranqueTest, APipeInPlaceOfTheSettingsIsNotWaitedFor) {

@@ -88,7 +88,8 @@ TEST(Configuracion, AFileThatCannotBeWrittenIsToldAndTheTableKeepsTheValue) {
   QFile::remove(p.ses.psArchivoCfg);
   ASSERT_TRUE(QDir(p.rutas.programa).mkdir(QStringLiteral("KEB.cfg")));  // a folder stands in its place
   p.persona().espera(QStringLiteral("KEB.cfg"));
-  EscribirParametro(p, kParametros, QStringLiteral("PRINTER"), p.ses.psArchivoCfg, QStringLiteral("START"));
+  EXPECT_TRUE(
+      EscribirParametro(p, kParametros, QStringLiteral("PRINTER"), p.ses.psArchivoCfg, QStringLiteral("START")));
   EXPECT_EQ(QStringLiteral("START"), p.filas(QStringLiteral("SELECT PRINTER FROM Configuracion")));
 }
 

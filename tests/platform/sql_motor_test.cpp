@@ -130,6 +130,44 @@ TEST(Motor, TheFirstInsertSurvivesAKill) {
   EXPECT_EQ(QDateTime(QDate(2025, 4, 3), QTime(0, 0)), rs[u"F"].toDateTime());
 }
 
+// A till opens its servers again and again beside connections that stay open; another desk comes and goes meanwhile.
+TEST(Motor, ASecondOpeningTakesNoLockFromTheFirst) {
+  QTemporaryDir d;
+  const QString ruta = d.filePath(u8("central.db"));
+  ASSERT_FALSE(crearBaseSqlite(ruta, kTabla));
+  const QString cadena = u8("Provider=SQLOLEDB.1;Data Source=sqlite:central.db");
+  int tubo[2];
+  ASSERT_EQ(0, pipe(tubo));
+  const pid_t hijo = fork();
+  if (hijo == 0) {
+    char c = 0;
+    Conexion otra;
+    Recordset rs;
+    const auto motores = motoresDelSistema(d.path());
+    if (read(tubo[0], &c, 1) != 1 || otra.abrir(*motores, cadena, 1000) || otra.consultar(u8("SELECT * FROM T"), rs)) {
+      _exit(1);
+    }
+    otra.cerrar();  // the last of all, as far as it can see, clears the log away
+    _exit(0);
+  }
+  const auto motores = motoresDelSistema(d.path());
+  Conexion queda, deUnaVez;
+  ASSERT_FALSE(queda.abrir(*motores, cadena, 1000));
+  ASSERT_FALSE(queda.ejecutar(u8("INSERT INTO T VALUES (1,'a',NULL)")));
+  ASSERT_FALSE(deUnaVez.abrir(*motores, cadena, 1000));
+  deUnaVez.cerrar();
+  ASSERT_EQ(1, write(tubo[1], "x", 1));
+  int estado = -1;
+  ASSERT_EQ(hijo, waitpid(hijo, &estado, 0));
+  EXPECT_EQ(0, estado);
+  EXPECT_TRUE(QFile::exists(ruta + u8("-wal"))) << "the log of an open connection is gone";
+  ASSERT_FALSE(queda.ejecutar(u8("INSERT INTO T VALUES (2,'b',NULL)")));
+  ASSERT_FALSE(deUnaVez.abrir(*motores, cadena, 1000));
+  Recordset rs;
+  ASSERT_FALSE(deUnaVez.consultar(u8("SELECT COUNT(*) FROM T"), rs));
+  EXPECT_EQ(2, rs[0].toInt());
+}
+
 TEST(Motor, SeesTablesThatAnotherProgramChanged) {
   Banco b(true, kTabla);
   EXPECT_EQ("0", b.respuesta("SELECT COUNT(*) FROM T"));

@@ -66,11 +66,27 @@ TEST(Numeracion, AMissingRowIsMade) {
     PuestoPrueba p;
     p.ses.psCaja = q("12345");
     p.ejecuta(q("DELETE FROM Config_Documento"));
+    p.ses.psUsuario = q("O'Brien");
+    const TipoDocumento tipo = tipoDe(c["tipo"]);
     EXPECT_EQ(c["sale"], reservar(p, c["tipo"]));
-    EXPECT_EQ(
-        c["fila"],
-        p.filas(q("SELECT cTipoDoc, cOperCode, nDocCodigo, cSerieDoc, dUltAct, observacion FROM Config_Documento")));
+    EXPECT_TRUE(GuardarUltimaOperacion(p, tipo, 51, 1));
+    EXPECT_EQ(c["segunda"], reservar(p, c["tipo"]));
+    EXPECT_TRUE(GuardarUltimaOperacion(p, tipo, 52, 2));
+    QString filas = p.filas(q("SELECT cTipoDoc, cOperCode, nDocCodigo, cSerieDoc, cUserDesc, observacion "
+                              "FROM Config_Documento ORDER BY cTipoDoc"));
+    EXPECT_EQ(c["filas"], filas.replace(u'|', u',').replace(u'\n', u' '));
+    EXPECT_EQ(q("2026-11-24 00:00:00"), p.filas(q("SELECT MAX(dUltAct) FROM Config_Documento")));
   }
+}
+
+// A sale that is left before it takes its number.
+TEST(Numeracion, ReadingANumberWritesNothing) {
+  PuestoPrueba p;
+  p.ejecuta(q("DELETE FROM Config_Documento"));
+  NumeroDocumento n;
+  ASSERT_TRUE(LeerNumeroDocumento(p, TipoDocumento::Boleta, n));
+  EXPECT_EQ(q("001-1"), n.serie + u'-' + QString::number(n.numero));
+  EXPECT_EQ(q("0"), p.filas(q("SELECT COUNT(*) FROM Config_Documento")));
 }
 
 TEST(Numeracion, TheParallelRunsKnowOnlyTheirOwnTable) {

@@ -19,6 +19,7 @@ std::optional<ErrorBD> Conexion::abrir(Motores& motores, const QString& cadena, 
 
 void Conexion::cerrar() {
   motor_.reset();
+  enTransaccion_ = false;
   porDeshacer_ = false;
 }
 
@@ -42,18 +43,23 @@ std::optional<ErrorBD> Conexion::ejecutar(const QString& sql, qint64* afectadas)
 
 std::optional<ErrorBD> Conexion::iniciar() {
   if (auto e = listo()) return e;
-  return motor_->iniciar();
+  auto e = motor_->iniciar();
+  if (!e) enTransaccion_ = true;
+  return e;
 }
 
 std::optional<ErrorBD> Conexion::confirmar() {
   if (auto e = listo()) return e;
-  return motor_->confirmar();
+  auto e = motor_->confirmar();
+  if (!e) enTransaccion_ = false;
+  return e;
 }
 
 std::optional<ErrorBD> Conexion::deshacer() {
   if (!motor_) return cerrada();
   auto e = motor_->deshacer();
   porDeshacer_ = e.has_value();
+  if (!e) enTransaccion_ = false;
   return e;
 }
 

@@ -22,6 +22,8 @@ class Conexion {
   std::optional<ErrorBD> confirmar();
   // A transaction that can't be undone at once is undone before anything else runs here; until then every call fails.
   std::optional<ErrorBD> deshacer();
+  // From an iniciar() that succeeded to the end of that transaction.
+  bool enTransaccion() const { return enTransaccion_; }
   QString traducir(const QString& sql);
   // What its statements are written in, by the connection string that was opened last.
   Dialecto dialecto() const { return dialecto_; }
@@ -31,5 +33,6 @@ class Conexion {
 
   std::unique_ptr<Motor> motor_;
   Dialecto dialecto_ = Dialecto::Jet;
+  bool enTransaccion_ = false;
   bool porDeshacer_ = false;
 };

@@ -16,3 +16,10 @@ QStringList sentenciasDeEsquema(const QString& texto) {
   }
   return sentencias;
 }
+
+std::optional<ErrorBD> EjecutarEsquema(Conexion& cnn, const QStringList& sentencias) {
+  for (const QString& sql : sentencias) {
+    if (auto error = cnn.ejecutar(Sql::crudo(sql))) return error;
+  }
+  return {};
+}

@@ -1,8 +1,6 @@
 #include "platform/sql/motor_sqlite.h"
 
-#include <QFile>
-#include <QFileInfo>
-
+#include "platform/sql/archivo_sqlite.h"
 #include "platform/sql/catalogo_sqlite.h"
 #include "platform/sql/errores_sqlite.h"
 
@@ -11,23 +9,6 @@ namespace {
 constexpr int kEsperaBloqueo_ms = 5000;  // a backup or the support console may hold the file for a moment
 
 ErrorBD errorPropio(qint64 numero, const QString& palabras) { return {numero, 0, palabras}; }
-
-// The first bytes tell a database before anything opens the file for writing.
-std::optional<ErrorBD> revisarArchivo(const QString& archivo) {
-  const QFileInfo info(archivo);
-  const bool esArchivo = info.isFile();
-  if (!esArchivo && !info.exists()) {
-    return errorPropio(kErrorGeneral, QStringLiteral("No se encuentra la base de datos '%1'.").arg(archivo));
-  }
-  QFile f(archivo);
-  if (!esArchivo || !f.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-    return errorPropio(kErrorGeneral, QStringLiteral("No se puede leer la base de datos '%1'.").arg(archivo));
-  }
-  static const QByteArray kFirma("SQLite format 3\0", 16);
-  if (f.read(16) == kFirma && f.size() >= 512) return {};
-  return errorPropio(kErrorGeneral,
-                     QStringLiteral("'%1' no es una base de datos: archivo truncado o de otro programa.").arg(archivo));
-}
 
 }  // namespace
 
@@ -47,8 +28,9 @@ MotorSqlite::~MotorSqlite() {
 std::unique_ptr<MotorSqlite> MotorSqlite::abrir(const QString& archivo, Dialecto dialecto, int espera_ms,
                                                 const OpcionesMotores& opciones,
                                                 std::shared_ptr<MemoriaDeFormas> memoria, ErrorBD& error) {
-  if (const auto e = revisarArchivo(archivo)) {
-    error = *e;
+  LiberarAuxiliaresSqlite(archivo);
+  if (const auto porque = RevisarArchivoSqlite(archivo)) {
+    error = errorPropio(kErrorGeneral, *porque);
     return {};
   }
   std::unique_ptr<MotorSqlite> m(new MotorSqlite(dialecto, opciones, std::move(memoria)));
@@ -76,11 +58,6 @@ std::optional<ErrorBD> MotorSqlite::preparar(const QString& archivo, int espera_
   if (auto e = directa("PRAGMA synchronous=FULL")) {
     if ((e->nativo & 0xff) == SQLITE_BUSY) e->numero = kErrorTiempo;
     return e;
-  }
-  if (sqlite3_db_readonly(base_, "main") == 1) {
-    return errorPropio(kErrorGeneral, QStringLiteral("La base de datos '%1' es de solo lectura: no se puede guardar en "
-                                                     "ella. Revise los permisos del archivo.")
-                                          .arg(archivo));
   }
   if (auto e = directa("PRAGMA recursive_triggers=OFF")) return e;
   if (!entorno_.ahora) {

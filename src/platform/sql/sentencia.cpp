@@ -150,9 +150,9 @@ Sql FormatearSQL(const Sql& plantilla, const std::vector<Valor>& valores) {
   for (qsizetype i = 0; i < p.size(); ++i) {
     if (p[i] == u'\'') dentro = !dentro;
     if (p[i] != u'$') continue;
-    Q_ASSERT_X(n < valores.size(), "FormatearSQL", "fewer values than places");
-    static const Valor nulo;
-    const Valor& valor = n < valores.size() ? valores[n++] : nulo;
+    // A value that is missing would change the statement's meaning: no database takes what stands for it.
+    static const Valor falta{Cifras(QStringLiteral("falta un valor"))};
+    const Valor& valor = n < valores.size() ? valores[n++] : falta;
     sale.texto_ += p.mid(desde, i - desde);
     desde = i + 1;
     if (valor.clase_ != Valor::Clase::Nulo) {

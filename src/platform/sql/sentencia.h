@@ -35,7 +35,8 @@ class Sql {
  public:
   Sql() = default;
   Sql(LiteralSql literal) : texto_(QString::fromRawData(literal.texto().constData(), literal.texto().size())) {}
-  // As it stands: for statements that a person or a file gives to the console, to plays and tests. Nowhere else.
+  // As it stands: for statements that a person or a file gives to the console, to plays and tests, and for those that
+  // the program itself has kept. Nowhere else.
   static Sql crudo(const QString& sql);
 
   bool vacia() const { return texto_.isEmpty(); }
@@ -111,8 +112,8 @@ class Valor {
 
 // The statement made of `plantilla`: each "$" of its source texts takes the next value, trimmed of blanks. A text
 // between quotes stands as it is, any other place gives it quotes of its own. A Null takes the template's own wrapping
-// away ("'$'", "CONVERT(DATETIME,'$')") and stands as a bare Null. Numbers come without a mask, true as 1. Too few
-// values break the promise.
+// away ("'$'", "CONVERT(DATETIME,'$')") and stands as a bare Null. Numbers come without a mask, true as 1. With too few
+// values the statement is an error to every database.
 Sql FormatearSQL(const Sql& plantilla, const std::vector<Valor>& valores);
 
 // A text safe to stand between single quotes of the Jet dialect: each quote becomes ' + Chr(39) + '.

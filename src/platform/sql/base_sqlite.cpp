@@ -1,4 +1,4 @@
-#include "admin/base_sqlite.h"
+#include "platform/sql/base_sqlite.h"
 
 namespace {
 
