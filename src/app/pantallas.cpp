@@ -2,7 +2,6 @@
 
 #include <QApplication>
 
-#include "printing/frm_cabecera_impresion_lista.h"
 #include "backoffice/frm_configura_boton_producto.h"
 #include "backoffice/frm_parametros.h"
 #include "backoffice/frm_producto_lista.h"
@@ -14,14 +13,15 @@
 #include "cashday/principal.h"
 #include "cashday/tipo_cambio.h"
 #include "foundation/puesto.h"
+#include "printing/frm_cabecera_impresion_lista.h"
 #include "printing/frm_configura_impresora.h"
-#include "sale/frm_supervisor.h"
 #include "sale/frm_busqueda_articulos.h"
 #include "sale/frm_caja_full.h"
 #include "sale/frm_caja_rapida.h"
 #include "sale/frm_caja_voucher.h"
-#include "sale/frm_retiro.h"
 #include "sale/frm_pago_efectivo.h"
+#include "sale/frm_retiro.h"
+#include "sale/frm_supervisor.h"
 #include "voiding/frm_anula_transaccion.h"
 #include "voiding/frm_reimpresion.h"
 

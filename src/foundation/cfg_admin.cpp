@@ -119,8 +119,7 @@ QString LeerParametro(Puesto& p, const QString& seccion, const QString& clave, c
 bool EscribirParametro(Puesto& p, const QString& seccion, const QString& clave, const QString& archivo,
                        const QString& valor) {
   if (const auto fallo = EscribirPerfil(archivo, seccion, clave, valor)) p.mensajes.mostrar(*fallo);
-  const Sql sql =
-      FormatearSQL(u"UPDATE CONFIGURACION SET CONFIGURACION.$='$'"_sql, {NombreSql(clave), Texto(valor)});
+  const Sql sql = FormatearSQL(u"UPDATE CONFIGURACION SET CONFIGURACION.$='$'"_sql, {NombreSql(clave), Texto(valor)});
   const auto error = p.poCnnLocal.ejecutar(sql);
   decir(p, error, sql);
   return !noResponde(error);

@@ -9,8 +9,8 @@
 #include "documento/lineas.h"
 #include "documento/totales.h"
 #include "loyalty/cliente_documento.h"
-#include "sale/pantallas_venta.h"
 #include "sale/caja_full_tipos.h"
+#include "sale/pantallas_venta.h"
 
 struct Puesto;
 

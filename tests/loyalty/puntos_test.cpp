@@ -166,12 +166,27 @@ TEST(Puntos, TheCardAndItsSiteTellWhosePointsTheyAre) {
   }
 }
 
+// Puts the double under the client database's connections.
+class ClienteQueFalla final : public Motores {
+ public:
+  ClienteQueFalla(Motores& reales, PlanFallas& plan) : reales_(reales), plan_(plan) {}
+  std::unique_ptr<Motor> abrir(const QString& cadena, int espera_ms, ErrorBD& error) override {
+    auto motor = reales_.abrir(cadena, espera_ms, error);
+    if (!motor || leerCadenaConexion(cadena).archivo != u"cliente.db") return motor;
+    return std::make_unique<MotorQueFalla>(std::move(motor), plan_);
+  }
+
+ private:
+  Motores& reales_;
+  PlanFallas& plan_;
+};
+
 // Row and balance of the client database agree whatever fails, and no points are both there and in the queue.
 TEST(Puntos, EachStatementOfAnAccrualFailsInTurn) {
   int n = 1, guardadas = 0;
   for (;; ++n) {
     PlanFallas plan;
-    Tienda p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+    Tienda p([&plan](Motores& m) { return std::make_unique<ClienteQueFalla>(m, plan); });
     p.persona().dejaPasar();
     plan.armar(n);
     AcumularPuntos(p, kTarjeta, kBoleta, 29.9, 1, kMomento);

@@ -1,8 +1,8 @@
 // The kinds of sale beside a plain one, from the screen's fields to the rows: advance payments, notes, liquidations,
 // vouchers.
-#include "sale/caja_full_liquidacion.h"
 #include "apoyo/casos.h"
 #include "apoyo/golden.h"
+#include "sale/caja_full_liquidacion.h"
 
 #include "sale/caja_full_adelanto.h"
 #include "venta_prueba.h"

@@ -9,10 +9,10 @@
 #include "platform/sql/contiene.h"
 #include "platform/text/texto.h"
 #include "sale/buscador.h"
-#include "sale/retiro.h"
 #include "sale/caja_full_tipos.h"
-#include "sale/voucher.h"
 #include "sale/pago_efectivo.h"
+#include "sale/retiro.h"
+#include "sale/voucher.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 #include "sale/caja_full.h"
-#include "sale/caja_full_totales.h"
 #include "sale/caja_full_commit.h"
+#include "sale/caja_full_totales.h"
 #include "sale/pantallas_guion.h"
 
 inline FilaVenta filaVenta(int codigo, const QString& descripcion, double precio, int cantidad = 1,
