@@ -44,13 +44,12 @@ bool SiguienteAcumulacion(Puesto& p, Conexion& cnn, const QString& cliente, int 
   return true;
 }
 
-bool InsertarAcumulacion(Puesto& p, Conexion& cnn, const Acumulacion& a, const Sql& fecha, bool enCola) {
-  const Sql sql = FormatearSQL(
+Sql FilaAcumulacion(const Acumulacion& a, const Sql& fecha, bool enCola) {
+  return FormatearSQL(
       u"INSERT INTO Acumulacion_Punto (cClieCode, cAcumCode, nTarjNumb, nAcumImpo, nPuntCant, sUserDesc, "
       "dAcumDate, $cDocTipo, cDocSerie, cDocCodigo, IdLocal) "
       "VALUES ($, $, '$', $, $, '$', $, $'$', '$', $, $)"_sql,
       {enCola ? u"cSincroFlag, "_sql : Sql(), Cifras(a.cliente), a.codigo, Texto(a.tarjeta),
        Cifras(Formatear(a.importe, u"####0")), Cifras(Formatear(a.puntos, u"####0")), Texto(a.usuario), fecha,
        enCola ? u"0, "_sql : Sql(), Texto(a.documento.tipo), Texto(a.documento.serie), a.documento.numero, a.idLocal});
-  return p.poDBAdmin.EjecutarSentencia(cnn, sql, true);
 }

@@ -45,5 +45,6 @@ constexpr int kSinCliente = -2;
 // The number that the next row of the customer takes. False when the query fails, and then the box has been shown.
 [[nodiscard]] bool SiguienteAcumulacion(Puesto& p, Conexion& cnn, const QString& cliente, int idLocal, qint64& codigo);
 
-// Inserts the row. `fecha` is an expression of the connection's dialect; `enCola` marks a row that waits to be sent.
-[[nodiscard]] bool InsertarAcumulacion(Puesto& p, Conexion& cnn, const Acumulacion& a, const Sql& fecha, bool enCola);
+// The statement that inserts the row. `fecha` is an expression of the connection's dialect; `enCola` marks a row that
+// waits to be sent.
+Sql FilaAcumulacion(const Acumulacion& a, const Sql& fecha, bool enCola);

@@ -47,11 +47,14 @@ bool ConectarCliente(Puesto& p, bool mensaje, clsDBAdmin::Espera espera) {
   return abrio;
 }
 
-ResultadoCliente EnTransaccionCliente(Puesto& p, const std::function<bool()>& hacer, bool mensaje) {
+ResultadoCliente EjecutarEnCliente(Puesto& p, const std::vector<Sql>& sentencias, bool mensaje) {
   const bool abierta = !p.poCnnCliente.iniciar();
-  if (abierta && !hacer()) {
-    p.poCnnCliente.deshacer();
-    return ResultadoCliente::Fallo;
+  for (size_t n = 0; abierta && n < sentencias.size(); ++n) {
+    if (const auto error = p.poCnnCliente.ejecutar(sentencias[n])) {
+      p.poCnnCliente.deshacer();  // before the box: nobody else waits for it
+      p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + sentencias[n].texto(p.poCnnCliente.dialecto()));
+      return ResultadoCliente::Fallo;
+    }
   }
   if (abierta && !p.poCnnCliente.confirmar()) return ResultadoCliente::Hecho;
   // Locked by another program or gone: closing undoes what was begun, and a sale leaves it alone for a while.

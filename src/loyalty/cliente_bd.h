@@ -1,6 +1,6 @@
 #pragma once
 // The client database: its connection, which comes and goes with each task, and the points rule.
-#include <functional>
+#include <vector>
 
 #include "foundation/db_admin.h"
 
@@ -14,10 +14,10 @@ bool ConectarCliente(Puesto& p, bool mensaje, clsDBAdmin::Espera espera = clsDBA
 
 enum class ResultadoCliente { Hecho, Fallo, NoResponde };
 
-// Runs `hacer`, the statements of one change, as one transaction of the open client database: all of them stand or
-// none. Fallo: one of them failed, which has shown its box. NoResponde: the transaction could not begin or end; the
-// database counts as away from then on, with its box.
-[[nodiscard]] ResultadoCliente EnTransaccionCliente(Puesto& p, const std::function<bool()>& hacer, bool mensaje = true);
+// Runs the statements as one transaction of the open client database: all of them stand or none. Fallo: one of them
+// failed, and its box has been shown. NoResponde: the transaction could not begin or end; the database counts as away
+// from then on, with its box when `mensaje` says so.
+[[nodiscard]] ResultadoCliente EjecutarEnCliente(Puesto& p, const std::vector<Sql>& sentencias, bool mensaje = true);
 
 // Closes poCnnCliente and clears pbClienteConectado. Nothing happens when it is closed.
 void DesconectarCliente(Puesto& p);

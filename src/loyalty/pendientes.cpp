@@ -1,7 +1,5 @@
 #include "loyalty/pendientes.h"
 
-#include <algorithm>
-
 #include "foundation/puesto.h"
 #include "loyalty/acumulacion.h"
 #include "loyalty/cliente_bd.h"
@@ -18,14 +16,15 @@ Sql fechaDelServidor(const QVariant& v) {
                       {v.isNull() ? Valor() : Texto(FormatearFecha(v.toDateTime(), u"mm/dd/yyyy"))});
 }
 
-bool hacer(Puesto& p, Conexion& cnn, LiteralSql plantilla, const std::vector<Valor>& valores) {
-  return p.poDBAdmin.EjecutarSentencia(cnn, FormatearSQL(plantilla, valores), true);
+// A row of the store as sent.
+bool marcar(Puesto& p, LiteralSql plantilla, const std::vector<Valor>& valores) {
+  return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, FormatearSQL(plantilla, valores), true);
 }
 
 // What one row changes in the client database stands there whole or not at all. A database that is locked is asked
 // again by the next run, without a word.
-bool enviar(Puesto& p, const std::function<bool()>& cambio) {
-  return EnTransaccionCliente(p, cambio, false) == ResultadoCliente::Hecho;
+bool enviar(Puesto& p, const std::vector<Sql>& cambio) {
+  return EjecutarEnCliente(p, cambio, false) == ResultadoCliente::Hecho;
 }
 
 bool leerLocales(Puesto& p, Conexion& cnn, const Sql& consulta, std::vector<int>& locales) {
@@ -63,17 +62,16 @@ bool enviarCliente(Puesto& p, const Recordset::Fila& f) {
   if (local != 0) locales.push_back(local);
   else if (!localesDe(p, codigo, locales)) return false;
   if (locales.empty()) return true;
-  const bool enviado = enviar(p, [&] {
-    return std::all_of(locales.begin(), locales.end(), [&](int suyo) {
-      return hacer(p, p.poCnnCliente,
-                   u"UPDATE Cliente    SET dUltTDate = $,        cTranCode = $ "
-                   " WHERE cClieCode = $   AND IdLocal = $"_sql,
-                   {fechaDelServidor(f[u"dUltTDate"]), enteroDe(f[u"cTranCode"]), Cifras(codigo), suyo});
-    });
-  });
-  return enviado &&
-         hacer(p, p.poCnnLocal, u"UPDATE Cliente    SET cSincroFlag = 1  WHERE cClieCode = $   AND IdLocal = $"_sql,
-               {Cifras(codigo), local});
+  std::vector<Sql> cambio;
+  for (const int suyo : locales) {
+    cambio.push_back(
+        FormatearSQL(u"UPDATE Cliente    SET dUltTDate = $,        cTranCode = $ "
+                     " WHERE cClieCode = $   AND IdLocal = $"_sql,
+                     {fechaDelServidor(f[u"dUltTDate"]), enteroDe(f[u"cTranCode"]), Cifras(codigo), suyo}));
+  }
+  return enviar(p, cambio) &&
+         marcar(p, u"UPDATE Cliente    SET cSincroFlag = 1  WHERE cClieCode = $   AND IdLocal = $"_sql,
+                {Cifras(codigo), local});
 }
 
 bool enviarAcumulacion(Puesto& p, const Recordset::Fila& f) {
@@ -95,19 +93,19 @@ bool enviarAcumulacion(Puesto& p, const Recordset::Fila& f) {
   if (!LeerTipoCliente(p, p.poCnnCliente, a.cliente, a.idLocal, tipo)) return false;
   if (tipo == kSinCliente) return true;
   // A row of the store's copies may turn out to be of a customer who earns nothing.
-  const bool enviado =
-      tipo != kClienteConPuntos || enviar(p, [&] {
-        return SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo) &&
-               InsertarAcumulacion(p, p.poCnnCliente, a, fechaDelServidor(f[u"dAcumDate"]), false) &&
-               hacer(p, p.poCnnCliente,
-                     u" UPDATE Cliente    SET nPuntCant = ISNULL(nPuntCant,0) + $  WHERE cClieCode = $ "
-                     "   AND IdLocal = $"_sql,
-                     {a.puntos, Cifras(a.cliente), a.idLocal});
-      });
-  return enviado && hacer(p, p.poCnnLocal,
-                          u" UPDATE Acumulacion_Punto    SET cSincroFlag = 1  WHERE cClieCode = $ "
-                          "   AND cAcumCode = $    AND IdLocal = $"_sql,
-                          {Cifras(LimpiarNulo(f[u"cClieCode"])), Cifras(LimpiarNulo(f[u"cAcumCode"])), local});
+  if (tipo == kClienteConPuntos) {
+    const Sql suma = FormatearSQL(u" UPDATE Cliente    SET nPuntCant = ISNULL(nPuntCant,0) + $  WHERE cClieCode = $ "
+                                  "   AND IdLocal = $"_sql,
+                                  {a.puntos, Cifras(a.cliente), a.idLocal});
+    if (!SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo) ||
+        !enviar(p, {FilaAcumulacion(a, fechaDelServidor(f[u"dAcumDate"]), false), suma})) {
+      return false;
+    }
+  }
+  return marcar(p,
+                u" UPDATE Acumulacion_Punto    SET cSincroFlag = 1  WHERE cClieCode = $ "
+                "   AND cAcumCode = $    AND IdLocal = $"_sql,
+                {Cifras(LimpiarNulo(f[u"cClieCode"])), Cifras(LimpiarNulo(f[u"cAcumCode"])), local});
 }
 
 bool enviarTodos(Puesto& p, LiteralSql consulta, bool (*una)(Puesto&, const Recordset::Fila&)) {

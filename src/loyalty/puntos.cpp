@@ -81,18 +81,14 @@ bool buscarEnAlmacen(Puesto& p, Acumulacion& a) {
          (tipo < 0 || tipo == kClienteConPuntos);
 }
 
-bool escribirEnCliente(Puesto& p, Acumulacion& a) {
+std::vector<Sql> filasEnCliente(const Acumulacion& a) {
   const Sql momento =
       FormatearSQL(u"convert(datetime,'$',120)"_sql, {Texto(FormatearFecha(a.momento, u"yyyy-mm-dd hh:nn:ss"))});
-  return SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo) &&
-         InsertarAcumulacion(p, p.poCnnCliente, a, momento, false) &&
-         p.poDBAdmin.EjecutarSentencia(
-             p.poCnnCliente,
-             FormatearSQL(u"UPDATE Cliente SET nPuntCant = ISNULL(nPuntCant,0) + $, "
-                          "dUltTDate = $, cTranCode = $,bFlagSincro= $ "
-                          "WHERE cClieCode = $ AND IdLocal= $ "_sql,
-                          {a.puntos, momento, kPuntosAcumulados, 0, Cifras(a.cliente), a.idLocal}),
-             true);
+  return {FilaAcumulacion(a, momento, false),
+          FormatearSQL(u"UPDATE Cliente SET nPuntCant = ISNULL(nPuntCant,0) + $, "
+                       "dUltTDate = $, cTranCode = $,bFlagSincro= $ "
+                       "WHERE cClieCode = $ AND IdLocal= $ "_sql,
+                       {a.puntos, momento, kPuntosAcumulados, 0, Cifras(a.cliente), a.idLocal})};
 }
 
 // The store's copy of a customer: that of the site or, as the pull brings it, one without a site.
@@ -106,7 +102,7 @@ void acumularEnCola(Puesto& p, Acumulacion& a) {
   if (!SiguienteAcumulacion(p, p.poCnnLocal, a.cliente, a.idLocal, enCola)) return;
   a.codigo = qMax(a.codigo, enCola);
   const Sql momento = FormatearSQL(u"'$'"_sql, {a.momento});
-  if (!InsertarAcumulacion(p, p.poCnnLocal, a, momento, true)) return;
+  if (!p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, FilaAcumulacion(a, momento, true), true)) return;
   p.poDBAdmin.EjecutarSentencia(
       p.poCnnLocal,
       FormatearSQL(u"UPDATE Cliente SET nPuntCant = nPuntCant + $, "
@@ -142,10 +138,7 @@ bool extornar(Puesto& p, const QString& tarjeta, double total, int idLocal, cons
   const Sql resta = FormatearSQL(u" Update Cliente set  nPuntCant= (nPuntCant - $)  Where cClieCode=$ AND IdLocal = $"
                                  " AND iTipo=$"_sql,
                                  {CalcularPuntos(p, total), Cifras(cliente), idLocal, kClienteConPuntos});
-  return EnTransaccionCliente(p, [&] {
-           return p.poDBAdmin.EjecutarSentencia(p.poCnnCliente, borra, true) &&
-                  p.poDBAdmin.EjecutarSentencia(p.poCnnCliente, resta, true);
-         }) == ResultadoCliente::Hecho;
+  return EjecutarEnCliente(p, {borra, resta}) == ResultadoCliente::Hecho;
 }
 
 }  // namespace
@@ -207,9 +200,11 @@ void AcumularPuntos(Puesto& p, const QString& tarjeta, const ClavePuntos& docume
   }
   if (destino == Destino::Cliente) {
     if (!p.ses.pbClienteCaido) ConectarCliente(p, true);
-    const bool tomado = p.ses.pbClienteConectado && EnTransaccionCliente(p, [&] { return escribirEnCliente(p, a); }) !=
-                                                        ResultadoCliente::NoResponde;
-    if (!tomado) destino = Destino::Cola;
+    if (p.ses.pbClienteConectado && !SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo)) {
+      destino = Destino::NoLeido;
+    } else if (!p.ses.pbClienteConectado || EjecutarEnCliente(p, filasEnCliente(a)) == ResultadoCliente::NoResponde) {
+      destino = Destino::Cola;
+    }
   }
   if (destino == Destino::Cola) acumularEnCola(p, a);
   DesconectarCliente(p);

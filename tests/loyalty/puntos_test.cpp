@@ -166,6 +166,42 @@ TEST(Puntos, TheCardAndItsSiteTellWhosePointsTheyAre) {
   }
 }
 
+// Puts the double under the client database's connections.
+class ClienteQueFalla final : public Motores {
+ public:
+  ClienteQueFalla(Motores& reales, PlanFallas& plan) : reales_(reales), plan_(plan) {}
+  std::unique_ptr<Motor> abrir(const QString& cadena, int espera_ms, ErrorBD& error) override {
+    auto motor = reales_.abrir(cadena, espera_ms, error);
+    if (!motor || leerCadenaConexion(cadena).archivo != u"cliente.db") return motor;
+    return std::make_unique<MotorQueFalla>(std::move(motor), plan_);
+  }
+
+ private:
+  Motores& reales_;
+  PlanFallas& plan_;
+};
+
+// Row and balance of the client database agree whatever fails, and no points are both there and in the queue.
+TEST(Puntos, EachStatementOfAnAccrualFailsInTurn) {
+  int n = 1, guardadas = 0;
+  for (;; ++n) {
+    PlanFallas plan;
+    Tienda p([&plan](Motores& m) { return std::make_unique<ClienteQueFalla>(m, plan); });
+    p.persona().dejaPasar();
+    plan.armar(n);
+    AcumularPuntos(p, kTarjeta, kBoleta, 29.9, 1, kMomento);
+    if (plan.van < n) break;
+    SCOPED_TRACE(plan.sentencias[n - 1].toStdString());
+    plan.armar(0);
+    const int alla = p.enCliente(q("SELECT COUNT(*) FROM Acumulacion_Punto")).toInt();
+    EXPECT_EQ(QString::number(20 + 2 * alla), p.enCliente(kSaldos).section(u'\n', 0, 0));
+    guardadas += p.filas(q("SELECT COUNT(*) FROM Acumulacion_Punto WHERE cSincroFlag = 0")).toInt();
+    EXPECT_EQ(0, alla);
+  }
+  EXPECT_EQ(2, guardadas);  // begin and commit: the database counts as away
+  EXPECT_GT(n, 6);
+}
+
 TEST(Puntos, EachStatementOfTheStoreFailsInTurnAndTheNextSendingGoesOn) {
   for (int n = 1;; ++n) {
     PlanFallas plan;
