@@ -87,47 +87,48 @@ bool salirCodigo(Puesto& p, CajaRegistradoraFull& v, int fila, const QString& te
   return llenarFila(p, v, fila, *rs.begin());
 }
 
+QString sinPuntos(QString t) { return t.remove(u'.'); }
+
+// A catalogue code as the number that is left without its points; "" when it is none.
+QString numeroDe(const QString& catalogo) {
+  const QString n = sinPuntos(catalogo);
+  if (n.isEmpty() || !soloDigitos(n)) return {};
+  const auto primero = std::find_if(n.begin(), n.end(), [](QChar c) { return c != u'0'; });
+  return primero == n.end() ? QStringLiteral("0") : n.mid(primero - n.begin());
+}
+
 // How near an article's catalogue code comes to what was typed; the lowest wins.
-enum Cercania { kExacto, kExactoRetirado, kFinal, kNumero, kParte, kRetirado, kLejos };
+enum Cercania { kExacto, kExactoRetirado, kFinal, kNumero, kFinalRetirado, kLejos };
 
 // One that the server has withdrawn counts, to be refused by its words, when its code is exactly this or nothing else is.
-int porTexto(const Recordset::Fila& r, const QString& texto) {
+int cercaniaDe(const Recordset::Fila& r, const QString& texto) {
   const QString catalogo = LimpiarNulo(r[u"ccodcatalogo"]);
   const bool retirado = Numero(r[u"nActivo"]) != 1;
   if (catalogo.compare(texto, Qt::CaseInsensitive) == 0) return retirado ? kExactoRetirado : kExacto;
-  if (retirado) return kRetirado;
-  return catalogo.endsWith(texto, Qt::CaseInsensitive) ? kFinal : kParte;
-}
-
-QString sinPuntos(QString t) { return t.remove(u'.'); }
-
-// A catalogue code typed with its points at other places: compared as the number that is left without them.
-int porNumero(const Recordset::Fila& r, const QString& texto) {
-  const QString catalogo = sinPuntos(LimpiarNulo(r[u"ccodcatalogo"]));
-  return EsNumerico(catalogo) && LeerImporte(catalogo) == LeerImporte(sinPuntos(texto)) ? kNumero : kLejos;
+  if (catalogo.endsWith(texto, Qt::CaseInsensitive)) return retirado ? kFinalRetirado : kFinal;
+  const QString numero = numeroDe(texto);
+  return !retirado && !numero.isEmpty() && numero == numeroDe(catalogo) ? kNumero : kLejos;
 }
 
 bool salirCatalogo(Puesto& p, CajaRegistradoraFull& v, int fila, const QString& texto) {
   if (texto == v.lineas[static_cast<size_t>(fila)][kCatalogo]) return true;
-  Recordset rs[3];  // the row is of one of them
+  Recordset rs[2];  // the row is of one of them
   std::optional<Recordset::Fila> elegido;
   int mejor = kLejos;
-  const auto mirar = [&](Recordset& r, const QString& condicion, auto cercania) {
+  const auto mirar = [&](Recordset& r, const QString& condicion) {
     const QString sql = consultaArticulos(p) + condicion + QStringLiteral(" ORDER BY cProdCode");
     if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, r)) return false;
     for (const auto& f : r) {
-      const int suya = cercania(f, texto);
+      const int suya = cercaniaDe(f, texto);
       if (suya >= mejor) continue;
       mejor = suya;
       elegido = f;
     }
     return true;
   };
-  const QString parecido = QStringLiteral(" AND ccodcatalogo like  '%") + ReemplazarComilla(texto);
-  const QString activo = QStringLiteral(" and nactivo=1");
-  const bool leido = mirar(rs[0], parecido + QStringLiteral("' ") + activo, porTexto) &&
-                     (mejor == kExacto || mirar(rs[1], parecido + QStringLiteral("%' "), porTexto)) &&
-                     (mejor < kNumero || !EsNumerico(sinPuntos(texto)) || mirar(rs[2], activo, porNumero));
+  const QString final = QStringLiteral(" AND ccodcatalogo like  '%") + ReemplazarComilla(texto) + QStringLiteral("' ");
+  const bool leido = mirar(rs[0], final) &&
+                     (mejor < kNumero || numeroDe(texto).isEmpty() || mirar(rs[1], QStringLiteral(" and nactivo=1")));
   if (!leido) {
     p.mensajes.mostrar(QStringLiteral("No se pudo seleccionar el artìculo"));
     return false;

@@ -102,9 +102,9 @@ PanelesAdelanto nuevosPanelesAdelanto(Enlaces& enlaces, CajaRegistradoraFull& v)
   r.txtPADE = texto(datos, QStringLiteral("txtPADE"), QStringLiteral("TX"), v.txtPADE);
   r.txtPADE->filtro = filtroCodigo;
   r.cmdBuscaPago = busca(datos, QStringLiteral("cmdBuscaPago"), QStringLiteral("ALT+&P"));
-  Campo* pago = datos->fijo(QStringLiteral("txtimportepago"), QStringLiteral("PAGO"));
-  enlaces.texto(pago, v.txtimportepago);
-  texto(datos, QStringLiteral("txtGlosa1"), QStringLiteral("GLOSA"), v.txtGlosa1)->setProperty("textoLibre", true);
+  // Both tell of the advance payment that was picked.
+  enlaces.texto(datos->fijo(QStringLiteral("txtimportepago"), QStringLiteral("PAGO")), v.txtimportepago);
+  enlaces.texto(datos->fijo(QStringLiteral("txtGlosa1"), QStringLiteral("GLOSA")), v.txtGlosa1);
 
   auto* hoja = new QWidget;
   auto* v2 = new QVBoxLayout(hoja);
