@@ -7,6 +7,7 @@
 #include "backoffice/parametros.h"
 #include "backoffice/tipo_cambio.h"
 #include "backoffice/usuario.h"
+#include "foundation/clave.h"
 
 namespace {
 
@@ -18,7 +19,6 @@ void conUsuarios(PuestoPrueba& p) {
   p.ejecuta(
       "INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName) VALUES ('ROSA', 'r', 1, 'PEÑA', 'ÑUSTA')");
   p.ses.psUsuario = "cajero";  // as he typed it at the login
-  p.ses.psClaveUsuario = "caja";
 }
 
 void conAlmacenes(PuestoPrueba& p) {
@@ -36,16 +36,25 @@ QString almacenes(PuestoPrueba& p) {
 
 }  // namespace
 
-TEST(Usuarios, TheSessionKnowsOnesOwnNewPassword) {
+TEST(Usuarios, APasswordStaysUntilBothFieldsSayAnotherOne) {
   PuestoPrueba p;
   conUsuarios(p);
   DetalleUsuario v;
-  for (const char* usuario : {"CAJERO", "ROSA"}) {
-    ASSERT_TRUE(CargarUsuario(p, ModoDetalle::Editar, usuario, v));
-    v.txtPassword = v.txtReingresarPassword = QStringLiteral("de ") + usuario;
-    EXPECT_TRUE(GuardarUsuario(p, v));
-    EXPECT_EQ("de CAJERO", p.ses.psClaveUsuario);
-  }
+  ASSERT_TRUE(CargarUsuario(p, ModoDetalle::Editar, "ROSA", v));
+  v.txtNombres = "ROSA";
+  EXPECT_TRUE(GuardarUsuario(p, v));
+  const QString cifrada = p.filas("SELECT sUserPass FROM Usuario WHERE sUserDesc = 'ROSA'");
+  EXPECT_TRUE(EstaCifrada(cifrada) && EsLaClave(cifrada, "r")) << "what an older desk kept";
+  ASSERT_TRUE(CargarUsuario(p, ModoDetalle::Editar, "ROSA", v));
+  EXPECT_TRUE(GuardarUsuario(p, v));
+  EXPECT_EQ(cifrada, p.filas("SELECT sUserPass FROM Usuario WHERE sUserDesc = 'ROSA'"));
+  // Typed behind what stands there, it would be a password that nobody can type again.
+  v.txtPassword = v.txtReingresarPassword = v.txtPassword + "x";
+  p.persona().espera("Password reingresado incorrecto");
+  EXPECT_FALSE(GuardarUsuario(p, v));
+  v.txtPassword = v.txtReingresarPassword = "x";
+  EXPECT_TRUE(GuardarUsuario(p, v));
+  EXPECT_TRUE(EsLaClave(p.filas("SELECT sUserPass FROM Usuario WHERE sUserDesc = 'ROSA'"), " x "));
 }
 
 TEST(Parametros, TheNumberingStartsAboveWhatIsThere) {
