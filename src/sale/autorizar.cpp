@@ -3,7 +3,6 @@
 #include "foundation/acceso.h"
 #include "foundation/puesto.h"
 #include "platform/text/numero.h"
-#include "platform/text/texto.h"
 
 std::optional<QString> RechazoAutorizacion(Puesto& p, const QString& usuario, const QString& clave) {
   const auto acceso = ProbarAcceso(p, usuario, clave);
@@ -17,12 +16,4 @@ std::optional<QString> RechazoAutorizacion(Puesto& p, const QString& usuario, co
     return rechazo(QStringLiteral("Usuario no autorizado. Sólo el SUPERVISOR puede autorizar esta operación"), false);
   }
   return {};
-}
-
-void CerrarAutorizacion(const std::optional<QString>& nombre, bool& bAcceso, QString& txtsupervisor) {
-  if (nombre) {
-    txtsupervisor = *nombre;
-    bAcceso = true;
-  }
-  if (Recortar(txtsupervisor).isEmpty()) bAcceso = false;
 }

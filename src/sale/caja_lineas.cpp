@@ -3,10 +3,12 @@
 #include <algorithm>
 
 #include "foundation/puesto.h"
+#include "foundation/rutinas.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 #include "sale/caja_full.h"
 #include "sale/caja_totales.h"
+#include "sale/desmesura.h"
 #include "sale/importe_tecleado.h"
 
 namespace {
@@ -112,7 +114,7 @@ int cercaniaDe(const Recordset::Fila& r, const QString& texto) {
 
 bool salirCatalogo(Puesto& p, CajaRegistradoraFull& v, int fila, const QString& texto) {
   if (texto == v.lineas[static_cast<size_t>(fila)][kCatalogo]) return true;
-  Recordset rs[2];  // the row is of one of them
+  Recordset rs[3];  // the row is of one of them
   std::optional<Recordset::Fila> elegido;
   int mejor = kLejos;
   const auto mirar = [&](Recordset& r, const QString& condicion) {
@@ -127,8 +129,9 @@ bool salirCatalogo(Puesto& p, CajaRegistradoraFull& v, int fila, const QString& 
     return true;
   };
   const QString final = QStringLiteral(" AND ccodcatalogo like  '%") + ReemplazarComilla(texto) + QStringLiteral("' ");
-  const bool leido = mirar(rs[0], final) &&
-                     (mejor < kNumero || numeroDe(texto).isEmpty() || mirar(rs[1], QStringLiteral(" and nactivo=1")));
+  const QString activo = QStringLiteral(" and nactivo=1");
+  const bool leido = mirar(rs[0], final + activo) && (mejor == kExacto || mirar(rs[1], final)) &&
+                     (mejor < kNumero || numeroDe(texto).isEmpty() || mirar(rs[2], activo));
   if (!leido) {
     p.mensajes.mostrar(QStringLiteral("No se pudo seleccionar el artìculo"));
     return false;
@@ -146,7 +149,7 @@ bool conValor(const FilaVenta& f) { return Redondear(LeerImporte(f[kCant]) * Lee
 std::optional<QString> importeAceptado(Puesto& p, int columna, const QString& texto) {
   if (columna == kSigno) return texto == u"+" ? QStringLiteral("+") : QStringLiteral("-");
   if (texto.isEmpty()) return columna == kCant ? QStringLiteral("1.00") : QStringLiteral("0.00");
-  if (!EsNumerico(texto)) return {};
+  if (!SinComaDecimal(p, texto) || !EsNumerico(texto)) return {};
   const double valor = LeerImporte(texto);
   if (columna == kCant) {
     const double entera = Redondear(valor, 0);
@@ -159,6 +162,16 @@ std::optional<QString> importeAceptado(Puesto& p, int columna, const QString& te
     return {};
   }
   return Formatear(valor, kImporte);
+}
+
+// A scanned code in the quantity, or a price without its point: more than a shop sells in a line is asked for once. The
+// totals of the line are not needed for it.
+bool preguntarDesmesura(Puesto& p, const FilaVenta& f, int columna) {
+  const LineaDocumento l = LineaDe(p, f);
+  const double importe = ImportesDe(l).importe;
+  const bool mucha = columna == kCant && l.cantidad > kCantidadNormal;
+  if (!mucha && importe <= kImporteNormal) return true;
+  return PreguntarDesmesura(p, l.cantidad, importe);
 }
 
 }  // namespace
@@ -197,10 +210,13 @@ bool SalirCelda(Puesto& p, CajaRegistradoraFull& v, int fila, int columna, const
     const auto aceptado = importeAceptado(p, columna, tecleado);
     if (!aceptado) return false;
     if (*aceptado == f[static_cast<size_t>(columna)]) return true;
-    f[static_cast<size_t>(columna)] = *aceptado;
+    FilaVenta nueva = f;
+    nueva[static_cast<size_t>(columna)] = *aceptado;
     // A percentage holds for the line it was given to, not for another quantity or the other sign.
     const bool otraLinea = columna == kCant || (columna == kSigno && *aceptado == u"+");
-    if (otraLinea && conValor(f)) f[kPorc] = QStringLiteral("0.00");
+    if (otraLinea && conValor(nueva)) nueva[kPorc] = QStringLiteral("0.00");
+    if (!preguntarDesmesura(p, nueva, columna)) return true;
+    f = nueva;
   }
   CalculaTotales(p, v);
   return true;

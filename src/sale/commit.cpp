@@ -137,6 +137,7 @@ bool pasos::Cuadrar(Puesto& p, Venta& c) {
 
 bool pasos::Limpiar(Puesto& p, Venta& c) {
   c.v.bLiquidando = false;
+  c.v.vueltoAnterior = LeerImporte(c.v.txtVueltoSoles) > 0 ? c.v.txtVueltoSoles : QString();
   CancelarVenta(p, c.v);
   return true;
 }

@@ -152,6 +152,7 @@ bool grabarEfectivo(Puesto& p, VentaRapida& c) {
 bool limpiar(Puesto&, VentaRapida& c) {
   CancelarACTC(c.v);
   c.v.clase = ClaseDocumento::VentaExacta;
+  MostrarVuelto(c.v, c.efectivo);
   return true;
 }
 

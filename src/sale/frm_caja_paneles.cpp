@@ -46,7 +46,7 @@ QFrame* nuevaPantalla(Enlaces& enlaces, CajaRegistradoraFull& v) {
   g->addWidget(leyenda(QStringLiteral("US$")), 1, 0);
   g->addWidget(cifra(QStringLiteral("txtDolares"), QStringLiteral("articulo"), enlaces, v.txtDolares), 1, 1);
   g->addWidget(leyenda(QStringLiteral("VUELTO S/.")), 1, 2, Qt::AlignRight | Qt::AlignVCenter);
-  g->addWidget(cifra(QStringLiteral("lblVuelto"), QStringLiteral("vuelto"), enlaces, v.txtVueltoSoles), 1, 3);
+  g->addWidget(cifra(QStringLiteral("lblVuelto"), QStringLiteral("vuelto"), enlaces, v.lblVuelto), 1, 3);
   // Room for any amount from the start: a figure must never be cut, nor move when it grows.
   g->setColumnMinimumWidth(1, 124);
   g->setColumnMinimumWidth(3, 196);

@@ -142,3 +142,29 @@ TEST(TipoCambio, ADayWithoutARowIsTold) {
   p.persona().espera("ya no existe");
   EXPECT_FALSE(CargarTipoCambio(p, ModoDetalle::Ver, "04/03/2026", v));
 }
+
+TEST(TipoCambio, OneOffTheLastByMoreThanATenthIsAskedFor) {
+  PuestoPrueba p;
+  for (const char* fila : {"'20/11/2026', '3.00'", "'23/11/2026', '3.70'", "'30/11/2026', '9.00'"}) {
+    p.ejecuta(
+        QStringLiteral("INSERT INTO Tipo_Cambio (dTipoCambFech, nTipoCambMont) VALUES (%1)").arg(QLatin1String(fila)));
+  }
+  TipoCambio v;
+  ASSERT_TRUE(CargarTipoCambio(p, ModoDetalle::Nuevo, {}, v));
+  for (const char* lejos : {"4.08", "3.32", "375"}) {
+    v.txtTC = lejos;
+    p.persona().espera("se aparta más de la décima parte del último, 3.70.\n¿Desea continuar?", "No");
+    EXPECT_FALSE(GuardarTipoCambio(p, v)) << lejos;
+    EXPECT_EQ("txtTC", v.campoMal);
+  }
+  v.txtTC = "4.07";
+  EXPECT_TRUE(GuardarTipoCambio(p, v)) << "a tenth is no more than a tenth";
+  ASSERT_TRUE(CargarTipoCambio(p, ModoDetalle::Editar, "24/11/2026", v));
+  v.txtTC = "3.30";
+  p.persona().espera("se aparta", "Sí");
+  EXPECT_TRUE(GuardarTipoCambio(p, v));
+  EXPECT_EQ("3.3", p.filas("SELECT nTipoCambMont FROM Tipo_Cambio WHERE dTipoCambFech = #11/24/2026#"));
+  ASSERT_TRUE(CargarTipoCambio(p, ModoDetalle::Editar, "20/11/2026", v));
+  v.txtTC = "8.00";
+  EXPECT_TRUE(GuardarTipoCambio(p, v)) << "no rate before it";
+}

@@ -251,15 +251,4 @@ TEST_F(CajaFull, WhoMayAuthorise) {
   }
 }
 
-TEST(Autorizar, WhatTheDialogLeavesBehind) {
-  for (const auto& c : leerCasos("sale/autorizacion")) {
-    SCOPED_TRACE(c.donde());
-    bool acceso = c.si("antes");
-    QString supervisor = c["tenia"];
-    CerrarAutorizacion(c.falta("nombre") ? std::nullopt : std::optional(c["nombre"]), acceso, supervisor);
-    EXPECT_EQ(c.si("acceso"), acceso);
-    EXPECT_EQ(c["queda"], supervisor);
-  }
-}
-
 }  // namespace
