@@ -1,6 +1,6 @@
 # Shared by run, test and .ci/run: what is installed and how it is built.
 
-PAQUETES_PROGRAMA=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl1-mesa-dev libsqlite3-dev libpq-dev
+PAQUETES_PROGRAMA=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl1-mesa-dev libsqlite3-dev libpq-dev libsodium-dev
   fonts-dejavu-core)
 PAQUETES_PRUEBAS=(libgtest-dev librapidcheck-dev sqlite3)
 

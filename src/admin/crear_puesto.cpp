@@ -7,6 +7,8 @@
 #include "admin/crear_servidor.h"
 #include "admin/filas.h"
 #include "admin/tienda_demo.h"
+#include "foundation/acceso.h"
+#include "foundation/clave.h"
 #include "platform/io/archivo.h"
 #include "platform/sql/crear_sqlite.h"
 #include "platform/text/numero.h"
@@ -104,11 +106,12 @@ QStringList filasDelPuesto(const DatosPuesto& d) {
                    {n, 0, 999999, QStringLiteral("TV%1-%2").arg(d.caja).arg(n), 0, 0});
   }
   const QString perfil = QStringLiteral("cPerfCode, sPerfDesc");
-  s << Insercion(QStringLiteral("Perfil"), perfil, {1, QStringLiteral("SUPERVISOR")})
-    << Insercion(QStringLiteral("Perfil"), perfil, {2, QStringLiteral("CAJERO")})
+  s << Insercion(QStringLiteral("Perfil"), perfil, {kPerfilSupervisor, QStringLiteral("SUPERVISOR")})
+    << Insercion(QStringLiteral("Perfil"), perfil, {kPerfilCajero, QStringLiteral("CAJERO")})
     << Insercion(QStringLiteral("Usuario"),
                  QStringLiteral("sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName, cUserActi, cUserFlag"),
-                 {d.usuario, d.clave, 1, QStringLiteral("DE TIENDA"), QStringLiteral("SUPERVISOR"), 1, 0})
+                 {d.usuario, CifrarClave(d.clave).value_or(d.clave), kPerfilSupervisor, QStringLiteral("DE TIENDA"),
+                  QStringLiteral("SUPERVISOR"), 1, 0})
     << Insercion(QStringLiteral("Regla_Punto"), QStringLiteral("nImpoMaxi, nPuntImpo, nPuntCant"), {1000, 10, 1});
   // Both only ever see updates: the date of the last synchronisation and the keys of the register.
   s << Insercion(QStringLiteral("Sincronizacion"), QStringLiteral("dFechSincro"),

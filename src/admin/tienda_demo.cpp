@@ -4,6 +4,8 @@
 
 #include "admin/filas.h"
 #include "admin/tienda_articulos.h"
+#include "foundation/acceso.h"
+#include "foundation/clave.h"
 #include "platform/text/texto.h"
 
 namespace {
@@ -123,11 +125,12 @@ QStringList cambios(const QDateTime& ahora) {
 QStringList usuarios() {
   const QString columnas =
       QStringLiteral("sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName, cUserActi, cUserFlag");
+  const QString caja = QStringLiteral("caja"), clave = CifrarClave(caja).value_or(caja);
   return {Insercion(QStringLiteral("Usuario"), columnas,
-                    {QStringLiteral("CAJERO"), QStringLiteral("caja"), 2, QStringLiteral("RÍOS PEÑALOZA"),
+                    {QStringLiteral("CAJERO"), clave, kPerfilCajero, QStringLiteral("RÍOS PEÑALOZA"),
                      QStringLiteral("CARMEN"), 1, 0}),
           Insercion(QStringLiteral("Usuario"), columnas,
-                    {QStringLiteral("PRACTICANTE"), QStringLiteral("caja"), 2, QStringLiteral("SOTO"),
+                    {QStringLiteral("PRACTICANTE"), clave, kPerfilCajero, QStringLiteral("SOTO"),
                      QStringLiteral("INÉS"), 0, 0})};
 }
 

@@ -18,5 +18,5 @@ constexpr int kIntentosLogin = 3;
 void CargarLogin(Puesto& p, Login& v);
 
 // One press of "&Aceptar": checks name and password and counts the attempt; a blank name counts none. Refusals are
-// shown. On success user, password and profile go to the session and the user becomes the last one.
+// shown. On success user and profile go to the session and the user becomes the last one.
 void ProbarLogin(Puesto& p, Login& v);

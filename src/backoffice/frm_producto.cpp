@@ -2,6 +2,8 @@
 
 #include <QCheckBox>
 
+#include "foundation/rutinas.h"
+
 namespace {
 
 std::vector<CampoDetalle> camposDe(DetalleProducto& v) {
@@ -32,6 +34,7 @@ frmProducto::frmProducto(Puesto& p, DetalleProducto& v, QWidget* padre)
           padre),
       p_(p),
       v_(v) {
+  vigilarComas([this] { AvisarComaDecimal(p_); });
   if (!seEdita()) return;
   for (const char* marca : {"chkFicha", "chkCanje"})
     connect(control<QCheckBox>(marca), &QCheckBox::toggled, this, &frmProducto::seguirMarcas);

@@ -1,5 +1,7 @@
 #include "backoffice/frm_tipo_cambio.h"
 
+#include "foundation/rutinas.h"
+
 namespace {
 
 std::vector<CampoDetalle> camposDe(TipoCambio& v) {
@@ -23,6 +25,7 @@ frmTipoCambio::frmTipoCambio(Puesto& p, TipoCambio& v, QWidget* padre)
       p_(p),
       v_(v) {
   control<Campo>("txtFecha")->setPlaceholderText(QStringLiteral("dd/mm/aaaa"));
+  vigilarComas([this] { AvisarComaDecimal(p_); });
   // Today's date stands there already, so the rate is what is left to type.
   if (seEdita()) control<Campo>("txtTC")->setFocus();
 }

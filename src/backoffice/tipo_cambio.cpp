@@ -1,5 +1,7 @@
 #include "backoffice/tipo_cambio.h"
 
+#include <cstdlib>
+
 #include "foundation/puesto.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -35,6 +37,23 @@ bool falta(const TipoCambio& v) {
   return v.modo != ModoDetalle::Borrar && Redondear(LeerImporte(v.txtTC), 2) <= 0;
 }
 
+// A figure that was typed beside the point costs a day's sales in dollars: what is off the last rate by more than a tenth is
+// asked for. The last rate is that of the latest other day before it. One that can't be read asks nothing.
+bool seEsperaba(Puesto& p, const TipoCambio& v) {
+  if (!SeEdita(v.modo)) return true;
+  Recordset rs;
+  const QString sql = QStringLiteral("SELECT TOP 1 nTipoCambMont FROM Tipo_Cambio WHERE dTipoCambFech < #%1#"
+                                     " AND nTipoCambMont > 0 ORDER BY dTipoCambFech DESC")
+                          .arg(FormatearFecha(*LeerFecha(v.txtFecha), u"mm/dd/yyyy"));
+  if (p.poCnnLocal.consultar(sql, rs) || rs.Eof()) return true;
+  const qint64 ultimo = AEntero(Numero(rs[0]) * 100), nuevo = AEntero(LeerImporte(v.txtTC) * 100);
+  if (std::abs(nuevo - ultimo) * 10 <= ultimo) return true;
+  return p.mensajes.preguntar(QStringLiteral("El tipo de cambio %1 se aparta más de la décima parte del último, %2.\n"
+                                             "¿Desea continuar?")
+                                  .arg(montoMostrado(LeerImporte(v.txtTC)), montoMostrado(rs[0])),
+                              Mensajes::kTitulo, false);
+}
+
 bool validar(Puesto& p, TipoCambio& v) {
   v.txtFecha = MascaraFecha(v.txtFecha);
   // clang-format off
@@ -42,7 +61,10 @@ bool validar(Puesto& p, TipoCambio& v) {
           {!LeerFecha(v.txtFecha), u"txtFecha", u"Ingrese un tipo de fecha válido."},
           {falta(v), u"txtTC", u"Ingrese el tipo de cambio."},
       }, v.campoMal)) return false;
-  return v.modo != ModoDetalle::Nuevo || !yaEsta(p, v);
+  if (v.modo == ModoDetalle::Nuevo && yaEsta(p, v)) return false;
+  if (seEsperaba(p, v)) return true;
+  v.campoMal = QStringLiteral("txtTC");
+  return false;
 }
 
 SentenciasDetalle sentencias(const Puesto&, const TipoCambio& v) {

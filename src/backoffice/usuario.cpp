@@ -1,10 +1,14 @@
 #include "backoffice/usuario.h"
 
+#include "foundation/clave.h"
 #include "foundation/puesto.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 
 namespace {
+
+// What both password fields show of a user who has one: nobody can type it.
+const QString kClavePuesta(8, QChar(0x2022));
 
 Sql seleccion(const QString& usuario) {
   return FormatearSQL(u"SELECT * FROM Usuario WHERE TRIM(sUserDesc) = TRIM('$')"_sql, {Texto(usuario)});
@@ -24,12 +28,23 @@ bool yaEsta(Puesto& p, DetalleUsuario& v) {
   return !Comprobar(p, {{!rs.Eof(), u"txtUsuario", u"Ya hay un usuario con ese nombre."}}, v.campoMal);
 }
 
+// The text to store: the hash that is there while nobody touched it.
+bool cifrar(Puesto& p, DetalleUsuario& v) {
+  const bool igual = v.txtPassword == kClavePuesta;
+  if (v.modo == ModoDetalle::Borrar || (igual && EstaCifrada(v.guardada))) return true;
+  const auto cifrada = CifrarClave(igual ? v.guardada : v.txtPassword);
+  if (cifrada) v.guardada = *cifrada;
+  else p.mensajes.mostrar(QStringLiteral("No se pudo cifrar el password: falta memoria."));
+  return cifrada.has_value();
+}
+
 bool validar(Puesto& p, DetalleUsuario& v) {
+  const bool aMedias = v.txtPassword != kClavePuesta && v.txtPassword.contains(kClavePuesta.front());
   // clang-format off
   if (!Comprobar(p, {
           {Recortar(v.txtUsuario).isEmpty(), u"txtUsuario", u"Ingresar Nombre de Usuario"},
           {Recortar(v.txtReingresarPassword).isEmpty(), u"txtReingresarPassword", u"Reingresar Password de Usuario"},
-          {v.txtPassword != v.txtReingresarPassword, u"txtReingresarPassword", u"Password reingresado incorrecto"},
+          {aMedias || v.txtPassword != v.txtReingresarPassword, u"txtReingresarPassword", u"Password reingresado incorrecto"},
           {v.dcbPerfil.isEmpty(), u"dcbPerfil", u"Seleccionar Perfil"},
           {Recortar(v.txtApellidos).isEmpty(), u"txtApellidos", u"Ingresar Apellidos"},
           {Recortar(v.txtNombres).isEmpty(), u"txtNombres", u"Ingresar Nombres"},
@@ -37,17 +52,17 @@ bool validar(Puesto& p, DetalleUsuario& v) {
           {v.modo == ModoDetalle::Editar && !v.activo && EsUsuarioActual(p, v.txtUsuario), u"optActivo(0)",
            u"El usuario no puede desactivarse a si mismo"},
       }, v.campoMal)) return false;
-  return v.modo != ModoDetalle::Nuevo || !yaEsta(p, v);
+  return (v.modo != ModoDetalle::Nuevo || !yaEsta(p, v)) && cifrar(p, v);
 }
 
 SentenciasDetalle sentencias(const Puesto&, const DetalleUsuario& v) {
-  const Texto usuario(v.txtUsuario), clave(v.txtPassword);
+  const Texto usuario(v.txtUsuario), clave(v.guardada);
   const Texto apellidos(v.txtApellidos), nombres(v.txtNombres);
   return {FormatearSQL(u"INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName, "
-                                      "cUserActi) VALUES ('$', '$', $, '$', '$', $)"_sql,
+                       "cUserActi) VALUES ('$', '$', $, '$', '$', $)"_sql,
                        {usuario, clave, Cifras(v.dcbPerfil), apellidos, nombres, v.activo}),
           FormatearSQL(u"UPDATE Usuario SET sUserPass = '$', cPerfCode = $, sUserApel = '$', "
-                                      "sUserName = '$', cUserActi = $ WHERE TRIM(sUserDesc) = TRIM('$')"_sql,
+                       "sUserName = '$', cUserActi = $ WHERE TRIM(sUserDesc) = TRIM('$')"_sql,
                        {clave, Cifras(v.dcbPerfil), apellidos, nombres, v.activo, usuario}),
           FormatearSQL(u"DELETE * FROM Usuario WHERE TRIM(sUserDesc) = TRIM('$')"_sql, {usuario})};
 }
@@ -87,7 +102,8 @@ bool CargarUsuario(Puesto& p, ModoDetalle modo, const QString& usuario, DetalleU
   if (!LeerFilaDetalle(p, seleccion(usuario), QStringLiteral("El usuario %1 ya no existe.").arg(usuario), rs))
     return false;
   v.txtUsuario = LimpiarNulo(rs[u"sUserDesc"]);
-  v.txtPassword = v.txtReingresarPassword = LimpiarNulo(rs[u"sUserPass"]);
+  v.guardada = LimpiarNulo(rs[u"sUserPass"]);
+  v.txtPassword = v.txtReingresarPassword = kClavePuesta;
   v.dcbPerfil = LimpiarNulo(rs[u"cPerfCode"]);
   v.txtApellidos = LimpiarNulo(rs[u"sUserApel"]);
   v.txtNombres = LimpiarNulo(rs[u"sUserName"]);
@@ -95,14 +111,7 @@ bool CargarUsuario(Puesto& p, ModoDetalle modo, const QString& usuario, DetalleU
   return true;
 }
 
-bool GuardarUsuario(Puesto& p, DetalleUsuario& v) {
-  if (!GuardarDetalle(p, v, validar, sentencias)) return false;
-  const QString nueva = Recortar(v.txtPassword);
-  if (v.modo == ModoDetalle::Editar && EsUsuarioActual(p, v.txtUsuario) && nueva != p.ses.psClaveUsuario) {
-    p.ses.psClaveUsuario = nueva;
-  }
-  return true;
-}
+bool GuardarUsuario(Puesto& p, DetalleUsuario& v) { return GuardarDetalle(p, v, validar, sentencias); }
 
 FilaUsuario FilaDe(const DetalleUsuario& v) {
   QString perfil;

@@ -12,9 +12,11 @@ struct FilaUsuario {
   bool activo = true;
 };
 
-// The detail screen: texts as typed.
+// The detail screen: texts as typed. Of a password that is there its fields show a text that nobody can type, and as long
+// as they do it stays.
 struct DetalleUsuario {
   ModoDetalle modo = ModoDetalle::Nuevo;
+  QString guardada;  // the password as it is stored
   QString txtUsuario, txtPassword, txtReingresarPassword;
   QString dcbPerfil;  // cPerfCode; "" while none is chosen
   QString txtApellidos, txtNombres;
@@ -33,7 +35,7 @@ bool EsUsuarioActual(const Puesto& p, const QString& usuario);
 [[nodiscard]] bool CargarUsuario(Puesto& p, ModoDetalle modo, const QString& usuario, DetalleUsuario& v);
 
 // Checks and stores by the mode; viewing stores nothing and succeeds. On failure false: a box has told why, and
-// `campoMal` names the field, "" when the store refused. A new password of the logged-in user becomes the session's.
+// `campoMal` names the field, "" when the store refused. Passwords are stored as hashes.
 [[nodiscard]] bool GuardarUsuario(Puesto& p, DetalleUsuario& v);
 
 FilaUsuario FilaDe(const DetalleUsuario& v);

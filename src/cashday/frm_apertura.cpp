@@ -4,6 +4,7 @@
 #include <QVBoxLayout>
 
 #include "foundation/puesto.h"
+#include "foundation/rutinas.h"
 
 frmApertura::frmApertura(Puesto& p, Principal& principal, QWidget* padre)
     : Forma(QStringLiteral("FrmApertura"), QStringLiteral("Información de Apertura de Caja"), padre),
@@ -29,10 +30,12 @@ frmApertura::frmApertura(Puesto& p, Principal& principal, QWidget* padre)
   connect(si, &QPushButton::clicked, this, &frmApertura::grabar);
   connect(no, &QPushButton::clicked, this, &QDialog::reject);
   cuerpo()->addLayout(filaBotones({si, no}));
+  vigilarComas([this] { AvisarComaDecimal(p_); });
   enlaces_.mostrar();
 }
 
 void frmApertura::grabar() {
+  if (!importesSinComa()) return;
   enlaces_.recoger();
   const bool termino = AbrirCaja(p_, v_, principal_);
   if (alCambiar) alCambiar();

@@ -54,6 +54,7 @@ frmCuadre::frmCuadre(Puesto& p, ModoCuadre modo, bool bReporteImpreso, QWidget* 
   });
   indicio(v_.deCierre ? QStringLiteral("Enter siguiente") : QStringLiteral("Enter siguiente  ·  Esc cerrar"));
   caja_.mostrar();
+  vigilarComas([this] { AvisarComaDecimal(p_); });
   resize(1000, 640);
   findChild<QWidget*>(QStringLiteral("txtCaja(0)"))->setFocus();
 }
@@ -218,6 +219,7 @@ void frmCuadre::dejarCaja() {
 }
 
 void frmCuadre::cerrar() {
+  if (!importesSinComa()) return;
   caja_.recoger();
   const QString mal = DejarCaja(v_);
   caja_.mostrar();

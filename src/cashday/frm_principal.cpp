@@ -123,7 +123,6 @@ void frmPrincipal::crearMantenimiento() {
         m, deArreglo("mnuMantenimiento_Hijo", e.n), QString::fromUtf8(e.rotulo), [this, n = e.n] { mantenimiento(n); },
         e.oculta);
   }
-  const auto abre = [this](PantallaMantenimiento cual) { return [this, cual] { pantallas_.mantenimiento(cual); }; };
   // clang-format off
   const struct { const char *nombre, *rotulo; QAction** guardar = nullptr; std::function<void()> accion = {}; } resto[] = {
       {"mnuraya", "-"},
@@ -132,10 +131,10 @@ void frmPrincipal::crearMantenimiento() {
       {"mnu_sincronizar", "Sincronizar Datos", nullptr, [this] { SincronizarDatos(p_, pantallas_, false); }},
       {"mnulin", "-"},
       {"mnuDepurarTablas", "Depurar Tablas"},
-      {"mnuUsuarios", "&Usuarios", &usuarios_, abre(PantallaMantenimiento::Usuarios)},
+      {"mnuUsuarios", "&Usuarios", &usuarios_, [this] { ajustes(PantallaMantenimiento::Usuarios, QStringLiteral("Usuarios")); }},
       {"mnuConfigParam", "Configuración Parámetros", nullptr, [this] { configurarParametros(); }},
       {"mnu_rayita", "-"},
-      {"mnu_tiptar", "Tipo de Tarjeta", nullptr, abre(PantallaMantenimiento::TiposTarjeta)},
+      {"mnu_tiptar", "Tipo de Tarjeta", nullptr, [this] { pantallas_.mantenimiento(PantallaMantenimiento::TiposTarjeta); }},
   };
   // clang-format on
   for (const auto& r : resto) {
@@ -301,14 +300,18 @@ void frmPrincipal::iniciar() {
 
 void frmPrincipal::mantenimiento(int n) {
   switch (n) {
-    case 1: pantallas_.mantenimiento(PantallaMantenimiento::Productos); return;
+    case 1: ajustes(PantallaMantenimiento::Productos, rotuloDe(kMantenimiento, n)); return;
     case 2: pantallas_.tipoCambioLista(); return;
-    case 4: pantallas_.mantenimiento(PantallaMantenimiento::Teclado); return;
-    case 5: pantallas_.mantenimiento(PantallaMantenimiento::Cabecera); return;
-    case 7: pantallas_.mantenimiento(PantallaMantenimiento::Impresora); return;
+    case 4: ajustes(PantallaMantenimiento::Teclado, rotuloDe(kMantenimiento, n)); return;
+    case 5: ajustes(PantallaMantenimiento::Cabecera, rotuloDe(kMantenimiento, n)); return;
+    case 7: ajustes(PantallaMantenimiento::Impresora, rotuloDe(kMantenimiento, n)); return;
     case kIniciarCaja: abrirApertura(); return;
     default: pantallas_.noDisponible(rotuloDe(kMantenimiento, n));
   }
+}
+
+void frmPrincipal::ajustes(PantallaMantenimiento cual, const QString& acto) {
+  if (ExigirSupervisor(p_, v_, pantallas_, acto)) pantallas_.mantenimiento(cual);
 }
 
 void frmPrincipal::configurarParametros() {

@@ -20,6 +20,7 @@ struct PedidoReporte;
 struct ResultadoReporte;
 struct Puesto;
 class PantallasPrincipal;
+enum class PantallaMantenimiento;
 
 // The desk's home screen. Closing it closes the store and ends the process; deleting it does not.
 class frmPrincipal final : public QMainWindow {
@@ -51,6 +52,8 @@ class frmPrincipal final : public QMainWindow {
   // An action of the clerk: runs it, then shows what it changed.
   std::function<void()> acto(std::function<void()> accion);
   void mantenimiento(int n);
+  // Opens a screen of settings once a supervisor allows it; `acto` names it in his dialog.
+  void ajustes(PantallaMantenimiento cual, const QString& acto);
   void configurarParametros();
   void cambioTurno();
   void cerrarCaja();

@@ -3,6 +3,7 @@
 #include "cashday/dia.h"
 #include "cashday/pantallas_principal.h"
 #include "cashday/tipo_cambio.h"
+#include "foundation/acceso.h"
 #include "foundation/estado_linea.h"
 #include "foundation/puesto.h"
 #include "loyalty/cliente_bd.h"
@@ -58,7 +59,7 @@ void LiberarTrasCierre(Principal& v) {
 }
 
 void CargarPrincipal(Puesto& p, Principal& v) {
-  if (Val(p.ses.psPerfilUsuario) == 3) v.usuariosVisible = false;
+  if (Val(p.ses.psPerfilUsuario) == kPerfilCajero) v.usuariosVisible = false;
   const bool abierto = turnoAbierto(p);
   HabilitarBotonesDia(v, abierto);
   ProcesoCaja(v, abierto);
@@ -107,6 +108,12 @@ bool AutorizarOperacion(Principal& v, PantallasPrincipal& pantallas, const QStri
   // A window that already held a name keeps its flag as it was.
   if (Recortar(v.txtsupervisor).isEmpty()) v.bAcceso = false;
   return v.bAcceso;
+}
+
+bool ExigirSupervisor(const Puesto& p, Principal& v, PantallasPrincipal& pantallas, const QString& acto) {
+  if (Val(p.ses.psPerfilUsuario) == kPerfilSupervisor) return true;
+  v.bAcceso = false;
+  return AutorizarOperacion(v, pantallas, acto);
 }
 
 EstadoDia EstadoDelDia(const Puesto& p, const Principal& v) {

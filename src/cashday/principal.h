@@ -61,6 +61,10 @@ bool AutorizarOperacion(Principal& v, PantallasPrincipal& pantallas, const QStri
 // rate that can't be read is left out without a word.
 DatosEstado EstadoPrincipal(Puesto& p);
 
+// The same before a screen of settings, which a supervisor who is logged in opens without being asked. An earlier consent
+// doesn't count.
+bool ExigirSupervisor(const Puesto& p, Principal& v, PantallasPrincipal& pantallas, const QString& acto);
+
 EstadoDia EstadoDelDia(const Puesto& p, const Principal& v);
 QString TituloPrincipal(const Puesto& p);
 

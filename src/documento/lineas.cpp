@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "documento/desmesura.h"
 #include "documento/importe_tecleado.h"
 #include "foundation/puesto.h"
+#include "foundation/rutinas.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 
@@ -85,25 +87,28 @@ bool salirCodigo(Puesto& p, RejillaLineas& l, int fila, const QString& texto) {
   return llenarFila(p, l, fila, *rs.begin());
 }
 
+QString sinPuntos(QString t) { return t.remove(u'.'); }
+
+// A catalogue code as the number that is left without its points; "" when it is none.
+QString numeroDe(const QString& catalogo) {
+  const QString n = sinPuntos(catalogo);
+  if (n.isEmpty() || !soloDigitos(n)) return {};
+  const auto primero = std::find_if(n.begin(), n.end(), [](QChar c) { return c != u'0'; });
+  return primero == n.end() ? QStringLiteral("0") : n.mid(primero - n.begin());
+}
+
 // How near an article's catalogue code comes to what was typed; the lowest wins.
-enum Cercania { kExacto, kExactoRetirado, kFinal, kNumero, kParte, kRetirado, kLejos };
+enum Cercania { kExacto, kExactoRetirado, kFinal, kNumero, kFinalRetirado, kLejos };
 
 // One that the server has withdrawn counts, to be refused by its words, when its code is exactly this or nothing else
 // is.
-int porTexto(const Recordset::Fila& r, const QString& texto) {
+int cercaniaDe(const Recordset::Fila& r, const QString& texto) {
   const QString catalogo = LimpiarNulo(r[u"ccodcatalogo"]);
   const bool retirado = Numero(r[u"nActivo"]) != 1;
   if (catalogo.compare(texto, Qt::CaseInsensitive) == 0) return retirado ? kExactoRetirado : kExacto;
-  if (retirado) return kRetirado;
-  return catalogo.endsWith(texto, Qt::CaseInsensitive) ? kFinal : kParte;
-}
-
-QString sinPuntos(QString t) { return t.remove(u'.'); }
-
-// A catalogue code typed with its points at other places: compared as the number that is left without them.
-int porNumero(const Recordset::Fila& r, const QString& texto) {
-  const QString catalogo = sinPuntos(LimpiarNulo(r[u"ccodcatalogo"]));
-  return EsNumerico(catalogo) && LeerImporte(catalogo) == LeerImporte(sinPuntos(texto)) ? kNumero : kLejos;
+  if (catalogo.endsWith(texto, Qt::CaseInsensitive)) return retirado ? kFinalRetirado : kFinal;
+  const QString numero = numeroDe(texto);
+  return !retirado && !numero.isEmpty() && numero == numeroDe(catalogo) ? kNumero : kLejos;
 }
 
 bool salirCatalogo(Puesto& p, RejillaLineas& l, int fila, const QString& texto) {
@@ -111,22 +116,21 @@ bool salirCatalogo(Puesto& p, RejillaLineas& l, int fila, const QString& texto) 
   Recordset rs[3];  // the row is of one of them
   std::optional<Recordset::Fila> elegido;
   int mejor = kLejos;
-  const auto mirar = [&](Recordset& r, const Sql& condicion, auto cercania) {
+  const auto mirar = [&](Recordset& r, const Sql& condicion) {
     const Sql sql = consultaArticulos(p.ses.psAlmacen) + condicion + u" ORDER BY cProdCode"_sql;
     if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, r)) return false;
     for (const auto& f : r) {
-      const int suya = cercania(f, texto);
+      const int suya = cercaniaDe(f, texto);
       if (suya >= mejor) continue;
       mejor = suya;
       elegido = f;
     }
     return true;
   };
-  const auto parecido = [&texto](const Sql& plantilla) { return FormatearSQL(plantilla, {Texto(texto)}); };
-  const bool leido =
-      mirar(rs[0], parecido(u" AND ccodcatalogo like  '%$'  and nactivo=1"_sql), porTexto) &&
-      (mejor == kExacto || mirar(rs[1], parecido(u" AND ccodcatalogo like  '%$%' "_sql), porTexto)) &&
-      (mejor < kNumero || !EsNumerico(sinPuntos(texto)) || mirar(rs[2], u" and nactivo=1"_sql, porNumero));
+  const Sql final = FormatearSQL(u" AND ccodcatalogo like  '%$' "_sql, {Texto(texto)});
+  const Sql activo = u" and nactivo=1"_sql;
+  const bool leido = mirar(rs[0], final + activo) && (mejor == kExacto || mirar(rs[1], final)) &&
+                     (mejor < kNumero || numeroDe(texto).isEmpty() || mirar(rs[2], activo));
   if (!leido) {
     p.mensajes.mostrar(QStringLiteral("No se pudo seleccionar el artìculo"));
     return false;
@@ -144,7 +148,7 @@ bool conValor(const FilaVenta& f) { return Redondear(LeerImporte(f[kCant]) * Lee
 std::optional<QString> importeAceptado(Puesto& p, int columna, const QString& texto) {
   if (columna == kSigno) return texto == u"+" ? QStringLiteral("+") : QStringLiteral("-");
   if (texto.isEmpty()) return columna == kCant ? QStringLiteral("1.00") : QStringLiteral("0.00");
-  if (!EsNumerico(texto)) return {};
+  if (!SinComaDecimal(p, texto) || !EsNumerico(texto)) return {};
   const double valor = LeerImporte(texto);
   if (columna == kCant) {
     const double entera = Redondear(valor, 0);
@@ -178,6 +182,16 @@ double calcularLinea(const Puesto& p, FilaVenta& f) {
 bool seCuenta(const FilaVenta& f) {
   const bool enBlanco = f[kCod].isEmpty() && f[kPrecio].isEmpty();
   return !enBlanco && EsNumerico(cantidadDe(f)) && EsNumerico(precioDe(f));
+}
+
+// A scanned code in the quantity, or a price without its point: more than a shop sells in a line is asked for once. The
+// totals of the line are not needed for it.
+bool preguntarDesmesura(Puesto& p, const FilaVenta& f, int columna) {
+  const LineaDocumento l = LineaDe(p, f);
+  const double importe = ImportesDe(l).importe;
+  const bool mucha = columna == kCant && l.cantidad > kCantidadNormal;
+  if (!mucha && importe <= kImporteNormal) return true;
+  return PreguntarDesmesura(p, l.cantidad, importe);
 }
 
 }  // namespace
@@ -218,10 +232,13 @@ TrasCelda DejarCelda(Puesto& p, RejillaLineas& l, int fila, int columna, const Q
   const auto aceptado = importeAceptado(p, columna, tecleado);
   if (!aceptado) return TrasCelda::Rechazada;
   if (*aceptado == f[static_cast<size_t>(columna)]) return TrasCelda::Igual;
-  f[static_cast<size_t>(columna)] = *aceptado;
+  FilaVenta nueva = f;
+  nueva[static_cast<size_t>(columna)] = *aceptado;
   // A percentage holds for the line it was given to, not for another quantity or the other sign.
   const bool otraLinea = columna == kCant || (columna == kSigno && *aceptado == u"+");
-  if (otraLinea && conValor(f)) f[kPorc] = QStringLiteral("0.00");
+  if (otraLinea && conValor(nueva)) nueva[kPorc] = QStringLiteral("0.00");
+  if (!preguntarDesmesura(p, nueva, columna)) return TrasCelda::Igual;
+  f = nueva;
   return TrasCelda::Cambiada;
 }
 

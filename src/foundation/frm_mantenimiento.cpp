@@ -263,6 +263,7 @@ void frmMantenimientoDetalle::bloquear() {
 }
 
 void frmMantenimientoDetalle::aceptar() {
+  if (!importesSinComa()) return;
   for (const auto& recoger : recoger_) recoger();
   QString campoMal;
   if (guardar(campoMal)) {

@@ -3,6 +3,7 @@
 #include <QFileInfo>
 
 #include "foundation/puesto.h"
+#include "platform/text/numero.h"
 
 namespace {
 
@@ -20,7 +21,7 @@ QChar filtrar(QChar tecla, ClaseTecla clase) {
     case ClaseTecla::Letras:
       pasa = letraAscii(tecla) || tecla == u'.' || QStringView(u"ÑñáéíóúÁÉÍÓÚ ").contains(tecla);
       break;
-    case ClaseTecla::Decimal: pasa = digito(tecla) || tecla == u'.' || tecla == u' '; break;
+    case ClaseTecla::Decimal: pasa = digito(tecla) || QStringView(u"., ").contains(tecla); break;
     default: pasa = digito(tecla) || tecla == u' '; break;
   }
   return pasa ? tecla : QChar();
@@ -43,6 +44,14 @@ QChar FiltrarTeclaNombre(Puesto& p, QChar tecla, std::initializer_list<ClaseTecl
     tecla = kRetroceso;
   }
   return FiltrarTecla(tecla, clases);
+}
+
+void AvisarComaDecimal(Puesto& p) { p.mensajes.mostrar(QStringLiteral("Use punto para los decimales")); }
+
+bool SinComaDecimal(Puesto& p, const QString& texto) {
+  if (!ConComaDecimal(texto)) return true;
+  AvisarComaDecimal(p);
+  return false;
 }
 
 bool ExisteArchivo(Puesto& p, const QString& ruta, const QString& texto, bool mensaje) {

@@ -16,6 +16,10 @@ QChar FiltrarTecla(QChar tecla, std::initializer_list<ClaseTecla> clases);
 // session, from one field to the next.
 QChar FiltrarTeclaNombre(Puesto& p, QChar tecla, std::initializer_list<ClaseTecla> clases);
 
+// False, after the box that tells it, when a comma stands for a point in `texto`.
+[[nodiscard]] bool SinComaDecimal(Puesto& p, const QString& texto);
+void AvisarComaDecimal(Puesto& p);
+
 // Whether the path exists; else, with `mensaje` on, shows `texto`.
 bool ExisteArchivo(Puesto& p, const QString& ruta, const QString& texto, bool mensaje);
 

@@ -25,7 +25,7 @@ struct Sesion {
   QString psCaja, psAlmacen;
   QString psPorcServ;  // percentage as text: "10" is ten per cent
   QString psTurno;     // blank while the desk is closed
-  QString psUsuario, psClaveUsuario, psPerfilUsuario;
+  QString psUsuario, psPerfilUsuario;
   double pnIGV = 0;         // a fraction: 0.18
   double pnTipoCambio = 0;  // soles per dollar of the day; 0 while not known
   QDate pdTipoCambio;       // the day that it was read on

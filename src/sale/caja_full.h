@@ -38,6 +38,8 @@ struct CajaRegistradoraFull : ClienteDocumento {
   // Cash and totals
   QString txtEfectivoSoles, txtEfectivoDolares, txtVueltoSoles, txtVueltoDolares;
   QString txtSoles, txtDolares;
+  QString vueltoAnterior;  // the change of the last ticket, shown till the next key; "" where there was none
+  QString lblVuelto;       // what the display shows as change
 
   // Advance payment, note, liquidation
   QString txtPagoAdelantado, txtPADEDolares, txtPADE, txtimportepago, txtGlosa1, txtTX, txtGlosa;
@@ -71,6 +73,9 @@ std::optional<Foco> ValidaVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVen
 
 // Holds today's date against the last operation. An earlier one shows the box and ends the process.
 void ExigirFechaSistema(Puesto& p);
+
+// Asks whether a register with a sale on it is to be left and the sale given up; "No" is what Enter presses.
+[[nodiscard]] bool PreguntarSalida(Puesto& p);
 
 // The action of cmdTecla index 0 without a pending liquidation: empties the grid and runs Inicio.
 void CancelarVenta(Puesto& p, CajaRegistradoraFull& v);

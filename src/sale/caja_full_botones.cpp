@@ -88,7 +88,7 @@ TrasTecla accionTecla(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantal
       return {false, kAlCliente};
     case 1: return {irARapida(p, v, pantallas), {}};
     case 2: return {false, imprimirTickets(p, v, pantallas)};
-    case 3: return {true, {}};
+    case 3: return {SinEmpezar(v) || PreguntarSalida(p), {}};
     default: pantallas.reimprimir(Recortar(v.txtLocal)); return {};
   }
 }
@@ -101,6 +101,11 @@ void ExigirFechaSistema(Puesto& p) {
                                     "realizada...Verifique!!\nEl sistema se cerrara!!!"),
                      QStringLiteral("Mensaje"), Icono::Critico);
   p.salida.terminar(1);
+}
+
+bool PreguntarSalida(Puesto& p) {
+  return p.mensajes.preguntar(QStringLiteral("Hay una venta sin imprimir en la pantalla.\n¿Desea salir y perderla?"),
+                              Mensajes::kTitulo, false);
 }
 
 TrasTecla PulsarBoton(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, int indice) {

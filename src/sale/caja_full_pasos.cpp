@@ -161,6 +161,7 @@ bool pasos::TomarLiquidacion(Puesto&, VentaFull& c) {
 
 bool pasos::LimpiarPantalla(Puesto& p, VentaFull& c) {
   c.v.liquidacion.reset();
+  c.v.vueltoAnterior = LeerImporte(c.v.txtVueltoSoles) > 0 ? c.v.txtVueltoSoles : QString();
   CancelarVenta(p, c.v);
   return true;
 }

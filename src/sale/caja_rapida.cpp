@@ -5,6 +5,7 @@
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 #include "printing/canal.h"
+#include "documento/desmesura.h"
 
 namespace {
 
@@ -74,6 +75,21 @@ void MostrarLinea(CajaRegistradora& v) {
   TotalVenta(v);
 }
 
+void MostrarVuelto(CajaRegistradora& v, const EfectivoDocumento& pago) {
+  if (Redondear(pago.vueltoSoles, 2) > 0) {
+    v.lblProducto = QStringLiteral("VUELTO S/. ") + Rellenar(Formatear(pago.vueltoSoles, u"###,###,##0.00"), 11);
+  }
+  if (Redondear(pago.vueltoDolares, 2) > 0) {
+    v.lblTipo = QStringLiteral("VUELTO US$ ") + Formatear(pago.vueltoDolares, u"###,###,##0.00");
+  }
+}
+
+void OlvidarVuelto(CajaRegistradora& v) {
+  if (v.bVentaIniciada) return;
+  v.lblProducto.clear();
+  v.lblTipo.clear();
+}
+
 void AbrirRapida(Puesto& p, CajaRegistradora& v) {
   SeleccionarImpresora(p, p.ses.kPAR_IMPRESORA);
   cargarTeclado(p, v);
@@ -110,13 +126,22 @@ bool CapturaDatosProducto(Puesto& p, CajaRegistradora& v, int nCodigo) {
   return true;
 }
 
-bool SalirCantidad(CajaRegistradora& v) {
+bool SalirCantidad(Puesto& p, CajaRegistradora& v) {
   if (!v.bVentaIniciada) return true;
   const QString texto = Recortar(v.txtCantidad);
   double cantidad = 1;
   if (!texto.isEmpty()) cantidad = EsNumerico(texto) ? Redondear(LeerImporte(texto), 0) : 0;
   if (cantidad < 1 || cantidad > kCantidadMaxima) return false;
-  v.lineas.back().cantidad = static_cast<int>(cantidad);
+  LineaRapida nueva = v.lineas.back();
+  nueva.cantidad = static_cast<int>(cantidad);
+  const double importe = ImportesDe(nueva).importe;
+  const bool otra = nueva.cantidad != v.lineas.back().cantidad;
+  if (otra && (nueva.cantidad > kCantidadNormal || importe > kImporteNormal) &&
+      !PreguntarDesmesura(p, nueva.cantidad, importe)) {
+    MostrarLinea(v);
+    return false;
+  }
+  v.lineas.back() = nueva;
   MostrarLinea(v);
   return true;
 }

@@ -6,6 +6,7 @@
 
 #include "documento/clase.h"
 #include "documento/linea.h"
+#include "documento/totales.h"
 #include "loyalty/cliente_documento.h"
 
 class PantallasVenta;
@@ -54,9 +55,9 @@ void AbrirRapida(Puesto& p, CajaRegistradora& v);
 // that is gone or not on sale, and a store that can't be read.
 bool CapturaDatosProducto(Puesto& p, CajaRegistradora& v, int nCodigo);
 
-// The cashier leaves txtCantidad: blank is 1, a fraction is rounded. False, with nothing changed, when the text is no
-// quantity from 1 up.
-bool SalirCantidad(CajaRegistradora& v);
+// The cashier leaves txtCantidad: blank is 1, a fraction is rounded. False, with the line as it was, when the text is no
+// quantity from 1 up, or is more than a shop sells and he said so; the field then shows the line's own again.
+[[nodiscard]] bool SalirCantidad(Puesto& p, CajaRegistradora& v);
 
 // Shows the last line: article, quantity, value, and the sale's sum.
 void MostrarLinea(CajaRegistradora& v);
@@ -72,6 +73,10 @@ void PonerTipoRapida(CajaRegistradora& v, ClaseDocumento clase);
 // Clears the sale and its customer.
 void CancelarACTC(CajaRegistradora& v);
 
+// The change of the last ticket, on the display while no other sale has begun; nothing where there was none.
+void MostrarVuelto(CajaRegistradora& v, const EfectivoDocumento& pago);
+void OlvidarVuelto(CajaRegistradora& v);
+
 // What the screen does after a key.
 struct TrasTeclaRapida {
   bool cierra = false;
@@ -82,5 +87,8 @@ struct TrasTeclaRapida {
 // A button of cmdTecla by its index, 0 to 46; 25 to 40 have no action.
 TrasTeclaRapida PulsarBotonRapida(Puesto& p, CajaRegistradora& v, PantallasVenta& pantallas, int indice);
 
+// cmdSalir and its keys: whether the screen may close. A sale on it is asked for; "No" is what Enter presses.
+[[nodiscard]] bool PuedeSalirRapida(Puesto& p, const CajaRegistradora& v);
+
 // cmdCambio: hands the sale to the full register.
-TrasTeclaRapida CambiarAFull(CajaRegistradora& v, PantallasVenta& pantallas);
+TrasTeclaRapida CambiarAFull(Puesto& p, CajaRegistradora& v, PantallasVenta& pantallas);

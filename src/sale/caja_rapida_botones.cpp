@@ -20,7 +20,8 @@ TrasTeclaRapida imprimirTickets(Puesto& p, CajaRegistradora& v, PantallasVenta& 
   if (const QString campo = CampoPorMirar(p, v, pantallas); !campo.isEmpty()) return {false, campo};
   if (!RucAceptado(p, v.txtRuc)) return {false, QStringLiteral("txtRuc"), true};
   GrabarVentaRapida(p, v, pantallas);
-  return {};
+  // The next customer's card comes first.
+  return {false, v.bVentaIniciada ? QString() : QStringLiteral("txtTarjeta")};
 }
 
 }  // namespace
@@ -29,7 +30,7 @@ TrasTeclaRapida PulsarBotonRapida(Puesto& p, CajaRegistradora& v, PantallasVenta
   ExigirFechaSistema(p);
   if (indice > kTeclasProducto && indice < kBotonBorra) return {};
   // The button takes the keyboard, so the quantity is left; cancelling works whatever stands there.
-  if (indice != kBotonBorra && !SalirCantidad(v)) return kCantidadMal;
+  if (indice != kBotonBorra && !SalirCantidad(p, v)) return kCantidadMal;
   if (indice >= 1 && indice <= kTeclasProducto) return capturar(p, v, indice);
   switch (indice) {
     case kBotonCodProd: p.mensajes.mostrar(QStringLiteral("Ingrese el código del producto")); return {};
@@ -49,8 +50,10 @@ TrasTeclaRapida PulsarBotonRapida(Puesto& p, CajaRegistradora& v, PantallasVenta
   }
 }
 
-TrasTeclaRapida CambiarAFull(CajaRegistradora& v, PantallasVenta& pantallas) {
-  if (!SalirCantidad(v)) return kCantidadMal;
+bool PuedeSalirRapida(Puesto& p, const CajaRegistradora& v) { return !v.bVentaIniciada || PreguntarSalida(p); }
+
+TrasTeclaRapida CambiarAFull(Puesto& p, CajaRegistradora& v, PantallasVenta& pantallas) {
+  if (!SalirCantidad(p, v)) return kCantidadMal;
   AjustarCliente(v);
   return {pantallas.irAFull(LlevarVenta(v)), {}};
 }

@@ -147,6 +147,7 @@ bool escribirCobro(Puesto& p, VentaRapida& c) {
 bool limpiar(Puesto&, VentaRapida& c) {
   CancelarACTC(c.v);
   c.v.clase = ClaseDocumento::VentaExacta;
+  MostrarVuelto(c.v, c.efectivo);
   return true;
 }
 

@@ -42,6 +42,7 @@ frmCajaRegistradoraFull::frmCajaRegistradoraFull(Puesto& p, PantallasVenta& pant
   nuevasTeclas();
   enlazarPagos();
   enlazarDocumentos();
+  vigilarComas([this] { AvisarComaDecimal(p_); });
   resize(1024, 768);
 
   Inicio(p_, v_);
@@ -62,6 +63,7 @@ void frmCajaRegistradoraFull::nuevasTeclas() {
       QStringLiteral("artículo"));
   tecla(
       Qt::Key_F3, [this] { con([this] { v_.recargo = !v_.recargo; }); }, QStringLiteral("Dscto/Recar"));
+  indicio(QStringLiteral("Dscto/Recar es un porcentaje: 10 = 10 %"));
   tecla(Qt::Key_F4, [] {});  // no function key opens the list of kinds
   tecla(Qt::CTRL | Qt::Key_Return, [this] { pulsar(2); });
   tecla(
@@ -107,9 +109,9 @@ void frmCajaRegistradoraFull::enlazarPagos() {
   const auto dolares = [this] { con([this] { SalirDolares(p_, v_); }); };
   pago_.txtEfectivoDolares->alSalir = dolares;
   pago_.txtVueltoDolares->alSalir = dolares;
-  // The soles come behind the dollars, since those decide what is left to pay in soles.
+  // Tab in reading order; Enter goes its own way, see alEntrar.
   const QList<QWidget*> orden{
-      rejilla_, pago_.txtEfectivoDolares, pago_.txtVueltoDolares, pago_.txtEfectivoSoles, cmdVoucher_, cmdTecla_[2]};
+      rejilla_, pago_.txtEfectivoSoles, pago_.txtEfectivoDolares, pago_.txtVueltoDolares, cmdVoucher_, cmdTecla_[2]};
   for (int i = 1; i < orden.size(); ++i) setTabOrder(orden[i - 1], orden[i]);
 }
 
@@ -117,6 +119,7 @@ void frmCajaRegistradoraFull::recoger() { enlaces_.recoger(); }
 
 void frmCajaRegistradoraFull::mostrar() {
   const QScopedValueRollback<bool> guarda(mostrando_, true);
+  v_.lblVuelto = v_.vueltoAnterior.isEmpty() ? v_.txtVueltoSoles : v_.vueltoAnterior;
   enlaces_.mostrar();
   mostrarTipos();
   cliente_.mostrar(v_);
@@ -177,6 +180,20 @@ bool frmCajaRegistradoraFull::alEntrar(QWidget* campo) {
     buscarTarjeta();
     return true;
   }
+  if (campo == cboTipoVenta_ && v_.nTipoVenta == TipoVenta::LIQPAD) {
+    irALineas();
+    return true;
+  }
+  // The soles come behind the dollars, since those decide what is left to pay in soles.
+  const std::pair<QWidget*, QWidget*> trasEfectivo[] = {
+      {pago_.txtEfectivoDolares, pago_.txtVueltoDolares},
+      {pago_.txtVueltoDolares, pago_.txtEfectivoSoles},
+      {pago_.txtEfectivoSoles, cmdVoucher_->isVisible() ? cmdVoucher_ : cmdTecla_[2]}};
+  for (const auto& [de, a] : trasEfectivo) {
+    if (campo != de) continue;
+    enfocar(a);
+    return true;
+  }
   // Behind an amount comes the commit, not the other amount, which would empty this one; behind the words as well,
   // since "Cancelar" comes next there.
   const bool glosa = campo->objectName().startsWith(u"txtGlosa");
@@ -188,7 +205,8 @@ bool frmCajaRegistradoraFull::alEntrar(QWidget* campo) {
 }
 
 bool frmCajaRegistradoraFull::puedeCerrar() {
-  if (!v_.liquidacion) return true;
+  recoger();
+  if (!v_.liquidacion && SinEmpezar(v_)) return true;
   pulsar(3);
   return false;
 }
@@ -196,15 +214,22 @@ bool frmCajaRegistradoraFull::puedeCerrar() {
 void frmCajaRegistradoraFull::pulsar(int indice) {
   // What stands in an open cell is part of the sale, unless the sale is given up.
   const bool seAbandona = (indice == 0 || indice == 3) && !v_.liquidacion;
-  if (!seAbandona && !rejilla_->dejarCelda()) return;
+  if (!seAbandona && !(rejilla_->dejarCelda() && importesSinComa())) return;
   rejilla_->abandonarCelda();
   if (indice != 4)
     cmdTecla_[static_cast<size_t>(indice)]->setFocus();  // a look at another ticket leaves all where it was
   recoger();
-  const TrasTecla tras = PulsarBoton(p_, v_, pantallas_, indice);
+  despues(PulsarBoton(p_, v_, pantallas_, indice));
+}
+
+void frmCajaRegistradoraFull::despues(const TrasTecla& tras) {
   mostrar();
-  if (tras.cierra) accept();
-  else enfocar(tras.foco);
+  if (tras.cierra) {
+    accept();
+    return;
+  }
+  if (!v_.vueltoAnterior.isEmpty()) enSiguienteTecla([this] { con([this] { v_.vueltoAnterior.clear(); }); });
+  enfocar(tras.foco);
 }
 
 bool frmCajaRegistradoraFull::agregarFila() {
@@ -256,6 +281,7 @@ void frmCajaRegistradoraFull::verPestana(int n) {
   v_.pestana = n;
   pestanas_->setCurrentIndex(n);
   if (n == 0) rejilla_->setFocus();
+  if (n == 2) enfocar(liquidacion_.txtTXL[0]);
 }
 
 void frmCajaRegistradoraFull::enfocar(QWidget* control) {

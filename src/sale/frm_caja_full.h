@@ -50,6 +50,7 @@ class frmCajaRegistradoraFull final : public Forma {
     mostrar();
   }
   void pulsar(int indice);
+  void despues(const TrasTecla& tras);
   bool agregarFila();
   void eliminarFila();
   bool salirCelda(int fila, int columna, QString& texto);
@@ -74,6 +75,7 @@ class frmCajaRegistradoraFull final : public Forma {
   CajaRegistradoraFull v_;
   Enlaces enlaces_;
   bool mostrando_ = false;  // lists are being filled, not chosen from
+  bool conFlecha_ = false;  // the kind was reached by an arrow
 
   Rejilla* rejilla_ = nullptr;
   QComboBox* cboTipoVenta_ = nullptr;

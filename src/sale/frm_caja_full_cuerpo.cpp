@@ -64,6 +64,8 @@ QWidget* frmCajaRegistradoraFull::nuevaCabecera() {
   connect(cboTipoVenta_, &QComboBox::currentIndexChanged, this, [this](int n) {
     if (mostrando_ || n < 0) return;
     con([this, n] { CambiarTipo(p_, v_, pantallas_, v_.tipos[static_cast<size_t>(n)]); });
+    // An arrow may be on its way to an entry below.
+    if (v_.nTipoVenta == TipoVenta::LIQPAD && !conFlecha_) enfocar(liquidacion_.txtTXL[0]);
   });
   return fila;
 }

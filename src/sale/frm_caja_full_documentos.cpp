@@ -33,11 +33,11 @@ void frmCajaRegistradoraFull::enlazarDocumentos() {
     connect(liquidacion_.CmdDel[i], &QPushButton::clicked, this, [this, n] { eliminarTX(n); });
   }
   connect(cmdVoucher_, &QPushButton::clicked, this, [this] {
+    if (!importesSinComa()) return;
     recoger();
     const TrasTecla tras = PulsarVoucher(p_, v_, pantallas_);
-    mostrar();
     activateWindow();
-    enfocar(tras.foco);
+    despues(tras);
   });
 }
 
@@ -45,6 +45,10 @@ void frmCajaRegistradoraFull::enlazarDocumentos() {
 bool frmCajaRegistradoraFull::eventFilter(QObject* objeto, QEvent* evento) {
   if (objeto == cboTipoVenta_ && evento->type() == QEvent::Wheel)
     return true;  // no kind is chosen by a brush of a wheel
+  if (objeto == cboTipoVenta_ && evento->type() == QEvent::KeyPress) {
+    const int t = static_cast<QKeyEvent*>(evento)->key();
+    conFlecha_ = t == Qt::Key_Up || t == Qt::Key_Down || t == Qt::Key_PageUp || t == Qt::Key_PageDown;
+  }
   const bool dolares = objeto == adelanto_.txtPADEDolares;
   if (evento->type() == QEvent::FocusIn && (dolares || objeto == adelanto_.txtPagoAdelantado) &&
       static_cast<QFocusEvent*>(evento)->reason() != Qt::ActiveWindowFocusReason) {
@@ -101,7 +105,7 @@ void frmCajaRegistradoraFull::agregarTX(int lista) {
   std::optional<Foco> foco;
   con([this, lista, &foco] { foco = AgregarTX(p_, v_, lista); });
   if (foco) enfocar(*foco);
-  else enfocar(liquidacion_.txtTXL[static_cast<size_t>(lista)]);
+  else enfocar(liquidacion_.txtTXL[1]);  // the notes come next
 }
 
 void frmCajaRegistradoraFull::eliminarTX(int lista) {

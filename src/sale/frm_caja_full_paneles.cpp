@@ -46,7 +46,7 @@ QFrame* nuevaPantalla(Enlaces& enlaces, CajaRegistradoraFull& v) {
   g->addWidget(leyenda(QStringLiteral("US$")), 1, 0);
   g->addWidget(cifra(QStringLiteral("txtDolares"), QStringLiteral("articulo"), enlaces, v.txtDolares), 1, 1);
   g->addWidget(leyenda(QStringLiteral("VUELTO S/.")), 1, 2, Qt::AlignRight | Qt::AlignVCenter);
-  g->addWidget(cifra(QStringLiteral("lblVuelto"), QStringLiteral("vuelto"), enlaces, v.txtVueltoSoles), 1, 3);
+  g->addWidget(cifra(QStringLiteral("lblVuelto"), QStringLiteral("vuelto"), enlaces, v.lblVuelto), 1, 3);
   // Room for any amount from the start: a figure must never be cut, nor move when it grows.
   g->setColumnMinimumWidth(1, 124);
   g->setColumnMinimumWidth(3, 196);
@@ -102,9 +102,9 @@ PanelesAdelanto nuevosPanelesAdelanto(Enlaces& enlaces, CajaRegistradoraFull& v)
   r.txtPADE = texto(datos, QStringLiteral("txtPADE"), QStringLiteral("TX"), v.txtPADE);
   r.txtPADE->filtro = filtroCodigo;
   r.cmdBuscaPago = busca(datos, QStringLiteral("cmdBuscaPago"), QStringLiteral("ALT+&P"));
-  Campo* pago = datos->fijo(QStringLiteral("txtimportepago"), QStringLiteral("PAGO"));
-  enlaces.texto(pago, v.txtimportepago);
-  texto(datos, QStringLiteral("txtGlosa1"), QStringLiteral("GLOSA"), v.txtGlosa1)->setProperty("textoLibre", true);
+  // Both tell of the advance payment that was picked.
+  enlaces.texto(datos->fijo(QStringLiteral("txtimportepago"), QStringLiteral("PAGO")), v.txtimportepago);
+  enlaces.texto(datos->fijo(QStringLiteral("txtGlosa1"), QStringLiteral("GLOSA")), v.txtGlosa1);
 
   auto* hoja = new QWidget;
   auto* v2 = new QVBoxLayout(hoja);

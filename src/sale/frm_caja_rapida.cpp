@@ -70,6 +70,7 @@ frmCajaRegistradora::frmCajaRegistradora(Puesto& p, PantallasVenta& pantallas, Q
   estado_ = new LineaEstado;
   ponerPie(estado_);
   nuevasTeclas();
+  vigilarComas([this] { AvisarComaDecimal(p_); });
   resize(1024, 768);
 
   AbrirRapida(p_, v_);
@@ -176,7 +177,7 @@ QWidget* frmCajaRegistradora::nuevosBotones() {
   cmdCambio->setToolTip(QStringLiteral("Ir a Caja Registradora (Versión Full)"));
   connect(cmdCambio, &QPushButton::clicked, this, [this] { cambiar(); });
   auto* cmdSalir = nuevoBoton(QStringLiteral("cmdSalir"), QStringLiteral("Salir"), QStringLiteral("accion"));
-  connect(cmdSalir, &QPushButton::clicked, this, [this] { accept(); });
+  connect(cmdSalir, &QPushButton::clicked, this, &QDialog::reject);
   ponerBoton(g, columna++, cmdCambio, QStringLiteral("lblCambio"), nombreTecla(Qt::Key_Space));
   ponerBoton(g, columna, cmdSalir, QStringLiteral("lblSalir"), nombreTecla(Qt::ALT | Qt::Key_F4));
   return fila;
@@ -202,10 +203,10 @@ void frmCajaRegistradora::nuevasTeclas() {
       Qt::CTRL | Qt::Key_R, [this] { enfocar(txtRuc_); }, QStringLiteral("RUC"));
   tecla(
       Qt::Key_Space, [this] { espacio(); }, {}, true);
-  tecla(Qt::ALT | Qt::Key_F4, [this] { accept(); });
+  tecla(Qt::ALT | Qt::Key_F4, [this] { reject(); });
   // A slip of the finger must not take a sale off the screen.
   tecla(Qt::Key_Escape, [this] {
-    if (!v_.bVentaIniciada) accept();
+    if (!v_.bVentaIniciada) reject();
   });
 }
 
@@ -228,8 +229,23 @@ bool frmCajaRegistradora::alEntrar(QWidget* campo) {
   return true;
 }
 
+bool frmCajaRegistradora::puedeCerrar() { return PuedeSalirRapida(p_, v_); }
+
+// Digits on a button, or on a key that leads nowhere, are the quantity of the article on the display.
+void frmCajaRegistradora::keyPressEvent(QKeyEvent* e) {
+  const QString t = e->text();
+  const bool digito = t.size() == 1 && t[0] >= u'0' && t[0] <= u'9' &&
+                      !(e->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+  if (!digito || !txtCantidad_->isEnabled() || txtCantidad_->hasFocus()) {
+    Forma::keyPressEvent(e);
+    return;
+  }
+  enfocar(txtCantidad_);
+  txtCantidad_->insert(t);
+}
+
 void frmCajaRegistradora::pulsar(int indice) {
-  if (pulsando_) return;
+  if (pulsando_ || (indice != kBotonBorra && !importesSinComa())) return;
   const QScopedValueRollback<bool> guarda(pulsando_, true);
   QPushButton* boton = cmdTecla_[static_cast<size_t>(indice)];
   if (boton && !boton->isEnabled()) return;
@@ -239,10 +255,10 @@ void frmCajaRegistradora::pulsar(int indice) {
 }
 
 void frmCajaRegistradora::cambiar() {
-  if (pulsando_) return;
+  if (pulsando_ || !importesSinComa()) return;
   const QScopedValueRollback<bool> guarda(pulsando_, true);
   recoger();
-  despues(CambiarAFull(v_, pantallas_));
+  despues(CambiarAFull(p_, v_, pantallas_));
 }
 
 void frmCajaRegistradora::despues(const TrasTeclaRapida& tras) {
@@ -250,6 +266,9 @@ void frmCajaRegistradora::despues(const TrasTeclaRapida& tras) {
   if (tras.cierra) {
     accept();
     return;
+  }
+  if (!v_.bVentaIniciada && !v_.lblProducto.isEmpty()) {
+    enSiguienteTecla([this] { con([this] { OlvidarVuelto(v_); }); });
   }
   auto* campo = tras.foco.isEmpty() ? nullptr : findChild<QWidget*>(tras.foco);
   if (!campo) return;
@@ -264,7 +283,7 @@ void frmCajaRegistradora::despues(const TrasTeclaRapida& tras) {
 void frmCajaRegistradora::salirCantidad() {
   if (pulsando_) return;
   bool bien = true;
-  con([this, &bien] { bien = SalirCantidad(v_); });
+  con([this, &bien] { bien = SalirCantidad(p_, v_); });
   if (bien) return;
   QApplication::beep();
   // Not while the keyboard is still on its way to the next control.

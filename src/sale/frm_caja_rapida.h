@@ -22,6 +22,8 @@ class frmCajaRegistradora final : public Forma {
 
  protected:
   bool alEntrar(QWidget* campo) override;
+  bool puedeCerrar() override;
+  void keyPressEvent(QKeyEvent* e) override;
 
  private:
   QWidget* nuevasTeclasProducto();

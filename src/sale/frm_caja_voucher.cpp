@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "foundation/rutinas.h"
 #include "platform/ui/lista.h"
 #include "platform/ui/rejilla.h"
 #include "platform/ui/tema.h"
@@ -68,6 +69,7 @@ FrmCajaVoucher::FrmCajaVoucher(Puesto& p, const PedidoVoucher& pedido, QWidget* 
   tecla(Qt::ALT | Qt::Key_C, [this] { reject(); });
   txtEfectivoSoles_->alSalir = [this] { salirEfectivo(); };
   resize(860, 600);
+  vigilarComas([this] { AvisarComaDecimal(p_); });
   mostrar();
   grdTar_->setFocus();
 }
@@ -95,7 +97,7 @@ QWidget* FrmCajaVoucher::nuevasListas() {
   grdPagTar_->textoVacio = QStringLiteral("Enter en un emisor agrega su tarjeta");
   grdPagTar_->filtro = [](int, int columna, QChar t) { return columna == kColumnaPago ? filtroImporte(t) : QChar(); };
   grdPagTar_->salir = [this](int fila, int, QString& texto) {
-    if (!PonerPago(v_, fila, texto)) {
+    if (!SinComaDecimal(p_, texto) || !PonerPago(v_, fila, texto)) {
       QApplication::beep();
       return false;
     }
@@ -174,7 +176,7 @@ void FrmCajaVoucher::salirEfectivo() {
 
 void FrmCajaVoucher::aceptar() {
   // What stands in an open cell or in the cash field counts as left.
-  if (!grdPagTar_->dejarCelda()) return;
+  if (!grdPagTar_->dejarCelda() || !importesSinComa()) return;
   cmdAceptar_->setFocus();
   const auto cobro = AceptarVoucher(p_, v_);
   if (!cobro) {

@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "foundation/rutinas.h"
 #include "platform/ui/tema.h"
 #include "sale/frm_caja_full_paneles.h"
 
@@ -45,6 +46,7 @@ frmVuelto::frmVuelto(Puesto& p, double total, QWidget* padre)
   });
   indicio(QStringLiteral("Alt+S soles  ·  Alt+U dólares  ·  Alt+V vuelto en dólares  ·  Esc salir"));
   setMinimumWidth(700);
+  vigilarComas([this] { AvisarComaDecimal(p_); });
   enlaces_.mostrar();
   txtEfectivo_->setFocus();
 }
@@ -75,6 +77,7 @@ bool frmVuelto::alEntrar(QWidget* campo) {
 }
 
 void frmVuelto::aceptar() {
+  if (!importesSinComa()) return;
   cmdAceptar_->setFocus();  // the field with the keyboard is left first
   std::optional<EfectivoDocumento> pago;
   con([this, &pago] { pago = AceptarPagoEfectivo(p_, v_); });

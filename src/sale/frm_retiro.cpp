@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "foundation/rutinas.h"
 #include "sale/frm_caja_full_paneles.h"
 #include "sale/retiro.h"
 
@@ -27,12 +28,14 @@ frmPago::frmPago(Puesto& p, QWidget* padre)
   tecla(Qt::ALT | Qt::Key_S, [this] { reject(); });
   indicio(QStringLiteral("Enter aceptar  ·  Esc salir"));
   setMinimumWidth(460);
+  vigilarComas([this] { AvisarComaDecimal(p_); });
   txtMonto_->setFocus();
 }
 
 void frmPago::salirMonto() { txtMonto_->setText(MontoRetiro(txtMonto_->text())); }
 
 void frmPago::aceptar() {
+  if (!importesSinComa()) return;
   cmdAceptar_->setFocus();
   salirMonto();  // also for a field that was never entered
   if (Retirar(p_, txtMonto_->text())) accept();

@@ -1,27 +1,19 @@
 #include "sale/supervisor.h"
 
+#include "foundation/acceso.h"
 #include "foundation/puesto.h"
-#include "platform/text/texto.h"
+#include "platform/text/numero.h"
 
 std::optional<QString> RechazoAutorizacion(Puesto& p, const QString& usuario, const QString& clave) {
-  const QString enUsuario = QStringLiteral("txtUsuario"), enClave = QStringLiteral("txtPassword");
-  Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(
-          p.poCnnLocal, FormatearSQL(u"SELECT * FROM Usuario WHERE TRIM(sUserDesc) = '$'"_sql, {Texto(usuario)}), rs)) {
-    return QString();
-  }
-  const auto rechazo = [&p](const QString& texto, const QString& control) {
+  const auto acceso = ProbarAcceso(p, usuario, clave);
+  if (!acceso) return QString();
+  const auto rechazo = [&p](const QString& texto, bool enClave) {
     p.mensajes.mostrar(texto);
-    return control;
+    return enClave ? QStringLiteral("txtPassword") : QStringLiteral("txtUsuario");
   };
-  if (rs.Eof()) return rechazo(QStringLiteral("Usuario no válido"), enUsuario);
-  if (Numero(rs[u"cUserActi"]) != 1) {
-    return rechazo(QStringLiteral("Usuario no activo. Contactar al supervisor."), enClave);
-  }
-  if (Recortar(clave) != LimpiarNulo(rs[u"suserPass"])) return rechazo(QStringLiteral("Password no válido"), enClave);
-  if (Numero(rs[u"cPerfCode"]) != 1) {
-    return rechazo(QStringLiteral("Usuario no autorizado. Sólo el SUPERVISOR puede autorizar esta operación"),
-                   enUsuario);
+  if (!acceso->rechazo.isEmpty()) return rechazo(acceso->rechazo, acceso->enClave);
+  if (Val(acceso->perfil) != kPerfilSupervisor) {
+    return rechazo(QStringLiteral("Usuario no autorizado. Sólo el SUPERVISOR puede autorizar esta operación"), false);
   }
   return {};
 }

@@ -38,6 +38,6 @@ TEST(Login, AcceptedUserBecomesTheLastOne) {
   v.txtUsuario = " ANA ";
   v.txtPassword = "Secreta ";
   ProbarLogin(p, v);
-  EXPECT_EQ("ANA|Secreta|2", p.ses.psUsuario + u'|' + p.ses.psClaveUsuario + u'|' + p.ses.psPerfilUsuario);
+  EXPECT_EQ("ANA|2", p.ses.psUsuario + u'|' + p.ses.psPerfilUsuario);
   EXPECT_EQ("ANA", p.filas("SELECT sUserDesc FROM Usuario WHERE cUserFlag = 1"));
 }

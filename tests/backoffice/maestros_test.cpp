@@ -7,6 +7,7 @@
 #include "backoffice/parametros.h"
 #include "backoffice/tipo_cambio.h"
 #include "backoffice/usuario.h"
+#include "foundation/clave.h"
 
 namespace {
 
@@ -18,7 +19,6 @@ void conUsuarios(PuestoPrueba& p) {
   p.ejecuta(
       "INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName) VALUES ('ROSA', 'r', 1, 'PEÑA', 'ÑUSTA')");
   p.ses.psUsuario = "cajero";  // as he typed it at the login
-  p.ses.psClaveUsuario = "caja";
 }
 
 void conAlmacenes(PuestoPrueba& p) {
@@ -36,16 +36,25 @@ QString almacenes(PuestoPrueba& p) {
 
 }  // namespace
 
-TEST(Usuarios, TheSessionKnowsOnesOwnNewPassword) {
+TEST(Usuarios, APasswordStaysUntilBothFieldsSayAnotherOne) {
   PuestoPrueba p;
   conUsuarios(p);
   DetalleUsuario v;
-  for (const char* usuario : {"CAJERO", "ROSA"}) {
-    ASSERT_TRUE(CargarUsuario(p, ModoDetalle::Editar, usuario, v));
-    v.txtPassword = v.txtReingresarPassword = QStringLiteral("de ") + usuario;
-    EXPECT_TRUE(GuardarUsuario(p, v));
-    EXPECT_EQ("de CAJERO", p.ses.psClaveUsuario);
-  }
+  ASSERT_TRUE(CargarUsuario(p, ModoDetalle::Editar, "ROSA", v));
+  v.txtNombres = "ROSA";
+  EXPECT_TRUE(GuardarUsuario(p, v));
+  const QString cifrada = p.filas("SELECT sUserPass FROM Usuario WHERE sUserDesc = 'ROSA'");
+  EXPECT_TRUE(EstaCifrada(cifrada) && EsLaClave(cifrada, "r")) << "what an older desk kept";
+  ASSERT_TRUE(CargarUsuario(p, ModoDetalle::Editar, "ROSA", v));
+  EXPECT_TRUE(GuardarUsuario(p, v));
+  EXPECT_EQ(cifrada, p.filas("SELECT sUserPass FROM Usuario WHERE sUserDesc = 'ROSA'"));
+  // Typed behind what stands there, it would be a password that nobody can type again.
+  v.txtPassword = v.txtReingresarPassword = v.txtPassword + "x";
+  p.persona().espera("Password reingresado incorrecto");
+  EXPECT_FALSE(GuardarUsuario(p, v));
+  v.txtPassword = v.txtReingresarPassword = "x";
+  EXPECT_TRUE(GuardarUsuario(p, v));
+  EXPECT_TRUE(EsLaClave(p.filas("SELECT sUserPass FROM Usuario WHERE sUserDesc = 'ROSA'"), " x "));
 }
 
 TEST(Parametros, TheNumberingStartsAboveWhatIsThere) {
@@ -132,4 +141,30 @@ TEST(TipoCambio, ADayWithoutARowIsTold) {
   EXPECT_TRUE(CargarTipoCambio(p, ModoDetalle::Ver, filas[0].fecha, v));
   p.persona().espera("ya no existe");
   EXPECT_FALSE(CargarTipoCambio(p, ModoDetalle::Ver, "04/03/2026", v));
+}
+
+TEST(TipoCambio, OneOffTheLastByMoreThanATenthIsAskedFor) {
+  PuestoPrueba p;
+  for (const char* fila : {"'20/11/2026', '3.00'", "'23/11/2026', '3.70'", "'30/11/2026', '9.00'"}) {
+    p.ejecuta(
+        QStringLiteral("INSERT INTO Tipo_Cambio (dTipoCambFech, nTipoCambMont) VALUES (%1)").arg(QLatin1String(fila)));
+  }
+  TipoCambio v;
+  ASSERT_TRUE(CargarTipoCambio(p, ModoDetalle::Nuevo, {}, v));
+  for (const char* lejos : {"4.08", "3.32", "375"}) {
+    v.txtTC = lejos;
+    p.persona().espera("se aparta más de la décima parte del último, 3.70.\n¿Desea continuar?", "No");
+    EXPECT_FALSE(GuardarTipoCambio(p, v)) << lejos;
+    EXPECT_EQ("txtTC", v.campoMal);
+  }
+  v.txtTC = "4.07";
+  EXPECT_TRUE(GuardarTipoCambio(p, v)) << "a tenth is no more than a tenth";
+  ASSERT_TRUE(CargarTipoCambio(p, ModoDetalle::Editar, "24/11/2026", v));
+  v.txtTC = "3.30";
+  p.persona().espera("se aparta", "Sí");
+  EXPECT_TRUE(GuardarTipoCambio(p, v));
+  EXPECT_EQ("3.3", p.filas("SELECT nTipoCambMont FROM Tipo_Cambio WHERE dTipoCambFech = #11/24/2026#"));
+  ASSERT_TRUE(CargarTipoCambio(p, ModoDetalle::Editar, "20/11/2026", v));
+  v.txtTC = "8.00";
+  EXPECT_TRUE(GuardarTipoCambio(p, v)) << "no rate before it";
 }

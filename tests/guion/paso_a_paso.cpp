@@ -48,7 +48,9 @@ class Dialogo {
   QProcess p_;
 };
 
+// A stored password is another text each time.
 QString enTexto(const QJsonValue& v) {
+  if (v.toString().startsWith(u"$argon2id$")) return QStringLiteral("\"(cifrada)\"");
   const QString s = QString::fromUtf8(QJsonDocument(QJsonArray{v}).toJson(QJsonDocument::Compact));
   return s.mid(1, s.size() - 2);
 }

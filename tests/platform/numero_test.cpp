@@ -31,9 +31,18 @@ TEST(Numero, ReadsBackWhatAFieldHolds) {
   EXPECT_EQ("5"_q, TextoDe(5));
   EXPECT_EQ("0.00001"_q, TextoDe(1e-5));
   EXPECT_EQ("100000000000000000000"_q, TextoDe(1e20));
-  for (const char* si : {"1", "-1.5", "1,234.00", " 7 ", ".5"}) EXPECT_TRUE(EsNumerico(QString::fromLatin1(si))) << si;
-  for (const char* no : {"", " ", "a", "1a", "1.2.3", "1e5", "-", ".", "1 2", ",5"}) {
+  for (const char* si : {"1", "-1.5", "1,234.00", "12,345,678", " 7 ", ".5"})
+    EXPECT_TRUE(EsNumerico(QString::fromLatin1(si))) << si;
+  for (const char* no :
+       {"", " ", "a", "1a", "1.2.3", "1e5", "-", ".", "1 2", ",5", "3,75", "1234,567", "1,23.5", "1,"}) {
     EXPECT_FALSE(EsNumerico(QString::fromLatin1(no))) << no;
+  }
+  for (const char* coma : {"3,75", "-0,5", "1.234,56", "1,23,456"}) {
+    EXPECT_TRUE(ConComaDecimal(QString::fromLatin1(coma))) << coma;
+    EXPECT_DOUBLE_EQ(0, LeerImporte(QString::fromLatin1(coma))) << coma;
+  }
+  for (const char* otra : {"3.75", "3,750", "3,x", "", ","}) {
+    EXPECT_FALSE(ConComaDecimal(QString::fromLatin1(otra))) << otra;
   }
 }
 

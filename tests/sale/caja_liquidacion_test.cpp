@@ -87,7 +87,7 @@ TEST_F(Liquidacion, ADifferenceNeedsItsCash) {
       p.filas(q("SELECT cOperCode, cProdCode, cOperTipo, nProdPrecUnit, nMontoSoles, cDocTipo, cDocSerie, cDocCodigo, "
                 "cOperCodeAnula FROM Operacion")));
 
-  // The sale document: the notes' lines at the list's prices, locked; only two kinds are left.
+  // The sale document: the notes' lines at the notes' prices, locked; only two kinds are left.
   EXPECT_TRUE(v.liquidacion);
   ASSERT_EQ(2u, v.rejilla.filas.size());
   EXPECT_EQ(q("000101 3.00 10.00 - 10.00 27.00 SI"),

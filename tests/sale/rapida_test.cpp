@@ -68,7 +68,7 @@ TEST(Rapida, KeysAndQuantitiesMakeTheTotal) {
     SCOPED_TRACE(paso.donde());
     if (!paso.falta("cantidad")) r.v.txtCantidad = paso["cantidad"];
     if (paso.entero("tecla")) r.pulsar(paso.entero("tecla"));
-    else EXPECT_TRUE(SalirCantidad(r.v));
+    else EXPECT_TRUE(SalirCantidad(r.p, r.v));
     EXPECT_EQ(paso["queda"], r.v.txtCantidad);
     EXPECT_EQ(q("Sub:") + Rellenar(paso["sub"], 14), r.v.lblSubtotal);
     EXPECT_EQ(q("TOT:") + Rellenar(paso["total"], 14), r.v.lblTotal);
@@ -78,6 +78,22 @@ TEST(Rapida, KeysAndQuantitiesMakeTheTotal) {
   r.v.txtLocal = q("2");
   r.pulsar(kBotonBorra);
   EXPECT_EQ(QString(), r.v.lblProducto + r.v.lblTotal + r.v.lblTipo + r.v.txtCantidad + r.v.txtLocal);
+}
+
+TEST(Rapida, MoreThanAShopSellsIsAskedOnce) {
+  Rapida r;
+  AbrirRapida(r.p, r.v);
+  r.pulsar(1);
+  r.v.txtCantidad = q("10000");
+  r.p.persona().espera(q("La línea queda en 10,000 unidades por S/. 100,000.00."), q("No"));
+  EXPECT_FALSE(SalirCantidad(r.p, r.v));
+  EXPECT_EQ(q("1"), r.v.txtCantidad);
+  EXPECT_TRUE(SalirCantidad(r.p, r.v));
+  r.v.txtCantidad = q("10000");
+  r.p.persona().espera(q("La línea queda en"), q("Sí"));
+  EXPECT_TRUE(SalirCantidad(r.p, r.v));
+  r.pulsar(2);  // its quantity is not asked for again
+  EXPECT_EQ(2u, r.v.lineas.size());
 }
 
 TEST(Rapida, KindsGoRound) {

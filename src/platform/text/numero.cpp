@@ -188,22 +188,31 @@ bool EsNumerico(QStringView texto) {
   const QStringView t = texto.trimmed();
   qsizetype i = 0;
   if (i < t.size() && (t[i] == u'-' || t[i] == u'+')) ++i;
-  bool cifra = false;
-  bool punto = false;
+  bool cifra = false, punto = false, comas = false;
+  int grupo = 0;  // digits behind the last comma
   for (; i < t.size(); ++i) {
     const QChar c = t[i];
     if (c >= u'0' && c <= u'9') {
       cifra = true;
-    } else if (c == u'.' && !punto) {
+      if (!punto) ++grupo;
+    } else if (c == u'.' && !punto && (!comas || grupo == 3)) {
       punto = true;
-    } else if (c != u',' || punto || !cifra) {
+    } else if (c == u',' && !punto && (comas ? grupo == 3 : grupo >= 1 && grupo <= 3)) {
+      comas = true;
+      grupo = 0;
+    } else {
       return false;
     }
   }
-  return cifra;
+  return cifra && (!comas || grupo == 3);
+}
+
+bool ConComaDecimal(QStringView texto) {
+  return texto.contains(u',') && !EsNumerico(texto) && EsNumerico(texto.toString().remove(u','));
 }
 
 double LeerImporte(const QString& texto) {
+  if (!texto.contains(u',')) return Val(texto);
   QString t = texto;
-  return Val(t.remove(u','));
+  return ConComaDecimal(texto) ? 0 : Val(t.remove(u','));
 }

@@ -26,9 +26,12 @@ QString Formatear(double valor, QStringView mascara);
 // no trailing zeros: 5 gives "5", 0.18 gives "0.18".
 QString TextoDe(double valor);
 
-// Whether `texto` is a number and nothing else: blanks around it, one sign, digits with commas in the whole part
-// and one point are accepted. Blank text, letters and exponents are not.
+// Whether `texto` is a number and nothing else: blanks around it, one sign, digits with commas at the thousands and one
+// point are accepted. Blank text, letters and exponents are not.
 bool EsNumerico(QStringView texto);
 
-// An amount read back from a field: the commas are taken out, then Val.
+// Whether it would be one but for a comma that stands for a point, as in "3,75".
+bool ConComaDecimal(QStringView texto);
+
+// An amount read back from a field: the commas are taken out, then Val. 0 where a comma stands for a point.
 double LeerImporte(const QString& texto);

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "platform/text/numero.h"
 #include "platform/ui/tema.h"
 
 namespace {
@@ -62,15 +63,25 @@ void Campo::focusInEvent(QFocusEvent* e) {
   if (e->reason() == Qt::MouseFocusReason) QMetaObject::invokeMethod(this, &QLineEdit::selectAll, Qt::QueuedConnection);
 }
 
+bool Campo::conComaDecimal() const { return importe && !isReadOnly() && isEnabled() && ConComaDecimal(text()); }
+
+bool Campo::focusNextPrevChild(bool siguiente) {
+  if (!conComaDecimal()) return QLineEdit::focusNextPrevChild(siguiente);
+  Q_EMIT comaDecimal();
+  return true;
+}
+
 void Campo::focusOutEvent(QFocusEvent* e) {
   QLineEdit::focusOutEvent(e);
   if (e->reason() == Qt::ActiveWindowFocusReason || e->reason() == Qt::PopupFocusReason) return;
-  if (alSalir && !isReadOnly()) alSalir();
+  if (conComaDecimal()) Q_EMIT comaDecimal();
+  else if (alSalir && !isReadOnly()) alSalir();
 }
 
 Campo* nuevoImporte(const QString& nombre, QWidget* padre) {
   auto* c = new Campo(nombre, padre);
   c->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  c->importe = true;
   return c;
 }
 

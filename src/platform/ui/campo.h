@@ -19,10 +19,20 @@ class Campo final : public QLineEdit {
 
   // What may be typed: gives the character to type, QChar(0) for none, QChar(8) to take the last one back.
   std::function<QChar(QChar)> filtro;
-  // Runs when the field is left by whatever way, but not when only the window loses the keyboard to a box.
+  // Runs when the field is left by whatever way, but not when only the window loses the keyboard to a box, nor with an
+  // amount whose comma stands for a point.
   std::function<void()> alSalir;
+  bool importe = false;  // holds an amount
+
+  // An amount whose comma stands for a point: it must not be left so.
+  bool conComaDecimal() const;
+
+ Q_SIGNALS:
+  // Such an amount was about to be left.
+  void comaDecimal();
 
  protected:
+  bool focusNextPrevChild(bool siguiente) override;
   void keyPressEvent(QKeyEvent* e) override;
   void focusInEvent(QFocusEvent* e) override;
   void focusOutEvent(QFocusEvent* e) override;

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "platform/ui/anillo_foco.h"
 #include "platform/ui/tema.h"
@@ -53,6 +54,60 @@ void Forma::escribirIndicios() {
   tira_->setVisible(!partes.isEmpty());
 }
 
+void Forma::vigilarComas(std::function<void()> avisar) {
+  avisarComa_ = std::move(avisar);
+  // Not while the keyboard is still on its way to the next control.
+  for (Campo* c : findChildren<Campo*>()) {
+    connect(
+        c, &Campo::comaDecimal, this, [this, c] { rechazarComa(c); }, Qt::QueuedConnection);
+  }
+}
+
+bool Forma::importesSinComa() {
+  for (Campo* c : findChildren<Campo*>()) {
+    if (!c->conComaDecimal()) continue;
+    rechazarComa(c);
+    return false;
+  }
+  return true;
+}
+
+// The screen may have closed, and the field may have been put right, before the words could come.
+void Forma::rechazarComa(Campo* campo) {
+  if (!isVisible() || !avisarComa_ || !campo->conComaDecimal()) return;
+  campo->setFocus(Qt::OtherFocusReason);
+  avisarComa_();
+  marcarMal(campo);
+  campo->selectAll();
+}
+
+namespace {
+
+class SiguienteTecla final : public QObject {
+ public:
+  SiguienteTecla(QWidget* ventana, std::function<void()> accion)
+      : QObject(ventana), ventana_(ventana), accion_(std::move(accion)) {
+    qApp->installEventFilter(this);
+  }
+  bool eventFilter(QObject* objeto, QEvent* evento) override {
+    if (!accion_ || evento->type() != QEvent::KeyPress || !objeto->isWidgetType()) return false;
+    auto* e = static_cast<QKeyEvent*>(evento);
+    const bool modificador = e->key() == Qt::Key_Control || e->key() == Qt::Key_Shift || e->key() == Qt::Key_Alt;
+    if (static_cast<QWidget*>(objeto)->window() != ventana_ || modificador || e->isAutoRepeat()) return false;
+    std::exchange(accion_, nullptr)();
+    deleteLater();
+    return false;
+  }
+
+ private:
+  QWidget* ventana_;
+  std::function<void()> accion_;
+};
+
+}  // namespace
+
+void Forma::enSiguienteTecla(std::function<void()> accion) { new SiguienteTecla(this, std::move(accion)); }
+
 bool Forma::alEntrar(QWidget*) { return false; }
 
 void Forma::keyPressEvent(QKeyEvent* e) {
@@ -64,7 +119,9 @@ void Forma::keyPressEvent(QKeyEvent* e) {
   e->accept();
   if (e->isAutoRepeat()) return;
   QWidget* foco = focusWidget();
-  if (auto* b = qobject_cast<QAbstractButton*>(foco); b && qobject_cast<QPushButton*>(b)) {
+  if (auto* c = qobject_cast<Campo*>(foco); c && c->conComaDecimal() && avisarComa_) {
+    rechazarComa(c);
+  } else if (auto* b = qobject_cast<QAbstractButton*>(foco); b && qobject_cast<QPushButton*>(b)) {
     b->click();
   } else if (!alEntrar(foco)) {
     focusNextChild();

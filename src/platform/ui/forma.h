@@ -34,6 +34,14 @@ class Forma : public QDialog {
   // A note in the hint strip for a key that a control handles itself, or for a mnemonic.
   void indicio(const QString& texto);
 
+  // What tells that a comma was typed for a point. From now on no amount of the screen is left with one: the words come and
+  // its field keeps the keyboard. Called behind the last field.
+  void vigilarComas(std::function<void()> avisar);
+  // Whether no amount holds one; else the first that does is refused so. A screen asks before it reads its amounts.
+  bool importesSinComa();
+  // Runs `accion` at the next key that is pressed in this window, before the key does anything. Once.
+  void enSiguienteTecla(std::function<void()> accion);
+
   // Enter on `campo` (anything but a button). True: dealt with; false: on to the next field.
   virtual bool alEntrar(QWidget* campo);
   virtual bool puedeCerrar() { return true; }
@@ -43,12 +51,14 @@ class Forma : public QDialog {
 
  private:
   void escribirIndicios();
+  void rechazarComa(Campo* campo);
 
   TablaTeclas* teclas_;
   QVBoxLayout *todo_, *cuerpo_;
   QFrame* tira_;
   QLabel* indicios_;
   QStringList notas_;
+  std::function<void()> avisarComa_;
 };
 
 // The wait cursor for as long as it lives.
