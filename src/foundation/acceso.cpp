@@ -57,9 +57,8 @@ void cifrarGuardada(Puesto& p, const QString& usuario, const QString& clave) {
 
 std::optional<Acceso> ProbarAcceso(Puesto& p, const QString& usuario, const QString& clave) {
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                    FormatearSQL(u"SELECT * FROM Usuario WHERE TRIM(sUserDesc) = '$'"_sql, {Texto(usuario)}),
-                                    rs)) {
+  if (!p.poDBAdmin.EjecutarConsulta(
+          p.poCnnLocal, FormatearSQL(u"SELECT * FROM Usuario WHERE TRIM(sUserDesc) = '$'"_sql, {Texto(usuario)}), rs)) {
     return {};
   }
   if (rs.Eof()) return Acceso{{}, QStringLiteral("Usuario no válido"), false};

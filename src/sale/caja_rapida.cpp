@@ -1,11 +1,11 @@
 #include "sale/caja_rapida.h"
 
+#include "documento/desmesura.h"
 #include "foundation/puesto.h"
 #include "loyalty/cliente_bd.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 #include "printing/canal.h"
-#include "documento/desmesura.h"
 
 namespace {
 

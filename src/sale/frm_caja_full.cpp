@@ -10,6 +10,7 @@
 #include "documento/frm_lineas.h"
 #include "foundation/estado_linea.h"
 #include "foundation/puesto.h"
+#include "foundation/rutinas.h"
 #include "platform/ui/linea_estado.h"
 #include "sale/caja_full_liquidacion.h"
 #include "sale/caja_full_totales.h"

@@ -85,21 +85,21 @@ TEST_F(CajaLineas, WhenAPercentageGoesBackToZero) {
 TEST_F(CajaLineas, MoreThanAShopSellsIsAskedOnce) {
   ASSERT_TRUE(sale(kCod, "12"));
   ASSERT_TRUE(sale(kCant, "9999"));
-  EXPECT_EQ(q("44995.50"), v.lineas[0][kSubTotal]);
+  EXPECT_EQ(q("44995.50"), v.rejilla.filas[0][kSubTotal]);
   const QString pregunta = q("La línea queda en 10,000 unidades por S/. 45,000.00.\n¿Es correcto?");
   p.persona().espera(pregunta, q("No"));
   EXPECT_TRUE(sale(kCant, "10000"));
-  EXPECT_EQ(q("9999.00"), v.lineas[0][kCant]) << "the cell keeps what it held";
+  EXPECT_EQ(q("9999.00"), v.rejilla.filas[0][kCant]) << "the cell keeps what it held";
   p.persona().espera(pregunta, q("Sí"));
   EXPECT_TRUE(sale(kCant, "10000"));
   EXPECT_TRUE(sale(kCant, "10000.00")) << "not a second time";
   EXPECT_TRUE(sale(kPrecio, "9.99"));
   EXPECT_TRUE(sale(kCant, "999"));
   EXPECT_TRUE(sale(kPrecio, "100.00"));
-  EXPECT_EQ(q("99900.00"), v.lineas[0][kSubTotal]);
+  EXPECT_EQ(q("99900.00"), v.rejilla.filas[0][kSubTotal]);
   p.persona().espera(q("La línea queda en 999 unidades por S/. 100,009.89."), q("No"));
   EXPECT_TRUE(sale(kPrecio, "100.11"));
-  EXPECT_EQ(q("100.00"), v.lineas[0][kPrecio]);
+  EXPECT_EQ(q("100.00"), v.rejilla.filas[0][kPrecio]);
 }
 
 TEST_F(CajaLineas, WhatTheCashierMayTypeInto) {
