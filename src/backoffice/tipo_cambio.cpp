@@ -42,9 +42,9 @@ bool falta(const TipoCambio& v) {
 bool seEsperaba(Puesto& p, const TipoCambio& v) {
   if (!SeEdita(v.modo)) return true;
   Recordset rs;
-  const QString sql = QStringLiteral("SELECT TOP 1 nTipoCambMont FROM Tipo_Cambio WHERE dTipoCambFech < #%1#"
-                                     " AND nTipoCambMont > 0 ORDER BY dTipoCambFech DESC")
-                          .arg(FormatearFecha(*LeerFecha(v.txtFecha), u"mm/dd/yyyy"));
+  const Sql sql = FormatearSQL(u"SELECT TOP 1 nTipoCambMont FROM Tipo_Cambio WHERE dTipoCambFech < $"
+                               " AND nTipoCambMont > 0 ORDER BY dTipoCambFech DESC"_sql,
+                               {LeerFecha(v.txtFecha)->date()});
   if (p.poCnnLocal.consultar(sql, rs) || rs.Eof()) return true;
   const qint64 ultimo = AEntero(Numero(rs[0]) * 100), nuevo = AEntero(LeerImporte(v.txtTC) * 100);
   if (std::abs(nuevo - ultimo) * 10 <= ultimo) return true;
