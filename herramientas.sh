@@ -2,7 +2,7 @@
 
 PAQUETES_PROGRAMA=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl1-mesa-dev libsqlite3-dev libpq-dev libsodium-dev
   fonts-dejavu-core)
-PAQUETES_PRUEBAS=(libgtest-dev librapidcheck-dev sqlite3)
+PAQUETES_PRUEBAS=(libgtest-dev librapidcheck-dev libbenchmark-dev sqlite3 clang-format-14)
 
 # Installs the Debian packages that are missing; nothing when all are there.
 instalar() {
@@ -19,10 +19,10 @@ instalar() {
   $sudo apt-get install -y -qq --no-install-recommends "${faltan[@]}" >/dev/null
 }
 
-# compilar FOLDER CMAKE-ARGUMENTS...
+# compilar PRESET [CMAKE --build ARGUMENTS...]: the presets of CMakePresets.json
 compilar() {
-  local carpeta=$1
+  local preset=$1
   shift
-  cmake -G Ninja -S . -B "$carpeta" "$@" >/dev/null
-  cmake --build "$carpeta"
+  cmake --preset "$preset" >/dev/null
+  cmake --build --preset "$preset" "$@"
 }

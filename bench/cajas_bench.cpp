@@ -7,6 +7,7 @@
 #include <QTemporaryFile>
 #include <QTest>
 
+#include "breve.h"
 #include "duelo.h"
 #include "platform/ui/rejilla.h"
 #include "platform/ui/tema.h"
@@ -91,7 +92,7 @@ BENCHMARK(TeclaEnRejilla200)
     ->Arg(0)
     ->Arg(1)
     ->UseManualTime()
-    ->Iterations(200)
+    ->Iterations(vueltas(200))
     ->Unit(benchmark::kMillisecond);
 
 void ponerTeclado(PuestoPrueba& p) {
@@ -155,8 +156,12 @@ void RutinasRapida5(benchmark::State& estado) {
 }
 
 void argumentos(benchmark::internal::Benchmark* b) {
-  b->ArgNames({"filas", "disco"})->Args({1'000, 1})->Args({1'000'000, 1})->Args({1'000, 0})->Args({1'000'000, 0});
-  b->UseManualTime()->Iterations(150)->Unit(benchmark::kMicrosecond);
+  b->ArgNames({"filas", "disco"})
+      ->Args({filas(1'000), 1})
+      ->Args({filas(1'000'000), 1})
+      ->Args({filas(1'000), 0})
+      ->Args({filas(1'000'000), 0});
+  b->UseManualTime()->Iterations(vueltas(150))->Unit(benchmark::kMicrosecond);
 }
 BENCHMARK(VentaRapida5)->Apply(argumentos);
 BENCHMARK(RutinasRapida5)->Apply(argumentos);
@@ -191,12 +196,12 @@ void Abrir5000(benchmark::State& estado) {
 BENCHMARK(Abrir5000<frmCajaRegistradoraFull>)
     ->Name("AbrirFull5000")
     ->UseManualTime()
-    ->Iterations(40)
+    ->Iterations(vueltas(40))
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(Abrir5000<frmCajaRegistradora>)
     ->Name("AbrirRapida5000")
     ->UseManualTime()
-    ->Iterations(40)
+    ->Iterations(vueltas(40))
     ->Unit(benchmark::kMillisecond);
 
 }  // namespace

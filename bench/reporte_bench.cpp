@@ -1,5 +1,6 @@
 // The reports of a day of 20,000 rows and the closing's own work, beside the floor of their own statements. `filas`: rows
 // of older days, which must not show.
+#include "breve.h"
 #include "cashday/cierre.h"
 #include "cashday/pantallas_guion.h"
 #include "cashday/principal.h"
@@ -8,7 +9,8 @@
 
 namespace {
 
-constexpr int kDelDia = 20'000, kVeces = 15;
+constexpr int kVeces = 15;
+const qint64 kDelDia = filas(20'000);
 
 QString q(const char* s) { return QString::fromUtf8(s); }
 
@@ -71,7 +73,12 @@ void Blanqueo(benchmark::State& estado) {
 }
 
 void argumentos(benchmark::internal::Benchmark* b) {
-  b->ArgName("filas")->Arg(1'000)->Arg(1'000'000)->UseManualTime()->Iterations(kVeces)->Unit(benchmark::kMillisecond);
+  b->ArgName("filas")
+      ->Arg(filas(1'000))
+      ->Arg(filas(1'000'000))
+      ->UseManualTime()
+      ->Iterations(vueltas(kVeces))
+      ->Unit(benchmark::kMillisecond);
 }
 BENCHMARK(ReporteX)->Apply(argumentos);
 BENCHMARK(ReporteX1)->Apply(argumentos);

@@ -1,5 +1,6 @@
 // The commit of a cash sale of five lines beside its floor: the same statements through the engine's own interface,
 // prepared, with the same flush, the same files written and the same databases opened. The two take turns.
+#include "breve.h"
 #include "duelo.h"
 #include "sale/venta_prueba.h"
 
@@ -26,12 +27,12 @@ void Venta(benchmark::State& estado) {
 }
 BENCHMARK(Venta)
     ->ArgNames({"filas", "disco"})
-    ->Args({1'000, 1})
-    ->Args({1'000'000, 1})
-    ->Args({1'000, 0})
-    ->Args({1'000'000, 0})
+    ->Args({filas(1'000), 1})
+    ->Args({filas(1'000'000), 1})
+    ->Args({filas(1'000), 0})
+    ->Args({filas(1'000'000), 0})
     ->UseManualTime()
-    ->Iterations(kVentas)
+    ->Iterations(vueltas(kVentas))
     ->Unit(benchmark::kMicrosecond);
 
 // The totals of a grid of 200 lines; the register asks for them after each cell that changes.

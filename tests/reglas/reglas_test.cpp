@@ -8,6 +8,8 @@
 #include <QRegularExpression>
 #include <QSet>
 
+#include "medidas.h"
+
 namespace {
 
 // What a room may include beside itself, with all that those may include.
@@ -27,6 +29,9 @@ const QMap<QString, QStringList> kPuedeIncluir = {
     {"app", {"cashday", "sale", "voiding", "credit", "backoffice"}},
     {"admin", {"app", "servidores"}},
 };
+
+// Who may open a database: the desk's data access, and the support console, which has no desk.
+const QStringList kAbrenBases = {"platform/sql/conexion.cpp", "foundation/db_admin.cpp", "admin/consola_sql.cpp"};
 
 QSet<QString> alcance(const QString& sala) {
   QSet<QString> r{sala};
@@ -67,6 +72,8 @@ QStringList faltas(const QString& ruta, const QString& texto) {
   if (!ruta.startsWith("platform/sql/") && ruta != "admin/consola_sql.cpp" && ruta != "foundation/acto_doble.cpp" &&
       texto.contains("Sql::crudo"))
     r += ruta + ": a statement past the door";
+  static const QRegularExpression apertura(R"(\bmotores(_|\(\))?\.abrir\(|\.abrir\((p\.|p_\.)?motores)");
+  if (!kAbrenBases.contains(ruta) && apertura.match(texto).hasMatch()) r += ruta + ": opens a database";
   static const QRegularExpression color(R"(QColor\(|QFont\(|setStyleSheet|setFont\()");
   if (ruta.section(u'/', -1).startsWith(u"frm_") && color.match(texto).hasMatch()) {
     r += ruta + ": a colour or font of its own";
@@ -95,6 +102,8 @@ TEST(Reglas, EachRuleFindsItsBadExample) {
       {"sale/x.cpp", "auto s = Sql::crudo(texto);\n", false},
       {"admin/consola_sql.cpp", "auto s = Sql::crudo(linea);\n", true},
       {"sale/frm_x.cpp", "b->setFont(QFont(\"Arial\"));\n", false},
+      {"sale/x.cpp", "central.abrir(p.motores, cadena, 20000);\n", false},
+      {"foundation/db_admin.cpp", "cnn.abrir(p_.motores, cadena, espera_ms);\n", true},
   };
   // clang-format on
   for (const auto& e : kEjemplos) {
@@ -113,18 +122,53 @@ TEST(Reglas, TheSourcesKeepThem) {
   EXPECT_GT(vistos, 20);
 }
 
-// A source that no list names is built by nobody and rots unseen.
-TEST(Reglas, EverySourceIsBuilt) {
+TEST(Reglas, EachMeasureFindsItsBadExample) {
+  const QString linea = QStringLiteral("  a();\n");
+  const QString funcion = QStringLiteral("void f() {\n") + linea.repeated(kLineasFuncion - 2) + QStringLiteral("}\n");
+  EXPECT_EQ(QStringList(), excesos("x.cpp", funcion));
+  EXPECT_EQ(QStringList("x.cpp:1: a function of 81 lines"), excesos("x.cpp", QString(funcion).replace("{\n", "{\n\n")));
+  EXPECT_EQ(QStringList(), excesos("x.cpp", linea.repeated(kLineasArchivo)));
+  EXPECT_EQ(QStringList("x.cpp: 401 lines"), excesos("x.cpp", linea.repeated(kLineasArchivo + 1)));
+  EXPECT_EQ(QStringList(), excesos("x.cpp", QString(kColumnas, u'a')));
+  EXPECT_EQ(QStringList("x.cpp:1: 121 columns"), excesos("x.cpp", QString(kColumnas + 1, u'a')));
+}
+
+TEST(Reglas, TheSourcesKeepTheirMeasures) {
   const QDir raiz(QStringLiteral(TARVOPOS_FUENTES));
-  for (const char* carpeta : {"src", "tests", "bench"}) {
-    QString listas;
+  for (const char* carpeta : {"src", "server", "tests", "bench"}) {
     const QString base = raiz.filePath(QString::fromLatin1(carpeta));
-    for (QDirIterator i(base, {"CMakeLists.txt"}, QDir::Files, QDirIterator::Subdirectories); i.hasNext();) {
-      listas += leer(i.next());
+    for (QDirIterator i(base, {"*.h", "*.cpp"}, QDir::Files, QDirIterator::Subdirectories); i.hasNext();) {
+      const QString archivo = i.next();
+      for (const QString& e : excesos(raiz.relativeFilePath(archivo), leer(archivo))) ADD_FAILURE() << qPrintable(e);
     }
+  }
+}
+
+// The list that has to name a source: the one of its own folder, else the nearest above it.
+QString listaDe(const QFileInfo& fuente) {
+  QDir d = fuente.dir();
+  while (!d.exists(QStringLiteral("CMakeLists.txt"))) d.cdUp();
+  return d.filePath(QStringLiteral("CMakeLists.txt"));
+}
+
+bool nombra(const QString& lista, const QString& relativa) {
+  return QRegularExpression(R"((^|[\s(]))" + QRegularExpression::escape(relativa) + R"(($|[\s)]))")
+      .match(lista)
+      .hasMatch();
+}
+
+// A source that its room's list does not name is built by nobody, or by a room that does not answer for it.
+TEST(Reglas, EverySourceIsInItsOwnRoomsList) {
+  EXPECT_TRUE(nombra("sala(x LOGICA a.cpp sub/b.cpp)", "sub/b.cpp"));
+  EXPECT_FALSE(nombra("sala(x LOGICA otra_a.cpp)", "a.cpp"));
+  const QDir raiz(QStringLiteral(TARVOPOS_FUENTES));
+  for (const char* carpeta : {"src", "server", "tests", "bench"}) {
+    const QString base = raiz.filePath(QString::fromLatin1(carpeta));
     for (QDirIterator i(base, {"*.cpp"}, QDir::Files, QDirIterator::Subdirectories); i.hasNext();) {
-      const QString nombre = QFileInfo(i.next()).fileName();
-      EXPECT_TRUE(listas.contains(nombre)) << qPrintable(nombre) << " is in no list";
+      const QFileInfo fuente(i.next());
+      const QString lista = listaDe(fuente);
+      const QString relativa = QFileInfo(lista).dir().relativeFilePath(fuente.filePath());
+      EXPECT_TRUE(nombra(leer(lista), relativa)) << qPrintable(raiz.relativeFilePath(fuente.filePath()));
     }
   }
 }
