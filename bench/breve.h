@@ -1,6 +1,6 @@
 #pragma once
-// The short run that the tests make of each measurement, so that none rots: TARVOPOS_BREVE asks for one turn over little
-// data. Its figures mean nothing.
+// The short run that the tests make of each measurement, so that none rots: TARVOPOS_BREVE asks for one turn over
+// little data. Its figures mean nothing.
 #include <QtGlobal>
 
 inline bool breve() { return qEnvironmentVariableIsSet("TARVOPOS_BREVE"); }

@@ -1,5 +1,5 @@
-// The first page of the search over a large catalogue and a large register of customers. `texto`: 0 none (articles), 1 a
-// common one, 2 one that a single row holds, 3 one that no row holds.
+// The first page of the search over a large catalogue and a large register of customers. `texto`: 0 none (articles), 1
+// a common one, 2 one that a single row holds, 3 one that no row holds.
 #include <benchmark/benchmark.h>
 
 #include <sqlite3.h>

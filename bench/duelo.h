@@ -13,22 +13,24 @@
 // Runs statements in the engine's language on a database.
 void correrEn(const QString& archivo, const QString& sql);
 
-// A history of `filas` rows of Operacion, six a ticket: five articles, 101 to 140, and their cash. Older days are closed
-// and pushed; what stands behind `antiguas` is of the day under way.
+// A history of `filas` rows of Operacion, six a ticket: five articles, 101 to 140, and their cash. Older days are
+// closed and pushed; what stands behind `antiguas` is of the day under way.
 QString sentenciasDeHistoria(qint64 antiguas, qint64 delDia = 0);
 
 class Duelo {
  public:
   using Acto = std::function<void(Puesto&)>;
 
-  // `base` gives folder, settings and clock, and its store is closed by this. With `conDisco` both flush at each commit.
+  // `base` gives folder, settings and clock, and its store is closed by this. With `conDisco` both flush at each
+  // commit.
   Duelo(PuestoPrueba& base, bool conDisco);
   ~Duelo();
 
   Puesto& puesto() { return *p_; }
 
-  // What one act is; `preparar`, statements of the store in the engine's language, runs before each, on both and outside
-  // of the time. The act is run three times: once to warm up, twice for the tape of the floor, which runs it twice too.
+  // What one act is; `preparar`, statements of the store in the engine's language, runs before each, on both and
+  // outside of the time. The act is run three times: once to warm up, twice for the tape of the floor, which runs it
+  // twice too.
   void aprender(Acto acto, const QString& preparar = {});
 
   // All turns of `estado`, with the medians of both and their quotient; an error when the two leave other rows in the

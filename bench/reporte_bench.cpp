@@ -1,5 +1,5 @@
-// The reports of a day of 20,000 rows and the closing's own work, beside the floor of their own statements. `filas`: rows
-// of older days, which must not show.
+// The reports of a day of 20,000 rows and the closing's own work, beside the floor of their own statements. `filas`:
+// rows of older days, which must not show.
 #include "breve.h"
 #include "cashday/cierre.h"
 #include "cashday/pantallas_guion.h"

@@ -17,8 +17,8 @@ struct DatosPuesto {
   QDateTime ahora;
 };
 
-// Makes KEB.cfg and TarvoPos.mdb in the folder, and the embedded servers named that don't exist yet; servers that do are
-// left as they are. The folder is made when missing. Gives Spanish words of a failure; then everything made by this
+// Makes KEB.cfg and TarvoPos.mdb in the folder, and the embedded servers named that don't exist yet; servers that do
+// are left as they are. The folder is made when missing. Gives Spanish words of a failure; then everything made by this
 // call is gone again. A folder that holds a store or settings already is refused.
 std::optional<QString> CrearPuesto(const DatosPuesto& d);
 

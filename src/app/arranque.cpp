@@ -28,8 +28,8 @@ void prepararCarpetas(Puesto& p) {
   if (!QDir().mkpath(p.rutas.temp)) parar(p, QStringLiteral("No se pudo crear la carpeta ") + p.rutas.temp);
 }
 
-// A database that can't be brought up to date stops the start: statements of this program would fail on it in the middle
-// of a sale.
+// A database that can't be brought up to date stops the start: statements of this program would fail on it in the
+// middle of a sale.
 void ponerAlDia(Puesto& p, Conexion& cnn, const QString& archivo, const PasosDeVersion& pasos) {
   const Actualizacion a = ActualizarBase(cnn, archivo, pasos, p.reloj.now());
   if (a.fin == FinActualizacion::AlDia) return;

@@ -37,8 +37,8 @@ bool falta(const TipoCambio& v) {
   return v.modo != ModoDetalle::Borrar && Redondear(LeerImporte(v.txtTC), 2) <= 0;
 }
 
-// A figure that was typed beside the point costs a day's sales in dollars: what is off the last rate by more than a tenth is
-// asked for. The last rate is that of the latest other day before it. One that can't be read asks nothing.
+// A figure that was typed beside the point costs a day's sales in dollars: what is off the last rate by more than a
+// tenth is asked for. The last rate is that of the latest other day before it. One that can't be read asks nothing.
 bool seEsperaba(Puesto& p, const TipoCambio& v) {
   if (!SeEdita(v.modo)) return true;
   Recordset rs;

@@ -12,8 +12,8 @@ struct FilaUsuario {
   bool activo = true;
 };
 
-// The detail screen: texts as typed. Of a password that is there its fields show a text that nobody can type, and as long
-// as they do it stays.
+// The detail screen: texts as typed. Of a password that is there its fields show a text that nobody can type, and as
+// long as they do it stays.
 struct DetalleUsuario {
   ModoDetalle modo = ModoDetalle::Nuevo;
   QString guardada;  // the password as it is stored

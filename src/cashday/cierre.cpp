@@ -25,8 +25,9 @@ bool leerPaso(Puesto& p, int& paso) {
   return true;
 }
 
-// Stores the number of the next step. Only the first one holds the closing back, as long as nothing has been done; later
-// ones are written again by what follows, at the latest by the last step, and until then a step would only be repeated.
+// Stores the number of the next step. Only the first one holds the closing back, as long as nothing has been done;
+// later ones are written again by what follows, at the latest by the last step, and until then a step would only be
+// repeated.
 [[nodiscard]] bool guardarPaso(Puesto& p, int paso) {
   const auto error =
       p.poCnnLocal.ejecutar(QStringLiteral("update configuracion set icierrecaja=") + QString::number(paso));

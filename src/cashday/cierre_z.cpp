@@ -49,7 +49,8 @@ RangoZ leerRango(LectorReporte& l) {
   return r;
 }
 
-// The Z row's number: that of an earlier report of this range or the next one. A desk without watermarks always begins at
+// The Z row's number: that of an earlier report of this range or the next one. A desk without watermarks always begins
+// at
 // 0; there the range is the same while its operations are open.
 QString leerIdZ(LectorReporte& l, const QString& caja, const RangoZ& r) {
   const Recordset rs =
@@ -69,7 +70,8 @@ QString enLineas(const std::vector<BloqueZ::Ticket>& tickets) {
   return s;
 }
 
-// The Z row and its detail, in the place of those of an earlier report of the range. False when the store can't be read.
+// The Z row and its detail, in the place of those of an earlier report of the range. False when the store can't be
+// read.
 bool agregarCabeceraZ(Puesto& p, QStringList& sentencias, const DatosReporte& d) {
   LectorReporte l(p, {}, {});
   const QString caja = entreComillas(d.caja);

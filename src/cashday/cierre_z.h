@@ -24,7 +24,8 @@ struct CierreZ {
   int iCierreCaja = 0;  // 0 is not written
 };
 
-// Writes the rows of a closing, all of them or none. On the main printer that is the counter, the row of _Tmp, the blank
-// turn and the step; on the alternate one CabeceraZ and DetalleZ in the place of the turn, over those of an earlier report
-// of the same range. False when they are not written; `error` then holds the words, unless a box has told them.
+// Writes the rows of a closing, all of them or none. On the main printer that is the counter, the row of _Tmp, the
+// blank turn and the step; on the alternate one CabeceraZ and DetalleZ in the place of the turn, over those of an
+// earlier report of the same range. False when they are not written; `error` then holds the words, unless a box has
+// told them.
 [[nodiscard]] bool GrabarCierreZ(Puesto& p, const CierreZ& c, const DatosReporte& d, QString& error);

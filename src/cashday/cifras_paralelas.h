@@ -38,6 +38,6 @@ struct CifrasParalelas {
   double nulosOC = 0, nulosOCMonto = 0;
 };
 
-// Adds the O/C to c.nItems and c.nVenta. `central` tells which advance payments were voided in the accounts; while it is
-// closed, or where a query fails, none counts as voided. Look at l.bien() afterwards.
+// Adds the O/C to c.nItems and c.nVenta. `central` tells which advance payments were voided in the accounts; while it
+// is closed, or where a query fails, none counts as voided. Look at l.bien() afterwards.
 CifrasParalelas LeerParalelas(Puesto& p, LectorReporte& l, Conexion& central, CifrasReporte& c);

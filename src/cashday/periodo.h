@@ -11,8 +11,8 @@ struct Periodo {
   QString sFiltroP;  // on OperacionParalela
 };
 
-// The day under way: above its watermarks, or by the open flag when one of them is blank. False when they can't be read,
-// the box has been shown and the open flag bounds the period.
+// The day under way: above its watermarks, or by the open flag when one of them is blank. False when they can't be
+// read, the box has been shown and the open flag bounds the period.
 bool LeerPeriodo(Puesto& p, Periodo& periodo);
 
 // A past day.

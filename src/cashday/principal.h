@@ -57,12 +57,12 @@ void PrepararOperacion(Puesto& p, Principal& v, PantallasPrincipal& pantallas);
 // Asks a supervisor; `acto` names in the title what is authorised. True, with v.bAcceso set, when there is one.
 bool AutorizarOperacion(Principal& v, PantallasPrincipal& pantallas, const QString& acto);
 
-// What the main window's status line tells: as everywhere, and the rate of the day also before anything has asked for it. A
-// rate that can't be read is left out without a word.
+// What the main window's status line tells: as everywhere, and the rate of the day also before anything has asked for
+// it. A rate that can't be read is left out without a word.
 DatosEstado EstadoPrincipal(Puesto& p);
 
-// The same before a screen of settings, which a supervisor who is logged in opens without being asked. An earlier consent
-// doesn't count.
+// The same before a screen of settings, which a supervisor who is logged in opens without being asked. An earlier
+// consent doesn't count.
 bool ExigirSupervisor(const Puesto& p, Principal& v, PantallasPrincipal& pantallas, const QString& acto);
 
 EstadoDia EstadoDelDia(const Puesto& p, const Principal& v);

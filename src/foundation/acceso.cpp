@@ -10,8 +10,8 @@
 
 namespace {
 
-// The wrong passwords of one user in a row, and when the last one came. They lie in a file of their own: a restart must not
-// begin anew, and what fails here keeps nobody out.
+// The wrong passwords of one user in a row, and when the last one came. They lie in a file of their own: a restart must
+// not begin anew, and what fails here keeps nobody out.
 class Errores {
  public:
   Errores(const Puesto& p, const QString& usuario)

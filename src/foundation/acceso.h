@@ -19,7 +19,7 @@ constexpr int kPerfilCajero = 3;
 constexpr int kClavesErradas = 5;
 constexpr int kEsperaClave_s = 60;
 
-// Looks for an active user of that name and password; blanks round either don't count. Shows nothing, but keeps count of
-// wrong passwords, over the end of the process too, and stores a plain password of an older desk as a hash once it
+// Looks for an active user of that name and password; blanks round either don't count. Shows nothing, but keeps count
+// of wrong passwords, over the end of the process too, and stores a plain password of an older desk as a hash once it
 // has let its user in. Nothing when the users can't be read; the box has been shown.
 [[nodiscard]] std::optional<Acceso> ProbarAcceso(Puesto& p, const QString& usuario, const QString& clave);

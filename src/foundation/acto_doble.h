@@ -1,10 +1,10 @@
 #pragma once
-// An act over two databases, the store and one server: it ends whole or not at all, also when the desk dies or the server
-// goes away in the middle, and it is never done twice.
+// An act over two databases, the store and one server: it ends whole or not at all, also when the desk dies or the
+// server goes away in the middle, and it is never done twice.
 //
-// The half that is committed first carries a row of Diario_Acto with all that the other half still takes; the other half
-// leaves a mark of the same name. Both rows go once both halves stand. What a death leaves is finished by the next opening
-// of that server (TerminarActos), which looks for the mark first.
+// The half that is committed first carries a row of Diario_Acto with all that the other half still takes; the other
+// half leaves a mark of the same name. Both rows go once both halves stand. What a death leaves is finished by the next
+// opening of that server (TerminarActos), which looks for the mark first.
 #include <QStringList>
 #include <vector>
 
@@ -17,8 +17,8 @@ enum class ServidorActo { Central, Cliente };
 struct ActoDoble {
   enum Orden { LocalPrimero, ServidorPrimero };  // whose commit comes first
 
-  // Names this one act among all of the desk, such as "puntos 01 001 123": while one of that name is unfinished no other
-  // begins.
+  // Names this one act among all of the desk, such as "puntos 01 001 123": while one of that name is unfinished no
+  // other begins.
   QString nombre;
   ServidorActo servidor = ServidorActo::Central;
   Orden orden = LocalPrimero;
@@ -43,12 +43,12 @@ struct ResultadoActo {
   ErrorBD error;  // why it is not Entero
 };
 
-// Does the act, with the server's connection of the session, which is opened when it is closed. No transaction may be open
-// on either. Shows nothing.
+// Does the act, with the server's connection of the session, which is opened when it is closed. No transaction may be
+// open on either. Shows nothing.
 [[nodiscard]] ResultadoActo EjecutarActo(Puesto& p, const ActoDoble& acto);
 
-// Finishes what earlier acts have left between the store and that server, open in `cnn`. True when nothing is left to do.
-// An act that a database refuses for good is taken back or, if it can't be, told once in a box; both are logged.
+// Finishes what earlier acts have left between the store and that server, open in `cnn`. True when nothing is left to
+// do. An act that a database refuses for good is taken back or, if it can't be, told once in a box; both are logged.
 bool TerminarActos(Puesto& p, ServidorActo servidor, Conexion& cnn);
 
 // At each opening of a database: TerminarActos, if it is a server that has not been looked at since something was left.

@@ -61,8 +61,8 @@ const Clave kEscritura[] = {
 };
 // clang-format on
 
-// A store that can't be reached or written now, as against one that lacks the setting's column: whatever comes next would
-// fail the same way.
+// A store that can't be reached or written now, as against one that lacks the setting's column: whatever comes next
+// would fail the same way.
 bool noResponde(const std::optional<ErrorBD>& error) { return error && error->numero != kErrorSentencia; }
 
 void decir(Puesto& p, const std::optional<ErrorBD>& error, const Sql& sql) {

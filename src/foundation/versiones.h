@@ -1,7 +1,7 @@
 #pragma once
 // The version of a database's tables, kept in its file (PRAGMA user_version), and the steps from each version to the
-// next. A new one is a new step at the end of a list, and the same change in the tables of an empty database; a test holds
-// the two against each other.
+// next. A new one is a new step at the end of a list, and the same change in the tables of an empty database; a test
+// holds the two against each other.
 #include <QDateTime>
 #include <QStringList>
 #include <optional>

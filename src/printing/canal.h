@@ -39,8 +39,8 @@ struct BloquesInforme {
 // closes the block without one.
 void AgregarLineaBloque(BloquesInforme& b, QString& linea);
 
-// Sends blocks 0 to `ultimo` raw, one file each, resting a second for each started 150 characters. Reset in front of the
-// first, feed and cut behind the last. The temp folder keeps <tronco>_ddmmyyyy.prn, the whole as sent.
+// Sends blocks 0 to `ultimo` raw, one file each, resting a second for each started 150 characters. Reset in front of
+// the first, feed and cut behind the last. The temp folder keeps <tronco>_ddmmyyyy.prn, the whole as sent.
 void ImprimirBloquesPuerto(Puesto& p, const BloquesInforme& b, int selector, int ultimo, const QString& tronco);
 
 // Sends the drawer pulse of the model ("SAMSUNG", "EPSON", "START", any case) to LPT1. Another word only empties the

@@ -55,8 +55,8 @@ void AbrirRapida(Puesto& p, CajaRegistradora& v);
 // that is gone or not on sale, and a store that can't be read.
 bool CapturaDatosProducto(Puesto& p, CajaRegistradora& v, int nCodigo);
 
-// The cashier leaves txtCantidad: blank is 1, a fraction is rounded. False, with the line as it was, when the text is no
-// quantity from 1 up, or is more than a shop sells and he said so; the field then shows the line's own again.
+// The cashier leaves txtCantidad: blank is 1, a fraction is rounded. False, with the line as it was, when the text is
+// no quantity from 1 up, or is more than a shop sells and he said so; the field then shows the line's own again.
 [[nodiscard]] bool SalirCantidad(Puesto& p, CajaRegistradora& v);
 
 // Shows the last line: article, quantity, value, and the sale's sum.

@@ -2,8 +2,8 @@
 // Operation codes and document numbers. A number is printed on fiscal paper, so the desk's own counter is never
 // trusted by itself: each number is held against what is stored here and what the central database has seen.
 //
-// Facturas and boletas share one run of numbers, in the boletas' row of Config_Documento; each type of parallel document
-// has its own.
+// Facturas and boletas share one run of numbers, in the boletas' row of Config_Documento; each type of parallel
+// document has its own.
 #include <QString>
 
 #include "store/codigos.h"
@@ -21,8 +21,8 @@ struct NombreLog {
 };
 inline const NombreLog kLogCajaFull{QStringLiteral("Error_Full_1"), QStringLiteral("Error_Full_1")};
 
-// The series of a type on a new desk, `caja`, where no other desk has the same. That of facturas is only in their own row:
-// they are numbered in the boletas' one.
+// The series of a type on a new desk, `caja`, where no other desk has the same. That of facturas is only in their own
+// row: they are numbered in the boletas' one.
 QString SerieInicial(TipoDocumento tipo, const QString& caja);
 
 // The next operation code of Operacion or, `paralela`, of OperacionParalela; 1 for an empty table. False when the store
@@ -30,11 +30,12 @@ QString SerieInicial(TipoDocumento tipo, const QString& caja);
 [[nodiscard]] bool CodigoOperacion(Puesto& p, bool paralela, qint64& codigo);
 
 // Series and next number as Config_Documento has them; those of a new desk without a row. Sets the session's series of
-// boletas or facturas. Writes nothing: the number is used up by GuardarNumeroDocumento. False when the row can't be read.
+// boletas or facturas. Writes nothing: the number is used up by GuardarNumeroDocumento. False when the row can't be
+// read.
 [[nodiscard]] bool LeerNumeroDocumento(Puesto& p, TipoDocumento tipo, NumeroDocumento& n);
 
-// The series that boletas carry, read from the store while the session has none yet. Makes no row: the first boleta does,
-// with its number.
+// The series that boletas carry, read from the store while the session has none yet. Makes no row: the first boleta
+// does, with its number.
 [[nodiscard]] bool SerieDeBoletas(Puesto& p, QString& serie);
 
 // Holds the number against the highest one stored and, for a fiscal document, the highest one of the central database,

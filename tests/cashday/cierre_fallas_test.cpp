@@ -92,8 +92,8 @@ TEST(CierreMuerto, GoesOnWhereItWasAndCountsOnce) {
   }
 }
 
-// The central database fails at one statement of the closing, or from it on: told once a step, the chain goes on, and the
-// totals are those of a quiet closing. Only the mark of the end holds the closing at its last step.
+// The central database fails at one statement of the closing, or from it on: told once a step, the chain goes on, and
+// the totals are those of a quiet closing. Only the mark of the end holds the closing at its last step.
 TEST(CierreSinCentral, EachFailureIsToldOnceAndTheChainGoesOn) {
   struct Central final : Motores {
     Central(Motores& m, PlanFallas& p, const QString& c) : reales(m), plan(p), cual(c) {}
@@ -249,8 +249,8 @@ TEST(CierreSinFiguras, StaysAtItsStep) {
   }
 }
 
-// A Z1 longer than the 21 blocks of a report: no line is lost; when the paper ends half way, or right at its start, that is
-// told once a paper and the day closes with the same totals.
+// A Z1 longer than the 21 blocks of a report: no line is lost; when the paper ends half way, or right at its start,
+// that is told once a paper and the day closes with the same totals.
 TEST(CierreLargo, LosesNoLineAndClosesWithoutPaper) {
   struct PapelQueSeAcaba final : PuertosQueMatan {
     using PuertosQueMatan::PuertosQueMatan;

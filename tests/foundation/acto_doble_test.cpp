@@ -1,4 +1,5 @@
-// An act over the store and a server, cut off wherever it can be: whole or not at all after the next start, never twice.
+// An act over the store and a server, cut off wherever it can be: whole or not at all after the next start, never
+// twice.
 #include "foundation/acto_doble.h"
 
 #include <gtest/gtest.h>

@@ -69,8 +69,8 @@ void exigirNumerosSanos(const PuestoDeObra& p) {
   EXPECT_TRUE(p.admin({QStringLiteral("verificar"), p.ruta()}).endsWith(u"[estado 0]\n"));
 }
 
-// Without the long run only the steps around the number and the rows have their turn; with it all that a sale has, up to
-// the first that is not there.
+// Without the long run only the steps around the number and the rows have their turn; with it all that a sale has, up
+// to the first that is not there.
 std::vector<int> pasosDeLaVenta() {
   if (!qEnvironmentVariableIsSet("TARVOPOS_LARGO")) return {1, 9, 15, 16, 17};
   std::vector<int> todos(60);
@@ -115,8 +115,8 @@ TEST_P(Registradoras, AKillAtAnyStepLeavesADeskThatStartsAndSellsOn) {
 }
 
 // Beside NAME.guion and NAME.salida, each only where a play needs it: NAME.antes, statements that come before it;
-// NAME.filas, a query and its rows in turn; NAME.papel, how the paper of LPT1 begins; NAME.renglones, "N:LINE" for a line
-// that stands N times on all paper.
+// NAME.filas, a query and its rows in turn; NAME.papel, how the paper of LPT1 begins; NAME.renglones, "N:LINE" for a
+// line that stands N times on all paper.
 class ObraDeCaja : public testing::TestWithParam<QString> {
  protected:
   QStringList lineas(const char* clase) const {

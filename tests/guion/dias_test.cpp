@@ -1,6 +1,6 @@
-// Whole days of the shop, played on a new desk: what the person is told, the rows of every table and both rolls of paper,
-// letter for letter. What stands beside a play was worked out from its keys, the price list and the layouts. And voids that a
-// kill interrupts.
+// Whole days of the shop, played on a new desk: what the person is told, the rows of every table and both rolls of
+// paper, letter for letter. What stands beside a play was worked out from its keys, the price list and the layouts. And
+// voids that a kill interrupts.
 #include <gtest/gtest.h>
 #include <QRegularExpression>
 
@@ -86,8 +86,8 @@ TEST(Anulacion, KilledAtAnyStepIsEndedByTheNextOne) {
   // clang-format on
 }
 
-// The closing of the day of two turns, killed on its way: after the next start it goes on, and what it leaves is what the
-// play without a kill leaves, once.
+// The closing of the day of two turns, killed on its way: after the next start it goes on, and what it leaves is what
+// the play without a kill leaves, once.
 TEST(Cierre, KilledAtAnyStepClosesTheSameDay) {
   const QString guion = leerTexto(kDias + QStringLiteral("/dos_turnos.guion"));
   const qsizetype hasta = guion.indexOf(QStringLiteral("# X-1 y X del segundo turno"));

@@ -9,8 +9,8 @@ struct DichoYHecho {
   QString hecho;  // a block a step
 };
 
-// A step begins with a line "## name" and ends before the next one. Its block is that line and the rows that differ since
-// the step before, tables by name, rows in the order of the table:
+// A step begins with a line "## name" and ends before the next one. Its block is that line and the rows that differ
+// since the step before, tables by name, rows in the order of the table:
 //   +Table column=value ...     a new row, all columns that aren't Null
 //   ~Table first=value ...      a row of the same first column, with the columns that have other values
 //   -Table first=value          a row that is gone

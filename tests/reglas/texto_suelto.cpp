@@ -1,5 +1,5 @@
-// What must not compile: a text on its way into a statement without a name for what it is. See CMakeLists.txt beside it;
-// CASO 0 is the way that it goes.
+// What must not compile: a text on its way into a statement without a name for what it is. See CMakeLists.txt beside
+// it; CASO 0 is the way that it goes.
 #include "platform/sql/sentencia.h"
 
 Sql unaSentencia(const QString& texto);

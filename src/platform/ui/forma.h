@@ -34,8 +34,8 @@ class Forma : public QDialog {
   // A note in the hint strip for a key that a control handles itself, or for a mnemonic.
   void indicio(const QString& texto);
 
-  // What tells that a comma was typed for a point. From now on no amount of the screen is left with one: the words come and
-  // its field keeps the keyboard. Called behind the last field.
+  // What tells that a comma was typed for a point. From now on no amount of the screen is left with one: the words come
+  // and its field keeps the keyboard. Called behind the last field.
   void vigilarComas(std::function<void()> avisar);
   // Whether no amount holds one; else the first that does is refused so. A screen asks before it reads its amounts.
   bool importesSinComa();
