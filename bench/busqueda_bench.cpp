@@ -21,13 +21,13 @@ const qint64 kArticulos = filas(50'000), kClientes = filas(200'000);
 
 struct PuestoGrande : PuestoPrueba {
   PuestoGrande() {
-    sembrar(
-        ses.psRutaBD,
-        q("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1) "
-          "INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, cCodCatalogo, nProdPrecUnit, cProdEstd,"
-          " nActivo) SELECT '01', i, 'ARTICULO ' || (i * 7919 % %1) || ' DE CAMPO', 'CORTA ' || i, 'CAT' || i, 4.5,"
-          " 1, 1 FROM n")
-            .arg(kArticulos));
+    sembrar(ses.psRutaBD,
+            q("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1) "
+              "INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, cCodCatalogo, nProdPrecUnit, "
+              "cProdEstd,"
+              " nActivo) SELECT '01', i, 'ARTICULO ' || (i * 7919 % %1) || ' DE CAMPO', 'CORTA ' || i, 'CAT' || i, 4.5,"
+              " 1, 1 FROM n")
+                .arg(kArticulos));
     sembrar(rutas.enPrograma(q("cliente.db")),
             q("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1) "
               "INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, iTipo) "

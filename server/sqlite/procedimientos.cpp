@@ -33,18 +33,21 @@ Error insertarCabeceraZ1(AccesoMotor& bd, const QVariantList& a, Recordset& rs) 
   if (a[1].toInt() == kCierreEnMarcha) {
     // clang-format off
     if (auto error = todas(bd, {
-            {"DELETE FROM TDETALLEZ1 WHERE nidZ1 IN (SELECT idZ1 FROM TCABECERAZ1 WHERE cCajaCodi = ? AND nidEstado = -1)", {a[0]}},
+            {"DELETE FROM TDETALLEZ1 WHERE nidZ1 IN (SELECT idZ1 FROM TCABECERAZ1 WHERE cCajaCodi = ? AND nidEstado "
+             "= -1)", {a[0]}},
             {"DELETE FROM TCABECERAZ1 WHERE cCajaCodi = ? AND nidEstado = -1", {a[0]}},
         })) return error;
   }
-  if (auto error = bd.ejecutar(QStringLiteral("INSERT INTO TCABECERAZ1 (cCajaCodi, nidEstado, dFecha) VALUES (?, ?, ?)"),
+  if (auto error = bd.ejecutar(QStringLiteral("INSERT INTO TCABECERAZ1 (cCajaCodi, nidEstado, dFecha) VALUES (?, ?, "
+                                              "?)"),
                                {a[0], a[1], FechaISO(bd.ahora())})) return error;
   return bd.consultar(QStringLiteral("SELECT last_insert_rowid() AS idZ1"), {}, rs);
 }
 
 // The mean price of each article over all its rows; Null where quantities cancel out.
 Error promediarMontosZ1(AccesoMotor& bd, const QVariantList& a, Recordset&) {
-  return bd.ejecutar(QStringLiteral("UPDATE TDETALLEZ1 SET nPrecioProm = (SELECT SUM(d.nMonto) / NULLIF(SUM(d.nProdCant), 0) "
+  return bd.ejecutar(QStringLiteral("UPDATE TDETALLEZ1 SET nPrecioProm = (SELECT SUM(d.nMonto) / "
+                                    "NULLIF(SUM(d.nProdCant), 0) "
                                     "FROM TDETALLEZ1 d WHERE d.nidZ1 = ? AND d.cProdCode = TDETALLEZ1.cProdCode) "
                                     "WHERE nidZ1 = ?"), {a[0], a[0]});
 }
@@ -75,7 +78,8 @@ Error limpiarCajaDia(AccesoMotor& bd, const QVariantList& a, Recordset&) {
   if (!dia) return noEsFecha(a[1]);
   const QVariantList valores = QVariantList{a[0]} + *dia;
   return todas(bd, {
-      {"DELETE FROM OperacionParalelaProducto WHERE cCajaCodi = ?1 AND cOperCode IN (SELECT cOperCode FROM OperacionParalela "
+      {"DELETE FROM OperacionParalelaProducto WHERE cCajaCodi = ?1 AND cOperCode IN (SELECT cOperCode FROM "
+       "OperacionParalela "
        "WHERE cCajaCodi = ?1 AND dOperFech >= ?2 AND dOperFech < ?3)", valores},
       {"DELETE FROM OperacionParalela WHERE cCajaCodi = ?1 AND dOperFech >= ?2 AND dOperFech < ?3", valores},
       {"DELETE FROM Operacion WHERE cCajaCodi = ?1 AND dOperFech >= ?2 AND dOperFech < ?3", valores},
@@ -84,7 +88,8 @@ Error limpiarCajaDia(AccesoMotor& bd, const QVariantList& a, Recordset&) {
 
 Error retornarIgv(AccesoMotor& bd, const QVariantList&, QVariant& valor) {
   Recordset rs;
-  if (auto error = bd.consultar(QStringLiteral("SELECT nmonto1 FROM parametro WHERE cCodParam = 'IGV'"), {}, rs)) return error;
+  if (auto error = bd.consultar(QStringLiteral("SELECT nmonto1 FROM parametro WHERE cCodParam = 'IGV'"), {},
+      rs)) return error;
   if (!rs[0].isNull()) valor = rs[0].toDouble() / 100;
   return {};
 }

@@ -24,9 +24,11 @@ constexpr Orden kOrdenes[] = {
      ordenCrearPuesto},
     {u"crear-central", u"sqlite:ARCHIVO [--almacen A]", u"crea la base central", ordenCrearCentral},
     {u"crear-cliente", u"sqlite:ARCHIVO", u"crea la base de clientes", ordenCrearCliente},
-    {u"respaldo", u"DIR ARCHIVO [--reemplazar]", u"copia la base del puesto, también con la caja en marcha", ordenRespaldo},
+    {u"respaldo", u"DIR ARCHIVO [--reemplazar]", u"copia la base del puesto, también con la caja en marcha",
+        ordenRespaldo},
     {u"verificar", u"DIR", u"revisa un puesto y escribe lo que encuentra", ordenVerificar},
-    {u"actualizar", u"DIR", u"pone al día las bases de un puesto hecho con un programa anterior; guarda antes una copia",
+    {u"actualizar", u"DIR", u"pone al día las bases de un puesto hecho con un programa anterior; guarda antes una "
+                             "copia",
      ordenActualizar},
     {u"sql", u"--puesto DIR --base local|central|cliente [--traducir]",
      u"lee sentencias de la entrada, una por línea, y responde cada una con una línea JSON", ordenSql},
@@ -44,7 +46,8 @@ void ayuda() {
               .arg(QString::fromUtf16(o.nombre), QString::fromUtf16(o.forma), QString::fromUtf16(o.ayuda)));
   }
   Decir(QStringLiteral(
-      "  ayuda\n      muestra esto, como --help\n  --version\n      muestra la versión\n\nSalida: 0 bien, 1 no se pudo hacer, 2 llamada incorrecta"));
+      "  ayuda\n      muestra esto, como --help\n  --version\n      muestra la versión\n\nSalida: 0 bien, 1 no se "
+      "pudo hacer, 2 llamada incorrecta"));
   Decir(QStringLiteral("        «guion» termina con el estado del programa cuando éste acaba por sí mismo\n"));
   Decir(QStringLiteral("Acciones de un guion, una por línea; «#» comenta:"));
   for (const QString& uso : usosDeAcciones()) Decir(QStringLiteral("  ") + uso);

@@ -230,10 +230,10 @@ class Verificacion {
                    .arg(t, fila[1], maximo));
       }
     }
-    for (
-        const QStringList& f : filas(QStringLiteral(
-            "SELECT cSerieDoc, group_concat(cTipoDoc, ', ') FROM Config_Documento WHERE trim(ifnull(cSerieDoc, '')) <> '' "
-            "GROUP BY cSerieDoc HAVING count(*) > 1 AND max(cTipoDoc NOT IN ('01', '02'))"))) {
+    for (const QStringList& f : filas(QStringLiteral(
+             "SELECT cSerieDoc, group_concat(cTipoDoc, ', ') FROM Config_Documento WHERE trim(ifnull(cSerieDoc, '')) "
+             "<> '' "
+             "GROUP BY cSerieDoc HAVING count(*) > 1 AND max(cTipoDoc NOT IN ('01', '02'))"))) {
       hallar(QStringLiteral("Config_Documento: las filas %1 comparten la serie %2.").arg(f[1], f[0]));
     }
   }

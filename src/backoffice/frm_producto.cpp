@@ -13,13 +13,17 @@ std::vector<CampoDetalle> camposDe(DetalleProducto& v) {
   // clang-format off
   return {
       {C::Texto, QStringLiteral("txtCodigo"), QStringLiteral("&Código"), &v.txtCodigo, nullptr, {.fijo = true}},
-      {C::Texto, QStringLiteral("txtDescripcion"), QStringLiteral("&Descripción"), &v.txtDescripcion, nullptr, {.filtro = mayusculas}},
-      {C::Texto, QStringLiteral("txtCorta"), QStringLiteral("Descripción Corta"), &v.txtCorta, nullptr, {.filtro = mayusculas}},
-      {C::Importe, QStringLiteral("txtPUnitario"), QStringLiteral("&Prec. Unit."), &v.txtPUnitario, nullptr, {.filtro = decimal,
+      {C::Texto, QStringLiteral("txtDescripcion"), QStringLiteral("&Descripción"), &v.txtDescripcion, nullptr,
+          {.filtro = mayusculas}},
+      {C::Texto, QStringLiteral("txtCorta"), QStringLiteral("Descripción Corta"), &v.txtCorta, nullptr,
+          {.filtro = mayusculas}},
+      {C::Importe, QStringLiteral("txtPUnitario"), QStringLiteral("&Prec. Unit."), &v.txtPUnitario, nullptr,
+          {.filtro = decimal,
        .mascara = MascaraPrecio}},
       {C::Opciones, QStringLiteral("optActivo"), QStringLiteral("Estado|Activo|Inactivo"), nullptr, &v.activo},
       {C::Marca, QStringLiteral("chkFicha"), QStringLiteral("Fichas"), nullptr, &v.chkFicha},
-      {C::Importe, QStringLiteral("txtFichas"), QStringLiteral("Número de fichas"), &v.txtFichas, nullptr, {.filtro = digitos}},
+      {C::Importe, QStringLiteral("txtFichas"), QStringLiteral("Número de fichas"), &v.txtFichas, nullptr,
+          {.filtro = digitos}},
       {C::Marca, QStringLiteral("chkCanje"), QStringLiteral("Canje"), nullptr, &v.chkCanje},
       {C::Marca, QStringLiteral("chkControl"), QStringLiteral("Control de Stock"), nullptr, &v.chkControl},
   };

@@ -8,7 +8,8 @@ std::vector<CampoDetalle> camposDe(TipoCambio& v) {
   // clang-format off
   return {
       // The rate of another day is another row.
-      {CampoDetalle::Texto, QStringLiteral("txtFecha"), QStringLiteral("&Fecha"), &v.txtFecha, nullptr, {.mascara = MascaraFecha,
+      {CampoDetalle::Texto, QStringLiteral("txtFecha"), QStringLiteral("&Fecha"), &v.txtFecha, nullptr,
+          {.mascara = MascaraFecha,
        .fijo = v.modo == ModoDetalle::Editar}},
       {CampoDetalle::Importe, QStringLiteral("txtTC"), QStringLiteral("&Tipo Cambio"), &v.txtTC,
        nullptr, {.filtro = {ClaseTecla::Decimal}, .mascara = MascaraTipoCambio}},

@@ -7,10 +7,13 @@ std::vector<CampoDetalle> camposDe(DetalleUsuario& v) {
   // clang-format off
   return {
       // Another name would be another row.
-      {C::Texto, QStringLiteral("txtUsuario"), QStringLiteral("&Usuario"), &v.txtUsuario, nullptr, {.fijo = v.modo == ModoDetalle::Editar}},
+      {C::Texto, QStringLiteral("txtUsuario"), QStringLiteral("&Usuario"), &v.txtUsuario, nullptr,
+          {.fijo = v.modo == ModoDetalle::Editar}},
       {C::Clave, QStringLiteral("txtPassword"), QStringLiteral("&Password"), &v.txtPassword},
-      {C::Clave, QStringLiteral("txtReingresarPassword"), QStringLiteral("&Reingresar Password"), &v.txtReingresarPassword},
-      {C::Eleccion, QStringLiteral("dcbPerfil"), QStringLiteral("Per&fil"), &v.dcbPerfil, nullptr, {.entradas = v.perfiles}},
+      {C::Clave, QStringLiteral("txtReingresarPassword"), QStringLiteral("&Reingresar Password"),
+          &v.txtReingresarPassword},
+      {C::Eleccion, QStringLiteral("dcbPerfil"), QStringLiteral("Per&fil"), &v.dcbPerfil, nullptr,
+          {.entradas = v.perfiles}},
       {C::Texto, QStringLiteral("txtApellidos"), QStringLiteral("Ape&llidos"), &v.txtApellidos},
       {C::Texto, QStringLiteral("txtNombres"), QStringLiteral("&Nombres"), &v.txtNombres},
       {C::Opciones, QStringLiteral("optActivo"), QStringLiteral("Estado|Activo|Inactivo"), nullptr, &v.activo},

@@ -72,7 +72,8 @@ SentenciasDetalle sentencias(const Puesto&, const TipoCambio& v) {
   return {FormatearSQL(u"INSERT INTO Tipo_Cambio (dTipoCambFech, nTipoCambMont) VALUES ('$', '$')"_sql,
                        {Texto(v.txtFecha), Texto(monto)}),
           FormatearSQL(u"UPDATE Tipo_Cambio SET nTipoCambMont = '$' "
-                                      "WHERE FORMAT(dTipoCambFech,'dd/mm/yyyy') = '$'"_sql, {Texto(monto), Texto(v.txtFecha)}),
+                                      "WHERE FORMAT(dTipoCambFech,'dd/mm/yyyy') = '$'"_sql, {Texto(monto),
+                                          Texto(v.txtFecha)}),
           FormatearSQL(u"DELETE * FROM Tipo_Cambio WHERE format(dTipoCambFech,'dd/mm/yyyy') = '$'"_sql,
                        {Texto(v.txtFecha)})};
 }

@@ -44,7 +44,8 @@ bool validar(Puesto& p, DetalleUsuario& v) {
   if (!Comprobar(p, {
           {Recortar(v.txtUsuario).isEmpty(), u"txtUsuario", u"Ingresar Nombre de Usuario"},
           {Recortar(v.txtReingresarPassword).isEmpty(), u"txtReingresarPassword", u"Reingresar Password de Usuario"},
-          {aMedias || v.txtPassword != v.txtReingresarPassword, u"txtReingresarPassword", u"Password reingresado incorrecto"},
+          {aMedias || v.txtPassword != v.txtReingresarPassword, u"txtReingresarPassword",
+              u"Password reingresado incorrecto"},
           {v.dcbPerfil.isEmpty(), u"dcbPerfil", u"Seleccionar Perfil"},
           {Recortar(v.txtApellidos).isEmpty(), u"txtApellidos", u"Ingresar Apellidos"},
           {Recortar(v.txtNombres).isEmpty(), u"txtNombres", u"Ingresar Nombres"},

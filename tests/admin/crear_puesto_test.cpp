@@ -79,7 +79,11 @@ TEST_F(CrearPuestoPrueba, ASecondDeskSharesTheServersOfTheFirst) {
 
 TEST_F(CrearPuestoPrueba, AFailureLeavesNothingHalfMade) {
   // clang-format off
-  const struct { const char* porque; void (*estorbo)(CrearPuestoPrueba&, DatosPuesto&); const char* queda; } kCasos[] = {
+  const struct {
+    const char* porque;
+    void (*estorbo)(CrearPuestoPrueba&, DatosPuesto&);
+    const char* queda;
+  } kCasos[] = {
       {"the first step fails", [](CrearPuestoPrueba&, DatosPuesto& d) { d.central = u8("sqlite:no/hay/c.db"); }, ""},
       {"the second fails", [](CrearPuestoPrueba&, DatosPuesto& d) { d.cliente = u8("sqlite:no/hay/c.db"); }, ""},
       // A folder that can't be removed stands where the last file is to be made.
@@ -103,8 +107,9 @@ TEST_F(CrearPuestoPrueba, AFailureLeavesNothingHalfMade) {
 TEST_F(CrearPuestoPrueba, BadDataAreRefusedBeforeAnythingIsMade) {
   // clang-format off
   const QHash<QString, QString DatosPuesto::*> campos{
-      {u8("caja"), &DatosPuesto::caja}, {u8("almacen"), &DatosPuesto::almacen}, {u8("servicio"), &DatosPuesto::servicio},
-      {u8("central"), &DatosPuesto::central}, {u8("cliente"), &DatosPuesto::cliente}, {u8("clave"), &DatosPuesto::clave}};
+      {u8("caja"), &DatosPuesto::caja}, {u8("almacen"), &DatosPuesto::almacen},
+      {u8("servicio"), &DatosPuesto::servicio}, {u8("central"), &DatosPuesto::central},
+      {u8("cliente"), &DatosPuesto::cliente}, {u8("clave"), &DatosPuesto::clave}};
   for (const auto& c : leerCasos("admin/datos_malos")) {
     SCOPED_TRACE(c.donde());
     DatosPuesto d = datos(en("p"));

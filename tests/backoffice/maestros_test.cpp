@@ -14,10 +14,11 @@ namespace {
 void conUsuarios(PuestoPrueba& p) {
   p.ejecuta("INSERT INTO Perfil (cPerfCode, sPerfDesc) VALUES (1, 'SUPERVISOR')");
   p.ejecuta("INSERT INTO Perfil (cPerfCode, sPerfDesc) VALUES (2, 'CAJERO')");
+  p.ejecuta("INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName) VALUES ('CAJERO', 'caja', 2, "
+            "'RÍOS', 'ANA')");
   p.ejecuta(
-      "INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName) VALUES ('CAJERO', 'caja', 2, 'RÍOS', 'ANA')");
-  p.ejecuta(
-      "INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName) VALUES ('ROSA', 'r', 1, 'PEÑA', 'ÑUSTA')");
+      "INSERT INTO Usuario (sUserDesc, sUserPass, cPerfCode, sUserApel, sUserName) VALUES ('ROSA', 'r', 1, 'PEÑA', "
+      "'ÑUSTA')");
   p.ses.psUsuario = "cajero";  // as he typed it at the login
 }
 

@@ -33,7 +33,8 @@ TEST(Productos, AreStoredByTheMode) {
   const struct { const char* porque; DetalleProducto v; bool canje; QString queda; } casos[] = {
       {"new, price over a thousand", producto(ModoDetalle::Nuevo, "102", " D'ONOFRIO ", "1,234.505"), false,
        cafe + "\n01|102|D'ONOFRIO|D'ONOFRIO|1234.51|1|0|0|0|0|1|0"},
-      {"edit keeps the server's flags", producto(ModoDetalle::Editar, "101", "TE", "3.5"), false, "01|101|TE|TE|3.5|1|0|0|0|0|1|1"},
+      {"edit keeps the server's flags", producto(ModoDetalle::Editar, "101", "TE", "3.5"), false,
+          "01|101|TE|TE|3.5|1|0|0|0|0|1|1"},
       {"redeemed: no price", producto(ModoDetalle::Editar, "101", "TE", "3.5"), true, "01|101|TE|TE|0|1|1|50|1|0|1|1"},
       {"delete", producto(ModoDetalle::Borrar, "101", "CAFE", "10"), false, ""},
       {"view", producto(ModoDetalle::Ver, "101", "", ""), false, cafe},

@@ -44,10 +44,12 @@ QString comoTexto(const std::vector<RenglonTotal>& renglones) {
 TEST(Totales, SaleByKindAndDocument) {
   // clang-format off
   const QHash<QString, ClaseDocumento> clases{
-      {q("exacta"), ClaseDocumento::VentaExacta}, {q("con vuelto"), ClaseDocumento::VentaConVuelto}, {q("voucher"), ClaseDocumento::VentaVoucher}};
+      {q("exacta"), ClaseDocumento::VentaExacta}, {q("con vuelto"), ClaseDocumento::VentaConVuelto}, {q("voucher"),
+          ClaseDocumento::VentaVoucher}};
   const auto dinero = [](const QString& t) {
     const QStringList n = t.split(u' ');
-    return EfectivoDocumento{n.value(0).toDouble(), n.value(1).toDouble(), n.value(2).toDouble(), n.value(3).toDouble()};
+    return EfectivoDocumento{n.value(0).toDouble(), n.value(1).toDouble(), n.value(2).toDouble(),
+        n.value(3).toDouble()};
   };
   // clang-format on
   for (const auto& c : leerCasos("documento/totales")) {

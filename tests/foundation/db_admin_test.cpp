@@ -71,12 +71,14 @@ TEST(Sql, ValuesAreEscapedForTheDatabaseTheyGoTo) {
       {"quoted and bare Null", FormatearSQL(u"('$', $)"_sql, {Valor(), QDateTime()}), "(Null, Null)", nullptr},
       {"wrapping stays for a value", FormatearSQL(u"CONVERT(DATETIME,'$',120)"_sql, {Texto("2025")}),
        "CONVERT(DATETIME,'2025',120)", nullptr},
-      {"trimmed; an empty text is no Null", FormatearSQL(u"'$','$'"_sql, {Texto("  a b "), Texto("")}), "'a b',''", nullptr},
+      {"trimmed; an empty text is no Null", FormatearSQL(u"'$','$'"_sql, {Texto("  a b "), Texto("")}), "'a b',''",
+          nullptr},
       {"numbers without a mask", FormatearSQL(u"$,$,$"_sql, {0.1 + 0.2, true, qint64{-27}}), "0.3,1,-27", nullptr},
       {"a quote", FormatearSQL(u"'$'"_sql, {Texto("O'Neil")}), "'O' + Chr(39) + 'Neil'", "'O''Neil'"},
       {"a text in a bare place gets quotes", FormatearSQL(u"a=$"_sql, {Texto("1' OR 1='1")}),
        "a='1' + Chr(39) + ' OR 1=' + Chr(39) + '1'", "a='1'' OR 1=''1'"},
-      {"digits stand bare", FormatearSQL(u"a=$ AND b=$"_sql, {Cifras("007"), Cifras(" -1.50 ")}), "a=007 AND b=-1.50", nullptr},
+      {"digits stand bare", FormatearSQL(u"a=$ AND b=$"_sql, {Cifras("007"), Cifras(" -1.50 ")}), "a=007 AND b=-1.50",
+          nullptr},
       {"no digits: a name that no table has", FormatearSQL(u"a=$ OR b=$"_sql, {Cifras("a] OR 1=1"), Cifras("")}),
        "a=[?a OR 1=1] OR b=[?]", nullptr},
       {"a name; anything else is none that a table has",
@@ -87,7 +89,8 @@ TEST(Sql, ValuesAreEscapedForTheDatabaseTheyGoTo) {
        "a='$' AND sProdDesc LIKE '%D' + Chr(39) + 'Oro $ {f}%'", "a='$' AND sProdDesc LIKE '%D''Oro $ {f}%'"},
       {"pieces joined", UnirSql({u"a"_sql, condicion, u"{b}"_sql}, u" OR "_sql).con(u"{b}"_sql, Sql()),
        "a OR sProdDesc LIKE '%D' + Chr(39) + 'Oro $ {f}%' OR ", "a OR sProdDesc LIKE '%D''Oro $ {f}%' OR "},
-      {"a piece between quotes is a text", FormatearSQL(u"'$'"_sql, {u"'a'"_sql}), "'' + Chr(39) + 'a' + Chr(39) + ''", "'''a'''"},
+      {"a piece between quotes is a text", FormatearSQL(u"'$'"_sql, {u"'a'"_sql}),
+          "'' + Chr(39) + 'a' + Chr(39) + ''", "'''a'''"},
   };
   // clang-format on
   for (const auto& c : kCasos) {
@@ -145,7 +148,8 @@ TEST(DBAdmin, ASaleWaitsForASilentServerOnceAMinute) {
 
 TEST(Rutinas, KeysPassOrAreRefused) {
   // clang-format off
-  const struct { const char *porque; std::initializer_list<ClaseTecla> clases; const char *escrito, *queda; } kCasos[] = {
+  const struct { const char *porque; std::initializer_list<ClaseTecla> clases; const char *escrito,
+      *queda; } kCasos[] = {
       {"letters raised", {ClaseTecla::Letras, ClaseTecla::Mayusculas}, "aÑo1.é,", "AÑO.É"},
       {"decimal lets points pass", {ClaseTecla::Decimal}, "1.2.x-3 ", "1.2.3 "},
       {"digits", {ClaseTecla::Digitos}, "0.a1 ", "01 "},

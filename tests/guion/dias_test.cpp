@@ -37,7 +37,8 @@ INSTANTIATE_TEST_SUITE_P(Dias, Dia, testing::ValuesIn(obrasDe(kDias)),
                          [](const auto& obra) { return obra.param.toStdString(); });
 
 const QByteArray kHastaLaVenta =
-    "inicia\nespera frmPassword\nescribe txtUsuario CAJERO\nescribe txtPassword caja\ntecla Enter\nespera frmPrincipal\n";
+    "inicia\nespera frmPassword\nescribe txtUsuario CAJERO\nescribe txtPassword caja\ntecla Enter\nespera "
+    "frmPrincipal\n";
 
 // Killed on its way, a void is ended by the next one: no row twice, none left. What the paper or the points had not got
 // by then they don't get.
@@ -52,7 +53,8 @@ TEST(Anulacion, KilledAtAnyStepIsEndedByTheNextOne) {
                          "espera frmCajaRegistradoraFull\nescribe txtTarjeta 1\ntecla Enter\ncelda TDBGrid1 1 1 101\n"
                          "tecla Alt+D\ncelda TDBGrid1 2 1 303\ntecla Ctrl+Enter\n"
                          "tecla Alt+O\ntecla Down 4\nescribe txtPagoAdelantado 30\ntecla Ctrl+Enter\n"
-                         "tecla Alt+O\ntecla Down 3\ncelda TDBGrid1 1 1 101\nescribe txtPADE 1\ntecla Enter\ntecla Ctrl+Enter\n"
+                         "tecla Alt+O\ntecla Down 3\ncelda TDBGrid1 1 1 101\nescribe txtPADE 1\ntecla Enter\ntecla "
+                         "Ctrl+Enter\n"
                          "tecla Alt+O\ntecla Down 6\nescribe txtTXL(0) 1\ntecla Enter\ntecla Enter\n"
                          "escribe txtEfectivoSoles 10\ntecla Enter\ntecla Ctrl+Enter\ntecla Ctrl+Enter\n")
                   .endsWith(u"ok\n[estado 0]\n"));
@@ -65,7 +67,8 @@ TEST(Anulacion, KilledAtAnyStepIsEndedByTheNextOne) {
                              "escribe txtPassword super\n" + c.responde;
     const QString queda = QStringLiteral(
         "SELECT (SELECT COUNT(*) FROM Operacion WHERE cOperCodeAnula = %1 AND nProdCant < 0), (SELECT COUNT(*) FROM "
-        "Operacion WHERE cOperCode = %1 AND cOperFlagAnula = 0), (SELECT COUNT(*) FROM OperacionParalela WHERE cOperTipo = 24), "
+        "Operacion WHERE cOperCode = %1 AND cOperFlagAnula = 0), (SELECT COUNT(*) FROM OperacionParalela WHERE "
+        "cOperTipo = 24), "
         "(SELECT COUNT(*) FROM OperacionParalela WHERE cEstado = '1') FROM Configuracion").arg(c.codigo);
     int n = 2, repetidas = 0;
     for (bool muere = true; muere; n += salto) {

@@ -51,8 +51,10 @@ TEST_F(Perfil, ReadsAsThePrivateProfileFormIsRead) {
 TEST_F(Perfil, WritingTouchesOneLineOnly) {
   // clang-format off
   const struct { const char *porque, *antes, *clave, *valor, *despues; } kCasos[] = {
-      {"changed in place", "; nota\r\n[p]\r\n Caja =1 \r\nb=2\r\n", "CAJA", "9", "; nota\r\n[p]\r\n Caja =9\r\nb=2\r\n"},
-      {"added before the blank line", "[p]\r\na=1\r\n\r\n[q]\r\na=3\r\n", "n", "2", "[p]\r\na=1\r\nn=2\r\n\r\n[q]\r\na=3\r\n"},
+      {"changed in place", "; nota\r\n[p]\r\n Caja =1 \r\nb=2\r\n", "CAJA", "9",
+          "; nota\r\n[p]\r\n Caja =9\r\nb=2\r\n"},
+      {"added before the blank line", "[p]\r\na=1\r\n\r\n[q]\r\na=3\r\n", "n", "2",
+          "[p]\r\na=1\r\nn=2\r\n\r\n[q]\r\na=3\r\n"},
       {"a section that is missing", "[q]\r\na=3", "n", "2", "[q]\r\na=3\r\n[P]\r\nn=2\r\n"},
       {"an empty file", "", "n", "2", "[P]\r\nn=2\r\n"},
       {"the file's own line ends", "[p]\nn=1\n", "n", "2", "[p]\nn=2\n"},

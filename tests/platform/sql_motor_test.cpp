@@ -52,7 +52,8 @@ TEST(Motor, OpensOnlyWhatIsADatabase) {
   const QByteArray bueno = original.readAll();
   // clang-format off
   const struct { const char* porque; QByteArray bytes; } kAjenos[] = {
-      {"empty", {}}, {"text", "hola"}, {"cut in the header", bueno.left(60)}, {"cut behind the first page", bueno.left(4096)},
+      {"empty", {}}, {"text", "hola"}, {"cut in the header", bueno.left(60)}, {"cut behind the first page",
+          bueno.left(4096)},
       {"header, then noise", bueno.left(100) + QByteArray(8092, 'x')}};
   for (const auto& a : kAjenos) {
     SCOPED_TRACE(a.porque);
@@ -186,8 +187,10 @@ TEST(Motor, WhatAConnectionLearntFallsWithTheTables) {
       {"numbers add", {u8("CREATE TABLE S (a INTEGER)"), inserta}, "6"},
       {"the same again", {}, "6"},
       {"texts join", {u8("DROP TABLE S"), u8("CREATE TABLE S (a TEXT)"), inserta}, "33"},
-      {"undone by words", {u8("BEGIN"), u8("DROP TABLE S"), u8("CREATE TABLE S (a INTEGER)"), inserta, suma, u8("ROLLBACK")}, "33"},
-      {"the same number of changes, others", {u8("DROP TABLE S"), u8("CREATE TABLE S (b TEXT, a TEXT)"), u8("INSERT INTO S VALUES ('4', '5')")}, "55"},
+      {"undone by words", {u8("BEGIN"), u8("DROP TABLE S"), u8("CREATE TABLE S (a INTEGER)"), inserta, suma,
+          u8("ROLLBACK")}, "33"},
+      {"the same number of changes, others", {u8("DROP TABLE S"), u8("CREATE TABLE S (b TEXT, a TEXT)"),
+          u8("INSERT INTO S VALUES ('4', '5')")}, "55"},
   };
   // clang-format on
   Banco b(true, kTabla);

@@ -10,7 +10,8 @@ TEST(Sentencias, AllOfThemRunOnTheirTables) {
   opciones.procedimientos = procedimientosDeServidores();
   // clang-format off
   const struct { const char* base; bool jet; QStringList tablas; qsizetype almenos; } kBases[] = {
-      {"local", true, tablasDelPuesto(), 140}, {"central", false, tablasDelCentral(), 45}, {"cliente", false, tablasDelCliente(), 20}};
+      {"local", true, tablasDelPuesto(), 140}, {"central", false, tablasDelCentral(), 45}, {"cliente", false,
+          tablasDelCliente(), 20}};
   for (const auto& k : kBases) {
     SCOPED_TRACE(k.base);
     Banco b(k.jet, k.tablas, opciones);
@@ -20,7 +21,8 @@ TEST(Sentencias, AllOfThemRunOnTheirTables) {
       Recordset rs;
       ASSERT_FALSE(b.cnn.iniciar());
       const auto e = b.cnn.consultar(s, rs);
-      EXPECT_FALSE(e) << s.toStdString() << "\n" << b.cnn.traducir(s).toStdString() << "\n" << e.value_or(ErrorBD{}).descripcion.toStdString();
+      EXPECT_FALSE(e) << s.toStdString() << "\n" << b.cnn.traducir(s).toStdString() << "\n"
+          << e.value_or(ErrorBD{}).descripcion.toStdString();
       ASSERT_FALSE(b.cnn.deshacer());
     }
   }

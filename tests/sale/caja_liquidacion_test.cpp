@@ -104,8 +104,8 @@ TEST_F(Liquidacion, ADifferenceNeedsItsCash) {
   EXPECT_FALSE(v.liquidacion);
   EXPECT_EQ(
       q("101|3|15|02\n102|3|15|02\n0|3|15|02"),
-      p.filas(q(
-          "SELECT cProdCode, cOperTipo, cOperCodeAnula, cDocTipo FROM Operacion WHERE cDocTipo<>'14' ORDER BY cOperID")));
+      p.filas(q("SELECT cProdCode, cOperTipo, cOperCodeAnula, cDocTipo FROM Operacion WHERE cDocTipo<>'14' ORDER BY "
+                "cOperID")));
 }
 
 TEST_F(Liquidacion, AnOrderMayCloseItAndALaterOneIsFree) {

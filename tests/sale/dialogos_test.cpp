@@ -150,7 +150,13 @@ TEST(Contiene, AgreesWithTheGeneralMatcher) {
 TEST(Retiro, TheReceiptIsThePaperWeExpect) {
   const QDateTime momento(QDate(2026, 11, 25), QTime(9, 5));
   // clang-format off
-  const struct { const char* papel; QStringList cabecera; double monto; const char* usuario; qint64 codigo; } kCasos[] = {
+  const struct {
+    const char* papel;
+    QStringList cabecera;
+    double monto;
+    const char* usuario;
+    qint64 codigo;
+  } kCasos[] = {
       {"con_cabecera.txt", {q("TARVO S.A.C."), q("   "), q("JR. LOS ÑANDÚES 145 - SURQUILLO - LIMA")}, 1234567.5,
        "CAJERO PRINCIPAL", 1234567},
       {"sin_cabecera.txt", {}, 0, "ANA", 12}};
@@ -159,7 +165,8 @@ TEST(Retiro, TheReceiptIsThePaperWeExpect) {
     const DocumentoImpreso recibo = ReciboRetiro(c.cabecera, c.monto, q(c.usuario), c.codigo, momento);
     EXPECT_TRUE(recibo.partes[2].puntos == 9 && recibo.partes[2].negrita);
     const QString texto = recibo.textos().join(u'\n');
-    EXPECT_EQ(leerGolden(q("retiros/") + q(c.papel)).replace("\r\n", "\n"), AUnByte(texto).replace("\r\n", "\n") + '\n');
+    EXPECT_EQ(leerGolden(q("retiros/") + q(c.papel)).replace("\r\n", "\n"), AUnByte(texto).replace("\r\n",
+        "\n") + '\n');
   }
   // clang-format on
 }

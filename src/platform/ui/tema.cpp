@@ -84,7 +84,8 @@ QLabel[papel="titulo"] { font-size: 12pt; font-weight: 600; }
 QLabel[papel="sentencia"] { font-size: 12pt; color: @tinta; }
 QLabel[papel="suave"] { font-size: 11pt; color: @tintaSuave; }
 QLabel[papel="bien"] { font-size: 11pt; color: @bien; font-weight: 600; }
-QLabel[papel="cuidado"] { font-size: 12pt; color: @cuidado; background: @fondoCuidado; padding: 8px 12px; border-radius: 4px; }
+QLabel[papel="cuidado"] { font-size: 12pt; color: @cuidado; background: @fondoCuidado; padding: 8px 12px;
+    border-radius: 4px; }
 QLabel[papel="alto"] { font-size: 11pt; color: @alto; font-weight: 600; }
 
 QFrame[papel="tarjeta"] { background: @superficie; border: 1px solid @linea; border-radius: 6px; }
@@ -96,7 +97,8 @@ QFrame[papel="pantalla"] QLabel[papel="cifra"], QFrame[papel="pantalla"] QLineEd
   font-size: 36pt; font-weight: 700; color: @cifra; }
 QFrame[papel="pantalla"] QLabel[papel="vuelto"], QFrame[papel="pantalla"] QLineEdit[papel="vuelto"] {
   font-size: 28pt; font-weight: 700; color: @vuelto; }
-QFrame[papel="pantalla"] QLineEdit { color: #FFFFFF; background: transparent; border: 0px; font-size: 18pt; min-height: 0px; }
+QFrame[papel="pantalla"] QLineEdit { color: #FFFFFF; background: transparent; border: 0px; font-size: 18pt;
+    min-height: 0px; }
 QFrame[papel="estado"] { background: @superficie; border: 0px; border-top: 1px solid @linea; }
 QFrame[papel="estado"] QLabel { font-size: 11pt; color: @tintaSuave; }
 QFrame[papel="estado"] QLabel[papel="bien"] { color: @bien; }
@@ -113,7 +115,8 @@ QLineEdit:read-only, QLineEdit:disabled, QComboBox:disabled, QPlainTextEdit:read
 QPlainTextEdit[papel="rollo"] {
   background: @superficie; color: @tinta; font-family: "Courier New", "DejaVu Sans Mono", monospace; padding: 8px; }
 QLineEdit[papel="pendiente"] { background: #FFFF00; color: @tinta; }
-QLineEdit[estado="mal"], QComboBox[estado="mal"], QPlainTextEdit[estado="mal"] { border: 2px solid @alto; padding: 0px 7px; }
+QLineEdit[estado="mal"], QComboBox[estado="mal"], QPlainTextEdit[estado="mal"] { border: 2px solid @alto;
+    padding: 0px 7px; }
 QComboBox::drop-down { border: 0px; width: 28px; }
 QComboBox::down-arrow { image: url(:/iconos/flecha.svg); width: 12px; height: 12px; }
 QComboBox QLineEdit { border: 0px; background: transparent; padding: 0px; min-height: 0px; }
@@ -125,9 +128,11 @@ QPushButton {
 QPushButton:hover { background: @fondo; }
 QPushButton:pressed { background: @fondoFijo; }
 QPushButton:disabled { background: @fondoFijo; color: @fijo; border-color: @linea; }
-QPushButton[papel="principal"], QPushButton[papel="grande"] { background: @accion; color: #FFFFFF; border-color: @accion; }
+QPushButton[papel="principal"], QPushButton[papel="grande"] { background: @accion; color: #FFFFFF;
+    border-color: @accion; }
 QPushButton[papel="principal"]:pressed, QPushButton[papel="grande"]:pressed { background: @pantalla; }
-QPushButton[papel="principal"]:disabled, QPushButton[papel="grande"]:disabled { background: @fondoFijo; color: @fijo; border-color: @linea; }
+QPushButton[papel="principal"]:disabled, QPushButton[papel="grande"]:disabled { background: @fondoFijo; color: @fijo;
+    border-color: @linea; }
 QPushButton[papel="grande"], QPushButton[papel="mediano"] { font-size: 14pt; min-height: 56px; padding: 0px 28px; }
 QPushButton[papel="accion"] { font-size: 11pt; padding: 0px 8px; min-height: 44px; }
 QPushButton[papel="tecla"] { background: @teclaLibre; min-width: 94px; min-height: 62px; padding: 0px 4px; }
@@ -158,12 +163,15 @@ QHeaderView::section {
   border: 0px; border-right: 1px solid @linea; border-bottom: 1px solid @lineaCampo; }
 
 QTabWidget::pane { background: @superficie; border: 1px solid @linea; border-radius: 4px; top: -1px; }
-QTabBar::tab { background: @fondoFijo; color: @tintaSuave; border: 1px solid @linea; padding: 6px 16px; font-size: 12pt; }
+QTabBar::tab { background: @fondoFijo; color: @tintaSuave; border: 1px solid @linea; padding: 6px 16px;
+    font-size: 12pt; }
 QTabBar::tab:disabled { color: @lineaCampo; }
 QTabBar::tab:selected { background: @superficie; color: @tinta; border-bottom-color: @superficie; font-weight: 600; }
-QGroupBox { background: @superficie; border: 1px solid @linea; border-radius: 6px; margin-top: 12px; padding-top: 10px; }
+QGroupBox { background: @superficie; border: 1px solid @linea; border-radius: 6px; margin-top: 12px;
+    padding-top: 10px; }
 QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0px 4px; color: @tintaSuave; }
-QProgressBar { border: 1px solid @linea; border-radius: 4px; background: @superficie; text-align: center; min-height: 22px; }
+QProgressBar { border: 1px solid @linea; border-radius: 4px; background: @superficie; text-align: center;
+    min-height: 22px; }
 QProgressBar::chunk { background: @accion; }
 )";
 
