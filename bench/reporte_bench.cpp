@@ -2,7 +2,6 @@
 // of older days, which must not show.
 #include "cashday/cierre.h"
 #include "cashday/pantallas_guion.h"
-#include "cashday/principal.h"
 #include "cashday/reportes.h"
 #include "duelo.h"
 
@@ -62,10 +61,9 @@ void Blanqueo(benchmark::State& estado) {
   medir(
       estado,
       [](Puesto& p) {
-        Principal v;
         PantallasGuion pantallas;
         p.ses.psTurno = q("01");
-        exigir(BlanqueaTransacciones(p, v, pantallas));
+        exigir(BlanqueaTransacciones(p, pantallas));
       },
       reabrir);
 }

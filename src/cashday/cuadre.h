@@ -48,8 +48,8 @@ void CuadreCajaTotal(Cuadre& v);
 // text that is no number stays as it is and gives its control's name; "" when there is none.
 QString DejarCaja(Cuadre& v);
 
-// The product tab: a row is taken to the fields, the difference follows what is typed there, and the fields go back into
-// the row.
+// The product tab: a row is taken to the fields, the difference follows what is typed there, and the fields go back
+// into the row.
 void TomarProducto(Cuadre& v, int fila);
 void CuadreProductosTotal(Cuadre& v);
 void DevolverProducto(Cuadre& v, int fila);

@@ -289,7 +289,7 @@ TEST(CierreLargo, LosesNoLineAndClosesWithoutPaper) {
     EXPECT_EQ(c.cajas + 1, persona.cajas.size()) << qPrintable(persona.cajas.join(u'\n'));
     EXPECT_EQ(6, p.paso());
     EXPECT_EQ(QString(kTotalesDelDia).replace(q("|0|0|1/"), q("|0|0|2301/")), p.totales());
-    EXPECT_TRUE(v.demasMenus && v.mantenimiento[kIniciarCaja]);
+    EXPECT_EQ(ClaseDia::Cerrada, ClaseDelDia(otro, v));
     QFile f(p.rutas.enPrograma(q("puertos/LPT2")));
     const QByteArray rollo = f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
     EXPECT_EQ(c.adelantos, rollo.count("\nADELANTO X "));

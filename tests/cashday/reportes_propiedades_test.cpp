@@ -9,7 +9,9 @@
 
 #include "apoyo/motor_que_falla.h"
 #include "cashday/cierre_z.h"
+#include "cashday/cifras.h"
 #include "cashday/cuadre.h"
+#include "cashday/impuestos.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 #include "reporte_prueba.h"
@@ -85,8 +87,8 @@ std::string primeraDistinta(const QString& a, const QString& b) {
 }
 
 // The turn-bound figures of a period by name.
-std::map<std::string, double> cifras(PuestoPrueba& p, const QString& turno) {
-  LectorReporte l(p, {u8(" and o.cOperId > 0 "), u8(" and o.cOperCode > 0 ")}, turno);
+std::map<std::string, double> cifras(PuestoPrueba& p, const Sql& turno) {
+  LectorReporte l(p, {.sFiltro = u" and o.cOperId > 0 "_sql, .sFiltroP = u" and o.cOperCode > 0 "_sql}, turno);
   const CifrasReporte c = LeerCifras(p, l, kConsultasX, nullptr);
   const auto t = LeerImpuestos(p, l, kImpresoraPrincipal);
   const BloqueZ z = LeerBloqueZ(l, kImpresoraPrincipal);
