@@ -3,7 +3,6 @@
 #include "breve.h"
 #include "cashday/cierre.h"
 #include "cashday/pantallas_guion.h"
-#include "cashday/principal.h"
 #include "cashday/reportes.h"
 #include "duelo.h"
 
@@ -64,10 +63,9 @@ void Blanqueo(benchmark::State& estado) {
   medir(
       estado,
       [](Puesto& p) {
-        Principal v;
         PantallasGuion pantallas;
         p.ses.psTurno = q("01");
-        exigir(BlanqueaTransacciones(p, v, pantallas));
+        exigir(BlanqueaTransacciones(p, pantallas));
       },
       reabrir);
 }

@@ -1,6 +1,6 @@
 #include "cashday/cierre.h"
 
-#include "cashday/dia.h"
+#include "cashday/marcas.h"
 #include "cashday/pantallas_principal.h"
 #include "cashday/principal.h"
 #include "cashday/reportes.h"
@@ -16,7 +16,7 @@ enum Paso { kSinCierre = 0, kDetalle = 1, kZ1 = 2, kZ = 3, kCuadre = 4, kBlanque
 // The stored step; a value that no closing writes counts as none. False when it can't be read.
 bool leerPaso(Puesto& p, int& paso) {
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("select icierrecaja from configuracion"), rs)) {
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, u"select icierrecaja from configuracion"_sql, rs)) {
     p.mensajes.mostrar(QStringLiteral("Error"));
     return false;
   }
@@ -29,8 +29,7 @@ bool leerPaso(Puesto& p, int& paso) {
 // later ones are written again by what follows, at the latest by the last step, and until then a step would only be
 // repeated.
 [[nodiscard]] bool guardarPaso(Puesto& p, int paso) {
-  const auto error =
-      p.poCnnLocal.ejecutar(QStringLiteral("update configuracion set icierrecaja=") + QString::number(paso));
+  const auto error = p.poCnnLocal.ejecutar(FormatearSQL(u"update configuracion set icierrecaja=$"_sql, {paso}));
   if (!error) return true;
   if (paso > kDetalle) {
     p.registro.RegistrarErrorLog(QStringLiteral("CerrarCaja - paso %1: ").arg(paso) + error->descripcion);
@@ -104,15 +103,15 @@ bool fallaBlanqueo(Puesto& p, const QString& descripcion) {
 
 // Closes the rows of the day, here and then in the central database.
 bool cerrarOperaciones(Puesto& p) {
-  for (const char* sql : {" UPDATE OPERACION SET cOperFlagAbierto = 0 WHERE cOperFlagAbierto = 1",
-                          " UPDATE OPERACIONPARALELA SET cOperFlagAbierto = 0 WHERE cOperFlagAbierto = 1"}) {
-    if (const auto error = p.poCnnLocal.ejecutar(QString::fromLatin1(sql))) return fallaBlanqueo(p, error->descripcion);
+  for (const LiteralSql sql : {u" UPDATE OPERACION SET cOperFlagAbierto = 0 WHERE cOperFlagAbierto = 1"_sql,
+                               u" UPDATE OPERACIONPARALELA SET cOperFlagAbierto = 0 WHERE cOperFlagAbierto = 1"_sql}) {
+    if (const auto error = p.poCnnLocal.ejecutar(sql)) return fallaBlanqueo(p, error->descripcion);
   }
   // A connection that was left open may be dead by now. One that can't be opened tells so at the statement.
   p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral);
   if (const auto error = p.poCnnCentral.ejecutar(
-          QStringLiteral(" UPDATE TCABECERAZ1 SET nidEstado = 0 WHERE nidEstado = -1 AND cCajaCodi = '%1'")
-              .arg(ReemplazarComilla(p.ses.psCaja)))) {
+          FormatearSQL(u" UPDATE TCABECERAZ1 SET nidEstado = 0 WHERE nidEstado = -1 AND cCajaCodi = '$'"_sql,
+                       {Texto(p.ses.psCaja)}))) {
     return fallaBlanqueo(
         p, QStringLiteral("No se pudo marcar el cierre en la base de datos central: ") + error->descripcion);
   }
@@ -129,20 +128,20 @@ void sincronizarCierre(Puesto& p, PantallasPrincipal& pantallas) {
 
 }  // namespace
 
-bool BlanqueaTransacciones(Puesto& p, Principal& v, PantallasPrincipal& pantallas) {
+bool BlanqueaTransacciones(Puesto& p, PantallasPrincipal& pantallas) {
   if (!cerrarOperaciones(p)) return false;
   MarcasDia m;
   (void)LeerMarcas(p, m);  // what is blank below was not read
   if (m.cOperIdx.isEmpty()) return fallaBlanqueo(p, QStringLiteral("No se pudo leer la última operación del día."));
-  if (m.cOperCodex.isEmpty()) m.cOperCodex = QStringLiteral("NULL");
-  QStringList fin{QStringLiteral("UPDATE Configuracion SET cOperId = %1, cOperIdP = %2").arg(m.cOperIdx, m.cOperCodex)};
+  const Valor paralela = m.cOperCodex.isEmpty() ? Valor() : Valor(Cifras(m.cOperCodex));
+  std::vector<Sql> fin{
+      FormatearSQL(u"UPDATE Configuracion SET cOperId = $, cOperIdP = $"_sql, {Cifras(m.cOperIdx), paralela})};
   // The main printer's Z has blanked it, unless it gave up: a closed day keeps no turn.
-  if (!Recortar(p.ses.psTurno).isEmpty()) fin << QStringLiteral("UPDATE Configuracion SET cCodiTurno = ''");
-  fin << QStringLiteral("update configuracion set icierrecaja=6");
+  if (!Recortar(p.ses.psTurno).isEmpty()) fin.push_back(u"UPDATE Configuracion SET cCodiTurno = ''"_sql);
+  fin.push_back(u"update configuracion set icierrecaja=6"_sql);
   if (const auto error = EjecutarJuntas(p.poCnnLocal, fin)) return fallaBlanqueo(p, error->descripcion);
   p.ses.psTurno.clear();
   sincronizarCierre(p, pantallas);
-  HabilitarBotonesDia(v, false);
   p.mensajes.mostrar(QStringLiteral("Se han cerrado todas las operaciones."));
   return true;
 }
@@ -165,9 +164,8 @@ void CerrarCaja(Puesto& p, Principal& v, PantallasPrincipal& pantallas,
   bool cerrado = false;
   if (paso == kBlanqueo) {
     avance(avanceDe(kBlanqueo));
-    cerrado = BlanqueaTransacciones(p, v, pantallas);
+    cerrado = BlanqueaTransacciones(p, pantallas);
   }
   avance({});
-  if (cerrado) LiberarTrasCierre(v);
-  else BloquearPorCierre(v);
+  v.cierreInterrumpido = !cerrado;
 }

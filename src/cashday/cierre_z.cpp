@@ -1,5 +1,7 @@
 #include "cashday/cierre_z.h"
 
+#include "cashday/cifras.h"
+#include "cashday/papel_reporte.h"
 #include "foundation/puesto.h"
 #include "foundation/transaccion.h"
 #include "platform/text/fecha.h"
@@ -7,33 +9,33 @@
 
 namespace {
 
-const char* const kRango = " SELECT min(o.cdoccodigo) as mini,max(o.cdoccodigo) as maxi FROM Operacion o "
-                           "WHERE o.cOperTipo in (1,2,3,4,5) and o.cdoctipo IN ('01','02'){f}{t}";
-const char* const kTotales =
-    "SELECT COUNT(*)AS TotDoc, sum ({valor})  AS TotMonto FROM Operacion AS O WHERE cOperTipo in (1,2,3) "
-    "AND cprodcode <> 0 AND cOperflaganula= 0 AND cdoctipo='%1' {f}{t}";
+constexpr LiteralSql kRango = u" SELECT min(o.cdoccodigo) as mini,max(o.cdoccodigo) as maxi FROM Operacion o "
+                              "WHERE o.cOperTipo in (1,2,3,4,5) and o.cdoctipo IN ('01','02'){f}{t}"_sql;
+constexpr LiteralSql kTotales =
+    u"SELECT COUNT(*)AS TotDoc, sum ({valor})  AS TotMonto FROM Operacion AS O WHERE cOperTipo in (1,2,3) "
+    "AND cprodcode <> 0 AND cOperflaganula= 0 AND cdoctipo='$' {f}{t}"_sql;
 // All notes in force of any day: they wait for their sale.
-const char* const kNotasConsumo =
-    "SELECT p.cCodCatalogo as Catal, p.sProdDescCrta as Descrip, Sum(d.nProdCant) AS Cant "
+constexpr LiteralSql kNotasConsumo =
+    u"SELECT p.cCodCatalogo as Catal, p.sProdDescCrta as Descrip, Sum(d.nProdCant) AS Cant "
     "FROM (OperacionParalela o INNER JOIN OperacionParalelaProducto d ON o.cOperCode = d.cOperCode) "
     "INNER JOIN Producto p ON d.cProdCode = p.cProdCode AND d.cAlmaCode = p.cAlmaCode "
-    "Where o.cdocTipo = '11' And o.cOperCodeAnul=0 GROUP BY p.cCodCatalogo, p.sProdDescCrta ORDER BY 1, 2";
+    "Where o.cdocTipo = '11' And o.cOperCodeAnul=0 GROUP BY p.cCodCatalogo, p.sProdDescCrta ORDER BY 1, 2"_sql;
 
 std::vector<BloqueZ::Ticket> leerTickets(LectorReporte& l, const char* tipo) {
   std::vector<BloqueZ::Ticket> lista;
-  const Recordset rs = l.filas(QString::fromLatin1(kTotales).arg(QString::fromLatin1(tipo)));
+  const Recordset rs = l.filas(FormatearSQL(kTotales, {Texto(QString::fromLatin1(tipo))}));
   for (const auto& f : rs) lista.push_back({Numero(f[u"TotDoc"]), Numero(f[u"TotMonto"])});
   return lista;
 }
 
-QString entreComillas(const QString& texto) { return u'\'' + ReemplazarComilla(texto) + u'\''; }
-
-void agregarContador(QStringList& sentencias, const CierreZ& c, const QDateTime& momento) {
-  const QString numero = QString::number(c.contador.numero), prn = QString::number(c.impresora);
-  const QString venta = TextoDe(c.venta);
-  sentencias << QStringLiteral(" UPDATE _Tmp1 SET idz=%1 , Imac= Imac + %2 WHERE prn=%3 ").arg(numero, venta, prn)
-             << QStringLiteral("INSERT INTO _Tmp (idz, tvd, fec, prn) VALUES(%1 , %2, '%3', %4 )")
-                    .arg(numero, venta, FormatearFecha(momento, u"DD/MM/YYYY hh:mm"), prn);
+void agregarContador(std::vector<Sql>& sentencias, const CierreZ& c, const DatosReporte& d) {
+  const qint64 numero = d.z->contador.numero;
+  const double venta = d.cifras.nVenta;
+  sentencias.push_back(
+      FormatearSQL(u" UPDATE _Tmp1 SET idz=$ , Imac= Imac + $ WHERE prn=$ "_sql, {numero, venta, c.impresora}));
+  sentencias.push_back(
+      FormatearSQL(u"INSERT INTO _Tmp (idz, tvd, fec, prn) VALUES($ , $, '$', $ )"_sql,
+                   {numero, venta, Texto(FormatearFecha(d.momento, u"DD/MM/YYYY hh:mm")), c.impresora}));
 }
 
 struct RangoZ {
@@ -42,24 +44,22 @@ struct RangoZ {
 
 RangoZ leerRango(LectorReporte& l) {
   RangoZ r;
-  r.ini = l.numero("select coperid from Configuracion");
-  r.iniP = l.numero("select coperidP from Configuracion");
-  r.fin = l.numero("select max(coperid) from operacion");
-  r.finP = l.numero("select max(copercode) from operacionParalela");
+  r.ini = l.numero(u"select coperid from Configuracion"_sql);
+  r.iniP = l.numero(u"select coperidP from Configuracion"_sql);
+  r.fin = l.numero(u"select max(coperid) from operacion"_sql);
+  r.finP = l.numero(u"select max(copercode) from operacionParalela"_sql);
   return r;
 }
 
 // The Z row's number: that of an earlier report of this range or the next one. A desk without watermarks always begins
-// at
-// 0; there the range is the same while its operations are open.
-QString leerIdZ(LectorReporte& l, const QString& caja, const RangoZ& r) {
-  const Recordset rs =
-      l.filas(QStringLiteral(
-                  "SELECT MAX(IdZ) as MAXIMO FROM CabeceraZ WHERE Caja=%1 AND cOperIdIni=%2 AND cOperIdPIni=%3 "
-                  "AND (cOperIdIni > 0 OR cOperIdFin >= (SELECT MIN(cOperID) FROM Operacion WHERE cOperFlagAbierto=1))")
-                  .arg(caja, TextoDe(r.ini), TextoDe(r.iniP)));
-  if (!rs[u"MAXIMO"].isNull()) return LimpiarNulo(rs[u"MAXIMO"]);
-  return TextoDe(l.numero("SELECT MAX(IdZ) as MAXIMO FROM CabeceraZ") + 1);
+// at 0; there the range is the same while its operations are open.
+double leerIdZ(LectorReporte& l, const QString& caja, const RangoZ& r) {
+  const Recordset rs = l.filas(FormatearSQL(
+      u"SELECT MAX(IdZ) as MAXIMO FROM CabeceraZ WHERE Caja='$' AND cOperIdIni=$ AND cOperIdPIni=$ "
+      "AND (cOperIdIni > 0 OR cOperIdFin >= (SELECT MIN(cOperID) FROM Operacion WHERE cOperFlagAbierto=1))"_sql,
+      {Texto(caja), r.ini, r.iniP}));
+  if (!rs[u"MAXIMO"].isNull()) return Numero(rs[u"MAXIMO"]);
+  return l.numero(u"SELECT MAX(IdZ) as MAXIMO FROM CabeceraZ"_sql) + 1;
 }
 
 QString enLineas(const std::vector<BloqueZ::Ticket>& tickets) {
@@ -72,40 +72,25 @@ QString enLineas(const std::vector<BloqueZ::Ticket>& tickets) {
 
 // The Z row and its detail, in the place of those of an earlier report of the range. False when the store can't be
 // read.
-bool agregarCabeceraZ(Puesto& p, QStringList& sentencias, const DatosReporte& d) {
+bool agregarCabeceraZ(Puesto& p, std::vector<Sql>& sentencias, const DatosReporte& d) {
   LectorReporte l(p, {}, {});
-  const QString caja = entreComillas(d.caja);
   const RangoZ r = leerRango(l);
-  const QString id = leerIdZ(l, caja, r);
+  const double id = leerIdZ(l, d.caja, r);
   if (!l.bien()) return false;
-  for (const char* tabla : {"DetalleZ", "CabeceraZ"}) {
-    sentencias << QStringLiteral("DELETE FROM %1 WHERE IdZ=%2 AND Caja=%3").arg(QString::fromLatin1(tabla), id, caja);
+  for (const LiteralSql tabla : {u"DetalleZ"_sql, u"CabeceraZ"_sql}) {
+    sentencias.push_back(FormatearSQL(u"DELETE FROM $ WHERE IdZ=$ AND Caja='$'"_sql, {tabla, id, Texto(d.caja)}));
   }
-  const QStringList valores = {id,
-                               caja,
-                               QString::number(d.cifras.nItems),
-                               TextoDe(d.cifras.nVenta),
-                               entreComillas(FormatearFecha(d.momento, u"yyyy-mm-dd")),
-                               entreComillas(enLineas(d.z->boletas)),
-                               entreComillas(enLineas(d.z->facturas)),
-                               entreComillas(d.z->codigo),
-                               TextoDe(r.ini),
-                               TextoDe(r.fin),
-                               TextoDe(r.iniP),
-                               TextoDe(r.finP)};
-  sentencias << QStringLiteral("INSERT INTO CabeceraZ(IdZ,Caja,CantidadTotal,MontoTotal,Fecha,RangoTKBOL,RangoTKFAC,"
-                               "CodigoRep,cOperIdIni,cOperIdFin,cOperIdPIni,cOperIdPFin) VALUES (") +
-                    valores.join(u',') + u')';
+  sentencias.push_back(FormatearSQL(
+      u"INSERT INTO CabeceraZ(IdZ,Caja,CantidadTotal,MontoTotal,Fecha,RangoTKBOL,RangoTKFAC,CodigoRep,cOperIdIni,"
+      "cOperIdFin,cOperIdPIni,cOperIdPFin) VALUES ($,'$',$,$,'$','$','$','$',$,$,$,$)"_sql,
+      {id, Texto(d.caja), d.cifras.nItems, d.cifras.nVenta, Texto(FormatearFecha(d.momento, u"yyyy-mm-dd")),
+       Texto(enLineas(d.z->boletas)), Texto(enLineas(d.z->facturas)), Texto(LineaCodigo(d)), r.ini, r.fin, r.iniP,
+       r.finP}));
   int nItem = 0;
   for (const auto& f : d.cifras.productos) {
-    const QStringList fila = {id,
-                              caja,
-                              QString::number(++nItem),
-                              QString::number(f.cProdCode),
-                              entreComillas(f.descripcion),
-                              TextoDe(f.cantidad)};
-    sentencias << QStringLiteral("INSERT INTO DetalleZ(IdZ,Caja,nItem,CodProd,DscProd,Cantidad) VALUES (") +
-                      fila.join(u',') + u')';
+    sentencias.push_back(
+        FormatearSQL(u"INSERT INTO DetalleZ(IdZ,Caja,nItem,CodProd,DscProd,Cantidad) VALUES ($,'$',$,$,'$',$)"_sql,
+                     {id, Texto(d.caja), ++nItem, f.cProdCode, Texto(f.descripcion), f.cantidad}));
   }
   return true;
 }
@@ -114,7 +99,7 @@ bool agregarCabeceraZ(Puesto& p, QStringList& sentencias, const DatosReporte& d)
 
 ContadorZ LeerContadorZ(LectorReporte& l, NumeroImpresora impresora) {
   const Recordset rs =
-      l.filas(QStringLiteral("SELECT idz + 1 as cod, maxid , Imac   FROM _tmp1  WHERE prn=%1").arg(impresora));
+      l.filas(FormatearSQL(u"SELECT idz + 1 as cod, maxid , Imac   FROM _tmp1  WHERE prn=$"_sql, {impresora}));
   ContadorZ c;
   c.Imac = Numero(rs[u"Imac"]);
   if (rs[u"cod"].isNull()) return c;
@@ -134,15 +119,15 @@ BloqueZ LeerBloqueZ(LectorReporte& l, NumeroImpresora impresora) {
 }
 
 bool GrabarCierreZ(Puesto& p, const CierreZ& c, const DatosReporte& d, QString& error) {
-  QStringList sentencias;
+  std::vector<Sql> sentencias;
   if (c.impresora == kImpresoraAlterna) {
     if (!agregarCabeceraZ(p, sentencias, d)) return false;
   } else {
-    sentencias << QStringLiteral("UPDATE Configuracion SET cCodiTurno = ''");
+    sentencias.push_back(u"UPDATE Configuracion SET cCodiTurno = ''"_sql);
   }
-  agregarContador(sentencias, c, d.momento);
+  agregarContador(sentencias, c, d);
   if (c.iCierreCaja != 0) {
-    sentencias << QStringLiteral("update configuracion set icierrecaja=") + QString::number(c.iCierreCaja);
+    sentencias.push_back(FormatearSQL(u"update configuracion set icierrecaja=$"_sql, {c.iCierreCaja}));
   }
   const auto fallo = EjecutarJuntas(p.poCnnLocal, sentencias);
   if (fallo) error = fallo->descripcion;

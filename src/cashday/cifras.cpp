@@ -7,29 +7,29 @@
 namespace {
 
 // COUNT(*) keeps the planner from walking the whole history by date in search of the first row.
-const char* const kPrimerPagoEnDolares = "SELECT MIN(o.dOperFech) AS Fecha, COUNT(*) AS Filas   FROM Operacion o "
-                                         " WHERE o.nMontoDolares > 0 And o.cOperFlagAnula= 0 {f}";
-const char* const kVenta = " SELECT SUM(O.nProdCant) AS TotItem, SUM({valor}) AS TotMonto   FROM Operacion AS O "
-                           "  WHERE cOperTipo in (1,2,3)  {f}    AND cprodcode <> 0 AND cOperflaganula= 0 {t}";
-const char* const kTickets =
-    "SELECT distinct(o.cOpercode + 0)  FROM operacion o WHERE  (o.cdoctipo='02' or o.cdoctipo='01') "
-    " AND o.cOperTipo in (1,2,3)  AND o.cOperFlaganula=0 {f}{t}";
-const char* const kVouchers =
-    "SELECT distinct(o.cOpercode + 0)  FROM operacion o WHERE  (o.cemisor <> ''  or o.cOperTipo=2) "
-    " AND o.cOperFlaganula=0 {f}{t}";
-const char* const kVoucherLiquidacion =
-    " SELECT SUM(o.nmontosoles +  o.nprodprecunit ) as TOTAL   FROM operacion o "
-    "  WHERE o.cOperTipo = 2 and o.cDocTipo='14'     AND o.cOperFlagAnula = 0{f}{t}";
-const char* const kNulosMonto =
-    " SELECT SUM({valor}) as TKMontNulos   FROM Operacion o   WHERE o.cOperflaganula= 1     AND o.cProdcode <>  0 "
-    "    AND o.cOpercodeanula <> 0 {f}{t}";
-const char* const kNulos =
-    " SELECT distinct(o.cOperCode + 0)   FROM Operacion o   WHERE o.cOperflaganula= 1     AND o.cProdcode <>  0 "
-    "    AND o.cOpercodeanula <> 0 {f}{t}";
-const char* const kRecaudado =
-    " SELECT SUM({valor}) as TKMontPago, COUNT(*) as TKPago   FROM Operacion o   WHERE o.cOperflaganula= 0 "
-    "    AND o.cOpercodeanula = 0     AND o.cOpertipo= 5 {f}";
-const char* const kApertura = " SELECT  nImporApertSol, nImporApertDol  FROM Configuracion ";
+constexpr LiteralSql kPrimerPagoEnDolares = u"SELECT MIN(o.dOperFech) AS Fecha, COUNT(*) AS Filas   FROM Operacion o "
+                                            " WHERE o.nMontoDolares > 0 And o.cOperFlagAnula= 0 {f}"_sql;
+constexpr LiteralSql kVenta = u" SELECT SUM(O.nProdCant) AS TotItem, SUM({valor}) AS TotMonto   FROM Operacion AS O "
+                              "  WHERE cOperTipo in (1,2,3)  {f}    AND cprodcode <> 0 AND cOperflaganula= 0 {t}"_sql;
+constexpr LiteralSql kTickets =
+    u"SELECT distinct(o.cOpercode + 0)  FROM operacion o WHERE  (o.cdoctipo='02' or o.cdoctipo='01') "
+    " AND o.cOperTipo in (1,2,3)  AND o.cOperFlaganula=0 {f}{t}"_sql;
+constexpr LiteralSql kVouchers =
+    u"SELECT distinct(o.cOpercode + 0)  FROM operacion o WHERE  (o.cemisor <> ''  or o.cOperTipo=2) "
+    " AND o.cOperFlaganula=0 {f}{t}"_sql;
+constexpr LiteralSql kVoucherLiquidacion =
+    u" SELECT SUM(o.nmontosoles +  o.nprodprecunit ) as TOTAL   FROM operacion o "
+    "  WHERE o.cOperTipo = 2 and o.cDocTipo='14'     AND o.cOperFlagAnula = 0{f}{t}"_sql;
+constexpr LiteralSql kNulosMonto =
+    u" SELECT SUM({valor}) as TKMontNulos   FROM Operacion o   WHERE o.cOperflaganula= 1     AND o.cProdcode <>  0 "
+    "    AND o.cOpercodeanula <> 0 {f}{t}"_sql;
+constexpr LiteralSql kNulos =
+    u" SELECT distinct(o.cOperCode + 0)   FROM Operacion o   WHERE o.cOperflaganula= 1     AND o.cProdcode <>  0 "
+    "    AND o.cOpercodeanula <> 0 {f}{t}"_sql;
+constexpr LiteralSql kRecaudado =
+    u" SELECT SUM({valor}) as TKMontPago, COUNT(*) as TKPago   FROM Operacion o   WHERE o.cOperflaganula= 0 "
+    "    AND o.cOpercodeanula = 0     AND o.cOpertipo= 5 {f}"_sql;
+constexpr LiteralSql kApertura = u" SELECT  nImporApertSol, nImporApertDol  FROM Configuracion "_sql;
 
 double leerTipoCambio(Puesto& p, LectorReporte& l, const QDate* fecha) {
   QDateTime dia = p.reloj.now();
@@ -39,9 +39,9 @@ double leerTipoCambio(Puesto& p, LectorReporte& l, const QDate* fecha) {
     const Recordset primero = l.filas(kPrimerPagoEnDolares);
     if (!primero[u"Fecha"].isNull()) dia = primero[u"Fecha"].toDateTime();
   }
-  const Recordset rs = l.filas(QStringLiteral(" SELECT nTipoCambMont FROM Tipo_Cambio WHERE FORMAT(dTipoCambFech, "
-                                              "'yyyy/mm/dd') = '") +
-                               FormatearFecha(dia, u"yyyy/mm/dd") + u'\'');
+  const Recordset rs = l.filas(
+      FormatearSQL(u" SELECT nTipoCambMont FROM Tipo_Cambio WHERE FORMAT(dTipoCambFech, 'yyyy/mm/dd') = '$'"_sql,
+                   {Texto(FormatearFecha(dia, u"yyyy/mm/dd"))}));
   if (!l.bien()) return 0;
   if (rs.RecordCount() == 1) return Numero(rs[u"nTipoCambMont"]);
   p.mensajes.mostrar(QStringLiteral("Para registrar ventas en dólares debe registrar el tipo de cambio"));
@@ -51,44 +51,51 @@ double leerTipoCambio(Puesto& p, LectorReporte& l, const QDate* fecha) {
 }  // namespace
 
 const ConsultasReporte kConsultasX = {
-    " SELECT SUM({valor}) AS TOTAL  FROM Operacion o  WHERE o.cOperTipo = 2   AND o.cOperFlagAnula = 0 {f}{t}",
-    " SELECT SUM(o.nMontosoles) AS TOTAL FROM Operacion o  WHERE o.cOperTipo = 1 AND TRIM(o.cEmisor) <> '' "
-    " AND o.cDoctipo in ('01', '02')  AND o.cOperFlagAnula = 0 {f}{t}",
-    " SELECT SUM(o.nMontoDolares-o.nVueltoDolares) AS TOTAL FROM Operacion o WHERE o.cOperTipo in (1, 3) "
-    " AND o.cDoctipo in ('01','02')  AND o.cOperFlaganula= 0 {f}",
-    " SELECT SUM(o.nMontoSoles + o.nProdPrecUnit) AS TOTAL FROM Operacion o  WHERE (o.cOperTipo in( 1, 3)) "
-    " AND o.cDoctipo in ('01','02')  AND o.cProdCode = 0  AND o.cOperFlaganula= 0 {f}",
-    " SELECT P.cProdCode, SUM(O.nProdCant) AS Cant,  max(P.SProdDescCrta) as Descrip, max(P.cCodCatalogo) as Catal "
-    " FROM Producto AS P  LEFT outer JOIN Operacion AS O    ON P.cProdCode = O.cProdCode AND P.cAlmaCode = O.cAlmaCode "
-    " WHERE cOperflagAnula= 0 {f}{t} GROUP BY P.cProdCode Having  SUM(O.nProdCant) > 0 ORDER BY 1",
+    .voucher =
+        u" SELECT SUM({valor}) AS TOTAL  FROM Operacion o  WHERE o.cOperTipo = 2   AND o.cOperFlagAnula = 0 {f}{t}"_sql,
+    .efectivoConTarjeta =
+        u" SELECT SUM(o.nMontosoles) AS TOTAL FROM Operacion o  WHERE o.cOperTipo = 1 AND TRIM(o.cEmisor) <> '' "
+        " AND o.cDoctipo in ('01', '02')  AND o.cOperFlagAnula = 0 {f}{t}"_sql,
+    .cajaDol = u" SELECT SUM(o.nMontoDolares-o.nVueltoDolares) AS TOTAL FROM Operacion o WHERE o.cOperTipo in (1, 3) "
+               " AND o.cDoctipo in ('01','02')  AND o.cOperFlaganula= 0 {f}"_sql,
+    .cajaSol = u" SELECT SUM(o.nMontoSoles + o.nProdPrecUnit) AS TOTAL FROM Operacion o  WHERE (o.cOperTipo in( 1, 3)) "
+               " AND o.cDoctipo in ('01','02')  AND o.cProdCode = 0  AND o.cOperFlaganula= 0 {f}"_sql,
+    .productos =
+        u" SELECT P.cProdCode, SUM(O.nProdCant) AS Cant,  max(P.SProdDescCrta) as Descrip, max(P.cCodCatalogo) as "
+        "Catal  FROM Producto AS P  LEFT outer JOIN Operacion AS O    ON P.cProdCode = O.cProdCode AND P.cAlmaCode = "
+        "O.cAlmaCode  WHERE cOperflagAnula= 0 {f}{t} GROUP BY P.cProdCode Having  SUM(O.nProdCant) > 0 ORDER BY 1"_sql,
 };
 
 const ConsultasReporte kConsultasX1 = {
-    " SELECT SUM({valor}) AS TOTAL FROM Operacion o  WHERE o.cOperTipo = 2 AND o.cOperFlagAnula = 0 "
-    " AND o.cOpercodeAnula=0 {f}{t}",
-    " SELECT SUM(o.nMontosoles) AS TOTAL FROM Operacion o WHERE o.cOperTipo = 1 AND TRIM(o.cEmisor) <> '' "
-    " AND o.cOperFlagAnula = 0 {f}{t}",
-    " SELECT SUM(o.nMontoDolares-o.nVueltoDolares) AS TOTAL FROM Operacion o  WHERE o.cOperTipo in (1) "
-    " AND o.cDoctipo in ('01','02', '14', '10')  AND o.cOperFlaganula= 0 {f}",
-    " SELECT SUM(o.nMontoSoles + o.nProdPrecUnit) AS TOTAL FROM Operacion o  WHERE (o.cOperTipo in( 1)) "
-    " AND o.cDoctipo in ('01','02','10', '14')  AND o.cProdCode = 0  AND o.cOperFlaganula= 0 {f}",
-    "SELECT cProdcode, sum(cantidad) as Cant ,  max(catalogo) as Catal, max(descripcion) as Descrip  FROM "
-    "( SELECT 1, cProdCode,  sum(cant) as Cantidad , max(catal) as Catalogo, max(Descrip) as Descripcion  FROM "
-    "(SELECT  o.cProdCode,  sum(o.nProdCant) as cant ,  max(p.cCodcatalogo)  as catal, max( p.sProdDesc)  as Descrip "
-    " FROM Operacion o, Producto p  WHERE o.cProdcode = p.cProdcode And o.cAlmaCode = p.cAlmaCode And o.cProdcode <> 0 "
-    " And o.cOperFlaganula = 0 {f}{t} GROUP BY o.cProdCode  )  GROUP BY cProdCode  UNION "
-    " SELECT 2, d.cProdCode,  sum( d.nProdCant) as cantidad ,  max(p.cCodcatalogo)  as catalogo, "
-    " max( p.sProdDesc)  as Descripcion  FROM  OperacionParalelaProducto  d, OperacionParalela o,   Producto  p "
-    " WHERE d.cOpercode = o.cOpercode AND d.cProdCode = p.cProdCode AND d.cAlmaCode = p.cAlmaCode AND d.cProdcode <> 0 "
-    " AND o.cOperCodeanul = 0 AND TRIM(o.cEstado)= '1' AND o.cOpertipo + 0 in (20, 21) {p}{t}  GROUP BY d.cProdCode   ) "
-    " GROUP BY  cProdcode  ORDER BY  3",
+    .voucher = u" SELECT SUM({valor}) AS TOTAL FROM Operacion o  WHERE o.cOperTipo = 2 AND o.cOperFlagAnula = 0 "
+               " AND o.cOpercodeAnula=0 {f}{t}"_sql,
+    .efectivoConTarjeta =
+        u" SELECT SUM(o.nMontosoles) AS TOTAL FROM Operacion o WHERE o.cOperTipo = 1 AND TRIM(o.cEmisor) <> '' "
+        " AND o.cOperFlagAnula = 0 {f}{t}"_sql,
+    .cajaDol = u" SELECT SUM(o.nMontoDolares-o.nVueltoDolares) AS TOTAL FROM Operacion o  WHERE o.cOperTipo in (1) "
+               " AND o.cDoctipo in ('01','02', '14', '10')  AND o.cOperFlaganula= 0 {f}"_sql,
+    .cajaSol = u" SELECT SUM(o.nMontoSoles + o.nProdPrecUnit) AS TOTAL FROM Operacion o  WHERE (o.cOperTipo in( 1)) "
+               " AND o.cDoctipo in ('01','02','10', '14')  AND o.cProdCode = 0  AND o.cOperFlaganula= 0 {f}"_sql,
+    .productos =
+        u"SELECT cProdcode, sum(cantidad) as Cant ,  max(catalogo) as Catal, max(descripcion) as Descrip  FROM "
+        "( SELECT 1, cProdCode,  sum(cant) as Cantidad , max(catal) as Catalogo, max(Descrip) as Descripcion  FROM "
+        "(SELECT  o.cProdCode,  sum(o.nProdCant) as cant ,  max(p.cCodcatalogo)  as catal, max( p.sProdDesc)  as "
+        "Descrip  FROM Operacion o, Producto p  WHERE o.cProdcode = p.cProdcode And o.cAlmaCode = p.cAlmaCode And "
+        "o.cProdcode <> 0  And o.cOperFlaganula = 0 {f}{t} GROUP BY o.cProdCode  )  GROUP BY cProdCode  UNION "
+        " SELECT 2, d.cProdCode,  sum( d.nProdCant) as cantidad ,  max(p.cCodcatalogo)  as catalogo, "
+        " max( p.sProdDesc)  as Descripcion  FROM  OperacionParalelaProducto  d, OperacionParalela o,   Producto  p "
+        " WHERE d.cOpercode = o.cOpercode AND d.cProdCode = p.cProdCode AND d.cAlmaCode = p.cAlmaCode AND d.cProdcode "
+        "<> 0  AND o.cOperCodeanul = 0 AND TRIM(o.cEstado)= '1' AND o.cOpertipo + 0 in (20, 21) {p}{t}  GROUP BY "
+        "d.cProdCode   )  GROUP BY  cProdcode  ORDER BY  3"_sql,
 };
 
 std::vector<FilaProductoReporte> FilasDeProducto(const Recordset& rs) {
   std::vector<FilaProductoReporte> lista;
   for (const auto& f : rs) {
-    lista.push_back(
-        {AEntero(Numero(f[u"cProdCode"])), LimpiarNulo(f[u"Catal"]), LimpiarNulo(f[u"Descrip"]), Numero(f[u"Cant"])});
+    lista.push_back({.cProdCode = AEntero(Numero(f[u"cProdCode"])),
+                     .catalogo = LimpiarNulo(f[u"Catal"]),
+                     .descripcion = LimpiarNulo(f[u"Descrip"]),
+                     .cantidad = Numero(f[u"Cant"])});
   }
   return lista;
 }

@@ -7,40 +7,44 @@ namespace {
 
 enum TipoAdelanto { kPADE = 22, kPADV = 23 };
 
-const char* const kOrdenes =
-    " Select sum(d.nProdCant) as items  , sum({valorp}) as precio     FROM OperacionParalelaProducto d , "
+constexpr LiteralSql kOrdenes =
+    u" Select sum(d.nProdCant) as items  , sum({valorp}) as precio     FROM OperacionParalelaProducto d , "
     "OperacionParalela o    WHERE d.cOpercode = o.cOpercode      AND o.cOpercodeAnul=0 {p}     AND TRIM(o.cEstado)='1' "
-    "AND o.cOperTipo + 0 in (20)  {t}";
-const char* const kNotas =
-    " Select sum(d.nProdCant) as items  , sum({valorp}) as precio     FROM OperacionParalelaProducto d , "
+    "AND o.cOperTipo + 0 in (20)  {t}"_sql;
+constexpr LiteralSql kNotas =
+    u" Select sum(d.nProdCant) as items  , sum({valorp}) as precio     FROM OperacionParalelaProducto d , "
     "OperacionParalela o    WHERE d.cOpercode = o.cOpercode      AND o.cOpercodeAnul=0 {p}{t}     "
-    "AND TRIM(o.cEstado)='1' AND o.cOperTipo + 0 in (21)  ";
-const char* const kProductosNotas =
-    " SELECT d.cProdCode , sum(d.nProdCant) as Cant ,  max(p.cCodcatalogo) as Catal, max(p.sProdDesc) as Descrip "
+    "AND TRIM(o.cEstado)='1' AND o.cOperTipo + 0 in (21)  "_sql;
+constexpr LiteralSql kProductosNotas =
+    u" SELECT d.cProdCode , sum(d.nProdCant) as Cant ,  max(p.cCodcatalogo) as Catal, max(p.sProdDesc) as Descrip "
     " FROM OperacionParalelaProducto  d, OperacionParalela o,   Producto  p  WHERE d.cOpercode = o.cOpercode "
     "   AND d.cProdCode = p.cProdCode    AND d.cAlmaCode = p.cAlmaCode    AND d.cProdcode <> 0 {p}{t}"
     "   AND o.cOperCodeanul =  0 AND TRIM(o.cEstado)= '1' AND o.cOpertipo + 0 in (21)  GROUP BY d.cprodcode "
-    " ORDER BY  4";
-const char* const kNulosOrdenes = " SELECT sum(o.nmontoSoles) as monto, count(*) as items  FROM operacionparalela o "
-                                  "WHERE o.copercodeanul <> 0 AND TRIM(o.cdoctipo)='10' {p}{t}";
+    " ORDER BY  4"_sql;
+constexpr LiteralSql kNulosOrdenes =
+    u" SELECT sum(o.nmontoSoles) as monto, count(*) as items  FROM operacionparalela o "
+    "WHERE o.copercodeanul <> 0 AND TRIM(o.cdoctipo)='10' {p}{t}"_sql;
 
-const char* const kSumas = " SELECT sum(nMontosoles) as monto, count(*) as items ";
-const char* const kCampos = " SELECT cOperCode, cOperTipo, nTarjNumb, sGlosa, nMontosoles, nMontoDolares, nMoneda ";
+constexpr LiteralSql kSumas = u" SELECT sum(nMontosoles) as monto, count(*) as items "_sql;
+constexpr LiteralSql kCampos =
+    u" SELECT cOperCode, cOperTipo, nTarjNumb, sGlosa, nMontosoles, nMontoDolares, nMoneda "_sql;
 
-const char* const kDeRecibidos =
-    "FROM OperacionParalela o  WHERE o.cOperTipo + 0 in (%1) and TRIM(o.cEstado) in ('1')  AND o.cOpercodeAnul = 0 {p}{t}";
-const char* const kListaRecibidos =
-    " SELECT o.cOperCode, o.cOperTipo, o.nTarjNumb, u.sUserName + ' ' + u.sUserApel as sGlosa, o.nMontosoles, "
+constexpr LiteralSql kDeRecibidos =
+    u"FROM OperacionParalela o  WHERE o.cOperTipo + 0 in ($) and TRIM(o.cEstado) in ('1')  AND o.cOpercodeAnul = 0 "
+    "{p}{t}"_sql;
+constexpr LiteralSql kListaRecibidos =
+    u" SELECT o.cOperCode, o.cOperTipo, o.nTarjNumb, u.sUserName + ' ' + u.sUserApel as sGlosa, o.nMontosoles, "
     "o.nMontoDolares, o.nMoneda, o.cDocCodigo, o.cDocSerie FROM OperacionParalela o, usuario u "
-    " WHERE o.cOperTipo + 0 in (%1) and TRIM(o.cEstado) in ('1')  {p}{t} AND o.cOpercodeAnul = 0 "
-    "AND o.cUserDesc = u.sUserDesc ORDER BY o.cOperCode";
-const char* const kDeLiqDia =
-    "FROM OperacionParalela o  WHERE o.cOperTipo + 0 in (%1) and TRIM(o.cEstado) in ('2')  AND o.cOpercodeAnul = 0 {p}{t}";
+    " WHERE o.cOperTipo + 0 in ($) and TRIM(o.cEstado) in ('1')  {p}{t} AND o.cOpercodeAnul = 0 "
+    "AND o.cUserDesc = u.sUserDesc ORDER BY o.cOperCode"_sql;
+constexpr LiteralSql kDeLiqDia =
+    u"FROM OperacionParalela o  WHERE o.cOperTipo + 0 in ($) and TRIM(o.cEstado) in ('2')  AND o.cOpercodeAnul = 0 "
+    "{p}{t}"_sql;
 // Those of earlier days that a document of this period settled.
-const char* const kDeLiq =
-    "FROM OperacionParalela  WHERE cOperTipo + 0 in (%1) and cOperFlagAbierto + 0=0 and TRIM(cEstado) in ('2') "
+constexpr LiteralSql kDeLiq =
+    u"FROM OperacionParalela  WHERE cOperTipo + 0 in ($) and cOperFlagAbierto + 0=0 and TRIM(cEstado) in ('2') "
     " AND cOperCodeRela in (SELECT o.cOperCode from OperacionParalela o WHERE o.cOpercodeAnul = 0 {p}{t}) "
-    " AND cOpercodeAnul = 0 ";
+    " AND cOpercodeAnul = 0 "_sql;
 
 void sumar(SumaAdelantos& s, const FilaAdelanto& f) { (f.dolares ? s.dolares : s.soles) += f.importe; }
 
@@ -53,14 +57,12 @@ FilaAdelanto filaAdelanto(const Recordset::Fila& f) {
   return r;
 }
 
-QString deTipo(const char* consulta, TipoAdelanto tipo) { return QString::fromLatin1(consulta).arg(tipo); }
-
 // The head of a check and the rows of its list, which come back as read.
-Recordset leerCheck(LectorReporte& l, TipoAdelanto tipo, const char* de, const QString& lista, CheckAdelantos& c) {
-  const Recordset suma = l.filas(QString::fromLatin1(kSumas) + deTipo(de, tipo));
+Recordset leerCheck(LectorReporte& l, TipoAdelanto tipo, const Sql& de, const Sql& lista, CheckAdelantos& c) {
+  const Recordset suma = l.filas(FormatearSQL(kSumas + de, {tipo}));
   c.cuenta = Numero(suma[u"items"]);
   c.monto = Numero(suma[u"monto"]);
-  Recordset filas = l.filas(lista);
+  Recordset filas = l.filas(FormatearSQL(lista, {tipo}));
   for (const auto& f : filas) {
     c.filas.push_back(filaAdelanto(f));
     sumar(c.suma, c.filas.back());
@@ -73,16 +75,16 @@ bool anuladoEnCentral(Puesto& p, Conexion& central, const Recordset::Fila& f) {
   Recordset rs;
   return p.poDBAdmin.EjecutarConsulta(
              central,
-             QStringLiteral("SELECT COUNT(1) AS EXISTE FROM PAGOS WHERE FechaAnulacion is not null and "
-                            "cSerieDocPago='%1' AND convert(int,NroDocPago)=%2")
-                 .arg(LimpiarNulo(f[u"cDocSerie"]), TextoDe(Numero(f[u"cDocCodigo"]))),
+             FormatearSQL(u"SELECT COUNT(1) AS EXISTE FROM PAGOS WHERE FechaAnulacion is not null and "
+                          "cSerieDocPago='$' AND convert(int,NroDocPago)=$"_sql,
+                          {Texto(LimpiarNulo(f[u"cDocSerie"])), Numero(f[u"cDocCodigo"])}),
              rs) &&
          Numero(rs[u"EXISTE"]) > 0;
 }
 
 Adelantos leerAdelantos(Puesto& p, LectorReporte& l, Conexion& central, TipoAdelanto tipo) {
   Adelantos a;
-  const Recordset recibidos = leerCheck(l, tipo, kDeRecibidos, deTipo(kListaRecibidos, tipo), a.recibidos);
+  const Recordset recibidos = leerCheck(l, tipo, kDeRecibidos, kListaRecibidos, a.recibidos);
   for (const auto& f : recibidos) {
     if (!anuladoEnCentral(p, central, f)) continue;
     a.anulados.filas.push_back(filaAdelanto(f));
@@ -90,9 +92,9 @@ Adelantos leerAdelantos(Puesto& p, LectorReporte& l, Conexion& central, TipoAdel
     a.anulados.cuenta += 1;
     a.anulados.monto += Numero(f[u"nMontoSoles"]);
   }
-  const QString enOrden = QStringLiteral(" ORDER BY cOperCode");
-  leerCheck(l, tipo, kDeLiqDia, QString::fromLatin1(kCampos) + deTipo(kDeLiqDia, tipo) + enOrden, a.liqDia);
-  leerCheck(l, tipo, kDeLiq, QString::fromLatin1(kCampos) + deTipo(kDeLiq, tipo) + enOrden, a.liq);
+  const Sql enOrden = u" ORDER BY cOperCode"_sql;
+  leerCheck(l, tipo, kDeLiqDia, kCampos + kDeLiqDia + enOrden, a.liqDia);
+  leerCheck(l, tipo, kDeLiq, kCampos + kDeLiq + enOrden, a.liq);
   return a;
 }
 

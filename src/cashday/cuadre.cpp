@@ -14,35 +14,34 @@ const QString kMascaraApertura = QStringLiteral("###,###,###,###,##0.00");
 const QString kMascaraProducto = QStringLiteral("###,###,###,###0");
 
 // The columns of the product list.
-enum Columna { kCodigo, kCatalogo, kProducto, kIngreso, kInicial, kSalidas, kFinal, kFaltSob };
+enum Columna { kCodigo, kCatalogo, kProducto, kIngreso, kInicial, kSalidas, kFinal, kFaltSob, kColumnas };
 
-const QString kAbiertas = QStringLiteral(" FROM Operacion WHERE cOperFlagAbierto = 1 ");
+// The open operations; what each figure adds up over them, and the rows that it takes.
+constexpr LiteralSql kAbiertas = u" FROM Operacion WHERE cOperFlagAbierto = 1 "_sql;
 
-const QString kPagos = QStringLiteral(" SELECT SUM(nProdPrecUnit) AS TOTAL") + kAbiertas +
-                       QStringLiteral(" AND cOperTipo = 5  AND cOperFlagAnula = 0 ");
-const QString kVoucher =
-    QStringLiteral(" SELECT SUM((nProdPrecUnit * nProdCant) +  ((nProdPrecUnit * nProdCant) * nDscto/100)) AS TOTAL") +
-    kAbiertas + QStringLiteral(" AND cOperTipo = 2 AND cOperFlagAnula = 0  AND cOpercodeAnula=0 ");
-const QString kLiquidacion = QStringLiteral("SELECT SUM(nmontosoles +  nprodprecunit ) as TOTAL") + kAbiertas +
-                             QStringLiteral(" AND cOperTipo = 2 and cDocTipo='14'  AND cOperFlagAnula = 0");
-const QString kCashDolares = QStringLiteral(" SELECT SUM(nMontoDolares - nVueltoDolares) AS TOTAL") + kAbiertas;
-const QString kCashSoles = QStringLiteral(" SELECT SUM(nMontoSoles + nProdPrecUnit) AS TOTAL") + kAbiertas;
-const QString kConTarjeta = QStringLiteral(" AND cOperTipo = 1 AND TRIM(cEmisor) <> ''  AND cOperFlagAnula = 0 ");
+constexpr LiteralSql kPrecio = u" SELECT SUM(nProdPrecUnit) AS TOTAL"_sql;
+constexpr LiteralSql kValor =
+    u" SELECT SUM((nProdPrecUnit * nProdCant) +  ((nProdPrecUnit * nProdCant) * nDscto/100)) AS TOTAL"_sql;
+constexpr LiteralSql kSolesConVuelto = u"SELECT SUM(nmontosoles +  nprodprecunit ) as TOTAL"_sql;
+constexpr LiteralSql kSoles = u" SELECT SUM(nMontosoles) AS TOTAL"_sql;
+constexpr LiteralSql kDolares = u" SELECT SUM(nMontoDolares - nVueltoDolares) AS TOTAL"_sql;
+
+constexpr LiteralSql kPagos = u" AND cOperTipo = 5  AND cOperFlagAnula = 0 "_sql;
+constexpr LiteralSql kVoucher = u" AND cOperTipo = 2 AND cOperFlagAnula = 0  AND cOpercodeAnula=0 "_sql;
+constexpr LiteralSql kLiquidacion = u" AND cOperTipo = 2 and cDocTipo='14'  AND cOperFlagAnula = 0"_sql;
+constexpr LiteralSql kConTarjeta = u" AND cOperTipo = 1 AND TRIM(cEmisor) <> ''  AND cOperFlagAnula = 0 "_sql;
 // The tender rows of each side.
-const QString kRecibos =
-    QStringLiteral(" AND cOperTipo in (1, 3)  AND cDoctipo in ('01','02')  AND cOperFlaganula= 0 ");
-const QString kRecibosZ1 =
-    QStringLiteral(" AND cOperTipo in (1)  AND cDoctipo in ('01','02', '14', '10')  AND cOperFlaganula= 0 ");
-const QString kSinArticulo = QStringLiteral(" AND cProdCode = 0 ");
+constexpr LiteralSql kRecibos = u" AND cOperTipo in (1, 3)  AND cDoctipo in ('01','02')  AND cOperFlaganula= 0 "_sql;
+constexpr LiteralSql kRecibosZ1 =
+    u" AND cOperTipo in (1)  AND cDoctipo in ('01','02', '14', '10')  AND cOperFlaganula= 0 "_sql;
+constexpr LiteralSql kSinArticulo = u" AND cProdCode = 0 "_sql;
 
-bool consultar(Puesto& p, const QString& sql, Recordset& rs) {
-  return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs);
-}
+bool consultar(Puesto& p, const Sql& sql, Recordset& rs) { return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs); }
 
-// A sum of the store; Null when there is nothing to add. False when the query failed.
-bool sumar(Puesto& p, const QString& sql, std::optional<double>& total) {
+// A sum over open operations; nothing when there is nothing to add. False when the query failed.
+bool sumar(Puesto& p, LiteralSql que, const Sql& cuales, std::optional<double>& total) {
   Recordset rs;
-  if (!consultar(p, sql, rs)) return false;
+  if (!consultar(p, que + kAbiertas + cuales, rs)) return false;
   const QVariant v = rs[u"TOTAL"];
   total = v.isNull() ? std::nullopt : std::optional(Numero(v));
   return true;
@@ -55,7 +54,7 @@ QString mascara(const std::optional<double>& total, const char* sinNada) {
 
 bool leerPagos(Puesto& p, LadoCuadre& c) {
   std::optional<double> total;
-  if (!sumar(p, kPagos, total)) return false;
+  if (!sumar(p, kPrecio, kPagos, total)) return false;
   c.txtPagos = mascara(total, "0.00");
   return true;
 }
@@ -63,7 +62,7 @@ bool leerPagos(Puesto& p, LadoCuadre& c) {
 // The opening float, and what follows from it: the drawer, and nothing counted yet.
 bool cerrarLado(Puesto& p, LadoCuadre& c) {
   Recordset rs;
-  if (!consultar(p, QStringLiteral(" SELECT  nImporApertSol, nImporApertDol  FROM Configuracion "), rs)) return false;
+  if (!consultar(p, u" SELECT  nImporApertSol, nImporApertDol  FROM Configuracion "_sql, rs)) return false;
   c.txtapersoles = Formatear(Numero(rs[u"nImporApertSol"]), kMascaraApertura);
   c.txtaperdolares = Formatear(Numero(rs[u"nImporApertDol"]), kMascaraApertura);
   c.txtCashDRW = mascara(LeerImporte(c.txtCash) + LeerImporte(c.txtapersoles) - LeerImporte(c.txtPagos));
@@ -82,12 +81,13 @@ struct Adelantos {
 // The active ones of a kind (22 PADE, 23 PADV), their cash received.
 bool adelantosActivos(Puesto& p, int tipo, Adelantos& suma) {
   Recordset rs;
-  if (!consultar(p,
-                 QStringLiteral(" SELECT Sum(nEfectivosoles) as PADS, Sum(nEfectivoDolares) as PADD FROM "
-                                "OperacionParalela  WHERE cOperTipo in (%1) and cOperFlagAbierto=1 and cEstado in "
-                                "('1') and cOpercodeAnul=0")
-                     .arg(tipo),
-                 rs))
+  if (!consultar(
+          p,
+          FormatearSQL(u" SELECT Sum(nEfectivosoles) as PADS, Sum(nEfectivoDolares) as PADD FROM "
+                       "OperacionParalela  WHERE cOperTipo in ($) and cOperFlagAbierto=1 and cEstado in ('1') and "
+                       "cOpercodeAnul=0"_sql,
+                       {tipo}),
+          rs))
     return false;
   suma = {Numero(rs[u"PADS"]), Numero(rs[u"PADD"])};
   return true;
@@ -96,12 +96,13 @@ bool adelantosActivos(Puesto& p, int tipo, Adelantos& suma) {
 // The liquidated ones, each in the currency that it was paid in.
 bool adelantosLiquidados(Puesto& p, int tipo, Adelantos& suma) {
   Recordset rs;
-  if (!consultar(p,
-                 QStringLiteral(" SELECT nEfectivosoles as padliqs, nEfectivoDolares as padliqd, nMoneda FROM "
-                                "OperacionParalela  WHERE cOperTipo in (%1) and cOperFlagAbierto=1 and cEstado in "
-                                "('2') and cOperCodeAnul=0 ")
-                     .arg(tipo),
-                 rs))
+  if (!consultar(
+          p,
+          FormatearSQL(u" SELECT nEfectivosoles as padliqs, nEfectivoDolares as padliqd, nMoneda FROM "
+                       "OperacionParalela  WHERE cOperTipo in ($) and cOperFlagAbierto=1 and cEstado in ('2') and "
+                       "cOperCodeAnul=0 "_sql,
+                       {tipo}),
+          rs))
     return false;
   for (const auto& fila : rs) {
     if (Numero(fila[u"nMoneda"]) == 2) suma.dolares += Numero(fila[u"padliqd"]);
@@ -111,17 +112,17 @@ bool adelantosLiquidados(Puesto& p, int tipo, Adelantos& suma) {
 }
 
 // Sales, and active orders and consumption notes, of the open day.
-const char* const kProductos =
-    "SELECT cProdcode, sum(cantidad) as Cant ,  max(catalogo) as Catal, max(descripcion) as Descrip  FROM  "
+constexpr LiteralSql kProductos =
+    u"SELECT cProdcode, sum(cantidad) as Cant ,  max(catalogo) as Catal, max(descripcion) as Descrip  FROM  "
     "( SELECT 1, CProdCode,  sum(cant) as Cantidad , max(catal) as Catalogo, max(Descrip) as Descripcion FROM "
     "(SELECT  d.cProdCode,  sum( d.nProdCant) as cant ,  max(p.cCodcatalogo)  as catal, max( p.sProdDesc)  as Descrip "
     "FROM  Operacion d, Producto p WHERE d.cProdcode = p.cProdcode And d.cAlmaCode = p.cAlmaCode And d.cProdcode <> 0 "
     "And d.cOperflagabierto = 1 And d.cOperFlaganula = 0 GROUP BY d.cProdCode  ) GROUP BY CPRODCODE  UNION  "
     "SELECT 2, d.cProdCode,  sum( d.nProdCant) as cantidad ,  max(p.cCodcatalogo)  as catalogo, max( p.sProdDesc)  as "
-    "Descripcion FROM  OperacionParalelaProducto  d, OperacionParalela o,   Producto  p WHERE d.cOpercode = o.cOpercode "
-    "AND d.cProdCode = p.cProdCode AND d.cAlmaCode = p.cAlmaCode AND d.cProdcode <> 0 AND o.cOperFlagAbierto = 1 "
-    "AND o.cOperCodeanul = 0 AND o.cEstado= '1' AND o.cOpertipo in (20, 21) GROUP BY d.cProdCode   ) "
-    "GROUP BY  cProdcode  order by 3";
+    "Descripcion FROM  OperacionParalelaProducto  d, OperacionParalela o,   Producto  p WHERE d.cOpercode = "
+    "o.cOpercode AND d.cProdCode = p.cProdCode AND d.cAlmaCode = p.cAlmaCode AND d.cProdcode <> 0 AND "
+    "o.cOperFlagAbierto = 1 AND o.cOperCodeanul = 0 AND o.cEstado= '1' AND o.cOpertipo in (20, 21) GROUP BY "
+    "d.cProdCode   ) GROUP BY  cProdcode  order by 3"_sql;
 
 // A blank count is 0.
 bool esImporte(const QString& texto) { return EsNumerico(texto) || Recortar(texto).isEmpty(); }
@@ -134,12 +135,16 @@ void Inicio(Puesto& p, Cuadre& v, int modo) {
   v.deCierre = modo == kCuadreCierre;
   v.lvwProductos.clear();
   Recordset rs;
-  if (!consultar(p, QString::fromLatin1(kProductos), rs)) return;
+  if (!consultar(p, kProductos, rs)) return;
   for (const auto& fila : rs) {
     const double salidas = Numero(fila[u"Cant"]);
-    v.lvwProductos.push_back({LimpiarNulo(fila[u"cProdcode"]), LimpiarNulo(fila[u"Catal"]),
-                              LimpiarNulo(fila[u"Descrip"]), QStringLiteral("0"), QStringLiteral("0"),
-                              mascaraProducto(salidas), mascaraProducto(-salidas), QStringLiteral("0")});
+    QStringList c(kColumnas, QStringLiteral("0"));
+    c[kCodigo] = LimpiarNulo(fila[u"cProdcode"]);
+    c[kCatalogo] = LimpiarNulo(fila[u"Catal"]);
+    c[kProducto] = LimpiarNulo(fila[u"Descrip"]);
+    c[kSalidas] = mascaraProducto(salidas);
+    c[kFinal] = mascaraProducto(-salidas);
+    v.lvwProductos.push_back(c);
   }
 }
 
@@ -153,26 +158,27 @@ void CargarCuadre(Puesto& p, Cuadre& v) {
 bool CuadreCaja(Puesto& p, LadoCuadre& c) {
   std::optional<double> total, descuento;
   if (!leerPagos(p, c)) return false;
-  if (!sumar(p, QStringLiteral(" SELECT SUM(nMontosoles) AS TOTAL") + kAbiertas + kConTarjeta, descuento)) return false;
-  if (!sumar(p, kVoucher, total)) return false;
+  if (!sumar(p, kSoles, kConTarjeta, descuento)) return false;
+  if (!sumar(p, kValor, kVoucher, total)) return false;
   c.txtVoucher = total ? mascara(*total - descuento.value_or(0)) : QStringLiteral("0.00");
-  if (!sumar(p, kLiquidacion, total)) return false;
+  if (!sumar(p, kSolesConVuelto, kLiquidacion, total)) return false;
   c.txtVoucher = mascara(LeerImporte(c.txtVoucher) + total.value_or(0));
-  if (!sumar(p, kCashDolares + kRecibos, total)) return false;
+  if (!sumar(p, kDolares, kRecibos, total)) return false;
   c.txtCashDolares = mascara(total, "0");
-  if (!sumar(p, kCashSoles + kRecibos + kSinArticulo, total)) return false;
+  if (!sumar(p, kSolesConVuelto, kRecibos + kSinArticulo, total)) return false;
   c.txtCash = mascara(total, "0");
   return cerrarLado(p, c);
 }
 
 bool CuadreCajaZ1(Puesto& p, LadoCuadre& c) {
   std::optional<double> voucher, liquidacion, dolares, soles, descuento;
-  if (!leerPagos(p, c) || !sumar(p, kVoucher, voucher) || !sumar(p, kLiquidacion, liquidacion)) return false;
+  if (!leerPagos(p, c) || !sumar(p, kValor, kVoucher, voucher) || !sumar(p, kSolesConVuelto, kLiquidacion, liquidacion))
+    return false;
   c.txtVoucher = mascara(voucher.value_or(0) + liquidacion.value_or(0));
   Adelantos pade, padeLiq, padv, padvLiq;
-  if (!sumar(p, kCashDolares + kRecibosZ1, dolares) || !sumar(p, kCashSoles + kRecibosZ1 + kSinArticulo, soles) ||
+  if (!sumar(p, kDolares, kRecibosZ1, dolares) || !sumar(p, kSolesConVuelto, kRecibosZ1 + kSinArticulo, soles) ||
       !adelantosActivos(p, 22, pade) || !adelantosLiquidados(p, 22, padeLiq) || !adelantosActivos(p, 23, padv) ||
-      !adelantosLiquidados(p, 23, padvLiq) || !sumar(p, kCashSoles + kConTarjeta, descuento)) {
+      !adelantosLiquidados(p, 23, padvLiq) || !sumar(p, kSolesConVuelto, kConTarjeta, descuento)) {
     return false;
   }
   c.txtVoucher = mascara(LeerImporte(c.txtVoucher) + padv.soles + padvLiq.soles - descuento.value_or(0));
@@ -214,7 +220,12 @@ void TomarProducto(Cuadre& v, int fila) {
   v.producto = {};
   if (fila < 0 || fila >= static_cast<int>(v.lvwProductos.size())) return;
   const QStringList& c = v.lvwProductos[static_cast<size_t>(fila)];
-  v.producto = {c[kProducto], c[kIngreso], c[kInicial], c[kSalidas], c[kFinal], c[kFaltSob]};
+  v.producto = {.txtProductosNombre = c[kProducto],
+                .txtProductosID = c[kIngreso],
+                .txtProductosII = c[kInicial],
+                .txtProductosT = c[kSalidas],
+                .txtProductosIF = c[kFinal],
+                .txtProductosFS = c[kFaltSob]};
 }
 
 void CuadreProductosTotal(Cuadre& v) {

@@ -27,7 +27,7 @@ QString importe(const QString& texto) {
 QStringList lineasDe(const Cuadre& v, size_t lado, const QString& titulo) {
   using L = LadoCuadre;
   // clang-format off
-  static const struct { const char* rotulo; QString L::*soles; QString L::*dolares; bool dolaresSoloZ1; } kRenglones[] = {
+  static const struct { const char* rotulo; QString L::*soles, L::*dolares; bool dolaresSoloZ1; } kRenglones[] = {
       {"   PAGOS", &L::txtPagos, nullptr, false},
       {" VOUCHER", &L::txtVoucher, &L::txtVoucherDolares, true},
       {"ENTREG. ", nullptr, nullptr, false},
@@ -58,15 +58,15 @@ QString papel(Puesto& p, const QString& cabecera, const QStringList& lineas, int
 
 std::optional<ErrorBD> guardarLineas(Puesto& p, const QStringList& lineas) {
   Recordset rs;
-  if (const auto e = p.poCnnLocal.consultar(QStringLiteral(" SELECT MAX(dCuadreID) AS TOTAL FROM CUADRE_CAJA"), rs)) {
+  if (const auto e = p.poCnnLocal.consultar(u" SELECT MAX(dCuadreID) AS TOTAL FROM CUADRE_CAJA"_sql, rs)) {
     return e;
   }
   const double id = Numero(rs[u"TOTAL"]) + 1;
-  QStringList sentencias;
+  std::vector<Sql> sentencias;
   for (const QString& linea : lineas) {
-    sentencias << FormatearSQL(QStringLiteral(" INSERT INTO CUADRE_CAJA(dCuadreFecha, dCuadreID, dCuadreLinea, "
-                                              "dCuadreDetalle) VALUES ('$', $, $, '$')"),
-                               {FormatearFecha(p.reloj.now(), u"dd/mm/yyyy"), id, sentencias.size() + 1, linea});
+    sentencias.push_back(FormatearSQL(
+        u" INSERT INTO CUADRE_CAJA(dCuadreFecha, dCuadreID, dCuadreLinea, dCuadreDetalle) VALUES ('$', $, $, '$')"_sql,
+        {Texto(FormatearFecha(p.reloj.now(), u"dd/mm/yyyy")), id, sentencias.size() + 1, Texto(linea)}));
   }
   return EjecutarJuntas(p.poCnnLocal, sentencias);
 }

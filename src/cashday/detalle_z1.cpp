@@ -2,46 +2,42 @@
 #include "cashday/reportes.h"
 #include "foundation/puesto.h"
 #include "foundation/transaccion.h"
-#include "platform/text/numero.h"
 
 namespace {
 
-const char* const kDetalle =
-    " SELECT o.cCajaCodi, Format(o.dOperFech, 'dd/mm/yyyy') as dOperFech, o.cAlmaCode, o.cDocTipo "
-    "      , o.cProdCode, sum(o.nProdCant) as cant, sum ((O.nProdCant * O.nProdPrecUnit)+ ((O.nProdCant * O.nProdPrecUnit) * "
-    "O.nDscto/100)) as precio  FROM Operacion o, Producto p  Where o.cProdcode = p.cProdcode    and o.cAlmaCode = p.cAlmaCode "
-    "   and o.cProdcode <> 0 {f}   and o.cOperFlaganula = 0 "
+constexpr LiteralSql kDetalle =
+    u" SELECT o.cCajaCodi, Format(o.dOperFech, 'dd/mm/yyyy') as dOperFech, o.cAlmaCode, o.cDocTipo "
+    "      , o.cProdCode, sum(o.nProdCant) as cant, sum ((O.nProdCant * O.nProdPrecUnit)+ ((O.nProdCant * "
+    "O.nProdPrecUnit) * O.nDscto/100)) as precio  FROM Operacion o, Producto p  Where o.cProdcode = p.cProdcode    "
+    "and o.cAlmaCode = p.cAlmaCode    and o.cProdcode <> 0 {f}   and o.cOperFlaganula = 0 "
     " GROUP BY o.cCajaCodi, Format(o.dOperFech, 'dd/mm/yyyy'), o.cAlmaCode, o.cDocTipo, o.cProdCode "
-    " Union "
-    " SELECT o.cCajaCodi, Format(o.dOperFech, 'dd/mm/yyyy') as dOperFech, d.cAlmaCode, o.cDocTipo "
-    "      , d.cProdCode, sum(d.nProdCant) as cant, sum((d.nProdPrecUnit * d.nProdCant) + ((d.nProdPrecUnit * d.nProdCant) * "
-    "d.nDscto/100)) as precio  FROM OperacionParalelaProducto as d, OperacionParalela as o, Producto as p "
-    " Where d.cOperCode = o.cOperCode    and d.cProdCode = p.cProdCode    and d.cAlmaCode = p.cAlmaCode {p}"
-    "   and o.cOperCodeanul= 0 "
-    "   and ( (TRIM(o.cEstado) = '1' and o.cOpertipo + 0 in (20, 21)) or (TRIM(o.cdocTipo) = '11') ) "
-    " GROUP BY o.cCajaCodi, Format(o.dOperFech, 'dd/mm/yyyy'), d.cAlmaCode, o.cDocTipo, d.cProdCode ";
+    " Union  SELECT o.cCajaCodi, Format(o.dOperFech, 'dd/mm/yyyy') as dOperFech, d.cAlmaCode, o.cDocTipo "
+    "      , d.cProdCode, sum(d.nProdCant) as cant, sum((d.nProdPrecUnit * d.nProdCant) + ((d.nProdPrecUnit * "
+    "d.nProdCant) * d.nDscto/100)) as precio  FROM OperacionParalelaProducto as d, OperacionParalela as o, Producto "
+    "as p  Where d.cOperCode = o.cOperCode    and d.cProdCode = p.cProdCode    and d.cAlmaCode = p.cAlmaCode {p}"
+    "   and o.cOperCodeanul= 0    and ( (TRIM(o.cEstado) = '1' and o.cOpertipo + 0 in (20, 21)) or (TRIM(o.cdocTipo) "
+    "= '11') )  GROUP BY o.cCajaCodi, Format(o.dOperFech, 'dd/mm/yyyy'), d.cAlmaCode, o.cDocTipo, d.cProdCode "_sql;
 
 // The head, the rows and their mean prices; the words of the failure.
 std::optional<ErrorBD> grabarDetalle(Conexion& central, const Recordset& filas, const QString& caja, int estado,
                                      QString& idZ1) {
   Recordset rs;
   if (auto e =
-          central.consultar(QStringLiteral("exec dbo.spr_insertar_cabecera_z1 '%1', %2").arg(caja).arg(estado), rs)) {
+          central.consultar(FormatearSQL(u"exec dbo.spr_insertar_cabecera_z1 '$', $"_sql, {Texto(caja), estado}), rs)) {
     return e;
   }
   if (!rs.Eof()) idZ1 = LimpiarNulo(rs[u"idZ1"]);
   for (const auto& f : filas) {
-    const auto texto = [&f](QStringView campo) { return LimpiarNulo(f[campo]); };
-    if (auto e = central.ejecutar(
-            QStringLiteral(
-                "INSERT INTO TDETALLEZ1(nidZ1,cCajaCodi,dOperFech,cAlmaCode,cdocTipo,cProdCode,nProdCant,nMonto) "
-                "VALUES(%1,'%2',CONVERT(DATETIME,'%3',103),'%4','%5','%6',%7,%8)")
-                .arg(idZ1, texto(u"cCajaCodi"), texto(u"dOperFech"), texto(u"cAlmaCode"), texto(u"cDocTipo"),
-                     texto(u"cProdCode"), TextoDe(Numero(f[u"cant"])), TextoDe(Numero(f[u"precio"]))))) {
+    const auto texto = [&f](QStringView campo) { return Texto(LimpiarNulo(f[campo])); };
+    if (auto e = central.ejecutar(FormatearSQL(
+            u"INSERT INTO TDETALLEZ1(nidZ1,cCajaCodi,dOperFech,cAlmaCode,cdocTipo,cProdCode,nProdCant,nMonto) "
+            "VALUES($,'$',CONVERT(DATETIME,'$',103),'$','$','$',$,$)"_sql,
+            {Cifras(idZ1), texto(u"cCajaCodi"), texto(u"dOperFech"), texto(u"cAlmaCode"), texto(u"cDocTipo"),
+             texto(u"cProdCode"), Numero(f[u"cant"]), Numero(f[u"precio"])}))) {
       return e;
     }
   }
-  return central.ejecutar(QStringLiteral("dbo.spr_promediar_montos_z1 ") + idZ1);
+  return central.ejecutar(FormatearSQL(u"dbo.spr_promediar_montos_z1 $"_sql, {Cifras(idZ1)}));
 }
 
 bool avisar(Puesto& p, const QString& porque) {
@@ -56,8 +52,7 @@ bool EnviarDetalleZ1(Puesto& p, int estado) {
   Periodo periodo;
   (void)LeerPeriodo(p, periodo);  // what can't be read counts as blank
   if (!p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral)) return avisar(p, QStringLiteral("no responde."));
-  QString sql = QString::fromLatin1(kDetalle);
-  sql.replace(QStringLiteral("{f}"), periodo.sFiltro).replace(QStringLiteral("{p}"), periodo.sFiltroP);
+  const Sql sql = Sql(kDetalle).con(u"{f}"_sql, periodo.sFiltro).con(u"{p}"_sql, periodo.sFiltroP);
   Recordset filas;
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, filas)) return false;
   QString idZ1 = p.ses.psIdZ1;

@@ -6,10 +6,8 @@
 #include "foundation/puesto.h"
 #include "foundation/rutinas.h"
 
-frmApertura::frmApertura(Puesto& p, Principal& principal, QWidget* padre)
-    : Forma(QStringLiteral("FrmApertura"), QStringLiteral("Información de Apertura de Caja"), padre),
-      p_(p),
-      principal_(principal) {
+frmApertura::frmApertura(Puesto& p, QWidget* padre)
+    : Forma(QStringLiteral("FrmApertura"), QStringLiteral("Información de Apertura de Caja"), padre), p_(p) {
   cuerpo()->addWidget(nuevoTexto(QStringLiteral("Ingrese Importe Inicial de Caja"), QStringLiteral("sentencia")));
   auto* panel = new Panel;
   // clang-format off
@@ -37,11 +35,8 @@ frmApertura::frmApertura(Puesto& p, Principal& principal, QWidget* padre)
 void frmApertura::grabar() {
   if (!importesSinComa()) return;
   enlaces_.recoger();
-  const bool termino = AbrirCaja(p_, v_, principal_);
-  if (alCambiar) alCambiar();
-  if (termino) {
-    accept();
-  } else if (!v_.campoMal.isEmpty()) {
-    marcarMal(findChild<QWidget*>(v_.campoMal));
-  }
+  const ResultadoApertura r = AbrirCaja(p_, v_);
+  if (alAbrir) alAbrir(r);
+  if (r.hecha) accept();
+  else if (!r.campoMal.isEmpty()) marcarMal(findChild<QWidget*>(r.campoMal));
 }

@@ -61,7 +61,7 @@ frmCuadre::frmCuadre(Puesto& p, ModoCuadre modo, bool bReporteImpreso, QWidget* 
 
 QFrame* frmCuadre::nuevoLado(size_t n, const QString& nota) {
   LadoCuadre& c = v_.lado[n];
-  const bool conVoucherDolares = n == kLadoZ1;
+  const char* const voucherDolares = n == kLadoZ1 ? "txtVoucherDolares" : nullptr;
   struct Renglon {
     const char *etiqueta, *soles;
     QString* texto;
@@ -71,7 +71,7 @@ QFrame* frmCuadre::nuevoLado(size_t n, const QString& nota) {
   // clang-format off
   const Renglon renglones[] = {
       {"Pagos :", "txtPagos", &c.txtPagos, nullptr, nullptr},
-      {"Voucher :", "txtVoucher", &c.txtVoucher, conVoucherDolares ? "txtVoucherDolares" : nullptr, &c.txtVoucherDolares},
+      {"Voucher :", "txtVoucher", &c.txtVoucher, voucherDolares, &c.txtVoucherDolares},
       {"Total Cash :", "txtCash", &c.txtCash, "txtCashDolares", &c.txtCashDolares},
       {"Imp. Apertura :", "txtapersoles", &c.txtapersoles, "txtaperdolares", &c.txtaperdolares},
       {"Cash-DRW :", "txtCashDRW", &c.txtCashDRW, "txtCashDRWDolares", &c.txtCashDRWDolares},

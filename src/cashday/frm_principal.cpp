@@ -8,15 +8,14 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
-#include <span>
 
 #include "cashday/cierre.h"
-#include "cashday/dia.h"
 #include "cashday/frm_acerca_de.h"
 #include "cashday/frm_apertura.h"
 #include "cashday/pantallas_principal.h"
 #include "cashday/reportes.h"
 #include "cashday/tipo_cambio.h"
+#include "cashday/turno.h"
 #include "foundation/puesto.h"
 #include "platform/ui/anillo_foco.h"
 #include "platform/ui/campo.h"
@@ -28,55 +27,11 @@ namespace {
 
 constexpr int kIntervaloClientes_ms = 25'000;
 
-struct EntradaNumerada {
-  int n;
-  const char* rotulo;  // "-" is a separator
-  bool oculta = false;
-};
-
-// clang-format off
-constexpr EntradaNumerada kMantenimiento[] = {
-    {1, "&Productos", true},          {2, "&Tipo de Cambio"}, {3, "-"}, {4, "&Configuración del Teclado"},
-    {5, "Cabecera de &Impresión"},    {6, "-"},               {7, "Configuración Impresora"}, {8, "Iniciar Caja"},
-};
-// clang-format on
-
-// clang-format off
-constexpr EntradaNumerada kOperaciones[] = {
-    {1, "Cambio de Turno"},     {2, "-"},
-    {3, "Caja Registradora"},   {4, "Caja Registradora (Versión Full)"},
-    {5, "-"},                   {6, "Reporte X"},
-    {7, "Cuadre de Caja", true}, {8, "Reporte Z"},
-    {9, "-", true},             {10, "Reporte O/C", true},
-    {11, "Reporte N/C", true},  {12, "Reporte PADE", true},
-    {13, "Reporte PADV", true}, {14, "Reporte LIQPAD", true},
-    {15, "Consulta OP"},        {16, "Reporte X-1"},
-    {17, "Reporte X-1 formato  Excel"},
-};
-// clang-format on
-
-struct BotonBarra {
-  int n;
-  const char *rotulo, *dibujo;  // "" is a separator
-};
-
-constexpr int kPrimerBotonFecha = 15;
-
-// clang-format off
-constexpr BotonBarra kBarra[] = {
-    {1, "Productos", "productos"},  {2, "Tipo Cambio", "tipo_cambio"},   {3, "Botones", "botones"},
-    {4, "Cabecera", "cabecera"},    {5, "", ""},                         {6, "Caja", "caja"},
-    {7, "", ""},                    {8, "Cambio Turno", "cambio_turno"}, {9, "Reporte X", "reporte_x"},
-    {10, "", ""},                   {11, "Reporte Z", "reporte_z"},      {12, "Cuadre Caja", "cuadre"},
-    {13, "", ""},                   {14, "Salir", "salir"},              {15, "Z Fecha", "z_fecha"},
-    {16, "Z1 Fecha", "z1_fecha"},   {17, "Sincronizar", "sincronizar"},
-};
-// clang-format on
-
 QString deArreglo(const char* nombre, int n) { return QStringLiteral("%1(%2)").arg(QLatin1String(nombre)).arg(n); }
 
 QString sinMnemonico(QString rotulo) { return rotulo.remove(u'&'); }
 
+// The caption of an entry; the entries stand in the order of their numbers.
 QString rotuloDe(std::span<const EntradaNumerada> entradas, int n) {
   return sinMnemonico(QString::fromUtf8(entradas[static_cast<size_t>(n - 1)].rotulo));
 }
@@ -118,20 +73,28 @@ QAction* frmPrincipal::entrada(QMenu* menu, const QString& nombre, const QString
 void frmPrincipal::crearMantenimiento() {
   QMenu* m = menuBar()->addMenu(QStringLiteral("&Mantenimiento"));
   m->menuAction()->setObjectName(QStringLiteral("mnuMantenimiento"));
-  for (const auto& e : kMantenimiento) {
+  for (const auto& e : EntradasMantenimiento()) {
     mantenimiento_[static_cast<size_t>(e.n)] = entrada(
         m, deArreglo("mnuMantenimiento_Hijo", e.n), QString::fromUtf8(e.rotulo), [this, n = e.n] { mantenimiento(n); },
         e.oculta);
   }
+  const auto sincroniza = [this](bool diaAnterior) {
+    return [this, diaAnterior] { SincronizarDatos(p_, pantallas_, diaAnterior); };
+  };
   // clang-format off
-  const struct { const char *nombre, *rotulo; QAction** guardar = nullptr; std::function<void()> accion = {}; } resto[] = {
+  const struct {
+    const char *nombre, *rotulo;
+    QAction** guardar = nullptr;
+    std::function<void()> accion = {};
+  } resto[] = {
       {"mnuraya", "-"},
-      {"mnu_sincronizar_DiaAnt", "Sincronizar Datos (Dia Anterior)", &diaAnterior_, [this] { SincronizarDatos(p_, pantallas_, true); }},
+      {"mnu_sincronizar_DiaAnt", "Sincronizar Datos (Dia Anterior)", &diaAnterior_, sincroniza(true)},
       {"mnu_1", "-"},
-      {"mnu_sincronizar", "Sincronizar Datos", nullptr, [this] { SincronizarDatos(p_, pantallas_, false); }},
+      {"mnu_sincronizar", "Sincronizar Datos", nullptr, sincroniza(false)},
       {"mnulin", "-"},
       {"mnuDepurarTablas", "Depurar Tablas"},
-      {"mnuUsuarios", "&Usuarios", &usuarios_, [this] { ajustes(PantallaMantenimiento::Usuarios, QStringLiteral("Usuarios")); }},
+      {"mnuUsuarios", "&Usuarios", &usuarios_, [this] { ajustes(PantallaMantenimiento::Usuarios,
+          QStringLiteral("Usuarios")); }},
       {"mnuConfigParam", "Configuración Parámetros", nullptr, [this] { configurarParametros(); }},
       {"mnu_rayita", "-"},
       {"mnu_tiptar", "Tipo de Tarjeta", nullptr, [this] { pantallas_.mantenimiento(PantallaMantenimiento::TiposTarjeta); }},
@@ -149,7 +112,7 @@ void frmPrincipal::crearMantenimiento() {
 void frmPrincipal::crearOperaciones() {
   QMenu* m = menuBar()->addMenu(QStringLiteral("Operaciones"));
   m->menuAction()->setObjectName(QStringLiteral("mnuOperaciones"));
-  for (const auto& e : kOperaciones) {
+  for (const auto& e : EntradasOperaciones()) {
     operaciones_[static_cast<size_t>(e.n)] = entrada(
         m, deArreglo("mnuOperaciones_Hijo", e.n), QString::fromUtf8(e.rotulo), [this, n = e.n] { operacion(n); },
         e.oculta);
@@ -194,10 +157,10 @@ void frmPrincipal::crearBarra() {
   // The date buttons have a row of their own: all seventeen don't fit into 1024 pixels.
   addToolBarBreak();
   barraFecha_ = nuevaBarra("Toolbar1Fecha");
-  for (const auto& b : kBarra) {
+  for (const auto& b : BotonesBarra()) {
     const auto i = static_cast<size_t>(b.n);
-    QToolBar* barra = b.n < kPrimerBotonFecha ? principal : barraFecha_;
-    if (!*b.rotulo) {
+    QToolBar* barra = b.n < kBotonZFecha ? principal : barraFecha_;
+    if (QLatin1String(b.rotulo) == QLatin1String("-")) {
       accionBoton_[i] = barra->addSeparator();
       continue;
     }
@@ -235,9 +198,10 @@ void frmPrincipal::crearCentro() {
     fila->addWidget(b);
     return b;
   };
-  abierta_ = {atajo("cmdInicio(1)", QStringLiteral("Caja Registradora (F-teclas)"), operaciones_[3], "mediano"),
-              atajo("cmdInicio(2)", QStringLiteral("Versión FULL"), operaciones_[4], "grande"),
-              atajo("cmdInicio(3)", QStringLiteral("Reporte X"), operaciones_[6], "mediano")};
+  abierta_ = {
+      atajo("cmdInicio(1)", QStringLiteral("Caja Registradora (F-teclas)"), operaciones_[kCajaRapida], "mediano"),
+      atajo("cmdInicio(2)", QStringLiteral("Versión FULL"), operaciones_[kCajaFull], "grande"),
+      atajo("cmdInicio(3)", QStringLiteral("Reporte X"), operaciones_[kReporteX], "mediano")};
   iniciar_ = atajo("cmdInicio(4)", QStringLiteral("Iniciar Caja"), mantenimiento_[kIniciarCaja], "grande");
   reporteZ_ = atajo("cmdInicio(5)", QStringLiteral("Reporte Z"), operaciones_[kReporteZ], "grande");
   fila->addStretch();
@@ -258,29 +222,30 @@ void frmPrincipal::pintarCentro() {
   titular_->setText(e.titular);
   sentencia_->setText(e.sentencia);
   sentencia_->setVisible(!e.sentencia.isEmpty());
-  for (QPushButton* b : abierta_) b->setVisible(e.clase == EstadoDia::Abierta);
-  iniciar_->setVisible(e.clase == EstadoDia::Cerrada);
-  reporteZ_->setVisible(e.clase == EstadoDia::CierreInterrumpido);
-  QPushButton* principal = e.clase == EstadoDia::Abierta   ? abierta_[1]
-                           : e.clase == EstadoDia::Cerrada ? iniciar_
-                                                           : reporteZ_;
+  for (QPushButton* b : abierta_) b->setVisible(e.clase == ClaseDia::Abierta);
+  iniciar_->setVisible(e.clase == ClaseDia::Cerrada);
+  reporteZ_->setVisible(e.clase == ClaseDia::CierreInterrumpido);
+  QPushButton* principal = e.clase == ClaseDia::Abierta   ? abierta_[1]
+                           : e.clase == ClaseDia::Cerrada ? iniciar_
+                                                          : reporteZ_;
   const QWidget* foco = focusWidget();
   if (!foco || !foco->isVisible() || !foco->isEnabled()) principal->setFocus();
 }
 
 void frmPrincipal::refrescar() {
   setWindowTitle(TituloPrincipal(p_));
-  for (size_t n = 1; n < mantenimiento_.size(); ++n) mantenimiento_[n]->setEnabled(v_.mantenimiento[n]);
-  for (size_t n = 1; n < operaciones_.size(); ++n) operaciones_[n]->setEnabled(v_.operaciones[n]);
-  for (QAction* a : demas_) a->setEnabled(v_.demasMenus);
-  diaAnterior_->setEnabled(v_.sincronizarDiaAnt && v_.demasMenus);
-  usuarios_->setVisible(v_.usuariosVisible);
+  const Menus m = MenusDelDia(ClaseDelDia(p_, v_), v_.sincronizarDiaAnt, p_.ses);
+  for (size_t n = 1; n < mantenimiento_.size(); ++n) mantenimiento_[n]->setEnabled(m.mantenimiento[n]);
+  for (size_t n = 1; n < operaciones_.size(); ++n) operaciones_[n]->setEnabled(m.operaciones[n]);
+  for (QAction* a : demas_) a->setEnabled(m.demasMenus);
+  diaAnterior_->setEnabled(m.sincronizarDiaAnt);
+  usuarios_->setVisible(m.usuariosVisible);
   txtsupervisor_->setText(v_.txtsupervisor);
   for (size_t n = 1; n < botones_.size(); ++n) {
-    accionBoton_[n]->setVisible(v_.botonVisible[n]);
-    if (botones_[n]) botones_[n]->setEnabled(v_.botones[n]);
+    accionBoton_[n]->setVisible(m.botonVisible[n]);
+    if (botones_[n]) botones_[n]->setEnabled(m.botones[n]);
   }
-  barraFecha_->setVisible(v_.botonVisible[kPrimerBotonFecha]);
+  barraFecha_->setVisible(m.botonVisible[kBotonZFecha]);
   pintarCentro();
   estado_->mostrar(EstadoPrincipal(p_));
 }
@@ -300,13 +265,13 @@ void frmPrincipal::iniciar() {
 
 void frmPrincipal::mantenimiento(int n) {
   switch (n) {
-    case 1: ajustes(PantallaMantenimiento::Productos, rotuloDe(kMantenimiento, n)); return;
-    case 2: pantallas_.tipoCambioLista(); return;
-    case 4: ajustes(PantallaMantenimiento::Teclado, rotuloDe(kMantenimiento, n)); return;
-    case 5: ajustes(PantallaMantenimiento::Cabecera, rotuloDe(kMantenimiento, n)); return;
-    case 7: ajustes(PantallaMantenimiento::Impresora, rotuloDe(kMantenimiento, n)); return;
+    case kProductos: ajustes(PantallaMantenimiento::Productos, rotuloDe(EntradasMantenimiento(), n)); return;
+    case kTipoCambio: pantallas_.tipoCambioLista(); return;
+    case kTeclado: ajustes(PantallaMantenimiento::Teclado, rotuloDe(EntradasMantenimiento(), n)); return;
+    case kCabecera: ajustes(PantallaMantenimiento::Cabecera, rotuloDe(EntradasMantenimiento(), n)); return;
+    case kImpresora: ajustes(PantallaMantenimiento::Impresora, rotuloDe(EntradasMantenimiento(), n)); return;
     case kIniciarCaja: abrirApertura(); return;
-    default: pantallas_.noDisponible(rotuloDe(kMantenimiento, n));
+    default: pantallas_.noDisponible(rotuloDe(EntradasMantenimiento(), n));
   }
 }
 
@@ -322,25 +287,25 @@ void frmPrincipal::configurarParametros() {
 }
 
 void frmPrincipal::operacion(int n) {
-  if (n == 3 || n == 4) OlvidarTipoCambioPasado(p_);
+  if (n == kCajaRapida || n == kCajaFull) OlvidarTipoCambioPasado(p_);
   PrepararOperacion(p_, v_, pantallas_);
   const bool hayTipoCambio = p_.ses.pnTipoCambio != 0;
   switch (n) {
-    case 3:
+    case kCajaRapida:
       if (hayTipoCambio) pantallas_.abrirRapida();
       return;
-    case 4:
+    case kCajaFull:
       if (hayTipoCambio) pantallas_.abrirFull();
       return;
-    case 1: cambioTurno(); return;
-    case 6: reporte(n, ReportesEspeciales); return;
-    case 7:
+    case kCambioTurno: cambioTurno(); return;
+    case kReporteX: reporte(n, ReportesEspeciales); return;
+    case kCuadreCaja:
       v_.bReporteImpreso = false;
       pantallas_.cuadreDeCaja(v_, kCuadreVista);
       return;
     case kReporteZ: cerrarCaja(); return;
-    case 16: reporte(n, ReportesEspeciales1); return;
-    default: pantallas_.noDisponible(rotuloDe(kOperaciones, n));
+    case kReporteX1: reporte(n, ReportesEspeciales1); return;
+    default: pantallas_.noDisponible(rotuloDe(EntradasOperaciones(), n));
   }
 }
 
@@ -349,7 +314,7 @@ void frmPrincipal::cambioTurno() {
                              QStringLiteral("Confirmar Cambio de Turno"), false)) {
     return;
   }
-  if (!AutorizarOperacion(v_, pantallas_, rotuloDe(kOperaciones, 1))) return;
+  if (!AutorizarOperacion(v_, pantallas_, rotuloDe(EntradasOperaciones(), kCambioTurno))) return;
   CambioTurno(p_, v_, pantallas_);
 }
 
@@ -363,7 +328,7 @@ void frmPrincipal::cerrarCaja() {
 }
 
 void frmPrincipal::reporte(int n, ResultadoReporte (*imprimir)(Puesto&, const PedidoReporte&)) {
-  if (!AutorizarOperacion(v_, pantallas_, rotuloDe(kOperaciones, n))) return;
+  if (!AutorizarOperacion(v_, pantallas_, rotuloDe(EntradasOperaciones(), n))) return;
   const CursorEspera espera;
   v_.bReporteImpreso = imprimir(p_, PedidoX()).impreso || v_.bReporteImpreso;
 }
@@ -375,29 +340,32 @@ void frmPrincipal::reporteDeFecha(ResultadoReporte (*imprimir)(Puesto&, const QS
 
 void frmPrincipal::boton(int n) {
   switch (n) {
-    case 1: mantenimiento(1); return;
-    case 2: mantenimiento(2); return;
-    case 3:
-    case 4: return;  // they stand there and do nothing
-    case 6:
+    case kBotonProductos: mantenimiento(kProductos); return;
+    case kBotonTipoCambio: mantenimiento(kTipoCambio); return;
+    case kBotonTeclado:
+    case kBotonCabecera: return;  // they stand there and do nothing
+    case kBotonCaja:
       CapturaTipoCambio(p_, pantallas_);
-      if (p_.ses.pnTipoCambio != 0) operacion(3);
+      if (p_.ses.pnTipoCambio != 0) operacion(kCajaRapida);
       return;
-    case 8: operacion(1); return;
-    case 9: operacion(6); return;
-    case 11: operacion(kReporteZ); return;
-    case 12: operacion(7); return;
-    case 14: p_.salida.terminar(0); return;
-    case 15: reporteDeFecha(ReportesEspecialesFecha); return;
-    case 16: reporteDeFecha(ReportesEspeciales1Fecha); return;
+    case kBotonCambioTurno: operacion(kCambioTurno); return;
+    case kBotonReporteX: operacion(kReporteX); return;
+    case kBotonReporteZ: operacion(kReporteZ); return;
+    case kBotonCuadre: operacion(kCuadreCaja); return;
+    case kBotonSalir: p_.salida.terminar(0); return;
+    case kBotonZFecha: reporteDeFecha(ReportesEspecialesFecha); return;
+    case kBotonZ1Fecha: reporteDeFecha(ReportesEspeciales1Fecha); return;
     default: pantallas_.noDisponible(botones_[static_cast<size_t>(n)]->text());
   }
 }
 
 void frmPrincipal::abrirApertura() {
   if (!apertura_) {
-    auto* f = new frmApertura(p_, v_, this);
-    f->alCambiar = [this] { refrescar(); };
+    auto* f = new frmApertura(p_, this);
+    f->alAbrir = [this](const ResultadoApertura& r) {
+      v_.sincronizarDiaAnt = v_.sincronizarDiaAnt || r.quedoDiaAnterior;
+      refrescar();
+    };
     f->setAttribute(Qt::WA_DeleteOnClose);
     apertura_ = f;
   }

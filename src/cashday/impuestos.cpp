@@ -8,14 +8,14 @@ namespace {
 
 constexpr int kEspera_ms = 20'000;
 
-const char* const kDeDocumento =
-    " SELECT SUM({valor} / (1 + {igv} +  (o.nServicio /100) )  * (o.nServicio/100) ) as Servicio, "
+constexpr LiteralSql kDeDocumento =
+    u" SELECT SUM({valor} / (1 + {igv} +  (o.nServicio /100) )  * (o.nServicio/100) ) as Servicio, "
     "        SUM({valor} / (1 + {igv} + (o.nServicio / 100)) * {igv}) As Igv    FROM Operacion o "
-    "   WHERE o.cDoctipo= '%1'    AND o.cOperFlaganula= 0    AND o.cProdcode <> 0 {f}{t}";
-const char* const kParalelo =
-    "  SELECT SUM({valorp} / (1 + ({igv} +  (d.nServicio /100) ) ) * (d.nServicio/100)) as Servicio  "
+    "   WHERE o.cDoctipo= '$'    AND o.cOperFlaganula= 0    AND o.cProdcode <> 0 {f}{t}"_sql;
+constexpr LiteralSql kParalelo =
+    u"  SELECT SUM({valorp} / (1 + ({igv} +  (d.nServicio /100) ) ) * (d.nServicio/100)) as Servicio  "
     "    FROM OperacionParalelaProducto d , OperacionParalela o    WHERE d.cOpercode = o.cOpercode "
-    "     AND o.cOperTipo + 0= 20 and d.cProdCode <> 0      and  o.cOpercodeAnul=0 {p}{t}";
+    "     AND o.cOperTipo + 0= 20 and d.cProdCode <> 0      and  o.cOpercodeAnul=0 {p}{t}"_sql;
 
 // The IGV of this desk's billing documents; false when the central database can't tell, and the box has been shown.
 bool sumarCentral(Puesto& p, Impuestos& t) {
@@ -30,9 +30,9 @@ bool sumarCentral(Puesto& p, Impuestos& t) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
           central,
-          QStringLiteral("SELECT TipoDoc, sum(igv)  AS SumaIgv FROM VENTA01 WHERE cSerieDoc ='B%1' or  "
-                         "cSerieDoc ='F%1'  GROUP BY TipoDoc")
-              .arg(serie),
+          FormatearSQL(u"SELECT TipoDoc, sum(igv)  AS SumaIgv FROM VENTA01 WHERE cSerieDoc ='B$' or  cSerieDoc ='F$'  "
+                       "GROUP BY TipoDoc"_sql,
+                       {Texto(serie), Texto(serie)}),
           rs)) {
     return false;
   }
@@ -49,7 +49,7 @@ bool sumarCentral(Puesto& p, Impuestos& t) {
 std::optional<Impuestos> LeerImpuestos(Puesto& p, LectorReporte& l, NumeroImpresora impresora) {
   Impuestos t;
   const auto leer = [&](const char* tipo, double& igv) {
-    const Recordset rs = l.filas(QString::fromLatin1(kDeDocumento).arg(QString::fromLatin1(tipo)));
+    const Recordset rs = l.filas(FormatearSQL(kDeDocumento, {Texto(QString::fromLatin1(tipo))}));
     igv = Numero(rs[u"Igv"]);
     t.servicio += Numero(rs[u"Servicio"]);
   };
@@ -58,18 +58,4 @@ std::optional<Impuestos> LeerImpuestos(Puesto& p, LectorReporte& l, NumeroImpres
   if (impresora == kImpresoraAlterna) t.servicioParalelo = l.numero(kParalelo);
   if (!l.bien() || !sumarCentral(p, t)) return {};
   return t;
-}
-
-void ImprimirImpuestos(Informe& i, const Impuestos& t, const QString& psPorcServ) {
-  const auto parte = [&](const QString& titulo, double monto) {
-    i.titulo(titulo);
-    i.linea(ALaDerecha(QStringLiteral(" TOTAL    "), u'*' + Importe(monto), 29));
-  };
-  parte(QStringLiteral("        IGV FACTURA        "), t.igvFactura);
-  parte(QStringLiteral("        IGV BOLETA         "), t.igvBoleta);
-  parte(QStringLiteral("        TOTAL IGV          "), t.igvFactura + t.igvBoleta);
-  parte(QStringLiteral("     SERVICIOS ( ") + psPorcServ + QStringLiteral(" % )       "), t.servicio);
-  i.doble();
-  if (!t.servicioParalelo) return;
-  parte(QStringLiteral("     SERV PARALELO( ") + psPorcServ + QStringLiteral(" % )       "), *t.servicioParalelo);
 }

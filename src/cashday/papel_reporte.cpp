@@ -1,5 +1,6 @@
 #include "cashday/papel_reporte.h"
 
+#include "cashday/papel_comun.h"
 #include "cashday/papel_paralelas.h"
 #include "foundation/version.h"
 #include "platform/text/fecha.h"
@@ -7,11 +8,6 @@
 #include "platform/text/texto.h"
 
 namespace {
-
-const QString kSinEtiqueta = Espacios(12);
-
-QString enMoneda(const QString& etiqueta, double monto) { return ALaDerecha(etiqueta, u'*' + Importe(monto), 27); }
-QString enCuenta(const QString& etiqueta, double cuantos) { return ALaDerecha(etiqueta, Cuenta(cuantos), 27); }
 
 // The day that a report by date is about, or now.
 QString diaCorto(const DatosReporte& d) {
@@ -30,28 +26,20 @@ void cabecera(Informe& i, const DatosReporte& d) {
 }
 
 void primerCheck(Informe& i, const DatosReporte& d) {
-  i.titulo(d.letra + QStringLiteral("  CHECK                             01"));
-  i.linea(ALaDerecha(QStringLiteral("TOTAL     "), u'*' + Importe(static_cast<double>(d.cifras.nItems)), 29));
-  i.linea(ALaDerecha(Espacios(10), u'*' + Importe(d.cifras.nVenta), 29));
-  i.doble();
+  CabezaDeCheck(i, d.letra + QStringLiteral("  CHECK                             01"),
+                static_cast<double>(d.cifras.nItems), QStringLiteral("*"), d.cifras.nVenta);
   ListaDeProductos(i, d.cifras.productos);
 }
 
 void segundoCheck(Informe& i, const DatosReporte& d) {
   const CifrasReporte& c = d.cifras;
   i.titulo(d.letra + QStringLiteral("  CHECK  TOTAL TRANSACCIONES        02"));
-  if (c.nTickets != 0) {
-    i.linea(enCuenta(QStringLiteral("TICKET      "), static_cast<double>(c.nTickets)));
-    i.linea(enMoneda(kSinEtiqueta, c.nVenta));
-  }
+  CuentaYMonto(i, QStringLiteral("TICKET      "), static_cast<double>(c.nTickets), c.nVenta);
   i.doble();
-  if (c.nVouchers != 0) {
-    i.linea(enCuenta(QStringLiteral("VOUCHER VTA "), static_cast<double>(c.nVouchers)));
-    i.linea(enMoneda(kSinEtiqueta, c.nVoucher));
-  }
+  CuentaYMonto(i, QStringLiteral("VOUCHER VTA "), static_cast<double>(c.nVouchers), c.nVoucher);
   if (EsPositivo(c.nRecaudado)) {
-    i.linea(enCuenta(QStringLiteral("RECAUDACION "), static_cast<double>(c.nRecaudaciones)));
-    i.linea(ALaDerecha(kSinEtiqueta, u'(' + Importe(c.nRecaudado) + u')', 27));
+    i.linea(LineaCuenta(QStringLiteral("RECAUDACION "), static_cast<double>(c.nRecaudaciones)));
+    i.linea(LineaMonto(kSinRotulo, QStringLiteral("("), c.nRecaudado, QStringLiteral(")")));
   }
 }
 
@@ -59,10 +47,14 @@ void tercerCheck(Informe& i, const DatosReporte& d) {
   const CifrasReporte& c = d.cifras;
   i.titulo(d.letra + QStringLiteral("  CHECK  TOTALES                    03"));
   const double soles = c.nCajaSol + c.nAperturaSol - c.nRecaudado, dolares = c.nCajaDol + c.nAperturaDol;
-  const CajonReporte cajon{
-      QStringLiteral("APERT.    S/"), QStringLiteral("APERT.     $"), soles, dolares, soles, dolares};
-  ImprimirCajon(i, c, cajon);
-  ImprimirNulos(i, c, {});
+  ImprimirCajon(i, c,
+                {.aperturaSol = QStringLiteral("APERT.    S/"),
+                 .aperturaDol = QStringLiteral("APERT.     $"),
+                 .haySol = soles,
+                 .hayDol = dolares,
+                 .montoSol = soles,
+                 .montoDol = dolares});
+  CuentaYMonto(i, QStringLiteral("NULOS  TK   "), static_cast<double>(c.nNulos), c.nNulosMonto);
   i.linea({});
 }
 
@@ -96,8 +88,8 @@ void pie(Informe& i, const DatosReporte& d) {
   i.linea({});
   i.linea(u' ' + Izquierda(d.usuario, 10) + u' ' + FormatearFecha(d.momento, u"hh:mm") + u' ');
   if (d.z) {
-    i.linea(d.z->codigo);
-    i.linea(d.z->acumulado);
+    i.linea(LineaCodigo(d));
+    i.linea(QStringLiteral("Total acumulado: *") + Importe(d.z->contador.Imac + d.cifras.nVenta));
   }
   i.linea(QStringLiteral("CAJA: ") + d.caja + QStringLiteral("   TURNO: ") + d.turno);
   i.linea(QStringLiteral("Versión ") + Version());
@@ -107,7 +99,13 @@ void pie(Informe& i, const DatosReporte& d) {
 }  // namespace
 
 QStringList LineasTicket(const BloqueZ::Ticket& t) {
-  return {enCuenta(QStringLiteral("TICKET      "), t.cuantos), enMoneda(kSinEtiqueta, t.monto)};
+  return {LineaCuenta(QStringLiteral("TICKET      "), t.cuantos), LineaMonto(kSinRotulo, QStringLiteral("*"), t.monto)};
+}
+
+QString LineaCodigo(const DatosReporte& d) {
+  if (d.fecha) return d.z->codigoDelDia;
+  const QString rotulo = d.paralelas ? QStringLiteral("Código Rep. Z1: ") : QStringLiteral("Código Rep. Z: ");
+  return rotulo + Ceros(QString::number(d.z->contador.numero), 6);
 }
 
 BloquesInforme PapelDeReporte(const DatosReporte& d) {

@@ -1,31 +1,35 @@
 #include "cashday/periodo.h"
 
 #include "foundation/puesto.h"
-#include "platform/text/fecha.h"
-#include "platform/text/texto.h"
+
+namespace {
+
+// A date literal, which is no text: its parts stand bare.
+Sql literal(const QDate& d) { return FormatearSQL(u"#$/$/$#"_sql, {d.month(), d.day(), d.year()}); }
+
+}  // namespace
 
 bool LeerPeriodo(Puesto& p, Periodo& periodo) {
   Recordset rs;
-  const bool leido =
-      p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("SELECT cOperId, cOperIdP FROM Configuracion"), rs);
+  const bool leido = p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, u"SELECT cOperId, cOperIdP FROM Configuracion"_sql, rs);
   const QString cOperId = LimpiarNulo(rs[u"cOperId"]), cOperIdP = LimpiarNulo(rs[u"cOperIdP"]);
   if (cOperId.isEmpty() || cOperIdP.isEmpty()) {
-    periodo.sFiltro = periodo.sFiltroP = QStringLiteral("   and o.cOperflagabierto = 1 ");
+    periodo.sFiltro = periodo.sFiltroP = u"   and o.cOperflagabierto = 1 "_sql;
   } else {
-    periodo.sFiltro = QStringLiteral("   and o.cOperId > ") + cOperId + u' ';
-    periodo.sFiltroP = QStringLiteral("   and o.cOperCode > ") + cOperIdP + u' ';
+    periodo.sFiltro = FormatearSQL(u"   and o.cOperId > $ "_sql, {Cifras(cOperId)});
+    periodo.sFiltroP = FormatearSQL(u"   and o.cOperCode > $ "_sql, {Cifras(cOperIdP)});
   }
   return leido;
 }
 
 Periodo PeriodoDeFecha(const QDate& fecha) {
   // Two bounds instead of a formatted date: an index serves them.
-  const auto literal = [](const QDate& d) { return FormatearFecha(d.startOfDay(), u"#mm/dd/yyyy#"); };
-  QString filtro = QStringLiteral(" and o.dOperFech >= ") + literal(fecha);
+  Sql filtro = FormatearSQL(u" and o.dOperFech >= $ "_sql, {literal(fecha)});
   // Behind the last day that a date can name there is none.
-  if (fecha < QDate(9999, 12, 31)) filtro += QStringLiteral(" and o.dOperFech < ") + literal(fecha.addDays(1));
-  filtro += u' ';
-  return {filtro, filtro};
+  if (fecha < QDate(9999, 12, 31)) {
+    filtro += FormatearSQL(u" and o.dOperFech < $ "_sql, {literal(fecha.addDays(1))});
+  }
+  return {.sFiltro = filtro, .sFiltroP = filtro};
 }
 
-QString CondicionTurno(const QString& turno) { return QStringLiteral(" AND o.cTurnoCodi = '") + turno + u'\''; }
+Sql CondicionTurno(const QString& turno) { return FormatearSQL(u" AND o.cTurnoCodi = '$'"_sql, {Texto(turno)}); }

@@ -1,14 +1,15 @@
 #pragma once
 // The period that a report of the day covers, as conditions that stand behind a statement of the store.
 #include <QDate>
-#include <QString>
+
+#include "platform/sql/sentencia.h"
 
 struct Puesto;
 
 // Conditions on the table with the alias `o`, each beginning with " and ".
 struct Periodo {
-  QString sFiltro;   // on Operacion
-  QString sFiltroP;  // on OperacionParalela
+  Sql sFiltro;   // on Operacion
+  Sql sFiltroP;  // on OperacionParalela
 };
 
 // The day under way: above its watermarks, or by the open flag when one of them is blank. False when they can't be
@@ -19,4 +20,4 @@ bool LeerPeriodo(Puesto& p, Periodo& periodo);
 Periodo PeriodoDeFecha(const QDate& fecha);
 
 // The condition that leaves one turn.
-QString CondicionTurno(const QString& turno);
+Sql CondicionTurno(const QString& turno);

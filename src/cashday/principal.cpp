@@ -1,6 +1,6 @@
 #include "cashday/principal.h"
 
-#include "cashday/dia.h"
+#include "cashday/apertura.h"
 #include "cashday/pantallas_principal.h"
 #include "cashday/tipo_cambio.h"
 #include "foundation/acceso.h"
@@ -14,73 +14,28 @@
 
 namespace {
 
-constexpr int kBotonesDia[] = {2, 6, 8, 9, 11};
-constexpr int kBotonesFecha[] = {15, 16, 17};
 constexpr int kSegundosEntreRevisiones = 60;
 
 bool turnoAbierto(const Puesto& p) { return !Recortar(p.ses.psTurno).isEmpty(); }
 
 }  // namespace
 
-Principal::Principal() {
-  mantenimiento.fill(true);
-  operaciones.fill(true);
-  botones.fill(true);
-  botonVisible.fill(true);
-  for (int n : kBotonesFecha) botonVisible[static_cast<size_t>(n)] = false;
-}
-
-void ProcesoCaja(Principal& v, bool bApertura) {
-  v.operaciones.fill(bApertura);
-  v.mantenimiento.fill(bApertura);
-  v.mantenimiento[kIniciarCaja] = !bApertura;
-}
-
-void HabilitarBotonesDia(Principal& v, bool habilitados) {
-  for (int n : kBotonesDia) v.botones[static_cast<size_t>(n)] = habilitados;
-}
-
-void BloquearPorCierre(Principal& v) {
-  v.cierreInterrumpido = true;
-  v.botones.fill(false);
-  v.botones[kBotonReporteZ] = true;
-  v.mantenimiento.fill(false);
-  v.operaciones.fill(false);
-  v.operaciones[kReporteZ] = true;
-  v.demasMenus = false;
-}
-
-void LiberarTrasCierre(Principal& v) {
-  v.cierreInterrumpido = false;
-  v.botones.fill(true);
-  HabilitarBotonesDia(v, false);
-  ProcesoCaja(v, false);
-  v.demasMenus = true;
-}
-
 void CargarPrincipal(Puesto& p, Principal& v) {
-  if (Val(p.ses.psPerfilUsuario) == kPerfilCajero) v.usuariosVisible = false;
   const bool abierto = turnoAbierto(p);
-  HabilitarBotonesDia(v, abierto);
-  ProcesoCaja(v, abierto);
   if (!abierto) {
     p.mensajes.mostrar(QStringLiteral("La caja se encuentra cerrada, debe aperturarla para empezar \r\n"
                                       "registrar operaciones."));
   }
-  // The name that support works under.
-  if (p.ses.psUsuario.toLower() == u"rovel" && p.ses.psPerfilUsuario == u"1") {
-    for (int n : kBotonesFecha) v.botonVisible[static_cast<size_t>(n)] = true;
-  }
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("select icierrecaja from configuracion"), rs)) {
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, u"select icierrecaja from configuracion"_sql, rs)) {
     p.mensajes.mostrar(QString());
     return;
   }
   if (Numero(rs[u"icierrecaja"]) < 1) {
-    if (abierto) CompletarApertura(p, v);
+    if (abierto) v.sincronizarDiaAnt = CompletarApertura(p) || v.sincronizarDiaAnt;
     return;
   }
-  BloquearPorCierre(v);
+  v.cierreInterrumpido = true;
   p.mensajes.mostrar(
       QStringLiteral("Se ha habilitado la Opcion Reporte Z, porque algunas operaciones no han concluido"));
 }
@@ -116,18 +71,27 @@ bool ExigirSupervisor(const Puesto& p, Principal& v, PantallasPrincipal& pantall
   return AutorizarOperacion(v, pantallas, acto);
 }
 
+ClaseDia ClaseDelDia(const Puesto& p, const Principal& v) {
+  if (v.cierreInterrumpido) return ClaseDia::CierreInterrumpido;
+  return turnoAbierto(p) ? ClaseDia::Abierta : ClaseDia::Cerrada;
+}
+
 EstadoDia EstadoDelDia(const Puesto& p, const Principal& v) {
-  const QString caja = QStringLiteral("CAJA ") + p.ses.psCaja + QStringLiteral(" · ");
-  if (v.cierreInterrumpido) {
-    return {
-        EstadoDia::CierreInterrumpido, caja + QStringLiteral("CIERRE SIN TERMINAR"),
-        QStringLiteral("El cierre de caja quedó a medias. Use Reporte Z para terminarlo desde el paso en que quedó.")};
+  EstadoDia e{.clase = ClaseDelDia(p, v), .titular = QStringLiteral("CAJA ") + p.ses.psCaja, .sentencia = {}};
+  e.titular += QStringLiteral(" · ");
+  switch (e.clase) {
+    case ClaseDia::CierreInterrumpido:
+      e.titular += QStringLiteral("CIERRE SIN TERMINAR");
+      e.sentencia =
+          QStringLiteral("El cierre de caja quedó a medias. Use Reporte Z para terminarlo desde el paso en que quedó.");
+      break;
+    case ClaseDia::Cerrada:
+      e.titular += QStringLiteral("CERRADA");
+      e.sentencia = QStringLiteral("Inicie la caja para empezar a registrar operaciones.");
+      break;
+    case ClaseDia::Abierta: e.titular += QStringLiteral("ABIERTA · TURNO ") + Recortar(p.ses.psTurno); break;
   }
-  if (!turnoAbierto(p)) {
-    return {EstadoDia::Cerrada, caja + QStringLiteral("CERRADA"),
-            QStringLiteral("Inicie la caja para empezar a registrar operaciones.")};
-  }
-  return {EstadoDia::Abierta, caja + QStringLiteral("ABIERTA · TURNO ") + Recortar(p.ses.psTurno), {}};
+  return e;
 }
 
 QString TituloPrincipal(const Puesto& p) {

@@ -1,6 +1,9 @@
 #include "cashday/reportes.h"
 
 #include "cashday/cierre_z.h"
+#include "cashday/cifras_paralelas.h"
+#include "cashday/impuestos.h"
+#include "cashday/papel_reporte.h"
 #include "foundation/puesto.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -11,7 +14,7 @@ namespace {
 // What sets the papers of the two printers apart.
 struct Hoja {
   NumeroImpresora impresora;
-  QString tronco, troncoFecha, rotuloCodigo;
+  QString tronco, troncoFecha;
   const ConsultasReporte& consultas;
   bool alterna() const { return impresora == kImpresoraAlterna; }
 };
@@ -19,12 +22,10 @@ struct Hoja {
 const Hoja kHoja{.impresora = kImpresoraPrincipal,
                  .tronco = QStringLiteral("RptXOZ"),
                  .troncoFecha = QStringLiteral("RptFecXOZ"),
-                 .rotuloCodigo = QStringLiteral("Código Rep. Z: "),
                  .consultas = kConsultasX};
 const Hoja kHoja1{.impresora = kImpresoraAlterna,
                   .tronco = QStringLiteral("RptX1OZ1"),
                   .troncoFecha = QStringLiteral("RptFecX1OZ1"),
-                  .rotuloCodigo = QStringLiteral("Código Rep. Z1: "),
                   .consultas = kConsultasX1};
 
 // One report under way; an attempt begins with a new one.
@@ -34,7 +35,6 @@ struct Trabajo {
   const PedidoReporte& pedido;
   std::optional<QDate> fecha;
   DatosReporte d{};
-  ContadorZ contador{};
   bool impreso = false;
   QString error{};  // words of a failure that no box has told yet
 
@@ -46,49 +46,43 @@ struct Trabajo {
 bool marcar(Trabajo& t) {
   Puesto& p = t.p;
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral(" SELECT MAX(cOperCode) AS maximo FROM Operacion"),
-                                    rs)) {
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, u" SELECT MAX(cOperCode) AS maximo FROM Operacion"_sql, rs)) {
     return false;
   }
   return p.poDBAdmin.EjecutarSentencia(
       p.poCnnLocal,
-      FormatearSQL(
-          QStringLiteral("INSERT INTO OPERACION (cOperCode, cUserDesc, dOperFech, cOperTipo, cCajaCodi, cTurnoCodi) "
-                         "VALUES($, '$', '$', $, '$', '$')"),
-          {AEntero(Numero(rs[u"maximo"])) + 1, ReemplazarComilla(p.ses.psUsuario),
-           FormatearFecha(t.d.momento, u"DD/MM/YYYY hh:mm"), t.pedido.nOperTipo, p.ses.psCaja, p.ses.psTurno}),
+      FormatearSQL(u"INSERT INTO OPERACION (cOperCode, cUserDesc, dOperFech, cOperTipo, cCajaCodi, cTurnoCodi) "
+                   "VALUES($, '$', '$', $, '$', '$')"_sql,
+                   {AEntero(Numero(rs[u"maximo"])) + 1, Texto(p.ses.psUsuario),
+                    Texto(FormatearFecha(t.d.momento, u"DD/MM/YYYY hh:mm")), t.pedido.nOperTipo, Texto(p.ses.psCaja),
+                    Texto(p.ses.psTurno)}),
       true);
 }
 
-// The lines of code and running total.
+// The number and the running total; by date what the closings of that day stored.
 void leerCodigo(Trabajo& t, LectorReporte& l) {
   BloqueZ& z = *t.d.z;
-  const QString acumulado = QStringLiteral("Total acumulado: *");
-  if (t.fecha) {
-    const Recordset rs =
-        l.filas(QStringLiteral("SELECT IIF(ISNULL(MAX(CodigoRep)),1, MAX(CodigoRep)) as CodigoRepX   FROM CabeceraZ "
-                               " WHERE FORMAT(Fecha, 'dd/mm/yyyy') = '%1' ")
-                    .arg(FormatearFecha(t.fecha->startOfDay(), u"dd/mm/yyyy")));
-    z.codigo = rs.RecordCount() > 0 ? LimpiarNulo(rs[u"CodigoRepX"]) : QStringLiteral("000001");
-    z.acumulado = acumulado + Importe(t.d.cifras.nVenta);
+  if (!t.fecha) {
+    z.contador = LeerContadorZ(l, t.hoja.impresora);
     return;
   }
-  t.contador = LeerContadorZ(l, t.hoja.impresora);
-  z.codigo = t.hoja.rotuloCodigo + Ceros(QString::number(t.contador.numero), 6);
-  z.acumulado = acumulado + Importe(t.contador.Imac + t.d.cifras.nVenta);
+  const Recordset rs =
+      l.filas(FormatearSQL(u"SELECT IIF(ISNULL(MAX(CodigoRep)),1, MAX(CodigoRep)) as CodigoRepX   FROM CabeceraZ "
+                           " WHERE FORMAT(Fecha, 'dd/mm/yyyy') = '$' "_sql,
+                           {Texto(FormatearFecha(t.fecha->startOfDay(), u"dd/mm/yyyy"))}));
+  z.codigoDelDia = rs.RecordCount() > 0 ? LimpiarNulo(rs[u"CodigoRepX"]) : QStringLiteral("000001");
 }
 
 QString leerCorrelativo(Trabajo& t, LectorReporte& l) {
   if (!t.fecha) return CorrelativoImpresion(t.p, t.hoja.impresora);
-  const Recordset rs = l.filas("select max(o.copercode) as CodigoUltimo from operacion o where o.copertipo=10{f}");
+  const Recordset rs = l.filas(u"select max(o.copercode) as CodigoUltimo from operacion o where o.copertipo=10{f}"_sql);
   return LimpiarNulo(rs[u"CodigoUltimo"]);
 }
 
 // All figures, then the correlative: a report that can't be printed draws none.
 bool leerTodo(Trabajo& t, const Periodo& periodo, Conexion& central) {
   Puesto& p = t.p;
-  const QString turno = CondicionTurno(p.ses.psTurno);
-  LectorReporte l(p, periodo, t.pedido.soloTurno ? turno : QString());
+  LectorReporte l(p, periodo, t.pedido.soloTurno ? CondicionTurno(p.ses.psTurno) : Sql());
   t.d.cifras = LeerCifras(p, l, t.hoja.consultas, t.dia());
   if (t.hoja.alterna()) t.d.paralelas = LeerParalelas(p, l, central, t.d.cifras);
   if (!l.bien() || !CargarCabeceraImpresion(p)) return false;
@@ -114,12 +108,9 @@ bool cerrar(Trabajo& t) {
   Puesto& p = t.p;
   if (!t.esZ()) {
     return p.poDBAdmin.EjecutarSentencia(
-        p.poCnnLocal, QStringLiteral("UPDATE Configuracion SET cCodiTurno = '") + p.ses.psTurno + u'\'', true);
+        p.poCnnLocal, FormatearSQL(u"UPDATE Configuracion SET cCodiTurno = '$'"_sql, {Texto(p.ses.psTurno)}), true);
   }
-  const CierreZ c{.impresora = t.hoja.impresora,
-                  .contador = t.contador,
-                  .venta = t.d.cifras.nVenta,
-                  .iCierreCaja = t.pedido.iCierreCaja};
+  const CierreZ c{.impresora = t.hoja.impresora, .iCierreCaja = t.pedido.iCierreCaja};
   if (!GrabarCierreZ(p, c, t.d, t.error)) return false;
   // Only now: a turn that still stands in the store is not over.
   if (!t.hoja.alterna()) p.ses.psTurno.clear();

@@ -39,8 +39,9 @@ struct ResultadoReporte {
 // statement of the store shows a box and starts the report again, as often as the order says. What the printer did with
 // the paper is told by its own box and changes nothing.
 //   Writes   Z only, behind the print, in one transaction of the store: the counters of _Tmp1 and the row of _Tmp,
-//            cCodiTurno blank, and iCierreCaja when it is not 0. A process that dies before that, or a report that gives
-//            up, leaves mark rows, correlatives and perhaps paper, but no total; the step is then done again as a whole.
+//            cCodiTurno blank, and iCierreCaja when it is not 0. A process that dies before that, or a report that
+//            gives up, leaves mark rows, correlatives and perhaps paper, but no total; the step is then done again as a
+//            whole.
 //   Changes  Z blanks psTurno.
 // There must be no open transaction on the store.
 [[nodiscard]] ResultadoReporte ReportesEspeciales(Puesto& p, const PedidoReporte& pedido);

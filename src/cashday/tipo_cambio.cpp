@@ -19,9 +19,9 @@ bool leer(Puesto& p, bool& hay) {
 
 }  // namespace
 
-QString ConsultaTipoCambio(const Puesto& p) {
-  return QStringLiteral(" SELECT nTipoCambMont FROM Tipo_Cambio WHERE FORMAT(dTipoCambFech, 'yyyy/mm/dd') = '") +
-         FormatearFecha(p.reloj.now(), u"yyyy/mm/dd") + u'\'';
+Sql ConsultaTipoCambio(const Puesto& p) {
+  return FormatearSQL(u" SELECT nTipoCambMont FROM Tipo_Cambio WHERE FORMAT(dTipoCambFech, 'yyyy/mm/dd') = '$'"_sql,
+                      {Texto(FormatearFecha(p.reloj.now(), u"yyyy/mm/dd"))});
 }
 
 void CapturaTipoCambio(Puesto& p, PantallasPrincipal& pantallas) {

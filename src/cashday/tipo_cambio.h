@@ -1,12 +1,12 @@
 #pragma once
 // The rate of the day, soles per dollar, as the session holds it.
-#include <QString>
+#include "platform/sql/sentencia.h"
 
 struct Puesto;
 class PantallasPrincipal;
 
 // Asks the store for the rate of today.
-QString ConsultaTipoCambio(const Puesto& p);
+Sql ConsultaTipoCambio(const Puesto& p);
 
 // Reads the rate of today into pnTipoCambio. Without one it stays 0 until the next capture: the box says so and the
 // detail of the exchange rate is opened. A query that fails has shown its message and leaves 0.

@@ -270,7 +270,8 @@ TEST(CierreLargo, LosesNoLineAndClosesWithoutPaper) {
     ASSERT_FALSE(p.poCnnLocal.iniciar());
     p.ejecuta(q("INSERT INTO Usuario (sUserDesc, sUserName, sUserApel) VALUES ('ANA', 'ADELANTO', 'X')"));
     for (int n = 0; n < kAdelantos; ++n) {
-      p.ejecuta(q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, cDocTipo, cDocSerie, cDocCodigo, cEstado, nMontoSoles, "
+      p.ejecuta(q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, cDocTipo, cDocSerie, cDocCodigo, cEstado, "
+                  "nMontoSoles, "
                   "cTurnoCodi, cUserDesc) VALUES (%1, 22, '12', 'PA1', %1, '1', 1, '01', 'ANA')").arg(n + 2));
     }
     ASSERT_FALSE(p.poCnnLocal.confirmar());
@@ -289,7 +290,7 @@ TEST(CierreLargo, LosesNoLineAndClosesWithoutPaper) {
     EXPECT_EQ(c.cajas + 1, persona.cajas.size()) << qPrintable(persona.cajas.join(u'\n'));
     EXPECT_EQ(6, p.paso());
     EXPECT_EQ(QString(kTotalesDelDia).replace(q("|0|0|1/"), q("|0|0|2301/")), p.totales());
-    EXPECT_TRUE(v.demasMenus && v.mantenimiento[kIniciarCaja]);
+    EXPECT_EQ(ClaseDia::Cerrada, ClaseDelDia(otro, v));
     QFile f(p.rutas.enPrograma(q("puertos/LPT2")));
     const QByteArray rollo = f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
     EXPECT_EQ(c.adelantos, rollo.count("\nADELANTO X "));

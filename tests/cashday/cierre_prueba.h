@@ -26,8 +26,8 @@ class DiaVendido : public PuestoPrueba {
     return filas("SELECT COUNT(*) FROM Operacion WHERE cOperTipo < 10") + u'/' +
            filas("SELECT COUNT(*) FROM Operacion WHERE cOperFlagAbierto = 1") + u'/' +
            filas("SELECT COUNT(*) FROM OperacionParalela WHERE cOperFlagAbierto = 1") + u'/' +
-           filas(
-               "SELECT COUNT(*) FROM Configuracion WHERE cOperId = (SELECT MAX(cOperID) FROM Operacion) AND cOperIdP = 1");
+           filas("SELECT COUNT(*) FROM Configuracion WHERE cOperId = (SELECT MAX(cOperID) FROM Operacion) AND cOperIdP "
+                 "= 1");
   }
 };
 

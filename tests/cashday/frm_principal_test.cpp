@@ -1,11 +1,14 @@
-// What a play can't see of the main screen: that the buttons by date fit on it.
+// What a play can't see of the main screen: that the buttons by date, and the words of a long step, fit on it.
 #include "cashday/frm_principal.h"
 
 #include <gtest/gtest.h>
 
+#include <QLabel>
+
 #include "apoyo/formas.h"
 #include "apoyo/puesto_prueba.h"
 #include "cashday/pantallas_guion.h"
+#include "platform/ui/linea_estado.h"
 
 TEST(FrmPrincipal, TheDateButtonsFit) {
   PuestoPrueba p;
@@ -19,4 +22,20 @@ TEST(FrmPrincipal, TheDateButtonsFit) {
     EXPECT_TRUE(b->isVisible()) << n;
     EXPECT_TRUE(ventana.rect().contains(QRect(b->mapTo(&ventana, QPoint()), b->size()))) << n;
   }
+}
+
+TEST(LineaEstado, TheWordsOfALongStepAreWhole) {
+  LineaEstado linea;
+  linea.resize(800, linea.sizeHint().height());
+  linea.show();
+  linea.mostrar({.caja = QStringLiteral("00001"),
+                 .turno = QStringLiteral("01"),
+                 .usuario = QStringLiteral("SUPERVISOR"),
+                 .tipoCambio = QStringLiteral("3.75"),
+                 .papel = QStringLiteral("Ticketera 000123")});
+  linea.ocupado(QStringLiteral("Imprimiendo el reporte Z1…"));
+  auto* papel = linea.findChild<QLabel*>(QStringLiteral("lblEstadoPapel"));
+  EXPECT_GE(papel->width(), papel->sizeHint().width());
+  linea.ocupado({});
+  EXPECT_TRUE(linea.findChild<QLabel*>(QStringLiteral("lblEstadoTC"))->isVisible());
 }

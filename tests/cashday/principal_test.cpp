@@ -19,9 +19,8 @@ QString encendidos(const std::array<bool, N>& cuales) {
 }  // namespace
 
 TEST(CargarPrincipal, FreesWhatTheDayAllows) {
-  const QHash<QString, EstadoDia::Clase> clases{{"cerrada", EstadoDia::Cerrada},
-                                                {"abierta", EstadoDia::Abierta},
-                                                {"sin terminar", EstadoDia::CierreInterrumpido}};
+  const QHash<QString, ClaseDia> clases{
+      {"cerrada", ClaseDia::Cerrada}, {"abierta", ClaseDia::Abierta}, {"sin terminar", ClaseDia::CierreInterrumpido}};
   for (const auto& c : leerCasos("cashday/principal")) {
     SCOPED_TRACE(c.donde());
     PuestoPrueba p;
@@ -32,16 +31,18 @@ TEST(CargarPrincipal, FreesWhatTheDayAllows) {
     }
     Principal v;
     CargarPrincipal(p, v);
-    EXPECT_EQ(c["botones"], encendidos(v.botones));
-    EXPECT_EQ(c["mantenimiento"], encendidos(v.mantenimiento));
-    EXPECT_EQ(c["operaciones"], encendidos(v.operaciones));
-    EXPECT_EQ(c.si("demas"), v.demasMenus);
+    const Menus m = MenusDelDia(ClaseDelDia(p, v), true, p.ses);
+    EXPECT_EQ(c["botones"], encendidos(m.botones));
+    EXPECT_EQ(c["mantenimiento"], encendidos(m.mantenimiento));
+    EXPECT_EQ(c["operaciones"], encendidos(m.operaciones));
+    EXPECT_EQ(c.si("demas"), m.demasMenus);
+    EXPECT_EQ(c.si("demas"), m.sincronizarDiaAnt);
     EXPECT_EQ(clases.value(c["estado"]), EstadoDelDia(p, v).clase);
     EXPECT_EQ(c["titular"], EstadoDelDia(p, v).titular);
   }
 }
 
-TEST(CargarPrincipal, WhoSeesWhat) {
+TEST(MenusDelDia, WhoSeesWhat) {
   // clang-format off
   const struct { const char *usuario, *perfil; bool fechas, usuarios; } casos[] = {
       {"CAJERO", "2", false, true}, {"CAJERO", "3", false, false}, {"rovel", "1", true, true},
@@ -53,11 +54,10 @@ TEST(CargarPrincipal, WhoSeesWhat) {
     PuestoPrueba p;
     p.ses.psUsuario = QString::fromLatin1(c.usuario);
     p.ses.psPerfilUsuario = QString::fromLatin1(c.perfil);
-    Principal v;
-    CargarPrincipal(p, v);
-    for (size_t n : {15u, 16u, 17u}) EXPECT_EQ(c.fechas, v.botonVisible[n]);
-    EXPECT_TRUE(v.botonVisible[14]);
-    EXPECT_EQ(c.usuarios, v.usuariosVisible);
+    const Menus m = MenusDelDia(ClaseDia::Abierta, false, p.ses);
+    for (size_t n : {15u, 16u, 17u}) EXPECT_EQ(c.fechas, m.botonVisible[n]);
+    EXPECT_TRUE(m.botonVisible[14]);
+    EXPECT_EQ(c.usuarios, m.usuariosVisible);
   }
 }
 
@@ -69,7 +69,7 @@ TEST(CargarPrincipal, AStoreThatCantBeAskedShowsTheEmptyBox) {
   CargarPrincipal(p, v);
   ASSERT_FALSE(p.persona().vistas.empty());
   EXPECT_EQ("", p.persona().vistas.back().texto);
-  EXPECT_TRUE(v.operaciones[4]);
+  EXPECT_EQ(ClaseDia::Abierta, ClaseDelDia(p, v));
 }
 
 TEST(PrepararOperacion, CapturesTheRateOnlyWhenItIsUnknown) {

@@ -26,8 +26,8 @@ ResultadoReporte z1(PuestoDeReporte& p) { return ReportesEspeciales1(p, PedidoZ(
 // A day later.
 void fecha(PuestoDeReporte& p) {
   p.elReloj().ahora = p.elReloj().ahora.addDays(1);
-  p.ejecuta(u8(
-      "INSERT INTO CabeceraZ (IdZ, Caja, Fecha, CodigoRep) VALUES (7, '00001', '2026-11-24', 'Código Rep. Z1: 000007')"));
+  p.ejecuta(u8("INSERT INTO CabeceraZ (IdZ, Caja, Fecha, CodigoRep) VALUES (7, '00001', '2026-11-24', 'Código Rep. Z1: "
+               "000007')"));
   p.persona().espera(u8("Ingrese una fecha"), u8("24/11/2026"));
 }
 ResultadoReporte zFecha(PuestoDeReporte& p) {

@@ -9,7 +9,9 @@
 
 #include "apoyo/motor_que_falla.h"
 #include "cashday/cierre_z.h"
+#include "cashday/cifras.h"
 #include "cashday/cuadre.h"
+#include "cashday/impuestos.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 #include "reporte_prueba.h"
@@ -31,9 +33,11 @@ struct FilaOperacion {
 };
 void fila(PuestoPrueba& p, const FilaOperacion& f, const QString& turno = u8("01")) {
   p.ejecuta(
-      u8("INSERT INTO Operacion (cOperCode, cAlmaCode, cProdCode, nProdCant, nProdPrecUnit, nDscto, nServicio, cDocTipo, "
+      u8("INSERT INTO Operacion (cOperCode, cAlmaCode, cProdCode, nProdCant, nProdPrecUnit, nDscto, nServicio, "
+         "cDocTipo, "
          "cDocSerie, cDocCodigo, cTurnoCodi, cOperTipo, cOperFlagAnula, cOperCodeAnula, nMontoSoles, nMontoDolares, "
-         "cEmisor, dOperFech) VALUES (%1, '01', %2, %3, %4, %5, %6, '%7', '001', %1, '%8', %9, %10, %11, %12, %13, '%14', "
+         "cEmisor, dOperFech) VALUES (%1, '01', %2, %3, %4, %5, %6, '%7', '001', %1, '%8', %9, %10, %11, %12, %13, "
+         "'%14', "
          "'24/11/2026 09:00')")
           .arg(f.codigo)
           .arg(f.articulo)
@@ -85,15 +89,16 @@ std::string primeraDistinta(const QString& a, const QString& b) {
 }
 
 // The turn-bound figures of a period by name.
-std::map<std::string, double> cifras(PuestoPrueba& p, const QString& turno) {
-  LectorReporte l(p, {u8(" and o.cOperId > 0 "), u8(" and o.cOperCode > 0 ")}, turno);
+std::map<std::string, double> cifras(PuestoPrueba& p, const Sql& turno) {
+  LectorReporte l(p, {.sFiltro = u" and o.cOperId > 0 "_sql, .sFiltroP = u" and o.cOperCode > 0 "_sql}, turno);
   const CifrasReporte c = LeerCifras(p, l, kConsultasX, nullptr);
   const auto t = LeerImpuestos(p, l, kImpresoraPrincipal);
   const BloqueZ z = LeerBloqueZ(l, kImpresoraPrincipal);
   RC_ASSERT(l.bien() && t.has_value());
   // clang-format off
   std::map<std::string, double> m = {
-      {"items", c.nItems}, {"venta", c.nVenta}, {"tickets", c.nTickets}, {"vouchers", c.nVouchers}, {"voucher", c.nVoucher},
+      {"items", c.nItems}, {"venta", c.nVenta}, {"tickets", c.nTickets}, {"vouchers", c.nVouchers}, {"voucher",
+          c.nVoucher},
       {"nulos", c.nNulos}, {"nulosMonto", c.nNulosMonto}, {"igv 01", t->igvFactura}, {"igv 02", t->igvBoleta},
       {"servicio", t->servicio}, {"boletas", z.boletas[0].monto}, {"facturas", z.facturas[0].monto}};
   for (const auto& f : c.productos) m["producto " + std::to_string(f.cProdCode)] = f.cantidad;
@@ -179,7 +184,8 @@ void anular(PuestoPrueba& p, int codigo, bool paralela) {
 void paralela(PuestoPrueba& p, int codigo, int tipo, const char* doc, double soles, int moneda = 1,
               const char* estado = "1") {
   p.ejecuta(
-      u8("INSERT INTO OperacionParalela (cOperCode, cOperTipo, cDocTipo, cDocSerie, cDocCodigo, cEstado, cOperCodeRela, "
+      u8("INSERT INTO OperacionParalela (cOperCode, cOperTipo, cDocTipo, cDocSerie, cDocCodigo, cEstado, "
+         "cOperCodeRela, "
          "dOperFech, cTurnoCodi, cUserDesc, nMoneda, nMontoSoles, nMontoDolares, nEfectivoSoles) VALUES (%1, %2, '%3', "
          "'XX1', %1, '%4', 0, '24/11/2026 09:00', '01', 'ANA', %5, %6, %6, %6)")
           .arg(codigo)
@@ -189,7 +195,8 @@ void paralela(PuestoPrueba& p, int codigo, int tipo, const char* doc, double sol
           .arg(soles));
   if (tipo > 21) return;
   p.ejecuta(
-      u8("INSERT INTO OperacionParalelaProducto (cAlmaCode, cOperCode, cProdCode, nProdCant, nProdPrecUnit, nDscto, nServicio) "
+      u8("INSERT INTO OperacionParalelaProducto (cAlmaCode, cOperCode, cProdCode, nProdCant, nProdPrecUnit, nDscto, "
+         "nServicio) "
          "VALUES ('01', %1, 101, 2, %2, 0, 10)")
           .arg(codigo)
           .arg(soles / 2));

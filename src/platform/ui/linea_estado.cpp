@@ -51,6 +51,9 @@ void LineaEstado::mostrar(const DatosEstado& d) {
 }
 
 void LineaEstado::ocupado(const QString& texto) {
+  // The words take the whole line: in what the others leave they would be cut.
+  for (QLabel* l : {turno_, usuario_, tc_, central_, clientes_}) l->setVisible(texto.isEmpty());
   papel_->setText(texto);
-  papel_->repaint();
+  layout()->activate();
+  repaint();
 }

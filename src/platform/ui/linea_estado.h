@@ -13,7 +13,7 @@ class LineaEstado final : public QFrame {
   explicit LineaEstado(QWidget* padre = nullptr);
 
   void mostrar(const DatosEstado& datos);
-  // What a long step is doing, painted at once; "" takes it away.
+  // What a long step is doing, in the place of all but the till and painted at once; "" takes it away.
   void ocupado(const QString& texto);
 
  private:

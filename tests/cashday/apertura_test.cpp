@@ -1,9 +1,10 @@
-#include "cashday/dia.h"
+#include "cashday/apertura.h"
 
 #include <gtest/gtest.h>
 
 #include "apoyo/casos.h"
 #include "apoyo/otro_puesto.h"
+#include "cashday/marcas.h"
 #include "cashday/pantallas_guion.h"
 #include "cashday/principal.h"
 #include "cashday/tipo_cambio.h"
@@ -81,16 +82,13 @@ TEST(AbrirCaja, OpensTheDay) {
   operacion(p, 40, "23/11/2026 10:00", 0);
   operacion(p, 41, "24/11/2026 09:00", 1);
   paralela(p, 7, "23/11/2026 10:00", 0);
-  FrmApertura v{"1,200.50", "80.00", {}};
-  Principal principal;
-  ProcesoCaja(principal, false);
-  HabilitarBotonesDia(principal, false);
+  const FrmApertura v{"1,200.50", "80.00"};
   p.persona().espera("Se ha aperturado la caja.");
-  EXPECT_TRUE(AbrirCaja(p, v, principal));
+  const ResultadoApertura r = AbrirCaja(p, v);
+  EXPECT_TRUE(r.hecha);
   EXPECT_EQ("01|1200.5|80|40|7", p.filas(kDia));
   EXPECT_EQ("01", p.ses.psTurno);
-  EXPECT_TRUE(principal.botones[6] && principal.operaciones[4] && !principal.mantenimiento[kIniciarCaja]);
-  EXPECT_FALSE(principal.sincronizarDiaAnt);
+  EXPECT_FALSE(r.quedoDiaAnterior);
   EXPECT_EQ("1", p.filas("SELECT COUNT(*) FROM Operacion WHERE cOperFlagAbierto = 1"))
       << "an empty _Tmp says nothing of earlier days";
 }
@@ -101,11 +99,11 @@ TEST(AbrirCaja, RefusesWhatIsNoNumber) {
     PuestoPrueba p;
     cerrado(p);
     const QString antes = p.filas(kDia);
-    FrmApertura v{c["soles"], c["dolares"], {}};
-    Principal principal;
+    const FrmApertura v{c["soles"], c["dolares"]};
     p.persona().espera(c["dice"]);
-    EXPECT_FALSE(AbrirCaja(p, v, principal));
-    EXPECT_EQ(c["campo"], v.campoMal);
+    const ResultadoApertura r = AbrirCaja(p, v);
+    EXPECT_FALSE(r.hecha);
+    EXPECT_EQ(c["campo"], r.campoMal);
     EXPECT_EQ(antes, p.filas(kDia));
     EXPECT_EQ("", p.ses.psTurno);
   }
@@ -114,10 +112,9 @@ TEST(AbrirCaja, RefusesWhatIsNoNumber) {
 TEST(AbrirCaja, TenDigitsAreTheMost) {
   PuestoPrueba p;
   cerrado(p);
-  FrmApertura v{"9,999,999,999.99", "0.00", {}};
-  Principal principal;
+  const FrmApertura v{"9,999,999,999.99", "0.00"};
   p.persona().espera("Se ha aperturado la caja.");
-  EXPECT_TRUE(AbrirCaja(p, v, principal));
+  EXPECT_TRUE(AbrirCaja(p, v).hecha);
   EXPECT_EQ("01|9999999999.99|0|0|0", p.filas(kDia));
 }
 
@@ -132,16 +129,15 @@ TEST(AbrirCaja, ClosesWhatAnEarlierDayLeftOpen) {
     if (c.si("operacion")) operacion(p, 45, "23/11/2026 10:00", 1);
     if (c.si("paralela")) paralela(p, 9, "23/11/2026 10:00", 1);
     operacion(p, 50, "24/11/2026 08:00", 1);
-    FrmApertura v;
-    Principal principal;
     p.persona().espera("Se ha aperturado la caja.");
     for (int n = 0; n < c.entero("cajas"); ++n) {
       p.persona().espera("NO se cerraron operaciones anteriores. \r\nRecuerde que debe procesar el menu SINCRONIZAR "
                          "DATOS (DIA ANTERIOR) antes del mediodia!!! ");
     }
-    EXPECT_TRUE(AbrirCaja(p, v, principal));
+    const ResultadoApertura r = AbrirCaja(p, {});
+    EXPECT_TRUE(r.hecha);
     EXPECT_EQ(c["marcas"], p.filas("SELECT cOperId, cOperIdP FROM Configuracion")) << "the marks as after the closing";
-    EXPECT_EQ(c.si("operacion"), principal.sincronizarDiaAnt) << "only sales free the entry";
+    EXPECT_EQ(c.si("operacion"), r.quedoDiaAnterior) << "only sales free the entry";
     EXPECT_EQ("50", p.filas("SELECT cOperId FROM Operacion WHERE cOperFlagAbierto = 1"));
   }
 }
@@ -152,15 +148,14 @@ TEST(AbrirCaja, AStoreThatFailsOpensNothing) {
     PuestoPrueba p;
     cerrado(p);
     p.ejecuta(c["rompe"]);
-    FrmApertura v;
-    Principal principal;
     if (!c["turno"].isEmpty()) p.persona().espera("Se ha aperturado la caja.");
     p.persona().espera(" - ");  // the engine's words
     p.persona().espera("No se pudo aperturar la Caja.");
-    EXPECT_FALSE(AbrirCaja(p, v, principal));
+    const ResultadoApertura r = AbrirCaja(p, {});
+    EXPECT_FALSE(r.hecha);
     EXPECT_EQ("Mensaje", p.persona().vistas.back().titulo);
     EXPECT_EQ(c["turno"], p.ses.psTurno);
-    EXPECT_EQ("", v.campoMal);
+    EXPECT_EQ("", r.campoMal);
   }
 }
 
@@ -179,19 +174,16 @@ TEST(AbrirCaja, AnOpeningThatDiedIsCompletedByTheNextStart) {
       for (int id : {7, 9}) paralela(p, id, "23/11/2026 10:00", id == 9);
       p.persona().dejaPasar();
       llega = 0 != enOtroProceso(p, [&] {
-                FrmApertura v;
-                Principal principal;
                 plan.armar(0);
                 abrirAlmacen(p);
                 plan.armar(n, Falla::desdeAhi, muerte);
-                (void)AbrirCaja(p, v, principal);
+                (void)AbrirCaja(p, {});
                 ::_exit(plan.van >= n ? 1 : 0);
               });
       p.ses.psTurno = p.filas("SELECT cCodiTurno FROM Configuracion");
-      FrmApertura v;
       Principal principal;
       if (p.ses.psTurno.isEmpty()) {
-        EXPECT_TRUE(AbrirCaja(p, v, principal));
+        EXPECT_TRUE(AbrirCaja(p, {}).hecha);
       }
       operacion(p, 60, "23/11/2026 21:00", 1);
       CargarPrincipal(p, principal);
