@@ -93,11 +93,12 @@ void frmPrincipal::crearMantenimiento() {
       {"mnu_sincronizar", "Sincronizar Datos", nullptr, sincroniza(false)},
       {"mnulin", "-"},
       {"mnuDepurarTablas", "Depurar Tablas"},
-      {"mnuUsuarios", "&Usuarios", &usuarios_, [this] { ajustes(PantallaMantenimiento::Usuarios,
-          QStringLiteral("Usuarios")); }},
+      {"mnuUsuarios", "&Usuarios", &usuarios_,
+       [this] { ajustes(PantallaMantenimiento::Usuarios, QStringLiteral("Usuarios")); }},
       {"mnuConfigParam", "Configuración Parámetros", nullptr, [this] { configurarParametros(); }},
       {"mnu_rayita", "-"},
-      {"mnu_tiptar", "Tipo de Tarjeta", nullptr, [this] { pantallas_.mantenimiento(PantallaMantenimiento::TiposTarjeta); }},
+      {"mnu_tiptar", "Tipo de Tarjeta", nullptr,
+       [this] { pantallas_.mantenimiento(PantallaMantenimiento::TiposTarjeta); }},
   };
   // clang-format on
   for (const auto& r : resto) {

@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr int kEspera_ms = 20'000;
-
 constexpr LiteralSql kDeDocumento =
     u" SELECT SUM({valor} / (1 + {igv} +  (o.nServicio /100) )  * (o.nServicio/100) ) as Servicio, "
     "        SUM({valor} / (1 + {igv} + (o.nServicio / 100)) * {igv}) As Igv    FROM Operacion o "
@@ -20,12 +18,7 @@ constexpr LiteralSql kParalelo =
 // The IGV of this desk's billing documents; false when the central database can't tell, and the box has been shown.
 bool sumarCentral(Puesto& p, Impuestos& t) {
   Conexion central;
-  const auto error = central.abrir(p.motores, p.ses.psConexionCentral, kEspera_ms);
-  p.ses.bCentralCaida = error.has_value();
-  if (error) {
-    p.mensajes.mostrar(error->descripcion);
-    return false;
-  }
+  if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return false;
   const QString serie = Derecha(Recortar(p.ses.psCaja), 2);
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(

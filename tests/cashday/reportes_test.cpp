@@ -64,7 +64,12 @@ TEST(Reportes, ThePeriodIsTheMarksOrTheOpenFlag) {
 
 TEST(Reportes, WhatEndsAReport) {
   // clang-format off
-  const struct { const char *porque, *fecha; bool sinCentral; std::vector<const char*> cajas; const char* marcas; } casos[] = {
+  const struct {
+    const char *porque, *fecha;
+    bool sinCentral;
+    std::vector<const char*> cajas;
+    const char* marcas;
+  } casos[] = {
       {"the central database is away", "", true, {"No se pudo conectar a la BD de Logistica en SQL SERVER. \n"}, "1"},
       {"the date is none", "31/02/2026", false, {"Ingrese una fecha", "La fecha debe tener el formato dd/mm/yyyy"},
           "0"},
