@@ -5,12 +5,7 @@
 
 namespace {
 
-[[noreturn]] void morir() {
-#ifdef SIGKILL
-  std::raise(SIGKILL);
-#endif
-  std::abort();
-}
+constexpr qint64 kErrorPedido = 13;  // any number of the engine's own: the disk is full
 
 QString nombrePuerto(QString puerto) {
   puerto = puerto.trimmed().toUpper();
@@ -28,43 +23,54 @@ bool esDeCatalogo(const QString& sql) {
 class MotorConFallas final : public Motor {
  public:
   MotorConFallas(std::unique_ptr<Motor> real, QString cadena, Fallas& fallas)
-      : real_(std::move(real)), cadena_(std::move(cadena)), fallas_(fallas) {}
+      : real_(std::move(real)),
+        cadena_(std::move(cadena)),
+        fallas_(fallas),
+        cuenta_(!fallas.cuenta || fallas.cuenta(cadena_)) {}
 
   std::optional<ErrorBD> consultar(const QString& sql, Recordset& rs) override {
-    if (esDeCatalogo(sql)) return real_->consultar(sql, rs);
-    return paso([&] { return real_->consultar(sql, rs); });
+    rs = {};
+    return paso(sql, [&] { return real_->consultar(sql, rs); });
   }
   std::optional<ErrorBD> ejecutar(const QString& sql, qint64* afectadas) override {
-    if (esDeCatalogo(sql)) return real_->ejecutar(sql, afectadas);
-    return paso([&] { return real_->ejecutar(sql, afectadas); });
+    return paso(sql, [&] { return real_->ejecutar(sql, afectadas); });
   }
   std::optional<ErrorBD> iniciar() override {
-    return paso([&] { return real_->iniciar(); });
+    return paso(QStringLiteral("BEGIN"), [&] { return real_->iniciar(); });
   }
   std::optional<ErrorBD> confirmar() override {
-    return paso([&] { return real_->confirmar(); });
+    return paso(QStringLiteral("COMMIT"), [&] { return real_->confirmar(); });
   }
   std::optional<ErrorBD> deshacer() override {
-    return paso([&] { return real_->deshacer(); });
+    return paso(QStringLiteral("ROLLBACK"), [&] { return real_->deshacer(); });
   }
   QString traducir(const QString& sql) override { return real_->traducir(sql); }
 
  private:
   template <typename Llamada>
-  std::optional<ErrorBD> paso(Llamada llamada) {
+  std::optional<ErrorBD> paso(const QString& sql, Llamada llamada) {
+    if (!fallas_.catalogo && esDeCatalogo(sql)) return llamada();
     if (fallas_.apagado()) return ErrorBD{kErrorGeneral, 0, QStringLiteral("El programa se está cerrando.")};
-    const Fallas::Paso p(fallas_);
-    const bool falla = fallas_.tocaFallar();
-    if (fallas_.caido(cadena_)) {
-      return ErrorBD{kErrorGeneral, 0, QStringLiteral("Se perdió la conexión con el servidor.")};
-    }
-    if (falla) return ErrorBD{kErrorGeneral, 0, QStringLiteral("Falla pedida por el guion.")};
-    return llamada();
+    if (!cuenta_) return conServidor(llamada);
+    fallas_.anotar(sql);
+    return fallas_.paso([&]() -> std::optional<ErrorBD> {
+      const bool falla = fallas_.tocaFallar();
+      return conServidor([&]() -> std::optional<ErrorBD> {
+        if (falla) return ErrorBD{kErrorGeneral, kErrorPedido, fallas_.palabras};
+        return llamada();
+      });
+    });
+  }
+  template <typename Llamada>
+  std::optional<ErrorBD> conServidor(Llamada llamada) {
+    if (!fallas_.caido(cadena_)) return llamada();
+    return ErrorBD{kErrorGeneral, 0, QStringLiteral("Se perdió la conexión con el servidor.")};
   }
 
   std::unique_ptr<Motor> real_;
   const QString cadena_;
   Fallas& fallas_;
+  const bool cuenta_;
 };
 
 }  // namespace
@@ -79,6 +85,7 @@ void Fallas::caerPuerto(const QString& puerto, bool caido) {
 
 void Fallas::fallar(int n, Alcance alcance) {
   fallaEn_ = n;
+  fallidas_ = 0;
   alcance_ = alcance;
 }
 
@@ -101,17 +108,17 @@ bool Fallas::tocaFallar() {
     return false;
   }
   if (alcance_ == Alcance::UnaVez) fallaEn_ = 0;
+  ++fallidas_;
   return true;
 }
 
-Fallas::Paso::Paso(Fallas& f) {
-  if (f.mataEn_ == 0 || --f.mataEn_ > 0) return;
-  if (f.momento_ == Momento::Antes) morir();
-  muereAlSalir_ = true;
-}
-
-Fallas::Paso::~Paso() {
-  if (muereAlSalir_) morir();
+void Fallas::matarYa() {
+  apagado_ = true;
+  if (morir) morir();
+#ifdef SIGKILL
+  std::raise(SIGKILL);
+#endif
+  std::abort();
 }
 
 std::unique_ptr<Motor> MotoresConFallas::abrir(const QString& cadena, int espera_ms, ErrorBD& error) {
@@ -130,23 +137,31 @@ std::optional<QString> PuertosConFallas::caida(const QString& puerto) const {
 }
 
 std::optional<QString> PuertosConFallas::copiar(const QString& archivo, const QString& puerto) {
-  const Fallas::Paso p(fallas_);
-  if (auto error = caida(puerto)) return error;
-  return real_.copiar(archivo, puerto);
+  fallas_.anotar(QStringLiteral("PUERTO ") + puerto);
+  return fallas_.paso([&] {
+    auto error = caida(puerto);
+    return error ? error : real_.copiar(archivo, puerto);
+  });
 }
 
 void PuertosConFallas::enviarSinEsperar(const QString& archivo, const QString& puerto) {
-  const Fallas::Paso p(fallas_);
-  if (!caida(puerto)) real_.enviarSinEsperar(archivo, puerto);
+  fallas_.anotar(QStringLiteral("PUERTO ") + puerto);
+  fallas_.paso([&] {
+    const bool sale = !caida(puerto);
+    if (sale) real_.enviarSinEsperar(archivo, puerto);
+    return sale;
+  });
 }
 
 std::optional<QString> PuertosConFallas::imprimir(const QString& impresora, const QString& letra, int tamano,
                                                   const DocumentoImpreso& documento) {
-  const Fallas::Paso p(fallas_);
-  if (auto error = caida(impresora)) return error;
-  for (const ImpresoraSistema& i : real_.impresoras()) {
-    if (i.nombre.compare(impresora, Qt::CaseInsensitive) != 0) continue;
-    if (auto error = caida(i.puerto)) return error;
-  }
-  return real_.imprimir(impresora, letra, tamano, documento);
+  fallas_.anotar(QStringLiteral("PUERTO ") + impresora);
+  return fallas_.paso([&]() -> std::optional<QString> {
+    if (auto error = caida(impresora)) return error;
+    for (const ImpresoraSistema& i : real_.impresoras()) {
+      if (i.nombre.compare(impresora, Qt::CaseInsensitive) != 0) continue;
+      if (auto error = caida(i.puerto)) return error;
+    }
+    return real_.imprimir(impresora, letra, tamano, documento);
+  });
 }

@@ -3,6 +3,7 @@
 // or kill the process there. The till itself knows nothing of them.
 #include <QSet>
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <memory>
 
@@ -17,6 +18,16 @@ class Fallas {
   enum class Alcance { UnaVez, DesdeAhi };
   enum class Momento { Antes, Despues };
 
+  // Which connections the orders are about, asked when they are opened; all of them unless set.
+  std::function<bool(const QString& cadena)> cuenta;
+  // Whether questions about the tables themselves, and PRAGMAs, count as statements.
+  bool catalogo = false;
+  // The words of a statement that is made to fail.
+  QString palabras = QStringLiteral("Falla pedida por el guion.");
+  // What came by, in its order, while somebody wants to know: statements, BEGIN, COMMIT, ROLLBACK and "PUERTO NAME".
+  bool anota = false;
+  QStringList sentencias;
+
   // Tells which connection string is which server's; asked at each open, since the till reads them when it starts.
   std::function<QString(Servidor)> cadenaDe;
 
@@ -29,6 +40,10 @@ class Fallas {
   // The process kills itself right before or after the n-th statement or port write from now on; 0 takes it back.
   void matar(int n, Momento momento);
 
+  // What a kill does; it must not return. The process's own end unless set. Nothing is opened, run or printed any more
+  // behind it, so that a test can throw here and let the desk go.
+  std::function<void()> morir;
+
   // From now on nothing is opened, run or printed any more, or all is as before.
   void apagar(bool apagado) { apagado_ = apagado; }
 
@@ -36,22 +51,28 @@ class Fallas {
   bool caido(const QString& cadena) const;
   bool puertoCaido(const QString& puerto) const;
   bool apagado() const { return apagado_; }
+  void anotar(const QString& que) {
+    if (anota) sentencias << que;
+  }
   bool tocaFallar();
-  // Surrounds one step: the kill before it, the kill after it.
-  class Paso {
-   public:
-    explicit Paso(Fallas& f);
-    ~Paso();
-    Paso(const Paso&) = delete;
-    Paso& operator=(const Paso&) = delete;
-
-   private:
-    bool muereAlSalir_ = false;
-  };
+  // How many statements have failed by the order under way.
+  int fallidas() const { return fallidas_; }
+  // Takes one step: the kill before it, the kill after it.
+  template <class Llamada>
+  auto paso(Llamada llamada) {
+    const bool muere = mataEn_ > 0 && --mataEn_ == 0;
+    if (muere && momento_ == Momento::Antes) matarYa();
+    auto resultado = llamada();
+    if (muere) matarYa();
+    return resultado;
+  }
 
  private:
+  [[noreturn]] void matarYa();
+
   bool central_ = false, cliente_ = false, apagado_ = false;
   QSet<QString> puertos_;
+  int fallidas_ = 0;
   int fallaEn_ = 0, mataEn_ = 0;  // steps still to come up to the ordered one; 0 without an order
   Alcance alcance_ = Alcance::UnaVez;
   Momento momento_ = Momento::Antes;

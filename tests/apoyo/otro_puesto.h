@@ -4,25 +4,47 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "apoyo/puertos_que_matan.h"
+#include "apoyo/plan_fallas.h"
 #include "apoyo/puesto_prueba.h"
+#include "platform/io/puertos_sistema.h"
 
 inline void abrirAlmacen(Puesto& p) {
   EXPECT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnLocal,
                                   QStringLiteral("driver={Microsoft Access Driver (*.mdb)};DBQ=") + p.ses.psRutaBD));
 }
 
+// The ports of a desk's folder.
+class PuertosDelPuesto : public Puertos {
+ public:
+  explicit PuertosDelPuesto(const QString& carpeta) : real_(carpeta) {}
+  std::optional<QString> copiar(const QString& archivo, const QString& puerto) override {
+    return real_.copiar(archivo, puerto);
+  }
+  void enviarSinEsperar(const QString& archivo, const QString& puerto) override { copiar(archivo, puerto); }
+  QList<ImpresoraSistema> impresoras() override {
+    return {{QStringLiteral("Ticketera"), QStringLiteral("LPT1")}, {QStringLiteral("Alterna"), QStringLiteral("LPT2")}};
+  }
+  QString impresoraPorDefecto() override { return real_.impresoraPorDefecto(); }
+  std::optional<QString> imprimir(const QString& i, const QString& l, int t, const DocumentoImpreso& x) override {
+    return real_.imprimir(i, l, t, x);
+  }
+
+ private:
+  PuertosSistema real_;
+};
+
 template <class MisPuertos>
 struct PartesDeOtro {
-  MotoresQueFallan misMotores;
-  MisPuertos misPuertos;
+  MotoresConFallas misMotores;
+  MisPuertos puertosReales;
+  PuertosConFallas misPuertos;
 };
 
 // As after a start: statements and writes to ports go by the plan.
-template <class MisPuertos = PuertosQueMatan>
+template <class MisPuertos = PuertosDelPuesto>
 struct OtroPuesto : PartesDeOtro<MisPuertos>, Puesto {
   OtroPuesto(PuestoPrueba& p, PlanFallas& plan, Mensajes& persona)
-      : PartesDeOtro<MisPuertos>{{p.motores, plan}, {p.rutas.programa, plan}},
+      : PartesDeOtro<MisPuertos>{{p.motores, plan}, MisPuertos(p.rutas.programa), {this->puertosReales, plan}},
         Puesto(this->misMotores, this->misPuertos, p.reloj, persona, p.salida, p.rutas) {
     ses = p.ses;
     abrirAlmacen(*this);

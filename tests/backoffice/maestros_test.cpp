@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "apoyo/casos.h"
-#include "apoyo/motor_que_falla.h"
+#include "apoyo/plan_fallas.h"
 #include "apoyo/puesto_prueba.h"
 #include "backoffice/parametros.h"
 #include "backoffice/tipo_cambio.h"
@@ -102,14 +102,14 @@ TEST(Parametros, AFailedStatementLeavesDeskAndCatalogueTogether) {
   for (;; ++n) {
     SCOPED_TRACE(n);
     PlanFallas plan;
-    PuestoPrueba p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+    PuestoPrueba p([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
     p.persona().dejaPasar();
     p.articulo(1, "A", 1);
     Parametros v;
     v.dcbAlmacen = "02";
     plan.armar(n);
     const bool bien = GrabarAlmacen(p, v);
-    const bool toco = plan.van >= n;
+    const bool toco = plan.van() >= n;
     plan.armar(0);
     EXPECT_EQ(!toco, bien);
     EXPECT_EQ(bien ? "02 02 02" : "01 01 01", almacenes(p));

@@ -3,7 +3,7 @@
 
 #include "apoyo/casos.h"
 #include "apoyo/golden.h"
-#include "apoyo/motor_que_falla.h"
+#include "apoyo/plan_fallas.h"
 #include "backoffice/producto.h"
 #include "backoffice/teclado.h"
 
@@ -115,7 +115,7 @@ TEST(Teclado, AFailedStatementLeavesAllAsItWas) {
   for (;; ++n) {
     SCOPED_TRACE(n);
     PlanFallas plan;
-    PuestoPrueba p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+    PuestoPrueba p([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
     p.persona().dejaPasar();
     ejecutarArchivo(p, kTeclado);
     ConfiguraBotonProducto v;
@@ -123,7 +123,7 @@ TEST(Teclado, AFailedStatementLeavesAllAsItWas) {
     v.txtCodigoProducto = "7";
     plan.armar(n);
     const bool bien = GrabarTecla(p, v);
-    const bool toco = plan.van >= n;
+    const bool toco = plan.van() >= n;
     plan.armar(0);
     EXPECT_EQ(!toco, bien);
     EXPECT_EQ(bien ? despues : antes, p.filas(kTeclas));

@@ -167,7 +167,7 @@ TEST(AbrirCaja, AnOpeningThatDiedIsCompletedByTheNextStart) {
     for (bool llega = true; llega; ++n) {
       SCOPED_TRACE(n);
       PlanFallas plan;
-      PuestoPrueba p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+      PuestoPrueba p([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
       cerrado(p);
       p.ejecuta(QStringLiteral("INSERT INTO _Tmp (fec) VALUES ('23/11/2026 22:00')"));
       for (int id : {40, 45}) operacion(p, id, "23/11/2026 10:00", id == 45);
@@ -178,7 +178,7 @@ TEST(AbrirCaja, AnOpeningThatDiedIsCompletedByTheNextStart) {
                 abrirAlmacen(p);
                 plan.armar(n, Falla::desdeAhi, muerte);
                 (void)AbrirCaja(p, {});
-                ::_exit(plan.van >= n ? 1 : 0);
+                ::_exit(plan.van() >= n ? 1 : 0);
               });
       p.ses.psTurno = p.filas("SELECT cCodiTurno FROM Configuracion");
       Principal principal;

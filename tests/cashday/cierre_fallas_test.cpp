@@ -95,16 +95,6 @@ TEST(CierreMuerto, GoesOnWhereItWasAndCountsOnce) {
 // The central database fails at one statement of the closing, or from it on: told once a step, the chain goes on, and
 // the totals are those of a quiet closing. Only the mark of the end holds the closing at its last step.
 TEST(CierreSinCentral, EachFailureIsToldOnceAndTheChainGoesOn) {
-  struct Central final : Motores {
-    Central(Motores& m, PlanFallas& p, const QString& c) : reales(m), plan(p), cual(c) {}
-    std::unique_ptr<Motor> abrir(const QString& cadena, int espera_ms, ErrorBD& error) override {
-      auto motor = reales.abrir(cadena, espera_ms, error);
-      return motor && cadena == cual ? std::make_unique<MotorQueFalla>(std::move(motor), plan) : std::move(motor);
-    }
-    Motores& reales;
-    PlanFallas& plan;
-    const QString& cual;
-  };
   const char* const detalle = "El detalle de ventas del cierre (Z1) no llegó a la base central: ";
   // clang-format off
   const struct { const char *comienzo, *caja; int detalle, paso; } partes[] = {
@@ -123,7 +113,8 @@ TEST(CierreSinCentral, EachFailureIsToldOnceAndTheChainGoesOn) {
     for (int n = 1; parte < std::size(partes); ++n) {
       PlanFallas plan;
       QString central;
-      DiaVendido p([&](Motores& m) { return std::make_unique<Central>(m, plan, central); });
+      plan.cuenta = [&central](const QString& cadena) { return cadena == central; };
+      DiaVendido p([&](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
       central = p.ses.psConexionCentral;
       p.ejecuta(q(
           "INSERT INTO OperacionParalela (cOperCode, cOperTipo, cDocTipo, cDocSerie, cDocCodigo, cEstado, nMontoSoles, "
@@ -252,12 +243,12 @@ TEST(CierreSinFiguras, StaysAtItsStep) {
 // A Z1 longer than the 21 blocks of a report: no line is lost; when the paper ends half way, or right at its start,
 // that is told once a paper and the day closes with the same totals.
 TEST(CierreLargo, LosesNoLineAndClosesWithoutPaper) {
-  struct PapelQueSeAcaba final : PuertosQueMatan {
-    using PuertosQueMatan::PuertosQueMatan;
+  struct PapelQueSeAcaba final : PuertosDelPuesto {
+    using PuertosDelPuesto::PuertosDelPuesto;
     int van = 0, desde = 0;
     std::optional<QString> copiar(const QString& archivo, const QString& puerto) override {
       if (++van >= desde && desde > 0) return q("Falta papel.");
-      return PuertosQueMatan::copiar(archivo, puerto);
+      return PuertosDelPuesto::copiar(archivo, puerto);
     }
   };
   constexpr int kAdelantos = 2300;
@@ -279,7 +270,7 @@ TEST(CierreLargo, LosesNoLineAndClosesWithoutPaper) {
     PlanFallas plan;
     PersonaQueCierra persona;
     OtroPuesto<PapelQueSeAcaba> otro(p, plan, persona);
-    otro.misPuertos.desde = c.desde;
+    otro.puertosReales.desde = c.desde;
     Principal v;
     CargarPrincipal(otro, v);
     PantallasCierre pantallas(otro);
@@ -311,7 +302,7 @@ TEST_P(CierreConFallas, EachStatementHasItsTurn) {
     PlanFallas plan;
     plan.armar(n, GetParam());
     cerrarEn(p, plan);
-    if (plan.van < n) {
+    if (plan.van() < n) {
       EXPECT_GT(n, 60);
       break;
     }
@@ -320,7 +311,7 @@ TEST_P(CierreConFallas, EachStatementHasItsTurn) {
     const int quedo = p.paso();
     const QString marcas = p.filas("SELECT cOperId, cOperIdP FROM Configuracion");
     EXPECT_EQ(quedo == 6, marcas != q("0|0")) << "marks and the last step stand together";
-    EXPECT_TRUE(quedo == 6 || quedo == 5 || GetParam() == Falla::desdeAhi || plan.van < 9) << quedo;
+    EXPECT_TRUE(quedo == 6 || quedo == 5 || GetParam() == Falla::desdeAhi || plan.van() < 9) << quedo;
     p.poCnnLocal.cerrar();
     PlanFallas sano;
     if (quedo != 6) cerrarEn(p, sano);

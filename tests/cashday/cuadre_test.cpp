@@ -4,7 +4,7 @@
 #include <rapidcheck.h>
 
 #include "apoyo/golden.h"
-#include "apoyo/motor_que_falla.h"
+#include "apoyo/plan_fallas.h"
 #include "cashday/pantallas_principal.h"
 #include "platform/text/numero.h"
 
@@ -98,12 +98,12 @@ TEST(Cuadre, AFailedQueryEndsItsSideAlone) {
 TEST(Cuadre, EachStatementOfThePrintingHasItsTurn) {
   for (int n = 1;; ++n) {
     PlanFallas plan;
-    DiaDeCuadre p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+    DiaDeCuadre p([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
     const Cuadre v = cargado(p);
     p.persona().dejaPasar();
     plan.armar(n);
     Imprimir(p, v);
-    if (plan.van < n) {
+    if (plan.van() < n) {
       EXPECT_GT(n, 18);
       break;
     }

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <map>
 
-#include "apoyo/motor_que_falla.h"
+#include "apoyo/plan_fallas.h"
 #include "cashday/cierre_z.h"
 #include "cashday/cifras.h"
 #include "cashday/cuadre.h"
@@ -264,7 +264,7 @@ TEST(ReportesPropiedades, ASaleAndItsVoidChangeNothingButTheVoids) {
 TEST(ReportesPropiedades, NoReportReadsTheHistory) {
   for (const char* periodo : {"marcas", "abierto", "fecha"}) {
     PlanFallas plan;
-    PuestoDeReporte p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+    PuestoDeReporte p([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
     p.cargarDia();
     if (*periodo == 'a') p.ejecuta(u8("UPDATE Configuracion SET cOperId = NULL"));
     plan.armar(0);

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "apoyo/motor_que_falla.h"
+#include "apoyo/plan_fallas.h"
 #include "platform/text/numero.h"
 #include "reporte_prueba.h"
 
@@ -139,13 +139,13 @@ TEST(Reportes, EachStatementOfAClosingHasItsTurn) {
     int n = 1;
     for (;; ++n) {
       PlanFallas plan;
-      PuestoDeReporte p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+      PuestoDeReporte p([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
       p.cargarDia();
       p.persona().dejaPasar();
       plan.armar(n, falla);
       const bool z1 = p.cerrarZ1();
       const bool z = p.cerrarZ();
-      if (plan.van < n) break;
+      if (plan.van() < n) break;
       SCOPED_TRACE(qPrintable(QString::number(n) + u' ' + plan.sentencias[n - 1]));
       plan.armar(0);
       if (falla == Falla::desdeAhi) (void)p.poCnnLocal.deshacer();  // what a dead disk would not have

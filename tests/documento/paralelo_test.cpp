@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "apoyo/golden.h"
-#include "apoyo/motor_que_falla.h"
+#include "apoyo/plan_fallas.h"
 #include "documento/commit_paralelo.h"
 #include "documento/lineas.h"
 #include "documento/pasos.h"
@@ -161,12 +161,12 @@ TEST(CommitParalelo, EachStatementHasItsTurn) {
   int terminados = 0;
   for (int n = 1;; ++n) {
     PlanFallas plan;
-    Entrega e([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+    Entrega e([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
     e.p.persona().dejaPasar();
     e.llenar();
     plan.armar(n, Falla::unaVez);
     const QString ultimo = e.emitir();
-    const bool falto = plan.van >= n;
+    const bool falto = plan.van() >= n;
     plan.armar(0);
     if (!falto) {
       EXPECT_EQ(QString(), ultimo);

@@ -7,7 +7,7 @@
 
 #include "apoyo/casos.h"
 #include "apoyo/golden.h"
-#include "apoyo/motor_que_falla.h"
+#include "apoyo/plan_fallas.h"
 #include "loyalty/cliente_bd.h"
 #include "loyalty/pendientes.h"
 
@@ -166,31 +166,17 @@ TEST(Puntos, TheCardAndItsSiteTellWhosePointsTheyAre) {
   }
 }
 
-// Puts the double under the client database's connections.
-class ClienteQueFalla final : public Motores {
- public:
-  ClienteQueFalla(Motores& reales, PlanFallas& plan) : reales_(reales), plan_(plan) {}
-  std::unique_ptr<Motor> abrir(const QString& cadena, int espera_ms, ErrorBD& error) override {
-    auto motor = reales_.abrir(cadena, espera_ms, error);
-    if (!motor || leerCadenaConexion(cadena).archivo != u"cliente.db") return motor;
-    return std::make_unique<MotorQueFalla>(std::move(motor), plan_);
-  }
-
- private:
-  Motores& reales_;
-  PlanFallas& plan_;
-};
-
 // Row and balance of the client database agree whatever fails, and no points are both there and in the queue.
 TEST(Puntos, EachStatementOfAnAccrualFailsInTurn) {
   int n = 1, guardadas = 0;
   for (;; ++n) {
     PlanFallas plan;
-    Tienda p([&plan](Motores& m) { return std::make_unique<ClienteQueFalla>(m, plan); });
+    plan.cuenta = [](const QString& cadena) { return leerCadenaConexion(cadena).archivo == u"cliente.db"; };
+    Tienda p([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
     p.persona().dejaPasar();
     plan.armar(n);
     AcumularPuntos(p, kTarjeta, kBoleta, 29.9, 1, kMomento);
-    if (plan.van < n) break;
+    if (plan.van() < n) break;
     SCOPED_TRACE(plan.sentencias[n - 1].toStdString());
     plan.armar(0);
     const int alla = p.enCliente(q("SELECT COUNT(*) FROM Acumulacion_Punto")).toInt();
@@ -205,7 +191,7 @@ TEST(Puntos, EachStatementOfAnAccrualFailsInTurn) {
 TEST(Puntos, EachStatementOfTheStoreFailsInTurnAndTheNextSendingGoesOn) {
   for (int n = 1;; ++n) {
     PlanFallas plan;
-    Tienda p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+    Tienda p([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
     p.persona().dejaPasar();
     p.cae();
     AcumularPuntos(p, kTarjeta, kBoleta, 29.9, 1, kMomento);
@@ -214,7 +200,7 @@ TEST(Puntos, EachStatementOfTheStoreFailsInTurnAndTheNextSendingGoesOn) {
     ASSERT_TRUE(ConectarCliente(p, false));
     plan.armar(n);
     EnviarPendientesCliente(p);
-    if (plan.van < n) break;
+    if (plan.van() < n) break;
     // A row whose mark failed goes once more; every other one exactly once.
     const bool repite = plan.sentencias[n - 1].contains(q("UPDATE Acumulacion_Punto"));
     plan.armar(0);

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "apoyo/motor_que_falla.h"
+#include "apoyo/plan_fallas.h"
 #include "apoyo/puesto_prueba.h"
 #include "printing/canal.h"
 
@@ -36,7 +36,7 @@ TEST(ConfiguraImpresora, CountsFromTheNextDocumentOn) {
 
 TEST(ConfiguraImpresora, AFailureLeavesTheSessionAsItWas) {
   PlanFallas plan;
-  PuestoPrueba p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+  PuestoPrueba p([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
   p.persona().espera("falla forzada");
   ConfiguraImpresora v;
   CargarImpresoras(p, v);

@@ -74,15 +74,15 @@ int filasDe(PuestoPrueba& p) {
 
 QByteArray papelDe(PuestoPrueba& p) { return p.papeles().papel[q("LPT1")] + p.papeles().papel[q("LPT2")]; }
 
-class Fallas : public testing::TestWithParam<std::tuple<Falla, EscenaFalla>> {};
+class CommitConFallas : public testing::TestWithParam<std::tuple<Falla, EscenaFalla>> {};
 
-TEST_P(Fallas, EachStatementOfTheCommitHasItsTurn) {
+TEST_P(CommitConFallas, EachStatementOfTheCommitHasItsTurn) {
   const auto& [falla, escena] = GetParam();
   const QString contador = q("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='") + q(escena.tipoDoc) + u'\'';
   int n = 1, terminados = 0;
   for (;; ++n) {
     PlanFallas plan;
-    PuestoDeVenta p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+    PuestoDeVenta p([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
     p.persona().dejaPasar();
     ejecutarArchivo(p, kDocumentos);
     const int base = filasDe(p), usado = p.filas(contador).toInt();
@@ -92,7 +92,7 @@ TEST_P(Fallas, EachStatementOfTheCommitHasItsTurn) {
     const auto lineas = v.rejilla.filas.size();
     plan.armar(n, falla);
     const bool hecha = GrabarVenta(p, v, pantallas);
-    if (plan.van < n) break;
+    if (plan.van() < n) break;
     const QStringList antes = plan.sentencias.mid(0, n - 1);
     const QString cual = plan.sentencias[n - 1];
     plan.armar(0);
@@ -124,9 +124,10 @@ TEST_P(Fallas, EachStatementOfTheCommitHasItsTurn) {
   }
   EXPECT_GE(terminados, 7);  // code, header, number (3), what follows the paper
 }
-INSTANTIATE_TEST_SUITE_P(Commit, Fallas, testing::Combine(testing::Values(Falla::unaVez), testing::ValuesIn(kEscenas)),
+INSTANTIATE_TEST_SUITE_P(Commit, CommitConFallas,
+                         testing::Combine(testing::Values(Falla::unaVez), testing::ValuesIn(kEscenas)),
                          [](const auto& i) { return std::get<1>(i.param).nombre; });
-INSTANTIATE_TEST_SUITE_P(CommitOnAFullDisk, Fallas,
+INSTANTIATE_TEST_SUITE_P(CommitOnAFullDisk, CommitConFallas,
                          testing::Combine(testing::Values(Falla::desdeAhi), testing::Values(kEscenas[0], kEscenas[6])),
                          [](const auto& i) { return std::get<1>(i.param).nombre; });
 

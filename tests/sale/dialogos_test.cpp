@@ -3,7 +3,7 @@
 
 #include "apoyo/casos.h"
 #include "apoyo/golden.h"
-#include "apoyo/motor_que_falla.h"
+#include "apoyo/plan_fallas.h"
 #include "apoyo/puesto_prueba.h"
 #include "platform/sql/comparacion.h"
 #include "platform/sql/contiene.h"
@@ -196,7 +196,7 @@ TEST(Retiro, EachStatementHasItsTurn) {
   for (int n = 1; n <= kSentencias + 1; ++n) {
     SCOPED_TRACE(n);
     PlanFallas plan;
-    PuestoPrueba p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+    PuestoPrueba p([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
     const auto hay = [&p] {
       return p.filas(q("SELECT COUNT(*) FROM Operacion")) + u' ' + QString::number(p.papeles().impresos.size());
     };
@@ -205,7 +205,7 @@ TEST(Retiro, EachStatementHasItsTurn) {
     p.persona().espera(falla ? q("falla forzada") : q("Se ha registrado"));
     plan.armar(n);
     EXPECT_EQ(!falla, Retirar(p, q("5.00")));
-    EXPECT_EQ(qMin(n, kSentencias), plan.van);
+    EXPECT_EQ(qMin(n, kSentencias), plan.van());
     plan.armar(0);
     EXPECT_EQ(falla ? q("0 0") : q("1 1"), hay());
     if (!falla) continue;

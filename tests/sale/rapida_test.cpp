@@ -4,7 +4,7 @@
 
 #include "apoyo/casos.h"
 #include "apoyo/golden.h"
-#include "apoyo/motor_que_falla.h"
+#include "apoyo/plan_fallas.h"
 #include "sale/caja_rapida.h"
 #include "sale/caja_rapida_commit.h"
 #include "venta_prueba.h"
@@ -186,14 +186,14 @@ TEST(Rapida, EachStatementOfTheCommitHasItsTurn) {
     int terminados = 0;
     for (int n = 1;; ++n) {
       PlanFallas plan;
-      Rapida r([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+      Rapida r([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
       r.p.persona().dejaPasar();
       r.p.ejecuta(q("UPDATE Configuracion SET SerieBOL='009', cOpeB='0'"));
       r.teclear();
       r.v.clase = ClaseDocumento::VentaExacta;
       plan.armar(n, falla);
       GrabarVentaRapida(r.p, r.v, r.pantallas);
-      if (plan.van < n) break;
+      if (plan.van() < n) break;
       const QStringList antes = plan.sentencias.mid(0, n - 1), todas = plan.sentencias;
       const QString cual = plan.sentencias[n - 1];
       plan.armar(0);

@@ -10,7 +10,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "apoyo/motor_que_falla.h"
+#include "apoyo/plan_fallas.h"
 #include "platform/sql/base_sqlite.h"
 #include "servidores.h"
 #include "store/tablas.h"
@@ -77,15 +77,8 @@ class Base {
   Actualizacion actualizar(PlanFallas& plan) {
     const auto reales = motoresDelSistema(carpeta_.path());
     Conexion cnn;
-    struct Motores1 final : Motores {
-      Motores1(Motores& r, PlanFallas& p) : reales(r), plan(p) {}
-      std::unique_ptr<Motor> abrir(const QString& c, int espera, ErrorBD& e) override {
-        auto m = reales.abrir(c, espera, e);
-        return m ? std::make_unique<MotorQueFalla>(std::move(m), plan) : nullptr;
-      }
-      Motores& reales;
-      PlanFallas& plan;
-    } motores(*reales, plan);
+    plan.cuenta = {};
+    MotoresConFallas motores(*reales, plan);
     EXPECT_FALSE(cnn.abrir(motores, cadena(), 1000));
     plan.armar(plan.n, plan.falla, plan.muerte);
     return ActualizarBase(cnn, archivo(), clase_.pasos(), kAhora);
@@ -149,7 +142,7 @@ TEST(Versiones, CutOffAnywhereItIsTheOldOneOrTheNewOne) {
         plan.armar(n, Falla::unaVez, muerte);
         if (muerte == Muerte::no) {
           const Actualizacion a = b.actualizar(plan);
-          toco = plan.van >= n;
+          toco = plan.van() >= n;
           EXPECT_EQ(toco, a.fin == FinActualizacion::Fallo);
         } else {
           const pid_t hijo = ::fork();

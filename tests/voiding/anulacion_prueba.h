@@ -2,7 +2,7 @@
 // A desk with stored documents of which the supervisor voids one.
 #include <gtest/gtest.h>
 
-#include "apoyo/motor_que_falla.h"
+#include "apoyo/plan_fallas.h"
 #include "apoyo/puesto_prueba.h"
 #include "voiding/anulacion.h"
 #include "voiding/pantallas_anulacion.h"

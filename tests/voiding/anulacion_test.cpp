@@ -26,7 +26,7 @@ TEST(Anulacion, EachStatementFailsInTurnAndTheNextVoidPutsItRight) {
     int n = 1, conFilas = 0;
     for (;; ++n) {
       PlanFallas plan;
-      PuestoConDocumentos p([&plan](Motores& m) { return std::make_unique<MotoresQueFallan>(m, plan); });
+      PuestoConDocumentos p([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
       llenar(p);
       PantallaTransaccion v;
       v.chkAlterno = alterno;
@@ -38,7 +38,7 @@ TEST(Anulacion, EachStatementFailsInTurnAndTheNextVoidPutsItRight) {
       p.elReloj().ahora = p.elReloj().ahora.addSecs(60);
       plan.armar(n, Falla::desdeAhi);
       Anular(p, v, p.jefe);
-      if (plan.van < n) break;
+      if (plan.van() < n) break;
       const QStringList antes = plan.sentencias.mid(0, n - 1);
       const QString fallada = plan.sentencias[n - 1];
       SCOPED_TRACE(qPrintable(QString::number(codigo) + q(": ") + fallada));
