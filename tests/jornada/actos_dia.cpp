@@ -1,7 +1,8 @@
 // What is done beside selling: the day's opening and closing, voids, reports, servers that go and come.
+#include "cashday/apertura.h"
 #include "cashday/cierre.h"
-#include "cashday/dia.h"
 #include "cashday/reportes.h"
+#include "cashday/turno.h"
 #include "jornada.h"
 #include "pantallas_dia.h"
 #include "platform/text/texto.h"
@@ -26,7 +27,7 @@ void Jornada::abrir(Caja& c) {
     FrmApertura v;
     v.txtimporsoles = QString::number(l.aperturaSoles / 100);
     v.TxtImporDolares = QString::number(l.aperturaDolares / 100);
-    (void)AbrirCaja(c.p(), v, c.ventana);  // the store tells below whether it went
+    (void)AbrirCaja(c.p(), v);  // the store tells below whether it went
   };
   // An opening that died or failed is done again, as long as the desk is closed.
   hacer(c, q("abre"), acto);
@@ -54,8 +55,8 @@ void Jornada::anular(Caja& c) {
   const auto clave = [&](const Fila& f) {
     return q(" cDocTipo='%1' AND cDocSerie='%2' AND cDocCodigo=%3").arg(f.doc, f.serie).arg(f.numero);
   };
-  // Points that are there to be taken back: those that wait, and those of a sale that were sent, while their database is
-  // there.
+  // Points that are there to be taken back: those that wait, and those of a sale that were sent, while their database
+  // is there.
   qint64 quita = 0;
   bool dudoso = false;
   for (const Fila& f : c.libro.filas) {

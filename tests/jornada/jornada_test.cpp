@@ -1,5 +1,5 @@
-// Days of the shop out of seeds. TARVOPOS_SEMILLA plays one of them again and tells its acts; TARVOPOS_JORNADAS says how
-// many are played.
+// Days of the shop out of seeds. TARVOPOS_SEMILLA plays one of them again and tells its acts; TARVOPOS_JORNADAS says
+// how many are played.
 #include <gtest/gtest.h>
 
 #include "jornada.h"

@@ -6,7 +6,8 @@
 namespace jornada {
 
 const char* const kConsultaFilas =
-    "SELECT cOperCode, cOperTipo, IFNULL(cDocTipo,''), IFNULL(cDocSerie,''), IFNULL(cDocCodigo,0), IFNULL(cProdCode,0), "
+    "SELECT cOperCode, cOperTipo, IFNULL(cDocTipo,''), IFNULL(cDocSerie,''), IFNULL(cDocCodigo,0), "
+    "IFNULL(cProdCode,0), "
     "IFNULL(nProdCant,0), IFNULL(nProdPrecUnit,0), IFNULL(nMontoSoles,0), IFNULL(nMontoDolares,0), "
     "IFNULL(nVueltoDolares,0), CASE WHEN nProdCant<0 THEN 0 ELSE IFNULL(nDscto,0) END, "
     "CASE WHEN nProdCant<0 THEN 0 ELSE IFNULL(nServicio,0) END, IFNULL(cEmisor,''), IFNULL(cOperCodeAnula,0), "

@@ -1,6 +1,6 @@
 #pragma once
-// The book that the test keeps of a desk: what its store must hold and its papers must show. Plain sums in cents, none of
-// the program's own routines.
+// The book that the test keeps of a desk: what its store must hold and its papers must show. Plain sums in cents, none
+// of the program's own routines.
 #include <QString>
 #include <QStringList>
 #include <map>
