@@ -97,7 +97,7 @@ bool leerTodo(Trabajo& t, const Periodo& periodo, Conexion& central) {
   return l.bien();
 }
 
-void imprimir(Trabajo& t) {
+void imprimirTrabajo(Trabajo& t) {
   ImprimirInforme(t.p, PapelDeReporte(t.d), t.hoja.impresora, t.fecha ? t.hoja.troncoFecha : t.hoja.tronco);
   const int ruta = t.hoja.alterna() ? t.p.ses.pnCortaPapelAlterna : t.p.ses.pnCortaPapel;
   t.impreso = ruta == 0 || ruta == 1;
@@ -140,7 +140,7 @@ FinReporte intentar(Trabajo& t) {
     if (!LeerPeriodo(p, periodo)) return FinReporte::Fallo;
   }
   if (!leerTodo(t, periodo, central)) return FinReporte::Fallo;
-  imprimir(t);
+  imprimirTrabajo(t);
   return t.fecha || cerrar(t) ? FinReporte::Hecho : FinReporte::Fallo;
 }
 

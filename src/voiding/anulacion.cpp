@@ -109,7 +109,7 @@ bool tomarCodigoNuevo(Puesto& p, Anulacion& a) { return CodigoOperacion(p, a.t()
 ClavePuntos clave(const DocumentoGuardado& t) { return {t.docTipo, t.docSerie, AEntero(Val(t.docNumero))}; }
 
 // One transaction of the store; the box of what failed comes behind it.
-bool ejecutarJuntas(Puesto& p, const std::vector<Sql>& sentencias) {
+bool guardarJuntas(Puesto& p, const std::vector<Sql>& sentencias) {
   Sql laQueFallo;
   const auto error = EjecutarJuntas(p.poCnnLocal, sentencias, &laQueFallo);
   if (!error) return true;
@@ -128,7 +128,7 @@ bool grabarFilas(Puesto& p, Anulacion& a) {
   luego(t.paralela ? FilasDeParalela(p, t, a.codigo, fecha) : FilasDeVenta(p, t, a.codigo, fecha));
   const bool cierraLiquidacion = t.tipo == TipoOperacion::Liquidado || t.tipo == TipoOperacion::OC;
   if (cierraLiquidacion && t.relacion != 0) luego(FilasDeLiquidacion(t.relacion));
-  return ejecutarJuntas(p, filas);
+  return guardarJuntas(p, filas);
 }
 
 QString textoDelPapel(Puesto& p, const Anulacion& a, int impresora) {
@@ -144,7 +144,7 @@ QString textoDelPapel(Puesto& p, const Anulacion& a, int impresora) {
 }
 
 // The paper stands on the screen as well: that it is voided must be seen, whatever the printer does.
-bool imprimir(Puesto& p, Anulacion& a) {
+bool imprimirAnulacion(Puesto& p, Anulacion& a) {
   const bool paralela = a.t().paralela;
   const int impresora = paralela ? kImpresoraAlterna : kImpresoraPrincipal;
   a.v.txtTexto = textoDelPapel(p, a, impresora);
@@ -180,7 +180,7 @@ bool sellarPago(Puesto& p, Anulacion& a) {
 const Paso<Anulacion> kPasos[] = {
     {"codigo", exigirCodigo}, {"campos", exigirCampos},           {"supervisor", autorizar}, {"estado", mirarEstado},
     {"orden", mirarOrden},    {"confirmar", confirmar},           {"codigo nuevo", tomarCodigoNuevo},
-    {"filas", grabarFilas},   {"ticket", imprimir},               {"puntos", extornar},      {"pago", sellarPago},
+    {"filas", grabarFilas},   {"ticket", imprimirAnulacion},    {"puntos", extornar},      {"pago", sellarPago},
 };
 // clang-format on
 

@@ -101,7 +101,7 @@ TEST(DBAdmin, ASaleWaitsForASilentServerOnceAMinute) {
   Puesto p(mudos, base.puertos, base.reloj, base.mensajes, base.salida, base.rutas);
   p.ses.psConexionCentral = QStringLiteral("Data Source=mudo");
   Conexion c;
-  const auto abrir = [&](clsDBAdmin::Espera e) { p.poDBAdmin.AbrirBD(c, p.ses.psConexionCentral, false, e); };
+  const auto abrir = [&](clsDBAdmin::Espera e) { (void)p.poDBAdmin.AbrirBD(c, p.ses.psConexionCentral, false, e); };
   abrir(clsDBAdmin::Espera::Venta);
   EXPECT_EQ(1700, mudos.espera);
   EXPECT_TRUE(p.ses.bCentralCaida);
