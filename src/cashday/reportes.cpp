@@ -132,7 +132,7 @@ FinReporte intentar(Trabajo& t) {
   Periodo periodo;
   if (t.fecha) {
     periodo = PeriodoDeFecha(*t.fecha);
-    if (t.hoja.alterna()) p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral);
+    if (t.hoja.alterna()) (void)p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral);
   } else {
     if (!marcar(t)) return FinReporte::Fallo;
     // Without the central database there is no report of the day; asked first, so that no half of it is printed.

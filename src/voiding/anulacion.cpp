@@ -4,6 +4,7 @@
 #include "documento/pasos.h"
 #include "documento/ticket.h"
 #include "foundation/puesto.h"
+#include "foundation/transaccion.h"
 #include "loyalty/puntos.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -109,13 +110,10 @@ ClavePuntos clave(const DocumentoGuardado& t) { return {t.docTipo, t.docSerie, A
 
 // One transaction of the store; the box of what failed comes behind it.
 bool ejecutarJuntas(Puesto& p, const std::vector<Sql>& sentencias) {
-  Sql ultima;
-  auto error = p.poCnnLocal.iniciar();
-  for (size_t n = 0; !error && n < sentencias.size(); ++n) error = p.poCnnLocal.ejecutar(ultima = sentencias[n]);
-  if (!error) error = p.poCnnLocal.confirmar();
+  Sql laQueFallo;
+  const auto error = EjecutarJuntas(p.poCnnLocal, sentencias, &laQueFallo);
   if (!error) return true;
-  p.poCnnLocal.deshacer();
-  p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + ultima.texto(p.poCnnLocal.dialecto()));
+  p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + laQueFallo.texto(p.poCnnLocal.dialecto()));
   return false;
 }
 
@@ -171,7 +169,8 @@ bool sellarPago(Puesto& p, Anulacion& a) {
   Recordset rs;
   const bool leido = p.poDBAdmin.EjecutarConsulta(central, u"SELECT COUNT(1) TOTAL FROM pagos WHERE"_sql + donde, rs);
   if (leido && Numero(rs[u"TOTAL"]) != 0) {
-    p.poDBAdmin.EjecutarSentencia(central, u"UPDATE pagos SET FechaAnulacion = getdate() WHERE"_sql + donde, true);
+    (void)p.poDBAdmin.EjecutarSentencia(central, u"UPDATE pagos SET FechaAnulacion = getdate() WHERE"_sql + donde,
+                                        true);
   }
   p.poDBAdmin.CerrarBD(central);
   return leido;
