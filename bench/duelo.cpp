@@ -92,11 +92,11 @@ Duelo::~Duelo() = default;
 
 void Duelo::abrirLocal() {
   if (!p_->poDBAdmin.AbrirBD(p_->poCnnLocal, conexionLocal(base_.ses.psRutaBD))) romper("the store does not open");
-  if (!conDisco_) p_->poCnnLocal.ejecutar(QStringLiteral("PRAGMA synchronous=OFF"));
+  if (!conDisco_) (void)p_->poCnnLocal.ejecutar(u"PRAGMA synchronous=OFF"_sql);
 }
 
 std::vector<Evento> Duelo::grabar() {
-  if (!preparar_.isEmpty()) p_->poCnnLocal.ejecutar(preparar_);
+  if (!preparar_.isEmpty()) (void)p_->poCnnLocal.ejecutar(Sql::crudo(preparar_));
   cinta_.eventos.clear();
   cinta_.grabando = true;
   nuestro();
@@ -133,7 +133,7 @@ void Duelo::aprender(Acto acto, const QString& preparar) {
 void Duelo::medir(benchmark::State& estado, const QStringList& consultas) {
   Tiempos nuestros, delPiso;
   const auto mio = [&] {
-    if (!preparar_.isEmpty()) p_->poCnnLocal.ejecutar(preparar_);
+    if (!preparar_.isEmpty()) (void)p_->poCnnLocal.ejecutar(Sql::crudo(preparar_));
     nuestros.tomar([this] { nuestro(); });
   };
   bool primero = false;

@@ -20,7 +20,7 @@ void Venta(benchmark::State& estado) {
     CajaRegistradoraFull v;
     v.rejilla.filas.clear();
     for (int i = 0; i < 5; ++i) v.rejilla.filas.push_back(filaVenta(101 + i, q("ARTICULO"), 4.5 + i, 1 + i % 2));
-    GrabarVenta(p, v, pantallas);
+    (void)GrabarVenta(p, v, pantallas);
   });
   duelo.medir(estado, {q("SELECT * FROM Operacion WHERE cOperFlagAbierto = 1 ORDER BY cOperId"),
                        q("SELECT * FROM _Tmp1"), q("SELECT * FROM Config_Documento")});

@@ -1,12 +1,12 @@
 #include "admin/guion_escenario.h"
 
-#include <QApplication>
 #include <QFile>
 #include <QTemporaryFile>
 #include <cstdio>
 
 #include "admin/guion_entrada.h"
 #include "admin/guion_reproductor.h"
+#include "platform/ui/ciclo_ventanas.h"
 
 namespace {
 
@@ -34,7 +34,7 @@ struct AplicacionGrafica::Interno {
   int argc = 1;
   char nombre[15] = "tarvopos-admin";
   char* argv[2] = {nombre, nullptr};
-  std::unique_ptr<QApplication> app;
+  std::unique_ptr<CicloVentanas> app;
 };
 
 AplicacionGrafica::AplicacionGrafica() : d_(std::make_unique<Interno>()) {
@@ -45,7 +45,7 @@ AplicacionGrafica::AplicacionGrafica() : d_(std::make_unique<Interno>()) {
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(pantalla.fileName()));
   }
   if (qgetenv("QT_QPA_PLATFORM").startsWith("offscreen")) siguiente = qInstallMessageHandler(callarPantalla);
-  d_->app = std::make_unique<QApplication>(d_->argc, d_->argv);
+  d_->app = std::make_unique<CicloVentanas>(d_->argc, d_->argv);
   QApplication::setQuitOnLastWindowClosed(false);
 }
 

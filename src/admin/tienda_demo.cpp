@@ -80,7 +80,7 @@ QStringList pares(const Lista& lista, const char* tabla, const char* columnas) {
   return s;
 }
 
-QString lineaDe(const ArticuloTienda& a) {
+QString lineaDeTienda(const ArticuloTienda& a) {
   for (const Par& l : kLineas) {
     if (t(l.codigo) == t(a.linea)) return t(l.nombre);
   }
@@ -101,7 +101,7 @@ QStringList productos(const QString& almacen) {
                                   "vDescProv, cUndSalida, cCodCatalogo, sDescLinea, cFlagDetracc"),
                    {almacen, a.codigo, t(a.descripcion), t(a.corta), a.precio, a.venta == Venta::Suspendido ? 0 : 1,
                     a.venta == Venta::Retirado ? 0 : 1, canje, canje ? 50 : 0, canje, a.canjePuntos, a.puntos,
-                    a.servicio, proveedorDe(a), t(a.unidad), t(a.catalogo), lineaDe(a), a.detraccion});
+                    a.servicio, proveedorDe(a), t(a.unidad), t(a.catalogo), lineaDeTienda(a), a.detraccion});
   }
   return s;
 }

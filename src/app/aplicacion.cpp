@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <utility>
 
 #include "app/arranque.h"
 #include "app/frm_password.h"
@@ -10,11 +11,16 @@
 #include "cashday/frm_principal.h"
 #include "loyalty/pendientes.h"
 #include "platform/io/cerrojo.h"
+#include "platform/ui/ciclo_ventanas.h"
 #include "platform/ui/tema.h"
 
 namespace {
+
 constexpr int kSplash_ms = 1000;
-}
+
+CicloVentanas* ciclo() { return dynamic_cast<CicloVentanas*>(QCoreApplication::instance()); }
+
+}  // namespace
 
 struct Aplicacion::Interno {
   Interno(Motores& motores, Puertos& puertos, Reloj& reloj, Mensajes& mensajes, Salida& salida, const Rutas& rutas)
@@ -27,12 +33,14 @@ struct Aplicacion::Interno {
   void exigirUnicaCopia();
   void login();
   void sesion();
+  void contarRotura(const QString& que);
 
   Puesto puesto;
   Pantallas pantallas;
   Cerrojo unico;
   std::unique_ptr<frmPassword> password;
   std::unique_ptr<frmPrincipal> principal;
+  bool contando = false;
   QObject contexto;  // what is still to be called ends with the program
 };
 
@@ -93,13 +101,27 @@ void Aplicacion::Interno::sesion() {
   MostrarAlmacen(puesto);
 }
 
+// One box, whatever its own painting may throw again.
+void Aplicacion::Interno::contarRotura(const QString& que) {
+  puesto.registro.RegistrarErrorLog(QStringLiteral("Error interno: ") + que);
+  if (std::exchange(contando, true)) return;
+  puesto.mensajes.mostrar(
+      QStringLiteral("Ocurrió un error interno.\nLa operación no se hizo. Revise lo último que registró y avise a "
+                     "soporte."),
+      Mensajes::kTitulo, Icono::Critico);
+  contando = false;
+}
+
 Aplicacion::Aplicacion(Motores& motores, Puertos& puertos, Reloj& reloj, Mensajes& mensajes, Salida& salida,
                        const Rutas& rutas) {
   tema::aplicar(*qApp);
   d_ = std::make_unique<Interno>(motores, puertos, reloj, mensajes, salida, rutas);
+  if (CicloVentanas* c = ciclo()) c->alRomper = [this](const QString& que) { d_->contarRotura(que); };
 }
 
-Aplicacion::~Aplicacion() = default;
+Aplicacion::~Aplicacion() {
+  if (CicloVentanas* c = ciclo()) c->alRomper = {};
+}
 
 void Aplicacion::iniciar() { d_->iniciar(); }
 

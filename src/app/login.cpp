@@ -8,9 +8,10 @@ namespace {
 
 const QString kUsuario = QStringLiteral("txtUsuario"), kPassword = QStringLiteral("txtPassword");
 
+// Only the name that the next login offers; what fails has its box.
 void recordarUsuario(Puesto& p, const QString& nombre) {
-  p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, FormatearSQL(u"UPDATE Usuario SET cUserFlag = $"_sql, {0}), true);
-  p.poDBAdmin.EjecutarSentencia(
+  (void)p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, FormatearSQL(u"UPDATE Usuario SET cUserFlag = $"_sql, {0}), true);
+  (void)p.poDBAdmin.EjecutarSentencia(
       p.poCnnLocal,
       FormatearSQL(u"UPDATE Usuario SET cUserFlag = $ WHERE TRIM(sUserDesc) = '$'"_sql, {1, Texto(nombre)}), true);
 }

@@ -1,10 +1,10 @@
-#include <QApplication>
 #include <cstdio>
 
 #include "app/aplicacion.h"
 #include "app/entorno.h"
 #include "foundation/version.h"
 #include "platform/io/senales.h"
+#include "platform/ui/ciclo_ventanas.h"
 
 namespace {
 
@@ -28,7 +28,7 @@ int main(int argc, char** argv) {
     return 0;
   }
   FallasDeEscrituraComoErrores();
-  QApplication app(argc, argv);
+  CicloVentanas ciclo(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);  // between login and main window there is none
   EntornoSistema e(carpetaDelPrograma());
   Aplicacion programa(*e.motores, *e.puertos, *e.reloj, *e.mensajes, *e.salida, e.rutas);

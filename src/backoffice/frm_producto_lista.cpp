@@ -15,7 +15,7 @@ Lista* nuevaLista() {
   return l;
 }
 
-FilaLista filaDe(const FilaProducto& f) {
+FilaLista filaLista(const FilaProducto& f) {
   return {{f.codigo, f.descripcion, f.corta, f.precio, f.tipo, f.stock}, f.codigo, f.activo};
 }
 
@@ -31,17 +31,18 @@ frmProductoLista::frmProductoLista(Puesto& p, QWidget* padre)
                             nuevaLista(), padre) {
   conActivar();
   std::vector<FilaProducto> filas;
-  if (LeerProductos(p, filas)) llenarCon(filas, filaDe);
+  if (LeerProductos(p, filas)) llenarCon(filas, filaLista);
   resize(1000, 680);
 }
 
 std::optional<FilaLista> frmProductoLista::detalle(ModoDetalle modo, const FilaLista* fila) {
   DetalleProducto v;
   if (!CargarProducto(puesto(), modo, fila ? fila->clave.toString() : QString(), v)) return {};
-  return frmProducto(puesto(), v, this).exec() == QDialog::Accepted ? std::optional(filaDe(FilaDe(v))) : std::nullopt;
+  return frmProducto(puesto(), v, this).exec() == QDialog::Accepted ? std::optional(filaLista(FilaDe(v)))
+                                                                    : std::nullopt;
 }
 
 std::optional<FilaLista> frmProductoLista::activar(const FilaLista& fila) {
   FilaProducto f = productoDe(fila);
-  return ActivarProducto(puesto(), f) ? std::optional(filaDe(f)) : std::nullopt;
+  return ActivarProducto(puesto(), f) ? std::optional(filaLista(f)) : std::nullopt;
 }

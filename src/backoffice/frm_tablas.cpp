@@ -7,7 +7,7 @@ namespace {
 
 const QString kTitulo = QStringLiteral("TIPOS DE TARJETA");
 
-FilaLista filaDe(const FilaTipoTarjeta& f) { return {{f.codigo, f.descripcion}, f.codigo, true}; }
+FilaLista filaLista(const FilaTipoTarjeta& f) { return {{f.codigo, f.descripcion}, f.codigo, true}; }
 
 AspectoLista aspecto() {
   return {.nombre = QStringLiteral("FrmTablas"),
@@ -28,14 +28,15 @@ FrmTablas::FrmTablas(Puesto& p, QWidget* padre)
                                       {{QStringLiteral("Codigo"), 0.2}, {QStringLiteral("Descripción"), 0.79}}),
                             padre) {
   std::vector<FilaTipoTarjeta> filas;
-  if (LeerTiposTarjeta(p, filas)) llenarCon(filas, filaDe);
+  if (LeerTiposTarjeta(p, filas)) llenarCon(filas, filaLista);
 }
 
 std::optional<FilaLista> FrmTablas::detalle(ModoDetalle modo, const FilaLista* fila) {
   DetalleTipoTarjeta v;
   const FilaTipoTarjeta mostrada = fila ? FilaTipoTarjeta{fila->celdas[0], fila->celdas[1]} : FilaTipoTarjeta{};
   if (!CargarTipoTarjeta(puesto(), modo, mostrada, v)) return {};
-  return FrmTablas_sub(puesto(), v, this).exec() == QDialog::Accepted ? std::optional(filaDe(FilaDe(v))) : std::nullopt;
+  return FrmTablas_sub(puesto(), v, this).exec() == QDialog::Accepted ? std::optional(filaLista(FilaDe(v)))
+                                                                      : std::nullopt;
 }
 
 bool FrmTablas::alEntrar(QWidget* campo) {

@@ -12,7 +12,7 @@ Lista* nuevaLista() {
   return l;
 }
 
-FilaLista filaDe(const FilaTipoCambio& f) { return {{f.fecha, f.monto}, f.fecha, true}; }
+FilaLista filaLista(const FilaTipoCambio& f) { return {{f.fecha, f.monto}, f.fecha, true}; }
 
 }  // namespace
 
@@ -20,12 +20,12 @@ frmTipoCambioLista::frmTipoCambioLista(Puesto& p, QWidget* padre)
     : frmMantenimientoLista(p, {QStringLiteral("frmTipoCambioLista"), QStringLiteral("Relación de Tipo de Cambio")},
                             nuevaLista(), padre) {
   std::vector<FilaTipoCambio> filas;
-  if (LeerTiposCambio(p, filas)) llenarCon(filas, filaDe);
+  if (LeerTiposCambio(p, filas)) llenarCon(filas, filaLista);
   lista().elegir(lista().filas() - 1);  // the latest day
 }
 
 std::optional<FilaLista> frmTipoCambioLista::detalle(ModoDetalle modo, const FilaLista* fila) {
   TipoCambio v;
   if (!abrirTipoCambio(puesto(), modo, fila ? fila->clave.toString() : QString(), v, this)) return {};
-  return filaDe(FilaDe(v));
+  return filaLista(FilaDe(v));
 }

@@ -4,7 +4,7 @@
 
 namespace {
 
-FilaLista filaDe(const FilaUsuario& f) { return {{f.usuario, f.perfil, f.nombre}, f.usuario, f.activo}; }
+FilaLista filaLista(const FilaUsuario& f) { return {{f.usuario, f.perfil, f.nombre}, f.usuario, f.activo}; }
 
 }  // namespace
 
@@ -16,16 +16,16 @@ frmUsuarioLista::frmUsuarioLista(Puesto& p, QWidget* padre)
                             padre) {
   conActivar();
   std::vector<FilaUsuario> filas;
-  if (LeerUsuarios(p, filas)) llenarCon(filas, filaDe);
+  if (LeerUsuarios(p, filas)) llenarCon(filas, filaLista);
 }
 
 std::optional<FilaLista> frmUsuarioLista::detalle(ModoDetalle modo, const FilaLista* fila) {
   DetalleUsuario v;
   if (!CargarUsuario(puesto(), modo, fila ? fila->clave.toString() : QString(), v)) return {};
-  return frmUsuario(puesto(), v, this).exec() == QDialog::Accepted ? std::optional(filaDe(FilaDe(v))) : std::nullopt;
+  return frmUsuario(puesto(), v, this).exec() == QDialog::Accepted ? std::optional(filaLista(FilaDe(v))) : std::nullopt;
 }
 
 std::optional<FilaLista> frmUsuarioLista::activar(const FilaLista& fila) {
   FilaUsuario f{fila.celdas[0], fila.celdas[1], fila.celdas[2], fila.activa};
-  return ActivarUsuario(puesto(), f) ? std::optional(filaDe(f)) : std::nullopt;
+  return ActivarUsuario(puesto(), f) ? std::optional(filaLista(f)) : std::nullopt;
 }

@@ -108,7 +108,7 @@ bool cerrarOperaciones(Puesto& p) {
     if (const auto error = p.poCnnLocal.ejecutar(sql)) return fallaBlanqueo(p, error->descripcion);
   }
   // A connection that was left open may be dead by now. One that can't be opened tells so at the statement.
-  p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral);
+  (void)p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral);
   if (const auto error = p.poCnnCentral.ejecutar(
           FormatearSQL(u" UPDATE TCABECERAZ1 SET nidEstado = 0 WHERE nidEstado = -1 AND cCajaCodi = '$'"_sql,
                        {Texto(p.ses.psCaja)}))) {

@@ -19,7 +19,7 @@ constexpr LiteralSql kNotasConsumo =
     u"SELECT p.cCodCatalogo as Catal, p.sProdDescCrta as Descrip, Sum(d.nProdCant) AS Cant "
     "FROM (OperacionParalela o INNER JOIN OperacionParalelaProducto d ON o.cOperCode = d.cOperCode) "
     "INNER JOIN Producto p ON d.cProdCode = p.cProdCode AND d.cAlmaCode = p.cAlmaCode "
-    "Where o.cdocTipo = '11' And o.cOperCodeAnul=0 GROUP BY p.cCodCatalogo, p.sProdDescCrta ORDER BY 1, 2"_sql;
+    "Where o.cdocTipo = {dNC} And o.cOperCodeAnul=0 GROUP BY p.cCodCatalogo, p.sProdDescCrta ORDER BY 1, 2"_sql;
 
 std::vector<BloqueZ::Ticket> leerTickets(LectorReporte& l, const char* tipo) {
   std::vector<BloqueZ::Ticket> lista;

@@ -19,7 +19,7 @@ constexpr LiteralSql kVouchers =
     " AND o.cOperFlaganula=0 {f}{t}"_sql;
 constexpr LiteralSql kVoucherLiquidacion =
     u" SELECT SUM(o.nmontosoles +  o.nprodprecunit ) as TOTAL   FROM operacion o "
-    "  WHERE o.cOperTipo = 2 and o.cDocTipo='14'     AND o.cOperFlagAnula = 0{f}{t}"_sql;
+    "  WHERE o.cOperTipo = 2 and o.cDocTipo={dLIQPAD}     AND o.cOperFlagAnula = 0{f}{t}"_sql;
 constexpr LiteralSql kNulosMonto =
     u" SELECT SUM({valor}) as TKMontNulos   FROM Operacion o   WHERE o.cOperflaganula= 1     AND o.cProdcode <>  0 "
     "    AND o.cOpercodeanula <> 0 {f}{t}"_sql;
@@ -73,9 +73,9 @@ const ConsultasReporte kConsultasX1 = {
         u" SELECT SUM(o.nMontosoles) AS TOTAL FROM Operacion o WHERE o.cOperTipo = 1 AND TRIM(o.cEmisor) <> '' "
         " AND o.cOperFlagAnula = 0 {f}{t}"_sql,
     .cajaDol = u" SELECT SUM(o.nMontoDolares-o.nVueltoDolares) AS TOTAL FROM Operacion o  WHERE o.cOperTipo in (1) "
-               " AND o.cDoctipo in ('01','02', '14', '10')  AND o.cOperFlaganula= 0 {f}"_sql,
+               " AND o.cDoctipo in ('01','02', {dLIQPAD}, {dOC})  AND o.cOperFlaganula= 0 {f}"_sql,
     .cajaSol = u" SELECT SUM(o.nMontoSoles + o.nProdPrecUnit) AS TOTAL FROM Operacion o  WHERE (o.cOperTipo in( 1)) "
-               " AND o.cDoctipo in ('01','02','10', '14')  AND o.cProdCode = 0  AND o.cOperFlaganula= 0 {f}"_sql,
+               " AND o.cDoctipo in ('01','02',{dOC}, {dLIQPAD})  AND o.cProdCode = 0  AND o.cOperFlaganula= 0 {f}"_sql,
     .productos =
         u"SELECT cProdcode, sum(cantidad) as Cant ,  max(catalogo) as Catal, max(descripcion) as Descrip  FROM "
         "( SELECT 1, cProdCode,  sum(cant) as Cantidad , max(catal) as Catalogo, max(Descrip) as Descripcion  FROM "
@@ -85,7 +85,7 @@ const ConsultasReporte kConsultasX1 = {
         " SELECT 2, d.cProdCode,  sum( d.nProdCant) as cantidad ,  max(p.cCodcatalogo)  as catalogo, "
         " max( p.sProdDesc)  as Descripcion  FROM  OperacionParalelaProducto  d, OperacionParalela o,   Producto  p "
         " WHERE d.cOpercode = o.cOpercode AND d.cProdCode = p.cProdCode AND d.cAlmaCode = p.cAlmaCode AND d.cProdcode "
-        "<> 0  AND o.cOperCodeanul = 0 AND TRIM(o.cEstado)= '1' AND o.cOpertipo + 0 in (20, 21) {p}{t}  GROUP BY "
+        "<> 0  AND o.cOperCodeanul = 0 AND TRIM(o.cEstado)= '1' AND o.cOpertipo + 0 in ({OC}, {NC}) {p}{t}  GROUP BY "
         "d.cProdCode   )  GROUP BY  cProdcode  ORDER BY  3"_sql,
 };
 

@@ -2,28 +2,27 @@
 
 #include "foundation/puesto.h"
 #include "platform/text/numero.h"
+#include "store/codigos.h"
 
 namespace {
-
-enum TipoAdelanto { kPADE = 22, kPADV = 23 };
 
 constexpr LiteralSql kOrdenes =
     u" Select sum(d.nProdCant) as items  , sum({valorp}) as precio     FROM OperacionParalelaProducto d , "
     "OperacionParalela o    WHERE d.cOpercode = o.cOpercode      AND o.cOpercodeAnul=0 {p}     AND TRIM(o.cEstado)='1' "
-    "AND o.cOperTipo + 0 in (20)  {t}"_sql;
+    "AND o.cOperTipo + 0 in ({OC})  {t}"_sql;
 constexpr LiteralSql kNotas =
     u" Select sum(d.nProdCant) as items  , sum({valorp}) as precio     FROM OperacionParalelaProducto d , "
     "OperacionParalela o    WHERE d.cOpercode = o.cOpercode      AND o.cOpercodeAnul=0 {p}{t}     "
-    "AND TRIM(o.cEstado)='1' AND o.cOperTipo + 0 in (21)  "_sql;
+    "AND TRIM(o.cEstado)='1' AND o.cOperTipo + 0 in ({NC})  "_sql;
 constexpr LiteralSql kProductosNotas =
     u" SELECT d.cProdCode , sum(d.nProdCant) as Cant ,  max(p.cCodcatalogo) as Catal, max(p.sProdDesc) as Descrip "
     " FROM OperacionParalelaProducto  d, OperacionParalela o,   Producto  p  WHERE d.cOpercode = o.cOpercode "
     "   AND d.cProdCode = p.cProdCode    AND d.cAlmaCode = p.cAlmaCode    AND d.cProdcode <> 0 {p}{t}"
-    "   AND o.cOperCodeanul =  0 AND TRIM(o.cEstado)= '1' AND o.cOpertipo + 0 in (21)  GROUP BY d.cprodcode "
+    "   AND o.cOperCodeanul =  0 AND TRIM(o.cEstado)= '1' AND o.cOpertipo + 0 in ({NC})  GROUP BY d.cprodcode "
     " ORDER BY  4"_sql;
 constexpr LiteralSql kNulosOrdenes =
     u" SELECT sum(o.nmontoSoles) as monto, count(*) as items  FROM operacionparalela o "
-    "WHERE o.copercodeanul <> 0 AND TRIM(o.cdoctipo)='10' {p}{t}"_sql;
+    "WHERE o.copercodeanul <> 0 AND TRIM(o.cdoctipo)={dOC} {p}{t}"_sql;
 
 constexpr LiteralSql kSumas = u" SELECT sum(nMontosoles) as monto, count(*) as items "_sql;
 constexpr LiteralSql kCampos =
@@ -58,11 +57,11 @@ FilaAdelanto filaAdelanto(const Recordset::Fila& f) {
 }
 
 // The head of a check and the rows of its list, which come back as read.
-Recordset leerCheck(LectorReporte& l, TipoAdelanto tipo, const Sql& de, const Sql& lista, CheckAdelantos& c) {
-  const Recordset suma = l.filas(FormatearSQL(kSumas + de, {tipo}));
+Recordset leerCheck(LectorReporte& l, TipoOperacion tipo, const Sql& de, const Sql& lista, CheckAdelantos& c) {
+  const Recordset suma = l.filas(FormatearSQL(kSumas + de, {Codigo(tipo)}));
   c.cuenta = Numero(suma[u"items"]);
   c.monto = Numero(suma[u"monto"]);
-  Recordset filas = l.filas(FormatearSQL(lista, {tipo}));
+  Recordset filas = l.filas(FormatearSQL(lista, {Codigo(tipo)}));
   for (const auto& f : filas) {
     c.filas.push_back(filaAdelanto(f));
     sumar(c.suma, c.filas.back());
@@ -82,7 +81,7 @@ bool anuladoEnCentral(Puesto& p, Conexion& central, const Recordset::Fila& f) {
          Numero(rs[u"EXISTE"]) > 0;
 }
 
-Adelantos leerAdelantos(Puesto& p, LectorReporte& l, Conexion& central, TipoAdelanto tipo) {
+Adelantos leerAdelantos(Puesto& p, LectorReporte& l, Conexion& central, TipoOperacion tipo) {
   Adelantos a;
   const Recordset recibidos = leerCheck(l, tipo, kDeRecibidos, kListaRecibidos, a.recibidos);
   for (const auto& f : recibidos) {
@@ -112,8 +111,8 @@ CifrasParalelas LeerParalelas(Puesto& p, LectorReporte& l, Conexion& central, Ci
   r.itemsNC = Numero(notas[u"items"]);
   r.montoNC = Numero(notas[u"precio"]);
   if (r.itemsNC > 0) r.productosNC = FilasDeProducto(l.filas(kProductosNotas));
-  r.pade = leerAdelantos(p, l, central, kPADE);
-  r.padv = leerAdelantos(p, l, central, kPADV);
+  r.pade = leerAdelantos(p, l, central, TipoOperacion::PADE);
+  r.padv = leerAdelantos(p, l, central, TipoOperacion::PADV);
   const Recordset nulos = l.filas(kNulosOrdenes);
   r.nulosOC = Numero(nulos[u"items"]);
   r.nulosOCMonto = Numero(nulos[u"monto"]);

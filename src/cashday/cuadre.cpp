@@ -6,6 +6,7 @@
 #include "foundation/puesto.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
+#include "store/codigos.h"
 
 namespace {
 
@@ -28,15 +29,17 @@ constexpr LiteralSql kDolares = u" SELECT SUM(nMontoDolares - nVueltoDolares) AS
 
 constexpr LiteralSql kPagos = u" AND cOperTipo = 5  AND cOperFlagAnula = 0 "_sql;
 constexpr LiteralSql kVoucher = u" AND cOperTipo = 2 AND cOperFlagAnula = 0  AND cOpercodeAnula=0 "_sql;
-constexpr LiteralSql kLiquidacion = u" AND cOperTipo = 2 and cDocTipo='14'  AND cOperFlagAnula = 0"_sql;
+constexpr LiteralSql kLiquidacion = u" AND cOperTipo = 2 and cDocTipo={dLIQPAD}  AND cOperFlagAnula = 0"_sql;
 constexpr LiteralSql kConTarjeta = u" AND cOperTipo = 1 AND TRIM(cEmisor) <> ''  AND cOperFlagAnula = 0 "_sql;
 // The tender rows of each side.
 constexpr LiteralSql kRecibos = u" AND cOperTipo in (1, 3)  AND cDoctipo in ('01','02')  AND cOperFlaganula= 0 "_sql;
 constexpr LiteralSql kRecibosZ1 =
-    u" AND cOperTipo in (1)  AND cDoctipo in ('01','02', '14', '10')  AND cOperFlaganula= 0 "_sql;
+    u" AND cOperTipo in (1)  AND cDoctipo in ('01','02', {dLIQPAD}, {dOC})  AND cOperFlaganula= 0 "_sql;
 constexpr LiteralSql kSinArticulo = u" AND cProdCode = 0 "_sql;
 
-bool consultar(Puesto& p, const Sql& sql, Recordset& rs) { return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, rs); }
+bool consultar(Puesto& p, const Sql& sql, Recordset& rs) {
+  return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, ConCodigos(sql), rs);
+}
 
 // A sum over open operations; nothing when there is nothing to add. False when the query failed.
 bool sumar(Puesto& p, LiteralSql que, const Sql& cuales, std::optional<double>& total) {
@@ -78,15 +81,15 @@ struct Adelantos {
   double soles = 0, dolares = 0;
 };
 
-// The active ones of a kind (22 PADE, 23 PADV), their cash received.
-bool adelantosActivos(Puesto& p, int tipo, Adelantos& suma) {
+// The active ones of a kind, their cash received.
+bool adelantosActivos(Puesto& p, TipoOperacion tipo, Adelantos& suma) {
   Recordset rs;
   if (!consultar(
           p,
           FormatearSQL(u" SELECT Sum(nEfectivosoles) as PADS, Sum(nEfectivoDolares) as PADD FROM "
                        "OperacionParalela  WHERE cOperTipo in ($) and cOperFlagAbierto=1 and cEstado in ('1') and "
                        "cOpercodeAnul=0"_sql,
-                       {tipo}),
+                       {Codigo(tipo)}),
           rs))
     return false;
   suma = {Numero(rs[u"PADS"]), Numero(rs[u"PADD"])};
@@ -94,14 +97,14 @@ bool adelantosActivos(Puesto& p, int tipo, Adelantos& suma) {
 }
 
 // The liquidated ones, each in the currency that it was paid in.
-bool adelantosLiquidados(Puesto& p, int tipo, Adelantos& suma) {
+bool adelantosLiquidados(Puesto& p, TipoOperacion tipo, Adelantos& suma) {
   Recordset rs;
   if (!consultar(
           p,
           FormatearSQL(u" SELECT nEfectivosoles as padliqs, nEfectivoDolares as padliqd, nMoneda FROM "
                        "OperacionParalela  WHERE cOperTipo in ($) and cOperFlagAbierto=1 and cEstado in ('2') and "
                        "cOperCodeAnul=0 "_sql,
-                       {tipo}),
+                       {Codigo(tipo)}),
           rs))
     return false;
   for (const auto& fila : rs) {
@@ -121,11 +124,11 @@ constexpr LiteralSql kProductos =
     "SELECT 2, d.cProdCode,  sum( d.nProdCant) as cantidad ,  max(p.cCodcatalogo)  as catalogo, max( p.sProdDesc)  as "
     "Descripcion FROM  OperacionParalelaProducto  d, OperacionParalela o,   Producto  p WHERE d.cOpercode = "
     "o.cOpercode AND d.cProdCode = p.cProdCode AND d.cAlmaCode = p.cAlmaCode AND d.cProdcode <> 0 AND "
-    "o.cOperFlagAbierto = 1 AND o.cOperCodeanul = 0 AND o.cEstado= '1' AND o.cOpertipo in (20, 21) GROUP BY "
+    "o.cOperFlagAbierto = 1 AND o.cOperCodeanul = 0 AND o.cEstado= '1' AND o.cOpertipo in ({OC}, {NC}) GROUP BY "
     "d.cProdCode   ) GROUP BY  cProdcode  order by 3"_sql;
 
 // A blank count is 0.
-bool esImporte(const QString& texto) { return EsNumerico(texto) || Recortar(texto).isEmpty(); }
+bool esCuenta(const QString& texto) { return EsNumerico(texto) || Recortar(texto).isEmpty(); }
 
 QString mascaraProducto(double valor) { return Formatear(valor, kMascaraProducto); }
 
@@ -177,8 +180,9 @@ bool CuadreCajaZ1(Puesto& p, LadoCuadre& c) {
   c.txtVoucher = mascara(voucher.value_or(0) + liquidacion.value_or(0));
   Adelantos pade, padeLiq, padv, padvLiq;
   if (!sumar(p, kDolares, kRecibosZ1, dolares) || !sumar(p, kSolesConVuelto, kRecibosZ1 + kSinArticulo, soles) ||
-      !adelantosActivos(p, 22, pade) || !adelantosLiquidados(p, 22, padeLiq) || !adelantosActivos(p, 23, padv) ||
-      !adelantosLiquidados(p, 23, padvLiq) || !sumar(p, kSolesConVuelto, kConTarjeta, descuento)) {
+      !adelantosActivos(p, TipoOperacion::PADE, pade) || !adelantosLiquidados(p, TipoOperacion::PADE, padeLiq) ||
+      !adelantosActivos(p, TipoOperacion::PADV, padv) || !adelantosLiquidados(p, TipoOperacion::PADV, padvLiq) ||
+      !sumar(p, kSolesConVuelto, kConTarjeta, descuento)) {
     return false;
   }
   c.txtVoucher = mascara(LeerImporte(c.txtVoucher) + padv.soles + padvLiq.soles - descuento.value_or(0));
@@ -191,7 +195,7 @@ bool CuadreCajaZ1(Puesto& p, LadoCuadre& c) {
 void CuadreCajaTotal(Cuadre& v) {
   const auto numero = [](const QString& texto) { return Val(Formatear(LeerImporte(texto), u"###########0.00")); };
   const auto diferencia = [&](const QString& debe, const QString& contado) {
-    return esImporte(contado) ? mascara(numero(debe) - numero(contado)) : QString();
+    return esCuenta(contado) ? mascara(numero(debe) - numero(contado)) : QString();
   };
   for (LadoCuadre& c : v.lado) {
     c.txtFALTSOB = diferencia(c.txtCashDRW, c.txtCaja);
@@ -207,7 +211,7 @@ QString DejarCaja(Cuadre& v) {
   for (size_t n = 0; n < v.lado.size(); ++n) {
     for (const auto& campo : campos) {
       QString& texto = v.lado[n].*campo.texto;
-      if (esImporte(texto)) texto = mascara(LeerImporte(texto));
+      if (esCuenta(texto)) texto = mascara(LeerImporte(texto));
       else if (mal.isEmpty()) mal = QStringLiteral("%1(%2)").arg(QLatin1String(campo.nombre)).arg(n);
     }
   }

@@ -18,7 +18,7 @@ QString centrada(const QString& texto, const QString& blancos) {
 }
 
 // An amount that does not fit its column widens the line: cut on the left it would be another amount.
-QString importe(const QString& texto) {
+QString alFinal(const QString& texto) {
   const QString s = u'*' + texto;
   return texto.size() > kImporte ? s : Derecha(Espacios(kImporte) + s, kImporte);
 }
@@ -43,8 +43,8 @@ QStringList lineasDe(const Cuadre& v, size_t lado, const QString& titulo) {
                 QStringLiteral("CONCEPTO") + QStringLiteral("   SOLES  ") + QStringLiteral(" DOLARES ")};
   const LadoCuadre& c = v.lado[lado];
   for (const auto& r : kRenglones) {
-    QString linea = QString::fromLatin1(r.rotulo) + importe(r.soles ? c.*r.soles : v.txtEntregado);
-    if (r.dolares && (!r.dolaresSoloZ1 || lado == kLadoZ1)) linea += importe(c.*r.dolares);
+    QString linea = QString::fromLatin1(r.rotulo) + alFinal(r.soles ? c.*r.soles : v.txtEntregado);
+    if (r.dolares && (!r.dolaresSoloZ1 || lado == kLadoZ1)) linea += alFinal(c.*r.dolares);
     s << linea;
   }
   return s;

@@ -2,6 +2,7 @@
 #include "cashday/reportes.h"
 #include "foundation/puesto.h"
 #include "foundation/transaccion.h"
+#include "store/codigos.h"
 
 namespace {
 
@@ -15,8 +16,9 @@ constexpr LiteralSql kDetalle =
     "      , d.cProdCode, sum(d.nProdCant) as cant, sum((d.nProdPrecUnit * d.nProdCant) + ((d.nProdPrecUnit * "
     "d.nProdCant) * d.nDscto/100)) as precio  FROM OperacionParalelaProducto as d, OperacionParalela as o, Producto "
     "as p  Where d.cOperCode = o.cOperCode    and d.cProdCode = p.cProdCode    and d.cAlmaCode = p.cAlmaCode {p}"
-    "   and o.cOperCodeanul= 0    and ( (TRIM(o.cEstado) = '1' and o.cOpertipo + 0 in (20, 21)) or (TRIM(o.cdocTipo) "
-    "= '11') )  GROUP BY o.cCajaCodi, Format(o.dOperFech, 'dd/mm/yyyy'), d.cAlmaCode, o.cDocTipo, d.cProdCode "_sql;
+    "   and o.cOperCodeanul= 0    and ( (TRIM(o.cEstado) = '1' and o.cOpertipo + 0 in ({OC}, {NC})) or "
+    "(TRIM(o.cdocTipo) = {dNC}) )"
+    "  GROUP BY o.cCajaCodi, Format(o.dOperFech, 'dd/mm/yyyy'), d.cAlmaCode, o.cDocTipo, d.cProdCode "_sql;
 
 // The head, the rows and their mean prices; the words of the failure.
 std::optional<ErrorBD> grabarDetalle(Conexion& central, const Recordset& filas, const QString& caja, int estado,
@@ -52,7 +54,7 @@ bool EnviarDetalleZ1(Puesto& p, int estado) {
   Periodo periodo;
   (void)LeerPeriodo(p, periodo);  // what can't be read counts as blank
   if (!p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral)) return avisar(p, QStringLiteral("no responde."));
-  const Sql sql = Sql(kDetalle).con(u"{f}"_sql, periodo.sFiltro).con(u"{p}"_sql, periodo.sFiltroP);
+  const Sql sql = ConCodigos(kDetalle).con(u"{f}"_sql, periodo.sFiltro).con(u"{p}"_sql, periodo.sFiltroP);
   Recordset filas;
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, filas)) return false;
   QString idZ1 = p.ses.psIdZ1;

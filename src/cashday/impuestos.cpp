@@ -13,7 +13,7 @@ constexpr LiteralSql kDeDocumento =
 constexpr LiteralSql kParalelo =
     u"  SELECT SUM({valorp} / (1 + ({igv} +  (d.nServicio /100) ) ) * (d.nServicio/100)) as Servicio  "
     "    FROM OperacionParalelaProducto d , OperacionParalela o    WHERE d.cOpercode = o.cOpercode "
-    "     AND o.cOperTipo + 0= 20 and d.cProdCode <> 0      and  o.cOpercodeAnul=0 {p}{t}"_sql;
+    "     AND o.cOperTipo + 0= {OC} and d.cProdCode <> 0      and  o.cOpercodeAnul=0 {p}{t}"_sql;
 
 // The IGV of this desk's billing documents; false when the central database can't tell, and the box has been shown.
 bool sumarCentral(Puesto& p, Impuestos& t) {

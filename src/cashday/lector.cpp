@@ -1,6 +1,7 @@
 #include "cashday/lector.h"
 
 #include "foundation/puesto.h"
+#include "store/codigos.h"
 
 namespace {
 
@@ -17,7 +18,8 @@ LectorReporte::LectorReporte(Puesto& p, Periodo periodo, Sql turno)
 Recordset LectorReporte::filas(const Sql& consulta) {
   Recordset rs;
   if (!bien_) return rs;
-  const Sql sql = consulta.con(u"{f}"_sql, periodo_.sFiltro)
+  const Sql sql = ConCodigos(consulta)
+                      .con(u"{f}"_sql, periodo_.sFiltro)
                       .con(u"{p}"_sql, periodo_.sFiltroP)
                       .con(u"{t}"_sql, turno_)
                       .con(u"{valor}"_sql, kValor)

@@ -5,7 +5,7 @@
 namespace {
 
 // A date literal, which is no text: its parts stand bare.
-Sql literal(const QDate& d) { return FormatearSQL(u"#$/$/$#"_sql, {d.month(), d.day(), d.year()}); }
+Sql dia(const QDate& d) { return FormatearSQL(u"#$/$/$#"_sql, {d.month(), d.day(), d.year()}); }
 
 }  // namespace
 
@@ -24,10 +24,10 @@ bool LeerPeriodo(Puesto& p, Periodo& periodo) {
 
 Periodo PeriodoDeFecha(const QDate& fecha) {
   // Two bounds instead of a formatted date: an index serves them.
-  Sql filtro = FormatearSQL(u" and o.dOperFech >= $ "_sql, {literal(fecha)});
+  Sql filtro = FormatearSQL(u" and o.dOperFech >= $ "_sql, {dia(fecha)});
   // Behind the last day that a date can name there is none.
   if (fecha < QDate(9999, 12, 31)) {
-    filtro += FormatearSQL(u" and o.dOperFech < $ "_sql, {literal(fecha.addDays(1))});
+    filtro += FormatearSQL(u" and o.dOperFech < $ "_sql, {dia(fecha.addDays(1))});
   }
   return {.sFiltro = filtro, .sFiltroP = filtro};
 }

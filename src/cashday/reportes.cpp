@@ -97,7 +97,7 @@ bool leerTodo(Trabajo& t, const Periodo& periodo, Conexion& central) {
   return l.bien();
 }
 
-void imprimir(Trabajo& t) {
+void imprimirTrabajo(Trabajo& t) {
   ImprimirInforme(t.p, PapelDeReporte(t.d), t.hoja.impresora, t.fecha ? t.hoja.troncoFecha : t.hoja.tronco);
   const int ruta = t.hoja.alterna() ? t.p.ses.pnCortaPapelAlterna : t.p.ses.pnCortaPapel;
   t.impreso = ruta == 0 || ruta == 1;
@@ -132,7 +132,7 @@ FinReporte intentar(Trabajo& t) {
   Periodo periodo;
   if (t.fecha) {
     periodo = PeriodoDeFecha(*t.fecha);
-    if (t.hoja.alterna()) p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral);
+    if (t.hoja.alterna()) (void)p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral);
   } else {
     if (!marcar(t)) return FinReporte::Fallo;
     // Without the central database there is no report of the day; asked first, so that no half of it is printed.
@@ -140,7 +140,7 @@ FinReporte intentar(Trabajo& t) {
     if (!LeerPeriodo(p, periodo)) return FinReporte::Fallo;
   }
   if (!leerTodo(t, periodo, central)) return FinReporte::Fallo;
-  imprimir(t);
+  imprimirTrabajo(t);
   return t.fecha || cerrar(t) ? FinReporte::Hecho : FinReporte::Fallo;
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "foundation/exigir.h"
+
 namespace {
 
 using C = ClaseDocumento;
@@ -36,13 +38,13 @@ const DatosClase* buscar(Condicion condicion) {
 
 const DatosClase& DatosDe(ClaseDocumento clase) {
   const auto* datos = buscar([clase](const DatosClase& d) { return d.clase == clase; });
-  Q_ASSERT(datos);
+  Exigir(datos, "un documento sin clase");
   return *datos;
 }
 
 ClaseDocumento ClaseDe(TipoVenta venta) {
   const auto* datos = buscar([venta](const DatosClase& d) { return d.venta == venta; });
-  Q_ASSERT(datos);
+  Exigir(datos, "un tipo de venta sin documento");
   return datos->clase;
 }
 

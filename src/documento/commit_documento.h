@@ -38,18 +38,18 @@ void FijarTipoDocumento(CommitDocumento& c, const QString& ruc);
 // Steps. Each gives false only where the commit must end; the box has been shown then.
 
 // The moment that all rows carry, to the minute.
-bool FijarFecha(Puesto& p, CommitDocumento& c);
+[[nodiscard]] bool FijarFecha(Puesto& p, CommitDocumento& c);
 // The drawer, where the desk has one. Never ends a commit.
-bool AbrirCajon(Puesto& p, CommitDocumento& c);
+[[nodiscard]] bool AbrirCajon(Puesto& p, CommitDocumento& c);
 // Chooses the printer and draws the operation code of the kind's table.
-bool TomarCodigo(Puesto& p, CommitDocumento& c);
-bool CargarCabecera(Puesto& p, CommitDocumento& c);
+[[nodiscard]] bool TomarCodigo(Puesto& p, CommitDocumento& c);
+[[nodiscard]] bool CargarCabecera(Puesto& p, CommitDocumento& c);
 // Takes the document number: it is used from here on, whatever follows.
-bool ReservarNumero(Puesto& p, CommitDocumento& c);
+[[nodiscard]] bool ReservarNumero(Puesto& p, CommitDocumento& c);
 // The ticket out of what stands above, on the kind's printer, with its correlative. Never ends a commit.
-bool ImprimirTicket(Puesto& p, CommitDocumento& c);
+[[nodiscard]] bool ImprimirTicket(Puesto& p, CommitDocumento& c);
 // The number of a boleta or factura once more, now that the paper is out: the rows must not take one that the store
 // has seen meanwhile.
-bool VerificarNumero(Puesto& p, CommitDocumento& c);
+[[nodiscard]] bool VerificarNumero(Puesto& p, CommitDocumento& c);
 // Code, user and, for a parallel document, number as the last ones of the type.
-bool GuardarUltima(Puesto& p, CommitDocumento& c);
+[[nodiscard]] bool GuardarUltima(Puesto& p, CommitDocumento& c);

@@ -25,16 +25,16 @@ struct CommitParalelo : CommitDocumento {
 // Steps. Each gives false where the commit must end; the box has been shown then, unless another reason is told.
 
 // The lines of the notes that a liquidation settles, for its ticket.
-bool LeerConsumos(Puesto& p, CommitParalelo& c);
+[[nodiscard]] bool LeerConsumos(Puesto& p, CommitParalelo& c);
 // Settles the kind of the row and makes the totals of the ticket.
-bool PrepararParalela(Puesto& p, CommitParalelo& c);
+[[nodiscard]] bool PrepararParalela(Puesto& p, CommitParalelo& c);
 // A document that says the same as the one before it within a minute is the same: its number goes back and the commit
 // ends without a word.
-bool RechazarRepetida(Puesto& p, CommitParalelo& c);
-bool EscribirCabeza(Puesto& p, CommitParalelo& c);
-bool EscribirLineas(Puesto& p, CommitParalelo& c);
+[[nodiscard]] bool RechazarRepetida(Puesto& p, CommitParalelo& c);
+[[nodiscard]] bool EscribirCabeza(Puesto& p, CommitParalelo& c);
+[[nodiscard]] bool EscribirLineas(Puesto& p, CommitParalelo& c);
 // The row of the cash, where any was taken, and of what the cards pay, where there are any.
-bool EscribirEfectivo(Puesto& p, CommitParalelo& c);
-bool EscribirTarjetas(Puesto& p, CommitParalelo& c);
+[[nodiscard]] bool EscribirEfectivo(Puesto& p, CommitParalelo& c);
+[[nodiscard]] bool EscribirTarjetas(Puesto& p, CommitParalelo& c);
 // Closes the liquidation itself and what it settles.
-bool Liquidar(Puesto& p, CommitParalelo& c);
+[[nodiscard]] bool Liquidar(Puesto& p, CommitParalelo& c);

@@ -186,7 +186,7 @@ bool seCuenta(const FilaVenta& f) {
 
 // A scanned code in the quantity, or a price without its point: more than a shop sells in a line is asked for once. The
 // totals of the line are not needed for it.
-bool preguntarDesmesura(Puesto& p, const FilaVenta& f, int columna) {
+bool confirmarDesmesura(Puesto& p, const FilaVenta& f, int columna) {
   const LineaDocumento l = LineaDe(p, f);
   const double importe = ImportesDe(l).importe;
   const bool mucha = columna == kCant && l.cantidad > kCantidadNormal;
@@ -237,7 +237,7 @@ TrasCelda DejarCelda(Puesto& p, RejillaLineas& l, int fila, int columna, const Q
   // A percentage holds for the line it was given to, not for another quantity or the other sign.
   const bool otraLinea = columna == kCant || (columna == kSigno && *aceptado == u"+");
   if (otraLinea && conValor(nueva)) nueva[kPorc] = QStringLiteral("0.00");
-  if (!preguntarDesmesura(p, nueva, columna)) return TrasCelda::Igual;
+  if (!confirmarDesmesura(p, nueva, columna)) return TrasCelda::Igual;
   f = nueva;
   return TrasCelda::Cambiada;
 }

@@ -38,7 +38,7 @@ struct RejillaLineas {
 };
 
 // Nothing has been entered.
-bool SinLineas(const RejillaLineas& l);
+[[nodiscard]] bool SinLineas(const RejillaLineas& l);
 
 // Adds a line, or takes the last one when it still has no article. Gives its row.
 int AgregarFila(RejillaLineas& l);
@@ -48,7 +48,7 @@ void QuitarFila(RejillaLineas& l, int fila);
 
 // Whether the cashier may type into the cell: codes always, the rest only on a line with an article, the percentage
 // only where DFlag allows it.
-bool CeldaEditable(const Puesto& p, const RejillaLineas& l, int fila, int columna);
+[[nodiscard]] bool CeldaEditable(const Puesto& p, const RejillaLineas& l, int fila, int columna);
 
 enum class TrasCelda {
   Rechazada,  // the row is as it was; a box has been shown where the rule has words

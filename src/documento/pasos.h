@@ -13,7 +13,7 @@ struct Paso {
 
 // A step that several commits share, written over what their data have in common: a base of `Datos`.
 template <auto hacer, class Datos>
-bool Comun(Puesto& p, Datos& datos) {
+[[nodiscard]] bool Comun(Puesto& p, Datos& datos) {
   return hacer(p, datos);
 }
 

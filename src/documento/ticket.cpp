@@ -97,7 +97,7 @@ QString caja(const DatosTicket& t) {
 
 QString correlativo(const DatosTicket& t) { return QStringLiteral("         Correlativo: ") + t.correlativo; }
 
-QString lema(const DatosTicket& t) { return EsParalela(t.clase) ? QString() : Lema(); }
+QString lemaTicket(const DatosTicket& t) { return EsParalela(t.clase) ? QString() : Lema(); }
 
 }  // namespace
 
@@ -166,7 +166,7 @@ QString LineasPuntos(const PuntosTicket& p) {
 QString TextoTicket(const DatosTicket& t) {
   QString texto;
   for (const auto item : {cabecera, cliente, numeroTicket, palabra, lineas, separadorTicket, totales, cantidad, puntos,
-                          momento, supervisor, caja, correlativo, lema}) {
+                          momento, supervisor, caja, correlativo, lemaTicket}) {
     const QString s = item(t);
     if (!s.isEmpty()) texto += kFin + s;
   }

@@ -49,7 +49,7 @@ struct ResultadoActo {
 
 // Finishes what earlier acts have left between the store and that server, open in `cnn`. True when nothing is left to
 // do. An act that a database refuses for good is taken back or, if it can't be, told once in a box; both are logged.
-bool TerminarActos(Puesto& p, ServidorActo servidor, Conexion& cnn);
+[[nodiscard]] bool TerminarActos(Puesto& p, ServidorActo servidor, Conexion& cnn);
 
 // At each opening of a database: TerminarActos, if it is a server that has not been looked at since something was left.
 void MirarActos(Puesto& p, Conexion& cnn, const QString& cadena);

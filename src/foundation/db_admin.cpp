@@ -13,9 +13,7 @@ constexpr int kEsperaVenta_ms = 1'700;
 constexpr int kEsperaOtra_ms = 250;  // of a sale that has just waited for another server: two seconds in all
 constexpr int kDescanso_s = 60;
 
-const QString kConvert = QStringLiteral("CONVERT(DATETIME,'");
-
-// A value as the statements carry it: trimmed text, numbers without a mask.
+// Trimmed, numbers without a mask.
 QString textoDe(const QVariant& valor) {
   switch (valor.typeId()) {
     case QMetaType::Double:
@@ -61,56 +59,19 @@ bool clsDBAdmin::AbrirBD(Conexion& cnn, const QString& cadena, bool flagMensaje,
 void clsDBAdmin::CerrarBD(Conexion& cnn) { cnn.cerrar(); }
 
 bool clsDBAdmin::EjecutarConsulta(Conexion& cnn, const Sql& sql, Recordset& rs) {
-  return EjecutarConsulta(cnn, sql.texto(cnn.dialecto()), rs);
+  const auto error = cnn.consultar(sql, rs);
+  if (!error) return true;
+  p_.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + sql.texto(cnn.dialecto()));
+  return false;
 }
 
 bool clsDBAdmin::EjecutarSentencia(Conexion& cnn, const Sql& sql, bool flagMensaje, qint64* afectadas) {
-  return EjecutarSentencia(cnn, sql.texto(cnn.dialecto()), flagMensaje, afectadas);
-}
-
-bool clsDBAdmin::EjecutarConsulta(Conexion& cnn, const QString& sql, Recordset& rs) {
-  const auto error = cnn.consultar(sql, rs);
-  if (!error) return true;
-  p_.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + sql);
-  return false;
-}
-
-bool clsDBAdmin::EjecutarSentencia(Conexion& cnn, const QString& sql, bool flagMensaje, qint64* afectadas) {
   const auto error = cnn.ejecutar(sql, afectadas);
   if (!error) return true;
   if (flagMensaje && !error->claveDuplicada()) {
-    p_.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + sql);
+    p_.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + sql.texto(cnn.dialecto()));
   }
   return false;
-}
-
-QString FormatearSQL(const QString& plantilla, const std::vector<QVariant>& valores) {
-  QString sale;
-  sale.reserve(plantilla.size() + 16 * static_cast<qsizetype>(valores.size()));
-  size_t n = 0;
-  for (qsizetype i = 0; i < plantilla.size(); ++i) {
-    if (plantilla[i] != u'$') {
-      sale += plantilla[i];
-      continue;
-    }
-    Q_ASSERT_X(n < valores.size(), "FormatearSQL", "fewer values than places");
-    const QVariant valor = n < valores.size() ? valores[n++] : QVariant();
-    if (!valor.isNull()) {
-      sale += textoDe(valor);
-      continue;
-    }
-    const QStringView antes = QStringView(plantilla).left(i);
-    const QStringView despues = QStringView(plantilla).mid(i + 1);
-    if (antes.endsWith(kConvert) && despues.startsWith(u"')")) {
-      sale.chop(kConvert.size());
-      i += 2;
-    } else if (antes.endsWith(u'\'') && despues.startsWith(u'\'')) {
-      sale.chop(1);
-      ++i;
-    }
-    sale += QStringLiteral("Null");
-  }
-  return sale;
 }
 
 QString LimpiarNulo(const QVariant& valor) { return valor.isNull() ? QString() : textoDe(valor); }

@@ -2,7 +2,6 @@
 // Every read and write of every database: four operations over a connection, and what reads a field of
 // a row. Statements are made by FormatearSQL (platform/sql/sentencia.h).
 #include <QVariant>
-#include <vector>
 
 #include "platform/sql/conexion.h"
 
@@ -20,7 +19,8 @@ class clsDBAdmin {
   clsDBAdmin& operator=(const clsDBAdmin&) = delete;
 
   // Opens `cnn`. On failure false; with `flagMensaje` a box tells the engine's words.
-  bool AbrirBD(Conexion& cnn, const QString& cadena, bool flagMensaje = false, Espera espera = Espera::Normal);
+  [[nodiscard]] bool AbrirBD(Conexion& cnn, const QString& cadena, bool flagMensaje = false,
+                             Espera espera = Espera::Normal);
   // Closes; closing what is closed is nothing.
   void CerrarBD(Conexion& cnn);
   // Fills `rs` with all rows. On failure false, `rs` empty, and always a box with the engine's words and the
@@ -28,19 +28,12 @@ class clsDBAdmin {
   [[nodiscard]] bool EjecutarConsulta(Conexion& cnn, const Sql& sql, Recordset& rs);
   // Runs a statement. On failure false; with `flagMensaje` a box as above, but none for a duplicate key. `afectadas`
   // gets the number of rows that it changed.
-  bool EjecutarSentencia(Conexion& cnn, const Sql& sql, bool flagMensaje = false, qint64* afectadas = nullptr);
-
-  // These two go away when no statement comes as a bare text any more.
-  [[nodiscard]] bool EjecutarConsulta(Conexion& cnn, const QString& sql, Recordset& rs);
-  bool EjecutarSentencia(Conexion& cnn, const QString& sql, bool flagMensaje = false, qint64* afectadas = nullptr);
+  [[nodiscard]] bool EjecutarSentencia(Conexion& cnn, const Sql& sql, bool flagMensaje = false,
+                                       qint64* afectadas = nullptr);
 
  private:
   Puesto& p_;
 };
-
-// The same over a bare text; goes away with the last statement that is written so. No quoting is added; the caller
-// escapes texts with ReemplazarComilla.
-QString FormatearSQL(const QString& plantilla, const std::vector<QVariant>& valores);
 
 // The value's text, blanks off both ends; "" for Null. Numbers as TextoDe, dates as "dd/mm/yyyy hh:mm:ss".
 QString LimpiarNulo(const QVariant& valor);

@@ -1,6 +1,7 @@
 #include "loyalty/cliente_bd.h"
 
 #include "foundation/puesto.h"
+#include "foundation/transaccion.h"
 #include "platform/text/numero.h"
 
 namespace {
@@ -17,12 +18,14 @@ bool tomarRegla(Sesion& ses, const Recordset& rs) {
   return true;
 }
 
+// A copy that could not be kept is made again by the next start.
 void copiarReglaAlPuesto(Puesto& p) {
-  p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, FormatearSQL(u" UPDATE Regla_Punto "
-                                                           "    SET nImpoMaxi = $, "
-                                                           "        nPuntImpo = $, "
-                                                           "        nPuntCant = $"_sql,
-                                                           {p.ses.pnImpoMaxi, p.ses.pnPuntImpo, p.ses.pnPuntCant}));
+  (void)p.poDBAdmin.EjecutarSentencia(p.poCnnLocal,
+                                      FormatearSQL(u" UPDATE Regla_Punto "
+                                                   "    SET nImpoMaxi = $, "
+                                                   "        nPuntImpo = $, "
+                                                   "        nPuntCant = $"_sql,
+                                                   {p.ses.pnImpoMaxi, p.ses.pnPuntImpo, p.ses.pnPuntCant}));
 }
 
 void anotarConexion(Puesto& p, bool abrio, bool mensaje) {
@@ -48,15 +51,13 @@ bool ConectarCliente(Puesto& p, bool mensaje, clsDBAdmin::Espera espera) {
 }
 
 ResultadoCliente EjecutarEnCliente(Puesto& p, const std::vector<Sql>& sentencias, bool mensaje) {
-  const bool abierta = !p.poCnnCliente.iniciar();
-  for (size_t n = 0; abierta && n < sentencias.size(); ++n) {
-    if (const auto error = p.poCnnCliente.ejecutar(sentencias[n])) {
-      p.poCnnCliente.deshacer();  // before the box: nobody else waits for it
-      p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + sentencias[n].texto(p.poCnnCliente.dialecto()));
-      return ResultadoCliente::Fallo;
-    }
+  Sql laQueFallo;
+  const auto error = EjecutarJuntas(p.poCnnCliente, sentencias, &laQueFallo);
+  if (!error) return ResultadoCliente::Hecho;
+  if (!laQueFallo.vacia()) {
+    p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + laQueFallo.texto(p.poCnnCliente.dialecto()));
+    return ResultadoCliente::Fallo;
   }
-  if (abierta && !p.poCnnCliente.confirmar()) return ResultadoCliente::Hecho;
   // Locked by another program or gone: closing undoes what was begun, and a sale leaves it alone for a while.
   p.poDBAdmin.CerrarBD(p.poCnnCliente);
   p.ses.tiempoAgotado.insert(p.ses.psConexionCliente, p.reloj.now());
@@ -82,7 +83,7 @@ bool TomarReglaPunto(Puesto& p) {
 }
 
 void LeerReglaPunto(Puesto& p) {
-  if (!p.ses.pbClienteCaido) ConectarCliente(p, true);
+  if (!p.ses.pbClienteCaido) (void)ConectarCliente(p, true);
   (void)TomarReglaPunto(p);
   DesconectarCliente(p);
 }

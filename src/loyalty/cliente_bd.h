@@ -10,7 +10,7 @@ struct Puesto;
 // short wait; the start-up passes Espera::Normal.
 //   Returns  false when the database can't be reached; the sale goes on without it.
 //   Shows    with `mensaje`, the box about the client database: once, until a later attempt has succeeded.
-bool ConectarCliente(Puesto& p, bool mensaje, clsDBAdmin::Espera espera = clsDBAdmin::Espera::Venta);
+[[nodiscard]] bool ConectarCliente(Puesto& p, bool mensaje, clsDBAdmin::Espera espera = clsDBAdmin::Espera::Venta);
 
 enum class ResultadoCliente { Hecho, Fallo, NoResponde };
 

@@ -42,11 +42,11 @@ enum class ResultadoTarjeta { SinTarjeta, SinServidor, NoExiste, Hallada, Varios
 
 // Looks the typed card up in the client database, within the chosen site if there is one, and fills name and site.
 // Without the database the card stays and the sale goes on without a name. The connection is closed again.
-ResultadoTarjeta BuscaTarjeta(Puesto& p, ClienteDocumento& c, BuscadorClientes& pantallas);
+[[nodiscard]] ResultadoTarjeta BuscaTarjeta(Puesto& p, ClienteDocumento& c, BuscadorClientes& pantallas);
 
 // A customer chosen in the search: card and site, then BuscaTarjeta.
-ResultadoTarjeta TomarCliente(Puesto& p, ClienteDocumento& c, BuscadorClientes& pantallas,
-                              const TarjetaElegida& elegida);
+[[nodiscard]] ResultadoTarjeta TomarCliente(Puesto& p, ClienteDocumento& c, BuscadorClientes& pantallas,
+                                            const TarjetaElegida& elegida);
 
 // Before a commit: a card that was typed and not looked up yet must not reach the rows when nobody has it (the box has
 // been shown), nor without a word when the choice between its sites was left open. Gives the field that the cashier has
@@ -62,4 +62,4 @@ void AjustarCliente(ClienteDocumento& c);
 void OlvidarCliente(ClienteDocumento& c);
 
 // Whether a document may go out with that RUC: blank or eleven digits. When not, the box has been shown.
-bool RucAceptado(Puesto& p, const QString& ruc);
+[[nodiscard]] bool RucAceptado(Puesto& p, const QString& ruc);

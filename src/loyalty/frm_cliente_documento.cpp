@@ -61,7 +61,7 @@ ControlesCliente nuevosControlesCliente(Panel* panel, Enlaces& enlaces, Puesto& 
     if (n < 0) return;
     con([&] {
       c.txtLocal = QString::number(c.locales[static_cast<size_t>(n)].id);
-      BuscaTarjeta(p, c, pantallas);
+      (void)BuscaTarjeta(p, c, pantallas);
     });
   });
   return r;

@@ -103,7 +103,8 @@ void acumularEnCola(Puesto& p, Acumulacion& a) {
   a.codigo = qMax(a.codigo, enCola);
   const Sql momento = FormatearSQL(u"'$'"_sql, {a.momento});
   if (!p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, FilaAcumulacion(a, momento, true), true)) return;
-  p.poDBAdmin.EjecutarSentencia(
+  // The points wait by now; the copy is for the eyes until the next pull.
+  (void)p.poDBAdmin.EjecutarSentencia(
       p.poCnnLocal,
       FormatearSQL(u"UPDATE Cliente SET nPuntCant = nPuntCant + $, "
                    "       dUltTDate = $, cTranCode = $, cSincroFlag = 0 "_sql +
@@ -157,7 +158,7 @@ QString SaldoPuntos(Puesto& p, const QString& tarjeta, int idLocal) {
   QString cliente;
   if (!leerTitular(p, p.poCnnCliente, tarjeta, idLocal, cliente)) return QStringLiteral("0");
   if (cliente.isEmpty()) return kSinSaldo;
-  if (!p.ses.pbClienteCaido) ConectarCliente(p, true);
+  if (!p.ses.pbClienteCaido) (void)ConectarCliente(p, true);
   if (!p.ses.pbClienteConectado) return kSinSaldo;
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnCliente,
@@ -184,7 +185,7 @@ std::optional<PuntosTicket> PuntosDelTicket(Puesto& p, const ClavePuntos& docume
 void AcumularPuntos(Puesto& p, const QString& tarjeta, const ClavePuntos& documento, double importe, int idLocal,
                     const QDateTime& momento) {
   if (!GanaPuntos(documento, tarjeta, importe)) return;
-  if (!p.ses.pbClienteConectado) ConectarCliente(p, true);
+  if (!p.ses.pbClienteConectado) (void)ConectarCliente(p, true);
   Acumulacion a;
   a.idLocal = idLocal;
   a.tarjeta = Recortar(tarjeta);
@@ -199,7 +200,7 @@ void AcumularPuntos(Puesto& p, const QString& tarjeta, const ClavePuntos& docume
     destino = buscarEnAlmacen(p, a) ? Destino::Cola : Destino::Nadie;
   }
   if (destino == Destino::Cliente) {
-    if (!p.ses.pbClienteCaido) ConectarCliente(p, true);
+    if (!p.ses.pbClienteCaido) (void)ConectarCliente(p, true);
     if (p.ses.pbClienteConectado && !SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo)) {
       destino = Destino::NoLeido;
     } else if (!p.ses.pbClienteConectado || EjecutarEnCliente(p, filasEnCliente(a)) == ResultadoCliente::NoResponde) {
@@ -260,7 +261,7 @@ bool LeerPuntosEnEspera(Puesto& p, const ClavePuntos& documento, std::vector<Sql
 void Extorna_puntos(Puesto& p, const QString& tarjeta, double Total, int nIdLocal, const ClavePuntos& documento,
                     bool enEspera) {
   p.ses.tiempoAgotado.remove(p.ses.psConexionCliente);
-  ConectarCliente(p, true);
+  (void)ConectarCliente(p, true);
   QString cliente = QStringLiteral("0");
   const bool nunca = enEspera && !(p.ses.pbClienteConectado && estanEnCliente(p, documento));
   if (!nunca && !extornar(p, Recortar(tarjeta), Total, nIdLocal, documento, cliente)) {

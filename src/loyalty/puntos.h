@@ -23,7 +23,7 @@ int CalcularPuntos(const Puesto& p, double importe);
 
 // Whether a document earns points at all: a card's number, an amount above 0, and no liquidation, whose notes have
 // earned theirs.
-bool GanaPuntos(const ClavePuntos& documento, const QString& tarjeta, double importe);
+[[nodiscard]] bool GanaPuntos(const ClavePuntos& documento, const QString& tarjeta, double importe);
 
 // The balance of a card as text, "-1" when there is none to show: no such card, a customer of another kind, or the
 // client database away. "0" when it can't be read, and then the box has been shown.
@@ -47,8 +47,8 @@ void AcumularPuntos(Puesto& p, const QString& tarjeta, const ClavePuntos& docume
 [[nodiscard]] bool LeerPuntosEnEspera(Puesto& p, const ClavePuntos& documento, std::vector<Sql>& quitarlos);
 
 // The two as steps of a commit: before the ticket, and behind the rows. Neither ends a commit.
-bool LeerPuntos(Puesto& p, CommitDocumento& c);
-bool Acumular(Puesto& p, CommitDocumento& c);
+[[nodiscard]] bool LeerPuntos(Puesto& p, CommitDocumento& c);
+[[nodiscard]] bool Acumular(Puesto& p, CommitDocumento& c);
 
 struct ClienteTarjeta {
   QString codigo = QStringLiteral("0");

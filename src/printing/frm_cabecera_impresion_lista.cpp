@@ -12,7 +12,7 @@ Lista* nuevaLista() {
   return l;
 }
 
-FilaLista filaDe(const FilaCabecera& f) { return {{f.linea, f.descripcion}, f.linea, true}; }
+FilaLista filaLista(const FilaCabecera& f) { return {{f.linea, f.descripcion}, f.linea, true}; }
 
 }  // namespace
 
@@ -23,12 +23,12 @@ frmCabeceraImpresionLista::frmCabeceraImpresionLista(Puesto& p, QWidget* padre)
            QStringLiteral(" Cabecera de Impresión ")},
           nuevaLista(), padre) {
   std::vector<FilaCabecera> filas;
-  if (LeerCabecera(p, filas)) llenarCon(filas, filaDe);
+  if (LeerCabecera(p, filas)) llenarCon(filas, filaLista);
 }
 
 std::optional<FilaLista> frmCabeceraImpresionLista::detalle(ModoDetalle modo, const FilaLista* fila) {
   DetalleCabecera v;
   if (!CargarCabecera(puesto(), modo, fila ? fila->clave.toString() : QString(), v)) return {};
-  return frmCabeceraImpresion(puesto(), v, this).exec() == QDialog::Accepted ? std::optional(filaDe(FilaDe(v)))
+  return frmCabeceraImpresion(puesto(), v, this).exec() == QDialog::Accepted ? std::optional(filaLista(FilaDe(v)))
                                                                              : std::nullopt;
 }

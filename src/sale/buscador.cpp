@@ -225,12 +225,12 @@ const ClaseBusqueda& ClaseDe(TipoBusqueda tipo) {
 
 void InicioBusqueda(Puesto& p, Busqueda& b) {
   if (!deClientes(b)) {
-    LeerPagina(p, b);
+    (void)LeerPagina(p, b);
     return;
   }
   if (!p.ses.pbClienteCaido && ConectarCliente(p, true)) DesconectarCliente(p);
   b.sinServidor = p.ses.pbClienteCaido;
-  if (!Recortar(b.txtBuscar).isEmpty()) LeerPagina(p, b);
+  if (!Recortar(b.txtBuscar).isEmpty()) (void)LeerPagina(p, b);
 }
 
 bool LeerPagina(Puesto& p, Busqueda& b) {
@@ -262,5 +262,5 @@ void Paginar(Puesto& p, Busqueda& b, Paginado a) {
     case Paginado::Siguiente: ++b.nPagina; break;
     case Paginado::Ultima: b.nPagina = contarPaginas(p, b); break;
   }
-  LeerPagina(p, b);
+  (void)LeerPagina(p, b);
 }

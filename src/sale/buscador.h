@@ -47,11 +47,11 @@ void InicioBusqueda(Puesto& p, Busqueda& b);
 
 // Reads page nPagina. The text is matched anywhere in the fields, blanks around it aside, with the wildcards that the
 // database knows; an empty one leaves nothing out. False, with an empty list, when the rows could not be read.
-bool LeerPagina(Puesto& p, Busqueda& b);
+[[nodiscard]] bool LeerPagina(Puesto& p, Busqueda& b);
 
 enum class Paginado { Primera, Anterior, Siguiente, Ultima };
 
 // Whether the button can be pressed on the page shown.
-bool PuedePaginar(const Busqueda& b, Paginado a);
+[[nodiscard]] bool PuedePaginar(const Busqueda& b, Paginado a);
 // Goes there; nothing when it can't. The rows are only counted for the last page.
 void Paginar(Puesto& p, Busqueda& b, Paginado a);

@@ -60,7 +60,7 @@ void PonerTipo(CajaRegistradoraFull& v, TipoVenta tipo);
 void CambiarTipo(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, TipoVenta tipo);
 
 // Nothing of what the kind on the screen takes has been entered: lines, an amount paid in advance, documents to settle.
-bool SinEmpezar(const CajaRegistradoraFull& v);
+[[nodiscard]] bool SinEmpezar(const CajaRegistradoraFull& v);
 
 // Where the cashier has to look next: a control by name and, for the grid, a row counted from 0.
 struct Foco {

@@ -10,7 +10,7 @@ void VerAdelantos(CajaRegistradoraFull& v, PantallasVenta& pantallas);
 
 // A code typed in txtPADE, or in txtTX for a note: the open advance payment of that code as if it had been picked; none
 // empties the fields, so that the commit asks for one. False when the store can't be read; the box has been shown.
-bool SalirAdelanto(Puesto& p, CajaRegistradoraFull& v, const QString& codigo);
+[[nodiscard]] bool SalirAdelanto(Puesto& p, CajaRegistradoraFull& v, const QString& codigo);
 
 // The cashier enters txtPagoAdelantado or txtPADEDolares: only one of the two holds an amount.
 void EntrarMonto(CajaRegistradoraFull& v, bool dolares);

@@ -11,4 +11,4 @@ class PantallasVenta;
 // supervisor ends it with nothing done. A server or a printer that is away ends nothing.
 //   Returns  whether everything was written and the screen is ready for what follows: the next sale or, behind a
 //            liquidation, its sale document.
-bool GrabarVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas);
+[[nodiscard]] bool GrabarVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas);

@@ -12,7 +12,7 @@ QString CodigoTXL(const QString& texto);
 void TotalesTX(const Puesto& p, CajaRegistradoraFull& v);
 
 // Nothing is to be paid or given back: no cash can be typed.
-bool EfectivoFijo(const CajaRegistradoraFull& v);
+[[nodiscard]] bool EfectivoFijo(const CajaRegistradoraFull& v);
 
 // Puts the open document of txtTXL into its list; an advance payment brings the open notes that draw on it. Gives where
 // to look when the text was refused with its box; a code that no open document has adds nothing.

@@ -73,7 +73,7 @@ bool pasos::Recalcular(Puesto& p, VentaFull& c) {
 }
 
 bool pasos::FijarDocumento(Puesto& p, VentaFull& c) {
-  ConectarCliente(p, true);  // without it the sale goes on
+  (void)ConectarCliente(p, true);  // without it the sale goes on
   c.nombre = c.v.txtNombres;
   c.idLocal = c.v.nIdLocal;
   FijarTipoDocumento(c, c.v.txtRUC);

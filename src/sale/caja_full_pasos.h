@@ -22,22 +22,22 @@ struct VentaFull : CommitParalelo {
 namespace pasos {
 
 // First
-bool Recalcular(Puesto& p, VentaFull& c);
-bool FijarDocumento(Puesto& p, VentaFull& c);
+[[nodiscard]] bool Recalcular(Puesto& p, VentaFull& c);
+[[nodiscard]] bool FijarDocumento(Puesto& p, VentaFull& c);
 // A line with a percentage needs its supervisor; a refusal ends the commit with nothing done.
-bool PedirSupervisor(Puesto& p, VentaFull& c);
+[[nodiscard]] bool PedirSupervisor(Puesto& p, VentaFull& c);
 // A sale or an order on which no cash was typed counts as paid exact.
-bool PagarExacto(Puesto& p, VentaFull& c);
+[[nodiscard]] bool PagarExacto(Puesto& p, VentaFull& c);
 // Copies lines, customer and amounts, and settles whether the sale has change.
-bool TomarVenta(Puesto& p, VentaFull& c);
-bool TomarOrden(Puesto& p, VentaFull& c);
-bool TomarNota(Puesto& p, VentaFull& c);
-bool TomarAdelanto(Puesto& p, VentaFull& c);
-bool TomarLiquidacion(Puesto& p, VentaFull& c);
+[[nodiscard]] bool TomarVenta(Puesto& p, VentaFull& c);
+[[nodiscard]] bool TomarOrden(Puesto& p, VentaFull& c);
+[[nodiscard]] bool TomarNota(Puesto& p, VentaFull& c);
+[[nodiscard]] bool TomarAdelanto(Puesto& p, VentaFull& c);
+[[nodiscard]] bool TomarLiquidacion(Puesto& p, VentaFull& c);
 
 // Last
-bool LimpiarPantalla(Puesto& p, VentaFull& c);
+[[nodiscard]] bool LimpiarPantalla(Puesto& p, VentaFull& c);
 // The screen waits for the sale document of the liquidation that was just committed.
-bool PedirDocumento(Puesto& p, VentaFull& c);
+[[nodiscard]] bool PedirDocumento(Puesto& p, VentaFull& c);
 
 }  // namespace pasos

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "foundation/exigir.h"
+
 const std::vector<PantallaTipo>& tiposDeVenta() {
   using P = PanelTipo;
   using T = TipoVenta;
@@ -25,6 +27,6 @@ const std::vector<PantallaTipo>& tiposDeVenta() {
 const PantallaTipo& pantallaDe(TipoVenta tipo) {
   const auto& tabla = tiposDeVenta();
   const auto it = std::find_if(tabla.begin(), tabla.end(), [tipo](const PantallaTipo& t) { return t.tipo == tipo; });
-  Q_ASSERT(it != tabla.end());
+  Exigir(it != tabla.end(), "un tipo de venta sin pantalla");
   return *it;
 }

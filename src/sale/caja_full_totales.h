@@ -35,7 +35,7 @@ void SalirDolares(const Puesto& p, CajaRegistradoraFull& v);
 // The cashier leaves a cell of the lines grid with `texto` in it; what changes a line changes the totals.
 //   Returns  false when the text isn't accepted: the row is as it was, and a box has been shown where the rule has
 //            words.
-bool SalirCelda(Puesto& p, CajaRegistradoraFull& v, int fila, int columna, const QString& texto);
+[[nodiscard]] bool SalirCelda(Puesto& p, CajaRegistradoraFull& v, int fila, int columna, const QString& texto);
 
 // Takes a line out; the last one left is emptied instead. Totals follow.
 void EliminarFila(const Puesto& p, CajaRegistradoraFull& v, int fila);

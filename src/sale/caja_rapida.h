@@ -53,7 +53,7 @@ void AbrirRapida(Puesto& p, CajaRegistradora& v);
 
 // Adds a line of one piece of that article. False, with the sale as it was and the box shown, for code 0, an article
 // that is gone or not on sale, and a store that can't be read.
-bool CapturaDatosProducto(Puesto& p, CajaRegistradora& v, int nCodigo);
+[[nodiscard]] bool CapturaDatosProducto(Puesto& p, CajaRegistradora& v, int nCodigo);
 
 // The cashier leaves txtCantidad: blank is 1, a fraction is rounded. False, with the line as it was, when the text is
 // no quantity from 1 up, or is more than a shop sells and he said so; the field then shows the line's own again.

@@ -134,7 +134,7 @@ void frmBusquedaArticulos::buscar() {
   const CursorEspera espera;
   b_.txtBuscar = txtBuscar_->text();
   b_.nPagina = 1;
-  LeerPagina(p_, b_);
+  (void)LeerPagina(p_, b_);
   mostrar();
   if (lista_->filas() > 0) lista_->setFocus();
   else txtBuscar_->setFocus();

@@ -16,9 +16,9 @@ void frmCajaRegistradoraFull::enlazarDocumentos() {
     QString& texto = monto == adelanto_.txtPADEDolares ? v_.txtPADEDolares : v_.txtPagoAdelantado;
     monto->alSalir = [this, &texto] { con([&texto] { SalirMonto(texto); }); };
   }
-  adelanto_.txtPADE->alSalir = [this] { con([this] { SalirAdelanto(p_, v_, v_.txtPADE); }); };
+  adelanto_.txtPADE->alSalir = [this] { con([this] { (void)SalirAdelanto(p_, v_, v_.txtPADE); }); };
   adelanto_.txtTX->alSalir = [this] {
-    if (v_.nTipoVenta == TipoVenta::NC) con([this] { SalirAdelanto(p_, v_, v_.txtTX); });
+    if (v_.nTipoVenta == TipoVenta::NC) con([this] { (void)SalirAdelanto(p_, v_, v_.txtTX); });
   };
   connect(adelanto_.cmdBuscaPago, &QPushButton::clicked, this, [this] { buscarAdelanto(); });
   connect(adelanto_.cmdPagoAdelantado, &QPushButton::clicked, this, [this] {

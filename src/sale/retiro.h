@@ -21,4 +21,4 @@ DocumentoImpreso ReciboRetiro(const QStringList& cabecera, double monto, const Q
 // Asks, stores the row, prints the receipt on the current printer and says so. A shortage only warns.
 //   Returns  false when the cashier said no, or when a statement failed: its box has been shown and neither row nor
 //            receipt exists. A printer that fails shows its words; the withdrawal stands.
-bool Retirar(Puesto& p, const QString& txtMonto);
+[[nodiscard]] bool Retirar(Puesto& p, const QString& txtMonto);

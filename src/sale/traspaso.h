@@ -15,7 +15,7 @@ VentaEnCurso LlevarVenta(const CajaRegistradora& v);
 VentaEnCurso LlevarVenta(const Puesto& p, const CajaRegistradoraFull& v);
 
 // Whether the quick register can hold the sale: it has no percentages.
-bool CabeEnRapida(const CajaRegistradoraFull& v);
+[[nodiscard]] bool CabeEnRapida(const CajaRegistradoraFull& v);
 
 // Puts the sale on a register that has just been opened: the same articles, quantities and prices, so the same total.
 // An empty sale brings its customer only.

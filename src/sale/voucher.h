@@ -30,11 +30,11 @@ void AbrirVoucher(Puesto& p, const PedidoVoucher& pedido, CajaVoucher& v);
 
 // Adds the issuer with what the cards so far leave to pay; the cash becomes 0.00. False, after a box, while a row has
 // no amount or when the issuer is there already.
-bool AgregarTarjeta(Puesto& p, CajaVoucher& v, int emisor);
+[[nodiscard]] bool AgregarTarjeta(Puesto& p, CajaVoucher& v, int emisor);
 
 // The cashier leaves an amount with `texto` in it. False, and nothing changes, for what is no amount from zero on;
 // otherwise cash and change follow.
-bool PonerPago(CajaVoucher& v, int fila, const QString& texto);
+[[nodiscard]] bool PonerPago(CajaVoucher& v, int fila, const QString& texto);
 
 // Takes the row out; cash and change follow, so that the sale stays covered.
 void QuitarTarjeta(CajaVoucher& v, int fila);

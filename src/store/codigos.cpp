@@ -2,6 +2,21 @@
 
 QString Codigo(TipoDocumento tipo) { return QString::number(static_cast<int>(tipo)).rightJustified(2, u'0'); }
 
+Sql ConCodigos(const Sql& sql) {
+  const auto fila = [](TipoOperacion t) { return Codigos({t}); };
+  const auto documento = [](TipoDocumento t) { return Codigos({t}); };
+  return sql.con(u"{OC}"_sql, fila(TipoOperacion::OC))
+      .con(u"{NC}"_sql, fila(TipoOperacion::NC))
+      .con(u"{PADE}"_sql, fila(TipoOperacion::PADE))
+      .con(u"{PADV}"_sql, fila(TipoOperacion::PADV))
+      .con(u"{LIQPAD}"_sql, fila(TipoOperacion::LIQPAD))
+      .con(u"{dOC}"_sql, documento(TipoDocumento::OC))
+      .con(u"{dNC}"_sql, documento(TipoDocumento::NC))
+      .con(u"{dPADE}"_sql, documento(TipoDocumento::PADE))
+      .con(u"{dPADV}"_sql, documento(TipoDocumento::PADV))
+      .con(u"{dLIQPAD}"_sql, documento(TipoDocumento::LIQPAD));
+}
+
 namespace {
 
 template <class Tipo, class ComoValor>

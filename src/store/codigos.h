@@ -37,6 +37,10 @@ constexpr bool EsFiscal(TipoDocumento tipo) { return tipo <= TipoDocumento::Bole
 constexpr int Codigo(TipoOperacion tipo) { return static_cast<int>(tipo); }
 QString Codigo(TipoDocumento tipo);
 
-// The inside of an IN (...): "22, 23", "'10', '14'".
+// A statement with codes in the place of its marks: {OC}, {NC}, {PADE}, {PADV}, {LIQPAD} are kinds of rows, the same
+// with a d in front, {dOC}, types of documents in their quotes.
+Sql ConCodigos(const Sql& sql);
+
+// The inside of an IN (...).
 Sql Codigos(std::initializer_list<TipoOperacion> tipos);
 Sql Codigos(std::initializer_list<TipoDocumento> tipos);

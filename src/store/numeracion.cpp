@@ -11,9 +11,9 @@
 namespace {
 
 // The row that keeps the numbers of a type.
-TipoDocumento filaDe(TipoDocumento tipo) { return EsFiscal(tipo) ? TipoDocumento::Boleta : tipo; }
+TipoDocumento filaConfig(TipoDocumento tipo) { return EsFiscal(tipo) ? TipoDocumento::Boleta : tipo; }
 
-QString serieInicial(const Puesto& p, TipoDocumento tipo) { return SerieInicial(tipo, p.ses.psCaja); }
+QString serieDeFabrica(const Puesto& p, TipoDocumento tipo) { return SerieInicial(tipo, p.ses.psCaja); }
 
 // Runs the change of a type's row. A row that is missing is made with what the change would have left in it.
 bool cambiarOCrear(Puesto& p, TipoDocumento tipo, const Sql& cambio, qint64 codigo, const NumeroDocumento& n,
@@ -203,13 +203,13 @@ bool SerieDeBoletas(Puesto& p, QString& serie) {
     return false;
   }
   serie = LimpiarNulo(rs[u"cSerieDoc"]);
-  if (serie.isEmpty()) serie = serieInicial(p, TipoDocumento::Boleta);
+  if (serie.isEmpty()) serie = serieDeFabrica(p, TipoDocumento::Boleta);
   return true;
 }
 
 bool LeerNumeroDocumento(Puesto& p, TipoDocumento tipo, NumeroDocumento& n) {
   Recordset rs;
-  const TipoDocumento fila = filaDe(tipo);
+  const TipoDocumento fila = filaConfig(tipo);
   if (!p.poDBAdmin.EjecutarConsulta(
           p.poCnnLocal, FormatearSQL(u"SELECT  * FROM Config_Documento WHERE cTipoDoc='$'"_sql, {Texto(Codigo(fila))}),
           rs)) {
@@ -218,7 +218,7 @@ bool LeerNumeroDocumento(Puesto& p, TipoDocumento tipo, NumeroDocumento& n) {
   NumeroDocumento nuevo;
   nuevo.numero = AEntero(Numero(rs[u"nDocCodigo"])) + 1;
   nuevo.serie = LimpiarNulo(rs[u"cSerieDoc"]);
-  if (nuevo.serie.isEmpty()) nuevo.serie = serieInicial(p, fila);
+  if (nuevo.serie.isEmpty()) nuevo.serie = serieDeFabrica(p, fila);
   if (tipo == TipoDocumento::Factura) p.ses.psSerieFactura = nuevo.serie;
   if (tipo == TipoDocumento::Boleta) p.ses.psSerieBoleta = nuevo.serie;
   n = nuevo;
@@ -249,7 +249,7 @@ bool VerificarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& lo
 }
 
 bool GuardarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NumeroDocumento& n) {
-  const TipoDocumento fila = filaDe(tipo);
+  const TipoDocumento fila = filaConfig(tipo);
   return cambiarOCrear(p, fila,
                        FormatearSQL(u"UPDATE Config_Documento  SET cSerieDoc='$', nDocCodigo=$  WHERE cTipodoc='$'"_sql,
                                     {Texto(n.serie), n.numero, Texto(Codigo(fila))}),
@@ -272,7 +272,7 @@ bool GuardarUltimaOperacion(Puesto& p, TipoDocumento tipo, qint64 codigo, qint64
   return cambiarOCrear(p, tipo,
                        FormatearSQL(u"UPDATE Config_Documento  SET cOperCode=$,$ cUserDesc='$'  WHERE cTipodoc='$'"_sql,
                                     {codigo, documento, Texto(p.ses.psUsuario), Texto(Codigo(tipo))}),
-                       codigo, {fiscal ? 0 : numero, serieInicial(p, tipo)}, p.ses.psUsuario);
+                       codigo, {fiscal ? 0 : numero, serieDeFabrica(p, tipo)}, p.ses.psUsuario);
 }
 
 void RepararNumeracion(Puesto& p) { reparar(p, {u"operacion"_sql, false}); }

@@ -4,6 +4,7 @@
 #include "documento/pasos.h"
 #include "documento/ticket.h"
 #include "foundation/puesto.h"
+#include "foundation/transaccion.h"
 #include "loyalty/puntos.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -108,14 +109,11 @@ bool tomarCodigoNuevo(Puesto& p, Anulacion& a) { return CodigoOperacion(p, a.t()
 ClavePuntos clave(const DocumentoGuardado& t) { return {t.docTipo, t.docSerie, AEntero(Val(t.docNumero))}; }
 
 // One transaction of the store; the box of what failed comes behind it.
-bool ejecutarJuntas(Puesto& p, const std::vector<Sql>& sentencias) {
-  Sql ultima;
-  auto error = p.poCnnLocal.iniciar();
-  for (size_t n = 0; !error && n < sentencias.size(); ++n) error = p.poCnnLocal.ejecutar(ultima = sentencias[n]);
-  if (!error) error = p.poCnnLocal.confirmar();
+bool guardarJuntas(Puesto& p, const std::vector<Sql>& sentencias) {
+  Sql laQueFallo;
+  const auto error = EjecutarJuntas(p.poCnnLocal, sentencias, &laQueFallo);
   if (!error) return true;
-  p.poCnnLocal.deshacer();
-  p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + ultima.texto(p.poCnnLocal.dialecto()));
+  p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + laQueFallo.texto(p.poCnnLocal.dialecto()));
   return false;
 }
 
@@ -130,7 +128,7 @@ bool grabarFilas(Puesto& p, Anulacion& a) {
   luego(t.paralela ? FilasDeParalela(p, t, a.codigo, fecha) : FilasDeVenta(p, t, a.codigo, fecha));
   const bool cierraLiquidacion = t.tipo == TipoOperacion::Liquidado || t.tipo == TipoOperacion::OC;
   if (cierraLiquidacion && t.relacion != 0) luego(FilasDeLiquidacion(t.relacion));
-  return ejecutarJuntas(p, filas);
+  return guardarJuntas(p, filas);
 }
 
 QString textoDelPapel(Puesto& p, const Anulacion& a, int impresora) {
@@ -146,7 +144,7 @@ QString textoDelPapel(Puesto& p, const Anulacion& a, int impresora) {
 }
 
 // The paper stands on the screen as well: that it is voided must be seen, whatever the printer does.
-bool imprimir(Puesto& p, Anulacion& a) {
+bool imprimirAnulacion(Puesto& p, Anulacion& a) {
   const bool paralela = a.t().paralela;
   const int impresora = paralela ? kImpresoraAlterna : kImpresoraPrincipal;
   a.v.txtTexto = textoDelPapel(p, a, impresora);
@@ -171,7 +169,8 @@ bool sellarPago(Puesto& p, Anulacion& a) {
   Recordset rs;
   const bool leido = p.poDBAdmin.EjecutarConsulta(central, u"SELECT COUNT(1) TOTAL FROM pagos WHERE"_sql + donde, rs);
   if (leido && Numero(rs[u"TOTAL"]) != 0) {
-    p.poDBAdmin.EjecutarSentencia(central, u"UPDATE pagos SET FechaAnulacion = getdate() WHERE"_sql + donde, true);
+    (void)p.poDBAdmin.EjecutarSentencia(central, u"UPDATE pagos SET FechaAnulacion = getdate() WHERE"_sql + donde,
+                                        true);
   }
   p.poDBAdmin.CerrarBD(central);
   return leido;
@@ -181,7 +180,7 @@ bool sellarPago(Puesto& p, Anulacion& a) {
 const Paso<Anulacion> kPasos[] = {
     {"codigo", exigirCodigo}, {"campos", exigirCampos},           {"supervisor", autorizar}, {"estado", mirarEstado},
     {"orden", mirarOrden},    {"confirmar", confirmar},           {"codigo nuevo", tomarCodigoNuevo},
-    {"filas", grabarFilas},   {"ticket", imprimir},               {"puntos", extornar},      {"pago", sellarPago},
+    {"filas", grabarFilas},   {"ticket", imprimirAnulacion},    {"puntos", extornar},      {"pago", sellarPago},
 };
 // clang-format on
 

@@ -8,7 +8,7 @@ class PantallasAnulacion;
 void MuestraTransaccion(Puesto& p, PantallaTransaccion& v);
 
 // Whether an O/C is free: no liquidation has taken it up. False as well when it can't be read.
-bool VerificarLiquidacionOC(Puesto& p, const QString& serie, const QString& numero);
+[[nodiscard]] bool VerificarLiquidacionOC(Puesto& p, const QString& serie, const QString& numero);
 
 // The click of cmdAnular. A void adds a mirror of the sale with negative quantities and marks the voided rows; nothing
 // of the sale itself is deleted. The rows stand together or not at all: a statement that fails shows its box and leaves

@@ -5,26 +5,15 @@
 #include "foundation/puesto.h"
 #include "platform/text/numero.h"
 
-namespace {
-
-// The inside of an IN (...).
-Sql codigos(std::initializer_list<TipoDocumento> tipos) {
-  std::vector<Sql> piezas;
-  for (const TipoDocumento t : tipos) piezas.push_back(FormatearSQL(u"'$'"_sql, {Texto(Codigo(t))}));
-  return UnirSql(piezas, u", "_sql);
-}
-
-}  // namespace
-
 Sql SinParalelas() {
   return FormatearSQL(u" AND (cDocTipo IS NULL OR cDocTipo NOT IN ($))"_sql,
-                      {codigos({TipoDocumento::OC, TipoDocumento::NC, TipoDocumento::PADE, TipoDocumento::PADV,
+                      {Codigos({TipoDocumento::OC, TipoDocumento::NC, TipoDocumento::PADE, TipoDocumento::PADV,
                                 TipoDocumento::LIQPAD})});
 }
 
 Sql DineroParalelo(qint64 codigo) {
   return FormatearSQL(u"cOpercode= $ AND cOperFlagAbierto=1 AND cDocTipo in ($)"_sql,
-                      {codigo, codigos({TipoDocumento::OC, TipoDocumento::LIQPAD})});
+                      {codigo, Codigos({TipoDocumento::OC, TipoDocumento::LIQPAD})});
 }
 
 namespace {

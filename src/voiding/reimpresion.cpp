@@ -61,19 +61,20 @@ QString lineas(const Puesto& p, const DocumentoGuardado& t, SumasVenta& s) {
   return texto + Separador() + kFin;
 }
 
-QString total(const QString& rotulo, double valor) { return LineaTotal({rotulo, Formatear(valor, kMascara)}); }
+QString renglonTotal(const QString& rotulo, double valor) { return LineaTotal({rotulo, Formatear(valor, kMascara)}); }
 
 QString totales(const Puesto& p, const DocumentoGuardado& t, const SumasVenta& s) {
   const bool voucher = t.tipo == TipoOperacion::Voucher;
   QString texto;
   if (t.tipo != TipoOperacion::Liquidado && t.ruc.isEmpty()) {
-    texto = total(voucher ? QStringLiteral(" VOUCHER") : QStringLiteral(" VALOR VTA."), s.total);
+    texto = renglonTotal(voucher ? QStringLiteral(" VOUCHER") : QStringLiteral(" VALOR VTA."), s.total);
   } else if (t.tipo != TipoOperacion::Liquidado) {
-    texto = total(QStringLiteral(" VALOR VTA"), s.total - s.igv - s.servicio) + total(QStringLiteral(" IGV"), s.igv);
+    texto = renglonTotal(QStringLiteral(" VALOR VTA"), s.total - s.igv - s.servicio) +
+            renglonTotal(QStringLiteral(" IGV"), s.igv);
     if (s.servicio != 0) {
-      texto += total(QStringLiteral(" SERVICIO") + p.ses.psPorcServ + QStringLiteral(" %"), s.servicio);
+      texto += renglonTotal(QStringLiteral(" SERVICIO") + p.ses.psPorcServ + QStringLiteral(" %"), s.servicio);
     }
-    texto += total(QStringLiteral(" TOTAL"), s.total);
+    texto += renglonTotal(QStringLiteral(" TOTAL"), s.total);
   }
   texto += kFin + LineaTotal({QStringLiteral(" ITEM"), Formatear(s.cantidad, u"###,##0.00")});
   return voucher ? texto + QStringLiteral("VO-POSTN") + kFin : texto;

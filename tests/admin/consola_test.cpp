@@ -42,7 +42,7 @@ struct MotoresDichos final : Motores {
 };
 
 struct Consola : testing::Test {
-  Consola() { cnn.abrir(motores, {}, 0); }
+  Consola() { (void)cnn.abrir(motores, {}, 0); }
   std::string responde(const char* sql, bool traducir = false) {
     return ResponderSentencia(cnn, u8(sql), traducir).toStdString();
   }

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QTemporaryFile>
 
+#include "platform/ui/ciclo_ventanas.h"
 #include "platform/ui/tema.h"
 
 QWidget* control(QWidget& ventana, const QString& nombre) {
@@ -55,7 +56,7 @@ int main(int argc, char** argv) {
   pantalla.write(R"({"screens":[{"name":"s","x":0,"y":0,"width":1024,"height":768}]})");
   pantalla.close();
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + pantalla.fileName().toLocal8Bit());
-  QApplication app(argc, argv);
+  CicloVentanas app(argc, argv);
   tema::aplicar(app);
   return RUN_ALL_TESTS();
 }

@@ -165,7 +165,7 @@ PuestoPrueba::PuestoPrueba(const Envolver& envolver)
 
 QString PuestoPrueba::filas(Conexion& cnn, const QString& sql) {
   Recordset rs;
-  if (const auto error = cnn.consultar(sql, rs)) return QStringLiteral("error: ") + error->descripcion;
+  if (const auto error = cnn.consultar(Sql::crudo(sql), rs)) return QStringLiteral("error: ") + error->descripcion;
   QStringList lineas;
   for (const auto& fila : rs) {
     QStringList celdas;
@@ -176,7 +176,7 @@ QString PuestoPrueba::filas(Conexion& cnn, const QString& sql) {
 }
 
 void PuestoPrueba::ejecuta(Conexion& cnn, const QString& sql) {
-  const auto error = cnn.ejecutar(sql);
+  const auto error = cnn.ejecutar(Sql::crudo(sql));
   EXPECT_FALSE(error) << qPrintable(sql) << "\n" << qPrintable(error ? error->descripcion : QString());
 }
 

@@ -20,7 +20,7 @@ QStringList cerrarEn(PuestoPrueba& p, PlanFallas& plan) {
   PersonaQueCierra persona;
   OtroPuesto<> otro(p, plan, persona);
   Recordset rs;
-  EXPECT_FALSE(otro.poCnnLocal.consultar(q("SELECT cCodiTurno FROM Configuracion"), rs));
+  EXPECT_FALSE(otro.poCnnLocal.consultar(Sql::crudo(q("SELECT cCodiTurno FROM Configuracion")), rs));
   otro.ses.psTurno = rs[0].toString();
   Principal v;
   CargarPrincipal(otro, v);

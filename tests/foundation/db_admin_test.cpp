@@ -9,50 +9,18 @@
 
 namespace {
 
-TEST(FormatearSQL, ANullTakesItsWrappingAway) {
-  // clang-format off
-  const struct { const char *porque, *plantilla; std::vector<QVariant> valores; const char* sale; } kCasos[] = {
-      {"date wrapping goes, the key keeps its quotes", "SET d = CONVERT(DATETIME,'$') WHERE k = '$'", {QVariant(), 7},
-       "SET d = Null WHERE k = '7'"},
-      {"quoted and bare", "('$', $)", {QVariant(), QVariant()}, "(Null, Null)"},
-      {"wrapping stays for a value", "CONVERT(DATETIME,'$')", {"2025/01/02"}, "CONVERT(DATETIME,'2025/01/02')"},
-      {"trimmed", "'$'", {"  a b  "}, "'a b'"},
-      {"an empty text is no Null", "'$'", {""}, "''"},
-      {"numbers without a mask", "$,$", {0.1 + 0.2, -27.0}, "0.3,-27"},
-      {"one quote alone is no wrapping", "'$ ", {QVariant()}, "'Null "},
-      {"a value's own $ is not a place", "$-$", {"a$b", "c"}, "a$b-c"},
-      {"only the whole date wrapping goes", "XCONVERT(DATETIME,'$' )", {QVariant()}, "XCONVERT(DATETIME,Null )"},
-  };
-  // clang-format on
-  for (const auto& c : kCasos) {
-    SCOPED_TRACE(c.porque);
-    EXPECT_EQ(QString::fromUtf8(c.sale), FormatearSQL(QString::fromUtf8(c.plantilla), c.valores));
-  }
-}
-
-RC_GTEST_PROP(FormatearSQL, AnyNameComesBackAsItWas, (const std::string& bruto)) {
-  static PuestoPrueba p;
-  QString nombre = QString::fromLatin1(QByteArray::fromStdString(bruto)).remove(QChar(0)).trimmed();
-  const QString sql = FormatearSQL(QStringLiteral("SELECT '$' as x"), {ReemplazarComilla(nombre)});
-  RC_ASSERT(sql.count(u'\'') % 2 == 0);
-  Recordset rs;
-  const auto error = p.poCnnLocal.consultar(sql, rs);
-  if (error) RC_FAIL(error->descripcion.toStdString() + " in " + sql.toStdString());
-  RC_ASSERT(rs[0].toString().toStdString() == nombre.toStdString());
-}
-
 TEST(DBAdmin, SaysWhatFailedAndKeepsQuietAboutDuplicates) {
   PuestoPrueba p;
   Recordset rs;
   p.persona().espera(QStringLiteral(" - SELECT * FROM NoHay"));
-  EXPECT_FALSE(p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, QStringLiteral("SELECT * FROM NoHay"), rs));
+  EXPECT_FALSE(p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, u"SELECT * FROM NoHay"_sql, rs));
   EXPECT_EQ(0, rs.RecordCount());
 
-  const QString tipo = QStringLiteral("INSERT INTO Config_Documento (cTipoDoc) VALUES ('01')");
+  const Sql tipo = u"INSERT INTO Config_Documento (cTipoDoc) VALUES ('01')"_sql;
   EXPECT_FALSE(p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, tipo, true));  // the row is there: no box
-  EXPECT_FALSE(p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, QStringLiteral("UPDATE NoHay SET a=1"), false));
+  EXPECT_FALSE(p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, u"UPDATE NoHay SET a=1"_sql, false));
   p.persona().espera(QStringLiteral(" - UPDATE NoHay SET a=1"));
-  EXPECT_FALSE(p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, QStringLiteral("UPDATE NoHay SET a=1"), true));
+  EXPECT_FALSE(p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, u"UPDATE NoHay SET a=1"_sql, true));
 
   Conexion otra;
   p.persona().espera(QStringLiteral("No se pudo conectar a la BD de Logistica en SQL SERVER. \n"));
@@ -69,6 +37,10 @@ TEST(Sql, ValuesAreEscapedForTheDatabaseTheyGoTo) {
        FormatearSQL(u"SET d = CONVERT(DATETIME,'$') WHERE k = '$' AND a = '$'"_sql, {Valor(), 7, Texto("x")}),
        "SET d = Null WHERE k = '7' AND a = 'x'", nullptr},
       {"quoted and bare Null", FormatearSQL(u"('$', $)"_sql, {Valor(), QDateTime()}), "(Null, Null)", nullptr},
+      {"only the whole date wrapping goes", FormatearSQL(u"XCONVERT(DATETIME,'$' )"_sql, {Valor()}),
+       "XCONVERT(DATETIME,Null )", nullptr},
+      {"a value's own $ is not a place", FormatearSQL(u"'$'-'$'"_sql, {Texto("a$b"), Texto("c")}), "'a$b'-'c'",
+       nullptr},
       {"wrapping stays for a value", FormatearSQL(u"CONVERT(DATETIME,'$',120)"_sql, {Texto("2025")}),
        "CONVERT(DATETIME,'2025',120)", nullptr},
       {"trimmed; an empty text is no Null", FormatearSQL(u"'$','$'"_sql, {Texto("  a b "), Texto("")}), "'a b',''",
@@ -129,14 +101,14 @@ TEST(DBAdmin, ASaleWaitsForASilentServerOnceAMinute) {
   Puesto p(mudos, base.puertos, base.reloj, base.mensajes, base.salida, base.rutas);
   p.ses.psConexionCentral = QStringLiteral("Data Source=mudo");
   Conexion c;
-  const auto abrir = [&](clsDBAdmin::Espera e) { p.poDBAdmin.AbrirBD(c, p.ses.psConexionCentral, false, e); };
+  const auto abrir = [&](clsDBAdmin::Espera e) { (void)p.poDBAdmin.AbrirBD(c, p.ses.psConexionCentral, false, e); };
   abrir(clsDBAdmin::Espera::Venta);
   EXPECT_EQ(1700, mudos.espera);
   EXPECT_TRUE(p.ses.bCentralCaida);
   base.elReloj().ahora = base.elReloj().ahora.addSecs(59);
   abrir(clsDBAdmin::Espera::Venta);
   EXPECT_EQ(1, mudos.intentos);
-  p.poDBAdmin.AbrirBD(c, QStringLiteral("Data Source=otro"), false, clsDBAdmin::Espera::Venta);
+  (void)p.poDBAdmin.AbrirBD(c, QStringLiteral("Data Source=otro"), false, clsDBAdmin::Espera::Venta);
   EXPECT_EQ(250, mudos.espera);       // two seconds for both
   abrir(clsDBAdmin::Espera::Normal);  // a report asks all the same
   EXPECT_EQ(3, mudos.intentos);

@@ -203,7 +203,7 @@ class frmPrincipal final : public QMainWindow {
     Conexion c;
     if (c.abrir(u_.motores, QStringLiteral("CENTRAL"), 0)) return decir(u_, QStringLiteral("no abre"));
     QString r;
-    for (int i = 0; i < 3; ++i) r += c.ejecutar(QStringLiteral("UPDATE")) ? u'-' : u'+';
+    for (int i = 0; i < 3; ++i) r += c.ejecutar(Sql::crudo(QStringLiteral("UPDATE"))) ? u'-' : u'+';
     decir(u_, r);
   }
 

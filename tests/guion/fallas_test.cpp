@@ -65,12 +65,12 @@ struct Banco {
     QString r;
     const auto marca = [&](const auto& error) { r += error ? u'-' : u'+'; };
     marca(local.iniciar());
-    marca(local.ejecutar(QStringLiteral("INSERT 1")));
-    marca(local.ejecutar(QStringLiteral(" pragma x")));  // never counted, nor is
-    marca(local.consultar(QStringLiteral("SELECT name FROM sqlite_master"), rs));
-    marca(central.consultar(QStringLiteral("SELECT 2"), rs));
+    marca(local.ejecutar(Sql::crudo(QStringLiteral("INSERT 1"))));
+    marca(local.ejecutar(Sql::crudo(QStringLiteral(" pragma x"))));  // never counted, nor is
+    marca(local.consultar(Sql::crudo(QStringLiteral("SELECT name FROM sqlite_master")), rs));
+    marca(central.consultar(Sql::crudo(QStringLiteral("SELECT 2")), rs));
     marca(local.confirmar());
-    marca(cliente.ejecutar(QStringLiteral("UPDATE 3")));
+    marca(cliente.ejecutar(Sql::crudo(QStringLiteral("UPDATE 3"))));
     return r;
   }
 };
@@ -163,10 +163,10 @@ QByteArray loQueLlegoAntesDeMorir(int n, Fallas::Momento momento, int* senal) {
       std::function<void()> avisar;
     } avisa(b.real, decir);
     PuertosConFallas puertos(avisa, b.fallas);
-    (void)b.local.ejecutar(QStringLiteral("uno"), nullptr);
+    (void)b.local.ejecutar(Sql::crudo(QStringLiteral("uno")), nullptr);
     decir();
     (void)puertos.copiar(QStringLiteral("dos"), QStringLiteral("LPT1"));
-    (void)b.local.ejecutar(QStringLiteral("tres"), nullptr);
+    (void)b.local.ejecutar(Sql::crudo(QStringLiteral("tres")), nullptr);
     decir();
     _exit(0);
   }

@@ -171,7 +171,7 @@ void Jornada::retirar(Caja& c) {
   e.filas = {f};
   const qsizetype antes = largoDelPapel(c);
   const qint64 p = puntos();
-  const Suerte s = hacer(c, q("retira %1").arg(monto), [&] { Retirar(c.p(), MontoRetiro(enSoles(monto))); });
+  const Suerte s = hacer(c, q("retira %1").arg(monto), [&] { (void)Retirar(c.p(), MontoRetiro(enSoles(monto))); });
   asentar(c, e, s, antes, p);
 }
 

@@ -96,7 +96,7 @@ QString Jornada::cliente(Caja& c, CajaRegistradoraFull& v, PantallasDelDia& otra
   const auto& t = kTarjetas[azar_.entre(0, clienteCaido_ ? 1 : 3)];
   v.txtTarjeta = q(t.numero);
   otras.cliente = {q(t.numero), t.local};
-  BuscaTarjeta(c.p(), v, otras);
+  (void)BuscaTarjeta(c.p(), v, otras);
   return t.gana ? q(t.numero) : q(t.numero) + u'-';
 }
 

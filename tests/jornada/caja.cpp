@@ -97,7 +97,7 @@ QStringList Caja::filas(const QString& sql, Base base) {
   const QString cadena =
       base == Base::Local ? almacen : servidor.arg(QLatin1String(kServidores[base == Base::Cliente]));
   auto error = cnn.abrir(*reales_, cadena, 1000);
-  if (!error) error = cnn.consultar(sql, rs);
+  if (!error) error = cnn.consultar(Sql::crudo(sql), rs);
   EXPECT_FALSE(error) << qPrintable(sql) << "\n" << qPrintable(error ? error->descripcion : QString());
   QStringList r;
   for (const auto& fila : rs) {

@@ -40,7 +40,7 @@ class Banco {
   // The answer of a statement, or "error: " and its words.
   QString respuesta(const QString& sql) {
     Recordset rs;
-    if (const auto e = cnn.consultar(sql, rs)) return QStringLiteral("error: ") + e->descripcion;
+    if (const auto e = cnn.consultar(Sql::crudo(sql), rs)) return QStringLiteral("error: ") + e->descripcion;
     QStringList filas;
     for (const auto fila : rs) {
       QStringList celdas;

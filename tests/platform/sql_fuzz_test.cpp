@@ -102,7 +102,8 @@ struct Lado {
   Lado(bool jet, const QStringList& tablas, const QStringList& lista, const OpcionesMotores& opciones)
       : d(jet ? Dialecto::Jet : Dialecto::TSql), sentencias(lista), b(jet, tablas) {
     for (const QString& s : lista) {
-      if (s.trimmed().startsWith(u8("insert"), Qt::CaseInsensitive)) b.cnn.ejecutar(s);  // rows to ask for
+      if (s.trimmed().startsWith(u8("insert"), Qt::CaseInsensitive))
+        (void)b.cnn.ejecutar(Sql::crudo(s));  // rows to ask for
     }
     ErrorBD error;
     motor = MotorSqlite::abrir(b.archivo(), d, 1000, opciones, std::make_shared<MemoriaDeFormas>(), error);
@@ -193,7 +194,7 @@ TEST(Fuzz, DeepNesting) {
                                        {u8("(SELECT "), u8(")")},
                                        {u8("CASE WHEN "), u8(" THEN 1 END")}}) {
       Recordset rs;
-      const auto e = b.cnn.consultar(u8("SELECT ") + abre.repeated(n) + u8("1") + cierra.repeated(n), rs);
+      const auto e = b.cnn.consultar(Sql::crudo(u8("SELECT ") + abre.repeated(n) + u8("1") + cierra.repeated(n)), rs);
       EXPECT_EQ(n >= 1000, e.has_value()) << n << ' ' << abre.toStdString();
     }
   }

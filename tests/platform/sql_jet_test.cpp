@@ -18,11 +18,11 @@ TEST(Jet, WritesDatesAndNumbersAsTheirColumns) {
   Banco b(true, kTienda);
   for (const auto& c : leerCasos("platform/jet_escribe")) {
     SCOPED_TRACE(c.donde());
-    const auto e = b.cnn.ejecutar(c["sentencia"]);
+    const auto e = b.cnn.ejecutar(Sql::crudo(c["sentencia"]));
     EXPECT_FALSE(e) << e.value_or(ErrorBD{}).descripcion.toStdString() << b.cnn.traducir(c["sentencia"]).toStdString();
     EXPECT_EQ(c["sale"], b.respuesta(c["pregunta"]));
   }
-  const auto e = b.cnn.ejecutar(u8("INSERT INTO Operacion (cOperCode,dOperFech) VALUES (60,'31/02/2025')"));
+  const auto e = b.cnn.ejecutar(Sql::crudo(u8("INSERT INTO Operacion (cOperCode,dOperFech) VALUES (60,'31/02/2025')")));
   ASSERT_TRUE(e);
   EXPECT_EQ(kErrorSentencia, e->numero);
   EXPECT_EQ("0", b.respuesta("SELECT COUNT(*) FROM Operacion WHERE cOperCode=60"));
@@ -37,7 +37,7 @@ TEST(Jet, OneShapeManyLiterals) {
             .arg(i % 2 ? u8("1") : u8("1.5"))
             .arg(i - 99, 2, 10, QChar(u'0'))
             .arg(i % 3 ? u8("a") : u8("ñ"));
-    const auto e = b.cnn.ejecutar(sql);
+    const auto e = b.cnn.ejecutar(Sql::crudo(sql));
     EXPECT_EQ(i >= 131, e.has_value()) << i;  // January has 31 days
   }
   EXPECT_EQ("39", b.respuesta("SELECT SUM(nProdCant) FROM Operacion WHERE cOperCode >= 100"));

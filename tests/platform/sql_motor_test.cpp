@@ -14,25 +14,26 @@ const QStringList kTabla = {
 
 TEST(Motor, TellsFailuresByNumber) {
   Banco b(true, kTabla);
-  ASSERT_FALSE(b.cnn.ejecutar(u8("INSERT INTO T VALUES (1,'a',NULL)")));
+  ASSERT_FALSE(b.cnn.ejecutar(Sql::crudo(u8("INSERT INTO T VALUES (1,'a',NULL)"))));
   for (const auto& c : leerCasos("platform/motor_fallas")) {
     SCOPED_TRACE(c.donde());
     Recordset rs;
     rs.llenar({u8("x")}, {{QVariant(1)}});
     qint64 afectadas = 77;
-    const auto e = b.cnn.ejecutar(c["sql"], &afectadas);
+    const auto e = b.cnn.ejecutar(Sql::crudo(c["sql"]), &afectadas);
     ASSERT_TRUE(e);
     EXPECT_EQ(kErrorSentencia, e->numero);
     EXPECT_EQ(c.entero("nativo"), e->nativo);
     EXPECT_FALSE(e->descripcion.isEmpty());
     EXPECT_EQ(77, afectadas);
-    EXPECT_TRUE(b.cnn.consultar(c["sql"], rs));
+    EXPECT_TRUE(b.cnn.consultar(Sql::crudo(c["sql"]), rs));
     EXPECT_EQ(0, rs.RecordCount());
   }
-  EXPECT_TRUE(b.cnn.ejecutar(u8("DELETE FROM T ") + QChar(0) + u8(" WHERE 1=0"))) << "cut by the engine at the zero";
+  EXPECT_TRUE(b.cnn.ejecutar(Sql::crudo(u8("DELETE FROM T ") + QChar(0) + u8(" WHERE 1=0"))))
+      << "cut by the engine at the zero";
   EXPECT_EQ("1|a|Null", b.respuesta("SELECT * FROM T"));
   qint64 afectadas = 0;
-  EXPECT_FALSE(b.cnn.ejecutar(u8("UPDATE T SET nombre='z' WHERE id < 5"), &afectadas));
+  EXPECT_FALSE(b.cnn.ejecutar(Sql::crudo(u8("UPDATE T SET nombre='z' WHERE id < 5")), &afectadas));
   EXPECT_EQ(1, afectadas);
 }
 
@@ -91,14 +92,14 @@ TEST(Motor, TransactionsHoldTogether) {
   Banco b(true, kTabla);
   ASSERT_FALSE(b.cnn.iniciar());
   EXPECT_TRUE(b.cnn.iniciar()) << "no transaction inside another";
-  ASSERT_FALSE(b.cnn.ejecutar(u8("INSERT INTO T VALUES (1,'a',NULL)")));
-  EXPECT_TRUE(b.cnn.ejecutar(u8("INSERT INTO T VALUES (1,'b',NULL)")));
+  ASSERT_FALSE(b.cnn.ejecutar(Sql::crudo(u8("INSERT INTO T VALUES (1,'a',NULL)"))));
+  EXPECT_TRUE(b.cnn.ejecutar(Sql::crudo(u8("INSERT INTO T VALUES (1,'b',NULL)"))));
   EXPECT_EQ("1", b.respuesta("SELECT COUNT(*) FROM T")) << "a failed statement takes only itself back";
   ASSERT_FALSE(b.cnn.deshacer());
   EXPECT_EQ("0", b.respuesta("SELECT COUNT(*) FROM T"));
   EXPECT_TRUE(b.cnn.confirmar());
   ASSERT_FALSE(b.cnn.iniciar());
-  ASSERT_FALSE(b.cnn.ejecutar(u8("INSERT INTO T VALUES (2,'b',NULL)")));
+  ASSERT_FALSE(b.cnn.ejecutar(Sql::crudo(u8("INSERT INTO T VALUES (2,'b',NULL)"))));
   ASSERT_FALSE(b.cnn.confirmar());
   EXPECT_EQ("2", b.respuesta("SELECT id FROM T"));
 }
@@ -115,8 +116,8 @@ TEST(Motor, TheFirstInsertSurvivesAKill) {
   if (hijo == 0) {
     Conexion c;
     Recordset rs;
-    if (c.abrir(*motores, cadena, 1000) || c.consultar(u8("SELECT * FROM T"), rs) ||
-        c.ejecutar(u8("INSERT INTO T VALUES (3,'c','03/04/2025')"))) {
+    if (c.abrir(*motores, cadena, 1000) || c.consultar(Sql::crudo(u8("SELECT * FROM T")), rs) ||
+        c.ejecutar(Sql::crudo(u8("INSERT INTO T VALUES (3,'c','03/04/2025')")))) {
       _exit(1);
     }
     kill(getpid(), SIGKILL);
@@ -127,7 +128,7 @@ TEST(Motor, TheFirstInsertSurvivesAKill) {
   Conexion c;
   Recordset rs;
   ASSERT_FALSE(c.abrir(*motores, cadena, 1000));
-  ASSERT_FALSE(c.consultar(u8("SELECT f FROM T WHERE id=3"), rs));
+  ASSERT_FALSE(c.consultar(Sql::crudo(u8("SELECT f FROM T WHERE id=3")), rs));
   EXPECT_EQ(QDateTime(QDate(2025, 4, 3), QTime(0, 0)), rs[u"F"].toDateTime());
 }
 
@@ -145,7 +146,8 @@ TEST(Motor, ASecondOpeningTakesNoLockFromTheFirst) {
     Conexion otra;
     Recordset rs;
     const auto motores = motoresDelSistema(d.path());
-    if (read(tubo[0], &c, 1) != 1 || otra.abrir(*motores, cadena, 1000) || otra.consultar(u8("SELECT * FROM T"), rs)) {
+    if (read(tubo[0], &c, 1) != 1 || otra.abrir(*motores, cadena, 1000) ||
+        otra.consultar(Sql::crudo(u8("SELECT * FROM T")), rs)) {
       _exit(1);
     }
     otra.cerrar();  // the last of all, as far as it can see, clears the log away
@@ -154,7 +156,7 @@ TEST(Motor, ASecondOpeningTakesNoLockFromTheFirst) {
   const auto motores = motoresDelSistema(d.path());
   Conexion queda, deUnaVez;
   ASSERT_FALSE(queda.abrir(*motores, cadena, 1000));
-  ASSERT_FALSE(queda.ejecutar(u8("INSERT INTO T VALUES (1,'a',NULL)")));
+  ASSERT_FALSE(queda.ejecutar(Sql::crudo(u8("INSERT INTO T VALUES (1,'a',NULL)"))));
   ASSERT_FALSE(deUnaVez.abrir(*motores, cadena, 1000));
   deUnaVez.cerrar();
   ASSERT_EQ(1, write(tubo[1], "x", 1));
@@ -162,10 +164,10 @@ TEST(Motor, ASecondOpeningTakesNoLockFromTheFirst) {
   ASSERT_EQ(hijo, waitpid(hijo, &estado, 0));
   EXPECT_EQ(0, estado);
   EXPECT_TRUE(QFile::exists(ruta + u8("-wal"))) << "the log of an open connection is gone";
-  ASSERT_FALSE(queda.ejecutar(u8("INSERT INTO T VALUES (2,'b',NULL)")));
+  ASSERT_FALSE(queda.ejecutar(Sql::crudo(u8("INSERT INTO T VALUES (2,'b',NULL)"))));
   ASSERT_FALSE(deUnaVez.abrir(*motores, cadena, 1000));
   Recordset rs;
-  ASSERT_FALSE(deUnaVez.consultar(u8("SELECT COUNT(*) FROM T"), rs));
+  ASSERT_FALSE(deUnaVez.consultar(Sql::crudo(u8("SELECT COUNT(*) FROM T")), rs));
   EXPECT_EQ(2, rs[0].toInt());
 }
 
@@ -174,8 +176,8 @@ TEST(Motor, SeesTablesThatAnotherProgramChanged) {
   EXPECT_EQ("0", b.respuesta("SELECT COUNT(*) FROM T"));
   Conexion otra;
   ASSERT_FALSE(otra.abrir(*b.motores, b.cadena, 1000));
-  ASSERT_FALSE(otra.ejecutar(u8("CREATE TABLE Nueva (d DATETIME, n INTEGER)")));
-  EXPECT_FALSE(b.cnn.ejecutar(u8("INSERT INTO Nueva VALUES ('03/04/2025','5')")));
+  ASSERT_FALSE(otra.ejecutar(Sql::crudo(u8("CREATE TABLE Nueva (d DATETIME, n INTEGER)"))));
+  EXPECT_FALSE(b.cnn.ejecutar(Sql::crudo(u8("INSERT INTO Nueva VALUES ('03/04/2025','5')"))));
   EXPECT_EQ("<2025-04-03 00:00:00>|5", b.respuesta("SELECT * FROM Nueva"));
 }
 
@@ -198,10 +200,10 @@ TEST(Motor, WhatAConnectionLearntFallsWithTheTables) {
     SCOPED_TRACE(c.porque);
     Conexion cambia;
     ASSERT_FALSE(cambia.abrir(*b.motores, b.cadena, 1000));
-    for (const QString& sql : c.cambia) EXPECT_FALSE(cambia.ejecutar(sql)) << sql.toStdString();
+    for (const QString& sql : c.cambia) EXPECT_FALSE(cambia.ejecutar(Sql::crudo(sql))) << sql.toStdString();
     const auto pregunta = [&suma, &c](Conexion& cnn) {
       Recordset rs;
-      ASSERT_FALSE(cnn.consultar(suma, rs));
+      ASSERT_FALSE(cnn.consultar(Sql::crudo(suma), rs));
       EXPECT_EQ(QLatin1String(c.da), rs[0].toString());
     };
     pregunta(cambia);
@@ -214,14 +216,14 @@ TEST(Motor, WhatAConnectionLearntFallsWithTheTables) {
   Conexion x;  // in a transaction that is undone
   ASSERT_FALSE(x.abrir(*b.motores, b.cadena, 1000));
   ASSERT_FALSE(x.iniciar());
-  EXPECT_FALSE(x.ejecutar(u8("DROP TABLE S")));
-  EXPECT_FALSE(x.ejecutar(u8("CREATE TABLE S (a INTEGER)")));
-  EXPECT_FALSE(x.ejecutar(inserta));
+  EXPECT_FALSE(x.ejecutar(Sql::crudo(u8("DROP TABLE S"))));
+  EXPECT_FALSE(x.ejecutar(Sql::crudo(u8("CREATE TABLE S (a INTEGER)"))));
+  EXPECT_FALSE(x.ejecutar(Sql::crudo(inserta)));
   Recordset rs;
-  ASSERT_FALSE(x.consultar(suma, rs));
+  ASSERT_FALSE(x.consultar(Sql::crudo(suma), rs));
   EXPECT_EQ("6", rs[0].toString());
   ASSERT_FALSE(x.deshacer());
-  ASSERT_FALSE(x.consultar(suma, rs));
+  ASSERT_FALSE(x.consultar(Sql::crudo(suma), rs));
   EXPECT_EQ("55", rs[0].toString());
 }
 
@@ -256,13 +258,13 @@ TEST(Motor, ALockIsWaitedForAndThenTold) {
   ASSERT_FALSE(otra.iniciar());
   QElapsedTimer reloj;
   reloj.start();
-  const auto e = b.cnn.ejecutar(u8("INSERT INTO T VALUES (1,'a',NULL)"));
+  const auto e = b.cnn.ejecutar(Sql::crudo(u8("INSERT INTO T VALUES (1,'a',NULL)")));
   ASSERT_TRUE(e);
   EXPECT_EQ(kErrorGeneral, e->numero);
   EXPECT_GE(reloj.elapsed(), 1000);
   EXPECT_EQ("0", b.respuesta("SELECT COUNT(*) FROM T")) << "readers go on";
   ASSERT_FALSE(otra.deshacer());
-  EXPECT_FALSE(b.cnn.ejecutar(u8("INSERT INTO T VALUES (1,'a',NULL)")));
+  EXPECT_FALSE(b.cnn.ejecutar(Sql::crudo(u8("INSERT INTO T VALUES (1,'a',NULL)"))));
 }
 
 TEST(Motor, ARunawayQueryCanBeStopped) {
@@ -272,8 +274,8 @@ TEST(Motor, ARunawayQueryCanBeStopped) {
   Banco b(false, kTabla, opciones);
   parar = true;
   Recordset rs;
-  const auto e =
-      b.cnn.consultar(u8("WITH RECURSIVE r(n) AS (SELECT 1 UNION ALL SELECT n+1 FROM r) SELECT MAX(n) FROM r"), rs);
+  const auto e = b.cnn.consultar(
+      Sql::crudo(u8("WITH RECURSIVE r(n) AS (SELECT 1 UNION ALL SELECT n+1 FROM r) SELECT MAX(n) FROM r")), rs);
   ASSERT_TRUE(e);
   EXPECT_EQ(kErrorGeneral, e->numero);
   parar = false;
@@ -287,7 +289,7 @@ TEST(Motor, MachineClockWhenNoneIsGiven) {
   Conexion c;
   Recordset rs;
   ASSERT_FALSE(c.abrir(*motoresDelSistema(d.path()), u8("driver={Microsoft Access Driver (*.mdb)};DBQ=") + ruta, 1000));
-  ASSERT_FALSE(c.consultar(u8("SELECT NOW() AS n"), rs));
+  ASSERT_FALSE(c.consultar(Sql::crudo(u8("SELECT NOW() AS n")), rs));
   EXPECT_LT(std::abs(rs[u"n"].toDateTime().secsTo(QDateTime::currentDateTime())), 5);
 }
 

@@ -20,7 +20,7 @@ TEST(Sentencias, AllOfThemRunOnTheirTables) {
     for (const QString& s : sentencias) {
       Recordset rs;
       ASSERT_FALSE(b.cnn.iniciar());
-      const auto e = b.cnn.consultar(s, rs);
+      const auto e = b.cnn.consultar(Sql::crudo(s), rs);
       EXPECT_FALSE(e) << s.toStdString() << "\n" << b.cnn.traducir(s).toStdString() << "\n"
           << e.value_or(ErrorBD{}).descripcion.toStdString();
       ASSERT_FALSE(b.cnn.deshacer());

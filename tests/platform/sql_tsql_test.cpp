@@ -19,7 +19,7 @@ TEST(TSql, AliasesBeforeAnEqualsSign) {
   for (const auto& c : leerCasos("platform/tsql_alias")) {
     SCOPED_TRACE(c.donde());
     Recordset rs;
-    const auto e = b.cnn.consultar(c["sql"], rs);
+    const auto e = b.cnn.consultar(Sql::crudo(c["sql"]), rs);
     ASSERT_FALSE(e) << e.value_or(ErrorBD{}).descripcion.toStdString() << b.cnn.traducir(c["sql"]).toStdString();
     EXPECT_EQ(c["campos"], rs.campos().join(u'|'));
     EXPECT_EQ(c["sale"], b.respuesta(c["sql"]));
@@ -53,7 +53,7 @@ TEST(TSql, CallsProceduresInEveryForm) {
   EXPECT_EQ("B|2|<2026-11-24 17:05:30>", b.respuesta("dbo.spr_anota 'B',2"));
   EXPECT_EQ("O'x|Null|<2026-11-24 17:05:30>", b.respuesta("SPR_ANOTA 'O''x', Null;"));
   EXPECT_EQ("D|4|<2026-11-24 17:05:30>", b.respuesta("EXECUTE base..[spr_anota] @a = 'D', @b = 4"));
-  EXPECT_FALSE(b.cnn.ejecutar(u8("exec spr_anota 'E', 5")));
+  EXPECT_FALSE(b.cnn.ejecutar(Sql::crudo(u8("exec spr_anota 'E', 5"))));
   EXPECT_EQ("1", b.respuesta("SELECT COUNT(*) FROM pagos WHERE NroDoc='E'"));
   EXPECT_EQ("error: No se anota.", b.respuesta("exec spr_anota 'F', 99"));
   EXPECT_EQ("0", b.respuesta("SELECT COUNT(*) FROM pagos WHERE NroDoc='F'")) << "a failed call leaves nothing";

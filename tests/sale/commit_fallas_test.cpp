@@ -137,7 +137,7 @@ void emitirEn(PuestoPrueba& p, PlanFallas plan, const EscenaFalla& escena) {
   CajaRegistradoraFull v;
   PantallasGuion pantallas;
   llenar(escena, otro, v);
-  GrabarVenta(otro, v, pantallas);
+  (void)GrabarVenta(otro, v, pantallas);
 }
 
 QByteArray rollo(const PuestoPrueba& p, const char* puerto) {

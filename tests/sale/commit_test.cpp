@@ -17,7 +17,7 @@ struct Caja {
   CajaRegistradoraFull v;
   PantallasGuion pantallas;
   Caja() { v.rejilla.filas = {filaVenta(101, q("Cafe"), 10, 3)}; }
-  void vender() { GrabarVenta(p, v, pantallas); }
+  void vender() { (void)GrabarVenta(p, v, pantallas); }
   QByteArray papel() { return p.papeles().papel[q("LPT1")]; }
 };
 

@@ -109,7 +109,7 @@ TEST_P(Ticket, IsThePaperWeExpect) {
   e.p.ejecuta(QStringLiteral("UPDATE Configuracion SET GAVETA='N'"));
   for (const auto& [nombre, valor] : leerCaso(caso)) ASSERT_TRUE(e.aplicar(nombre, valor)) << qPrintable(nombre);
   const bool paralela = !pantallaDe(e.v.nTipoVenta).rucEditable;
-  GrabarVenta(e.p, e.v, e.pantallas);
+  (void)GrabarVenta(e.p, e.v, e.pantallas);
   const QByteArray papel = leerGolden(caso + QStringLiteral(".txt"));
   ASSERT_FALSE(papel.isEmpty());
   const QString puerto = paralela ? QStringLiteral("LPT2") : QStringLiteral("LPT1");

@@ -30,15 +30,15 @@ std::optional<ErrorBD> Conexion::listo() {
   return {};
 }
 
-std::optional<ErrorBD> Conexion::consultar(const QString& sql, Recordset& rs) {
+std::optional<ErrorBD> Conexion::consultar(const Sql& sql, Recordset& rs) {
   rs.llenar({}, {});
   if (auto e = listo()) return e;
-  return motor_->consultar(sql, rs);
+  return motor_->consultar(sql.texto(dialecto_), rs);
 }
 
-std::optional<ErrorBD> Conexion::ejecutar(const QString& sql, qint64* afectadas) {
+std::optional<ErrorBD> Conexion::ejecutar(const Sql& sql, qint64* afectadas) {
   if (auto e = listo()) return e;
-  return motor_->ejecutar(sql, afectadas);
+  return motor_->ejecutar(sql.texto(dialecto_), afectadas);
 }
 
 std::optional<ErrorBD> Conexion::iniciar() {

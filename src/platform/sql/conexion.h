@@ -7,21 +7,16 @@
 class Conexion {
  public:
   // Opens; what was open before is closed first. On failure the connection stays closed and gives the error.
-  std::optional<ErrorBD> abrir(Motores& motores, const QString& cadena, int espera_ms);
+  [[nodiscard]] std::optional<ErrorBD> abrir(Motores& motores, const QString& cadena, int espera_ms);
   void cerrar();
   bool abierta() const { return motor_ != nullptr; }
 
-  std::optional<ErrorBD> consultar(const Sql& sql, Recordset& rs) { return consultar(sql.texto(dialecto_), rs); }
-  std::optional<ErrorBD> ejecutar(const Sql& sql, qint64* afectadas = nullptr) {
-    return ejecutar(sql.texto(dialecto_), afectadas);
-  }
-  // These two go away when no statement comes as a bare text any more.
-  std::optional<ErrorBD> consultar(const QString& sql, Recordset& rs);
-  std::optional<ErrorBD> ejecutar(const QString& sql, qint64* afectadas = nullptr);
-  std::optional<ErrorBD> iniciar();
-  std::optional<ErrorBD> confirmar();
+  [[nodiscard]] std::optional<ErrorBD> consultar(const Sql& sql, Recordset& rs);
+  [[nodiscard]] std::optional<ErrorBD> ejecutar(const Sql& sql, qint64* afectadas = nullptr);
+  [[nodiscard]] std::optional<ErrorBD> iniciar();
+  [[nodiscard]] std::optional<ErrorBD> confirmar();
   // A transaction that can't be undone at once is undone before anything else runs here; until then every call fails.
-  std::optional<ErrorBD> deshacer();
+  [[nodiscard]] std::optional<ErrorBD> deshacer();
   // From an iniciar() that succeeded to the end of that transaction.
   bool enTransaccion() const { return enTransaccion_; }
   QString traducir(const QString& sql);

@@ -14,12 +14,12 @@ class Motor {
 
   // Runs one statement in the connection's dialect. On failure gives the error; `rs` is then empty (consultar) and
   // `afectadas` untouched. A statement that gives no rows leaves an empty recordset.
-  virtual std::optional<ErrorBD> consultar(const QString& sql, Recordset& rs) = 0;
-  virtual std::optional<ErrorBD> ejecutar(const QString& sql, qint64* afectadas) = 0;
+  [[nodiscard]] virtual std::optional<ErrorBD> consultar(const QString& sql, Recordset& rs) = 0;
+  [[nodiscard]] virtual std::optional<ErrorBD> ejecutar(const QString& sql, qint64* afectadas) = 0;
 
-  virtual std::optional<ErrorBD> iniciar() = 0;
-  virtual std::optional<ErrorBD> confirmar() = 0;
-  virtual std::optional<ErrorBD> deshacer() = 0;
+  [[nodiscard]] virtual std::optional<ErrorBD> iniciar() = 0;
+  [[nodiscard]] virtual std::optional<ErrorBD> confirmar() = 0;
+  [[nodiscard]] virtual std::optional<ErrorBD> deshacer() = 0;
 
   // The statement as it goes to the engine; the statement itself when it is passed on unchanged or can't be read.
   virtual QString traducir(const QString& sql) = 0;
@@ -33,7 +33,7 @@ class Motores {
   // Opens `cadena` (the connection strings are told in cadena_conexion.h), waiting `espera_ms` at most for a server.
   // Gives nothing and fills `error` on failure; `error.numero` is kErrorTiempo when the server did not answer in time.
   // Never creates a database.
-  virtual std::unique_ptr<Motor> abrir(const QString& cadena, int espera_ms, ErrorBD& error) = 0;
+  [[nodiscard]] virtual std::unique_ptr<Motor> abrir(const QString& cadena, int espera_ms, ErrorBD& error) = 0;
 };
 
 constexpr qint64 kErrorTiempo = 0x80040E31;  // a time-out

@@ -59,8 +59,7 @@ QString Sql::texto(Dialecto dialecto) const {
   for (const auto& [signo, guardado] : kGuardados) {
     if (guardado != kComilla) sale.replace(guardado, signo);
   }
-  return sale.replace(kComilla,
-                      dialecto == Dialecto::Jet ? ReemplazarComilla(QStringLiteral("'")) : QStringLiteral("''"));
+  return sale.replace(kComilla, dialecto == Dialecto::Jet ? QStringLiteral("' + Chr(39) + '") : QStringLiteral("''"));
 }
 
 Sql Sql::con(LiteralSql marca, const Sql& pieza) const {
@@ -174,9 +173,4 @@ Sql FormatearSQL(const Sql& plantilla, const std::vector<Valor>& valores) {
   }
   sale.texto_ += p.mid(desde);
   return sale;
-}
-
-QString ReemplazarComilla(const QString& cadena) {
-  QString sale = cadena;
-  return sale.replace(u'\'', QStringLiteral("' + Chr(39) + '"));
 }

@@ -115,6 +115,3 @@ class Valor {
 // away ("'$'", "CONVERT(DATETIME,'$')") and stands as a bare Null. Numbers come without a mask, true as 1. With too few
 // values the statement is an error to every database.
 Sql FormatearSQL(const Sql& plantilla, const std::vector<Valor>& valores);
-
-// A text safe to stand between single quotes of the Jet dialect: each quote becomes ' + Chr(39) + '.
-QString ReemplazarComilla(const QString& cadena);

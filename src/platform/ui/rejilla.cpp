@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <utility>
 
@@ -99,9 +100,13 @@ bool Rejilla::dejarCelda() {
   const QPointer<Rejilla> vivo(this);
   QString texto = editor_->text();
   const CeldaRejilla c = celdaEditor_;
-  const bool acepta = !salir || salir(c.fila, c.columna, texto);
+  const bool acepta = [&] {
+    const auto alFinal = qScopeGuard([&vivo] {
+      if (vivo) vivo->saliendo_ = false;
+    });
+    return !salir || salir(c.fila, c.columna, texto);
+  }();
   if (!vivo) return true;
-  saliendo_ = false;
   if (acepta) {
     abandonarCelda();
     refrescar();
