@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "admin/tienda_articulos.h"
+#include "cashday/tipo_cambio.h"
 #include "jornada.h"
 #include "pantallas_dia.h"
 #include "platform/text/texto.h"
@@ -21,6 +22,22 @@ QString importe(Centimos c) { return QString::number(c / 100) + u'.' + QString::
 Centimos enDolares(Centimos soles, Centimos cambio) {
   return qRound64(static_cast<double>(soles) * 100 / static_cast<double>(cambio));
 }
+void encabezar(const Caja& c, const Esperado& e, int tipo, Paralela& p) {
+  p.codigo = c.libro.siguienteCodigo(true);
+  p.tipo = tipo;
+  p.doc = e.doc;
+  p.serie = e.serie;
+  p.numero = e.numero;
+  p.turno = c.libro.turno;
+}
+
+// What the menu does before it opens a register.
+void delMenu(Caja& c) {
+  PrincipalDelDia menu(c.p());
+  OlvidarTipoCambioPasado(c.p());
+  PrepararOperacion(c.p(), c.ventana, menu);
+}
+
 Centimos suma(const std::vector<Renglon>& lineas) {
   Centimos s = 0;
   for (const Renglon& l : lineas) s += l.valor();
@@ -51,8 +68,7 @@ CajaRegistradoraFull& Jornada::pantalla(Caja& c) {
   auto& v = pantallas_[c.numero - 1];
   if (!v || azar_.unoDe(3)) {
     v.emplace();
-    PrincipalDelDia menu(c.p());
-    PrepararOperacion(c.p(), c.ventana, menu);
+    delMenu(c);
     Inicio(c.p(), *v);
   }
   return *v;
@@ -76,7 +92,7 @@ std::vector<Renglon> Jornada::teclear(Caja& c, CajaRegistradoraFull& v, bool con
     };
     celda(kCod, QString::number(r.articulo));
     celda(kCant, QString::number(r.cantidad));
-    if (kConPrecios && azar_.unoDe(6)) {
+    if (azar_.unoDe(6)) {
       r.precio = azar_.entre(10, 400) * 10;
       celda(kPrecio, importe(r.precio));
     }
@@ -187,8 +203,7 @@ void Jornada::venta(Caja& c) {
 void Jornada::rapida(Caja& c) {
   CajaRegistradora v;
   PantallasDelDia otras(c.p());
-  PrincipalDelDia menu(c.p());
-  PrepararOperacion(c.p(), c.ventana, menu);
+  delMenu(c);
   AbrirRapida(c.p(), v);
   std::vector<Renglon> lineas;
   for (int n = azar_.entre(1, 4); n > 0; --n) {
@@ -230,15 +245,10 @@ void Jornada::orden(Caja& c) {
   Esperado e{doc, serieDe(c, doc), c.libro.siguienteNumero(doc), {}, {}, {}, 0};
   Paralela p;
   p.dinero = cobrar(c, v, total);
-  p.codigo = c.libro.siguienteCodigo(true);
-  p.tipo = 20;
-  p.doc = doc;
-  p.serie = e.serie;
-  p.numero = e.numero;
+  encabezar(c, e, 20, p);
   p.soles = total;
   p.dolares = enDolares(total, cambio());
   p.tarjeta = tarjeta.left(8);
-  p.turno = c.libro.turno;
   p.lineas = lineas;
   Fila f = filaBase(c, e, 1, doc, tarjeta);
   f.codigo = p.codigo;
@@ -262,16 +272,11 @@ void Jornada::adelanto(Caja& c) {
   const QString doc = voucher ? q("13") : q("12");
   Esperado e{doc, serieDe(c, doc), c.libro.siguienteNumero(doc), {}, {}, {}, 0};
   Paralela p;
-  p.codigo = c.libro.siguienteCodigo(true);
-  p.tipo = voucher ? 23 : 22;
-  p.doc = doc;
-  p.serie = e.serie;
-  p.numero = e.numero;
+  encabezar(c, e, voucher ? 23 : 22, p);
   p.moneda = dolares ? 2 : 1;
   p.soles = dolares ? monto * cambio() / 100 : monto;
   p.dolares = dolares ? monto : enDolares(monto, cambio());
   (dolares ? p.dinero.dolares : p.dinero.soles) = monto;
-  p.turno = c.libro.turno;
   e.paralela = p;
   if (voucher) {
     otras.pagos = {importe(monto)};
@@ -299,15 +304,10 @@ void Jornada::nota(Caja& c) {
   const QString doc = q("11");
   Esperado e{doc, serieDe(c, doc), c.libro.siguienteNumero(doc), {}, {}, {}, 0};
   Paralela p;
-  p.codigo = c.libro.siguienteCodigo(true);
-  p.tipo = 21;
-  p.doc = doc;
-  p.serie = e.serie;
-  p.numero = e.numero;
+  encabezar(c, e, 21, p);
   p.soles = suma(lineas);
   p.dolares = enDolares(p.soles, cambio());
   p.relacion = pade;
-  p.turno = c.libro.turno;
   p.lineas = lineas;
   e.paralela = p;
   emitir(c, q("N/C"), e, [&] { PulsarBoton(c.p(), v, otras, 2); });
@@ -342,14 +342,9 @@ void Jornada::liquidacion(Caja& c) {
   const QString doc = q("14");
   Esperado e{doc, serieDe(c, doc), c.libro.siguienteNumero(doc), {}, {}, liquidadas, 0};
   Paralela p;
-  p.codigo = c.libro.siguienteCodigo(true);
-  p.tipo = 24;
-  p.doc = doc;
-  p.serie = e.serie;
-  p.numero = e.numero;
+  encabezar(c, e, 24, p);
   p.soles = diferencia;
   p.dolares = enDolares(diferencia, cambio());
-  p.turno = c.libro.turno;
   Fila f = filaBase(c, e, conTarjeta ? 2 : 1, doc, {});
   f.codigo = p.codigo;
   f.serie = serieDe(c, q("02"));

@@ -10,10 +10,6 @@
 
 namespace jornada {
 
-// What the days leave out as yet: prices that the cashier types over, a till that is left on overnight, statements that
-// fail inside a closing.
-constexpr bool kConPrecios = false, kDeNoche = false, kCierreConFallas = false;
-
 // The program and the book disagree; the day ends there.
 struct Desacuerdo : std::runtime_error {
   using std::runtime_error::runtime_error;

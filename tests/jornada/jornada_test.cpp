@@ -9,6 +9,9 @@ namespace {
 void jugar(quint64 semilla, bool contar) {
   jornada::Jornada j(semilla);
   const QString fallo = j.correr();
+  std::printf("seed %llu: %s\n", static_cast<unsigned long long>(semilla),
+              fallo.isEmpty() ? "agrees" : "does not agree");
+  std::fflush(stdout);
   if (!contar && fallo.isEmpty()) return;
   std::printf("%s\n", qPrintable(j.diario.join(u'\n')));
   EXPECT_EQ("", fallo) << "seed " << semilla << ": TARVOPOS_SEMILLA=" << semilla << " plays this day again";
