@@ -3,7 +3,7 @@
 // document is a list of steps; kinds that differ share the steps that don't.
 #include <span>
 
-struct Puesto;
+#include "foundation/puesto.h"
 
 template <class Datos>
 struct Paso {
@@ -17,11 +17,14 @@ template <auto hacer, class Datos>
   return hacer(p, datos);
 }
 
-// Gives the name of the step that ended the commit, nullptr when all were done.
+// Gives the name of the step that ended the commit, nullptr when all were done. The day's log gets a line with
+// `commit` and that step: paper that lacks its rows is understood from there.
 template <class Datos>
-const char* EjecutarPasos(Puesto& p, Datos& datos, std::span<const Paso<Datos>> pasos) {
+const char* EjecutarPasos(Puesto& p, const QString& commit, Datos& datos, std::span<const Paso<Datos>> pasos) {
   for (const auto& paso : pasos) {
-    if (!paso.hacer(p, datos)) return paso.nombre;
+    if (paso.hacer(p, datos)) continue;
+    p.registro.RegistrarErrorLog(commit + QStringLiteral(" terminó en el paso ") + QString::fromLatin1(paso.nombre));
+    return paso.nombre;
   }
   return nullptr;
 }

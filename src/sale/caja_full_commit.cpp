@@ -203,7 +203,8 @@ bool GrabarVenta(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas) 
   for (const auto& commit : kCommits) {
     if (commit.clase != clase) continue;
     VentaFull venta(v, pantallas, clase);
-    return EjecutarPasos<VentaFull>(p, venta, commit.pasos) == nullptr;
+    const QString nombre = QStringLiteral("GrabarVenta ") + pantallaDe(v.nTipoVenta).entrada.toString();
+    return EjecutarPasos<VentaFull>(p, nombre, venta, commit.pasos) == nullptr;
   }
   return false;
 }

@@ -180,5 +180,5 @@ const Paso<VentaRapida> kPasos[] = {
 
 void GrabarVentaRapida(Puesto& p, CajaRegistradora& v, PantallasVenta& pantallas) {
   VentaRapida venta(v, pantallas);
-  EjecutarPasos<VentaRapida>(p, venta, kPasos);
+  EjecutarPasos<VentaRapida>(p, QStringLiteral("GrabarVentaRapida"), venta, kPasos);
 }

@@ -217,6 +217,6 @@ bool VerificarLiquidacionOC(Puesto& p, const QString& serie, const QString& nume
 
 void Anular(Puesto& p, PantallaTransaccion& v, PantallasAnulacion& pantallas) {
   Anulacion a{v, pantallas};
-  EjecutarPasos<Anulacion>(p, a, kPasos);
+  EjecutarPasos<Anulacion>(p, QStringLiteral("Anular"), a, kPasos);
   if (!a.dejaBoton) v.accion = false;
 }

@@ -2,6 +2,8 @@
 // card, which close a note without tying it to themselves.
 #include <gtest/gtest.h>
 
+#include <QFile>
+
 #include "apoyo/golden.h"
 #include "apoyo/plan_fallas.h"
 #include "documento/commit_paralelo.h"
@@ -100,7 +102,7 @@ struct Entrega {
   }
   QString emitir() {
     CommitEntrega c(v);
-    return QString::fromLatin1(EjecutarPasos<CommitEntrega>(p, c, kPasos));
+    return QString::fromLatin1(EjecutarPasos<CommitEntrega>(p, q("Entrega"), c, kPasos));
   }
   QString paralelas() {
     return p.filas(q("SELECT cOperCode, cOperTipo, cEstado, cOperCodeRela FROM OperacionParalela ORDER BY cOperCode"));
@@ -175,6 +177,9 @@ TEST(CommitParalelo, EachStatementHasItsTurn) {
     SCOPED_TRACE(n);
     if (ultimo.isEmpty()) continue;
     ++terminados;
+    QFile log(e.p.rutas.enPrograma(q("Err_20261124.log")));
+    EXPECT_TRUE(log.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(DeUnByte(log.readAll()).endsWith(q(" Entrega terminó en el paso ") + ultimo + q("\r\n")));
     EXPECT_EQ(q("32.50"), e.v.txtSoles);
     e.p.elReloj().ahora = e.p.elReloj().ahora.addSecs(60);
     EXPECT_EQ(QString(), e.emitir());
