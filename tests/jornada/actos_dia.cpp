@@ -217,6 +217,7 @@ void Jornada::servidores(Caja&) {
 void Jornada::latido(Caja& c) {
   const qint64 antes = puntos();
   const Suerte s = hacer(c, q("latido"), [&] { RevisarCliente(c.p()); });
+  colaCortada_ = colaCortada_ || !s.limpia();
   exigir(!s.limpia() || puntos() == antes, q("the queue lost or doubled points"));
 }
 
@@ -249,7 +250,8 @@ void Jornada::cerrar(Caja& c) {
       acto();
     };
     hacer(c, nombre, todo, false);
-    if (desdeElDetalle) sinDetalle = !c.persona.cajas.filter(q("no llegó a la base central")).isEmpty();
+    const auto dicho = [&](const char* que) { return !c.persona.cajas.filter(q(que)).isEmpty(); };
+    if (desdeElDetalle) sinDetalle = dicho("no llegó a la base central") || dicho("SELECT o.cCajaCodi, Format");
   };
   intentar(q("cierra"), averia);
   for (int n = 0; n < 4 && abiertas() != u"0"; ++n) {

@@ -114,7 +114,7 @@ void Jornada::asentar(Caja& c, const Esperado& e, const Suerte& s, qsizetype pap
     exigir(papel.count("TK NRO: ") == veces && (limpia ? veces == 1 : veces <= 1), q("tickets %1").arg(veces));
     exigir(veces == 0 || contador == e.numero, q("paper without its number"));
   }
-  if (!limpia) sinPuntos_.insert(q("%1-%2").arg(e.serie).arg(e.numero));
+  if (!limpia || clienteCaido_) sinPuntos_.insert(q("%1-%2").arg(e.serie).arg(e.numero));
   const qint64 ganados = puntos() - puntosAntes, debidos = e.puntuable / 1000;
   exigir(ganados == debidos || (!limpia && ganados == 0), q("points: expected %1, came %2").arg(debidos).arg(ganados));
 }
@@ -143,10 +143,12 @@ void Jornada::cotejar(Caja& c) {
   igual(q("a number with two documents"), QString(),
         c.valor(q("SELECT cDocSerie, cDocCodigo FROM Operacion WHERE cDocTipo IN ('01','02') "
                   "GROUP BY cDocSerie, cDocCodigo HAVING COUNT(DISTINCT cOperCode) > 1")));
-  igual(q("points earned twice"), QString(),
-        c.valor(q("SELECT cDocTipo, cDocSerie, cDocCodigo FROM Acumulacion_Punto WHERE cDocCodigo IS NOT NULL "
-                  "GROUP BY cDocTipo, cDocSerie, cDocCodigo HAVING COUNT(*) > 1"),
-                Caja::Base::Cliente));
+  if (!colaCortada_) {
+    igual(q("points earned twice"), QString(),
+          c.valor(q("SELECT cDocTipo, cDocSerie, cDocCodigo FROM Acumulacion_Punto WHERE cDocCodigo IS NOT NULL "
+                    "GROUP BY cDocTipo, cDocSerie, cDocCodigo HAVING COUNT(*) > 1"),
+                  Caja::Base::Cliente));
+  }
   if (c.enMarcha()) cotejarCuadre(c);
 }
 

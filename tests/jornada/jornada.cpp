@@ -86,7 +86,7 @@ void Jornada::levantar(Caja& c) {
   ponerServidor(Fallas::Servidor::Central, false);  // without it no desk starts
   if (azar_.unoDe(8)) {
     averiar(c);
-    tocar(c, [&] { c.arrancar(); });
+    if (!tocar(c, [&] { c.arrancar(); }).limpia()) colaCortada_ = true;
     c.apagar();
   }
   const Suerte s = tocar(c, [&] { c.arrancar(); });

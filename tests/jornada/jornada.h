@@ -101,7 +101,10 @@ class Jornada {
   Caja cajas_[2];
   std::optional<CajaRegistradoraFull> pantallas_[2];
   bool clienteCaido_ = false, centralCaida_ = false;
-  std::set<QString> sinPuntos_;  // documents that were cut off: whether their points came is anybody's guess
+  // Documents whose points a void may leave where they are: cut off, so that nobody knows whether they came, or sold
+  // without the card's site, since its database was away.
+  std::set<QString> sinPuntos_;
+  bool colaCortada_ = false;  // a sending was cut off: the row that it stood at may go once more
   int acto_ = 0;
 };
 
