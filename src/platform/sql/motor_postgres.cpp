@@ -253,3 +253,5 @@ std::optional<ErrorBD> MotorPostgres::iniciar() {
 
 std::optional<ErrorBD> MotorPostgres::confirmar() { return directa(QStringLiteral("COMMIT")); }
 std::optional<ErrorBD> MotorPostgres::deshacer() { return directa(QStringLiteral("ROLLBACK")); }
+
+std::optional<ErrorBD> MotorPostgres::crudo(const QString& guion, Recordset* rs) { return directa(guion, rs); }

@@ -20,6 +20,8 @@ class MotorPostgres final : public Motor {
   std::optional<ErrorBD> confirmar() override;
   std::optional<ErrorBD> deshacer() override;
   QString traducir(const QString& sql) override { return sql; }
+  // Past the dialect, in the server's own language: one statement, or a script of many, without a savepoint.
+  [[nodiscard]] std::optional<ErrorBD> crudo(const QString& guion, Recordset* rs = nullptr);
 
  private:
   explicit MotorPostgres(pg_conn* conexion) : conexion_(conexion) {}
