@@ -7,7 +7,7 @@
 #include <QWidget>
 
 #include "admin/argumentos.h"
-#include "admin/crear_puesto.h"
+#include "alta/crear_puesto.h"
 #include "admin/demo_papel.h"
 #include "admin/guion.h"
 #include "admin/guion_acciones.h"

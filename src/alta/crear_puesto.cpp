@@ -1,12 +1,12 @@
-#include "admin/crear_puesto.h"
+#include "alta/crear_puesto.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QRandomGenerator>
 
-#include "admin/crear_servidor.h"
-#include "admin/filas.h"
-#include "admin/tienda_demo.h"
+#include "alta/crear_servidor.h"
+#include "alta/filas.h"
+#include "alta/tienda_demo.h"
 #include "foundation/acceso.h"
 #include "foundation/clave.h"
 #include "platform/io/archivo.h"
