@@ -50,6 +50,9 @@ frmPrimerInicio::frmPrimerInicio(Puesto& p, std::function<void()> hecho, std::fu
   indicio(QStringLiteral("Sin servidores propios, deje «sqlite:»: las bases se crean en esta computadora"));
   indicio(QStringLiteral("Carpeta de la caja: ") + p_.rutas.programa);
   enlaces_.mostrar();
+  // A wrapped sentence tells its height late, and the panels would be squeezed for it.
+  for (Panel* panel : findChildren<Panel*>()) panel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  resize(860, sizeHint().height());
   findChild<QWidget*>(QStringLiteral("txtCaja"))->setFocus();
 }
 
