@@ -1,5 +1,5 @@
 // What the book is held against.
-#include "admin/tienda_articulos.h"
+#include "alta/tienda_articulos.h"
 #include "admin/verificar.h"
 #include "cashday/cuadre.h"
 #include "jornada.h"
