@@ -43,6 +43,7 @@ ErrorBD errorPostgres(const pg_conn* conexion, const pg_result* resultado) {
   if (codigo.isEmpty() || codigo.startsWith("08") || codigo == "57P01") {
     return {kErrorGeneral, 0, QStringLiteral("Se perdió la conexión con el servidor: ") + palabras};
   }
+  if (codigo.startsWith("TV")) return {kErrorSentencia, codigo.mid(2).toInt(), palabras};  // of our own procedures
   for (const Palabras& p : kPalabras) {
     if (codigo.startsWith(p.codigo)) return {kErrorGeneral, 1, QString::fromUtf16(p.texto)};
   }

@@ -12,6 +12,8 @@ namespace {
 constexpr qint64 kReposo_ms = 10'000;  // a firewall may have forgotten a connection that was silent for longer
 constexpr int kEsquema = 0;            // nothing tells that another program has changed the tables, but its errors
 
+constexpr int kFaltanArgumentos = 201;
+
 constexpr unsigned kInt8 = 20, kTexto = 25, kFecha = 1114, kNumeric = 1700;
 
 ErrorBD perdidaEnTransaccion() {
@@ -157,6 +159,7 @@ std::optional<ErrorBD> MotorPostgres::correrSentencia(const QString& sql, Record
 void MotorPostgres::olvidarEsquema() {
   catalogo_->olvidar();
   formas_.vaciar();
+  rutinas_.clear();
   if (memoria_) memoria_->alDia(-1);
   cambiada_ = abierta_;
 }
@@ -266,9 +269,42 @@ void MotorPostgres::tomarAtras(bool primera) {
   canal_->recordar(codigo);
 }
 
+// A procedure, or a function that gives rows; the functions of the dialect are neither.
+std::optional<ErrorBD> MotorPostgres::buscarRutina(const QString& nombre, Rutina& rutina) {
+  const QString clave = nombre.toLower();
+  if (const auto r = rutinas_.constFind(clave); r != rutinas_.constEnd()) {
+    rutina = *r;
+    return {};
+  }
+  PasoPg paso{.texto = "SELECT prokind, pronargs FROM pg_proc WHERE pronamespace = to_regnamespace('dbo') AND "
+                       "proname = $1 AND (prokind = 'p' OR proretset)",
+              .tipos = {kTexto},
+              .valores = {clave.toUtf8()}};
+  std::vector<ResultadoPg> r;
+  if (auto e = canal_->pedir({paso}, r)) return e;
+  Recordset rs;
+  LlenarDe(r[0].get(), {}, 0, rs);
+  if (rs.Eof()) {
+    return ErrorBD{kErrorSentencia, 2812,
+                   QStringLiteral("No se encuentra el procedimiento almacenado '%1'.").arg(nombre)};
+  }
+  rutina = {rs[0].toString().at(0).toLatin1(), rs[1].toInt()};
+  rutinas_.insert(clave, rutina);
+  return {};
+}
+
 // The server finds the types of what is passed by those that the procedure takes.
 std::optional<ErrorBD> MotorPostgres::llamar(const Llamada& llamada, Recordset* rs) {
   if (llamada.error) return llamada.error;
+  Rutina rutina;
+  if (auto e = buscarRutina(llamada.nombre, rutina)) return e;
+  if (rutina.argumentos != llamada.argumentos.size()) {
+    return ErrorBD{kErrorSentencia, kFaltanArgumentos,
+                   QStringLiteral("El procedimiento %1 lleva %2 argumentos y recibió %3.")
+                       .arg(llamada.nombre.toLower())
+                       .arg(rutina.argumentos)
+                       .arg(llamada.argumentos.size())};
+  }
   PasoPg paso;
   QByteArrayList lugares;
   for (const QVariant& v : llamada.argumentos) {
@@ -279,16 +315,11 @@ std::optional<ErrorBD> MotorPostgres::llamar(const Llamada& llamada, Recordset* 
       return ErrorBD{kErrorSentencia, 1, QStringLiteral("La sentencia contiene un carácter nulo.")};
     }
   }
-  const QByteArray nombre = "dbo." + kPalabrasPostgres.citado(llamada.nombre).toUtf8();
-  paso.texto = "SELECT * FROM " + nombre + '(' + lugares.join(',') + ')';
+  paso.texto = (rutina.clase == 'p' ? "CALL dbo." : "SELECT * FROM dbo.") +
+               kPalabrasPostgres.citado(llamada.nombre).toUtf8() + '(' + lugares.join(',') + ')';
   std::vector<ResultadoPg> r;
-  if (auto e = pedir({paso}, r)) {
-    // Of a function that the procedure itself misses the words say another name.
-    if (canal_->codigo() != "42883" || !e->descripcion.contains(llamada.nombre.toLower())) return e;
-    return ErrorBD{kErrorSentencia, 2812,
-                   QStringLiteral("No se encuentra el procedimiento almacenado '%1'.").arg(llamada.nombre)};
-  }
-  if (rs) LlenarDe(r.back().get(), {}, 0, *rs);
+  if (auto e = pedir({paso}, r)) return e;
+  if (rs && rutina.clase == 'f') LlenarDe(r.back().get(), {}, 0, *rs);
   return {};
 }
 

@@ -48,6 +48,11 @@ class MotorPostgres final : public Motor {
   void tomarAtras(bool primera);
   std::shared_ptr<PreparadaPostgres> preparada(const SentenciaLeida& s, bool& vieja, std::optional<ErrorBD>& error);
   void olvidarEsquema();
+  struct Rutina {
+    char clase = 0;  // 'f' gives rows, 'p' gives none; 0 for none of that name
+    qsizetype argumentos = 0;
+  };
+  std::optional<ErrorBD> buscarRutina(const QString& nombre, Rutina& rutina);
 
   CadenaConexion cadena_;
   int espera_ms_;
@@ -57,6 +62,7 @@ class MotorPostgres final : public Motor {
   std::unique_ptr<Catalogo> catalogo_;
   std::shared_ptr<QByteArrayList> sobrantes_ = std::make_shared<QByteArrayList>();  // prepared, and no longer kept
   Formas<PreparadaPostgres> formas_{300};
+  QHash<QString, Rutina> rutinas_;  // procedures, by their names in lower case
   int preparadas_ = 0;
   bool porIniciar_ = false;  // a transaction that the server has not heard of yet
   bool abierta_ = false;     // one that it has
