@@ -13,6 +13,7 @@
 #include "platform/sql/crear_sqlite.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
+#include "postgres/base_postgres.h"
 #include "servidores.h"
 #include "store/codigos.h"
 #include "store/numeracion.h"
@@ -28,15 +29,29 @@ struct Ajuste {
   QString valor;
 };
 
+// What the settings say of a server; another kind than PostgreSQL bears no user in its name.
+CadenaConexion enAjustes(const QString& palabras, BaseServidor base) {
+  if (auto c = ServidorDePalabras(palabras, base)) {
+    c->servidor.prepend(QStringLiteral("postgres:"));
+    return *c;
+  }
+  CadenaConexion c;
+  c.servidor = palabras;
+  c.catalogo = base == BaseServidor::Central ? QStringLiteral("central") : QStringLiteral("cliente");
+  return c;
+}
+
 // Every setting, once: the file and the row of Configuracion are both made of this list.
 std::vector<Ajuste> ajustes(const DatosPuesto& d) {
   const QString serie = SerieInicial(TipoDocumento::Boleta, d.caja);
   const QString cero = QStringLiteral("0");
+  const CadenaConexion central = enAjustes(d.central, BaseServidor::Central);
+  const CadenaConexion cliente = enAjustes(d.cliente, BaseServidor::Cliente);
   return {
-      {"INICIO", "UserName", {}},
-      {"INICIO", "PassWord", {}},
-      {"INICIO", "DataBase", QStringLiteral("central")},
-      {"INICIO", "DataServer", d.central},
+      {"INICIO", "UserName", central.usuario},
+      {"INICIO", "PassWord", central.clave},
+      {"INICIO", "DataBase", central.catalogo},
+      {"INICIO", "DataServer", central.servidor},
       {"INICIO", "RutaBDCliente", {}},
       {"PARAMETROS", "Caja", d.caja},
       {"PARAMETROS", "Almacen", d.almacen},
@@ -55,10 +70,10 @@ std::vector<Ajuste> ajustes(const DatosPuesto& d) {
       {"PARAMETROS", "PRINTER", QStringLiteral("EPSON")},
       {"PARAMETROS", "PuertoPrinter", QStringLiteral("LPT1")},
       {"PARAMETROS", "nIGV", {}},
-      {"SQLServer", "ServidorSQL", d.cliente},
-      {"SQLServer", "UserSQL", {}},
-      {"SQLServer", "PwdUserSQL", {}},
-      {"SQLServer", "BaseDatosSQL", QStringLiteral("cliente")},
+      {"SQLServer", "ServidorSQL", cliente.servidor},
+      {"SQLServer", "UserSQL", cliente.usuario},
+      {"SQLServer", "PwdUserSQL", cliente.clave},
+      {"SQLServer", "BaseDatosSQL", cliente.catalogo},
       {"SQLServer", "IdionaSQLServer", QStringLiteral("ENGLISH")},
   };
 }
@@ -135,7 +150,8 @@ std::optional<QString> revisar(const DatosPuesto& d) {
     return QStringLiteral("El porcentaje de servicio es un número de 0 a 100.");
   }
   for (const QString& servidor : {d.central, d.cliente}) {
-    if (servidor.trimmed().isEmpty() || servidor.contains(u';') || servidor == u"sqlite:") {
+    const bool ilegible = servidor.startsWith(u"postgres:") && !ServidorDePalabras(servidor, BaseServidor::Central);
+    if (servidor.trimmed().isEmpty() || servidor.contains(u';') || servidor == u"sqlite:" || ilegible) {
       return QStringLiteral("El nombre de servidor «%1» no es válido.").arg(servidor);
     }
   }
@@ -196,11 +212,22 @@ class Obra {
   QStringList hechos_, carpetas_;  // the innermost folder first
 };
 
-std::optional<QString> servidorQueFalta(Obra& obra, const QString& servidor, const QString& carpeta,
-                                        const QStringList& sentencias) {
-  const auto archivo = ArchivoDeServidor(servidor, carpeta);
-  if (!archivo || QFileInfo::exists(*archivo)) return {};
-  return obra.base(*archivo, sentencias);
+std::optional<QString> servidorQueFalta(Obra& obra, const QString& servidor, BaseServidor base, const QString& carpeta,
+                                        const QStringList& filas, QStringList& hecho) {
+  if (const auto archivo = ArchivoDeServidor(servidor, carpeta)) {
+    if (QFileInfo::exists(*archivo)) return {};
+    return obra.base(*archivo, tablasDelServidor(base, LenguajeMotor::Sqlite) + filas);
+  }
+  const auto c = ServidorDePalabras(servidor, base);
+  if (!c) return {};
+  const ResultadoBase r = CrearBasePostgres(*c, base, filas);
+  if (r.fin == FinBase::Fallo) return r.palabras;
+  if (r.fin == FinBase::Hecha) {
+    hecho << QStringLiteral("Base de datos %1 creada en el servidor %2.").arg(c->catalogo, c->servidor);
+  } else if (r.fin == FinBase::Lejos) {
+    hecho << QStringLiteral("Aviso: no se pudo entrar en el servidor %1: %2").arg(c->servidor, r.palabras);
+  }
+  return {};
 }
 
 }  // namespace
@@ -220,7 +247,7 @@ QStringList AvisosDePuesto(const DatosPuesto& d) {
                   .arg(SerieInicial(TipoDocumento::Boleta, d.caja));
   }
   for (const QString& servidor : {d.central, d.cliente}) {
-    if (ArchivoDeServidor(servidor, d.carpeta)) continue;
+    if (ArchivoDeServidor(servidor, d.carpeta) || ServidorDePalabras(servidor, BaseServidor::Central)) continue;
     avisos << QStringLiteral("Aviso: el servidor %1 no se crea aquí; escriba su usuario y su clave en KEB.cfg y en la "
                              "tabla Configuracion.")
                   .arg(servidor);
@@ -228,18 +255,19 @@ QStringList AvisosDePuesto(const DatosPuesto& d) {
   return avisos;
 }
 
-std::optional<QString> CrearPuesto(const DatosPuesto& d) {
+std::optional<QString> CrearPuesto(const DatosPuesto& d, QStringList* hecho) {
   if (auto error = revisar(d)) return error;
+  QStringList propio;
+  QStringList& dicho = hecho ? *hecho : propio;
   Obra obra;
   if (auto error = obra.carpeta(d.carpeta)) return error;
-  QStringList central = tablasDelCentral() + FilasDelCentral(d.almacen);
-  QStringList cliente = tablasDelCliente() + FilasDelCliente();
+  QStringList central = FilasDelCentral(d.almacen), cliente = FilasDelCliente();
   if (d.demo) {
     central += TiendaDelCentral(d.ahora);
     cliente += TiendaDelCliente(d.ahora);
   }
-  if (auto error = servidorQueFalta(obra, d.central, d.carpeta, central)) return error;
-  if (auto error = servidorQueFalta(obra, d.cliente, d.carpeta, cliente)) return error;
+  if (auto e = servidorQueFalta(obra, d.central, BaseServidor::Central, d.carpeta, central, dicho)) return e;
+  if (auto e = servidorQueFalta(obra, d.cliente, BaseServidor::Cliente, d.carpeta, cliente, dicho)) return e;
   const QDir carpeta(d.carpeta);
   if (auto error = obra.archivo(carpeta.filePath(kAjustes), textoDeAjustes(d))) return error;
   // The store comes last: a folder that holds it holds all the rest.

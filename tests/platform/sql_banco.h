@@ -35,6 +35,11 @@ class Banco {
     const auto e = cnn.abrir(*motores, cadena, 1000);
     EXPECT_FALSE(e) << e.value_or(ErrorBD{}).descripcion.toStdString();
   }
+  // On a database that is there already.
+  explicit Banco(const QString& cadena) : motores(motoresDelSistema(carpeta.path())), cadena(cadena) {
+    const auto e = cnn.abrir(*motores, cadena, 20000);
+    EXPECT_FALSE(e) << e.value_or(ErrorBD{}).descripcion.toStdString();
+  }
   QString archivo() const { return carpeta.filePath(QStringLiteral("prueba.db")); }
 
   // The answer of a statement, or "error: " and its words.
