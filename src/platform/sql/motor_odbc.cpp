@@ -88,7 +88,7 @@ std::optional<ErrorBD> MotorOdbc::lista() {
   return r.perdida ? conectar() : std::nullopt;
 }
 
-// What was lost before the server could have seen it, and a question that changes nothing, goes to the new connection; a
+// What was lost before the server could have seen it, and a question that changes nothing, goes to the new connection. A
 // change whose answer is missing is not made twice.
 std::optional<ErrorBD> MotorOdbc::correr(const QString& sql, RespuestaOdbc& r) {
   if (const auto e = lista()) return e;

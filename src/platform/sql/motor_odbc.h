@@ -8,7 +8,7 @@
 class HiloOdbc;
 struct RespuestaOdbc;
 
-// The words by which a driver of this machine opens that server: a Data Source of `dsn` (the system's list) by its name,
+// The words by which a driver of this machine opens that server: a source of `dsn` (the system's list) by its name,
 // "Driver=X,Server=Y,..." as it stands, any other ("HOST[\INSTANCE][,PORT]") through FreeTDS. User, password and
 // database are added where they are missing. ";" in a value stands in braces.
 QString cadenaOdbc(const CadenaConexion& cadena, const QStringList& dsn);
