@@ -46,6 +46,23 @@ TEST(Procedimientos, AnswerAsTheirServerDoes) {
   EXPECT_EQ(8u, escenas().size());
 }
 
+// The screens find columns by name and place.
+TEST(Procedimientos, NameTheirColumnsAlike) {
+  OpcionesMotores opciones;
+  opciones.procedimientos = procedimientosDeServidores();
+  Banco embebido(false, tablasDelCentral(), opciones);
+  Banco postgres(cadenaDe(ServidorPrueba::uno().base(BaseServidor::Central)));
+  for (const char* llamada :
+       {"usp_sel_ListadoDocumentosPendientesPago '01'", "usp_sel_ListadoDocumentosPendientesNC '01'",
+        "usp_sel_CtaCtexCliente 1, 1", "usp_Log_Saldos '20261124', '20261124', '*', '', 0, 0, '01'",
+        "dbo.spr_insertar_cabecera_z1 '1', -2", "spr_agrupar_z1 1"}) {
+    Recordset a, b;
+    EXPECT_FALSE(embebido.cnn.consultar(Sql::crudo(u8(llamada)), a));
+    EXPECT_FALSE(postgres.cnn.consultar(Sql::crudo(u8(llamada)), b));
+    EXPECT_EQ(a.campos().join(u'|').toStdString(), b.campos().join(u'|').toStdString()) << llamada;
+  }
+}
+
 TEST(Procedimientos, AnswerTheSameOnPostgres) {
   for (const Escena& e : escenas()) {
     SCOPED_TRACE(qPrintable(e.nombre));

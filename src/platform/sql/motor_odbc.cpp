@@ -88,8 +88,8 @@ std::optional<ErrorBD> MotorOdbc::lista() {
   return r.perdida ? conectar() : std::nullopt;
 }
 
-// What was lost before the server could have seen it, and a question that changes nothing, goes to the new connection. A
-// change whose answer is missing is not made twice.
+// What was lost before the server could have seen it, and a question that changes nothing, go to the new connection; no
+// change whose answer is missing is made twice.
 std::optional<ErrorBD> MotorOdbc::correr(const QString& sql, RespuestaOdbc& r) {
   if (const auto e = lista()) return e;
   r = hilo_->correr(sql, espera_ms_, interrumpir_);
