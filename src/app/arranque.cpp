@@ -100,7 +100,10 @@ void ponerServidoresAlDia(Puesto& p) {
       ponerAlDia(p, servidor, QDir(p.rutas.programa).filePath(c.archivo),
                  pasosDelServidor(base, LenguajeMotor::Sqlite));
     } else if (const QString falta = RevisarBasePostgres(servidor, base); !falta.isEmpty()) {
-      parar(p, falta);
+      TerminarArranque(p,
+                       QStringLiteral("La base de datos del servidor no es la que este programa necesita. Quien lo "
+                                      "instaló la pone al día con «tarvopos-admin actualizar»."),
+                       falta);
     }
   }
   p.ses.actosPorMirar = {true, true};
