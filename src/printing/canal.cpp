@@ -105,8 +105,8 @@ std::optional<QString> enviarTexto(Puesto& p, const QString& texto, int selector
   const QString todo = envio.comienzo() + enLinea(texto) + avanceYCorte();
   if (const auto e = EscribirBytes(archivo, envio.bytes(todo))) return noSePudoEscribir(archivo, *e);
   p.registro.RegistrarImpresion(envio.rastro(p) + QStringLiteral("kPAR_IMPRESORA_ALTERNA:") +
-                               p.ses.kPAR_IMPRESORA_ALTERNA + QStringLiteral(";NameArchivo:") + archivo +
-                               QStringLiteral(";"));
+                                p.ses.kPAR_IMPRESORA_ALTERNA + QStringLiteral(";NameArchivo:") + archivo +
+                                QStringLiteral(";"));
   return envio.enviar(p);
 }
 
