@@ -121,7 +121,7 @@ SQL
 entrar() {
   abrir
   ventana '^Nombre y Password de Usuario$'
-  escribir SUPERVISOR; teclas Tab; escribir secreta; teclas Return
+  teclas alt+u; escribir SUPERVISOR; teclas alt+p; escribir secreta; teclas Return
 }
 
 paso "Abre la caja y vende un ticket"
