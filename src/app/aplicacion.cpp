@@ -13,6 +13,7 @@
 #include "platform/io/cerrojo.h"
 #include "platform/ui/ciclo_ventanas.h"
 #include "platform/ui/tema.h"
+#include "sync/frm_updt.h"
 
 namespace {
 
@@ -47,8 +48,7 @@ struct Aplicacion::Interno {
 void Aplicacion::Interno::iniciar() {
   try {
     exigirUnicaCopia();
-    // The synchronisation comes with its room.
-    Arrancar(puesto, {EnviarPendientesCliente, {}});
+    Arrancar(puesto, {EnviarPendientesCliente, [](Puesto& p) { SincronizarEnPantalla(p, nullptr); }});
     login();
   } catch (const std::exception& e) {
     puesto.mensajes.mostrar(QString::fromUtf8(e.what()));

@@ -138,6 +138,7 @@ void Arrancar(Puesto& p, const PasosArranque& pasos) {
   mirarCierre(p);
   RepararNumeracion(p);
   RepararNumeracionParalela(p);
+  RepararCodigos(p);
   leerImpresorasYTurno(p);
   p.ses.psIdZ1.clear();
   p.ses.pbSincronizaMaestros = true;

@@ -22,6 +22,7 @@
 #include "sale/frm_pago_efectivo.h"
 #include "sale/frm_retiro.h"
 #include "sale/frm_supervisor.h"
+#include "sync/frm_updt.h"
 #include "voiding/frm_anula_transaccion.h"
 #include "voiding/frm_reimpresion.h"
 
@@ -85,6 +86,7 @@ void Pantallas::mantenimiento(PantallaMantenimiento cual) {
     case PantallaMantenimiento::Usuarios: frmUsuarioLista(p_, padre()).exec(); return;
     case PantallaMantenimiento::Parametros: frmParametros(p_, padre()).exec(); return;
     case PantallaMantenimiento::TiposTarjeta: FrmTablas(p_, padre()).exec(); return;
+    case PantallaMantenimiento::DepurarTablas: noDisponible(QStringLiteral("Depurar Tablas")); return;
   }
 }
 
@@ -103,8 +105,10 @@ void Pantallas::cuadreDeCaja(Principal& v, ModoCuadre modo) {
   f.exec();
 }
 
-// The room of the synchronisation is still to come.
-bool Pantallas::sincronizar(bool) { return false; }
+// The two days run the same steps: what is pending goes, whatever day it is of.
+void Pantallas::sincronizar(bool) { SincronizarEnPantalla(p_, padre()); }
+
+void Pantallas::sincronizarFecha() { noDisponible(QStringLiteral("Sincronizar")); }
 
 std::optional<QString> Pantallas::autorizar(const QString& acto) { return mostrarAutorizacion(p_, padre(), acto); }
 

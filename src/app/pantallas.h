@@ -26,7 +26,8 @@ class Pantallas final : public PantallasPrincipal,
   void tipoCambioDetalle(int modo) override;
   void mantenimiento(PantallaMantenimiento cual) override;
   void cuadreDeCaja(Principal& v, ModoCuadre modo) override;
-  bool sincronizar(bool diaAnterior) override;
+  void sincronizar(bool diaAnterior) override;
+  void sincronizarFecha() override;
   void rearrancar() override { alRearrancar_(); }
   std::optional<QString> autorizar(const QString& acto) override;
   std::optional<CobroTarjetas> voucher(const PedidoVoucher& pedido) override;

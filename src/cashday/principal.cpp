@@ -108,13 +108,13 @@ void SincronizarDatos(Puesto& p, PantallasPrincipal& pantallas, bool diaAnterior
         p.mensajes.preguntar(QStringLiteral("¿Desea Sincronizar también las tablas maestras?"), titulo);
   }
   p.ses.pbSincronizaCierre = false;
-  const bool hay = pantallas.sincronizar(diaAnterior);
+  pantallas.sincronizar(diaAnterior);
   p.ses.pbSincronizaMaestros = true;
-  if (!hay) pantallas.noDisponible(QStringLiteral("Sincronizar Datos"));
 }
 
 void RevisarCliente(Puesto& p) {
   const QDateTime ahora = p.reloj.now();
+  if (p.ses.sincronizando) return;
   const auto& ultima = p.ses.pdUltimaSincronizacion;
   if (ultima.isValid() && ultima.secsTo(ahora) < kSegundosEntreRevisiones) return;
   p.ses.pdUltimaSincronizacion = ahora;

@@ -32,6 +32,7 @@ struct Sesion {
   QDateTime pdUltimaSincronizacion;
   QString psIdZ1;
   bool pbSincronizaMaestros = false, pbSincronizaCierre = false;
+  bool sincronizando = false;  // a synchronisation lets events run: no timer may touch the databases
 
   // Documents and series
   QString psOpeB, psOpeF, psNC, psOC, psPADE, psPADV, psLIQ;
