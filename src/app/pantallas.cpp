@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "app/arranque.h"
 #include "backoffice/frm_configura_boton_producto.h"
 #include "backoffice/frm_parametros.h"
 #include "backoffice/frm_producto_lista.h"
@@ -13,6 +14,7 @@
 #include "cashday/principal.h"
 #include "cashday/tipo_cambio.h"
 #include "foundation/puesto.h"
+#include "loyalty/pendientes.h"
 #include "printing/frm_cabecera_impresion_lista.h"
 #include "printing/frm_configura_impresora.h"
 #include "sale/frm_busqueda_articulos.h"
@@ -34,6 +36,10 @@ QWidget* padre() {
 }
 
 }  // namespace
+
+PasosArranque PasosDelPrograma() {
+  return {EnviarPendientesCliente, [](Puesto& p) { SincronizarEnPantalla(p, padre()); }};
+}
 
 void Pantallas::abrirRapida() { vender(Registradora::Rapida); }
 
@@ -109,6 +115,15 @@ void Pantallas::cuadreDeCaja(Principal& v, ModoCuadre modo) {
 void Pantallas::sincronizar(bool) { SincronizarEnPantalla(p_, padre()); }
 
 void Pantallas::sincronizarFecha() { noDisponible(QStringLiteral("Sincronizar")); }
+
+void Pantallas::contactarCentral() {
+  if (p_.ses.bSinCentral && !QApplication::activeModalWidget()) (void)ContactarCentral(p_, PasosDelPrograma());
+}
+
+void Pantallas::respaldar(MotivoRespaldo motivo) {
+  const CursorEspera espera;
+  RespaldarSesion(p_, motivo);
+}
 
 std::optional<QString> Pantallas::autorizar(const QString& acto) { return mostrarAutorizacion(p_, padre(), acto); }
 

@@ -29,6 +29,8 @@ class Pantallas final : public PantallasPrincipal,
   void sincronizar(bool diaAnterior) override;
   void sincronizarFecha() override;
   void rearrancar() override { alRearrancar_(); }
+  void contactarCentral() override;
+  void respaldar(MotivoRespaldo motivo) override;
   std::optional<QString> autorizar(const QString& acto) override;
   std::optional<CobroTarjetas> voucher(const PedidoVoucher& pedido) override;
   std::optional<EfectivoDocumento> pagoEfectivo(double total) override;

@@ -139,6 +139,7 @@ bool BlanqueaTransacciones(Puesto& p, PantallasPrincipal& pantallas) {
   if (const auto error = EjecutarJuntas(p.poCnnLocal, fin)) return fallaBlanqueo(p, error->descripcion);
   p.ses.psTurno.clear();
   sincronizarCierre(p, pantallas);
+  pantallas.respaldar(MotivoRespaldo::Cierre);
   p.mensajes.mostrar(QStringLiteral("Se han cerrado todas las operaciones."));
   return true;
 }

@@ -4,6 +4,7 @@
 #include "cashday/pantallas_principal.h"
 #include "cashday/tipo_cambio.h"
 #include "foundation/acceso.h"
+#include "foundation/disco.h"
 #include "foundation/estado_linea.h"
 #include "foundation/puesto.h"
 #include "loyalty/cliente_bd.h"
@@ -112,9 +113,15 @@ void SincronizarDatos(Puesto& p, PantallasPrincipal& pantallas, bool diaAnterior
   p.ses.pbSincronizaMaestros = true;
 }
 
+void RevisarEntreActos(Puesto& p, PantallasPrincipal& pantallas) {
+  if (p.ses.sincronizando) return;
+  RevisarCliente(p);
+  RevisarDisco(p);
+  pantallas.contactarCentral();
+}
+
 void RevisarCliente(Puesto& p) {
   const QDateTime ahora = p.reloj.now();
-  if (p.ses.sincronizando) return;
   const auto& ultima = p.ses.pdUltimaSincronizacion;
   if (ultima.isValid() && ultima.secsTo(ahora) < kSegundosEntreRevisiones) return;
   p.ses.pdUltimaSincronizacion = ahora;
