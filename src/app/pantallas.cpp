@@ -24,6 +24,7 @@
 #include "sale/frm_pago_efectivo.h"
 #include "sale/frm_retiro.h"
 #include "sale/frm_supervisor.h"
+#include "sync/frm_depurar_tablas.h"
 #include "sync/frm_updt.h"
 #include "voiding/frm_anula_transaccion.h"
 #include "voiding/frm_reimpresion.h"
@@ -92,7 +93,7 @@ void Pantallas::mantenimiento(PantallaMantenimiento cual) {
     case PantallaMantenimiento::Usuarios: frmUsuarioLista(p_, padre()).exec(); return;
     case PantallaMantenimiento::Parametros: frmParametros(p_, padre()).exec(); return;
     case PantallaMantenimiento::TiposTarjeta: FrmTablas(p_, padre()).exec(); return;
-    case PantallaMantenimiento::DepurarTablas: noDisponible(QStringLiteral("Depurar Tablas")); return;
+    case PantallaMantenimiento::DepurarTablas: depurarTablas(); return;
   }
 }
 
@@ -114,7 +115,14 @@ void Pantallas::cuadreDeCaja(Principal& v, ModoCuadre modo) {
 // The two days run the same steps: what is pending goes, whatever day it is of.
 void Pantallas::sincronizar(bool) { SincronizarEnPantalla(p_, padre()); }
 
-void Pantallas::sincronizarFecha() { noDisponible(QStringLiteral("Sincronizar")); }
+void Pantallas::sincronizarFecha() { ReprocesarEnPantalla(p_, padre()); }
+
+void Pantallas::depurarTablas() {
+  frmDepurarTablas f(
+      p_, [this] { return autorizar(QStringLiteral("Depurar Tablas")).has_value(); }, padre());
+  f.exec();
+  if (f.porSincronizar()) sincronizar(false);
+}
 
 void Pantallas::contactarCentral() {
   if (p_.ses.bSinCentral && !QApplication::activeModalWidget()) (void)ContactarCentral(p_, PasosDelPrograma());

@@ -45,6 +45,7 @@ class Pantallas final : public PantallasPrincipal,
   void noDisponible(const QString& pantalla) override;
 
  private:
+  void depurarTablas();
   enum class Registradora { Rapida, Full };
   // Opens a register and, when it hands over, the other one, until one of them just closes.
   void vender(Registradora cual);

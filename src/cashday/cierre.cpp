@@ -8,6 +8,7 @@
 #include "foundation/transaccion.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
+#include "sync/comparar.h"
 #include "sync/detalle_enviado.h"
 
 namespace {
@@ -121,6 +122,7 @@ void sincronizarCierre(Puesto& p, PantallasPrincipal& pantallas) {
   pantallas.sincronizar(false);
   p.ses.pbSincronizaMaestros = true;
   p.ses.pbSincronizaCierre = false;
+  CompararUltimoCierre(p);
 }
 
 }  // namespace

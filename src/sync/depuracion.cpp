@@ -92,20 +92,27 @@ Sql salvoLaUltima(LiteralSql tabla, const std::vector<Sql>& tipos) {
 
 std::vector<Sql> olvidar() {
   constexpr LiteralSql viejas = u" WHERE DOPERFECH <  dateadd( 'm', -3, date())"_sql;
-  std::vector<Sql> tipos;
-  for (const TipoDocumento t : kTiposDocumento) {
-    if (!EsFiscal(t)) tipos.push_back(Codigos({t}));
-  }
-  const Sql paralelas = viejas + salvoLaUltima(u"OPERACIONPARALELA_HISTORICO"_sql, tipos);
+  const Sql paralelas = viejas + SalvoLaUltimaParalela(u"OPERACIONPARALELA_HISTORICO"_sql);
   return {u"DELETE FROM OPERACIONPARALELAPRODUCTOHIST WHERE cOpercode in (SELECT copercode FROM "
           "OPERACIONPARALELA_HISTORICO"_sql +
               paralelas + u")"_sql,
           u"DELETE FROM OPERACIONPARALELA_HISTORICO"_sql + paralelas,
-          u"DELETE FROM OPERACION_HISTORICO"_sql + viejas +
-              salvoLaUltima(u"OPERACION_HISTORICO"_sql, {Codigos({TipoDocumento::Factura, TipoDocumento::Boleta})})};
+          u"DELETE FROM OPERACION_HISTORICO"_sql + viejas + SalvoLaUltimaOperacion(u"OPERACION_HISTORICO"_sql)};
 }
 
 }  // namespace
+
+Sql SalvoLaUltimaOperacion(LiteralSql tabla) {
+  return salvoLaUltima(tabla, {Codigos({TipoDocumento::Factura, TipoDocumento::Boleta})});
+}
+
+Sql SalvoLaUltimaParalela(LiteralSql tabla) {
+  std::vector<Sql> tipos;
+  for (const TipoDocumento t : kTiposDocumento) {
+    if (!EsFiscal(t)) tipos.push_back(Codigos({t}));
+  }
+  return salvoLaUltima(tabla, tipos);
+}
 
 bool DepurarHistoria(Puesto& p, FrmUpdt& pantalla) {
   pantalla.InsertaLinea(QStringLiteral("Depurando transacciones Historicas"));

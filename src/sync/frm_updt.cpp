@@ -9,6 +9,7 @@
 
 #include "foundation/puesto.h"
 #include "platform/ui/tema.h"
+#include "sync/reproceso.h"
 #include "sync/sincronizar.h"
 
 namespace {
@@ -97,10 +98,19 @@ void frmUpdt::pintar() {
 
 void frmUpdt::dejarPasarTeclas() { QApplication::processEvents(); }
 
-void SincronizarEnPantalla(Puesto& p, QWidget* padre) {
+namespace {
+
+template <class Acto>
+void enPantalla(Puesto& p, QWidget* padre, Acto acto) {
   FrmUpdt v(p);
   frmUpdt ventana(p, v, padre);
   const Sincronizando guardia(p);
   const CursorEspera espera;
-  Sincronizar(p, v);
+  acto(p, v);
 }
+
+}  // namespace
+
+void SincronizarEnPantalla(Puesto& p, QWidget* padre) { enPantalla(p, padre, Sincronizar); }
+
+void ReprocesarEnPantalla(Puesto& p, QWidget* padre) { enPantalla(p, padre, SincronizarFecha); }

@@ -35,3 +35,5 @@ class frmUpdt final : public Forma {
 
 // Runs the synchronisation on its screen, which is gone when it ends.
 void SincronizarEnPantalla(Puesto& p, QWidget* padre);
+// The same for the sending of one day again.
+void ReprocesarEnPantalla(Puesto& p, QWidget* padre);
