@@ -18,7 +18,7 @@ class Marcha {
   Marcha(FrmUpdt& pantalla, const Pasada& pasada) : pantalla_(pantalla), pasada_(pasada) {}
 
   FinPasada tomar(const Recordset& rs) {
-    const bool enLotes = pasada_.lote && rs.RecordCount() >= kFilasParaLote;
+    const bool enLotes = pasada_.lote && pantalla_.enLotes && rs.RecordCount() >= kFilasParaLote;
     Filas filas;
     for (const auto& f : rs) {
       filas.push_back(f);

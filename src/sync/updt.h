@@ -22,6 +22,8 @@ struct FrmUpdt {
   bool sePuedeDetener = false;
   qint64 lineas = 0, errores = 0;  // of the whole run; an error begins with "N"
 
+  bool enLotes = true;  // many rows go in batches; off, each goes alone, with the same result
+
   // Why the run came to a bad end, where no box has told it yet.
   QString porque;
 

@@ -20,8 +20,9 @@ struct Corrida {
   int barraMaxima = 0;
 };
 
-inline Corrida sincronizar(Puesto& p, bool maestros = false) {
+inline Corrida sincronizar(Puesto& p, bool maestros = false, bool enLotes = true) {
   FrmUpdt v(p);
+  v.enLotes = enLotes;
   Corrida c;
   v.alCambiar = [&] { c.barraMaxima = qMax(c.barraMaxima, v.prgBar); };
   p.ses.pbSincronizaMaestros = maestros;
