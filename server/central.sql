@@ -227,6 +227,11 @@ CREATE TABLE OperacionParalelaProducto (
   nServicio NUMERIC(18,6) DEFAULT 0,
   cSupervisor TEXT
 );
+-- What a desk has sent of some moments, and what was sent and is not yet among the movements.
+CREATE INDEX Operacion_caja_fecha ON Operacion (cCajaCodi, dOperFech);
+CREATE INDEX Operacion_caja_marca ON Operacion (cCajaCodi, cFlagSincronizacion);
+CREATE INDEX OperacionParalela_caja_fecha ON OperacionParalela (cCajaCodi, dOperFech);
+CREATE INDEX OperacionParalela_caja_marca ON OperacionParalela (cCajaCodi, cFlagSincronizacion);
 CREATE INDEX OperacionParalelaProducto_codigo ON OperacionParalelaProducto (cCajaCodi, cOperCode);
 CREATE TABLE CabeceraZ (
   IdZ INTEGER NOT NULL,

@@ -1,2 +1,7 @@
 -- Steps from each version of the central tables to the next, in the language of central.sql. A line "== N" begins the
 -- one that makes version N; version 1 is made by the program itself. Released steps never change.
+== 2
+CREATE INDEX Operacion_caja_fecha ON Operacion (cCajaCodi, dOperFech);
+CREATE INDEX Operacion_caja_marca ON Operacion (cCajaCodi, cFlagSincronizacion);
+CREATE INDEX OperacionParalela_caja_fecha ON OperacionParalela (cCajaCodi, dOperFech);
+CREATE INDEX OperacionParalela_caja_marca ON OperacionParalela (cCajaCodi, cFlagSincronizacion);

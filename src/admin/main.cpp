@@ -41,6 +41,9 @@ constexpr Orden kOrdenes[] = {
     {u"actualizar", u"DIR", u"pone al día las bases de un puesto hecho con un programa anterior; guarda antes una "
                              "copia",
      ordenActualizar},
+    {u"comparar", u"DIR [--desde dd/mm/aaaa] [--hasta dd/mm/aaaa]",
+     u"compara las operaciones cerradas de un puesto con las de la base central, serie por serie y día por día",
+     ordenComparar},
     {u"sql", u"--puesto DIR --base local|central|cliente [--traducir]",
      u"lee sentencias de la entrada, una por línea, y responde cada una con una línea JSON", ordenSql},
     {u"guion", u"ARCHIVO --puesto DIR [--salida DIR]",

@@ -17,6 +17,7 @@ int ordenAutoarranque(const QStringList& palabras);
 int ordenVerificar(const QStringList& palabras);
 int ordenActualizar(const QStringList& palabras);
 int ordenSql(const QStringList& palabras);
+int ordenComparar(const QStringList& palabras);
 
 // A line in UTF-8, with its line end, at once.
 void Decir(const QString& linea);

@@ -15,6 +15,7 @@
 #include "platform/io/cerrojo.h"
 #include "platform/ui/ciclo_ventanas.h"
 #include "platform/ui/tema.h"
+#include "sync/frm_updt.h"
 
 namespace {
 

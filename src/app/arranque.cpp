@@ -9,7 +9,6 @@
 #include "foundation/rutinas.h"
 #include "foundation/versiones.h"
 #include "loyalty/cliente_bd.h"
-#include "loyalty/pendientes.h"
 #include "platform/io/perfil.h"
 #include "platform/sql/cadena_conexion.h"
 #include "platform/text/numero.h"
@@ -140,7 +139,11 @@ bool leerIGV(Puesto& p) {
   return true;
 }
 
-bool repararNumeros(Puesto& p) { return RepararNumeracion(p) && RepararNumeracionParalela(p); }
+bool repararNumeros(Puesto& p) {
+  if (!RepararNumeracion(p) || !RepararNumeracionParalela(p)) return false;
+  RepararCodigos(p);
+  return true;
+}
 
 void sincronizar(Puesto& p, const PasosArranque& pasos) {
   p.ses.psIdZ1.clear();
@@ -188,9 +191,6 @@ void leerImpresorasYTurno(Puesto& p) {
 }
 
 }  // namespace
-
-// The synchronisation comes with its room.
-PasosArranque PasosDelPrograma() { return {EnviarPendientesCliente, {}}; }
 
 void Arrancar(Puesto& p, const PasosArranque& pasos) {
   const bool aceptado = p.ses.bSinCentral;  // a change of turn starts again and asks nothing twice

@@ -12,7 +12,7 @@ struct PasosArranque {
   std::function<void(Puesto&)> sincronizar;
 };
 
-// Those of this program.
+// Those of this program, with its screens.
 PasosArranque PasosDelPrograma();
 
 // Runs the steps on an empty session. Whatever stops the start has been shown and has ended the process, with a

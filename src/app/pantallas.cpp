@@ -14,6 +14,7 @@
 #include "cashday/principal.h"
 #include "cashday/tipo_cambio.h"
 #include "foundation/puesto.h"
+#include "loyalty/pendientes.h"
 #include "printing/frm_cabecera_impresion_lista.h"
 #include "printing/frm_configura_impresora.h"
 #include "sale/frm_busqueda_articulos.h"
@@ -23,6 +24,8 @@
 #include "sale/frm_pago_efectivo.h"
 #include "sale/frm_retiro.h"
 #include "sale/frm_supervisor.h"
+#include "sync/frm_depurar_tablas.h"
+#include "sync/frm_updt.h"
 #include "voiding/frm_anula_transaccion.h"
 #include "voiding/frm_reimpresion.h"
 
@@ -34,6 +37,10 @@ QWidget* padre() {
 }
 
 }  // namespace
+
+PasosArranque PasosDelPrograma() {
+  return {EnviarPendientesCliente, [](Puesto& p) { SincronizarEnPantalla(p, padre()); }};
+}
 
 void Pantallas::abrirRapida() { vender(Registradora::Rapida); }
 
@@ -86,6 +93,7 @@ void Pantallas::mantenimiento(PantallaMantenimiento cual) {
     case PantallaMantenimiento::Usuarios: frmUsuarioLista(p_, padre()).exec(); return;
     case PantallaMantenimiento::Parametros: frmParametros(p_, padre()).exec(); return;
     case PantallaMantenimiento::TiposTarjeta: FrmTablas(p_, padre()).exec(); return;
+    case PantallaMantenimiento::DepurarTablas: depurarTablas(); return;
   }
 }
 
@@ -104,8 +112,17 @@ void Pantallas::cuadreDeCaja(Principal& v, ModoCuadre modo) {
   f.exec();
 }
 
-// The room of the synchronisation is still to come.
-bool Pantallas::sincronizar(bool) { return false; }
+// The two days run the same steps: what is pending goes, whatever day it is of.
+void Pantallas::sincronizar(bool) { SincronizarEnPantalla(p_, padre()); }
+
+void Pantallas::sincronizarFecha() { ReprocesarEnPantalla(p_, padre()); }
+
+void Pantallas::depurarTablas() {
+  frmDepurarTablas f(
+      p_, [this] { return autorizar(QStringLiteral("Depurar Tablas")).has_value(); }, padre());
+  f.exec();
+  if (f.porSincronizar()) sincronizar(false);
+}
 
 void Pantallas::contactarCentral() {
   if (p_.ses.bSinCentral && !QApplication::activeModalWidget()) (void)ContactarCentral(p_, PasosDelPrograma());

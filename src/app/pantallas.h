@@ -26,7 +26,8 @@ class Pantallas final : public PantallasPrincipal,
   void tipoCambioDetalle(int modo) override;
   void mantenimiento(PantallaMantenimiento cual) override;
   void cuadreDeCaja(Principal& v, ModoCuadre modo) override;
-  bool sincronizar(bool diaAnterior) override;
+  void sincronizar(bool diaAnterior) override;
+  void sincronizarFecha() override;
   void rearrancar() override { alRearrancar_(); }
   void contactarCentral() override;
   void respaldar(MotivoRespaldo motivo) override;
@@ -44,6 +45,7 @@ class Pantallas final : public PantallasPrincipal,
   void noDisponible(const QString& pantalla) override;
 
  private:
+  void depurarTablas();
   enum class Registradora { Rapida, Full };
   // Opens a register and, when it hands over, the other one, until one of them just closes.
   void vender(Registradora cual);

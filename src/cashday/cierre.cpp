@@ -8,6 +8,8 @@
 #include "foundation/transaccion.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
+#include "sync/comparar.h"
+#include "sync/detalle_enviado.h"
 
 namespace {
 
@@ -46,12 +48,10 @@ enum class FinPaso {
   Detenido     // not done: a box has told why
 };
 
-// A report without figures in the store holds the closing: the day must not end without its counters. One that the
-// central database kept from being made doesn't.
+// A report without figures in the store holds the closing: the day must not end without its counters.
 FinPaso finDeReporte(Puesto& p, Principal& v, const ResultadoReporte& r, const QString& nombre) {
   v.bReporteImpreso = v.bReporteImpreso || r.impreso;
   if (r.hecho()) return FinPaso::Guardado;
-  if (r.fin == FinReporte::SinCentral) return FinPaso::PorGuardar;
   const QString porque = r.porque.isEmpty() ? QStringLiteral("No se pudo hacer el reporte ") + nombre + u'.'
                                             : QStringLiteral("No se pudieron guardar las cifras del reporte ") +
                                                   nombre + QStringLiteral(": ") + r.porque;
@@ -107,13 +107,9 @@ bool cerrarOperaciones(Puesto& p) {
                                u" UPDATE OPERACIONPARALELA SET cOperFlagAbierto = 0 WHERE cOperFlagAbierto = 1"_sql}) {
     if (const auto error = p.poCnnLocal.ejecutar(sql)) return fallaBlanqueo(p, error->descripcion);
   }
-  // There is no head to mark: this session never sent one.
-  if (p.ses.bSinCentral) return true;
-  // A connection that was left open may be dead by now. One that can't be opened tells so at the statement.
-  (void)p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral);
-  if (const auto error = p.poCnnCentral.ejecutar(
-          FormatearSQL(u" UPDATE TCABECERAZ1 SET nidEstado = 0 WHERE nidEstado = -1 AND cCajaCodi = '$'"_sql,
-                       {Texto(p.ses.psCaja)}))) {
+  // A connection that was left open may be dead by now. With the server away the next synchronisation marks it.
+  if (!p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral)) return true;
+  if (const auto error = AsentarCabecerasZ1(p)) {
     return fallaBlanqueo(
         p, QStringLiteral("No se pudo marcar el cierre en la base de datos central: ") + error->descripcion);
   }
@@ -126,6 +122,7 @@ void sincronizarCierre(Puesto& p, PantallasPrincipal& pantallas) {
   pantallas.sincronizar(false);
   p.ses.pbSincronizaMaestros = true;
   p.ses.pbSincronizaCierre = false;
+  CompararUltimoCierre(p);
 }
 
 }  // namespace

@@ -97,6 +97,7 @@ struct DatosReporte {
   std::optional<CifrasParalelas> paralelas;  // makes it an X-1 or Z1
   std::optional<BloqueZ> z;
   std::optional<Impuestos> impuestos;
+  bool sinCentral = false;  // made without the central database: what needs it is left out
 
   QString usuario, caja, turno, porcServ, correlativo;
 };

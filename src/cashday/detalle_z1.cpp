@@ -3,8 +3,11 @@
 #include "foundation/puesto.h"
 #include "foundation/transaccion.h"
 #include "store/codigos.h"
+#include "sync/detalle_enviado.h"
 
 namespace {
+
+constexpr int kCierreEnMarcha = -1;
 
 constexpr LiteralSql kDetalle =
     u" SELECT o.cCajaCodi, Format(o.dOperFech, 'dd/mm/yyyy') as dOperFech, o.cAlmaCode, o.cDocTipo "
@@ -62,5 +65,7 @@ bool EnviarDetalleZ1(Puesto& p, int estado) {
       EnTransaccion(p.poCnnCentral, [&] { return grabarDetalle(p.poCnnCentral, filas, p.ses.psCaja, estado, idZ1); });
   if (error) return avisar(p, error->descripcion);
   p.ses.psIdZ1 = idZ1;
+  // One that can't be noted is taken back by the last step, and goes with the rows.
+  if (estado == kCierreEnMarcha) (void)AnotarDetalleEnviado(p, idZ1);
   return true;
 }

@@ -92,7 +92,8 @@ void frmPrincipal::crearMantenimiento() {
       {"mnu_1", "-"},
       {"mnu_sincronizar", "Sincronizar Datos", nullptr, sincroniza(false)},
       {"mnulin", "-"},
-      {"mnuDepurarTablas", "Depurar Tablas"},
+      {"mnuDepurarTablas", "Depurar Tablas", nullptr,
+       [this] { pantallas_.mantenimiento(PantallaMantenimiento::DepurarTablas); }},
       {"mnuUsuarios", "&Usuarios", &usuarios_,
        [this] { ajustes(PantallaMantenimiento::Usuarios, QStringLiteral("Usuarios")); }},
       {"mnuConfigParam", "Configuración Parámetros", nullptr, [this] { configurarParametros(); }},
@@ -356,6 +357,7 @@ void frmPrincipal::boton(int n) {
     case kBotonSalir: p_.salida.terminar(0); return;
     case kBotonZFecha: reporteDeFecha(ReportesEspecialesFecha); return;
     case kBotonZ1Fecha: reporteDeFecha(ReportesEspeciales1Fecha); return;
+    case kBotonSincronizar: pantallas_.sincronizarFecha(); return;
     default: pantallas_.noDisponible(botones_[static_cast<size_t>(n)]->text());
   }
 }

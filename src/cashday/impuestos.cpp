@@ -16,9 +16,8 @@ constexpr LiteralSql kParalelo =
     "     AND o.cOperTipo + 0= {OC} and d.cProdCode <> 0      and  o.cOpercodeAnul=0 {p}{t}"_sql;
 
 // The IGV of this desk's billing documents; false when the central database can't tell, and the box has been shown.
-bool sumarCentral(Puesto& p, Impuestos& t) {
-  Conexion central;
-  if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return false;
+bool sumarCentral(Puesto& p, Conexion& central, Impuestos& t) {
+  if (!central.abierta()) return false;
   const QString serie = Derecha(Recortar(p.ses.psCaja), 2);
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
@@ -39,7 +38,7 @@ bool sumarCentral(Puesto& p, Impuestos& t) {
 
 }  // namespace
 
-std::optional<Impuestos> LeerImpuestos(Puesto& p, LectorReporte& l, NumeroImpresora impresora) {
+std::optional<Impuestos> LeerImpuestos(Puesto& p, LectorReporte& l, NumeroImpresora impresora, Conexion& central) {
   Impuestos t;
   const auto leer = [&](const char* tipo, double& igv) {
     const Recordset rs = l.filas(FormatearSQL(kDeDocumento, {Texto(QString::fromLatin1(tipo))}));
@@ -49,6 +48,6 @@ std::optional<Impuestos> LeerImpuestos(Puesto& p, LectorReporte& l, NumeroImpres
   leer("01", t.igvFactura);
   leer("02", t.igvBoleta);
   if (impresora == kImpresoraAlterna) t.servicioParalelo = l.numero(kParalelo);
-  if (!l.bien() || !sumarCentral(p, t)) return {};
+  if (!l.bien() || !sumarCentral(p, central, t)) return {};
   return t;
 }

@@ -4,6 +4,8 @@
 #include "cashday/lector.h"
 #include "printing/canal.h"
 
-// Nothing when the central database can't be asked: one box has told it and the section is left out. Nothing as well
-// when the store fails; look at l.bien().
-std::optional<Impuestos> LeerImpuestos(Puesto& p, LectorReporte& l, NumeroImpresora impresora);
+class Conexion;
+
+// Nothing without the central database, closed in `central`, or when its statement fails, which a box has told: the
+// section is left out. Nothing as well when the store fails; look at l.bien().
+std::optional<Impuestos> LeerImpuestos(Puesto& p, LectorReporte& l, NumeroImpresora impresora, Conexion& central);

@@ -12,7 +12,16 @@ struct Principal;
 enum ModoCuadre { kCuadreCierre = 1, kCuadreVista = 2 };
 
 // The maintenance screens without a method of their own, by the menu entries that open them.
-enum class PantallaMantenimiento { Productos, Teclado, Cabecera, Impresora, Usuarios, Parametros, TiposTarjeta };
+enum class PantallaMantenimiento {
+  Productos,
+  Teclado,
+  Cabecera,
+  Impresora,
+  Usuarios,
+  Parametros,
+  TiposTarjeta,
+  DepurarTablas
+};
 
 class PantallasPrincipal {
  public:
@@ -27,9 +36,10 @@ class PantallasPrincipal {
   // The cash count, which prints when v.bReporteImpreso says that the day's report went to print.
   virtual void cuadreDeCaja(Principal& v, ModoCuadre modo) = 0;
 
-  // The synchronisation by the session's two flags, of today or of the day before; it shows itself what it does. False
-  // when this version has none: nothing was done and nothing was said.
-  virtual bool sincronizar(bool diaAnterior) = 0;
+  // The synchronisation by the session's two flags, of today or of the day before; it shows itself what it does.
+  virtual void sincronizar(bool diaAnterior) = 0;
+  // Sends one day of this desk again, in the place of what the central database holds of it.
+  virtual void sincronizarFecha() = 0;
   // Ends this session and starts the program again from its first step, once the act under way has returned.
   virtual void rearrancar() = 0;
 

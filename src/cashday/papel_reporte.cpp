@@ -96,6 +96,14 @@ void pie(Informe& i, const DatosReporte& d) {
   i.linea(QStringLiteral("Correlativo: ") + d.correlativo);
 }
 
+// What the paper lacks, and why.
+void sinCentral(Informe& i, bool conParalelas) {
+  i.titulo(QStringLiteral("     SIN SERVIDOR CENTRAL      "));
+  i.linea(QStringLiteral("NO SE INCLUYE: IGV Y SERVICIOS"));
+  if (conParalelas) i.linea(QStringLiteral("               PAGOS ANULADOS EN CENTRAL"));
+  i.doble();
+}
+
 }  // namespace
 
 QStringList LineasTicket(const BloqueZ::Ticket& t) {
@@ -120,6 +128,7 @@ BloquesInforme PapelDeReporte(const DatosReporte& d) {
   }
   if (d.z) bloqueZ(i, d);
   if (d.impuestos) ImprimirImpuestos(i, *d.impuestos, d.porcServ);
+  if (d.sinCentral) sinCentral(i, d.paralelas.has_value());
   pie(i, d);
   return i.bloques();
 }

@@ -109,12 +109,12 @@ void SincronizarDatos(Puesto& p, PantallasPrincipal& pantallas, bool diaAnterior
         p.mensajes.preguntar(QStringLiteral("¿Desea Sincronizar también las tablas maestras?"), titulo);
   }
   p.ses.pbSincronizaCierre = false;
-  const bool hay = pantallas.sincronizar(diaAnterior);
+  pantallas.sincronizar(diaAnterior);
   p.ses.pbSincronizaMaestros = true;
-  if (!hay) pantallas.noDisponible(QStringLiteral("Sincronizar Datos"));
 }
 
 void RevisarEntreActos(Puesto& p, PantallasPrincipal& pantallas) {
+  if (p.ses.sincronizando) return;
   RevisarCliente(p);
   RevisarDisco(p);
   pantallas.contactarCentral();

@@ -89,7 +89,7 @@ bool leerTodo(Trabajo& t, const Periodo& periodo, Conexion& central) {
   t.d.cabecera = p.ses.psCabeceraImpresion;
   if (t.esZ()) t.d.z = LeerBloqueZ(l, t.hoja.impresora);
   if (!l.bien()) return false;
-  t.d.impuestos = LeerImpuestos(p, l, t.hoja.impresora);
+  t.d.impuestos = LeerImpuestos(p, l, t.hoja.impresora, central);
   if (!l.bien()) return false;
   if (t.esZ()) leerCodigo(t, l);
   if (!l.bien()) return false;
@@ -130,18 +130,11 @@ FinReporte intentar(Trabajo& t) {
   t.d.porcServ = p.ses.psPorcServ;
   Conexion central;
   Periodo periodo;
-  if (t.fecha) {
-    periodo = PeriodoDeFecha(*t.fecha);
-    if (t.hoja.alterna()) (void)p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral);
-  } else {
-    if (!marcar(t)) return FinReporte::Fallo;
-    // Without the central database there is no report of the day; asked first, so that no half of it is printed. A
-    // session that began without it reports what the store knows.
-    if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, !p.ses.bSinCentral) && !p.ses.bSinCentral) {
-      return FinReporte::SinCentral;
-    }
-    if (!LeerPeriodo(p, periodo)) return FinReporte::Fallo;
-  }
+  if (!t.fecha && !marcar(t)) return FinReporte::Fallo;
+  // Without it the sections that need it are left out, and the paper says so.
+  t.d.sinCentral = !p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral);
+  if (t.fecha) periodo = PeriodoDeFecha(*t.fecha);
+  else if (!LeerPeriodo(p, periodo)) return FinReporte::Fallo;
   if (!leerTodo(t, periodo, central)) return FinReporte::Fallo;
   imprimirTrabajo(t);
   return t.fecha || cerrar(t) ? FinReporte::Hecho : FinReporte::Fallo;

@@ -20,10 +20,9 @@ inline PedidoReporte PedidoZ(int iCierreCaja) {
 }
 
 enum class FinReporte {
-  Hecho,       // the text went its way to the printer and all rows are written
-  SinFecha,    // the date was cancelled or is none
-  SinCentral,  // the central database is out of reach
-  Fallo        // the store failed at each attempt
+  Hecho,     // the text went its way to the printer and all rows are written
+  SinFecha,  // the date was cancelled or is none
+  Fallo      // the store failed at each attempt
 };
 
 // How a report ended. Whatever the end, its boxes have been shown.

@@ -35,6 +35,7 @@ struct Sesion {
   QDateTime pdUltimaSincronizacion;
   QString psIdZ1;
   bool pbSincronizaMaestros = false, pbSincronizaCierre = false;
+  bool sincronizando = false;  // a synchronisation lets events run: no timer may touch the databases
 
   // For the status line, "" when all is well
   QString avisoDisco, avisoRespaldo;

@@ -32,16 +32,20 @@ bool LeerTipoCliente(Puesto& p, Conexion& cnn, const QString& cliente, int idLoc
 
 bool SiguienteAcumulacion(Puesto& p, Conexion& cnn, const QString& cliente, int idLocal, qint64& codigo) {
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(
-          cnn,
-          FormatearSQL(
-              u"SELECT MAX(cAcumCode) AS Codigo FROM Acumulacion_Punto WHERE cClieCode = $ AND IdLocal= $ "_sql,
-              {Cifras(cliente), idLocal}),
-          rs)) {
-    return false;
-  }
+  if (!p.poDBAdmin.EjecutarConsulta(cnn, UltimaAcumulacion(cliente, idLocal), rs)) return false;
   codigo = AEntero(Numero(rs[u"Codigo"])) + 1;
   return true;
+}
+
+Sql UltimaAcumulacion(const QString& cliente, int idLocal) {
+  return FormatearSQL(
+      u"SELECT MAX(cAcumCode) AS Codigo FROM Acumulacion_Punto WHERE cClieCode = $ AND IdLocal= $ "_sql,
+      {Cifras(cliente), idLocal});
+}
+
+Sql DelDocumento(const ClavePuntos& d) {
+  return FormatearSQL(u" where cDocTipo='$' and cDocSerie='$' and cDocCodigo=$"_sql,
+                      {Texto(d.tipo), Texto(d.serie), d.numero});
 }
 
 Sql FilaAcumulacion(const Acumulacion& a, const Sql& fecha, bool enCola) {

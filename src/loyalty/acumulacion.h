@@ -45,6 +45,12 @@ constexpr int kSinCliente = -2;
 // The number that the next row of the customer takes. False when the query fails, and then the box has been shown.
 [[nodiscard]] bool SiguienteAcumulacion(Puesto& p, Conexion& cnn, const QString& cliente, int idLocal, qint64& codigo);
 
+// The question whose field Codigo is the highest number of the customer's rows.
+Sql UltimaAcumulacion(const QString& cliente, int idLocal);
+
+// The condition on the rows that a document's points have in either database.
+Sql DelDocumento(const ClavePuntos& documento);
+
 // The statement that inserts the row. `fecha` is an expression of the connection's dialect; `enCola` marks a row that
 // waits to be sent.
 Sql FilaAcumulacion(const Acumulacion& a, const Sql& fecha, bool enCola);

@@ -51,8 +51,13 @@ bool ConectarCliente(Puesto& p, bool mensaje, clsDBAdmin::Espera espera) {
 }
 
 ResultadoCliente EjecutarEnCliente(Puesto& p, const std::vector<Sql>& sentencias, bool mensaje) {
+  return ActuarEnCliente(
+      p, [&](Sql& laQueFallo) { return EjecutarTodas(p.poCnnCliente, sentencias, &laQueFallo); }, mensaje);
+}
+
+ResultadoCliente ActuarEnCliente(Puesto& p, const std::function<std::optional<ErrorBD>(Sql&)>& pasos, bool mensaje) {
   Sql laQueFallo;
-  const auto error = EjecutarJuntas(p.poCnnCliente, sentencias, &laQueFallo);
+  const auto error = EnTransaccion(p.poCnnCliente, [&] { return pasos(laQueFallo); });
   if (!error) return ResultadoCliente::Hecho;
   if (!laQueFallo.vacia()) {
     p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + laQueFallo.texto(p.poCnnCliente.dialecto()));

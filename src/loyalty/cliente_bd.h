@@ -1,5 +1,6 @@
 #pragma once
 // The client database: its connection, which comes and goes with each task, and the points rule.
+#include <functional>
 #include <vector>
 
 #include "foundation/db_admin.h"
@@ -18,6 +19,11 @@ enum class ResultadoCliente { Hecho, Fallo, NoResponde };
 // failed, and its box has been shown. NoResponde: the transaction could not begin or end; the database counts as away
 // from then on, with its box when `mensaje` says so.
 [[nodiscard]] ResultadoCliente EjecutarEnCliente(Puesto& p, const std::vector<Sql>& sentencias, bool mensaje = true);
+
+// The same for a transaction that also asks: `pasos` gives the error of what failed, and leaves that statement in its
+// argument.
+[[nodiscard]] ResultadoCliente ActuarEnCliente(Puesto& p, const std::function<std::optional<ErrorBD>(Sql&)>& pasos,
+                                               bool mensaje = true);
 
 // Closes poCnnCliente and clears pbClienteConectado. Nothing happens when it is closed.
 void DesconectarCliente(Puesto& p);

@@ -1,6 +1,7 @@
 #include "loyalty/pendientes.h"
 
 #include "foundation/puesto.h"
+#include "foundation/transaccion.h"
 #include "loyalty/acumulacion.h"
 #include "loyalty/cliente_bd.h"
 #include "platform/text/fecha.h"
@@ -74,6 +75,30 @@ bool enviarCliente(Puesto& p, const Recordset::Fila& f) {
                 {Cifras(codigo), local});
 }
 
+// Number, row and balance; nothing when the document's points stand there already: a sending was cut off before its mark,
+// or the answer to the sale's own commit was lost.
+std::optional<ErrorBD> acumular(Conexion& cliente, Acumulacion& a, const Sql& fecha, Sql& laQueFallo) {
+  Recordset rs;
+  const auto consultar = [&](const Sql& sql) {
+    auto error = cliente.consultar(sql, rs);
+    if (error) laQueFallo = sql;
+    return error;
+  };
+  if (auto e = consultar(u"SELECT COUNT(*) AS nCuenta FROM Acumulacion_Punto"_sql + DelDocumento(a.documento) +
+                         FormatearSQL(u" and cClieCode=$ and IdLocal=$"_sql, {Cifras(a.cliente), a.idLocal}))) {
+    return e;
+  }
+  if (Numero(rs[u"nCuenta"]) > 0) return {};
+  if (auto e = consultar(UltimaAcumulacion(a.cliente, a.idLocal))) return e;
+  a.codigo = AEntero(Numero(rs[u"Codigo"])) + 1;
+  return EjecutarTodas(cliente,
+                       {FilaAcumulacion(a, fecha, false),
+                        FormatearSQL(u" UPDATE Cliente    SET nPuntCant = ISNULL(nPuntCant,0) + $  WHERE cClieCode = $ "
+                                     "   AND IdLocal = $"_sql,
+                                     {a.puntos, Cifras(a.cliente), a.idLocal})},
+                       &laQueFallo);
+}
+
 bool enviarAcumulacion(Puesto& p, const Recordset::Fila& f) {
   Acumulacion a;
   a.tarjeta = LimpiarNulo(f[u"nTarjNumb"]);
@@ -94,13 +119,10 @@ bool enviarAcumulacion(Puesto& p, const Recordset::Fila& f) {
   if (tipo == kSinCliente) return true;
   // A row of the store's copies may turn out to be of a customer who earns nothing.
   if (tipo == kClienteConPuntos) {
-    const Sql suma = FormatearSQL(u" UPDATE Cliente    SET nPuntCant = ISNULL(nPuntCant,0) + $  WHERE cClieCode = $ "
-                                  "   AND IdLocal = $"_sql,
-                                  {a.puntos, Cifras(a.cliente), a.idLocal});
-    if (!SiguienteAcumulacion(p, p.poCnnCliente, a.cliente, a.idLocal, a.codigo) ||
-        !enviar(p, {FilaAcumulacion(a, fechaDelServidor(f[u"dAcumDate"]), false), suma})) {
-      return false;
-    }
+    const Sql fecha = fechaDelServidor(f[u"dAcumDate"]);
+    const auto hecho =
+        ActuarEnCliente(p, [&](Sql& laQueFallo) { return acumular(p.poCnnCliente, a, fecha, laQueFallo); }, false);
+    if (hecho != ResultadoCliente::Hecho) return false;
   }
   return marcar(p,
                 u" UPDATE Acumulacion_Punto    SET cSincroFlag = 1  WHERE cClieCode = $ "

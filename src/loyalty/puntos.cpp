@@ -115,17 +115,11 @@ void acumularEnCola(Puesto& p, Acumulacion& a) {
 
 ClavePuntos clave(const CommitDocumento& c) { return {Codigo(c.o.documento), c.documento.serie, c.documento.numero}; }
 
-// The condition on the rows that a document's points have in either database.
-Sql delDocumento(const ClavePuntos& d) {
-  return FormatearSQL(u" where cDocTipo='$' and cDocSerie='$' and cDocCodigo=$"_sql,
-                      {Texto(d.tipo), Texto(d.serie), d.numero});
-}
-
 // False when they don't, or it can't be told.
 bool estanEnCliente(Puesto& p, const ClavePuntos& d) {
   Recordset rs;
   return p.poDBAdmin.EjecutarConsulta(p.poCnnCliente,
-                                      u"Select count(*) as TOTAL From Acumulacion_Punto"_sql + delDocumento(d), rs) &&
+                                      u"Select count(*) as TOTAL From Acumulacion_Punto"_sql + DelDocumento(d), rs) &&
          Numero(rs[u"TOTAL"]) != 0;
 }
 
@@ -134,7 +128,7 @@ bool extornar(Puesto& p, const QString& tarjeta, double total, int idLocal, cons
   if (!TomarReglaPunto(p) || !p.ses.pbClienteConectado) return false;
   if (!leerTitular(p, p.poCnnCliente, tarjeta, idLocal, cliente)) return false;
   if (cliente.isEmpty()) cliente = QStringLiteral("0");
-  const Sql borra = u"Delete From Acumulacion_Punto"_sql + delDocumento(d);
+  const Sql borra = u"Delete From Acumulacion_Punto"_sql + DelDocumento(d);
   // Only the kind that earns: another customer's balance never held these points.
   const Sql resta = FormatearSQL(u" Update Cliente set  nPuntCant= (nPuntCant - $)  Where cClieCode=$ AND IdLocal = $"
                                  " AND iTipo=$"_sql,
@@ -244,7 +238,7 @@ ClienteTarjeta ClienteDeTarjeta(Puesto& p, const QString& tarjeta, int idLocal) 
 }
 
 bool LeerPuntosEnEspera(Puesto& p, const ClavePuntos& documento, std::vector<Sql>& quitarlos) {
-  const Sql enEspera = u" FROM Acumulacion_Punto"_sql + delDocumento(documento) + u" and cSincroFlag = 0"_sql;
+  const Sql enEspera = u" FROM Acumulacion_Punto"_sql + DelDocumento(documento) + u" and cSincroFlag = 0"_sql;
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, u"SELECT cClieCode, IdLocal, nPuntCant"_sql + enEspera, rs)) {
     return false;

@@ -61,6 +61,22 @@ void dejarLog(Puesto& p, const QString& nombre, qint64 viejo, qint64 nuevo) {
   (void)EscribirBytes(p.rutas.enTemp(nombre), AUnByte(linea));  // the box tells the same
 }
 
+// The highest figure of a column in a table and in its history, 0 for none.
+bool consultarMaximo(Puesto& p, LiteralSql columna, bool paralela, const Sql& condicion, qint64& maximo) {
+  maximo = 0;
+  for (const LiteralSql tabla : {paralela ? u"OperacionParalela"_sql : u"Operacion"_sql,
+                                 paralela ? u"OperacionParalela_Historico"_sql : u"Operacion_Historico"_sql}) {
+    qint64 cifra = 0;
+    if (!consultarCifra(p, p.poCnnLocal,
+                        FormatearSQL(u"SELECT MAX($) AS maximo FROM $"_sql, {columna, tabla}) + condicion, u"maximo",
+                        cifra)) {
+      return false;
+    }
+    maximo = std::max(maximo, cifra);
+  }
+  return true;
+}
+
 // What the two repairs at start differ in.
 struct Reparacion {
   LiteralSql tabla;
@@ -173,12 +189,7 @@ QString SerieInicial(TipoDocumento tipo, const QString& caja) {
 }
 
 bool CodigoOperacion(Puesto& p, bool paralela, qint64& codigo) {
-  if (!consultarCifra(
-          p, p.poCnnLocal,
-          u"SELECT MAX(cOperCode) AS maximo FROM "_sql + (paralela ? u"OperacionParalela"_sql : u"Operacion"_sql),
-          u"maximo", codigo)) {
-    return false;
-  }
+  if (!consultarMaximo(p, u"cOperCode"_sql, paralela, {}, codigo)) return false;
   ++codigo;
   return true;
 }
@@ -220,12 +231,10 @@ bool VerificarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& lo
   const bool fiscal = EsFiscal(tipo);
   const qint64 central = fiscal ? maximoCentral(p) : 0;
   qint64 maximo = 0;
-  const Sql sql =
-      fiscal ? FormatearSQL(u"SELECT MAX(cDocCodigo) AS maximo FROM Operacion WHERE cDocTipo IN ($)"_sql,
-                            {Codigos({TipoDocumento::Factura, TipoDocumento::Boleta})})
-             : FormatearSQL(u"SELECT MAX(cDocCodigo) AS maximo FROM OperacionParalela WHERE cDocTipo = '$'"_sql,
-                            {Texto(Codigo(tipo))});
-  if (!consultarCifra(p, p.poCnnLocal, sql, u"maximo", maximo)) return false;
+  const Sql suyos =
+      fiscal ? FormatearSQL(u" WHERE cDocTipo IN ($)"_sql, {Codigos({TipoDocumento::Factura, TipoDocumento::Boleta})})
+             : FormatearSQL(u" WHERE cDocTipo = '$'"_sql, {Texto(Codigo(tipo))});
+  if (!consultarMaximo(p, u"cDocCodigo"_sql, !fiscal, suyos, maximo)) return false;
   maximo = std::max(maximo, central);
   if (maximo <= 0 || maximo + 1 == n.numero) return true;
   const qint64 viejo = n.numero;
@@ -267,5 +276,52 @@ bool GuardarUltimaOperacion(Puesto& p, TipoDocumento tipo, qint64 codigo, qint64
 }
 
 bool RepararNumeracion(Puesto& p) { return reparar(p, {u"operacion"_sql, false}); }
+
+void RepararCodigos(Puesto& p) {
+  const auto central = [&p](const Sql& tabla, qint64& maximo) {
+    Recordset rs;
+    if (!p.poCnnCentral.abierta() ||
+        p.poCnnCentral.consultar(u"SELECT MAX("_sql + tabla + FormatearSQL(u"='$'"_sql, {Texto(p.ses.psCaja)}), rs)) {
+      return false;
+    }
+    maximo = AEntero(Numero(rs[0]));
+    return true;
+  };
+  const QString ahora = FormatearFecha(p.reloj.now(), u"dd/mm/yyyy hh:nn");
+  for (const bool paralela : {false, true}) {
+    qint64 alla = 0, aqui = 0;
+    if (!central(paralela ? u"cOperCode) FROM operacionparalela WHERE cCajaCodi"_sql
+                          : u"cOperCode) FROM operacion WHERE cCajaCodi"_sql,
+                 alla) ||
+        !consultarMaximo(p, u"cOperCode"_sql, paralela, {}, aqui) || aqui >= alla) {
+      continue;
+    }
+    (void)p.poDBAdmin.EjecutarSentencia(
+        p.poCnnLocal,
+        paralela ? FormatearSQL(u"INSERT INTO OPERACIONPARALELA (cOperCode,cOperTipo,dOperFech,cEstado,cCajaCodi,"
+                                "cFlagSincronizacion,cTurnoCodi,cUserDesc,cOperFlagAbierto) "
+                                "VALUES ($,'0','$','0','$','0','01','ROVEL','0')"_sql,
+                                {alla, Texto(ahora), Texto(p.ses.psCaja)})
+                 : FormatearSQL(u"INSERT INTO OPERACION (cOperCode,cUserDesc,dOperFech,cOperFlagAnula,cOperCodeAnula,"
+                                "cOperFlagAbierto,cCajaCodi,cFlagSincronizacion,cAlmaCode) "
+                                "VALUES ($,'rovel','$',0,0,0,'$','0','$')"_sql,
+                                {alla, Texto(ahora), Texto(p.ses.psCaja), Texto(p.ses.psAlmacen)}),
+        true);
+  }
+  qint64 alla = 0, aqui = 0;
+  if (!central(u"IdZ) FROM CabeceraZ WHERE Caja"_sql, alla) ||
+      !consultarCifra(p, p.poCnnLocal, u"SELECT MAX(IdZ) as MAXIMO FROM CabeceraZ"_sql, u"MAXIMO", aqui) ||
+      aqui >= alla) {
+    return;
+  }
+  // A range that no report and no sending takes for one of theirs.
+  (void)p.poDBAdmin.EjecutarSentencia(
+      p.poCnnLocal,
+      FormatearSQL(
+          u"INSERT INTO CabeceraZ (IdZ, Caja, cOperIdIni, cOperIdFin, cOperIdPIni, cOperIdPFin, bFlagSincro, obs) "
+          "VALUES ($, '$', -1, -1, -1, -1, 1, 'Numeración reparada')"_sql,
+          {alla, Texto(p.ses.psCaja)}),
+      true);
+}
 
 bool RepararNumeracionParalela(Puesto& p) { return reparar(p, {u"operacionparalela"_sql, true}); }

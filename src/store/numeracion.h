@@ -59,3 +59,8 @@ QString SerieInicial(TipoDocumento tipo, const QString& caja);
 // poCnnCentral stays open.
 [[nodiscard]] bool RepararNumeracion(Puesto& p);
 [[nodiscard]] bool RepararNumeracionParalela(Puesto& p);
+
+// Behind them: operation codes and the numbers of Z rows go above what the central database, open, holds of this desk,
+// by marker rows as well. A store that was lost or put back from an older copy then never meets its own past there. One
+// that can't be read changes nothing; the next start tries again.
+void RepararCodigos(Puesto& p);

@@ -76,7 +76,7 @@ CREATE TABLE OperacionParalelaProducto (
 );
 )";
 
-// Each of these costs something at every sale, so each has its statement; history tables have none.
+// Each of these costs something at every sale, so each has its statement.
 const char* const kIndices = R"(
 CREATE INDEX Operacion_codigo ON Operacion (cOperCode);
 -- Number first: the highest of two document types is then found from the top, and a number within any series too.
@@ -250,6 +250,27 @@ CREATE TABLE Canje_Ticket (
 CREATE TABLE Regla_Punto (nImpoMaxi INTEGER DEFAULT 0, nPuntImpo INTEGER DEFAULT 0, nPuntCant INTEGER DEFAULT 0);
 )";
 
+// What the synchronisation remembers beside the marks of the rows.
+const char* const kEnvios = R"(
+-- The state of a parallel document as the central database has it: what differs goes up again.
+CREATE TABLE ParalelaEnviada (
+  cOperCode INTEGER PRIMARY KEY, cEstado TEXT, cOperCodeRela INTEGER DEFAULT 0, cOperCodeAnul INTEGER DEFAULT 0
+);
+-- The rows whose detail (TDETALLEZ1) a closing has written there.
+CREATE TABLE DetalleEnviado (
+  nIdZ1 INTEGER, cOperIdIni INTEGER, cOperIdFin INTEGER, cOperIdPIni INTEGER, cOperIdPFin INTEGER
+);
+CREATE INDEX Operacion_pendiente ON Operacion (cFlagSincronizacion, cOperID);
+-- Numbers and codes are looked up in the history too, and its oldest rows go.
+CREATE INDEX Operacion_Historico_codigo ON Operacion_Historico (cOperCode);
+CREATE INDEX Operacion_Historico_numero ON Operacion_Historico (cDocCodigo, cDocTipo);
+CREATE INDEX Operacion_Historico_fecha ON Operacion_Historico (dOperFech);
+CREATE INDEX OperacionParalela_Historico_codigo ON OperacionParalela_Historico (cOperCode);
+CREATE INDEX OperacionParalela_Historico_numero ON OperacionParalela_Historico (cDocTipo, cDocCodigo);
+CREATE INDEX OperacionParalela_Historico_fecha ON OperacionParalela_Historico (dOperFech);
+CREATE INDEX OperacionParalelaProductoHist_codigo ON OperacionParalelaProductoHist (cOperCode);
+)";
+
 // The history twin of a table: the same columns in the same order, and the counter is a plain number.
 QString gemela(QString tabla, const QString& nombre, const QString& historia) {
   const QString cabeza = QStringLiteral("CREATE TABLE %1 (");
@@ -266,9 +287,11 @@ QStringList tablasDelPuesto() {
     << gemela(operaciones[1], QStringLiteral("OperacionParalela"), QStringLiteral("OperacionParalela_Historico"))
     << gemela(operaciones[2], QStringLiteral("OperacionParalelaProducto"),
               QStringLiteral("OperacionParalelaProductoHist"));
-  for (const char* parte : {kIndices, kMaestros, kClientes}) s << sentenciasDeEsquema(QString::fromLatin1(parte));
+  for (const char* parte : {kIndices, kMaestros, kClientes, kEnvios}) {
+    s << sentenciasDeEsquema(QString::fromLatin1(parte));
+  }
   return s << tablasDeActos() << sentenciaDeVersion(pasosDelPuesto());
 }
 
 // A step never changes once a desk may have taken it, so it doesn't follow the tables above.
-PasosDeVersion pasosDelPuesto() { return {tablasDeActos()}; }
+PasosDeVersion pasosDelPuesto() { return {tablasDeActos(), sentenciasDeEsquema(QString::fromLatin1(kEnvios))}; }

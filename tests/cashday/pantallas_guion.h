@@ -15,10 +15,10 @@ struct PantallasGuion : PantallasPrincipal {
     abiertas << QStringLiteral("mantenimiento %1").arg(static_cast<int>(cual));
   }
   void cuadreDeCaja(Principal&, ModoCuadre modo) override { abiertas << QStringLiteral("cuadre %1").arg(modo); }
-  bool sincronizar(bool diaAnterior) override {
+  void sincronizar(bool diaAnterior) override {
     abiertas << (diaAnterior ? QStringLiteral("sincroniza ayer") : QStringLiteral("sincroniza"));
-    return true;
   }
+  void sincronizarFecha() override { abiertas << QStringLiteral("sincroniza fecha"); }
   void rearrancar() override { abiertas << QStringLiteral("rearranca"); }
   std::optional<QString> autorizar(const QString& acto) override {
     abiertas << QStringLiteral("autoriza ") + acto;

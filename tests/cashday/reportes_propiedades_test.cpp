@@ -92,7 +92,9 @@ std::string primeraDistinta(const QString& a, const QString& b) {
 std::map<std::string, double> cifras(PuestoPrueba& p, const Sql& turno) {
   LectorReporte l(p, {.sFiltro = u" and o.cOperId > 0 "_sql, .sFiltroP = u" and o.cOperCode > 0 "_sql}, turno);
   const CifrasReporte c = LeerCifras(p, l, kConsultasX, nullptr);
-  const auto t = LeerImpuestos(p, l, kImpresoraPrincipal);
+  Conexion central;
+  RC_ASSERT(p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral));
+  const auto t = LeerImpuestos(p, l, kImpresoraPrincipal, central);
   const BloqueZ z = LeerBloqueZ(l, kImpresoraPrincipal);
   RC_ASSERT(l.bien() && t.has_value());
   // clang-format off

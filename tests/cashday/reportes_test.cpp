@@ -66,23 +66,18 @@ TEST(Reportes, WhatEndsAReport) {
   // clang-format off
   const struct {
     const char *porque, *fecha;
-    bool sinCentral;
     std::vector<const char*> cajas;
-    const char* marcas;
   } casos[] = {
-      {"the central database is away", "", true, {"No se pudo conectar a la BD de Logistica en SQL SERVER. \n"}, "1"},
-      {"the date is none", "31/02/2026", false, {"Ingrese una fecha", "La fecha debe tener el formato dd/mm/yyyy"},
-          "0"},
-      {"the date is not given", "Cancelar", false, {"Ingrese una fecha"}, "0"},
+      {"the date is none", "31/02/2026", {"Ingrese una fecha", "La fecha debe tener el formato dd/mm/yyyy"}},
+      {"the date is not given", "Cancelar", {"Ingrese una fecha"}},
   };
   // clang-format on
   for (const auto& c : casos) {
     SCOPED_TRACE(c.porque);
     PuestoDeReporte p;
-    if (c.sinCentral) QFile::remove(p.rutas.enPrograma(u8("central.db")));
     for (const char* caja : c.cajas) p.persona().espera(u8(caja), u8(c.fecha));
-    EXPECT_FALSE(*c.fecha ? ReportesEspecialesFecha(p, u8("Z")).hecho() : ReportesEspeciales(p, PedidoX()).hecho());
-    EXPECT_EQ(u8(c.marcas), p.filas(u8("SELECT COUNT(*) FROM Operacion WHERE cOperTipo = 10")));
+    EXPECT_FALSE(ReportesEspecialesFecha(p, u8("Z")).hecho());
+    EXPECT_EQ(u8("0"), p.filas(u8("SELECT COUNT(*) FROM Operacion WHERE cOperTipo = 10")));
     EXPECT_TRUE(p.papeles().papel.isEmpty());
   }
 }
@@ -119,18 +114,27 @@ TEST(Reportes, TheLastDayOfAllHasItsReport) {
   EXPECT_TRUE(p.papeles().papel[u8("LPT1")].contains("31/12/9999"));
 }
 
-// By date the central database is asked at the end only: its words come, the tax section stays away.
-TEST(Reportes, ADatedReportGoesOnWithoutTheTaxSection) {
-  PuestoDeReporte p;
-  p.cargarDia();
-  p.poCnnCentral.cerrar();
-  QFile::remove(p.rutas.enPrograma(u8("central.db")));
-  p.persona().espera(u8("Ingrese una fecha"), u8("24/11/2026"));
-  p.persona().espera(u8("central.db"));
-  EXPECT_TRUE(ReportesEspeciales1Fecha(p, u8("Z")).hecho());
-  const QByteArray papel = p.papeles().papel[u8("LPT2")];
-  EXPECT_FALSE(papel.contains("IGV FACTURA"));
-  EXPECT_TRUE(papel.contains("Correlativo: 21"));
+// Without the central database all reports are made: what needs it is left out, and the paper says so.
+TEST(Reportes, GoOnWithoutTheCentralDatabase) {
+  PuestoDeReporte con, sin;
+  for (PuestoDeReporte* p : {&con, &sin}) {
+    p->cargarDia();
+    if (p == &sin) QFile::remove(p->rutas.enPrograma(u8("central.db")));
+    EXPECT_TRUE(ReportesEspeciales(*p, PedidoX()).hecho());
+    EXPECT_TRUE(ReportesEspeciales1(*p, PedidoX()).hecho());
+    EXPECT_TRUE(p->cerrarZ1() && p->cerrarZ());
+    p->persona().espera(u8("Ingrese una fecha"), u8("24/11/2026"));
+    EXPECT_TRUE(ReportesEspeciales1Fecha(*p, u8("Z")).hecho());
+    for (const char* rollo : {"LPT1", "LPT2"}) {
+      const QByteArray papel = p->papeles().papel[u8(rollo)];
+      EXPECT_EQ(p == &con, papel.contains("IGV FACTURA"));
+      EXPECT_EQ(p == &sin, papel.contains("SIN SERVIDOR CENTRAL"));
+    }
+  }
+  for (const char* tabla : {"_Tmp", "_Tmp1", "CabeceraZ", "DetalleZ"}) {
+    const QString todo = u8("SELECT * FROM ") + u8(tabla);
+    EXPECT_EQ(con.filas(todo), sin.filas(todo));
+  }
 }
 
 // Each statement of the store fails in turn, once or for good, in a closing of both printers.

@@ -8,6 +8,8 @@
 #include "loyalty/pendientes.h"
 #include "platform/text/numero.h"
 #include "servidores.h"
+#include "sync/sincronizar.h"
+#include "sync/updt.h"
 
 namespace jornada {
 
@@ -75,7 +77,10 @@ void Caja::arrancar() {
   fallas.apagar(false);
   viva_ =
       std::make_unique<Puesto>(motores_, puertos_, tienda.reloj, persona, salida_, rutasDe(tienda.carpetaDe(numero)));
-  Arrancar(p(), {EnviarPendientesCliente, {}});
+  Arrancar(p(), {EnviarPendientesCliente, [](Puesto& q) {
+                   FrmUpdt pantalla(q);
+                   Sincronizar(q, pantalla);
+                 }});
   Login login;
   CargarLogin(p(), login);
   login.txtUsuario = QStringLiteral("CAJERO");

@@ -86,7 +86,7 @@ void Jornada::levantar(Caja& c) {
   ponerServidor(Fallas::Servidor::Central, false);  // without it no desk starts
   if (azar_.unoDe(8)) {
     averiar(c);
-    if (!tocar(c, [&] { c.arrancar(); }).limpia()) colaCortada_ = true;
+    (void)tocar(c, [&] { c.arrancar(); });
     c.apagar();
   }
   const Suerte s = tocar(c, [&] { c.arrancar(); });
@@ -130,6 +130,7 @@ QString Jornada::correr() {
       // The morning after next, since the shop's list has no rate for the one between.
       tienda_.reloj.ahora = QDateTime(tienda_.reloj.ahora.date().addDays(2), QTime(8, 0));
     }
+    for (Caja& c : cajas_) cotejarEnvio(c);
   } catch (const Desacuerdo& e) {
     return QString::fromStdString(e.what());
   }

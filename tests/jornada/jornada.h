@@ -91,6 +91,7 @@ class Jornada {
   void cotejarReporte(Caja& c, const QString& papel, const QString& letra, const Cifras& k);
   void cotejarCierre(Caja& c, bool sinDetalle);
   void cotejarCentral(Caja& c);
+  void cotejarEnvio(Caja& c);
   qint64 puntos();
   qsizetype largoDelPapel(Caja& c) const;
   QByteArray papelDesde(Caja& c, qsizetype antes) const;
@@ -104,7 +105,6 @@ class Jornada {
   // Documents whose points a void may leave where they are: cut off, so that nobody knows whether they came, or sold
   // without the card's site, since its database was away.
   std::set<QString> sinPuntos_;
-  bool colaCortada_ = false;  // a sending was cut off: the row that it stood at may go once more
   int acto_ = 0;
 };
 

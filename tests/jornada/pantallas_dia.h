@@ -5,6 +5,8 @@
 #include "sale/pago_efectivo.h"
 #include "sale/pantallas_venta.h"
 #include "sale/voucher.h"
+#include "sync/sincronizar.h"
+#include "sync/updt.h"
 #include "voiding/pantallas_anulacion.h"
 
 namespace jornada {
@@ -64,7 +66,11 @@ class PrincipalDelDia final : public PantallasPrincipal {
     CargarCuadre(p_, *cuadre);
     if (v.bReporteImpreso) Imprimir(p_, *cuadre);
   }
-  bool sincronizar(bool) override { return false; }
+  void sincronizar(bool) override {
+    FrmUpdt pantalla(p_);
+    Sincronizar(p_, pantalla);
+  }
+  void sincronizarFecha() override {}
   void rearrancar() override { rearranca = true; }
   std::optional<QString> autorizar(const QString&) override { return QStringLiteral("SUPERVISOR"); }
   void noDisponible(const QString&) override {}

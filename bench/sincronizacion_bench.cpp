@@ -1,0 +1,197 @@
+// Push, pull and purge of a desk beside the bare engine doing the same: the same round trips for rows that go one by one,
+// a plain copy for a first load.
+#include <sqlite3.h>
+#include <sys/resource.h>
+
+#include "breve.h"
+#include "duelo.h"
+#include "platform/sql/base_sqlite.h"
+#include "sync/depuracion.h"
+#include "sync/sincronizar.h"
+#include "sync/updt.h"
+
+namespace {
+
+QString q(const char* s) { return QString::fromUtf8(s); }
+
+// Numbers 1 to n as a table.
+QString hasta(qint64 n) {
+  return q("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1) ").arg(n);
+}
+
+struct Tienda : PuestoPrueba {
+  Tienda() {
+    persona().dejaPasar();
+    ejecuta(q("INSERT INTO Sincronizacion (dFechSincro) VALUES (Null)"));
+  }
+  QString central() const { return rutas.enPrograma(q("central.db")); }
+  // Closed rows of one Z, three to a ticket.
+  void vender(qint64 n) {
+    correrEn(
+        ses.psRutaBD,
+        hasta(n) + q("INSERT INTO Operacion (cOperCode, cUserDesc, nTarjNumb, cAlmaCode, cProdCode, nProdCant, "
+                     "nProdPrecUnit, dOperFech, cOperTipo, cCajaCodi, cTurnoCodi, cDocTipo, cDocSerie, cDocCodigo, "
+                     "cOperFlagAbierto) SELECT 1 + i / 3, 'CAJERO', '', '01', 100 + i % 40, 1 + i % 3, 4.5, "
+                     "datetime('2026-11-23 08:00', '+' || (i / 30) || ' minutes'), 1, '00001', '01', '02', '001', "
+                     "1 + i / 3, 0 FROM n"));
+    correrEn(ses.psRutaBD, q("INSERT INTO CabeceraZ (IdZ, Caja, Fecha, cOperIdIni, cOperIdFin) VALUES (1, '00001', "
+                             "'2026-11-23', 0, %1)")
+                               .arg(n));
+  }
+  void maestros(qint64 articulos, qint64 clientes) {
+    correrEn(central(), hasta(articulos) +
+                            q("INSERT INTO Articulo (cCodartic, vDscartic, cCodCatal, vDscartCt, dFechCrea, dFechModi) "
+                              "SELECT printf('%06d', i), 'ARTICULO ' || i, 'C' || i, 'ART ' || i, '2026-01-05', "
+                              "'2026-01-05' FROM n"));
+    correrEn(central(),
+             hasta(articulos) + q("INSERT INTO ArticuloPrecioVenta SELECT printf('%06d', i), 1, i % 90 FROM n"));
+    correrEn(central(), hasta(clientes) + q("INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, iTipo, "
+                                            "dFechCrea, dFechModi) SELECT i, 1, 'APELLIDO ' || i, 'NOMBRE', 1, "
+                                            "'2026-01-05', '2026-01-05' FROM n"));
+  }
+  double sincronizar(bool maestros, bool enLotes = true) {
+    FrmUpdt v(*this);
+    v.enLotes = enLotes;
+    ses.pbSincronizaMaestros = maestros;
+    const auto antes = std::chrono::steady_clock::now();
+    if (!Sincronizar(*this, v)) romper("the run came to a bad end");
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - antes).count();
+  }
+};
+
+template <class F>
+double cronometrar(F f) {
+  const auto antes = std::chrono::steady_clock::now();
+  f();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - antes).count();
+}
+
+// The round trips of a row on the bare engine: two questions and the row there, the mark here, a commit on each side.
+double pisoDeEnvio(Tienda& t, qint64 n) {
+  QString error;
+  const BaseSqlite local = AbrirSqlite(t.ses.psRutaBD, SQLITE_OPEN_READWRITE, error),
+                   central = AbrirSqlite(t.central(), SQLITE_OPEN_READWRITE, error);
+  const auto preparar = [](sqlite3* db, const char* sql) {
+    sqlite3_stmt* s = nullptr;
+    if (sqlite3_prepare_v2(db, sql, -1, &s, nullptr) != SQLITE_OK)
+      romper("the floor", QLatin1String(sqlite3_errmsg(db)));
+    return s;
+  };
+  const auto correr = [](sqlite3_stmt* s) {
+    while (sqlite3_step(s) == SQLITE_ROW) {
+    }
+    sqlite3_reset(s);
+  };
+  for (sqlite3* db : {local.get(), central.get()}) {
+    sqlite3_exec(db, "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL", nullptr, nullptr, nullptr);
+  }
+  sqlite3_stmt* const pasos[] = {
+      preparar(central.get(), "BEGIN IMMEDIATE"),
+      preparar(central.get(),
+               "SELECT COUNT(*) FROM Cuentacte WHERE cSerieDoc='001' AND cNroDoc='000001' AND cCodCaja='1'"),
+      preparar(central.get(), "SELECT MAX(cOperID) + 1 FROM Operacion WHERE cCajaCodi='00001'"),
+      preparar(central.get(),
+               "INSERT INTO Operacion (cOperID, cOperCode, cUserDesc, nTarjNumb, cAlmaCode, cProdCode, "
+               "nProdCant, nProdPrecUnit, dOperFech, cOperTipo, cCajaCodi, cDocTipo, cDocSerie, cDocCodigo) "
+               "VALUES (ifnull((SELECT MAX(cOperID) FROM Operacion WHERE cCajaCodi='00001'), 0) + 1, 1, "
+               "'CAJERO', '', '01', '000101', 1, 4.5, '2026-11-23 08:00:00', 1, '00001', '02', '001', "
+               "'000001')"),
+      preparar(local.get(), "BEGIN IMMEDIATE"),
+      preparar(local.get(),
+               "UPDATE Operacion SET cFlagSincronizacion='1' WHERE cOperID=(SELECT MIN(cOperID) FROM Operacion "
+               "WHERE cFlagSincronizacion='0')"),
+      preparar(central.get(),
+               "INSERT INTO TDETALLEZ1 VALUES (1, '00001', '2026-11-23', '01', '02', '000101', 1, 4.5, NULL)"),
+      preparar(central.get(), "COMMIT"),
+      preparar(local.get(), "COMMIT")};
+  const double s = cronometrar([&] {
+    for (qint64 i = 0; i < n; ++i) {
+      for (sqlite3_stmt* p : pasos) correr(p);
+    }
+  });
+  for (sqlite3_stmt* p : pasos) sqlite3_finalize(p);
+  return s;
+}
+
+void Envio(benchmark::State& estado) {
+  const qint64 n = filas(10'000);
+  for (auto _ : estado) {
+    Tienda piso, deUna, lotes;
+    for (Tienda* t : {&piso, &deUna, &lotes}) {
+      t->poCnnLocal.cerrar();
+      t->vender(n);
+    }
+    for (Tienda* t : {&deUna, &lotes}) {
+      if (!t->poDBAdmin.AbrirBD(t->poCnnLocal, q("driver={Microsoft Access Driver (*.mdb)};DBQ=") + t->ses.psRutaBD)) {
+        romper("no store");
+      }
+    }
+    const double suelo = pisoDeEnvio(piso, n), una = deUna.sincronizar(false, false), lote = lotes.sincronizar(false);
+    estado.counters["floor_s"] = suelo;
+    estado.counters["row_by_row"] = una / suelo;
+    estado.counters["batched"] = suelo / lote;
+    estado.SetIterationTime(una);
+  }
+}
+
+// A first load beside a plain copy of the same columns, and the day behind it, when nothing has changed.
+void Traida(benchmark::State& estado) {
+  for (auto _ : estado) {
+    Tienda t, copia;
+    for (Tienda* x : {&t, &copia}) x->maestros(filas(50'000), filas(200'000));
+    copia.poCnnLocal.cerrar();
+    const double suelo = cronometrar([&] {
+      correrEn(
+          copia.ses.psRutaBD,
+          q("ATTACH '%1' AS c; BEGIN; INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, "
+            "nProdPrecUnit, cCodCatalogo) SELECT '01', CAST(cCodartic AS INTEGER), vDscartic, vDscartCt, (SELECT "
+            "nPrecioVtaNew FROM c.ArticuloPrecioVenta p WHERE p.cCodArtic = a.cCodartic), cCodCatal FROM c.Articulo a; "
+            "INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, iTipo) SELECT cClieCode, IdLocal, "
+            "sClieApel, sClieName, iTipo FROM c.Cliente; COMMIT")
+              .arg(copia.central()));
+    });
+    const double primera = t.sincronizar(true), vacia = t.sincronizar(true);
+    rusage uso{};
+    getrusage(RUSAGE_SELF, &uso);
+    estado.counters["copy_s"] = suelo;
+    estado.counters["first_pull"] = primera / suelo;
+    estado.counters["empty_pull_ms"] = 1000 * vacia;
+    estado.counters["peak_MB"] = static_cast<double>(uso.ru_maxrss) / 1024;
+    estado.SetIterationTime(primera);
+  }
+}
+
+// A day of 2,000 rows moves; `historia` rows of older ones must not show.
+void Depuracion(benchmark::State& estado) {
+  const qint64 historia = estado.range(0);
+  for (auto _ : estado) {
+    Tienda t;
+    t.poCnnLocal.cerrar();
+    correrEn(t.ses.psRutaBD,
+             hasta(20'000) + q("INSERT INTO Operacion (cOperCode, cProdCode, nProdCant, dOperFech, cDocTipo, "
+                               "cDocCodigo, cOperFlagAbierto, cFlagSincronizacion) SELECT 2000000 + i, 101, 1, "
+                               "datetime('2026-11-24', '-' || (i / 2000) || ' days'), '02', 2000000 + i, 0, "
+                               "'1' FROM n"));
+    if (historia > 0) {
+      correrEn(t.ses.psRutaBD, hasta(filas(historia)) +
+                                   q("INSERT INTO Operacion_Historico (cOperID, cOperCode, cProdCode, nProdCant, "
+                                     "dOperFech, cDocTipo, cDocCodigo, cFlagSincronizacion) SELECT i, i, 101, 1, "
+                                     "datetime('2026-11-10', '-' || (i / 20000) || ' days'), '02', i, '1' FROM n"));
+    }
+    if (!t.poDBAdmin.AbrirBD(t.poCnnLocal, q("driver={Microsoft Access Driver (*.mdb)};DBQ=") + t.ses.psRutaBD)) {
+      romper("no store");
+    }
+    FrmUpdt v(t);
+    const double s = cronometrar([&] {
+      if (!DepurarHistoria(t, v)) romper("the purge failed");
+    });
+    estado.counters["ms"] = 1000 * s;
+    estado.SetIterationTime(s);
+  }
+}
+
+}  // namespace
+
+BENCHMARK(Envio)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(Traida)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(Depuracion)->Arg(0)->Arg(1'000'000)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);

@@ -1,0 +1,170 @@
+#include <utility>
+
+#include "platform/text/numero.h"
+#include "platform/text/texto.h"
+#include "sync/pasadas_maestros.h"
+#include "sync/updt.h"
+
+namespace {
+
+constexpr LiteralSql kArticulo =
+    u"A.cCodartic, A.vDscartic, A.cCodCatal, A.vDscartCt, A.bSwActivo, A.bswensamb, A.bswCtrlStck, P.vRazSocPrv, "
+    "cFlagCanje, nPtosxItem, nFlagServ, cUndSalida, "
+    "Linea = (SELECT L.vDscLinea FROM LINEA L WHERE L.CCODLINEA = A.CCODLINEA), "
+    "nCostoArt = ISNULL((SELECT nPrecioVtaNew FROM ArticuloPrecioVenta B"
+    " WHERE B.cCodArtic = A.cCodArtic AND nNumItem = "
+    " (SELECT MAX(nNumItem) FROM ArticuloPrecioVenta C"
+    " WHERE C.cCodArtic = B.cCodArtic)),0),bFlagDetracc "
+    " FROM Articulo A LEFT JOIN Proveedor P ON A.cCodProve = P.cCodProve"_sql;
+constexpr LiteralSql kEnVenta = u"   AND bFlagVenta = 1   AND NOT bFlagDesc = 1"_sql;
+
+// The number of a code of the central database; -1 for one that is none.
+qint64 numeroDeArticulo(const Recordset::Fila& f) {
+  const QString codigo = LimpiarNulo(f[u"cCodartic"]);
+  return EsNumerico(codigo) ? AEntero(Val(codigo)) : -1;
+}
+
+// Bits of the server, whichever way its engine gives them.
+int bit(const Recordset::Fila& f, QStringView campo) { return Numero(f[campo]) != 0 ? 1 : 0; }
+
+}  // namespace
+
+Sql PasadasDeMaestros::filaArticulo(const Recordset::Fila& f) const {
+  return FormatearSQL(
+      u" INSERT INTO PRODUCTO (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, cProdEstd, vDescProv, "
+      "cFlagCanje, nPuntos, cFlagServicio, cUndSalida, cCodCatalogo, sDescLinea,cFlagDetracc, nActivo)"
+      " VALUES ('$', $, '$', '$', $, $, '$', $, $, $, '$', '$', '$', $, 1)"_sql,
+      {Texto(p_.ses.psAlmacen), numeroDeArticulo(f), TextoDeCampo(f, u"vDscartic"), TextoDeCampo(f, u"vDscartCt"),
+       NumeroDeCampo(f, u"nCostoArt"), 1 - bit(f, u"bSwActivo"), TextoDeCampo(f, u"vRazSocPrv"),
+       NumeroDeCampo(f, u"cFlagCanje"), NumeroDeCampo(f, u"nPtosxItem"), bit(f, u"nFlagServ"),
+       TextoDeCampo(f, u"cUndSalida"), TextoDeCampo(f, u"cCodCatal"), TextoDeCampo(f, u"Linea"),
+       bit(f, u"bFlagDetracc")});
+}
+
+Sql PasadasDeMaestros::cambioArticulo(const Recordset::Fila& f) const {
+  return FormatearSQL(
+      u" UPDATE PRODUCTO SET sProdDesc = '$', sProdDescCrta = '$', nProdPrecUnit = $, cProdEstd = $, vDescProv = '$', "
+      "cFlagCanje = $, nPuntos = $, cFlagServicio = $, cUndSalida = '$', cCodCatalogo = '$', sDescLinea = '$', "
+      "cFlagDetracc=$, nActivo = 1 WHERE cProdCode = $"_sql,
+      {TextoDeCampo(f, u"vDscartic"), TextoDeCampo(f, u"vDscartCt"), NumeroDeCampo(f, u"nCostoArt"),
+       1 - bit(f, u"bSwActivo"), TextoDeCampo(f, u"vRazSocPrv"), NumeroDeCampo(f, u"cFlagCanje"),
+       NumeroDeCampo(f, u"nPtosxItem"), bit(f, u"nFlagServ"), TextoDeCampo(f, u"cUndSalida"),
+       TextoDeCampo(f, u"cCodCatal"), TextoDeCampo(f, u"Linea"), bit(f, u"bFlagDetracc"), numeroDeArticulo(f)});
+}
+
+bool PasadasDeMaestros::articuloExiste(qint64 codigo, bool& existe) {
+  Recordset rs;
+  if (!p_.poDBAdmin.EjecutarConsulta(
+          p_.poCnnLocal, FormatearSQL(u" SELECT cProdCode   FROM producto   WHERE cProdCode = $"_sql, {codigo}), rs)) {
+    return false;
+  }
+  existe = !rs.Eof();
+  return true;
+}
+
+Maestro PasadasDeMaestros::maestroArticulos() {
+  const auto codigo = [](const Recordset::Fila& f) { return LimpiarNulo(f[u"cCodartic"]); };
+  const auto siEsNumero = [](const Recordset::Fila& f, const Sql& sql) {
+    return numeroDeArticulo(f) < 0 ? Sql() : sql;
+  };
+  return {
+      .columnas = kArticulo,
+      .orden = u"A.cCodartic"_sql,
+      .inserta = {QStringLiteral("Se insertó Artículo de código: "),
+                  QStringLiteral("No se pudo insertar Artículo de código: ")},
+      .actualiza = {QStringLiteral("Se actualizó Artículo de código: "),
+                    QStringLiteral("No se pudo actualizar Artículo de código: ")},
+      .barra = 10,
+      .detras = [](const auto& f) { return FormatearSQL(u"A.cCodartic > '$'"_sql, {TextoDeCampo(f, u"cCodartic")}); },
+      .codigo = codigo,
+      .clave = codigo,
+      .insertar = [this, siEsNumero](const auto& f) { return siEsNumero(f, filaArticulo(f)); },
+      .actualizar = [this, siEsNumero](const auto& f) { return siEsNumero(f, cambioArticulo(f)); }};
+}
+
+// What the store has already is skipped without a line, whatever warehouse it stands in.
+FinPasada PasadasDeMaestros::articulosNuevos(const Maestro& m) {
+  QSet<qint64> hay;
+  bool leidos = false;
+  const auto nuevo = [&](const Recordset::Fila& f) -> FinFila {
+    const qint64 n = numeroDeArticulo(f);
+    bool existe = leidos && hay.contains(n);
+    if (!leidos && n >= 0 && !articuloExiste(n, existe)) return {Suerte::Termina, {}, nullptr};
+    return existe ? FinFila{} : nueva(m, f);
+  };
+  const auto enLote = EnUnaTransaccion(p_.poCnnLocal, nuevo);
+  const Sql desde =
+      ConMarca(marca_,
+               u" AND ((convert(datetime,convert(varchar,A.dFechCrea,103),103) >= convert(datetime,CONVERT(varchar, "
+               "'$',103),103)) or (convert(datetime,convert(varchar,A.dFechModi,103),103) >= "
+               "convert(datetime,CONVERT(varchar, '$',103),103)))"_sql,
+               2);
+  const Sql donde = u" WHERE 1=1 "_sql + kEnVenta + desde;
+  return Recorrer(p_, pantalla_,
+                  {.origen = p_.poCnnCentral,
+                   .palabras = m.inserta,
+                   .barra = m.barra,
+                   .sePuedeDetener = true,
+                   .pagina = [&](const Recordset::Fila* ultima) { return PaginaDeMaestro(m, donde, ultima); },
+                   .fila = nuevo,
+                   .lote =
+                       [&](const Filas& filas) {
+                         Recordset rs;
+                         if (!leidos && !p_.poCnnLocal.consultar(u"SELECT cProdCode FROM producto"_sql, rs)) {
+                           for (const auto& f : rs) hay.insert(AEntero(Numero(f[0])));
+                           leidos = true;
+                         }
+                         return enLote(filas);
+                       }});
+}
+
+FinPasada PasadasDeMaestros::articulos() {
+  pantalla_.InsertaLinea(QStringLiteral("Sincronizando Articulos"));
+  tomadas_.clear();
+  Maestro m = maestroArticulos();
+  FinPasada fin = articulosNuevos(m);
+  if (fin != FinPasada::Bien) return fin;
+  const int barra = std::exchange(m.barra, 0);
+  if (!marca_.isEmpty()) {
+    fin =
+        pasada(m,
+               ConMarca(marca_,
+                        u" WHERE convert(datetime,convert(varchar,A.dFechModi,103),103) >= convert(datetime,'$',103)"
+                        " AND convert(datetime,convert(varchar,A.dFechCrea,103),103) <= convert(datetime,'$',103)"_sql,
+                        2) +
+                   kEnVenta,
+               false);
+    if (fin == FinPasada::Bien) fin = precios(m);
+  }
+  if (fin == FinPasada::Bien) pantalla_.AumentaBarra(barra);
+  return fin;
+}
+
+// A price may have moved without its article: all prices are compared, and an article whose price differs is taken as
+// changed.
+FinPasada PasadasDeMaestros::precios(const Maestro& m) {
+  Recordset rs;
+  if (!p_.poDBAdmin.EjecutarConsulta(p_.poCnnLocal, u"SELECT cProdCode, nProdPrecUnit FROM Producto"_sql, rs)) {
+    return FinPasada::Mal;
+  }
+  QHash<qint64, double> precio;
+  for (const auto& f : rs) precio.insert(AEntero(Numero(f[0])), Numero(f[1]));
+  if (!p_.poDBAdmin.EjecutarConsulta(
+          p_.poCnnCentral,
+          u"SELECT A.cCodartic, V.nPrecioVtaNew FROM Articulo A INNER JOIN (SELECT B.cCodArtic, MAX(B.nNumItem) AS nItem "
+          "FROM ArticuloPrecioVenta B GROUP BY B.cCodArtic) U ON U.cCodArtic = A.cCodartic INNER JOIN "
+          "ArticuloPrecioVenta V ON V.cCodArtic = U.cCodArtic AND V.nNumItem = U.nItem WHERE A.bFlagVenta = 1 AND NOT "
+          "A.bFlagDesc = 1"_sql,
+          rs)) {
+    return FinPasada::Mal;
+  }
+  for (const auto& f : rs) {
+    const auto aqui = precio.constFind(numeroDeArticulo(f));
+    if (aqui == precio.constEnd() || Redondear(*aqui - Numero(f[1]), 4) == 0 || tomadas_.contains(m.clave(f))) continue;
+    if (pantalla_.detener()) return FinPasada::Detenida;
+    const auto error = ejecutar(FormatearSQL(u" UPDATE PRODUCTO SET nProdPrecUnit = $ WHERE cProdCode = $"_sql,
+                                             {Numero(f[1]), numeroDeArticulo(f)}));
+    pantalla_.InsertaLinea((error ? m.actualiza.mal : m.actualiza.bien) + m.codigo(f));
+  }
+  return FinPasada::Bien;
+}

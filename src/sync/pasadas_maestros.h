@@ -1,0 +1,58 @@
+#pragma once
+// What the passes of the master data share, and how a table of them is pulled.
+#include <QSet>
+
+#include "foundation/puesto.h"
+#include "sync/maestros.h"
+
+// One table of the pull: what tells its rows apart and how a row is stored.
+struct Maestro {
+  LiteralSql columnas;  // and its table
+  LiteralSql orden;
+  Palabras inserta, actualiza;
+  int barra;
+  std::function<Sql(const Recordset::Fila&)> detras;                // the rows behind that one
+  std::function<QString(const Recordset::Fila&)> codigo, clave;     // as the log names it; as it is told apart
+  std::function<Sql(const Recordset::Fila&)> insertar, actualizar;  // empty for a row whose code is no number
+};
+
+// A field as a value of a statement.
+inline Texto TextoDeCampo(const Recordset::Fila& f, QStringView campo) { return Texto(LimpiarNulo(f[campo])); }
+inline Valor NumeroDeCampo(const Recordset::Fila& f, QStringView campo) { return Numero(f[campo]); }
+
+// A condition on the watermark, as often as it is named there; empty without one.
+Sql ConMarca(const QString& marca, LiteralSql plantilla, int veces = 1);
+
+class PasadasDeMaestros {
+ public:
+  PasadasDeMaestros(Puesto& p, FrmUpdt& pantalla, const QString& marca) : p_(p), pantalla_(pantalla), marca_(marca) {}
+
+  FinPasada unidades();
+  FinPasada articulos();
+  FinPasada clientes();
+  FinPasada tarjetas();
+
+ private:
+  // New rows, then changed ones; `nuevas` and `cambiadas` are their conditions.
+  FinPasada dosPasadas(const Maestro& m, const Sql& nuevas, const Sql& cambiadas);
+  FinPasada pasada(const Maestro& m, const Sql& donde, bool nuevas);
+  FinPasada articulosNuevos(const Maestro& m);
+  FinFila nueva(const Maestro& m, const Recordset::Fila& f);
+  FinFila cambiada(const Maestro& m, const Recordset::Fila& f);
+  std::optional<ErrorBD> ejecutar(const Sql& sql) { return p_.poCnnLocal.ejecutar(sql); }
+  bool articuloExiste(qint64 codigo, bool& existe);
+  Sql filaArticulo(const Recordset::Fila& f) const;
+  Sql cambioArticulo(const Recordset::Fila& f) const;
+  Maestro maestroArticulos();
+  FinPasada precios(const Maestro& m);
+  // Copies from before customers came with their site give way to those with one.
+  void quitarSinLocal(LiteralSql tabla, LiteralSql clave, LiteralSql condicion);
+
+  Puesto& p_;
+  FrmUpdt& pantalla_;
+  const QString marca_;
+  QSet<QString> tomadas_;  // new ones of this pass: what was made and changed on one day is taken once
+};
+
+// The statement of a page; `donde` is the pass's own condition, " WHERE ..." or nothing.
+Sql PaginaDeMaestro(const Maestro& m, const Sql& donde, const Recordset::Fila* ultima);

@@ -1,0 +1,157 @@
+#pragma once
+// A desk with closed days behind it, its synchronisation, and what lies in the central database afterwards.
+#include <gtest/gtest.h>
+
+#include "apoyo/otro_puesto.h"
+#include "sync/sincronizar.h"
+#include "sync/updt.h"
+
+namespace prueba_sync {
+
+inline QString q(const char* s) { return QString::fromUtf8(s); }
+
+struct Muerto {};  // thrown where a kill strikes
+
+// What a run has shown.
+struct Corrida {
+  bool bien = false;
+  QStringList lineas;  // its newest ones
+  QString titulo, etiqueta;
+  int barraMaxima = 0;
+};
+
+inline Corrida sincronizar(Puesto& p, bool maestros = false, bool enLotes = true) {
+  FrmUpdt v(p);
+  v.enLotes = enLotes;
+  Corrida c;
+  v.alCambiar = [&] { c.barraMaxima = qMax(c.barraMaxima, v.prgBar); };
+  p.ses.pbSincronizaMaestros = maestros;
+  c.bien = Sincronizar(p, v);
+  c.lineas = QStringList(v.lstLog.begin(), v.lstLog.end());
+  c.titulo = v.Label1;
+  c.etiqueta = v.lblEtiqueta;
+  return c;
+}
+
+class CajaConDias : public PuestoPrueba {
+ public:
+  explicit CajaConDias(const Envolver& envolver = {}) : PuestoPrueba(envolver) {
+    ejecuta(q("UPDATE Configuracion SET iCierreCaja = 6"));
+    ejecuta(q("INSERT INTO Sincronizacion (dFechSincro) VALUES ('20/11/2026')"));
+    persona().dejaPasar();
+  }
+
+  // A closed day: a boleta of two lines, a factura, a voided boleta, an order, a note on an advance payment, and a voided
+  // order. Documents number up from `numero`, which is 10 a day.
+  void dia(const QString& fecha, int numero) {
+    const QString f = q("'%1 09:0%2'");
+    EXPECT_FALSE(poCnnLocal.iniciar());
+    const auto venta = [&](int n, int prod, double cant, double precio, int anulada = 0, int anula = 0) {
+      const bool espejo = anula != 0;
+      ejecuta(
+          q("INSERT INTO Operacion (cOperCode, cUserDesc, nTarjNumb, cAlmaCode, cProdCode, nProdCant, nProdPrecUnit, "
+            "dOperFech, cOperTipo, cCajaCodi, cTurnoCodi, nDscto, cDocTipo, cDocSerie, cDocCodigo, cOperFlagAnula, "
+            "cOperCodeAnula, cOperFlagAbierto) VALUES (%1, 'CAJERO', '', '01', %2, %3, %4, %5, 1, '00001', '01', 0, "
+            "%6, %7, %8, 0)")
+              .arg(numero + n)
+              .arg(prod)
+              .arg(cant)
+              .arg(precio)
+              .arg(f.arg(fecha).arg(n), espejo ? q("Null, Null") : q("'0%1', '001'").arg(n == 2 ? 1 : 2),
+                   espejo ? q("Null") : QString::number(numero + n), q("%1, %2").arg(anulada).arg(anula)));
+    };
+    venta(1, 101, 2, 38);
+    venta(1, 206, 1, 3);
+    venta(1, 0, 1, -1);
+    venta(2, 101, 1, 38);
+    venta(3, 303, 1, 18.5, 1);
+    venta(4, 303, -1, 18.5, 1, numero + 3);
+    const auto paralela = [&](int n, int tipo, int doc, const char* serie, double monto, int relacion, int anulada) {
+      ejecuta(
+          q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, dOperFech, nTarjNumb, nMontoSoles, sGlosa, cEstado, "
+            "cCajaCodi, cTurnoCodi, cUserDesc, cFlagSincronizacion, cOperCodeRela, cOperCodeAnul, cOperFlagAbierto, "
+            "cDocTipo, cDocSerie, cDocCodigo) VALUES (%1, %2, %3, '', %4, 'ANA', '%5', '00001', '01', 'CAJERO', '0', "
+            "%6, %7, 0, '%8', '%9', %10)")
+              .arg(numero + n)
+              .arg(tipo)
+              .arg(f.arg(fecha).arg(n))
+              .arg(monto)
+              .arg(anulada ? 0 : 1)
+              .arg(relacion)
+              .arg(anulada)
+              .arg(doc)
+              .arg(q(serie))
+              .arg(numero + n));
+    };
+    const auto linea = [&](int n, int prod, double cant, double precio) {
+      ejecuta(
+          q("INSERT INTO OperacionParalelaProducto (cAlmaCode, cOperCode, cProdCode, nProdCant, nProdPrecUnit) VALUES "
+            "('01', %1, %2, %3, %4)")
+              .arg(numero + n)
+              .arg(prod)
+              .arg(cant)
+              .arg(precio));
+    };
+    paralela(1, 20, 10, "OC1", 57, 0, 0);
+    linea(1, 101, 1, 38);
+    linea(1, 206, 2, 9.5);
+    paralela(2, 22, 12, "PA1", 100, 0, 0);
+    paralela(3, 21, 11, "NC1", 3, numero + 2, 0);
+    linea(3, 206, 1, 3);
+    paralela(4, 20, 10, "OC1", 38, 0, numero + 5);
+    linea(4, 101, 1, 38);
+    paralela(5, 20, 10, "OC1", 38, 0, 0);
+    ejecuta(q("UPDATE OperacionParalela SET cEstado = '0' WHERE cOperCode = %1").arg(numero + 5));
+    cerrarZ(fecha);
+    EXPECT_FALSE(poCnnLocal.confirmar());
+  }
+  void cerrarZ(const QString& fecha) {
+    const auto maximo = [&](const char* sql) { return filas(q(sql)); };
+    const QString ini = maximo("SELECT IIF(ISNULL(MAX(cOperIdFin)), 0, MAX(cOperIdFin)) FROM CabeceraZ"),
+                  iniP = maximo("SELECT IIF(ISNULL(MAX(cOperIdPFin)), 0, MAX(cOperIdPFin)) FROM CabeceraZ"),
+                  id = maximo("SELECT IIF(ISNULL(MAX(IdZ)), 0, MAX(IdZ)) + 1 FROM CabeceraZ");
+    ejecuta(
+        q("INSERT INTO CabeceraZ (IdZ, Caja, CantidadTotal, MontoTotal, Fecha, RangoTKBOL, RangoTKFAC, CodigoRep, "
+          "cOperIdIni, cOperIdFin, cOperIdPIni, cOperIdPFin) VALUES (%1, '00001', 4, 117, '%2', 'TICKET', 'TICKET', "
+          "'Código', %3, %4, %5, %6)")
+            .arg(id, fecha, ini, maximo("SELECT MAX(cOperID) FROM Operacion"), iniP,
+                 maximo("SELECT MAX(cOperCode) FROM OperacionParalela")));
+    ejecuta(q("INSERT INTO DetalleZ (IdZ, Caja, nItem, CodProd, DscProd, Cantidad) VALUES (%1, '00001', 1, 101, 'QUESO "
+              "D''AMBO', 3)")
+                .arg(id));
+  }
+
+  Conexion& central() {
+    EXPECT_TRUE(poCnnCentral.abierta() || poDBAdmin.AbrirBD(poCnnCentral, ses.psConexionCentral));
+    return poCnnCentral;
+  }
+  QString enCentral(const char* sql) { return filas(central(), q(sql)); }
+  // All that the desk has sent, whatever the order in which it came.
+  QString todoElCentral() {
+    return enCentral(
+               "SELECT cOperCode, cProdCode, nProdCant, nProdPrecUnit, dOperFech, cOperFlagAnula, cOperCodeAnula, "
+               "cDocTipo, cDocSerie, cDocCodigo FROM Operacion ORDER BY 1, 2") +
+           q("\n-\n") +
+           enCentral("SELECT cOperCode, cOperTipo, nMontoSoles, cEstado, cOperCodeRela, cOperCodeAnul, cDocTipo, "
+                     "cDocCodigo FROM OperacionParalela ORDER BY 1") +
+           q("\n-\n") +
+           enCentral("SELECT cOperCode, cProdCode, nProdCant, nProdPrecUnit FROM OperacionParalelaProducto ORDER BY 1, "
+                     "2") +
+           q("\n-\n") + enCentral("SELECT IdZ, Caja, MontoTotal, cOperIdFin FROM CabeceraZ ORDER BY 1") + q("\n-\n") +
+           enCentral("SELECT IdZ, nItem, CodProd, DscProd FROM DetalleZ ORDER BY 1") + q("\n-\n") +
+           enCentral("SELECT cdocTipo, cProdCode, SUM(nProdCant), SUM(nMonto) FROM TDETALLEZ1 GROUP BY cdocTipo, "
+                     "cProdCode ORDER BY 1, 2");
+  }
+  // Rows of the store that the centre should hold and that are not marked; and Z rows that wait.
+  QString porEnviar() {
+    return filas(
+               q("SELECT COUNT(*) FROM Operacion WHERE cProdCode <> 0 AND cOperFlagAbierto = 0 AND cFlagSincronizacion "
+                 "<> '1'")) +
+           u'/' +
+           filas(q("SELECT COUNT(*) FROM OperacionParalela WHERE cOperCodeAnul = 0 AND cOperFlagAbierto = 0 AND "
+                   "cFlagSincronizacion <> '1' AND cEstado <> '0'")) +
+           u'/' + filas(q("SELECT COUNT(*) FROM CabeceraZ WHERE bFlagSincro = 0"));
+  }
+};
+
+}  // namespace prueba_sync
