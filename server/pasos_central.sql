@@ -5,3 +5,15 @@ CREATE INDEX Operacion_caja_fecha ON Operacion (cCajaCodi, dOperFech);
 CREATE INDEX Operacion_caja_marca ON Operacion (cCajaCodi, cFlagSincronizacion);
 CREATE INDEX OperacionParalela_caja_fecha ON OperacionParalela (cCajaCodi, dOperFech);
 CREATE INDEX OperacionParalela_caja_marca ON OperacionParalela (cCajaCodi, cFlagSincronizacion);
+
+== 3
+CREATE TABLE ConsumoVenta (
+  cCodVta INTEGER NOT NULL,
+  cCajaCodi TEXT NOT NULL,
+  cOperCode INTEGER NOT NULL,
+  dFecha DATETIME,
+  nMonto NUMERIC(18,6) DEFAULT 0,
+  bAnulado SMALLINT DEFAULT 0
+);
+CREATE INDEX ConsumoVenta_documento ON ConsumoVenta (cCodVta);
+CREATE INDEX ConsumoVenta_nota ON ConsumoVenta (cCajaCodi, cOperCode);

@@ -136,10 +136,10 @@ void frmPrincipal::crearMenus() {
   demas_.push_back(suelta(nullptr, "mnuRptStock", QStringLiteral("Reporte Stock"), falta("Reporte Stock")));
   QMenu* futura = menuBar()->addMenu(QStringLiteral("Venta Futura"));
   futura->menuAction()->setObjectName(QStringLiteral("mnuCtaCte"));
-  demas_.push_back(suelta(futura, "mnuOperCtaCte", QStringLiteral("Operaciones"), [this] {
+  ventaFutura_ = suelta(futura, "mnuOperCtaCte", QStringLiteral("Operaciones"), [this] {
     CapturaTipoCambio(p_, pantallas_);
-    if (p_.ses.pnTipoCambio != 0) pantallas_.noDisponible(QStringLiteral("Venta Futura - Operaciones"));
-  }));
+    if (p_.ses.pnTipoCambio != 0) pantallas_.ventaFutura();
+  });
   demas_.push_back(suelta(futura, "mnuConsCtaCte", QStringLiteral("Consultas"), falta("Venta Futura - Consultas")));
   demas_.push_back(
       suelta(nullptr, "mnuAcercaDe", QStringLiteral("Acerca de..."), [this] { frmAcercaDe(this).exec(); }));
@@ -240,6 +240,7 @@ void frmPrincipal::refrescar() {
   for (size_t n = 1; n < mantenimiento_.size(); ++n) mantenimiento_[n]->setEnabled(m.mantenimiento[n]);
   for (size_t n = 1; n < operaciones_.size(); ++n) operaciones_[n]->setEnabled(m.operaciones[n]);
   for (QAction* a : demas_) a->setEnabled(m.demasMenus);
+  ventaFutura_->setEnabled(m.operaciones[kCajaFull]);  // its payments belong to a turn
   diaAnterior_->setEnabled(m.sincronizarDiaAnt);
   usuarios_->setVisible(m.usuariosVisible);
   txtsupervisor_->setText(v_.txtsupervisor);

@@ -89,7 +89,7 @@ bool leerTodo(Trabajo& t, const Periodo& periodo, Conexion& central) {
   t.d.cabecera = p.ses.psCabeceraImpresion;
   if (t.esZ()) t.d.z = LeerBloqueZ(l, t.hoja.impresora);
   if (!l.bien()) return false;
-  t.d.impuestos = LeerImpuestos(p, l, t.hoja.impresora, central);
+  t.d.impuestos = LeerImpuestos(p, l, t.hoja.impresora, central, t.dia());
   if (!l.bien()) return false;
   if (t.esZ()) leerCodigo(t, l);
   if (!l.bien()) return false;
