@@ -122,7 +122,7 @@ ServidorPostgres::~ServidorPostgres() {
 
 bool ServidorPostgres::correr(const QString& base, const QString& guion) {
   ErrorBD error;
-  const auto m = MotorPostgres::abrir(cadenaDe(servidor_, base), 10'000, error);
+  const auto m = MotorPostgres::abrir(cadenaDe(servidor_, base), 20'000, error);
   const auto e = m ? m->crudo(guion) : std::optional(error);
   if (e) std::fprintf(stderr, "%s\n", e->descripcion.toUtf8().constData());
   return !e;
