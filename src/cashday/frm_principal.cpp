@@ -261,7 +261,7 @@ void frmPrincipal::iniciar() {
     CargarPrincipal(p_, v_);
   }
   refrescar();
-  tmrBDCliente_ = p_.reloj.cada(kIntervaloClientes_ms, acto([this] { RevisarCliente(p_); }));
+  tmrBDCliente_ = p_.reloj.cada(kIntervaloClientes_ms, acto([this] { RevisarEntreActos(p_, pantallas_); }));
 }
 
 void frmPrincipal::mantenimiento(int n) {
@@ -288,6 +288,7 @@ void frmPrincipal::configurarParametros() {
 }
 
 void frmPrincipal::operacion(int n) {
+  pantallas_.contactarCentral();
   if (n == kCajaRapida || n == kCajaFull) OlvidarTipoCambioPasado(p_);
   PrepararOperacion(p_, v_, pantallas_);
   const bool hayTipoCambio = p_.ses.pnTipoCambio != 0;
@@ -320,22 +321,21 @@ void frmPrincipal::cambioTurno() {
 }
 
 void frmPrincipal::cerrarCaja() {
-  std::unique_ptr<CursorEspera> espera;
+  Ocupado ocupado(p_.mensajes, {});
   CerrarCaja(p_, v_, pantallas_, [&](const QString& texto) {
-    espera.reset();
-    if (!texto.isEmpty()) espera = std::make_unique<CursorEspera>();
     estado_->ocupado(texto);
+    ocupado.ahora(texto);
   });
 }
 
 void frmPrincipal::reporte(int n, ResultadoReporte (*imprimir)(Puesto&, const PedidoReporte&)) {
-  if (!AutorizarOperacion(v_, pantallas_, rotuloDe(EntradasOperaciones(), n))) return;
-  const CursorEspera espera;
+  const QString nombre = rotuloDe(EntradasOperaciones(), n);
+  if (!AutorizarOperacion(v_, pantallas_, nombre)) return;
+  const Ocupado ocupado(p_.mensajes, QStringLiteral("Haciendo el %1…").arg(nombre));
   v_.bReporteImpreso = imprimir(p_, PedidoX()).impreso || v_.bReporteImpreso;
 }
 
 void frmPrincipal::reporteDeFecha(ResultadoReporte (*imprimir)(Puesto&, const QString&)) {
-  const CursorEspera espera;
   v_.bReporteImpreso = imprimir(p_, QStringLiteral("Z")).impreso || v_.bReporteImpreso;
 }
 
@@ -365,6 +365,7 @@ void frmPrincipal::abrirApertura() {
     auto* f = new frmApertura(p_, this);
     f->alAbrir = [this](const ResultadoApertura& r) {
       v_.sincronizarDiaAnt = v_.sincronizarDiaAnt || r.quedoDiaAnterior;
+      if (r.hecha) pantallas_.respaldar(MotivoRespaldo::Apertura);
       refrescar();
     };
     f->setAttribute(Qt::WA_DeleteOnClose);

@@ -135,8 +135,11 @@ FinReporte intentar(Trabajo& t) {
     if (t.hoja.alterna()) (void)p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral);
   } else {
     if (!marcar(t)) return FinReporte::Fallo;
-    // Without the central database there is no report of the day; asked first, so that no half of it is printed.
-    if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return FinReporte::SinCentral;
+    // Without the central database there is no report of the day; asked first, so that no half of it is printed. A
+    // session that began without it reports what the store knows.
+    if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, !p.ses.bSinCentral) && !p.ses.bSinCentral) {
+      return FinReporte::SinCentral;
+    }
     if (!LeerPeriodo(p, periodo)) return FinReporte::Fallo;
   }
   if (!leerTodo(t, periodo, central)) return FinReporte::Fallo;
@@ -169,6 +172,7 @@ ResultadoReporte reportarFecha(Puesto& p, const Hoja& hoja, const QString& letra
     p.mensajes.mostrar(QStringLiteral("La fecha debe tener el formato dd/mm/yyyy"), Mensajes::kTitulo, Icono::Critico);
     return {.fin = FinReporte::SinFecha};
   }
+  const Ocupado ocupado(p.mensajes, QStringLiteral("Haciendo el reporte del %1…").arg(*texto));
   return reportar(p, hoja, {.nOperTipo = 0, .letra = letra, .soloTurno = false}, fecha->date());
 }
 
