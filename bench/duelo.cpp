@@ -39,16 +39,6 @@ struct Tiempos {
 
 }  // namespace
 
-void romper(const char* que, const QString& detalle) {
-  std::fprintf(stderr, "%s: %s\n", que, qPrintable(detalle));
-  std::exit(1);
-}
-
-double mediana(std::vector<double>& v) {
-  std::nth_element(v.begin(), v.begin() + static_cast<std::ptrdiff_t>(v.size() / 2), v.end());
-  return v[v.size() / 2];
-}
-
 void correrEn(const QString& archivo, const QString& sql) {
   sqlite3* base = nullptr;
   char* error = nullptr;

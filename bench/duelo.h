@@ -5,10 +5,8 @@
 #include <functional>
 
 #include "apoyo/puesto_prueba.h"
+#include "breve.h"
 #include "grabadora.h"
-
-// Ends the program: a measurement of something else than was meant is worth nothing.
-[[noreturn]] void romper(const char* que, const QString& detalle = {});
 
 // Runs statements in the engine's language on a database.
 void correrEn(const QString& archivo, const QString& sql);
@@ -53,5 +51,3 @@ class Duelo {
   Acto acto_;
   QString preparar_;
 };
-
-double mediana(std::vector<double>& v);

@@ -1,32 +1,51 @@
 #pragma once
 // A small database on a PostgreSQL server, and what tells its answers from those of the embedded engine.
-#include "apoyo/servidor_postgres.h"
+#include "apoyo/servidor_prueba.h"
 #include "platform/sql_banco.h"
+#include "postgres/base_postgres.h"
 
 class BancoPostgres : public Preguntas {
  public:
-  explicit BancoPostgres(const QStringList& sentencias = {}, const QString& guion = {}, int espera_ms = 20'000)
-      : base(ServidorPostgres::uno().crearBase()) {
-    EXPECT_TRUE(guion.isEmpty() || ServidorPostgres::uno().correr(base, guion));
-    motores = motoresDelSistema(QString());
-    cadena = ServidorPostgres::uno().cadena(base);
-    const auto e = cnn.abrir(*motores, cadena, espera_ms);
-    EXPECT_FALSE(e) << e.value_or(ErrorBD{}).descripcion.toStdString();
+  // With nothing but the dialect, and what `guion` (the server's own language) and `sentencias` make.
+  explicit BancoPostgres(const QStringList& sentencias, const QString& guion = {})
+      : donde(ServidorPrueba::uno().sinBase()) {
+    ServidorPrueba::uno().crudo(
+        enComun(),
+        QStringLiteral("CREATE DATABASE %1 TEMPLATE template0 ENCODING 'UTF8' LOCALE 'C'").arg(donde.catalogo));
+    crudo(dialectoDePostgres() + guion);
+    abrir();
     for (const QString& s : sentencias) {
       const auto error = cnn.ejecutar(Sql::crudo(s));
       EXPECT_FALSE(error) << s.toStdString() << error.value_or(ErrorBD{}).descripcion.toStdString();
     }
   }
-  ~BancoPostgres() {
-    cnn.cerrar();
-    ServidorPostgres::uno().borrarBase(base);
-  }
+  // With the tables and procedures of a server.
+  explicit BancoPostgres(BaseServidor clase) : donde(ServidorPrueba::uno().base(clase)) { abrir(); }
 
-  QString base;
+  CadenaConexion enComun() const {
+    CadenaConexion c = donde;
+    c.catalogo = u8("postgres");
+    return c;
+  }
+  void crudo(const QString& guion) { ServidorPrueba::uno().crudo(donde, guion); }
+
+  CadenaConexion donde;
+
+ private:
+  // The clock stands still, as the embedded engine's.
+  void abrir() {
+    crudo(u8("CREATE OR REPLACE FUNCTION dbo.tp_ahora() RETURNS timestamp LANGUAGE sql STABLE AS "
+             "$$ SELECT timestamp '2026-11-24 17:05:30' $$"));
+    motores = motoresDelSistema(QString());
+    cadena = cadenaDe(donde);
+    const auto e = cnn.abrir(*motores, cadena, 20'000);
+    EXPECT_FALSE(e) << e.value_or(ErrorBD{}).descripcion.toStdString();
+  }
 };
 
 // An answer with all that a caller can see of it: names of the columns, kinds and texts of the cells; of an error its
-// numbers. Whole numbers and others are one kind: a column of the one engine is declared as the other's, not held so.
+// numbers, and `palabras` gets its words. Whole numbers and others are one kind: a column of the one engine is declared
+// as the other's, not held so.
 inline QString respuestaEntera(Preguntas& b, const QString& sql, QString* palabras = nullptr) {
   Recordset rs;
   if (const auto e = b.cnn.consultar(Sql::crudo(sql), rs)) {

@@ -13,9 +13,9 @@ QString ejecuta(Preguntas& b, const char* sql) {
 
 // What ends the connections that a firewall or a restart would end.
 void cortar(const BancoPostgres& b) {
-  ASSERT_TRUE(ServidorPostgres::uno().correr(
-      u8("postgres"),
-      QStringLiteral("SELECT pg_terminate_backend(pid, 5000) FROM pg_stat_activity WHERE datname = '%1'").arg(b.base)));
+  ServidorPrueba::uno().crudo(
+      b.enComun(), QStringLiteral("SELECT pg_terminate_backend(pid, 5000) FROM pg_stat_activity WHERE datname = '%1'")
+                       .arg(b.donde.catalogo));
 }
 
 TEST(MotorPostgres, TransactionsHoldTogether) {
@@ -109,9 +109,9 @@ TEST(MotorPostgres, SeesTablesThatAnotherProgramChanged) {
   BancoPostgres b(kTabla);
   EXPECT_EQ(QString(), ejecuta(b, "INSERT INTO t VALUES (1,'a',NULL)"));
   EXPECT_EQ("1|a|Null", b.respuesta("SELECT * FROM t WHERE id = 1"));
-  ASSERT_TRUE(ServidorPostgres::uno().correr(b.base, u8("ALTER TABLE dbo.t ADD m numeric(9,2) DEFAULT 5.50")));
+  b.crudo(u8("ALTER TABLE dbo.t ADD m numeric(9,2) DEFAULT 5.50"));
   EXPECT_EQ("1|a|Null|5.5", b.respuesta("SELECT * FROM t WHERE id = 1"));
-  ASSERT_TRUE(ServidorPostgres::uno().correr(b.base, u8("DROP TABLE dbo.t")));
+  b.crudo(u8("DROP TABLE dbo.t"));
   EXPECT_TRUE(b.respuesta("SELECT * FROM t WHERE id = 1").startsWith(u"error"));
   EXPECT_EQ(QString(), ejecuta(b, "CREATE TABLE t (id varchar(5), n int IDENTITY(1,1), f datetime DEFAULT GETDATE())"));
   EXPECT_EQ(QString(), ejecuta(b, "INSERT INTO t (id) VALUES ('001 ')"));

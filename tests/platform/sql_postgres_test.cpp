@@ -9,7 +9,7 @@ namespace {
 const QStringList kCentral = leerLineas(u8("platform/casos/central.sql"));
 
 TEST(Postgres, AnswersAsTheEmbeddedEngine) {
-  BancoPostgres b;
+  BancoPostgres b(QStringList{});
   comprobarRespuestas(b, leerSentencias("respuestas_tsql"));
 }
 
@@ -33,17 +33,12 @@ TEST(Postgres, AnswersTheCases) {
 // Both engines with the tables, the procedures and the clock of a central or client database.
 struct Pareja {
   explicit Pareja(BaseServidor base, const std::function<bool()>& interrumpir = {})
-      : embebido(false, tablasDelServidor(base, LenguajeMotor::Sqlite), opciones(interrumpir)),
-        servidor({}, guion(base)) {}
+      : embebido(false, tablasDelServidor(base, LenguajeMotor::Sqlite), opciones(interrumpir)), servidor(base) {}
   static OpcionesMotores opciones(const std::function<bool()>& interrumpir) {
     OpcionesMotores o;
     o.interrumpir = interrumpir;
     o.procedimientos = procedimientosDeServidores();
     return o;
-  }
-  static QString guion(BaseServidor base) {
-    return u8("SET search_path = dbo;\n") + tablasDelServidor(base, LenguajeMotor::Postgres).join(u8(";\n")) +
-           u8(";\n") + procedimientosDePostgres(base);
   }
   // Runs it on both and holds the answers against each other.
   void comparar(const QString& sql) {
@@ -110,8 +105,7 @@ TEST(Postgres, MutatedStatementsAnswerTheSameOrNot) {
     vueltas = 0;
     if (s.trimmed().startsWith(u8("insert"), Qt::CaseInsensitive)) p.comparar(s);  // rows to ask for
   }
-  EXPECT_TRUE(ServidorPostgres::uno().correr(
-      p.servidor.base, QStringLiteral("ALTER DATABASE %1 SET statement_timeout = 2000").arg(p.servidor.base)));
+  p.servidor.crudo(QStringLiteral("ALTER DATABASE %1 SET statement_timeout = 2000").arg(p.servidor.donde.catalogo));
   ASSERT_FALSE(p.servidor.cnn.abrir(*p.servidor.motores, p.servidor.cadena, 20'000));
   int contestadas = 0, soloEmbebido = 0;
   // The server's tables of letters know more than case: a soft hyphen that is none, ª beside a.

@@ -40,6 +40,10 @@ bool argumento(const std::vector<Token>& t, size_t& i, QVariant& valor) {
 }  // namespace
 
 std::optional<Llamada> leerLlamada(const QString& sql) {
+  const QStringView inicio = QStringView(sql).trimmed();
+  for (const QStringView verbo : {u"SELECT ", u"INSERT ", u"UPDATE ", u"DELETE "}) {  // nearly all, told at a glance
+    if (inicio.startsWith(verbo, Qt::CaseInsensitive)) return {};
+  }
   const std::vector<Token> t = separar(sql, Dialecto::TSql);
   for (const Token& uno : t) {
     if (uno.abierto) return {};  // no statement at all
