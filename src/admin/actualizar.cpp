@@ -25,7 +25,7 @@ std::optional<QString> ActualizarPuesto(const QString& carpeta, const QDateTime&
   const Rutas rutas = rutasDe(QDir(carpeta).absolutePath());
   const auto motores = motoresDelSistema(rutas.programa, {{}, procedimientosDeServidores(), {}});
   Conexion local;
-  if (const auto error = AbrirBase(*motores, rutas.programa, BasePuesto::Local, local)) return error;
+  if (auto error = AbrirBase(*motores, rutas.programa, BasePuesto::Local, local)) return error;
   Cerrojo unico(rutas.enPrograma(QStringLiteral("TarvoPos.lock")));
   if (unico.tomar(ahora) != Cerrojo::Fin::Tomado) {
     return QStringLiteral("La caja de %1 está abierta, o no se puede escribir en su carpeta; no se ha tocado nada.")
@@ -45,7 +45,7 @@ std::optional<QString> ActualizarPuesto(const QString& carpeta, const QDateTime&
       if (auto error = anotar(ActualizarBasePostgres(c, clase), hecho)) return error;
     }
     if (c.tipo != TipoMotor::Embebido) continue;
-    if (const auto error = AbrirBase(*motores, rutas.programa, base, servidor)) return error;
+    if (auto error = AbrirBase(*motores, rutas.programa, base, servidor)) return error;
     const Actualizacion a = ActualizarBase(servidor, QDir(rutas.programa).filePath(c.archivo),
                                            pasosDelServidor(clase, LenguajeMotor::Sqlite), ahora);
     if (auto error = anotar(a, hecho)) return error;

@@ -1,5 +1,7 @@
 #include "admin/demo_papel.h"
 
+#include <QStringList>
+
 #include "platform/text/texto.h"
 
 namespace {

@@ -15,7 +15,7 @@ qint64 leerDeEntrada(char* donde, size_t cuanto) {
 #ifdef Q_OS_WIN
   return ::_read(0, donde, static_cast<unsigned>(cuanto));
 #else
-  ssize_t n;
+  ssize_t n = 0;
   do {
     n = ::read(0, donde, cuanto);
   } while (n < 0 && errno == EINTR);

@@ -46,7 +46,7 @@ bool esBlanco(QChar c) { return c == u' ' || c == u'\t'; }
 QString tomarPalabra(QStringView& resto) {
   qsizetype fin = 0;
   while (fin < resto.size() && !esBlanco(resto[fin])) ++fin;
-  const QString palabra = resto.first(fin).toString();
+  QString palabra = resto.first(fin).toString();
   resto = resto.sliced(fin);
   while (!resto.isEmpty() && esBlanco(resto.front())) resto = resto.sliced(1);
   return palabra;

@@ -263,7 +263,7 @@ QWidget* PantallasGuion::destinoDeTeclas() const {
 
 QString PantallasGuion::foco() const {
   for (QWidget* w = QApplication::focusWidget(); w; w = w->parentWidget()) {
-    const QString nombre = w->objectName();
+    QString nombre = w->objectName();
     const bool interno = nombre.startsWith(QStringLiteral("qt_")) || w->property("editorDeCelda").toBool();
     if (!nombre.isEmpty() && !interno) return nombre;
     if (w->isWindow()) break;

@@ -44,9 +44,9 @@ void EntornoSistema::avisarEsperas(Mensajes& persona) {
 EntornoSistema::~EntornoSistema() = default;
 
 QString carpetaDelPrograma() {
-  const QString casa = qEnvironmentVariable("TARVOPOS_HOME");
+  QString casa = qEnvironmentVariable("TARVOPOS_HOME");
   if (!casa.isEmpty()) return casa;
-  const QString programa = QCoreApplication::applicationDirPath();
+  QString programa = QCoreApplication::applicationDirPath();
   if (QDir(programa).dirName() != u"bin" || !QDir(programa + QStringLiteral("/../share/tarvopos")).exists()) {
     return programa;
   }

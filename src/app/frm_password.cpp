@@ -1,5 +1,6 @@
 #include "app/frm_password.h"
 
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 

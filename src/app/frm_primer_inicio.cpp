@@ -1,6 +1,7 @@
 #include "app/frm_primer_inicio.h"
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 

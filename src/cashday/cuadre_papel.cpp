@@ -58,7 +58,7 @@ QString papel(Puesto& p, const QString& cabecera, const QStringList& lineas, int
 
 std::optional<ErrorBD> guardarLineas(Puesto& p, const QStringList& lineas) {
   Recordset rs;
-  if (const auto e = p.poCnnLocal.consultar(u" SELECT MAX(dCuadreID) AS TOTAL FROM CUADRE_CAJA"_sql, rs)) {
+  if (auto e = p.poCnnLocal.consultar(u" SELECT MAX(dCuadreID) AS TOTAL FROM CUADRE_CAJA"_sql, rs)) {
     return e;
   }
   const double id = Numero(rs[u"TOTAL"]) + 1;

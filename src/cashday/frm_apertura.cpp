@@ -1,5 +1,6 @@
 #include "cashday/frm_apertura.h"
 
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 

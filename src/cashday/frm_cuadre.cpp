@@ -186,6 +186,7 @@ QWidget* frmCuadre::nuevosProductos() {
   todo->addLayout(filaBotones({acepta}));
 
   std::vector<FilaLista> filas;
+  filas.reserve(v_.lvwProductos.size());
   for (int n = 0; n < static_cast<int>(v_.lvwProductos.size()); ++n) {
     filas.push_back({v_.lvwProductos[static_cast<size_t>(n)], n, true});
   }

@@ -45,6 +45,7 @@ class frmMantenimientoLista : public Forma {
   template <class Filas, class F>
   void llenarCon(const Filas& filas, F fila) {
     std::vector<FilaLista> mostradas;
+    mostradas.reserve(static_cast<size_t>(std::size(filas)));
     for (const auto& f : filas) mostradas.push_back(fila(f));
     lista_->llenar(std::move(mostradas));
   }

@@ -64,6 +64,7 @@ bool enviarCliente(Puesto& p, const Recordset::Fila& f) {
   else if (!localesDe(p, codigo, locales)) return false;
   if (locales.empty()) return true;
   std::vector<Sql> cambio;
+  cambio.reserve(locales.size());
   for (const int suyo : locales) {
     cambio.push_back(
         FormatearSQL(u"UPDATE Cliente    SET dUltTDate = $,        cTranCode = $ "
@@ -120,8 +121,8 @@ bool enviarAcumulacion(Puesto& p, const Recordset::Fila& f) {
   // A row of the store's copies may turn out to be of a customer who earns nothing.
   if (tipo == kClienteConPuntos) {
     const Sql fecha = fechaDelServidor(f[u"dAcumDate"]);
-    const auto hecho =
-        ActuarEnCliente(p, [&](Sql& laQueFallo) { return acumular(p.poCnnCliente, a, fecha, laQueFallo); }, false);
+    const auto hecho = ActuarEnCliente(
+        p, [&](Sql& laQueFallo) { return acumular(p.poCnnCliente, a, fecha, laQueFallo); }, false);
     if (hecho != ResultadoCliente::Hecho) return false;
   }
   return marcar(p,

@@ -113,11 +113,11 @@ std::optional<QString> PuertosSistema::copiar(const QString& archivo, const QStr
 
 std::optional<QString> PuertosSistema::enviar(const Destino& d, const QByteArray& bytes) {
   LineaImpresora linea;
-  if (const auto e = linea.abrir(d.ruta, d.crear, alEsperar)) return e;
+  if (auto e = linea.abrir(d.ruta, d.crear, alEsperar)) return e;
   if (linea.responde() && !calladas_.contains(d.ruta)) {
     const EstadoImpresora estado = PreguntarEstado(linea);
     if (!estado.responde) calladas_.insert(d.ruta);  // not asked again: each time would cost the customer's
-    if (const auto e = estado.impedimento()) return e;
+    if (auto e = estado.impedimento()) return e;
   }
   return linea.escribir(bytes);
 }

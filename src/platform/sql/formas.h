@@ -41,7 +41,7 @@ class Formas {
 
   void guardar(const QString& forma, QStringView sql, const std::vector<Token>& tokens, const std::vector<int>& fijos,
                std::shared_ptr<T> que) {
-    if (fijos_.size() > static_cast<qsizetype>(4 * tope_)) vaciar();
+    if (fijos_.size() > 4 * static_cast<qsizetype>(tope_)) vaciar();
     fijos_.insert(forma, fijos);
     const QString clave = fijos.empty() ? forma : ClaveDeForma(sql, tokens, fijos);
     if (const auto i = por_clave_.constFind(clave); i != por_clave_.constEnd()) {

@@ -30,8 +30,8 @@ using FuncionServidor =
 
 class Procedimientos {
  public:
-  void agregar(const QString& nombre, Procedimiento p) { procedimientos_.insert(nombre.toLower(), std::move(p)); }
-  void agregarFuncion(const QString& nombre, FuncionServidor f) { funciones_.insert(nombre.toLower(), std::move(f)); }
+  void agregar(const QString& nombre, const Procedimiento& p) { procedimientos_.insert(nombre.toLower(), p); }
+  void agregarFuncion(const QString& nombre, const FuncionServidor& f) { funciones_.insert(nombre.toLower(), f); }
   const Procedimiento* procedimiento(const QString& nombre) const { return buscar(procedimientos_, nombre); }
   const QHash<QString, FuncionServidor>& funciones() const { return funciones_; }
 
