@@ -127,13 +127,15 @@ class Restauracion {
     return pedido_.ultimoDocumento > numero_ ? seguirDesde(db.get()) : std::nullopt;
   }
 
-  // A row that no report sees, as the repair of the numbers leaves one: the next document follows it.
+  // A row that no report sees, as the repair of the numbers leaves one: the next document follows it. As old as the
+  // last operation, so that no clock seems to be behind it.
   Fallo seguirDesde(sqlite3* db) {
     const QString sql =
         QStringLiteral("BEGIN;"
                        "INSERT INTO Operacion (cOperCode, cUserDesc, dOperFech, cOperFlagAnula, cOperCodeAnula, "
                        "cOperFlagAbierto, cCajaCodi, cFlagSincronizacion, cAlmaCode, cDocCodigo, cDocSerie, cDocTipo) "
-                       "SELECT %1, 'rovel', '%2', 0, 0, 0, c.Caja, '0', c.Almacen, %3, d.cSerieDoc, '02' "
+                       "SELECT %1, 'rovel', ifnull((SELECT max(dOperFech) FROM Operacion), '%2'), 0, 0, 0, c.Caja, "
+                       "'0', c.Almacen, %3, d.cSerieDoc, '02' "
                        "FROM Configuracion c, Config_Documento d WHERE d.cTipoDoc = '02';"
                        "UPDATE Config_Documento SET cOperCode = %1, nDocCodigo = %3 WHERE cTipoDoc = '02';"
                        "COMMIT")

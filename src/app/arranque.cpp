@@ -219,6 +219,7 @@ bool ContactarCentral(Puesto& p, const PasosArranque& pasos) {
   Conexion central;
   if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, false, clsDBAdmin::Espera::Venta)) return false;
   p.poDBAdmin.CerrarBD(central);
+  const Ocupado ocupado(p.mensajes, QStringLiteral("Poniendo la caja al día con el servidor central…"));
   ponerServidoresAlDia(p);
   if (!leerIGV(p)) return false;
   // A query that the server refuses has been told, and would be refused again; the next start repairs.

@@ -159,7 +159,7 @@ void Pantallas::contactarCentral() {
 }
 
 void Pantallas::respaldar(MotivoRespaldo motivo) {
-  const CursorEspera espera;
+  const Ocupado ocupado(p_.mensajes, QStringLiteral("Guardando la copia de respaldo…"));
   RespaldarSesion(p_, motivo);
 }
 

@@ -159,7 +159,7 @@ const Paso<VentaRapida> kPasos[] = {
     {"numero", leerNumero},
     {"cliente", leerCliente},
     {"total", totalizar},
-    {"cobro", cobrar},
+    {"cobro", cobrar, false},
     {"codigo", kComun<TomarCodigo>},
     {"fecha", kComun<FijarFecha>},
     {"gaveta", kComun<AbrirCajon>},

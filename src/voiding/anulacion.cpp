@@ -180,8 +180,9 @@ bool sellarPago(Puesto& p, Anulacion& a) {
 
 // clang-format off
 const Paso<Anulacion> kPasos[] = {
-    {"codigo", exigirCodigo}, {"campos", exigirCampos},           {"supervisor", autorizar}, {"estado", mirarEstado},
-    {"orden", mirarOrden},    {"confirmar", confirmar},           {"codigo nuevo", tomarCodigoNuevo},
+    {"codigo", exigirCodigo, false}, {"campos", exigirCampos, false}, {"supervisor", autorizar, false},
+    {"estado", mirarEstado, false},  {"orden", mirarOrden, false},    {"confirmar", confirmar, false},
+    {"codigo nuevo", tomarCodigoNuevo},
     {"filas", grabarFilas},   {"ticket", imprimirAnulacion},    {"puntos", extornar},      {"pago", sellarPago},
 };
 // clang-format on

@@ -72,11 +72,14 @@ TEST_F(RespaldoTest, TheLastThirtyStayAndWhatIsNoCopyIsLeftAlone) {
   const QString carpeta = p.rutas.enPrograma(q("respaldos"));
   escribir(carpeta + q("/TarvoPos-v0-20261101-090000.mdb"), "de una actualización");
   escribir(carpeta + q("/20200101-000000-cierre/nota.txt"), "a medias");
-  for (int i = 0; i < kCopiasGuardadas + 2; ++i) ASSERT_EQ(QStringList(), copiar().fallos);
+  for (int dia = 1; dia <= kCopiasGuardadas + 1; ++dia) {
+    escribir(carpeta + q("/202610%1-210000-cierre/respaldo.txt").arg(dia, 2, 10, QChar(u'0')), "Copia");
+  }
+  ASSERT_EQ(QStringList(), copiar().fallos);
   const QStringList quedan = CopiasEn(carpeta);
   EXPECT_EQ(kCopiasGuardadas, quedan.size());
-  EXPECT_EQ(q("20261124-110215-cierre"), quedan.front());
-  EXPECT_EQ(q("20261124-103315-cierre"), quedan.back());
+  EXPECT_EQ(q("20261124-103115-cierre"), quedan.front());
+  EXPECT_EQ(q("20261003-210000-cierre"), quedan.back());
   EXPECT_TRUE(QFileInfo::exists(carpeta + q("/TarvoPos-v0-20261101-090000.mdb")));
   EXPECT_TRUE(QFileInfo::exists(carpeta + q("/20200101-000000-cierre/nota.txt")));
 }

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QVBoxLayout>
 
 #include "platform/ui/tema.h"
 
@@ -17,14 +18,17 @@ void conexion(QLabel* l, const QString& nombre, bool responde) {
 LineaEstado::LineaEstado(QWidget* padre) : QFrame(padre) {
   setObjectName(QStringLiteral("lineaEstado"));
   setProperty("papel", "estado");
-  auto* fila = new QHBoxLayout(this);
-  fila->setContentsMargins(16, 6, 16, 6);
+  auto* lineas = new QVBoxLayout(this);
+  lineas->setContentsMargins(16, 6, 16, 6);
+  lineas->setSpacing(2);
+  auto* fila = new QHBoxLayout;
   fila->setSpacing(20);
+  lineas->addLayout(fila);
   // clang-format off
   const struct { QLabel*& rotulo; const char* nombre; } rotulos[] = {
       {caja_, "lblEstadoCaja"},       {turno_, "lblEstadoTurno"},       {usuario_, "lblEstadoUsuario"},
       {tc_, "lblEstadoTC"},           {central_, "lblEstadoCentral"},   {clientes_, "lblEstadoClientes"},
-      {aviso_, "lblEstadoAviso"},     {papel_, "lblEstadoPapel"},
+      {papel_, "lblEstadoPapel"},
   };
   // clang-format on
   for (const auto& r : rotulos) {
@@ -33,8 +37,14 @@ LineaEstado::LineaEstado(QWidget* padre) : QFrame(padre) {
     r.rotulo->setTextFormat(Qt::PlainText);
     fila->addWidget(r.rotulo);
   }
+  // A line of its own, there only while something is wrong.
+  aviso_ = new QLabel;
+  aviso_->setObjectName(QStringLiteral("lblEstadoAviso"));
+  aviso_->setTextFormat(Qt::PlainText);
   aviso_->setProperty("papel", "alto");
+  aviso_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   aviso_->hide();
+  lineas->addWidget(aviso_);
   // The last paper takes what is left; a long printer's name must not widen the window.
   papel_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   papel_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
