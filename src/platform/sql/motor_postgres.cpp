@@ -209,16 +209,20 @@ std::optional<ErrorBD> MotorPostgres::correrPreparada(const SentenciaLeida& s, P
                      .tipos = {kTexto},
                      .valores = {p.forma->serie.toLower().toUtf8()}});
   }
-  if (!p.hecha) {
-    p.tipos = tipos;
-    p.nombre = 't' + QByteArray::number(++preparadas_);
-    QByteArray texto = p.forma->texto;
-    if (!p.forma->tablaNueva.isEmpty()) {
-      texto = "CREATE TABLE " + kPalabrasPostgres.citado(p.forma->tablaNueva).toUtf8() + " AS " + texto;
-    }
-    pasos.push_back({.clase = PasoPg::Preparar, .nombre = p.nombre, .texto = texto, .tipos = tipos});
+  QByteArray texto = p.forma->texto;
+  if (!p.forma->tablaNueva.isEmpty()) {
+    texto = "CREATE TABLE " + kPalabrasPostgres.citado(p.forma->tablaNueva).toUtf8() + " AS " + texto;
   }
-  PasoPg principal{.clase = PasoPg::Ejecutar, .nombre = p.nombre};
+  // What is not prepared is planned for its values.
+  PasoPg principal{.texto = texto, .tipos = tipos};
+  if (!p.forma->conPatron) {
+    if (!p.hecha) {
+      p.tipos = tipos;
+      p.nombre = 't' + QByteArray::number(++preparadas_);
+      pasos.push_back({.clase = PasoPg::Preparar, .nombre = p.nombre, .texto = texto, .tipos = tipos});
+    }
+    principal = {.clase = PasoPg::Ejecutar, .nombre = p.nombre};
+  }
   for (const QVariant& v : valores) principal.valores.push_back(enTexto(v));
   pasos.push_back(principal);
   std::vector<ResultadoPg> r;
@@ -226,15 +230,15 @@ std::optional<ErrorBD> MotorPostgres::correrPreparada(const SentenciaLeida& s, P
     p.hecha = false;
     return e;
   }
-  p.hecha = true;
+  p.hecha = !p.forma->conPatron;
   const pg_result* filas = r.back().get();
   const bool conFilas = PQresultStatus(filas) == PGRES_TUPLES_OK;
   if (afectadas) *afectadas = conFilas ? 0 : QByteArray(PQcmdTuples(const_cast<pg_result*>(filas))).toLongLong();
   if (!rs || !conFilas) return {};
   LlenarDe(filas, p.forma->salida, p.forma->tope.agregadas, *rs);
   if (!p.forma->tope.vale()) return {};
-  return DejarTope(*p.forma, Dialecto::TSql, *rs, [&](const QByteArray& texto) -> std::optional<ErrorBD> {
-    if (auto e = pedir({{.texto = texto, .tipos = tipos, .valores = principal.valores}}, r)) return e;
+  return DejarTope(*p.forma, Dialecto::TSql, *rs, [&](const QByteArray& sinTope) -> std::optional<ErrorBD> {
+    if (auto e = pedir({{.texto = sinTope, .tipos = tipos, .valores = principal.valores}}, r)) return e;
     LlenarDe(r.back().get(), p.forma->salida, p.forma->tope.agregadas, *rs);
     return {};
   });

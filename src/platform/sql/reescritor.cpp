@@ -63,6 +63,7 @@ Reescritura Reescritor::correr() {
   }
   r.tablaNueva = tablaNueva_;
   r.serie = serie_;
+  r.conPatron = conPatron_;
   r.tope = tope_;
   return r;
 }
