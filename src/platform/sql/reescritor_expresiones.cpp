@@ -31,7 +31,7 @@ int Reescritor::precedencia(int i, bool& predicado) const {
       if (t.texto == s) return kComparar;
     }
     if (t.texto == u"&") return jet_ ? kUnir : kSuma;
-    if (t.texto == u"+" || t.texto == u"-" || t.texto == u"||") return kSuma;
+    if (t.texto == u"+" || t.texto == u"-" || t.texto == u"||" || (t.texto == u"|" && !jet_)) return kSuma;
     if (t.texto == u"*" || t.texto == u"/" || (t.texto == u"%" && !jet_)) return kProducto;
     if (t.texto == u"\\" && jet_) return kDivisionEntera;
     if (t.texto == u"^" && jet_) return kPotencia;
