@@ -238,6 +238,8 @@ TEST(Motor, AnIndexServesTexts) {
       {"anywhere", "nombre LIKE '%mu'", false},
       {"anything but the first letters", "nombre NOT LIKE 'mu%'", false},
       {"too many ways to write it", "nombre = 'ñáéíóú'", false},
+      {"... behind plain letters", "nombre = 'mu ñáéíóú'", true},
+      {"a list", "nombre IN ('ana', 'Núñez', 'ÁNGEL')", true},
   };
   // clang-format on
   for (const bool jet : {true, false}) {

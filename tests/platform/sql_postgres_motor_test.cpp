@@ -86,6 +86,19 @@ TEST(MotorPostgres, ASaleWaitsNoLongerThanItsTime) {
   EXPECT_LT(reloj.elapsed(), kVenta_ms + 500) << "once, not at each statement";
 }
 
+TEST(MotorPostgres, AForgottenJoinEndsAndTheConnectionGoesOn) {
+  if (!qEnvironmentVariableIsSet("TARVOPOS_LARGO")) GTEST_SKIP() << "it takes a gigabyte for a moment";
+  BancoPostgres b(kTabla, u8("CREATE TABLE dbo.n AS SELECT i FROM generate_series(1, 3000) i;"));
+  Recordset rs;
+  ASSERT_FALSE(b.cnn.iniciar());
+  EXPECT_EQ(QString(), ejecuta(b, "INSERT INTO t VALUES (1,'a',NULL)"));
+  const auto e = b.cnn.consultar(Sql::crudo(u8("SELECT a.i, b.i, a.i, b.i, a.i, b.i FROM n a, n b")), rs);
+  ASSERT_TRUE(e);
+  EXPECT_EQ("La consulta da demasiadas filas.", e->descripcion);
+  ASSERT_FALSE(b.cnn.confirmar());
+  EXPECT_EQ("1", b.respuesta("SELECT COUNT(*) FROM t"));
+}
+
 // Two desks that draw a number by MAX + 1 get it one after the other.
 TEST(MotorPostgres, TheHighestNumberIsAskedForByOneAtATime) {
   BancoPostgres a(kTabla);

@@ -246,16 +246,27 @@ bool CanalPostgres::enviar(const PasoPg& p) {
 }
 
 // Results of all steps, in their order; those behind a failed one are empty.
-std::optional<ErrorBD> CanalPostgres::recoger(size_t pasos, QDeadlineTimer& plazo,
-                                              std::vector<ResultadoPg>& resultados) {
+std::optional<ErrorBD> CanalPostgres::recoger(size_t pasos, QDeadlineTimer& plazo, std::vector<ResultadoPg>& resultados,
+                                              size_t cual, const TomarFilas& tomar) {
   std::optional<ErrorBD> error;
+  bool bastan = false;
   for (size_t i = 0; i < pasos; ++i) {
     ResultadoPg de = propio(nullptr);
+    if (tomar && i == cual) PQsetSingleRowMode(conexion_);
     for (;;) {
       ResultadoPg r = propio(nullptr);
       if (auto e = siguiente(plazo, r)) return e;
       if (!r) break;
       const ExecStatusType estado = PQresultStatus(r.get());
+      if (estado == PGRES_SINGLE_TUPLE) {
+        if (!bastan && !tomar(r.get())) {
+          bastan = true;
+          error = ErrorBD{kErrorSentencia, 0, QStringLiteral("La consulta da demasiadas filas.")};
+          fallado_ = i;
+          interrumpir();
+        }
+        continue;
+      }
       const bool bien = estado == PGRES_TUPLES_OK || estado == PGRES_COMMAND_OK || estado == PGRES_EMPTY_QUERY;
       if (!bien && !error && estado != PGRES_PIPELINE_ABORTED) {
         error = errorPostgres(conexion_, r.get());
@@ -270,7 +281,15 @@ std::optional<ErrorBD> CanalPostgres::recoger(size_t pasos, QDeadlineTimer& plaz
   return error;
 }
 
-std::optional<ErrorBD> CanalPostgres::pedir(const std::vector<PasoPg>& pasos, std::vector<ResultadoPg>& resultados) {
+void CanalPostgres::interrumpir() {
+  char palabras[256];
+  PGcancel* c = PQgetCancel(conexion_);
+  if (c) PQcancel(c, palabras, sizeof palabras);
+  PQfreeCancel(c);
+}
+
+std::optional<ErrorBD> CanalPostgres::pedir(const std::vector<PasoPg>& pasos, std::vector<ResultadoPg>& resultados,
+                                            size_t cual, const TomarFilas& tomar) {
   resultados.clear();
   codigo_.clear();
   fallado_ = 0;
@@ -283,7 +302,7 @@ std::optional<ErrorBD> CanalPostgres::pedir(const std::vector<PasoPg>& pasos, st
   if (bien && varios) bien = PQpipelineSync(conexion_) == 1;
   if (!bien) return errorPostgres(conexion_, nullptr);
   if (auto e = vaciar(plazo)) return e;
-  auto error = recoger(pasos.size(), plazo, resultados);
+  auto error = recoger(pasos.size(), plazo, resultados, cual, tomar);
   if (abandonada_ || PQstatus(conexion_) == CONNECTION_BAD) return error;
   if (varios) {
     ResultadoPg fin = propio(nullptr);  // of the sync

@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -15,6 +16,9 @@ struct pg_conn;
 struct pg_result;
 
 using ResultadoPg = std::unique_ptr<pg_result, void (*)(pg_result*)>;
+
+// Takes a result that holds some rows of an answer as they come; false for no more.
+using TomarFilas = std::function<bool(const pg_result*)>;
 
 // One of the things that are asked in one go.
 struct PasoPg {
@@ -37,7 +41,9 @@ class CanalPostgres {
   // Sends all steps and gives what each answered, in their order, with one round trip. What stands behind a step that
   // failed is not run; the error is that step's and `fallado` its place. A connection that was opened for a sale waits
   // for `espera_ms`; any other as long as the server lives.
-  [[nodiscard]] std::optional<ErrorBD> pedir(const std::vector<PasoPg>& pasos, std::vector<ResultadoPg>& resultados);
+  // With `tomar` the rows of step `cual` go there, and its result holds none.
+  [[nodiscard]] std::optional<ErrorBD> pedir(const std::vector<PasoPg>& pasos, std::vector<ResultadoPg>& resultados,
+                                             size_t cual = 0, const TomarFilas& tomar = {});
   size_t fallado() const { return fallado_; }
   // The engine's own code of the last error, "" for none.
   const QByteArray& codigo() const { return codigo_; }
@@ -59,7 +65,9 @@ class CanalPostgres {
   std::optional<ErrorBD> vaciar(QDeadlineTimer& plazo);
   std::optional<ErrorBD> listo(bool escribir, QDeadlineTimer& plazo);
   std::optional<ErrorBD> siguiente(QDeadlineTimer& plazo, ResultadoPg& r);
-  std::optional<ErrorBD> recoger(size_t pasos, QDeadlineTimer& plazo, std::vector<ResultadoPg>& resultados);
+  std::optional<ErrorBD> recoger(size_t pasos, QDeadlineTimer& plazo, std::vector<ResultadoPg>& resultados,
+                                 size_t cual = 0, const TomarFilas& tomar = {});
+  void interrumpir();
   ErrorBD abandonar();
   bool sigueVivo() const;
 

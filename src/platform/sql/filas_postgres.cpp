@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr size_t kCeldasMaximas = 20'000'000;  // some 800 MB
+
 enum TipoPostgres : Oid {
   kBool = 16,
   kInt8 = 20,
@@ -69,27 +71,34 @@ QVariant celda(const PGresult* r, int fila, int columna, Oid tipo, Tipo sabido) 
 
 }  // namespace
 
-void LlenarDe(const PGresult* r, const std::vector<Columna>& salida, int agregadas, Recordset& rs) {
+void FilasPostgres::mirarColumnas(const PGresult* r) {
   const int columnas = PQnfields(r);
-  if (columnas == 1 && PQftype(r, 0) == kVoid) return rs.llenar({}, {});  // a function that gives nothing
-  const bool conTipos = static_cast<int>(salida.size()) == columnas - agregadas;
-  QStringList campos;
-  std::vector<Oid> tipos;
-  std::vector<Tipo> sabidos;
+  const bool conTipos = static_cast<int>(salida_.size()) == columnas - agregadas_;
   for (int i = 0; i < columnas; ++i) {
-    const Columna* c = conTipos && i < static_cast<int>(salida.size()) ? &salida[static_cast<size_t>(i)] : nullptr;
-    campos << (c ? c->nombre : QString::fromUtf8(PQfname(r, i)));
-    tipos.push_back(PQftype(r, i));
-    sabidos.push_back(c ? c->tipo : Tipo::Desconocido);
+    const Columna* c = conTipos && i < static_cast<int>(salida_.size()) ? &salida_[static_cast<size_t>(i)] : nullptr;
+    campos_ << (c ? c->nombre : QString::fromUtf8(PQfname(r, i)));
+    tipos_.emplace_back(PQftype(r, i), c ? c->tipo : Tipo::Desconocido);
   }
+}
+
+bool FilasPostgres::tomar(const PGresult* r) {
+  if (tipos_.empty()) mirarColumnas(r);
   const int n = PQntuples(r);
-  std::vector<std::vector<QVariant>> filas(static_cast<size_t>(n));
+  if ((filas_.size() + static_cast<size_t>(n)) * tipos_.size() > kCeldasMaximas) return false;
   for (int f = 0; f < n; ++f) {
-    auto& fila = filas[static_cast<size_t>(f)];
-    fila.reserve(static_cast<size_t>(columnas));
-    for (int i = 0; i < columnas; ++i) {
-      fila.push_back(celda(r, f, i, tipos[static_cast<size_t>(i)], sabidos[static_cast<size_t>(i)]));
+    std::vector<QVariant> fila;
+    fila.reserve(tipos_.size());
+    for (int i = 0; i < static_cast<int>(tipos_.size()); ++i) {
+      const auto& [tipo, sabido] = tipos_[static_cast<size_t>(i)];
+      fila.push_back(celda(r, f, i, tipo, sabido));
     }
+    filas_.push_back(std::move(fila));
   }
-  rs.llenar(campos, std::move(filas));
+  return true;
+}
+
+void FilasPostgres::dejar(const PGresult* ultimo, Recordset& rs) {
+  if (PQnfields(ultimo) == 1 && PQftype(ultimo, 0) == kVoid) return rs.llenar({}, {});  // a function that gives nothing
+  tomar(ultimo);
+  rs.llenar(campos_, std::move(filas_));
 }

@@ -4,6 +4,24 @@
 
 struct pg_result;
 
-// The rows of a result, as the embedded engine would give them. `salida` are the columns as the rewriting knows them,
-// empty when it doesn't: their names, and whether a number is one of those that are held whole.
-void LlenarDe(const pg_result* resultado, const std::vector<Columna>& salida, int agregadas, Recordset& rs);
+// The rows of an answer, as the embedded engine would give them, taken as they come.
+class FilasPostgres {
+ public:
+  // `salida` are the columns as the rewriting knows them, empty when it doesn't: their names, and whether a number is
+  // one of those that are held whole. They outlive this.
+  explicit FilasPostgres(const std::vector<Columna>& salida = {}, int agregadas = 0)
+      : salida_(salida), agregadas_(agregadas) {}
+  // False when there are more than any screen or paper asks for: a join that was forgotten.
+  bool tomar(const pg_result* resultado);
+  // What was taken, and what the last result holds.
+  void dejar(const pg_result* ultimo, Recordset& rs);
+
+ private:
+  void mirarColumnas(const pg_result* r);
+
+  const std::vector<Columna> salida_;
+  int agregadas_;
+  QStringList campos_;
+  std::vector<std::pair<unsigned, Tipo>> tipos_;
+  std::vector<std::vector<QVariant>> filas_;
+};

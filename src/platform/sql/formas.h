@@ -15,6 +15,7 @@ struct FormaEscrita {
   std::vector<Columna> salida;  // empty when the columns can't be told
   QString tablaNueva;           // SELECT ... INTO
   QString serie;                // the table whose highest number it asks for
+  bool conPatron = false;       // its plan depends on the values
   Tope tope;
   bool cambiaEsquema = false;
 };

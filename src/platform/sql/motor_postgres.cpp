@@ -4,7 +4,6 @@
 
 #include "platform/sql/catalogo_postgres.h"
 #include "platform/sql/errores_postgres.h"
-#include "platform/sql/filas_postgres.h"
 #include "platform/sql/tope.h"
 
 namespace {
@@ -62,7 +61,7 @@ MotorPostgres::MotorPostgres(const CadenaConexion& cadena, int espera_ms, std::s
         PasoPg paso{.texto = consulta, .tipos = {kTexto}, .valores = {nombre}};
         std::vector<ResultadoPg> r;
         if (canal_->pedir({paso}, r)) return false;
-        LlenarDe(r[0].get(), {}, 0, rs);
+        FilasPostgres().dejar(r[0].get(), rs);
         return true;
       });
 }
@@ -209,45 +208,54 @@ std::optional<ErrorBD> MotorPostgres::correrPreparada(const SentenciaLeida& s, P
                      .tipos = {kTexto},
                      .valores = {p.forma->serie.toLower().toUtf8()}});
   }
-  if (!p.hecha) {
-    p.tipos = tipos;
-    p.nombre = 't' + QByteArray::number(++preparadas_);
-    QByteArray texto = p.forma->texto;
-    if (!p.forma->tablaNueva.isEmpty()) {
-      texto = "CREATE TABLE " + kPalabrasPostgres.citado(p.forma->tablaNueva).toUtf8() + " AS " + texto;
-    }
-    pasos.push_back({.clase = PasoPg::Preparar, .nombre = p.nombre, .texto = texto, .tipos = tipos});
+  QByteArray texto = p.forma->texto;
+  if (!p.forma->tablaNueva.isEmpty()) {
+    texto = "CREATE TABLE " + kPalabrasPostgres.citado(p.forma->tablaNueva).toUtf8() + " AS " + texto;
   }
-  PasoPg principal{.clase = PasoPg::Ejecutar, .nombre = p.nombre};
+  // What is not prepared is planned for its values.
+  PasoPg principal{.texto = texto, .tipos = tipos};
+  if (!p.forma->conPatron) {
+    if (!p.hecha) {
+      p.tipos = tipos;
+      p.nombre = 't' + QByteArray::number(++preparadas_);
+      pasos.push_back({.clase = PasoPg::Preparar, .nombre = p.nombre, .texto = texto, .tipos = tipos});
+    }
+    principal = {.clase = PasoPg::Ejecutar, .nombre = p.nombre};
+  }
   for (const QVariant& v : valores) principal.valores.push_back(enTexto(v));
   pasos.push_back(principal);
   std::vector<ResultadoPg> r;
-  if (auto e = pedir(pasos, r)) {
+  FilasPostgres tomadas(p.forma->salida, p.forma->tope.agregadas);
+  if (auto e = pedir(pasos, r, &tomadas)) {
     p.hecha = false;
     return e;
   }
-  p.hecha = true;
+  p.hecha = !p.forma->conPatron;
   const pg_result* filas = r.back().get();
   const bool conFilas = PQresultStatus(filas) == PGRES_TUPLES_OK;
   if (afectadas) *afectadas = conFilas ? 0 : QByteArray(PQcmdTuples(const_cast<pg_result*>(filas))).toLongLong();
   if (!rs || !conFilas) return {};
-  LlenarDe(filas, p.forma->salida, p.forma->tope.agregadas, *rs);
+  tomadas.dejar(filas, *rs);
   if (!p.forma->tope.vale()) return {};
-  return DejarTope(*p.forma, Dialecto::TSql, *rs, [&](const QByteArray& texto) -> std::optional<ErrorBD> {
-    if (auto e = pedir({{.texto = texto, .tipos = tipos, .valores = principal.valores}}, r)) return e;
-    LlenarDe(r.back().get(), p.forma->salida, p.forma->tope.agregadas, *rs);
+  return DejarTope(*p.forma, Dialecto::TSql, *rs, [&](const QByteArray& sinTope) -> std::optional<ErrorBD> {
+    if (auto e = pedir({{.texto = sinTope, .tipos = tipos, .valores = principal.valores}}, r)) return e;
+    FilasPostgres(p.forma->salida, p.forma->tope.agregadas).dejar(r.back().get(), *rs);
     return {};
   });
 }
 
-std::optional<ErrorBD> MotorPostgres::pedir(std::vector<PasoPg> pasos, std::vector<ResultadoPg>& resultados) {
+std::optional<ErrorBD> MotorPostgres::pedir(std::vector<PasoPg> pasos, std::vector<ResultadoPg>& resultados,
+                                            FilasPostgres* filas) {
   const bool primera = porIniciar_, luego = abierta_;
   if (primera) pasos.insert(pasos.begin(), sentencia("BEGIN"));
   if (luego) {
     pasos.insert(pasos.begin(), sentencia("SAVEPOINT sentencia"));
     pasos.push_back(sentencia("RELEASE sentencia"));
   }
-  auto error = canal_->pedir(pasos, resultados);
+  const size_t principal = pasos.size() - (luego ? 2 : 1);
+  TomarFilas tomar;
+  if (filas) tomar = [filas](const pg_result* r) { return filas->tomar(r); };
+  auto error = canal_->pedir(pasos, resultados, principal, tomar);
   if (error) {
     if (!canal_->perdida()) tomarAtras(primera);
     return error;
@@ -283,7 +291,7 @@ std::optional<ErrorBD> MotorPostgres::buscarRutina(const QString& nombre, Rutina
   std::vector<ResultadoPg> r;
   if (auto e = canal_->pedir({paso}, r)) return e;
   Recordset rs;
-  LlenarDe(r[0].get(), {}, 0, rs);
+  FilasPostgres().dejar(r[0].get(), rs);
   if (rs.Eof()) {
     return ErrorBD{kErrorSentencia, 2812,
                    QStringLiteral("No se encuentra el procedimiento almacenado '%1'.").arg(nombre)};
@@ -319,7 +327,7 @@ std::optional<ErrorBD> MotorPostgres::llamar(const Llamada& llamada, Recordset* 
                kPalabrasPostgres.citado(llamada.nombre).toUtf8() + '(' + lugares.join(',') + ')';
   std::vector<ResultadoPg> r;
   if (auto e = pedir({paso}, r)) return e;
-  if (rs && rutina.clase == 'f') LlenarDe(r.back().get(), {}, 0, *rs);
+  if (rs && rutina.clase == 'f') FilasPostgres().dejar(r.back().get(), *rs);
   return {};
 }
 
@@ -369,6 +377,6 @@ std::optional<ErrorBD> MotorPostgres::crudo(const QString& guion, Recordset* rs)
     return e;
   }
   if (rs) rs->llenar({}, {});
-  if (rs && ultimo && PQresultStatus(ultimo.get()) == PGRES_TUPLES_OK) LlenarDe(ultimo.get(), {}, 0, *rs);
+  if (rs && ultimo && PQresultStatus(ultimo.get()) == PGRES_TUPLES_OK) FilasPostgres().dejar(ultimo.get(), *rs);
   return {};
 }

@@ -1,6 +1,7 @@
 #pragma once
 #include "platform/sql/camino.h"
 #include "platform/sql/canal_postgres.h"
+#include "platform/sql/filas_postgres.h"
 #include "platform/sql/motor.h"
 #include "platform/sql/procedimientos.h"
 
@@ -44,7 +45,8 @@ class MotorPostgres final : public Motor {
   std::optional<ErrorBD> llamar(const Llamada& llamada, Recordset* rs);
   std::optional<ErrorBD> transaccion(const SentenciaLeida& s, bool& esUna);
   // Runs the steps within the transaction at hand; a step that fails takes only these back.
-  std::optional<ErrorBD> pedir(std::vector<PasoPg> pasos, std::vector<ResultadoPg>& resultados);
+  std::optional<ErrorBD> pedir(std::vector<PasoPg> pasos, std::vector<ResultadoPg>& resultados,
+                               FilasPostgres* filas = nullptr);
   void tomarAtras(bool primera);
   std::shared_ptr<PreparadaPostgres> preparada(const SentenciaLeida& s, bool& vieja, std::optional<ErrorBD>& error);
   void olvidarEsquema();

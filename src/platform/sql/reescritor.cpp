@@ -63,6 +63,7 @@ Reescritura Reescritor::correr() {
   }
   r.tablaNueva = tablaNueva_;
   r.serie = serie_;
+  r.conPatron = conPatron_;
   r.tope = tope_;
   return r;
 }
@@ -77,8 +78,9 @@ void Reescritor::nombrar(int token) {
       u"THEN",    u"TO",     u"TRANSACTION", u"UNION",      u"UNIQUE",     u"UPDATE",  u"USING",    u"VALUES",
       u"WHEN",    u"WHERE",  u"LIMIT",       u"RETURNING",  u"ISNULL",     u"NOTNULL", u"TOP"};
   if (!m_.tipado || tk(token).tipo != TipoToken::Nombre) return;
-  const bool ajena = tk(token).texto[0] == u'#' || std::any_of(std::begin(kReservadas), std::end(kReservadas),
-                                                               [&](QStringView r) { return tk(token).es(r); });
+  const bool ajena =
+      tk(token).texto.contains(u'#') || tk(token).texto.contains(u'@') ||
+      std::any_of(std::begin(kReservadas), std::end(kReservadas), [&](QStringView r) { return tk(token).es(r); });
   if (ajena) malEscrita(token);
   e_.reemplazar(token, m_.citado(tk(token).texto.toString()));
 }
@@ -278,6 +280,7 @@ void Reescritor::clausulas(const std::vector<Columna>& salida) {
     } else if (tk(p_).op(u"(")) {
       hastaCerrar(0);
     } else {
+      malEscrita(p_);
       ++p_;
     }
   }
@@ -327,7 +330,7 @@ void Reescritor::filasDeValores(const std::vector<Columna>& columnas) {
     ambito().ligable = true;
     for (size_t i = 0; !fin() && !tk(p_).op(u")"); ++i) {
       Nodo n = expresion();
-      if (n.vacio()) ++p_;
+      if (n.vacio()) malEscrita(p_++);
       else if (i < columnas.size()) asignar(columnas[i], n);
       comeOp(u",");
     }

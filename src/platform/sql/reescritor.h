@@ -132,6 +132,7 @@ class Reescritor {
   Nodo eleccion(int nombre, const std::vector<Nodo>& args, Nodo n);
   Nodo convertir(int ini);
   Nodo moldear(int ini);
+  Nodo fechaLiteral(int ini, const Nodo& valor, int cierra);
   struct TipoSql {
     Tipo tipo = Tipo::Desconocido;
     QString largo, decimales;
@@ -162,6 +163,8 @@ class Reescritor {
   bool asciiLiteral(const Nodo& n) const;
   bool esCodigo(const Nodo& n) const;
   bool porVariantes(const Nodo& columna, const Nodo& literal);
+  bool listaPorVariantes(const Nodo& columna, const std::vector<Nodo>& valores);
+  void porInicio(const Nodo& columna, const Nodo& literal);
   bool empieza(const Nodo& columna, const Nodo& patron) const;
   QString tramoDePatron(const Nodo& columna, const Nodo& patron);
   const Columna* columna(const QString& alias, const QString& nombre) const;
@@ -198,8 +201,9 @@ class Reescritor {
   int p_ = 0;
   int hondo_ = 0;
   bool rendido_ = false;
-  QString error_;                                    // why the statement must not run
-  QString tablaNueva_;                               // of SELECT ... INTO
+  QString error_;       // why the statement must not run
+  QString tablaNueva_;  // of SELECT ... INTO
+  bool conPatron_ = false;
   bool maximo_ = false;                              // the outermost SELECT asks for a MAX
   QString serie_;                                    // ... of this table
   Tope tope_;                                        // of the outermost SELECT

@@ -31,7 +31,7 @@ int Reescritor::precedencia(int i, bool& predicado) const {
       if (t.texto == s) return kComparar;
     }
     if (t.texto == u"&") return jet_ ? kUnir : kSuma;
-    if (t.texto == u"+" || t.texto == u"-" || t.texto == u"||") return kSuma;
+    if (t.texto == u"+" || t.texto == u"-" || t.texto == u"||" || (t.texto == u"|" && !jet_)) return kSuma;
     if (t.texto == u"*" || t.texto == u"/" || (t.texto == u"%" && !jet_)) return kProducto;
     if (t.texto == u"\\" && jet_) return kDivisionEntera;
     if (t.texto == u"^" && jet_) return kPotencia;
@@ -175,6 +175,7 @@ Nodo Reescritor::predicado(Nodo izq, int op) {
       ++p_;
       expresion(kUnir);
     }
+    conPatron_ = conPatron_ || patron.literal < 0 || e_.literal(patron.literal)->ligado;
     const bool porIndice = !m_.empieza.isEmpty() && !negado && !conEscape && empieza(izq, patron);
     e_.antes(izq.ini, tramo + (negado ? m_.noParece : porIndice ? m_.empieza : m_.parece).toString());
     if (negado) e_.borrar(op);
@@ -227,7 +228,9 @@ Nodo Reescritor::enLista(Nodo izq, int op) {
       comeOp(u",");
     }
     const bool soloAscii = alinear(izq, valores);
-    if (izq.tipo == Tipo::Texto && !(izq.sinCaso && soloAscii)) e_.despues(op - 1, m_.colacion.toString());
+    if (izq.tipo == Tipo::Texto && !(izq.sinCaso && soloAscii) && !listaPorVariantes(izq, valores)) {
+      e_.despues(op - 1, m_.colacion.toString());
+    }
   }
   comeOp(u")");
   n.fin = p_;

@@ -24,6 +24,7 @@ QString Reescritor::nombreDeTabla() {
   }
   nombrar(ultimo);
   p_ = ultimo + 1;
+  if (tk(p_).op(u"*")) malEscrita(p_);
   return contenido(tk(ultimo));
 }
 

@@ -24,6 +24,7 @@ void Reescritor::listaDeSalida(int fin, std::vector<Columna>& salida, const std:
       unaColumna(fin, salida, destino);
     }
     while (p_ < fin && !tk(p_).op(u",") && !rendido_) {  // something unknown: on to the next item
+      malEscrita(p_);
       if (tk(p_).op(u"(")) hastaCerrar(0);
       else ++p_;
     }

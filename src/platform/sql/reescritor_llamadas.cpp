@@ -249,6 +249,25 @@ QString Reescritor::funcionDeTipo(const TipoSql& tipo) const {
   }
 }
 
+// A text that is converted to a date stands for that date at once: a server would read it again for every row. Only
+// styles that put the month first read it in a way of their own.
+Nodo Reescritor::fechaLiteral(int ini, const Nodo& valor, int cierra) {
+  const int texto = valor.literal;
+  const bool solo = texto >= 0 && valor.tipo == Tipo::Texto && valor.fin == valor.ini + 1;
+  const int estilo = tk(cierra - 1).texto.toInt();
+  const bool conEstilo = cierra == valor.fin + 2 && tk(cierra - 1).tipo == TipoToken::Numero;
+  if (!solo || (cierra != valor.fin && !conEstilo)) return {ini, ini};
+  if (conEstilo && (estilo == 1 || estilo == 101 || estilo == 10 || estilo == 110)) return {ini, ini};
+  for (int i = ini; i <= cierra; ++i) {
+    if (i != texto) e_.borrar(i);
+  }
+  Literal& l = *e_.literal(texto);
+  l.lectura = Lectura::FechaDiaMes;
+  if (!l.ligado) e_.antes(texto, QStringLiteral("timestamp "));
+  ++p_;
+  return {ini, p_, Tipo::Fecha, true};
+}
+
 // CONVERT(type, value [, style]) becomes a call of the type's own function with the length, value and style.
 Nodo Reescritor::convertir(int ini) {
   p_ = ini + 2;
@@ -281,6 +300,9 @@ Nodo Reescritor::convertir(int ini) {
   if (estilo) {
     const Nodo cual = expresion();
     if (cual.literal >= 0) e_.literal(cual.literal)->ligado = false;
+  }
+  if (m_.tipado && tipo.tipo == Tipo::Fecha && !tipo.soloDia && tk(p_).op(u")")) {
+    if (const Nodo n = fechaLiteral(ini, valor, p_); !n.vacio()) return n;
   }
   e_.reemplazar(ini, funcion);
   if (!estilo && tipo.tipo == Tipo::Texto && valor.tipo == Tipo::Fecha) e_.antes(p_, QStringLiteral(",0"));

@@ -123,6 +123,7 @@ void Reescritor::compararTextos(Nodo& a, Nodo& b, bool orden) {
   for (const Nodo* n : {&a, &b}) {
     if (n->columna && !orden) e_.antes(n->ini, m_.suelta.toString());
   }
+  if (!orden && tk(a.fin).op(u"=")) porInicio(a, b);
 }
 
 // An index serves a text with few letters beyond ASCII, too: as a list of all ways to write them. Gives false, and
@@ -150,6 +151,45 @@ bool Reescritor::empieza(const Nodo& columna, const Nodo& patron) const {
   if (!columna.columna || !columna.sinCaso || patron.literal < 0) return false;
   const QString todo = contenido(tk(patron.literal));
   return !todo.isEmpty() && !QStringView(u"%*_?#[").contains(todo[0]);
+}
+
+// The same for the texts of a list.
+bool Reescritor::listaPorVariantes(const Nodo& columna, const std::vector<Nodo>& valores) {
+  if (m_.tipado || !columna.columna || !columna.sinCaso) return false;
+  std::vector<QString> listas;
+  for (const Nodo& v : valores) {
+    if (v.literal < 0 || v.tipo != Tipo::Texto || v.fin != v.ini + 1) return false;
+    const Literal& l = *e_.literal(v.literal);
+    QStringList lista;
+    for (const QString& t : variantesDeCaso(leerLiteral(tk(v.literal), l.lectura, e_.dialecto()).valor.toString())) {
+      lista << m_.literal(t);
+    }
+    if (lista.isEmpty()) return false;
+    listas.push_back(lista.join(u','));
+  }
+  for (size_t i = 0; i < valores.size(); ++i) {
+    if (asciiLiteral(valores[i])) continue;
+    e_.reemplazar(valores[i].literal, listas[i]);
+    e_.literal(valores[i].literal)->ligado = false;
+  }
+  return true;
+}
+
+// Of a text with many letters beyond ASCII the plain beginning is what an index finds.
+void Reescritor::porInicio(const Nodo& columna, const Nodo& literal) {
+  if (!columna.columna || !columna.sinCaso || literal.literal < 0 || literal.fin != literal.ini + 1) return;
+  Literal& l = *e_.literal(literal.literal);
+  const QString todo = leerLiteral(tk(literal.literal), l.lectura, e_.dialecto()).valor.toString();
+  qsizetype n = 0;
+  while (n < todo.size() && todo[n].unicode() < 0x80) ++n;
+  if (n == 0) return;
+  l.ligado = false;
+  QString c;  // as it stands in the statement, without what was just put before it
+  for (int i = columna.ini; i < columna.fin; ++i) c += tk(i).texto;
+  e_.antes(columna.ini,
+           QStringLiteral("(%1 >= %2 AND %1 < %3 AND ")
+               .arg(c, m_.literal(todo.left(n)), m_.literal(todo.left(n) + QString::fromUcs4(U"\U0010FFFF", 1))));
+  e_.despues(literal.fin - 1, QStringLiteral(")"));
 }
 
 // A pattern that begins with plain letters lies between two texts, which an index finds: that condition, to stand

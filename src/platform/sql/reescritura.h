@@ -22,6 +22,7 @@ struct Reescritura {
   bool cambiaEsquema = false;   // CREATE, ALTER, DROP: what is known of tables is stale afterwards
   QString tablaNueva;           // SELECT ... INTO: the table that its rows go to
   QString serie;                // SELECT MAX(...): the table whose highest number it asks for, perhaps to draw the next
+  bool conPatron = false;       // a LIKE whose pattern is bound: what serves it depends on that
   Tope tope;
   std::optional<ErrorBD> error;  // the statement must not run
 };

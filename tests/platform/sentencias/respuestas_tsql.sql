@@ -473,3 +473,18 @@ SELECT id FROM dbo.x3 t WHERE t.sNom LIKE 'mu*%' OR t.sNom LIKE N'núñ%' ORDER 
 SELECT id FROM x3 WHERE sNom LIKE 'mu!*z' ESCAPE '!' OR sNom LIKE 'm_ñ[a-n]z' ORDER BY id
   3/6
 DROP TABLE x3
+# Lists and texts with many letters beyond ASCII, as an index finds them.
+CREATE TABLE x4 (id int, sNom varchar(40) COLLATE NOCASE)
+CREATE INDEX x4_nom ON x4 (sNom)
+INSERT INTO x4 VALUES (1,'Muñoz'),(2,'PÉREZ ÑÁÑEZ Í'),(3,'beto'),(4,'ÁNGEL'),(5,'peru'),(6,'Pérez Ñáñez'),(7,NULL)
+SELECT id FROM x4 WHERE sNom IN ('muñoz','BETO','ángel','x') ORDER BY id
+  1/3/4
+SELECT id FROM x4 WHERE sNom NOT IN ('MUÑOZ','ángel ') ORDER BY id
+  2/3/5/6
+SELECT id FROM x4 WHERE sNom = 'pérez ñáñez í' OR sNom = 'péréz ñáñéz í' ORDER BY id
+  2
+SELECT x.id FROM x4 x WHERE x.sNom = N'pérez ñáñez í ' AND x.id < 5
+  2
+SELECT id FROM x4 WHERE sNom IN ('muñoz', sNom) ORDER BY id
+  1/2/3/4/5/6
+DROP TABLE x4
