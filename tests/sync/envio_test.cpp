@@ -54,7 +54,7 @@ TEST(Envio, AClosedDayGoesUpAsItIs) {
 // the next run leaves what an undisturbed one does.
 TEST(Envio, WhateverBreaksTheNextRunEndsTheSame) {
   CajaConDias limpia;
-  limpia.dia(kDia, 10);
+  limpia.diaCorto(kDia);
   EXPECT_TRUE(sincronizar(limpia).bien);
   const QString esperado = limpia.todoElCentral();
   enum { FallaUna, CaeServidor, Muere, kModos };
@@ -68,7 +68,7 @@ TEST(Envio, WhateverBreaksTheNextRunEndsTheSame) {
       if (modo == CaeServidor) plan.cuenta = [&elCentral](const QString& cadena) { return cadena == elCentral; };
       CajaConDias p([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
       elCentral = p.ses.psConexionCentral;
-      p.dia(kDia, 10);
+      p.diaCorto(kDia);
       plan.armar(n, modo == CaeServidor ? Falla::desdeAhi : Falla::unaVez,
                  modo == Muere ? Muerte::despues : Muerte::no);
       try {
