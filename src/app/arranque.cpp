@@ -12,6 +12,7 @@
 #include "platform/io/perfil.h"
 #include "platform/sql/cadena_conexion.h"
 #include "platform/text/numero.h"
+#include "postgres/base_postgres.h"
 #include "printing/canal.h"
 #include "servidores.h"
 #include "store/numeracion.h"
@@ -85,15 +86,24 @@ void abrirAlmacenLocal(Puesto& p) {
   ponerAlDia(p, p.poCnnLocal, p.ses.psRutaBD, pasosDelPuesto());
 }
 
-// A server that is away, or no file of this machine, is left to the steps that need it.
+// A server that is away is left to the steps that need it. One that all desks share is brought up to date by a person,
+// not by the first desk that starts.
 void ponerServidoresAlDia(Puesto& p) {
-  const std::pair<QString, PasosDeVersion> servidores[] = {{p.ses.psConexionCentral, pasosDelCentral()},
-                                                           {p.ses.psConexionCliente, pasosDelCliente()}};
-  for (const auto& [cadena, pasos] : servidores) {
+  const std::pair<QString, BaseServidor> servidores[] = {{p.ses.psConexionCentral, BaseServidor::Central},
+                                                         {p.ses.psConexionCliente, BaseServidor::Cliente}};
+  for (const auto& [cadena, base] : servidores) {
     const CadenaConexion c = leerCadenaConexion(cadena);
     Conexion servidor;
-    if (c.tipo != TipoMotor::Embebido || !p.poDBAdmin.AbrirBD(servidor, cadena)) continue;
-    ponerAlDia(p, servidor, QDir(p.rutas.programa).filePath(c.archivo), pasos);
+    if (c.tipo == TipoMotor::SqlServer || !p.poDBAdmin.AbrirBD(servidor, cadena)) continue;
+    if (c.tipo == TipoMotor::Embebido) {
+      ponerAlDia(p, servidor, QDir(p.rutas.programa).filePath(c.archivo),
+                 pasosDelServidor(base, LenguajeMotor::Sqlite));
+    } else if (const QString falta = RevisarBasePostgres(servidor, base); !falta.isEmpty()) {
+      TerminarArranque(p,
+                       QStringLiteral("El servidor de la tienda no tiene las tablas que esta caja necesita. Pida a "
+                                      "quien instaló el programa que lo ponga al día; las ventas están a salvo."),
+                       falta);
+    }
   }
   p.ses.actosPorMirar = {true, true};
 }
@@ -116,7 +126,8 @@ void seguirSinCentral(Puesto& p, bool aceptado) {
 // False when the central database is away. One that has no rate to tell leaves the last one.
 bool leerIGV(Puesto& p) {
   Conexion central;
-  if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral)) return false;
+  // One that has just been waited for is not waited for again.
+  if (p.ses.bCentralCaida || !p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral)) return false;
   Recordset rs;
   if (p.poDBAdmin.EjecutarConsulta(central, u"select nmonto1 from parametro where cCodParam='IGV'"_sql, rs) &&
       !rs.Eof()) {
