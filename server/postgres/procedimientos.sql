@@ -8,7 +8,7 @@ BEGIN
       'proc_instante', 'proc_dia', 'spr_bloquear_serie', 'spr_insertar_cabecera_z1', 'spr_promediar_montos_z1', 'spr_agrupar_z1',
       'spr_inserta_sincronizacion', 'spr_limpiar_caja_dia', 'zankebmovivnta_reprocesa',
       'usp_sel_listadodocumentospendientespago', 'usp_sel_listadodocumentospendientesnc', 'usp_sel_ctactexcliente',
-      'usp_log_saldos', 'sp_send_cdosysmail', 'fnretornarigv', 'proc_cuentas') LOOP
+      'usp_log_saldos', 'sp_send_cdosysmail', 'fnretornarigv', 'proc_cuentas', 'proc_movimientos') LOOP
     EXECUTE 'DROP ROUTINE ' || r.firma;
   END LOOP;
 END $$;
@@ -83,10 +83,23 @@ CREATE PROCEDURE dbo.spr_agrupar_z1(p_id bigint) LANGUAGE sql AS $$
   WHERE t.ctid = f.esta AND f.esta = f.primera;
 $$;
 
-CREATE PROCEDURE dbo.spr_inserta_sincronizacion(p_caja text) LANGUAGE sql AS $$
-  INSERT INTO dbo.sincronizacioncaja (ccajacodi, dfecha)
-  VALUES (rtrim(p_caja), date_trunc('second', clock_timestamp()));
-$$;
+-- The movements of the days that the till has sent something of, by the mark of the rows here.
+CREATE PROCEDURE dbo.spr_inserta_sincronizacion(p_caja text) LANGUAGE plpgsql AS $$
+DECLARE
+  caja text := rtrim(p_caja);
+  dia timestamp;
+BEGIN
+  FOR dia IN
+    SELECT date_trunc('day', doperfech) FROM dbo.operacion WHERE ccajacodi = caja AND cflagsincronizacion = '0'
+    UNION
+    SELECT date_trunc('day', doperfech) FROM dbo.operacionparalela WHERE ccajacodi = caja AND cflagsincronizacion = '0'
+  LOOP
+    CALL dbo.proc_movimientos(dia, caja);
+  END LOOP;
+  UPDATE dbo.operacion SET cflagsincronizacion = '1' WHERE ccajacodi = caja AND cflagsincronizacion = '0';
+  UPDATE dbo.operacionparalela SET cflagsincronizacion = '1' WHERE ccajacodi = caja AND cflagsincronizacion = '0';
+  INSERT INTO dbo.sincronizacioncaja (ccajacodi, dfecha) VALUES (caja, dbo.tp_ahora());
+END $$;
 
 -- Takes away what a till has sent of one day: its operations, and its parallel documents with their lines. Z rows stay,
 -- since they are not sent again.
@@ -103,19 +116,36 @@ BEGIN
   DELETE FROM dbo.operacion WHERE ccajacodi = caja AND doperfech >= dia AND doperfech < fin;
 END $$;
 
--- The movements of a day anew, from the sales that were not voided.
-CREATE PROCEDURE dbo.zankebmovivnta_reprocesa(p_dia text) LANGUAGE plpgsql AS $$
+-- The sales movements of a day anew, of one till or, '', of all: what was sold and not voided, and what orders and notes
+-- have delivered, by the lines' value. Each unit once: the sale of a liquidation sells what its notes have delivered, and
+-- so does the order that closes one.
+CREATE PROCEDURE dbo.proc_movimientos(p_dia timestamp, p_caja text) LANGUAGE plpgsql AS $$
 DECLARE
-  dia timestamp := dbo.proc_dia(p_dia);
-  fin timestamp := dia + interval '1 day';
+  fin timestamp := p_dia + interval '1 day';
 BEGIN
-  DELETE FROM dbo.zankebmovivnta WHERE dfecha >= dia AND dfecha < fin;
+  DELETE FROM dbo.zankebmovivnta WHERE dfecha >= p_dia AND dfecha < fin AND (p_caja = '' OR ccajacodi = p_caja);
   INSERT INTO dbo.zankebmovivnta (dfecha, ccajacodi, calmacode, cdoctipo, cdocserie, cprodcode, ncantidad, nmonto)
-    SELECT dia, ccajacodi, calmacode, cdoctipo, cdocserie, cprodcode, SUM(nprodcant), SUM(nprodcant * nprodprecunit)
-    FROM dbo.operacion
-    WHERE doperfech >= dia AND doperfech < fin AND coperflaganula = 0
-      AND substring(cprodcode COLLATE "C" from '^ *(\d+)')::numeric <> 0
-    GROUP BY ccajacodi, calmacode, cdoctipo, cdocserie, cprodcode;
+    SELECT p_dia, m.ccajacodi, m.calmacode, m.cdoctipo, m.cdocserie, m.cprodcode, SUM(m.nprodcant),
+      SUM(m.nprodcant * m.nprodprecunit * (1 + m.ndscto / 100))
+    FROM (
+      SELECT o.ccajacodi, o.calmacode, o.cdoctipo, o.cdocserie, o.cprodcode, o.nprodcant, o.nprodprecunit, o.ndscto
+      FROM dbo.operacion o
+      WHERE o.doperfech >= p_dia AND o.doperfech < fin AND (p_caja = '' OR o.ccajacodi = p_caja)
+        AND o.coperflaganula = 0 AND o.copertipo <> 3
+      UNION ALL
+      SELECT o.ccajacodi, p.calmacode, o.cdoctipo, o.cdocserie, p.cprodcode, p.nprodcant, p.nprodprecunit, p.ndscto
+      FROM dbo.operacionparalela o
+      JOIN dbo.operacionparalelaproducto p ON p.ccajacodi = o.ccajacodi AND p.copercode = o.copercode
+      WHERE o.doperfech >= p_dia AND o.doperfech < fin AND (p_caja = '' OR o.ccajacodi = p_caja)
+        AND o.copercodeanul = 0 AND o.cestado <> '0'
+        AND (o.copertipo = 21 OR o.copertipo = 20 AND o.copercoderela = 0)) m
+    WHERE substring(m.cprodcode COLLATE "C" from '^ *(\d+)')::numeric <> 0
+    GROUP BY m.ccajacodi, m.calmacode, m.cdoctipo, m.cdocserie, m.cprodcode;
+END $$;
+
+CREATE PROCEDURE dbo.zankebmovivnta_reprocesa(p_dia text) LANGUAGE plpgsql AS $$
+BEGIN
+  CALL dbo.proc_movimientos(dbo.proc_dia(p_dia), '');
 END $$;
 
 -- The documents that were not voided, and what is left to pay of each: what payments that were not voided have brought,
@@ -196,7 +226,7 @@ BEGIN
   FROM dbo.articulo a
   LEFT JOIN contado c ON c.ccodartic = a.ccodartic
   LEFT JOIN dbo.unidadmedida u ON u.cundmedid = a.cundsalida
-  WHERE a.bswactivo = 1 AND a.ccodartic COLLATE "C" LIKE parece
+  WHERE a.bswactivo = 0 AND a.ccodartic COLLATE "C" LIKE parece
   ORDER BY a.ccodartic;
 END $$;
 

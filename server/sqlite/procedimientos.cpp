@@ -70,7 +70,27 @@ Error agruparZ1(AccesoMotor& bd, const QVariantList& a, Recordset&) {
                      {a[0]});
 }
 
+// The movements of the days that the till has sent something of, by the mark of the rows here.
 Error insertaSincronizacion(AccesoMotor& bd, const QVariantList& a, Recordset&) {
+  Recordset dias;
+  if (auto error = bd.consultar(sinFinales("SELECT date(dOperFech) FROM Operacion WHERE ~cCajaCodi = ?1 AND "
+                                           "~cFlagSincronizacion = '0' UNION SELECT date(dOperFech) FROM OperacionParalela "
+                                           "WHERE ~cCajaCodi = ?1 AND ~cFlagSincronizacion = '0'"),
+                                {a[0]}, dias)) {
+    return error;
+  }
+  for (const auto& f : dias) {
+    const QDate dia = QDate::fromString(f[0].toString().left(10), Qt::ISODate);
+    if (auto error = rehacerMovimientos(bd, dia, a[0].toString())) return error;
+  }
+  for (const char* tabla : {"Operacion", "OperacionParalela"}) {
+    if (auto error = bd.ejecutar(sinFinales("UPDATE %1 SET cFlagSincronizacion = '1' WHERE ~cCajaCodi = ?1 AND "
+                                            "~cFlagSincronizacion = '0'")
+                                     .arg(QLatin1String(tabla)),
+                                 {a[0]})) {
+      return error;
+    }
+  }
   return bd.ejecutar(QStringLiteral("INSERT INTO SincronizacionCaja (cCajaCodi, dFecha) VALUES (?, ?)"),
                      {a[0], FechaISO(bd.ahora())});
 }

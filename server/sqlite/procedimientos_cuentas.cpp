@@ -72,25 +72,13 @@ Error saldos(AccesoMotor& bd, const QVariantList& a, Recordset& rs) {
                    "AND ~m.cAlmaCode = ?4 AND m.dFecha >= ifnull(c.dia, ?1) AND m.dFecha < ?2), 0) AS saldos "
                    "FROM Articulo a LEFT JOIN contado c ON ~c.cCodArtic = ~a.cCodartic "
                    "LEFT JOIN UnidadMedida u ON ~u.cUndmedid = ~a.cUndSalida "
-                   "WHERE a.bSwActivo = 1 AND a.cCodartic GLOB ?3 ORDER BY a.cCodartic",
+                   "WHERE a.bSwActivo = 0 AND a.cCodartic GLOB ?3 ORDER BY a.cCodartic",
                    {FechaISO(desde->date().startOfDay()), fin, a[2], a[6]}, rs);
 }
 
-// The movements of a day anew, from the sales that were not voided.
 Error reprocesarMovimientos(AccesoMotor& bd, const QVariantList& a, Recordset&) {
   const auto fecha = leerInstante(a[0].toString());
-  if (!fecha) return noEsFecha(a[0]);
-  const QVariantList dia{FechaISO(fecha->date().startOfDay()), FechaISO(fecha->date().addDays(1).startOfDay())};
-  if (auto error = bd.ejecutar(QStringLiteral("DELETE FROM ZANKEBMOVIVNTA WHERE dFecha >= ?1 AND dFecha < ?2"), dia)) {
-    return error;
-  }
-  return bd.ejecutar(
-      sinFinales("INSERT INTO ZANKEBMOVIVNTA (dFecha, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nCantidad, "
-                 "nMonto) SELECT ?1, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, SUM(nProdCant), "
-                 "SUM(nProdCant * nProdPrecUnit) FROM Operacion WHERE dOperFech >= ?1 AND dOperFech < ?2 "
-                 "AND cOperFlagAnula = 0 AND CAST(cProdCode AS INTEGER) <> 0 "
-                 "GROUP BY ~cCajaCodi, ~cAlmaCode, ~cDocTipo, ~cDocSerie, ~cProdCode"),
-      dia);
+  return fecha ? rehacerMovimientos(bd, fecha->date(), {}) : noEsFecha(a[0]);
 }
 
 // Mails wait in a table of the central database; who sends them from there is not the till's business.
@@ -101,6 +89,31 @@ Error enviarCorreo(AccesoMotor& bd, const QVariantList& a, Recordset&) {
 }
 
 }  // namespace
+
+// Each unit once: the sale of a liquidation sells what its notes have delivered, and so does the order that closes one.
+Error rehacerMovimientos(AccesoMotor& bd, QDate dia, const QString& caja) {
+  const QVariantList valores{FechaISO(dia.startOfDay()), FechaISO(dia.addDays(1).startOfDay()), caja};
+  if (auto error = bd.ejecutar(sinFinales("DELETE FROM ZANKEBMOVIVNTA WHERE dFecha >= ?1 AND dFecha < ?2 "
+                                          "AND (?3 = '' OR ~cCajaCodi = ?3)"),
+                               valores)) {
+    return error;
+  }
+  return bd.ejecutar(
+      sinFinales(
+          "INSERT INTO ZANKEBMOVIVNTA (dFecha, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nCantidad, nMonto) "
+          "SELECT ?1, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, SUM(nProdCant), "
+          "round(SUM(nProdCant * nProdPrecUnit * (1 + nDscto / 100.0)), 6) FROM ("
+          "SELECT cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nProdCant, nProdPrecUnit, nDscto FROM Operacion "
+          "WHERE dOperFech >= ?1 AND dOperFech < ?2 AND (?3 = '' OR ~cCajaCodi = ?3) AND cOperFlagAnula = 0 "
+          "AND cOperTipo <> 3 AND CAST(cProdCode AS INTEGER) <> 0 UNION ALL "
+          "SELECT o.cCajaCodi, p.cAlmaCode, o.cDocTipo, o.cDocSerie, p.cProdCode, p.nProdCant, p.nProdPrecUnit, p.nDscto "
+          "FROM OperacionParalela o, OperacionParalelaProducto p WHERE o.dOperFech >= ?1 AND o.dOperFech < ?2 "
+          "AND (?3 = '' OR ~o.cCajaCodi = ?3) AND ~p.cCajaCodi = ~o.cCajaCodi AND p.cOperCode = o.cOperCode "
+          "AND o.cOperCodeAnul = 0 AND ~o.cEstado <> '0' AND (o.cOperTipo = 21 OR o.cOperTipo = 20 AND "
+          "o.cOperCodeRela = 0) AND CAST(p.cProdCode AS INTEGER) <> 0) "
+          "GROUP BY ~cCajaCodi, ~cAlmaCode, ~cDocTipo, ~cDocSerie, ~cProdCode"),
+      valores);
+}
 
 std::vector<EntradaProcedimiento> procedimientosDeCuentas() {
   return {

@@ -25,10 +25,7 @@ bool Envio::leerPaso() {
     return false;
   }
   const qint64 paso = entero(rs[0]);
-  if (paso == 0 || paso == 6) return true;
-  pantalla_.porque =
-      QStringLiteral("El cierre de caja quedó a medias. Termínelo con Reporte Z; las operaciones se envían después.");
-  return false;
+  return paso == 0 || paso == 6;  // the main window tells of a closing half done
 }
 
 bool Envio::leerRangos() {

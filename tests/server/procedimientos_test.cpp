@@ -43,7 +43,7 @@ TEST(Procedimientos, AnswerAsTheirServerDoes) {
     BancoServidor b(false, tablasDelCentral(), opciones);
     comprobarRespuestas(b, e.lineas);
   }
-  EXPECT_EQ(8u, escenas().size());
+  EXPECT_EQ(9u, escenas().size());
 }
 
 // The screens find columns by name and place.

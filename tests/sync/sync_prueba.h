@@ -41,6 +41,25 @@ class CajaConDias : public PuestoPrueba {
     persona().dejaPasar();
   }
 
+  // A closed day of one boleta, one order, one advance payment.
+  void diaCorto(const QString& fecha) {
+    for (
+        const QString& sql :
+        {q("INSERT INTO Operacion (cOperCode, cAlmaCode, cProdCode, nProdCant, nProdPrecUnit, dOperFech, cOperTipo, "
+           "cCajaCodi, cDocTipo, cDocSerie, cDocCodigo, cOperFlagAbierto) VALUES (1, '01', 101, 2, 38, '%1 09:01', 1, "
+           "'00001', '02', '001', 1, 0)"),
+         q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, dOperFech, nMontoSoles, cEstado, cCajaCodi, "
+           "cFlagSincronizacion, cOperFlagAbierto, cDocTipo, cDocSerie, cDocCodigo) VALUES (1, 20, '%1 09:02', 38, '1', "
+           "'00001', '0', 0, '10', 'OC1', 1)"),
+         q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, dOperFech, nMontoSoles, cEstado, cCajaCodi, "
+           "cFlagSincronizacion, cOperFlagAbierto, cDocTipo, cDocSerie, cDocCodigo) VALUES (2, 22, '%1 09:03', 90, '1', "
+           "'00001', '1', 0, '12', 'PA1', 1)"),
+         q("INSERT INTO OperacionParalelaProducto (cAlmaCode, cOperCode, cProdCode, nProdCant, nProdPrecUnit) VALUES "
+           "('01', 1, 101, 1, 38)")}) {
+      ejecuta(sql.contains(u'%') ? sql.arg(fecha) : sql);
+    }
+    cerrarZ(fecha);
+  }
   // A closed day: a boleta of two lines, a factura, a voided boleta, an order, a note on an advance payment, and a voided
   // order. Documents number up from `numero`, which is 10 a day.
   void dia(const QString& fecha, int numero) {
@@ -110,15 +129,14 @@ class CajaConDias : public PuestoPrueba {
     const QString ini = maximo("SELECT IIF(ISNULL(MAX(cOperIdFin)), 0, MAX(cOperIdFin)) FROM CabeceraZ"),
                   iniP = maximo("SELECT IIF(ISNULL(MAX(cOperIdPFin)), 0, MAX(cOperIdPFin)) FROM CabeceraZ"),
                   id = maximo("SELECT IIF(ISNULL(MAX(IdZ)), 0, MAX(IdZ)) + 1 FROM CabeceraZ");
-    ejecuta(
-        q("INSERT INTO CabeceraZ (IdZ, Caja, CantidadTotal, MontoTotal, Fecha, RangoTKBOL, RangoTKFAC, CodigoRep, "
-          "cOperIdIni, cOperIdFin, cOperIdPIni, cOperIdPFin) VALUES (%1, '00001', 4, 117, '%2', 'TICKET', 'TICKET', "
-          "'Código', %3, %4, %5, %6)")
-            .arg(id, fecha, ini, maximo("SELECT MAX(cOperID) FROM Operacion"), iniP,
-                 maximo("SELECT MAX(cOperCode) FROM OperacionParalela")));
-    ejecuta(q("INSERT INTO DetalleZ (IdZ, Caja, nItem, CodProd, DscProd, Cantidad) VALUES (%1, '00001', 1, 101, 'QUESO "
+    ejecuta(q("INSERT INTO CabeceraZ (IdZ, Caja, CantidadTotal, MontoTotal, Fecha, RangoTKBOL, RangoTKFAC, CodigoRep, "
+              "cOperIdIni, cOperIdFin, cOperIdPIni, cOperIdPFin) VALUES (%1, '%7', 4, 117, '%2', 'TICKET', 'TICKET', "
+              "'Código', %3, %4, %5, %6)")
+                .arg(id, fecha, ini, maximo("SELECT MAX(cOperID) FROM Operacion"), iniP,
+                     maximo("SELECT MAX(cOperCode) FROM OperacionParalela")));
+    ejecuta(q("INSERT INTO DetalleZ (IdZ, Caja, nItem, CodProd, DscProd, Cantidad) VALUES (%1, '%2', 1, 101, 'QUESO "
               "D''AMBO', 3)")
-                .arg(id));
+                .arg(id, ses.psCaja));
   }
 
   Conexion& central() {
@@ -128,19 +146,27 @@ class CajaConDias : public PuestoPrueba {
   QString enCentral(const char* sql) { return filas(central(), q(sql)); }
   // All that the desk has sent, whatever the order in which it came.
   QString todoElCentral() {
-    return enCentral(
-               "SELECT cOperCode, cProdCode, nProdCant, nProdPrecUnit, dOperFech, cOperFlagAnula, cOperCodeAnula, "
-               "cDocTipo, cDocSerie, cDocCodigo FROM Operacion ORDER BY 1, 2") +
-           q("\n-\n") +
-           enCentral("SELECT cOperCode, cOperTipo, nMontoSoles, cEstado, cOperCodeRela, cOperCodeAnul, cDocTipo, "
-                     "cDocCodigo FROM OperacionParalela ORDER BY 1") +
-           q("\n-\n") +
-           enCentral("SELECT cOperCode, cProdCode, nProdCant, nProdPrecUnit FROM OperacionParalelaProducto ORDER BY 1, "
-                     "2") +
-           q("\n-\n") + enCentral("SELECT IdZ, Caja, MontoTotal, cOperIdFin FROM CabeceraZ ORDER BY 1") + q("\n-\n") +
-           enCentral("SELECT IdZ, nItem, CodProd, DscProd FROM DetalleZ ORDER BY 1") + q("\n-\n") +
-           enCentral("SELECT cdocTipo, cProdCode, SUM(nProdCant), SUM(nMonto) FROM TDETALLEZ1 GROUP BY cdocTipo, "
-                     "cProdCode ORDER BY 1, 2");
+    QString todo;
+    for (const char* sql :
+         {"SELECT cOperCode, cProdCode, nProdCant, nProdPrecUnit, dOperFech, cOperFlagAnula, cOperCodeAnula, cDocTipo, "
+          "cDocSerie, cDocCodigo FROM Operacion WHERE cCajaCodi = '%1' ORDER BY 1, 2",
+          "SELECT cOperCode, cOperTipo, nMontoSoles, cEstado, cOperCodeRela, cOperCodeAnul, cDocTipo, cDocCodigo FROM "
+          "OperacionParalela WHERE cCajaCodi = '%1' ORDER BY 1",
+          "SELECT cOperCode, cProdCode, nProdCant, nProdPrecUnit FROM OperacionParalelaProducto WHERE cCajaCodi = '%1' "
+          "ORDER BY 1, 2",
+          "SELECT IdZ, MontoTotal, cOperIdFin FROM CabeceraZ WHERE Caja = '%1' ORDER BY 1",
+          "SELECT IdZ, nItem, CodProd, DscProd FROM DetalleZ WHERE Caja = '%1' ORDER BY 1",
+          "SELECT cdocTipo, cProdCode, SUM(nProdCant), SUM(nMonto) FROM TDETALLEZ1 WHERE cCajaCodi = '%1' GROUP BY "
+          "cdocTipo, cProdCode ORDER BY 1, 2"}) {
+      if (!todo.isNull()) todo += q("\n-\n");
+      todo += filas(central(), q(sql).arg(ses.psCaja));
+    }
+    return todo;
+  }
+  // From now on its central database is that one.
+  void conCentral(const QString& cadena) {
+    poCnnCentral.cerrar();
+    ses.psConexionCentral = cadena;
   }
   // Rows of the store that the centre should hold and that are not marked; and Z rows that wait.
   QString porEnviar() {

@@ -69,7 +69,7 @@ exec usp_sel_CtaCtexCliente 6, 2
   3|01|FACTURA|001|000003|<2026-11-22 00:00:00>|DOLARES|301|100|1|0
 
 ## stock is the last count less what was sold since
-INSERT INTO Articulo (cCodartic, vDscartic, cUndSalida, bSwActivo) VALUES ('000101','CAFE','UND',1), ('000102','TORTA','UND',1), ('000103','FUERA','UND',0)
+INSERT INTO Articulo (cCodartic, vDscartic, cUndSalida, bSwActivo) VALUES ('000101','CAFE','UND',0), ('000102','TORTA','UND',0), ('000103','FUERA','UND',1)
 INSERT INTO SaldoArticulo VALUES ('01','000101','2026-11-01 00:00:00',90), ('01','000101','2026-11-20 00:00:00',50)
 INSERT INTO Operacion (cOperID, cCajaCodi, dOperFech, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nProdCant, nProdPrecUnit, cOperFlagAnula) VALUES (1,'00001','2026-11-24 09:00:00','01','02','001','000101',3,2,0), (2,'00001','2026-11-24 10:00:00','01','02','001','000101',4,2,0)
 INSERT INTO Operacion (cOperID, cCajaCodi, dOperFech, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nProdCant, nProdPrecUnit, cOperFlagAnula) VALUES (3,'00001','2026-11-24 10:00:00','01','02','001','000101',9,2,1), (4,'00001','2026-11-24 10:00:00','01','02','001','0',1,0,0)
@@ -86,6 +86,19 @@ exec usp_Log_Saldos '20261024', '20261115', '*', '', 0, 0, '01'
   CAFE|UND|000101|90|0/TORTA|UND|000102|0|0
 exec usp_Log_Saldos '20261024', 'x', '*', '', 0, 0, '01'
   error: «x» no es una fecha.
+
+## a synchronisation makes the movements of the days that it has sent
+INSERT INTO Operacion (cOperID, cCajaCodi, dOperFech, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nProdCant, nProdPrecUnit, nDscto, cOperTipo) VALUES (1,'00001','2026-11-24 09:00:00','01','02','001','000101',3,2,-10,1), (2,'00001','2026-11-24 09:00:00','01','02','001','000102',1,5,0,3)
+INSERT INTO Operacion (cOperID, cCajaCodi, dOperFech, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nProdCant, nProdPrecUnit) VALUES (1,'00002','2026-11-24 09:00:00','01','02','002','000101',1,2)
+INSERT INTO OperacionParalela (cOperCode, cCajaCodi, dOperFech, cOperTipo, cEstado, cDocTipo, cDocSerie) VALUES (1,'00001','2026-11-25 10:00:00',20,'1','10','OC1'), (2,'00001','2026-11-25 11:00:00',21,'2','11','NC1'), (3,'00001','2026-11-25 12:00:00',20,'0','10','OC1')
+INSERT INTO OperacionParalela (cOperCode, cCajaCodi, dOperFech, cOperTipo, cEstado, cDocTipo, cDocSerie, cOperCodeRela) VALUES (4,'00001','2026-11-25 13:00:00',20,'1','10','OC1',9)
+INSERT INTO OperacionParalelaProducto (cOperCode, cCajaCodi, cAlmaCode, cProdCode, nProdCant, nProdPrecUnit) VALUES (1,'00001','01','000101',1,2), (2,'00001','01','000102',2,5), (3,'00001','01','000101',7,2), (4,'00001','01','000102',2,5)
+exec spr_inserta_sincronizacion '00001'
+  (nada)
+SELECT * FROM ZANKEBMOVIVNTA ORDER BY 1, 2, 4
+  <2026-11-24 00:00:00>|00001|01|02|001|000101|3|5.4/<2026-11-25 00:00:00>|00001|01|10|OC1|000101|1|2/<2026-11-25 00:00:00>|00001|01|11|NC1|000102|2|10
+SELECT cCajaCodi, cFlagSincronizacion FROM Operacion WHERE cOperTipo <> 3 ORDER BY 1
+  00001|1/00002|0
 
 ## the rest and wrong calls
 exec sp_send_cdosysmail 'a', 'b;c', 'Error', 'Detalle'
