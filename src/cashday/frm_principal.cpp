@@ -13,6 +13,7 @@
 #include "cashday/frm_acerca_de.h"
 #include "cashday/frm_apertura.h"
 #include "cashday/pantallas_principal.h"
+#include "cashday/reporte_stock.h"
 #include "cashday/reportes.h"
 #include "cashday/tipo_cambio.h"
 #include "cashday/turno.h"
@@ -31,11 +32,6 @@ QString deArreglo(const char* nombre, int n) { return QStringLiteral("%1(%2)").a
 
 QString sinMnemonico(QString rotulo) { return rotulo.remove(u'&'); }
 
-// The caption of an entry; the entries stand in the order of their numbers.
-QString rotuloDe(std::span<const EntradaNumerada> entradas, int n) {
-  return sinMnemonico(QString::fromUtf8(entradas[static_cast<size_t>(n - 1)].rotulo));
-}
-
 }  // namespace
 
 frmPrincipal::frmPrincipal(Puesto& p, PantallasPrincipal& pantallas) : p_(p), pantallas_(pantallas) {
@@ -43,6 +39,7 @@ frmPrincipal::frmPrincipal(Puesto& p, PantallasPrincipal& pantallas) : p_(p), pa
   crearMenus();
   crearBarra();
   crearCentro();
+  crearTeclas();
   // What the supervisor dialog fills.
   txtsupervisor_ = new QLineEdit(this);
   txtsupervisor_->setObjectName(QStringLiteral("txtsupervisor"));
@@ -129,17 +126,20 @@ void frmPrincipal::crearMenus() {
     connect(a, &QAction::triggered, this, acto(std::move(accion)));
     return a;
   };
-  const auto falta = [this](const char* nombre) {
-    return [this, n = QString::fromUtf8(nombre)] { pantallas_.noDisponible(n); };
-  };
-  demas_.push_back(suelta(nullptr, "mnuRptStock", QStringLiteral("Reporte Stock"), falta("Reporte Stock")));
+  demas_.push_back(suelta(nullptr, "mnuRptStock", QStringLiteral("Reporte Stock"), [this] {
+    const CursorEspera espera;
+    ReporteStock(p_);
+  }));
   QMenu* futura = menuBar()->addMenu(QStringLiteral("Venta Futura"));
   futura->menuAction()->setObjectName(QStringLiteral("mnuCtaCte"));
   demas_.push_back(suelta(futura, "mnuOperCtaCte", QStringLiteral("Operaciones"), [this] {
     CapturaTipoCambio(p_, pantallas_);
     if (p_.ses.pnTipoCambio != 0) pantallas_.noDisponible(QStringLiteral("Venta Futura - Operaciones"));
   }));
-  demas_.push_back(suelta(futura, "mnuConsCtaCte", QStringLiteral("Consultas"), falta("Venta Futura - Consultas")));
+  demas_.push_back(
+      suelta(futura, "mnuConsCtaCte", QStringLiteral("Consultas"), [this] { pantallas_.cuentasDeClientes(); }));
+  demas_.push_back(suelta(futura, "mnuConsCtaCteCliente", QStringLiteral("Estado de Cuenta por Cliente"),
+                          [this] { pantallas_.cuentaDeCliente(); }));
   demas_.push_back(
       suelta(nullptr, "mnuAcercaDe", QStringLiteral("Acerca de..."), [this] { frmAcercaDe(this).exec(); }));
   suelta(nullptr, "mnuSalir", QStringLiteral("&Salir"), [this] { p_.salida.terminar(0); });
@@ -266,13 +266,13 @@ void frmPrincipal::iniciar() {
 
 void frmPrincipal::mantenimiento(int n) {
   switch (n) {
-    case kProductos: ajustes(PantallaMantenimiento::Productos, rotuloDe(EntradasMantenimiento(), n)); return;
+    case kProductos: ajustes(PantallaMantenimiento::Productos, RotuloDe(EntradasMantenimiento(), n)); return;
     case kTipoCambio: pantallas_.tipoCambioLista(); return;
-    case kTeclado: ajustes(PantallaMantenimiento::Teclado, rotuloDe(EntradasMantenimiento(), n)); return;
-    case kCabecera: ajustes(PantallaMantenimiento::Cabecera, rotuloDe(EntradasMantenimiento(), n)); return;
-    case kImpresora: ajustes(PantallaMantenimiento::Impresora, rotuloDe(EntradasMantenimiento(), n)); return;
+    case kTeclado: ajustes(PantallaMantenimiento::Teclado, RotuloDe(EntradasMantenimiento(), n)); return;
+    case kCabecera: ajustes(PantallaMantenimiento::Cabecera, RotuloDe(EntradasMantenimiento(), n)); return;
+    case kImpresora: ajustes(PantallaMantenimiento::Impresora, RotuloDe(EntradasMantenimiento(), n)); return;
     case kIniciarCaja: abrirApertura(); return;
-    default: pantallas_.noDisponible(rotuloDe(EntradasMantenimiento(), n));
+    default: pantallas_.noDisponible(RotuloDe(EntradasMantenimiento(), n));
   }
 }
 
@@ -305,8 +305,10 @@ void frmPrincipal::operacion(int n) {
       pantallas_.cuadreDeCaja(v_, kCuadreVista);
       return;
     case kReporteZ: cerrarCaja(); return;
+    case kConsultaOP: pantallas_.consultaParalelas(); return;
     case kReporteX1: reporte(n, ReportesEspeciales1); return;
-    default: pantallas_.noDisponible(rotuloDe(EntradasOperaciones(), n));
+    case kReporteX1Excel: exportar(); return;
+    default: pantallas_.noDisponible(RotuloDe(EntradasOperaciones(), n));
   }
 }
 
@@ -315,7 +317,7 @@ void frmPrincipal::cambioTurno() {
                              QStringLiteral("Confirmar Cambio de Turno"), false)) {
     return;
   }
-  if (!AutorizarOperacion(v_, pantallas_, rotuloDe(EntradasOperaciones(), kCambioTurno))) return;
+  if (!AutorizarOperacion(v_, pantallas_, RotuloDe(EntradasOperaciones(), kCambioTurno))) return;
   CambioTurno(p_, v_, pantallas_);
 }
 
@@ -326,17 +328,6 @@ void frmPrincipal::cerrarCaja() {
     if (!texto.isEmpty()) espera = std::make_unique<CursorEspera>();
     estado_->ocupado(texto);
   });
-}
-
-void frmPrincipal::reporte(int n, ResultadoReporte (*imprimir)(Puesto&, const PedidoReporte&)) {
-  if (!AutorizarOperacion(v_, pantallas_, rotuloDe(EntradasOperaciones(), n))) return;
-  const CursorEspera espera;
-  v_.bReporteImpreso = imprimir(p_, PedidoX()).impreso || v_.bReporteImpreso;
-}
-
-void frmPrincipal::reporteDeFecha(ResultadoReporte (*imprimir)(Puesto&, const QString&)) {
-  const CursorEspera espera;
-  v_.bReporteImpreso = imprimir(p_, QStringLiteral("Z")).impreso || v_.bReporteImpreso;
 }
 
 void frmPrincipal::boton(int n) {

@@ -31,6 +31,12 @@ class PantallasPrincipal {
   // Ends this session and starts the program again from its first step, once the act under way has returned.
   virtual void rearrancar() = 0;
 
+  // The parallel documents of the store; stays open beside the main window.
+  virtual void consultaParalelas() { noDisponible(QStringLiteral("Consulta OP")); }
+  // The accounts of all customers, and of one.
+  virtual void cuentasDeClientes() { noDisponible(QStringLiteral("Venta Futura - Consultas")); }
+  virtual void cuentaDeCliente() { noDisponible(QStringLiteral("Venta Futura - Estado de Cuenta")); }
+
   // The supervisor dialog. `acto` names in the title what is authorised. Gives the supervisor's name as typed;
   // nothing when it was refused.
   virtual std::optional<QString> autorizar(const QString& acto) = 0;

@@ -81,7 +81,10 @@ LecturaDocumento leerVenta(Puesto& p, DocumentoGuardado& t) {
 LecturaDocumento leerParalela(Puesto& p, DocumentoGuardado& t) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
-          p.poCnnLocal, FormatearSQL(u"Select * FROM OperacionParalela WHERE cOperCode= $"_sql, {t.codigo}), rs)) {
+          p.poCnnLocal,
+          FormatearSQL(u"Select * FROM OperacionParalela WHERE cOperCode= $ AND cOperTipo <> $"_sql,
+                       {t.codigo, Codigo(TipoOperacion::ReporteParalelas)}),
+          rs)) {
     return LecturaDocumento::Fallo;
   }
   if (rs.Eof()) return LecturaDocumento::NoExiste;
