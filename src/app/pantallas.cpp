@@ -12,6 +12,7 @@
 #include "cashday/frm_cuadre.h"
 #include "cashday/principal.h"
 #include "cashday/tipo_cambio.h"
+#include "credit/frm_caja_facturacion_pagos.h"
 #include "foundation/puesto.h"
 #include "printing/frm_cabecera_impresion_lista.h"
 #include "printing/frm_configura_impresora.h"
@@ -37,6 +38,35 @@ QWidget* padre() {
 void Pantallas::abrirRapida() { vender(Registradora::Rapida); }
 
 void Pantallas::abrirFull() { vender(Registradora::Full); }
+
+void Pantallas::ventaFutura() {
+  frmCajaFacturacionPagos f(p_, *this, padre());
+  f.exec();
+}
+
+std::optional<DocumentoPorPagar> Pantallas::documentoPorPagar(DocCredito) {
+  noDisponible(QStringLiteral("Docs Pendientes de Pago"));
+  return {};
+}
+
+std::optional<DocumentoPorConsumir> Pantallas::documentoPorConsumir(DocCredito) {
+  noDisponible(QStringLiteral("Seleccione Documento"));
+  return {};
+}
+
+std::optional<qint64> Pantallas::documentoPorLiquidar(DocCredito) {
+  noDisponible(QStringLiteral("Docs Pendientes Liquidacion"));
+  return {};
+}
+
+void Pantallas::anularDocumento(DocCredito) { noDisponible(QStringLiteral("Anular Documento")); }
+
+void Pantallas::anularPago(const QString&, const QString&) { noDisponible(QStringLiteral("Anular Pago")); }
+
+std::optional<TarjetaElegida> Pantallas::nuevoCliente() {
+  noDisponible(QStringLiteral("Nuevo Cliente"));
+  return {};
+}
 
 void Pantallas::vender(Registradora cual) {
   siguiente_ = {cual, {}};

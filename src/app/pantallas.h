@@ -4,6 +4,7 @@
 
 #include "backoffice/pantallas_backoffice.h"
 #include "cashday/pantallas_principal.h"
+#include "credit/pantallas_credito.h"
 #include "sale/pantallas_venta.h"
 #include "sale/traspaso.h"
 #include "voiding/pantallas_anulacion.h"
@@ -15,13 +16,15 @@ struct Puesto;
 class Pantallas final : public PantallasPrincipal,
                         public PantallasVenta,
                         public PantallasBackoffice,
-                        public PantallasAnulacion {
+                        public PantallasAnulacion,
+                        public PantallasCredito {
  public:
   // `alRearrancar` ends the session and starts the program again, after the event under way.
   Pantallas(Puesto& p, std::function<void()> alRearrancar) : alRearrancar_(std::move(alRearrancar)), p_(p) {}
 
   void abrirRapida() override;
   void abrirFull() override;
+  void ventaFutura() override;
   void tipoCambioLista() override;
   void tipoCambioDetalle(int modo) override;
   void mantenimiento(PantallaMantenimiento cual) override;
@@ -39,6 +42,12 @@ class Pantallas final : public PantallasPrincipal,
   void reimprimir(const QString& local) override;
   bool irARapida(const VentaEnCurso& venta) override;
   bool irAFull(const VentaEnCurso& venta) override;
+  std::optional<DocumentoPorPagar> documentoPorPagar(DocCredito doc) override;
+  std::optional<DocumentoPorConsumir> documentoPorConsumir(DocCredito doc) override;
+  std::optional<qint64> documentoPorLiquidar(DocCredito doc) override;
+  void anularDocumento(DocCredito doc) override;
+  void anularPago(const QString& serie, const QString& numero) override;
+  std::optional<TarjetaElegida> nuevoCliente() override;
   void noDisponible(const QString& pantalla) override;
 
  private:

@@ -132,10 +132,10 @@ void frmPrincipal::crearMenus() {
   }));
   QMenu* futura = menuBar()->addMenu(QStringLiteral("Venta Futura"));
   futura->menuAction()->setObjectName(QStringLiteral("mnuCtaCte"));
-  demas_.push_back(suelta(futura, "mnuOperCtaCte", QStringLiteral("Operaciones"), [this] {
+  ventaFutura_ = suelta(futura, "mnuOperCtaCte", QStringLiteral("Operaciones"), [this] {
     CapturaTipoCambio(p_, pantallas_);
-    if (p_.ses.pnTipoCambio != 0) pantallas_.noDisponible(QStringLiteral("Venta Futura - Operaciones"));
-  }));
+    if (p_.ses.pnTipoCambio != 0) pantallas_.ventaFutura();
+  });
   demas_.push_back(
       suelta(futura, "mnuConsCtaCte", QStringLiteral("Consultas"), [this] { pantallas_.cuentasDeClientes(); }));
   demas_.push_back(suelta(futura, "mnuConsCtaCteCliente", QStringLiteral("Estado de Cuenta por Cliente"),
@@ -239,6 +239,7 @@ void frmPrincipal::refrescar() {
   for (size_t n = 1; n < mantenimiento_.size(); ++n) mantenimiento_[n]->setEnabled(m.mantenimiento[n]);
   for (size_t n = 1; n < operaciones_.size(); ++n) operaciones_[n]->setEnabled(m.operaciones[n]);
   for (QAction* a : demas_) a->setEnabled(m.demasMenus);
+  ventaFutura_->setEnabled(m.operaciones[kCajaFull]);  // its payments belong to a turn
   diaAnterior_->setEnabled(m.sincronizarDiaAnt);
   usuarios_->setVisible(m.usuariosVisible);
   txtsupervisor_->setText(v_.txtsupervisor);

@@ -79,7 +79,7 @@ class frmPrincipal final : public QMainWindow {
   std::array<QAction*, 18> accionBoton_{};
   QToolBar* barraFecha_ = nullptr;
   std::vector<QAction*> demas_;
-  QAction *diaAnterior_ = nullptr, *usuarios_ = nullptr;
+  QAction *diaAnterior_ = nullptr, *usuarios_ = nullptr, *ventaFutura_ = nullptr;
   QLabel *titular_ = nullptr, *sentencia_ = nullptr;
   QLineEdit* txtsupervisor_ = nullptr;
   std::vector<QPushButton*> abierta_;

@@ -18,6 +18,7 @@ class PantallasPrincipal {
 
   virtual void abrirRapida() = 0;  // the quick register
   virtual void abrirFull() = 0;    // the full register, initialised
+  virtual void ventaFutura() = 0;  // the billing screen
   virtual void tipoCambioLista() = 0;
   // The detail of the exchange rate in mode 0 (new) to 3 (view).
   virtual void tipoCambioDetalle(int modo) = 0;

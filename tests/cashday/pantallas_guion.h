@@ -9,6 +9,7 @@ struct PantallasGuion : PantallasPrincipal {
   std::optional<QString> supervisor;
   void abrirRapida() override { abiertas << QStringLiteral("rápida"); }
   void abrirFull() override { abiertas << QStringLiteral("full"); }
+  void ventaFutura() override { abiertas << QStringLiteral("futura"); }
   void tipoCambioLista() override { abiertas << QStringLiteral("lista T.C."); }
   void tipoCambioDetalle(int modo) override { abiertas << QStringLiteral("T.C. %1").arg(modo); }
   void mantenimiento(PantallaMantenimiento cual) override {

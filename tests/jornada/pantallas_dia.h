@@ -55,6 +55,7 @@ class PrincipalDelDia final : public PantallasPrincipal {
 
   void abrirRapida() override {}
   void abrirFull() override {}
+  void ventaFutura() override {}
   void tipoCambioLista() override {}
   void tipoCambioDetalle(int) override {}
   void mantenimiento(PantallaMantenimiento) override {}
