@@ -29,7 +29,9 @@ void frmPrincipal::exportar() {
 
 // The kinds and their entries stand in one order.
 void frmPrincipal::reporteParalelo(int n) {
-  if (!operaciones_[static_cast<size_t>(n)]->isEnabled()) return;
+  // An entry that isn't seen counts as disabled, so the state of the day is asked.
+  const Menus m = MenusDelDia(ClaseDelDia(p_, v_), v_.sincronizarDiaAnt, p_.ses);
+  if (!m.operaciones[static_cast<size_t>(n)]) return;
   PrepararOperacion(p_, v_, pantallas_);
   if (!ExigirSupervisor(p_, v_, pantallas_, RotuloDe(EntradasOperaciones(), n))) return;
   const CursorEspera espera;
