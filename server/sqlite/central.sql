@@ -142,6 +142,17 @@ CREATE TABLE Detraccion (
   Observaciones TEXT
 );
 CREATE INDEX Detraccion_documento ON Detraccion (SerieDoc, NroDoc);
+-- What was delivered against a billing document, by whichever desk: its note there and the amount in soles.
+CREATE TABLE ConsumoVenta (
+  cCodVta INTEGER NOT NULL,
+  cCajaCodi TEXT NOT NULL,
+  cOperCode INTEGER NOT NULL,
+  dFecha DATETIME,
+  nMonto REAL DEFAULT 0,
+  bAnulado INTEGER DEFAULT 0
+);
+CREATE INDEX ConsumoVenta_documento ON ConsumoVenta (cCodVta);
+CREATE INDEX ConsumoVenta_nota ON ConsumoVenta (cCajaCodi, cOperCode);
 -- Documents that the accounts have posted: what stands here is not taken up a second time.
 CREATE TABLE Cuentacte (
   cSerieDoc TEXT, cNroDoc TEXT, cCodCaja TEXT, cTipoDoc TEXT, dFecha DATETIME, nMonto REAL DEFAULT 0

@@ -75,11 +75,11 @@ bool ImprimirTicket(Puesto& p, CommitDocumento& c) {
   t.notas = c.notas;
   t.totales = c.totales;
   t.puntos = c.puntos;
-  t.momento = p.reloj.now();
+  t.momento = c.momentoImpreso.value_or(p.reloj.now());
   t.supervisor = c.supervisor;
-  t.usuario = p.ses.psUsuario;
+  t.usuario = c.usuario.isEmpty() ? p.ses.psUsuario : c.usuario;
   t.caja = p.ses.psCaja;
-  t.turno = p.ses.psTurno;
+  t.turno = c.turno.isEmpty() ? p.ses.psTurno : c.turno;
   t.correlativo = CorrelativoImpresion(p, impresora);
   ImprimirDocumento(p, TextoTicket(t), impresora);
   return true;

@@ -21,6 +21,8 @@ struct CommitDocumento {
   FormaLineas forma;
   std::vector<RenglonTotal> totales;
   std::optional<PuntosTicket> puntos;
+  std::optional<QDateTime> momentoImpreso;  // of a copy, that of its document; else the present one
+  QString usuario, turno;                   // of a copy as well; "" for those of the session
 
   double total = 0;  // soles: the figure that earns points
   int idLocal = 0;   // the customer's site, 0 when there is none

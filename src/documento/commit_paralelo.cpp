@@ -84,10 +84,12 @@ bool EscribirLineas(Puesto& p, CommitParalelo& c) {
 
 bool EscribirEfectivo(Puesto& p, CommitParalelo& c) {
   const EfectivoDocumento& e = c.paralela.efectivo;
-  if (e.soles <= 0 && e.dolares <= 0) return true;
-  c.o.tipo = c.liquidacion                         ? TipoOperacion::Liquidado
-             : !c.tarjetas.empty() && e.soles == 0 ? TipoOperacion::Voucher
-                                                   : TipoOperacion::Efectivo;
+  // The change of a liquidation leaves the drawer also when nothing came in.
+  const bool devuelve = c.clase == ClaseDocumento::LIQPAD && e.vueltoSoles > 0;
+  if (e.soles <= 0 && e.dolares <= 0 && !devuelve) return true;
+  c.o.tipo = c.liquidacion                                      ? TipoOperacion::Liquidado
+             : !c.tarjetas.empty() && e.soles == 0 && !devuelve ? TipoOperacion::Voucher
+                                                                : TipoOperacion::Efectivo;
   c.o.liquidacion = c.liquidacion ? c.liquidacion->codigo : 0;
   return GrabarEfectivoParalelo(p, c.o, c.serieDinero, e);
 }

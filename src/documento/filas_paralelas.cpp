@@ -5,79 +5,94 @@
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 
-bool GrabarParalela(Puesto& p, const DatosOperacion& o, const DatosParalela& d) {
+Sql SentenciaParalela(const Puesto& p, const DatosOperacion& o, const DatosParalela& d) {
   const EfectivoDocumento& e = d.efectivo;
-  return p.poDBAdmin.EjecutarSentencia(
-      p.poCnnLocal,
-      FormatearSQL(u" INSERT INTO OPERACIONPARALELA (cOperCode, cOperTipo, dOperFech, nTarjNumb,"
-                   " nMoneda, nMontoSoles, nMontoDolares, nEfectivoSoles, nVueltoSoles, sGlosa,"
-                   " cEstado, cCajaCodi, cFlagSincronizacion, cTurnoCodi, cUserDesc, cOpercodeRela, "
-                   " nEfectivoDolares, nVueltoDolares, cDocSerie, cDocCodigo, cDocTipo ) "
-                   " VALUES"
-                   " ($, $, '$', '$', $, $, $, $, $, '$', '$', '$', '$', '$', '$', $ ,$ ,$,'$',$,'$')"_sql,
-                   {o.codigo,
-                    Codigo(o.tipo),
-                    Texto(o.fecha),
-                    Texto(o.tarjeta),
-                    d.moneda,
-                    d.montoSoles,
-                    d.montoDolares,
-                    e.soles,
-                    e.vueltoSoles,
-                    Texto(d.glosa),
-                    1,
-                    Texto(p.ses.psCaja),
-                    d.sincronizada,
-                    Texto(p.ses.psTurno),
-                    Texto(p.ses.psUsuario),
-                    d.relacion,
-                    e.dolares,
-                    e.vueltoDolares,
-                    Texto(o.serie),
-                    o.numero,
-                    Texto(Codigo(o.documento))}),
-      true);
+  return FormatearSQL(u" INSERT INTO OPERACIONPARALELA (cOperCode, cOperTipo, dOperFech, nTarjNumb,"
+                      " nMoneda, nMontoSoles, nMontoDolares, nEfectivoSoles, nVueltoSoles, sGlosa,"
+                      " cEstado, cCajaCodi, cFlagSincronizacion, cTurnoCodi, cUserDesc, cOpercodeRela, "
+                      " nEfectivoDolares, nVueltoDolares, cDocSerie, cDocCodigo, cDocTipo ) "
+                      " VALUES"
+                      " ($, $, '$', '$', $, $, $, $, $, '$', '$', '$', '$', '$', '$', $ ,$ ,$,'$',$,'$')"_sql,
+                      {o.codigo,
+                       Codigo(o.tipo),
+                       Texto(o.fecha),
+                       Texto(o.tarjeta),
+                       d.moneda,
+                       d.montoSoles,
+                       d.montoDolares,
+                       e.soles,
+                       e.vueltoSoles,
+                       Texto(d.glosa),
+                       1,
+                       Texto(p.ses.psCaja),
+                       d.sincronizada,
+                       Texto(p.ses.psTurno),
+                       Texto(p.ses.psUsuario),
+                       d.relacion,
+                       e.dolares,
+                       e.vueltoDolares,
+                       Texto(o.serie),
+                       o.numero,
+                       Texto(Codigo(o.documento))});
 }
 
-bool GrabarLineaParalela(Puesto& p, const DatosOperacion& o, const LineaDocumento& l, const QString& supervisor) {
-  return p.poDBAdmin.EjecutarSentencia(
-      p.poCnnLocal,
-      FormatearSQL(u" INSERT INTO OPERACIONPARALELAPRODUCTO (cAlmaCode, cOperCode, cProdCode, nProdCant,"
-                   " nProdPrecUnit, nDscto, nServicio,cSupervisor)"
-                   " VALUES"
-                   " ('$', $, $, $, $, $,$,'$')"_sql,
-                   {Texto(l.cAlmaCode), o.codigo, l.cProdCode, qAbs(l.cantidad), l.precio, l.porcentaje,
-                    ServicioDe(p, l), Texto(l.porcentaje != 0 ? supervisor : QString())}),
-      true);
+Sql SentenciaLineaParalela(const Puesto& p, const DatosOperacion& o, const LineaDocumento& l,
+                           const QString& supervisor) {
+  return FormatearSQL(u" INSERT INTO OPERACIONPARALELAPRODUCTO (cAlmaCode, cOperCode, cProdCode, nProdCant,"
+                      " nProdPrecUnit, nDscto, nServicio,cSupervisor)"
+                      " VALUES"
+                      " ('$', $, $, $, $, $,$,'$')"_sql,
+                      {Texto(l.cAlmaCode), o.codigo, l.cProdCode, qAbs(l.cantidad), l.precio, l.porcentaje,
+                       ServicioDe(p, l), Texto(l.porcentaje != 0 ? supervisor : QString())});
 }
 
 namespace {
 
 // The row that money leaves in Operacion. `emisor`: with the card's column, which stands empty.
-bool grabarDinero(Puesto& p, const DatosOperacion& o, const QString& serie, const EfectivoDocumento& e, bool emisor) {
+Sql sentenciaDinero(const Puesto& p, const DatosOperacion& o, const QString& serie, const EfectivoDocumento& e,
+                    bool emisor) {
   const Sql plantilla = u" INSERT INTO OPERACION (cOperCode, cUserDesc, nTarjNumb, cProdCode, nProdCant, nProdPrecUnit,"
                         " nMontoDolares, dOperFech, cOperTipo, cCajaCodi, cTurnoCodi, nmontosoles, nVueltoDolares, "
                         " cDocSerie, cDoccodigo, cdocTipo, cOpercodeAnula,"_sql +
                         (emisor ? Sql(u" cemisor,"_sql) : Sql()) +
                         u" IdLocal)  VALUES ($, '$', '$', $, $, $, $, '$', $, '$', '$',$ ,$, '$', $, '$', $,"_sql +
                         (emisor ? Sql(u" '',"_sql) : Sql()) + u" $)"_sql;
-  return p.poDBAdmin.EjecutarSentencia(
-      p.poCnnLocal,
-      FormatearSQL(plantilla,
-                   {o.codigo, Texto(p.ses.psUsuario), Texto(o.tarjeta), 0, 1, 0 - e.vueltoSoles, e.dolares,
-                    Texto(o.fecha), Codigo(o.tipo), Texto(p.ses.psCaja), Texto(p.ses.psTurno), e.soles, e.vueltoDolares,
-                    Texto(serie), o.numero, Texto(Codigo(o.documento)), o.liquidacion, ValorLocal(o)}),
-      true);
+  return FormatearSQL(
+      plantilla, {o.codigo, Texto(p.ses.psUsuario), Texto(o.tarjeta), 0, 1, 0 - e.vueltoSoles, e.dolares,
+                  Texto(o.fecha), Codigo(o.tipo), Texto(p.ses.psCaja), Texto(p.ses.psTurno), e.soles, e.vueltoDolares,
+                  Texto(serie), o.numero, Texto(Codigo(o.documento)), o.liquidacion, ValorLocal(o)});
 }
+
+bool ejecutar(Puesto& p, const Sql& sentencia) { return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sentencia, true); }
 
 }  // namespace
 
+Sql SentenciaEfectivoParalelo(const Puesto& p, const DatosOperacion& o, const QString& serie,
+                              const EfectivoDocumento& e) {
+  return sentenciaDinero(p, o, serie, e, false);
+}
+
+Sql SentenciaCerrarParalela(qint64 codigo, qint64 liquidacion) {
+  return liquidacion == 0
+             ? FormatearSQL(u" UPDATE OPERACIONPARALELA SET cEstado = 2 WHERE cOperCode = $"_sql, {codigo})
+             : FormatearSQL(u" UPDATE OPERACIONPARALELA SET cOpercodeRela = $, cEstado = 2 WHERE cOperCode = $"_sql,
+                            {liquidacion, codigo});
+}
+
+bool GrabarParalela(Puesto& p, const DatosOperacion& o, const DatosParalela& d) {
+  return ejecutar(p, SentenciaParalela(p, o, d));
+}
+
+bool GrabarLineaParalela(Puesto& p, const DatosOperacion& o, const LineaDocumento& l, const QString& supervisor) {
+  return ejecutar(p, SentenciaLineaParalela(p, o, l, supervisor));
+}
+
 bool GrabarEfectivoParalelo(Puesto& p, const DatosOperacion& o, const QString& serie, const EfectivoDocumento& e) {
-  return grabarDinero(p, o, serie, e, false);
+  return ejecutar(p, SentenciaEfectivoParalelo(p, o, serie, e));
 }
 
 bool GrabarTarjetaParalela(Puesto& p, const DatosOperacion& o, const QString& serie, double soles) {
-  return grabarDinero(p, o, serie, {soles, 0, 0, 0}, true);
+  return ejecutar(p, sentenciaDinero(p, o, serie, {soles, 0, 0, 0}, true));
 }
 
 bool EsRepetida(Puesto& p, const DatosOperacion& o, const DatosParalela& d, bool& repetida) {
@@ -99,10 +114,5 @@ bool EsRepetida(Puesto& p, const DatosOperacion& o, const DatosParalela& d, bool
 }
 
 bool CerrarParalela(Puesto& p, qint64 codigo, qint64 liquidacion) {
-  const Sql sentencia =
-      liquidacion == 0
-          ? FormatearSQL(u" UPDATE OPERACIONPARALELA SET cEstado = 2 WHERE cOperCode = $"_sql, {codigo})
-          : FormatearSQL(u" UPDATE OPERACIONPARALELA SET cOpercodeRela = $, cEstado = 2 WHERE cOperCode = $"_sql,
-                         {liquidacion, codigo});
-  return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sentencia, true);
+  return ejecutar(p, SentenciaCerrarParalela(codigo, liquidacion));
 }

@@ -14,7 +14,15 @@ struct DatosParalela {
   bool sincronizada = false;
 };
 
-// Each gives false when the store could not be written or read, and then the box has been shown.
+// The statements of the rows, for an act that runs them later, together with others.
+Sql SentenciaParalela(const Puesto& p, const DatosOperacion& o, const DatosParalela& d);
+Sql SentenciaLineaParalela(const Puesto& p, const DatosOperacion& o, const LineaDocumento& linea,
+                           const QString& supervisor);
+Sql SentenciaEfectivoParalelo(const Puesto& p, const DatosOperacion& o, const QString& serie,
+                              const EfectivoDocumento& e);
+Sql SentenciaCerrarParalela(qint64 codigo, qint64 liquidacion = 0);
+
+// The same run at once. Each gives false when the store could not be written or read, and then the box has been shown.
 
 [[nodiscard]] bool GrabarParalela(Puesto& p, const DatosOperacion& o, const DatosParalela& d);
 

@@ -132,6 +132,7 @@ QString PalabraDolares(double tipoCambio) {
 QString Lema() { return kFin + kFin + Espacios(3) + QStringLiteral("...LA FINCA ALDEBRA ES EL LUGAR!!!"); }
 
 QString LineaTotal(const RenglonTotal& r) {
+  if (r.llano) return r.etiqueta + r.valor + kFin;
   const int etiqueta = r.ancho ? 19 : 23, valor = r.ancho ? 19 : 15;
   return alInicioDe(r.etiqueta, etiqueta) + alFinalDe(r.valor, valor) + kFin;
 }

@@ -33,6 +33,7 @@ QString Lema();
 struct RenglonTotal {
   QString etiqueta, valor;
   bool ancho = false;  // value in 19 columns instead of 15
+  bool llano = false;  // both as they are, no columns
 };
 QString LineaTotal(const RenglonTotal& renglon);
 // A total with mask "0.00".

@@ -169,15 +169,21 @@ class Marcha {
       : p_(p),
         acto_(acto),
         servidor_(conexionDe(p, acto.servidor)),
-        localPrimero_(acto.orden == ActoDoble::LocalPrimero),
-        fila_{p.ses.psCaja, acto.nombre, kPendiente, localPrimero_ ? acto.enServidor : acto.enLocal, acto.deshacer} {}
+        localPrimero_(acto.orden == ActoDoble::LocalPrimero) {}
 
   ResultadoActo hacer() {
     if (!servidor_.abierta()) (void)p_.poDBAdmin.AbrirBD(servidor_, cadenaDe(p_, acto_.servidor), false, kEspera);
     else if (porMirar(p_, acto_.servidor)) (void)TerminarActos(p_, acto_.servidor, servidor_);
     // Nobody else may look at the server's rows while this act is on its way.
     const bool quedaban = std::exchange(porMirar(p_, acto_.servidor), false);
-    const ResultadoActo r = confirmarAmbas();
+    ResultadoActo r;
+    try {
+      r = confirmarAmbas();
+    } catch (...) {
+      soltar(segunda());
+      soltar(primera());
+      throw;
+    }
     porMirar(p_, acto_.servidor) = porMirar(p_, acto_.servidor) || quedaban;
     return r;
   }
@@ -189,8 +195,20 @@ class Marcha {
   Conexion& segunda() { return localPrimero_ ? servidor_ : p_.poCnnLocal; }
   const std::vector<Sql>& deLaPrimera() const { return localPrimero_ ? acto_.enLocal : acto_.enServidor; }
 
+  // Both transactions are open while the act is made ready.
+  Error preparar() {
+    Error error;
+    if (acto_.preparar) {
+      error = primera().iniciar();
+      if (!error) error = segunda().iniciar();
+      if (!error) error = acto_.preparar(acto_);
+    }
+    fila_ = {p_.ses.psCaja, acto_.nombre, kPendiente, localPrimero_ ? acto_.enServidor : acto_.enLocal, acto_.deshacer};
+    return error;
+  }
+
   Error empezar(Conexion& cnn, const std::vector<Sql>& sentencias, const Sql& fila) {
-    auto error = cnn.iniciar();
+    auto error = acto_.preparar ? Error() : cnn.iniciar();
     if (!error) error = EjecutarTodas(cnn, sentencias);
     if (!error) error = cnn.ejecutar(fila);
     return error;
@@ -215,6 +233,7 @@ class Marcha {
   }
 
   ResultadoActo confirmarAmbas() {
+    if (const auto error = preparar()) return nada(*error);
     if (const auto error = empezar(primera(), deLaPrimera(), filaPendiente())) return nada(*error);
     const auto falta = empezar(segunda(), fila_.termina, sentenciaHecho(p_, fila_, acto_.servidor));
     if (falta) {
@@ -270,10 +289,10 @@ class Marcha {
   }
 
   Puesto& p_;
-  const ActoDoble& acto_;
+  ActoDoble acto_;
   Conexion& servidor_;
   const bool localPrimero_;
-  const FilaActo fila_;
+  FilaActo fila_;
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 // half leaves a mark of the same name. Both rows go once both halves stand. What a death leaves is finished by the next
 // opening of that server (TerminarActos), which looks for the mark first.
 #include <QStringList>
+#include <functional>
 #include <vector>
 
 #include "platform/sql/conexion.h"
@@ -19,7 +20,7 @@ struct ActoDoble {
 
   // Names this one act among all of the desk, such as "puntos 01 001 123": while one of that name is unfinished no
   // other begins.
-  QString nombre;
+  QString nombre{};
   ServidorActo servidor = ServidorActo::Central;
   Orden orden = LocalPrimero;
   std::vector<Sql> enLocal,
@@ -29,6 +30,10 @@ struct ActoDoble {
   std::vector<Sql> deshacer;
   // LocalPrimero alone: with the server away the local half stands, and the other one waits for the server.
   bool puedeEsperar = false;
+  // Runs inside both transactions before any of the statements, which it may still make, like the name: what it reads
+  // there under a lock of its own holds till the commits. An error that it gives ends the act with nothing done. It
+  // must show nothing.
+  std::function<std::optional<ErrorBD>(ActoDoble&)> preparar = {};
 };
 
 enum class FinActo {

@@ -239,13 +239,14 @@ bool VerificarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& lo
   if (maximo <= 0 || maximo + 1 == n.numero) return true;
   const qint64 viejo = n.numero;
   n.numero = maximo + 1;
-  dejarLog(
-      p,
-      (central != 0 ? log.conCentral : log.sinCentral) + Codigo(tipo) + QString::number(viejo) + QStringLiteral(".log"),
-      viejo, n.numero);
-  p.mensajes.mostrar(QStringLiteral("Ocurrio un error en la numeración, se asignará el ") + QString::number(n.numero) +
-                     QStringLiteral(" al documento "));
+  AvisarNumeroCorregido(p, tipo, central != 0 ? log.conCentral : log.sinCentral, viejo, n.numero);
   return true;
+}
+
+void AvisarNumeroCorregido(Puesto& p, TipoDocumento tipo, const QString& log, qint64 viejo, qint64 nuevo) {
+  dejarLog(p, log + Codigo(tipo) + QString::number(viejo) + QStringLiteral(".log"), viejo, nuevo);
+  p.mensajes.mostrar(QStringLiteral("Ocurrio un error en la numeración, se asignará el ") + QString::number(nuevo) +
+                     QStringLiteral(" al documento "));
 }
 
 bool GuardarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NumeroDocumento& n) {

@@ -20,6 +20,7 @@ struct NombreLog {
   QString conCentral, sinCentral;
 };
 inline const NombreLog kLogCajaFull{QStringLiteral("Error_Full_1"), QStringLiteral("Error_Full_1")};
+inline const NombreLog kLogFacturacion{QStringLiteral("Error_Full2"), QStringLiteral("Error_Full2")};
 
 // The series of a type on a new desk, `caja`, where no other desk has the same. That of facturas is only in their own
 // row: they are numbered in the boletas' one.
@@ -42,6 +43,9 @@ QString SerieInicial(TipoDocumento tipo, const QString& caja);
 // which is asked with the patience of a sale; away, it is left out. A number that isn't the next one is corrected: a
 // log file in the temp folder, one box, and the sale goes on. False, with `n` untouched, when the store can't be read.
 [[nodiscard]] bool VerificarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& log, NumeroDocumento& n);
+
+// Tells that a number was corrected: the log file of that stem, and the box.
+void AvisarNumeroCorregido(Puesto& p, TipoDocumento tipo, const QString& log, qint64 viejo, qint64 nuevo);
 
 // Stores series and number as the last ones used; a missing row is made.
 [[nodiscard]] bool GuardarNumeroDocumento(Puesto& p, TipoDocumento tipo, const NumeroDocumento& n);

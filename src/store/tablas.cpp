@@ -76,7 +76,8 @@ CREATE TABLE OperacionParalelaProducto (
 );
 )";
 
-// Each of these costs something at every sale, so each has its statement; history tables have none.
+// Each of these costs something at every sale, so each has its statement; of the history tables only the highest
+// number is asked for.
 const char* const kIndices = R"(
 CREATE INDEX Operacion_codigo ON Operacion (cOperCode);
 -- Number first: the highest of two document types is then found from the top, and a number within any series too.
@@ -92,6 +93,7 @@ CREATE INDEX OperacionParalela_abierto ON OperacionParalela (cOperFlagAbierto);
 CREATE INDEX OperacionParalela_estado ON OperacionParalela (cEstado, cOperTipo);
 CREATE INDEX OperacionParalela_relacion ON OperacionParalela (cOperCodeRela);
 CREATE INDEX OperacionParalelaProducto_codigo ON OperacionParalelaProducto (cOperCode);
+CREATE INDEX Operacion_Historico_numero ON Operacion_Historico (cDocCodigo, cDocTipo);
 )";
 
 const char* const kMaestros = R"(
@@ -271,4 +273,7 @@ QStringList tablasDelPuesto() {
 }
 
 // A step never changes once a desk may have taken it, so it doesn't follow the tables above.
-PasosDeVersion pasosDelPuesto() { return {tablasDeActos()}; }
+PasosDeVersion pasosDelPuesto() {
+  return {tablasDeActos(),
+          {QStringLiteral("CREATE INDEX Operacion_Historico_numero ON Operacion_Historico (cDocCodigo, cDocTipo)")}};
+}
