@@ -267,13 +267,13 @@ void frmPrincipal::iniciar() {
 
 void frmPrincipal::mantenimiento(int n) {
   switch (n) {
-    case kProductos: ajustes(PantallaMantenimiento::Productos, RotuloDe(EntradasMantenimiento(), n)); return;
+    case kProductos: ajustes(PantallaMantenimiento::Productos, RotuloEntrada(EntradasMantenimiento(), n)); return;
     case kTipoCambio: pantallas_.tipoCambioLista(); return;
-    case kTeclado: ajustes(PantallaMantenimiento::Teclado, RotuloDe(EntradasMantenimiento(), n)); return;
-    case kCabecera: ajustes(PantallaMantenimiento::Cabecera, RotuloDe(EntradasMantenimiento(), n)); return;
-    case kImpresora: ajustes(PantallaMantenimiento::Impresora, RotuloDe(EntradasMantenimiento(), n)); return;
+    case kTeclado: ajustes(PantallaMantenimiento::Teclado, RotuloEntrada(EntradasMantenimiento(), n)); return;
+    case kCabecera: ajustes(PantallaMantenimiento::Cabecera, RotuloEntrada(EntradasMantenimiento(), n)); return;
+    case kImpresora: ajustes(PantallaMantenimiento::Impresora, RotuloEntrada(EntradasMantenimiento(), n)); return;
     case kIniciarCaja: abrirApertura(); return;
-    default: pantallas_.noDisponible(RotuloDe(EntradasMantenimiento(), n));
+    default: pantallas_.noDisponible(RotuloEntrada(EntradasMantenimiento(), n));
   }
 }
 
@@ -309,7 +309,7 @@ void frmPrincipal::operacion(int n) {
     case kConsultaOP: pantallas_.consultaParalelas(); return;
     case kReporteX1: reporte(n, ReportesEspeciales1); return;
     case kReporteX1Excel: exportar(); return;
-    default: pantallas_.noDisponible(RotuloDe(EntradasOperaciones(), n));
+    default: pantallas_.noDisponible(RotuloEntrada(EntradasOperaciones(), n));
   }
 }
 
@@ -318,7 +318,7 @@ void frmPrincipal::cambioTurno() {
                              QStringLiteral("Confirmar Cambio de Turno"), false)) {
     return;
   }
-  if (!AutorizarOperacion(v_, pantallas_, RotuloDe(EntradasOperaciones(), kCambioTurno))) return;
+  if (!AutorizarOperacion(v_, pantallas_, RotuloEntrada(EntradasOperaciones(), kCambioTurno))) return;
   CambioTurno(p_, v_, pantallas_);
 }
 

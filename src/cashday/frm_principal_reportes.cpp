@@ -16,13 +16,13 @@ void frmPrincipal::crearTeclas() {
 }
 
 void frmPrincipal::reporte(int n, ResultadoReporte (*imprimir)(Puesto&, const PedidoReporte&)) {
-  if (!AutorizarOperacion(v_, pantallas_, RotuloDe(EntradasOperaciones(), n))) return;
+  if (!AutorizarOperacion(v_, pantallas_, RotuloEntrada(EntradasOperaciones(), n))) return;
   const CursorEspera espera;
   v_.bReporteImpreso = imprimir(p_, PedidoX()).impreso || v_.bReporteImpreso;
 }
 
 void frmPrincipal::exportar() {
-  if (!AutorizarOperacion(v_, pantallas_, RotuloDe(EntradasOperaciones(), kReporteX1Excel))) return;
+  if (!AutorizarOperacion(v_, pantallas_, RotuloEntrada(EntradasOperaciones(), kReporteX1Excel))) return;
   const CursorEspera espera;
   ExportaX1aExcel(p_);
 }
@@ -33,7 +33,7 @@ void frmPrincipal::reporteParalelo(int n) {
   const Menus m = MenusDelDia(ClaseDelDia(p_, v_), v_.sincronizarDiaAnt, p_.ses);
   if (!m.operaciones[static_cast<size_t>(n)]) return;
   PrepararOperacion(p_, v_, pantallas_);
-  if (!ExigirSupervisor(p_, v_, pantallas_, RotuloDe(EntradasOperaciones(), n))) return;
+  if (!ExigirSupervisor(p_, v_, pantallas_, RotuloEntrada(EntradasOperaciones(), n))) return;
   const CursorEspera espera;
   const auto tipo = static_cast<TipoOperacion>(Codigo(TipoOperacion::OC) + n - kReporteOC);
   v_.bReporteImpreso = ReporteParalelo(p_, tipo) || v_.bReporteImpreso;

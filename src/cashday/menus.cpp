@@ -53,7 +53,7 @@ std::span<const EntradaNumerada> EntradasMantenimiento() { return kEntradasMante
 std::span<const EntradaNumerada> EntradasOperaciones() { return kEntradasOperaciones; }
 std::span<const BotonBarra> BotonesBarra() { return kBotonesBarra; }
 
-QString RotuloDe(std::span<const EntradaNumerada> entradas, int n) {
+QString RotuloEntrada(std::span<const EntradaNumerada> entradas, int n) {
   return QString::fromUtf8(entradas[static_cast<size_t>(n - 1)].rotulo).remove(u'&');
 }
 

@@ -24,7 +24,7 @@ std::span<const EntradaNumerada> EntradasOperaciones();    // mnuOperaciones_Hij
 std::span<const BotonBarra> BotonesBarra();                // Toolbar1
 
 // The caption of an entry without its mnemonic; the entries stand in the order of their numbers.
-QString RotuloDe(std::span<const EntradaNumerada> entradas, int n);
+QString RotuloEntrada(std::span<const EntradaNumerada> entradas, int n);
 
 // The numbers that the program itself asks for.
 enum Mantenimiento { kProductos = 1, kTipoCambio = 2, kTeclado = 4, kCabecera = 5, kImpresora = 7, kIniciarCaja = 8 };

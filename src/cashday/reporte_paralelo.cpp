@@ -89,7 +89,7 @@ void contarCobro(Lectura& l, const Recordset::Fila& f) {
   l.d.cobrados += todo.cuenta;
 }
 
-bool leerCifras(Puesto& p, DatosReporteParalelo& d) {
+bool leerDocumentos(Puesto& p, DatosReporteParalelo& d) {
   Periodo periodo;
   if (!LeerPeriodo(p, periodo)) return false;
   Lectura l{p, LectorReporte(p, periodo, {}), d};
@@ -142,7 +142,7 @@ bool ReporteParalelo(Puesto& p, TipoOperacion nTipo) {
   d.usuario = p.ses.psUsuario;
   d.caja = p.ses.psCaja;
   d.turno = p.ses.psTurno;
-  if (!marcar(p, d) || !leerCifras(p, d) || !CargarCabeceraImpresion(p)) return false;
+  if (!marcar(p, d) || !leerDocumentos(p, d) || !CargarCabeceraImpresion(p)) return false;
   d.cabecera = p.ses.psCabeceraImpresion;
   ImprimirPorControlador(p, PapelReporteParalelo(d));
   return true;

@@ -172,7 +172,7 @@ std::optional<ErrorBD> buscarHomonimo(Alta& a) {
 }
 
 // The next code of the site whose card nobody has. The site's row is held meanwhile, so that another desk waits.
-std::optional<ErrorBD> tomarCodigo(Alta& a) {
+std::optional<ErrorBD> siguienteCodigo(Alta& a) {
   Conexion& cnn = a.p.poCnnCliente;
   const int local = a.v.dcbLocal;
   auto error = cnn.ejecutar(FormatearSQL(u"UPDATE local SET Activo = Activo WHERE idlocal = $"_sql, {local}));
@@ -201,7 +201,8 @@ Sql filaCliente(const Alta& a, const std::function<Sql(const QDateTime&)>& fecha
   return FormatearSQL(
       u"INSERT INTO Cliente (cClieCode, sClieApel, sClieName, sClieAddr, cDepaCode, cProvCode, cDistCode, sDepaDesc, "
       "sProvDesc, sDistDesc, sClieTelf, sClieMail, dNacmDate, dUltTDate, cTranCode, sClieRout, iTipo, IdLocal, "
-      "nPuntCant, bFlagSincro) VALUES ($, '$', '$', '$', $, $, $, '$', '$', '$', '$', '$', $, $, 1, '$', $, $, 0, 0)"_sql,
+      "nPuntCant, bFlagSincro) VALUES ($, '$', '$', '$', $, $, $, '$', '$', '$', '$', '$', $, $, 1, '$', $, $, "
+      "0, 0)"_sql,
       {a.codigo, Texto(v.txtApellidos), Texto(v.txtNombres), Texto(v.txtDireccion), v.departamento.codigo,
        v.provincia.codigo, v.distrito.codigo, lugarTexto(v.departamento), lugarTexto(v.provincia),
        lugarTexto(v.distrito), Texto(v.txtTelefono), Texto(v.txtEMail),
@@ -242,7 +243,7 @@ ResultadoActo darDeAlta(Alta& a) {
   acto.orden = ActoDoble::ServidorPrimero;
   acto.preparar = [&a](ActoDoble& hecho) -> std::optional<ErrorBD> {
     if (auto error = buscarHomonimo(a)) return error;
-    if (auto error = tomarCodigo(a)) return error;
+    if (auto error = siguienteCodigo(a)) return error;
     hecho.nombre = QStringLiteral("cliente %1 %2").arg(a.v.dcbLocal).arg(a.codigo);
     hecho.enServidor = filasDelServidor(a);
     hecho.enLocal = filasDelPuesto(a);

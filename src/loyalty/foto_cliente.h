@@ -13,9 +13,9 @@ struct FotoCliente {
 
 enum class TickFoto { Espera, Lista, SinFoto };
 
-// Starts the camera program by the settings of the desk: sWebCRout is the command, which gets the path of the file it is
-// to write; an earlier copy is closed, and what lies in the folder of new photographs is deleted. False when there is
-// none to start; the box has been shown.
+// Starts the camera program by the settings of the desk: sWebCRout is the command, which gets the path of the file that
+// it is to write; an earlier copy is closed, and what lies in the folder of new photographs is deleted. False when
+// there is none to start; the box has been shown.
 [[nodiscard]] bool IniciarFoto(Puesto& p, FotoCliente& f);
 
 // One second later: takes what the camera has left and gives its path in `ruta`; the program is then closed. After 60

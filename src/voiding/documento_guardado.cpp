@@ -11,11 +11,6 @@ Sql SinParalelas() {
                                 TipoDocumento::LIQPAD})});
 }
 
-Sql DineroParalelo(qint64 codigo) {
-  return FormatearSQL(u"cOpercode= $ AND cOperFlagAbierto=1 AND cDocTipo in ($)"_sql,
-                      {codigo, Codigos({TipoDocumento::OC, TipoDocumento::LIQPAD})});
-}
-
 namespace {
 
 qint64 entero(const QVariant& v) { return AEntero(Numero(v)); }

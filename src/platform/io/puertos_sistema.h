@@ -35,6 +35,8 @@ class PuertosSistema final : public Puertos {
   QString impresoraPorDefecto() override;
   std::optional<QString> imprimir(const QString& impresora, const QString& letra, int tamano,
                                   const DocumentoImpreso& documento) override;
+  std::optional<QString> guardarPdf(const QString& archivo, const QString& letra, int tamano,
+                                    const DocumentoImpreso& documento) override;
 
  private:
   struct Destino;
