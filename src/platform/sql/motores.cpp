@@ -21,7 +21,7 @@ class MotoresDelSistema final : public Motores {
       case TipoMotor::Embebido:
         return MotorSqlite::abrir(QDir(carpeta_).filePath(c.archivo), Dialecto::TSql, espera_ms, opciones_,
                                   memoriaDe(cadena), error);
-      case TipoMotor::Postgres: return MotorPostgres::abrir(c, espera_ms, error);
+      case TipoMotor::Postgres: return MotorPostgres::abrir(c, espera_ms, error, memoriaDe(cadena));
       case TipoMotor::SqlServer: break;
     }
     error = {kErrorGeneral, 0,

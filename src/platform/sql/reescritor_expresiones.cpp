@@ -117,6 +117,7 @@ Nodo Reescritor::binario(Nodo izq, int op, int prec) {
   for (Nodo* lado : {&izq, &der}) {
     comoNumero(*lado);
     fechaComoNumero(*lado);
+    if (m_.tipado) unValor(*lado);
   }
   switch (prec) {
     case kModulo: return llamadaEntre(izq, op, u"tp_resto", Tipo::Entero);
@@ -164,14 +165,16 @@ Nodo Reescritor::predicado(Nodo izq, int op) {
     const int signo = p_ - 1;
     const Nodo patron = expresion(kUnir);
     if (patron.vacio()) return {izq.ini, p_, Tipo::Logico};
-    if (izq.tipo == Tipo::Fecha) comoTexto(izq);
+    if (izq.tipo == Tipo::Fecha || (m_.tipado && izq.tipo != Tipo::Texto)) comoTexto(izq);
     const QString tramo = negado || es(u"ESCAPE") ? QString() : tramoDePatron(izq, patron);
-    if (es(u"ESCAPE")) {
+    const bool conEscape = es(u"ESCAPE");
+    if (conEscape) {
       e_.reemplazar(p_, QStringLiteral(","));
       ++p_;
       expresion(kUnir);
     }
-    e_.antes(izq.ini, tramo + (negado ? m_.noParece : m_.parece).toString());
+    const bool porIndice = !m_.empieza.isEmpty() && !negado && !conEscape && empieza(izq, patron);
+    e_.antes(izq.ini, tramo + (negado ? m_.noParece : porIndice ? m_.empieza : m_.parece).toString());
     if (negado) e_.borrar(op);
     e_.reemplazar(signo, QStringLiteral(","));
     e_.despues(p_ - 1, negado || !tramo.isEmpty() ? QStringLiteral("))") : QStringLiteral(")"));
@@ -325,6 +328,9 @@ Nodo Reescritor::nombreOLlamada() {
     n.ini = ini;
     return n;
   }
+  if (llama && m_.tipado) e_.reemplazar(ultimo, m_.funciones.toString() + m_.citado(contenido(tk(ultimo))));
+  else nombrar(ultimo);
+  if (!llama && ultimo > ini) nombrar(ultimo - 2);
   ++p_;
   Nodo n{ini, p_, Tipo::Desconocido, true};
   n.nombre = contenido(tk(ultimo));

@@ -4,6 +4,11 @@
 #include <QStringList>
 #include <optional>
 
+// How a server that is none of this machine's files is entered.
+struct AccesoServidor {
+  QString base, usuario, clave;
+};
+
 struct DatosPuesto {
   QString carpeta;
   QString caja = QStringLiteral("00001");
@@ -11,6 +16,7 @@ struct DatosPuesto {
   QString servicio = QStringLiteral("10");  // percentage
   QString central = QStringLiteral("sqlite:central.db");
   QString cliente = QStringLiteral("sqlite:cliente.db");
+  AccesoServidor accesoCentral{QStringLiteral("central"), {}, {}}, accesoCliente{QStringLiteral("cliente"), {}, {}};
   QString usuario = QStringLiteral("SUPERVISOR");
   QString clave;      // of that user; must not be empty
   bool demo = false;  // fills the store, and servers that are made, with the demo shop

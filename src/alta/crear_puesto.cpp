@@ -1,12 +1,12 @@
-#include "admin/crear_puesto.h"
+#include "alta/crear_puesto.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QRandomGenerator>
 
-#include "admin/crear_servidor.h"
-#include "admin/filas.h"
-#include "admin/tienda_demo.h"
+#include "alta/crear_servidor.h"
+#include "alta/filas.h"
+#include "alta/tienda_demo.h"
 #include "foundation/acceso.h"
 #include "foundation/clave.h"
 #include "platform/io/archivo.h"
@@ -33,9 +33,9 @@ std::vector<Ajuste> ajustes(const DatosPuesto& d) {
   const QString serie = SerieInicial(TipoDocumento::Boleta, d.caja);
   const QString cero = QStringLiteral("0");
   return {
-      {"INICIO", "UserName", {}},
-      {"INICIO", "PassWord", {}},
-      {"INICIO", "DataBase", QStringLiteral("central")},
+      {"INICIO", "UserName", d.accesoCentral.usuario},
+      {"INICIO", "PassWord", d.accesoCentral.clave},
+      {"INICIO", "DataBase", d.accesoCentral.base},
       {"INICIO", "DataServer", d.central},
       {"INICIO", "RutaBDCliente", {}},
       {"PARAMETROS", "Caja", d.caja},
@@ -56,9 +56,9 @@ std::vector<Ajuste> ajustes(const DatosPuesto& d) {
       {"PARAMETROS", "PuertoPrinter", QStringLiteral("LPT1")},
       {"PARAMETROS", "nIGV", {}},
       {"SQLServer", "ServidorSQL", d.cliente},
-      {"SQLServer", "UserSQL", {}},
-      {"SQLServer", "PwdUserSQL", {}},
-      {"SQLServer", "BaseDatosSQL", QStringLiteral("cliente")},
+      {"SQLServer", "UserSQL", d.accesoCliente.usuario},
+      {"SQLServer", "PwdUserSQL", d.accesoCliente.clave},
+      {"SQLServer", "BaseDatosSQL", d.accesoCliente.base},
       {"SQLServer", "IdionaSQLServer", QStringLiteral("ENGLISH")},
   };
 }
@@ -133,6 +133,13 @@ std::optional<QString> revisar(const DatosPuesto& d) {
   // The text stands bare in the statements of a sale, where a comma would begin the next value.
   if (!EsNumerico(d.servicio) || d.servicio.contains(u',') || Val(d.servicio) < 0 || Val(d.servicio) > 100) {
     return QStringLiteral("El porcentaje de servicio es un número de 0 a 100.");
+  }
+  for (const QString& texto : {d.accesoCentral.base, d.accesoCentral.usuario, d.accesoCentral.clave,
+                               d.accesoCliente.base, d.accesoCliente.usuario, d.accesoCliente.clave}) {
+    // They stand in a connection string and in a line of the settings.
+    if (texto.contains(u';') || texto.contains(u'\n') || texto.size() > 254) {
+      return QStringLiteral("Base, usuario y clave de un servidor no pueden llevar punto y coma.");
+    }
   }
   for (const QString& servidor : {d.central, d.cliente}) {
     if (servidor.trimmed().isEmpty() || servidor.contains(u';') || servidor == u"sqlite:") {
@@ -219,8 +226,8 @@ QStringList AvisosDePuesto(const DatosPuesto& d) {
                              "ninguna otra caja puede terminar igual.")
                   .arg(SerieInicial(TipoDocumento::Boleta, d.caja));
   }
-  for (const QString& servidor : {d.central, d.cliente}) {
-    if (ArchivoDeServidor(servidor, d.carpeta)) continue;
+  for (const auto& [servidor, acceso] : {std::pair(d.central, d.accesoCentral), {d.cliente, d.accesoCliente}}) {
+    if (ArchivoDeServidor(servidor, d.carpeta) || !acceso.usuario.isEmpty()) continue;
     avisos << QStringLiteral("Aviso: el servidor %1 no se crea aquí; escriba su usuario y su clave en KEB.cfg y en la "
                              "tabla Configuracion.")
                   .arg(servidor);

@@ -1,8 +1,8 @@
-#include "admin/crear_servidor.h"
+#include "alta/crear_servidor.h"
 
 #include <QDir>
 
-#include "admin/filas.h"
+#include "alta/filas.h"
 #include "platform/sql/cadena_conexion.h"
 
 QStringList FilasDelCentral(const QString& almacen) {

@@ -1,0 +1,18 @@
+-- Steps from each version of the central tables to the next, in the language of central.sql. A line "== N" begins the
+-- one that makes version N; version 1 is made by the program itself. Released steps never change.
+
+== 2
+CREATE TABLE ConsumoVenta (
+  cCodVta INTEGER NOT NULL,
+  cCajaCodi TEXT NOT NULL,
+  cOperCode INTEGER NOT NULL,
+  dFecha DATETIME,
+  nMonto NUMERIC(18,6) DEFAULT 0,
+  bAnulado SMALLINT DEFAULT 0
+);
+CREATE INDEX ConsumoVenta_documento ON ConsumoVenta (cCodVta);
+CREATE INDEX ConsumoVenta_nota ON ConsumoVenta (cCajaCodi, cOperCode);
+
+== 3
+CREATE INDEX Venta01_cliente ON Venta01 (cClienteCode, IdLocal, FechaAnulacion);
+CREATE INDEX Venta01_abierto ON Venta01 (bLiquidado, TipoDoc, FechaAnulacion);
