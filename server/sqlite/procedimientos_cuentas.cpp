@@ -27,7 +27,8 @@ Error consultar(AccesoMotor& bd, const char* sql, const QVariantList& valores, R
 Error pendientesDePago(AccesoMotor& bd, const QVariantList& a, Recordset& rs) {
   return consultar(
       bd,
-      "SELECT c.TipoDoc, c.cSerieDoc, c.NroDoc, c.fechaemision, c.NombreLocal, c.DscCliente, c.cClienteCode, c.IdLocal, "
+      "SELECT c.TipoDoc, c.cSerieDoc, c.NroDoc, c.fechaemision, c.NombreLocal, c.DscCliente, c.cClienteCode, "
+      "c.IdLocal, "
       "c.Moneda, c.TotVta, c.TotVtaUSD, round(c.TotVta - ifnull(c.soles, 0), 2) AS Restante, "
       "round(c.TotVtaUSD - ifnull(c.dolares, 0), 2) AS RestanteUSD FROM (SELECT v.*, "
       "CASE v.IdLocal WHEN 1 THEN 'SUR' WHEN 2 THEN 'NORTE' END AS NombreLocal, "
