@@ -42,6 +42,8 @@ QString sentenciaDeEstado(BaseServidor base) {
 // Two desks that make or change the same server at once do it one after the other.
 const QString kUnoALaVez = QStringLiteral("SELECT pg_advisory_xact_lock(hashtextextended('tarvopos', 0))");
 
+const QString kSinAvisos = QStringLiteral("SET LOCAL client_min_messages = warning;\n");
+
 // What the server's database holds of ours.
 struct Estado {
   bool nuestra = false;  // it has tables of some version
@@ -95,7 +97,7 @@ Error revisarVersion(MotorPostgres& m) {
 }
 
 QString guionNuevo(const CadenaConexion& c, BaseServidor base, const QStringList& filas) {
-  return QStringLiteral("BEGIN;\n") + kUnoALaVez + QStringLiteral(";\n") + dialectoDePostgres() +
+  return QStringLiteral("BEGIN;\n") + kUnoALaVez + QStringLiteral(";\n") + kSinAvisos + dialectoDePostgres() +
          QStringLiteral("\nSET LOCAL search_path = dbo;\n"
                         "CREATE TABLE dbo.version_tablas (base varchar(20) PRIMARY KEY, version integer NOT NULL, "
                         "rutinas varchar(40) NOT NULL);\n") +
@@ -176,7 +178,7 @@ Actualizacion ActualizarBasePostgres(const CadenaConexion& c, BaseServidor base)
   const PasosDeVersion pasos = pasosDelServidor(base, LenguajeMotor::Postgres);
   const int ultima = static_cast<int>(pasos.size());
   if (estado.version > ultima || (estado.version == ultima && estado.rutinas == huella(base))) return {};
-  QString guion = QStringLiteral("SET LOCAL search_path = dbo;\n") + dialectoDePostgres() + u'\n';
+  QString guion = kSinAvisos + QStringLiteral("SET LOCAL search_path = dbo;\n") + dialectoDePostgres() + u'\n';
   for (auto i = static_cast<size_t>(estado.version); i < pasos.size(); ++i) guion += enUnTexto(pasos[i]);
   guion += procedimientosDePostgres(base) + u'\n' + sentenciaDeEstado(base) + QStringLiteral(";\nCOMMIT");
   if (const auto e = m->crudo(guion)) return fallo(e->descripcion);
@@ -190,18 +192,16 @@ Actualizacion ActualizarBasePostgres(const CadenaConexion& c, BaseServidor base)
   return {FinActualizacion::Actualizada, que};
 }
 
-QString RevisarBasePostgres(const CadenaConexion& c, BaseServidor base) {
-  ErrorBD error;
-  const MotorAbierto m = MotorPostgres::abrir(c, kEspera_ms, error);
-  Estado estado;
-  if (!m || leerEstado(*m, base, estado)) return {};
-  if (!estado.nuestra) {
-    return QStringLiteral("El servidor %1 no tiene las tablas de la base %2 en %3.\nCréelas con «tarvopos-admin "
-                          "crear-%2».")
-        .arg(c.servidor, nombreDe(base), c.catalogo);
+QString RevisarBasePostgres(Conexion& servidor, BaseServidor base) {
+  const Sql sql = FormatearSQL(u"SELECT version FROM version_tablas WHERE base = '$'"_sql, {Texto(nombreDe(base))});
+  Recordset rs;
+  if (const auto e = servidor.consultar(sql, rs); e || rs.Eof()) {
+    return QStringLiteral("El servidor no tiene las tablas de la base %1%2.\nCréelas con «tarvopos-admin crear-%1».")
+        .arg(nombreDe(base), e ? QStringLiteral(" (") + e->descripcion + u')' : QString());
   }
-  if (estado.version >= static_cast<int>(pasosDelServidor(base, LenguajeMotor::Postgres).size())) return {};
-  return QStringLiteral("Las tablas de la base %1 en %2 son de un programa anterior.\nPóngalas al día con "
+  const int ultima = static_cast<int>(pasosDelServidor(base, LenguajeMotor::Postgres).size());
+  if (AEntero(rs[0].toDouble()) >= ultima) return {};
+  return QStringLiteral("Las tablas de la base %1 del servidor son de un programa anterior.\nPóngalas al día con "
                         "«tarvopos-admin actualizar».")
-      .arg(c.catalogo, c.servidor);
+      .arg(nombreDe(base));
 }

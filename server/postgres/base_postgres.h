@@ -33,9 +33,9 @@ struct ResultadoBase {
                                               const QStringList& filas);
 
 // Brings its tables to the newest version, and functions and procedures to those of this program, in one transaction. A
-// server that is newer than this program is left alone: tables only ever gain columns, so older desks go on with them.
+// server that is newer than this program is left alone: tables only ever gain columns, so older desks work with it.
 [[nodiscard]] Actualizacion ActualizarBasePostgres(const CadenaConexion& servidor, BaseServidor base);
 
-// What a desk must know before it works with the server, in Spanish: no database of ours, or tables older than this
-// program. "" when all is well or the server is away.
-QString RevisarBasePostgres(const CadenaConexion& servidor, BaseServidor base);
+// What a desk must know before it works with the open server, in Spanish: no database of ours, or tables that are older
+// than this program. "" when all is well.
+QString RevisarBasePostgres(Conexion& servidor, BaseServidor base);

@@ -10,6 +10,7 @@ constexpr int kMalUso = 2;  // the call was wrong; nothing was done
 int ordenCrearPuesto(const QStringList& palabras);
 int ordenCrearCentral(const QStringList& palabras);
 int ordenCrearCliente(const QStringList& palabras);
+int ordenServidorDemo(const QStringList& palabras);
 int ordenRespaldo(const QStringList& palabras);
 int ordenRestaurar(const QStringList& palabras);
 int ordenAutoarranque(const QStringList& palabras);

@@ -13,6 +13,7 @@
 #include "platform/sql/crear_sqlite.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
+#include "postgres/base_postgres.h"
 #include "servidores.h"
 #include "store/codigos.h"
 #include "store/numeracion.h"
@@ -28,15 +29,31 @@ struct Ajuste {
   QString valor;
 };
 
+// What the settings say of a server; its name bears user and base when it is told in PostgreSQL's words.
+CadenaConexion enAjustes(const QString& palabras, const AccesoServidor& acceso, BaseServidor base) {
+  if (auto c = ServidorDePalabras(palabras, base)) {
+    c->servidor.prepend(QStringLiteral("postgres:"));
+    return *c;
+  }
+  CadenaConexion c;
+  c.servidor = palabras;
+  c.catalogo = acceso.base;
+  c.usuario = acceso.usuario;
+  c.clave = acceso.clave;
+  return c;
+}
+
 // Every setting, once: the file and the row of Configuracion are both made of this list.
 std::vector<Ajuste> ajustes(const DatosPuesto& d) {
   const QString serie = SerieInicial(TipoDocumento::Boleta, d.caja);
   const QString cero = QStringLiteral("0");
+  const CadenaConexion central = enAjustes(d.central, d.accesoCentral, BaseServidor::Central);
+  const CadenaConexion cliente = enAjustes(d.cliente, d.accesoCliente, BaseServidor::Cliente);
   return {
-      {"INICIO", "UserName", d.accesoCentral.usuario},
-      {"INICIO", "PassWord", d.accesoCentral.clave},
-      {"INICIO", "DataBase", d.accesoCentral.base},
-      {"INICIO", "DataServer", d.central},
+      {"INICIO", "UserName", central.usuario},
+      {"INICIO", "PassWord", central.clave},
+      {"INICIO", "DataBase", central.catalogo},
+      {"INICIO", "DataServer", central.servidor},
       {"INICIO", "RutaBDCliente", {}},
       {"PARAMETROS", "Caja", d.caja},
       {"PARAMETROS", "Almacen", d.almacen},
@@ -55,10 +72,10 @@ std::vector<Ajuste> ajustes(const DatosPuesto& d) {
       {"PARAMETROS", "PRINTER", QStringLiteral("EPSON")},
       {"PARAMETROS", "PuertoPrinter", QStringLiteral("LPT1")},
       {"PARAMETROS", "nIGV", {}},
-      {"SQLServer", "ServidorSQL", d.cliente},
-      {"SQLServer", "UserSQL", d.accesoCliente.usuario},
-      {"SQLServer", "PwdUserSQL", d.accesoCliente.clave},
-      {"SQLServer", "BaseDatosSQL", d.accesoCliente.base},
+      {"SQLServer", "ServidorSQL", cliente.servidor},
+      {"SQLServer", "UserSQL", cliente.usuario},
+      {"SQLServer", "PwdUserSQL", cliente.clave},
+      {"SQLServer", "BaseDatosSQL", cliente.catalogo},
       {"SQLServer", "IdionaSQLServer", QStringLiteral("ENGLISH")},
   };
 }
@@ -141,8 +158,10 @@ std::optional<QString> revisar(const DatosPuesto& d) {
       return QStringLiteral("Base, usuario y clave de un servidor no pueden llevar punto y coma.");
     }
   }
-  for (const QString& servidor : {d.central, d.cliente}) {
-    if (servidor.trimmed().isEmpty() || servidor.contains(u';') || servidor == u"sqlite:") {
+  for (const auto& [servidor, acceso] : {std::pair(d.central, d.accesoCentral), {d.cliente, d.accesoCliente}}) {
+    const bool ilegible = servidor.startsWith(u"postgres:") && acceso.usuario.isEmpty() &&
+                          !ServidorDePalabras(servidor, BaseServidor::Central);
+    if (servidor.trimmed().isEmpty() || servidor.contains(u';') || servidor == u"sqlite:" || ilegible) {
       return QStringLiteral("El nombre de servidor «%1» no es válido.").arg(servidor);
     }
   }
@@ -203,11 +222,22 @@ class Obra {
   QStringList hechos_, carpetas_;  // the innermost folder first
 };
 
-std::optional<QString> servidorQueFalta(Obra& obra, const QString& servidor, const QString& carpeta,
-                                        const QStringList& sentencias) {
-  const auto archivo = ArchivoDeServidor(servidor, carpeta);
-  if (!archivo || QFileInfo::exists(*archivo)) return {};
-  return obra.base(*archivo, sentencias);
+std::optional<QString> servidorQueFalta(Obra& obra, const QString& servidor, BaseServidor base, const QString& carpeta,
+                                        const QStringList& filas, QStringList& hecho) {
+  if (const auto archivo = ArchivoDeServidor(servidor, carpeta)) {
+    if (QFileInfo::exists(*archivo)) return {};
+    return obra.base(*archivo, tablasDelServidor(base, LenguajeMotor::Sqlite) + filas);
+  }
+  const auto c = ServidorDePalabras(servidor, base);
+  if (!c) return {};
+  const ResultadoBase r = CrearBasePostgres(*c, base, filas);
+  if (r.fin == FinBase::Fallo) return r.palabras;
+  if (r.fin == FinBase::Hecha) {
+    hecho << QStringLiteral("Base de datos %1 creada en el servidor %2.").arg(c->catalogo, c->servidor);
+  } else if (r.fin == FinBase::Lejos) {
+    hecho << QStringLiteral("Aviso: no se pudo entrar en el servidor %1: %2").arg(c->servidor, r.palabras);
+  }
+  return {};
 }
 
 }  // namespace
@@ -227,7 +257,8 @@ QStringList AvisosDePuesto(const DatosPuesto& d) {
                   .arg(SerieInicial(TipoDocumento::Boleta, d.caja));
   }
   for (const auto& [servidor, acceso] : {std::pair(d.central, d.accesoCentral), {d.cliente, d.accesoCliente}}) {
-    if (ArchivoDeServidor(servidor, d.carpeta) || !acceso.usuario.isEmpty()) continue;
+    const bool sinAcceso = acceso.usuario.isEmpty() && !ServidorDePalabras(servidor, BaseServidor::Central);
+    if (ArchivoDeServidor(servidor, d.carpeta) || !sinAcceso) continue;
     avisos << QStringLiteral("Aviso: el servidor %1 no se crea aquí; escriba su usuario y su clave en KEB.cfg y en la "
                              "tabla Configuracion.")
                   .arg(servidor);
@@ -235,18 +266,19 @@ QStringList AvisosDePuesto(const DatosPuesto& d) {
   return avisos;
 }
 
-std::optional<QString> CrearPuesto(const DatosPuesto& d) {
+std::optional<QString> CrearPuesto(const DatosPuesto& d, QStringList* hecho) {
   if (auto error = revisar(d)) return error;
+  QStringList propio;
+  QStringList& dicho = hecho ? *hecho : propio;
   Obra obra;
   if (auto error = obra.carpeta(d.carpeta)) return error;
-  QStringList central = tablasDelCentral() + FilasDelCentral(d.almacen);
-  QStringList cliente = tablasDelCliente() + FilasDelCliente();
+  QStringList central = FilasDelCentral(d.almacen), cliente = FilasDelCliente();
   if (d.demo) {
     central += TiendaDelCentral(d.ahora);
     cliente += TiendaDelCliente(d.ahora);
   }
-  if (auto error = servidorQueFalta(obra, d.central, d.carpeta, central)) return error;
-  if (auto error = servidorQueFalta(obra, d.cliente, d.carpeta, cliente)) return error;
+  if (auto e = servidorQueFalta(obra, d.central, BaseServidor::Central, d.carpeta, central, dicho)) return e;
+  if (auto e = servidorQueFalta(obra, d.cliente, BaseServidor::Cliente, d.carpeta, cliente, dicho)) return e;
   const QDir carpeta(d.carpeta);
   if (auto error = obra.archivo(carpeta.filePath(kAjustes), textoDeAjustes(d))) return error;
   // The store comes last: a folder that holds it holds all the rest.

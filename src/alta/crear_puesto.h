@@ -23,10 +23,11 @@ struct DatosPuesto {
   QDateTime ahora;
 };
 
-// Makes KEB.cfg and TarvoPos.mdb in the folder, and the embedded servers named that don't exist yet; servers that do
-// are left as they are. The folder is made when missing. Gives Spanish words of a failure; then everything made by this
-// call is gone again. A folder that holds a store or settings already is refused.
-std::optional<QString> CrearPuesto(const DatosPuesto& d);
+// Makes KEB.cfg and TarvoPos.mdb in the folder, and the databases of the servers named that don't exist yet; those that
+// do are left as they are, and a PostgreSQL server that is away is told in `hecho`, like one that got its database.
+// The folder is made when missing. Gives Spanish words of a failure; then every file made by this call is gone again. A
+// folder that holds a store or settings already is refused.
+std::optional<QString> CrearPuesto(const DatosPuesto& d, QStringList* hecho = nullptr);
 
 // What the caller should tell the person about these data, in Spanish; no failure.
 QStringList AvisosDePuesto(const DatosPuesto& d);

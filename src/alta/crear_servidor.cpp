@@ -3,7 +3,7 @@
 #include <QDir>
 
 #include "alta/filas.h"
-#include "platform/sql/cadena_conexion.h"
+#include "postgres/base_postgres.h"
 
 QStringList FilasDelCentral(const QString& almacen) {
   QStringList s;
@@ -50,4 +50,11 @@ std::optional<QString> ArchivoDeServidor(const QString& servidor, const QString&
   const CadenaConexion c = leerCadenaConexion(QStringLiteral("Data Source=") + servidor);
   if (c.tipo != TipoMotor::Embebido || c.archivo.isEmpty()) return {};
   return QDir(carpeta).absoluteFilePath(c.archivo);
+}
+
+std::optional<CadenaConexion> ServidorDePalabras(const QString& palabras, BaseServidor base) {
+  CadenaConexion supuestos;
+  supuestos.usuario = QStringLiteral("tarvopos");
+  supuestos.catalogo = base == BaseServidor::Central ? QStringLiteral("central") : QStringLiteral("cliente");
+  return leerServidorPostgres(palabras, supuestos);
 }

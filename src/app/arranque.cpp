@@ -13,6 +13,7 @@
 #include "platform/io/perfil.h"
 #include "platform/sql/cadena_conexion.h"
 #include "platform/text/numero.h"
+#include "postgres/base_postgres.h"
 #include "printing/canal.h"
 #include "servidores.h"
 #include "store/numeracion.h"
@@ -86,15 +87,24 @@ void abrirAlmacenLocal(Puesto& p) {
   ponerAlDia(p, p.poCnnLocal, p.ses.psRutaBD, pasosDelPuesto());
 }
 
-// A server that is away, or no file of this machine, is left to the steps that need it.
+// A server that is away is left to the steps that need it. One that all desks share is brought up to date by a person,
+// not by the first desk that starts.
 void ponerServidoresAlDia(Puesto& p) {
-  const std::pair<QString, PasosDeVersion> servidores[] = {{p.ses.psConexionCentral, pasosDelCentral()},
-                                                           {p.ses.psConexionCliente, pasosDelCliente()}};
-  for (const auto& [cadena, pasos] : servidores) {
+  const std::pair<QString, BaseServidor> servidores[] = {{p.ses.psConexionCentral, BaseServidor::Central},
+                                                         {p.ses.psConexionCliente, BaseServidor::Cliente}};
+  for (const auto& [cadena, base] : servidores) {
     const CadenaConexion c = leerCadenaConexion(cadena);
     Conexion servidor;
-    if (c.tipo != TipoMotor::Embebido || !p.poDBAdmin.AbrirBD(servidor, cadena)) continue;
-    ponerAlDia(p, servidor, QDir(p.rutas.programa).filePath(c.archivo), pasos);
+    if (c.tipo == TipoMotor::SqlServer || !p.poDBAdmin.AbrirBD(servidor, cadena)) continue;
+    if (c.tipo == TipoMotor::Embebido) {
+      ponerAlDia(p, servidor, QDir(p.rutas.programa).filePath(c.archivo),
+                 pasosDelServidor(base, LenguajeMotor::Sqlite));
+    } else if (const QString falta = RevisarBasePostgres(servidor, base); !falta.isEmpty()) {
+      TerminarArranque(p,
+                       QStringLiteral("La base de datos del servidor no es la que este programa necesita. Quien lo "
+                                      "instaló la pone al día con «tarvopos-admin actualizar»."),
+                       falta);
+    }
   }
   p.ses.actosPorMirar = {true, true};
 }

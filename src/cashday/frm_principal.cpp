@@ -127,7 +127,7 @@ void frmPrincipal::crearMenus() {
     return a;
   };
   demas_.push_back(suelta(nullptr, "mnuRptStock", QStringLiteral("Reporte Stock"), [this] {
-    const CursorEspera espera;
+    const Ocupado ocupado(p_.mensajes, QStringLiteral("Leyendo el stock…"));
     ReporteStock(p_);
   }));
   QMenu* futura = menuBar()->addMenu(QStringLiteral("Venta Futura"));
@@ -324,11 +324,10 @@ void frmPrincipal::cambioTurno() {
 }
 
 void frmPrincipal::cerrarCaja() {
-  std::unique_ptr<CursorEspera> espera;
+  Ocupado ocupado(p_.mensajes, {});
   CerrarCaja(p_, v_, pantallas_, [&](const QString& texto) {
-    espera.reset();
-    if (!texto.isEmpty()) espera = std::make_unique<CursorEspera>();
     estado_->ocupado(texto);
+    ocupado.ahora(texto);
   });
 }
 

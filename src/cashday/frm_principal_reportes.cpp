@@ -3,7 +3,6 @@
 #include "cashday/reporte_paralelo.h"
 #include "cashday/reportes.h"
 #include "foundation/puesto.h"
-#include "platform/ui/forma.h"
 #include "platform/ui/teclas.h"
 
 // Five reports have no place in the menus: a supervisor's keys.
@@ -16,14 +15,16 @@ void frmPrincipal::crearTeclas() {
 }
 
 void frmPrincipal::reporte(int n, ResultadoReporte (*imprimir)(Puesto&, const PedidoReporte&)) {
-  if (!AutorizarOperacion(v_, pantallas_, RotuloEntrada(EntradasOperaciones(), n))) return;
-  const CursorEspera espera;
+  const QString nombre = RotuloEntrada(EntradasOperaciones(), n);
+  if (!AutorizarOperacion(v_, pantallas_, nombre)) return;
+  const Ocupado ocupado(p_.mensajes, QStringLiteral("Haciendo el %1…").arg(nombre));
   v_.bReporteImpreso = imprimir(p_, PedidoX()).impreso || v_.bReporteImpreso;
 }
 
 void frmPrincipal::exportar() {
-  if (!AutorizarOperacion(v_, pantallas_, RotuloEntrada(EntradasOperaciones(), kReporteX1Excel))) return;
-  const CursorEspera espera;
+  const QString nombre = RotuloEntrada(EntradasOperaciones(), kReporteX1Excel);
+  if (!AutorizarOperacion(v_, pantallas_, nombre)) return;
+  const Ocupado ocupado(p_.mensajes, QStringLiteral("Haciendo el %1…").arg(nombre));
   ExportaX1aExcel(p_);
 }
 
@@ -34,12 +35,10 @@ void frmPrincipal::reporteParalelo(int n) {
   if (!m.operaciones[static_cast<size_t>(n)]) return;
   PrepararOperacion(p_, v_, pantallas_);
   if (!ExigirSupervisor(p_, v_, pantallas_, RotuloEntrada(EntradasOperaciones(), n))) return;
-  const CursorEspera espera;
   const auto tipo = static_cast<TipoOperacion>(Codigo(TipoOperacion::OC) + n - kReporteOC);
   v_.bReporteImpreso = ReporteParalelo(p_, tipo) || v_.bReporteImpreso;
 }
 
 void frmPrincipal::reporteDeFecha(ResultadoReporte (*imprimir)(Puesto&, const QString&)) {
-  const CursorEspera espera;
   v_.bReporteImpreso = imprimir(p_, QStringLiteral("Z")).impreso || v_.bReporteImpreso;
 }

@@ -89,7 +89,7 @@ bool leerTodo(Trabajo& t, const Periodo& periodo, Conexion& central) {
   t.d.cabecera = p.ses.psCabeceraImpresion;
   if (t.esZ()) t.d.z = LeerBloqueZ(l, t.hoja.impresora);
   if (!l.bien()) return false;
-  t.d.impuestos = LeerImpuestos(p, l, t.hoja.impresora);
+  t.d.impuestos = LeerImpuestos(p, l, t.hoja.impresora, t.dia());
   if (!l.bien()) return false;
   if (t.esZ()) leerCodigo(t, l);
   if (!l.bien()) return false;
@@ -172,6 +172,7 @@ ResultadoReporte reportarFecha(Puesto& p, const Hoja& hoja, const QString& letra
     p.mensajes.mostrar(QStringLiteral("La fecha debe tener el formato dd/mm/yyyy"), Mensajes::kTitulo, Icono::Critico);
     return {.fin = FinReporte::SinFecha};
   }
+  const Ocupado ocupado(p.mensajes, QStringLiteral("Haciendo el reporte del %1…").arg(*texto));
   return reportar(p, hoja, {.nOperTipo = 0, .letra = letra, .soloTurno = false}, fecha->date());
 }
 

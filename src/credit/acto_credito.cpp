@@ -24,7 +24,12 @@ FinCredito HacerActo(Puesto& p, const QString& que, const std::function<std::opt
   switch (r.fin) {
     case FinActo::Entero: return FinCredito::Hecho;
     case FinActo::Nada: p.mensajes.mostrar(r.error.descripcion); return FinCredito::Nada;
-    default: break;
+    case FinActo::EnDuda:
+      // The store did not answer in its commit, and not when it was asked about it: the screen is kept.
+      p.mensajes.mostrar(r.error.descripcion + QStringLiteral("\nRevise si quedó registrado antes de repetirlo: ") +
+                         que + u'.');
+      return FinCredito::Nada;
+    case FinActo::Pendiente: break;
   }
   p.registro.RegistrarErrorLog(que + QStringLiteral(" quedó por completar en la central: ") + r.error.descripcion);
   p.mensajes.mostrar(QStringLiteral("La base de datos central dejó de responder al terminar: ") + que +

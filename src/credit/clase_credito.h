@@ -1,8 +1,10 @@
 #pragma once
-// What the rooms of the credit accounts share: the two kinds of billing document and the texts that mark, in the
-// store's OperacionParalela, the rows that belong to one.
+// What the rooms of the credit accounts share: the two kinds of billing document. The texts that mark, in the store's
+// OperacionParalela, the rows that belong to one are in store/codigos.
 #include <QString>
 #include <optional>
+
+#include "store/codigos.h"
 
 // A billing document: factura or boleta on account, TipoDoc '01' and '02' of Venta01.
 enum class DocCredito { FADE, BADE };
@@ -15,8 +17,3 @@ QString PalabraDe(DocCredito doc);
 std::optional<DocCredito> DocCreditoDe(int indice);
 // By TipoDoc; nothing for any other text.
 std::optional<DocCredito> DocCreditoDe(const QString& tipoDoc);
-
-// sGlosa of a note that consumes a billing document, whose cCodVta then stands in cOperCodeRela, and of the receipt of
-// a payment on one. Whole texts: what a cashier types in the register is another one.
-inline const QString kGlosaConsumo = QStringLiteral("REF. SIST. LOGISTICA");
-inline const QString kGlosaPago = QStringLiteral("PAGO REF. SIST. LOGISTICA");

@@ -44,7 +44,7 @@ void mostrarEstado(TabPagos& v, const EstadoDocumento& e) {
   v.lblSaldoSoles = Formatear(e.saldo(), kImporte);
   v.lblSaldoDolares = Formatear(e.saldoUSD(), kImporte);
   v.cboTipoDocumento1 = e.doc == DocCredito::FADE ? 0 : 1;
-  v.lblDetraccion = e.detraccion && e.saldo() == 0;
+  v.lblDetraccion = e.detraccion && e.saldoPropio() == 0;
 }
 
 bool leer(Puesto& p, TabPagos& v, const DocumentoPorPagar& d) {

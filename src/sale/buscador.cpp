@@ -77,8 +77,8 @@ Consulta deDocumentos(TipoBusqueda tipo, const QString& texto) {
                          " (SELECT MIN(sClieApel + ' ' + sClieName) FROM CLIENTE inner join Tarjeta"
                          " ON Cliente.cClieCode = Tarjeta.cClieCode AND Cliente.IdLocal = Tarjeta.IdLocal"
                          " WHERE Tarjeta.nTarjNumb = b.nTarjNumb) as sName"
-                         " FROM OperacionParalela b WHERE b.cEstado = '1' AND b.cOperTipo IN ($)) x"_sql,
-                         {tipos});
+                         " FROM OperacionParalela b WHERE b.cEstado = '1' AND b.cOperTipo IN ($) $) x"_sql,
+                         {tipos, SinVentaFutura()});
   if (!texto.isEmpty()) {
     std::vector<Sql> campos{
         u"sName"_sql,       u"nTarjNumb"_sql, u"(cDocSerie + '-' + cstr(cDocCodigo))"_sql, u"cstr(cDocCodigo)"_sql,

@@ -28,6 +28,10 @@ void VerAdelantos(CajaRegistradoraFull& v, PantallasVenta& pantallas) {
   else v.txtTX = QString::number(elegido->codigo);
 }
 
+void AvisarVentaFutura(Puesto& p) {
+  p.mensajes.mostrar(QStringLiteral("Este documento es de Venta Futura: no se usa en la caja registradora."));
+}
+
 bool SalirAdelanto(Puesto& p, CajaRegistradoraFull& v, const QString& codigo) {
   const QString tecleado = Recortar(codigo);
   if (!tecleado.isEmpty() && tecleado == v.txtPADE && tecleado == v.txtTX && !v.txtimportepago.isEmpty()) return true;
@@ -42,7 +46,9 @@ bool SalirAdelanto(Puesto& p, CajaRegistradoraFull& v, const QString& codigo) {
           rs)) {
     return false;
   }
-  if (!rs.Eof()) {
+  if (!rs.Eof() && EsVentaFutura(LimpiarNulo(rs[u"sGlosa"]))) {
+    AvisarVentaFutura(p);
+  } else if (!rs.Eof()) {
     const bool dolares = Numero(rs[u"nMoneda"]) == 2;
     d.codigo = AEntero(Numero(rs[u"cOperCode"]));
     d.importe = (dolares ? QStringLiteral("US$ ") : QStringLiteral("S/. ")) +

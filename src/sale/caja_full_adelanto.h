@@ -8,6 +8,9 @@ void BuscarAdelanto(CajaRegistradoraFull& v, PantallasVenta& pantallas);
 // cmdPagoAdelantado: the same list for the second tab. While an advance payment is being taken it is only shown.
 void VerAdelantos(CajaRegistradoraFull& v, PantallasVenta& pantallas);
 
+// Says that a code belongs to the billing screen: its payments and notes are settled there.
+void AvisarVentaFutura(Puesto& p);
+
 // A code typed in txtPADE, or in txtTX for a note: the open advance payment of that code as if it had been picked; none
 // empties the fields, so that the commit asks for one. False when the store can't be read; the box has been shown.
 [[nodiscard]] bool SalirAdelanto(Puesto& p, CajaRegistradoraFull& v, const QString& codigo);

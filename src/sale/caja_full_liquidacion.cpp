@@ -7,6 +7,7 @@
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
+#include "sale/caja_full_adelanto.h"
 #include "sale/caja_full_totales.h"
 
 namespace {
@@ -53,6 +54,8 @@ bool esta(const std::vector<LineaTX>& lista, const QString& tx) {
 // A card of customers at two sites gives a document's row twice; it is one document all the same.
 void juntar(std::vector<LineaTX>& lista, const Recordset& rs) {
   for (const auto& r : rs) {
+    // A note of a billing document carries that document's code, which may be the same number.
+    if (EsVentaFutura(LimpiarNulo(r[u"sGlosa"]))) continue;
     const LineaTX l = documentoDe(r);
     if (!esta(lista, l.tx)) lista.push_back(l);
   }
@@ -136,6 +139,10 @@ std::optional<Foco> AgregarTX(Puesto& p, CajaRegistradoraFull& v, int lista) {
     return p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, consultaTX(columna, codigo), rs);
   };
   if (!leer(u"cOperCode"_sql, documento) || documento.Eof()) return campo;
+  if (EsVentaFutura(LimpiarNulo(documento[u"sGlosa"]))) {
+    AvisarVentaFutura(p);
+    return campo;
+  }
   if (lista == 0 && !leer(u"cOperCodeRela"_sql, notas)) return campo;
   juntar(v.lvwTX[i], documento);
   juntar(v.lvwTX[1], notas);

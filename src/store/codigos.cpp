@@ -17,6 +17,11 @@ Sql ConCodigos(const Sql& sql) {
       .con(u"{dLIQPAD}"_sql, documento(TipoDocumento::LIQPAD));
 }
 
+Sql SinVentaFutura() {
+  return FormatearSQL(u" AND (sGlosa IS NULL OR sGlosa NOT IN ('$', '$'))"_sql,
+                      {Texto(kGlosaConsumo), Texto(kGlosaPago)});
+}
+
 namespace {
 
 template <class Tipo, class ComoValor>

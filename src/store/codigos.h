@@ -41,6 +41,14 @@ QString Codigo(TipoDocumento tipo);
 // with a d in front, {dOC}, types of documents in their quotes.
 Sql ConCodigos(const Sql& sql);
 
+// sGlosa of a note that consumes a billing document, whose cCodVta then stands in cOperCodeRela, and of the receipt of
+// a payment on one. Whole texts: what a cashier types in the register is another one.
+inline const QString kGlosaConsumo = QStringLiteral("REF. SIST. LOGISTICA");
+inline const QString kGlosaPago = QStringLiteral("PAGO REF. SIST. LOGISTICA");
+inline bool EsVentaFutura(const QString& glosa) { return glosa == kGlosaConsumo || glosa == kGlosaPago; }
+// " AND ..." that leaves those rows out.
+Sql SinVentaFutura();
+
 // The inside of an IN (...).
 Sql Codigos(std::initializer_list<TipoOperacion> tipos);
 Sql Codigos(std::initializer_list<TipoDocumento> tipos);

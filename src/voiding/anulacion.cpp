@@ -11,6 +11,7 @@
 #include "platform/text/texto.h"
 #include "printing/canal.h"
 #include "store/numeracion.h"
+#include "voiding/anulacion_consumo.h"
 #include "voiding/anulacion_filas.h"
 #include "voiding/pantallas_anulacion.h"
 
@@ -120,6 +121,7 @@ bool guardarJuntas(Puesto& p, const std::vector<Sql>& sentencias) {
 // All of the store's part at once: the points that wait, the rows, and the liquidation that the document had closed.
 bool grabarFilas(Puesto& p, Anulacion& a) {
   const DocumentoGuardado& t = a.t();
+  if (t.paralela && t.glosa == kGlosaConsumo) return AnularConsumo(p, t);
   std::vector<Sql> filas;
   if (!LeerPuntosEnEspera(p, clave(t), filas)) return false;
   a.puntosEnEspera = !filas.empty();

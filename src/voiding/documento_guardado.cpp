@@ -88,6 +88,7 @@ LecturaDocumento leerParalela(Puesto& p, DocumentoGuardado& t) {
   t.vigente = estado == u"1";
   t.anulada = estado == u"0";
   t.relacion = entero(rs[u"cOperCodeRela"]);
+  t.glosa = LimpiarNulo(rs[u"sGlosa"]);
   t.montoSoles = Numero(rs[u"nMontoSoles"]);
   t.montoDolares = Numero(rs[u"nMontoDolares"]);
   t.enDolares = LimpiarNulo(rs[u"nMoneda"]) == u"2";

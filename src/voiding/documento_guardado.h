@@ -27,8 +27,9 @@ struct DocumentoGuardado {
   bool anulada = false;  // cOperFlagAnula, or cEstado '0' of a parallel document
   bool abierta = false;  // of the open cash day
   bool vigente = false;  // cEstado '1'
-  qint64 relacion = 0;   // the liquidation that the document closes
-  double dolares = 0;    // taken in cash
+  QString glosa;
+  qint64 relacion = 0;  // the liquidation that the document closes
+  double dolares = 0;   // taken in cash
   double montoSoles = 0, montoDolares = 0;
   bool enDolares = false;
   double efectivo = 0, vuelto = 0;    // soles, parallel documents only

@@ -78,6 +78,10 @@ QString rechazo(Uso uso, const DocumentoGuardado& t) {
     if (t.tipo == TipoOperacion::LIQPAD && !t.anulada) {
       return QStringLiteral("Esta es una transacción de liquidación. No puede ser anulada");
     }
+    // The centre keeps it too: there both go together.
+    if (anular && t.vigente && t.glosa == kGlosaPago) {
+      return QStringLiteral("Es un pago de Venta Futura. Anúlelo con «Anular Pago» en Venta Futura, Operaciones.");
+    }
     return t.vigente ? QString() : noExiste(uso);
   }
   if (anular && t.anulada) {

@@ -57,6 +57,13 @@ class Banco : public Preguntas {
     const auto e = cnn.abrir(*motores, cadena, 1000);
     EXPECT_FALSE(e) << e.value_or(ErrorBD{}).descripcion.toStdString();
   }
+  // On a database that is there already.
+  explicit Banco(const QString& cual) {
+    motores = motoresDelSistema(carpeta.path());
+    cadena = cual;
+    const auto e = cnn.abrir(*motores, cadena, 20000);
+    EXPECT_FALSE(e) << e.value_or(ErrorBD{}).descripcion.toStdString();
+  }
   QString archivo() const { return carpeta.filePath(QStringLiteral("prueba.db")); }
 
   QTemporaryDir carpeta;

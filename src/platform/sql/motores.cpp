@@ -2,6 +2,7 @@
 #include <QHash>
 
 #include "platform/sql/cadena_conexion.h"
+#include "platform/sql/motor_odbc.h"
 #include "platform/sql/motor_postgres.h"
 #include "platform/sql/motor_sqlite.h"
 
@@ -24,10 +25,8 @@ class MotoresDelSistema final : public Motores {
       case TipoMotor::Postgres: return MotorPostgres::abrir(c, espera_ms, error, memoriaDe(cadena));
       case TipoMotor::SqlServer: break;
     }
-    error = {kErrorGeneral, 0,
-             c.servidor.isEmpty()
-                 ? QStringLiteral("La cadena de conexión no nombra ningún servidor.")
-                 : QStringLiteral("Este programa no tiene conector para el servidor '%1'.").arg(c.servidor)};
+    if (!c.servidor.isEmpty()) return MotorOdbc::abrir(c, espera_ms, opciones_.interrumpir, error);
+    error = {kErrorGeneral, 0, QStringLiteral("La cadena de conexión no nombra ningún servidor.")};
     return {};
   }
 

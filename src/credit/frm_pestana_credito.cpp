@@ -1,0 +1,178 @@
+#include "credit/frm_pestana_credito.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QGridLayout>
+#include <QSignalBlocker>
+
+#include "documento/frm_lineas.h"
+#include "foundation/puesto.h"
+#include "foundation/rutinas.h"
+#include "platform/text/texto.h"
+#include "platform/ui/forma.h"
+#include "platform/ui/tema.h"
+
+ListaCredito::ListaCredito(const ContextoCredito& c, const QString& nombre, int& indice,
+                           std::function<void()> alCambiar)
+    : lista_(new QComboBox), indice_(indice) {
+  lista_->setObjectName(nombre);
+  // A long entry must not widen the screen; the open list shows it whole.
+  lista_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  lista_->setMinimumContentsLength(8);
+  lista_->view()->setMinimumWidth(260);
+  QObject::connect(lista_, &QComboBox::currentIndexChanged, lista_,
+                   [con = c.con, &indice, alCambiar = std::move(alCambiar)](int n) {
+                     con([&] {
+                       indice = n;
+                       if (alCambiar) alCambiar();
+                     });
+                   });
+}
+
+void ListaCredito::mostrar(const QStringList& entradas) {
+  const QSignalBlocker guarda(lista_);  // being filled, not chosen from
+  QStringList puestas;
+  for (int i = 0; i < lista_->count(); ++i) puestas << lista_->itemText(i);
+  if (puestas != entradas) {
+    lista_->clear();
+    lista_->addItems(entradas);
+  }
+  lista_->setCurrentIndex(indice_);
+}
+
+QStringList TextosDe(const std::vector<Referencia>& lista) {
+  QStringList textos;
+  for (const Referencia& r : lista) textos << r.texto;
+  return textos;
+}
+
+Panel* nuevoPanelCredito(const QString& titulo, int pares) {
+  auto* panel = new Panel(titulo, pares);
+  panel->layout()->setContentsMargins(12, 6, 12, 8);
+  if (auto* g = panel->findChild<QGridLayout*>()) {
+    g->setHorizontalSpacing(2 * tema::kPaso);
+    g->setVerticalSpacing(tema::kPaso);
+  }
+  return panel;
+}
+
+Campo* campoImporte(Panel* panel, const QString& nombre, const QString& etiqueta, Enlaces& enlaces, QString& texto) {
+  Campo* campo = panel->importe(nombre, etiqueta);
+  campo->setMinimumWidth(112);
+  campo->filtro = [](QChar tecla) { return FiltrarTecla(tecla, {ClaseTecla::Decimal}); };
+  enlaces.texto(campo, texto);
+  return campo;
+}
+
+QFrame* nuevaPantallaTotal(Enlaces& enlaces, const QString& nombreSoles, const QString& soles,
+                           const QString& nombreDolares, const QString& dolares) {
+  auto* marco = new QFrame;
+  marco->setProperty("papel", "pantalla");
+  auto* h = new QHBoxLayout(marco);
+  h->setContentsMargins(16, 2, 16, 2);
+  h->setSpacing(3 * tema::kPaso);
+  const auto cifra = [&](const QString& leyenda, const QString& nombre, const QString& texto, const char* papel) {
+    h->addWidget(nuevoTexto(leyenda, QStringLiteral("leyenda")));
+    auto* l = nuevoTexto({}, QString::fromLatin1(papel));
+    l->setObjectName(nombre);
+    l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    enlaces.rotulo(l, texto);
+    h->addWidget(l);
+  };
+  cifra(QStringLiteral("US$"), nombreDolares, dolares, "articulo");
+  h->addStretch();
+  cifra(QStringLiteral("TOTAL S/."), nombreSoles, soles, "cifra");
+  return marco;
+}
+
+DetalleLineas::DetalleLineas(const ContextoCredito& c, const QString& nombre, const QString& sufijo, RejillaLineas& l,
+                             std::function<void()> alCambiar)
+    : c_(c), l_(l), alCambiar_(std::move(alCambiar)), rejilla_(nuevaRejillaLineas(nombre, c.p, l)) {
+  auto* v = new QVBoxLayout(this);
+  v->setContentsMargins(0, 0, 0, 0);
+  v->setSpacing(6);
+  rejilla_->textoVacio = QStringLiteral("Sin artículos: F5 para agregar");
+  rejilla_->salir = [this](int f, int col, QString& texto) { return salirCelda(f, col, texto); };
+  rejilla_->pulsar = [this](int fila, int) { buscarArticulo(fila); };
+  v->addWidget(rejilla_, 1);
+  auto* fila = new QHBoxLayout;
+  auto* agrega = nuevoBoton(QStringLiteral("CmdAddArt") + sufijo, QStringLiteral("A&dicionar"));
+  auto* elimina = nuevoBoton(QStringLiteral("CmdDelArt") + sufijo, QStringLiteral("E&liminar"));
+  fila->addWidget(agrega);
+  fila->addWidget(elimina);
+  fila->addStretch();
+  v->addLayout(fila);
+  connect(agrega, &QPushButton::clicked, this, [this] { (void)agregarFila(); });
+  connect(elimina, &QPushButton::clicked, this, [this] { eliminarFila(); });
+}
+
+void DetalleLineas::mostrar() {
+  rejilla_->refrescar();
+  if (SinLineas(l_)) rejilla_->ponerCelda({0, kCod});
+}
+
+bool DetalleLineas::salirCelda(int fila, int columna, QString& texto) {
+  bool acepta = true;
+  c_.con([&] {
+    const TrasCelda tras = DejarCelda(c_.p, l_, fila, columna, texto);
+    acepta = tras != TrasCelda::Rechazada;
+    if (tras == TrasCelda::Cambiada) alCambiar_();
+    if (acepta) texto = l_.filas[static_cast<size_t>(fila)][static_cast<size_t>(columna)];
+  });
+  if (!acepta) QApplication::beep();
+  return acepta;
+}
+
+bool DetalleLineas::agregarFila() {
+  if (!rejilla_->dejarCelda()) return false;
+  int fila = 0;
+  c_.con([&] { fila = AgregarFila(l_); });
+  rejilla_->irA({fila, kCod});
+  return true;
+}
+
+void DetalleLineas::eliminarFila() {
+  rejilla_->abandonarCelda();
+  const int fila = rejilla_->celda().fila;
+  c_.con([&] {
+    QuitarFila(l_, fila);
+    alCambiar_();
+  });
+  rejilla_->irA({qMin(qMax(fila, 0), static_cast<int>(l_.filas.size()) - 1), kCod});
+}
+
+void DetalleLineas::buscarArticulo(int fila) {
+  if (fila < 0) {
+    if (!agregarFila()) return;
+    fila = static_cast<int>(l_.filas.size()) - 1;
+  } else if (!rejilla_->dejarCelda()) {
+    return;
+  }
+  const auto codigo = c_.pantallas.buscarArticulo();
+  window()->activateWindow();
+  QString texto = codigo.value_or(QString());
+  const bool acepta = codigo && salirCelda(fila, kCod, texto);
+  rejilla_->irA({fila, acepta ? kCant : kCod});
+}
+
+void DetalleLineas::irAlFinal(int columna) { rejilla_->irA({static_cast<int>(l_.filas.size()) - 1, columna}); }
+
+void PestanaCredito::pedirCopia(const QString& pregunta, const QString& porDefecto,
+                                const std::function<bool(const QString&, const QString&)>& imprimir) {
+  const auto numero = c_.p.mensajes.pedir(pregunta, QStringLiteral("Reimprimir"), porDefecto);
+  if (!numero || Recortar(*numero).isEmpty()) return;
+  const qsizetype guion = numero->lastIndexOf(u'-');
+  if (guion <= 0) {
+    c_.p.mensajes.mostrar(QStringLiteral("Escriba la serie, un guion y el número: 001-000012"));
+    return;
+  }
+  const CursorEspera espera;
+  (void)imprimir(Recortar(numero->left(guion)), Recortar(numero->mid(guion + 1)));
+}
+
+void PestanaCredito::commit(const std::function<std::optional<QString>()>& hacer) {
+  std::optional<QString> campo;
+  c_.con([&] { campo = hacer(); });
+  window()->activateWindow();
+  c_.enfocar(campo ? *campo : primerControl());
+}
