@@ -1,7 +1,7 @@
 # Shared by run, test and .ci/run: what is installed and how it is built.
 
 PAQUETES_PROGRAMA=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl1-mesa-dev libsqlite3-dev libpq-dev unixodbc-dev libsodium-dev
-  fonts-dejavu-core)
+  libxlsxwriter-dev fonts-dejavu-core)
 PAQUETES_PRUEBAS=(libgtest-dev librapidcheck-dev libbenchmark-dev sqlite3 clang-format-14 postgresql libsqliteodbc
   odbc-postgresql)
 PAQUETES_INSTALACION=(debootstrap xvfb xdotool sqlite3)

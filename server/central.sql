@@ -95,6 +95,9 @@ CREATE TABLE Venta01 (
 );
 CREATE INDEX Venta01_serie ON Venta01 (cSerieDoc, NroDoc);
 CREATE INDEX Venta01_caja ON Venta01 (cCodCaja, TipoDoc, NroDoc);
+-- The accounts: customers with the code of each document behind them, and the documents that are open.
+CREATE INDEX Venta01_cliente ON Venta01 (cClienteCode, IdLocal, FechaAnulacion);
+CREATE INDEX Venta01_abierto ON Venta01 (bLiquidado, TipoDoc, FechaAnulacion);
 CREATE TABLE Venta02 (
   cCodVta INTEGER NOT NULL,
   NroItem INTEGER NOT NULL,

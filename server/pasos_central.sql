@@ -17,3 +17,7 @@ CREATE TABLE ConsumoVenta (
 );
 CREATE INDEX ConsumoVenta_documento ON ConsumoVenta (cCodVta);
 CREATE INDEX ConsumoVenta_nota ON ConsumoVenta (cCajaCodi, cOperCode);
+
+== 3
+CREATE INDEX Venta01_cliente ON Venta01 (cClienteCode, IdLocal, FechaAnulacion);
+CREATE INDEX Venta01_abierto ON Venta01 (bLiquidado, TipoDoc, FechaAnulacion);

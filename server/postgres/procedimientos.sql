@@ -166,7 +166,8 @@ LANGUAGE sql STABLE AS $$
   WHERE v.fechaanulacion IS NULL;
 $$;
 
--- A document counts as paid in its own currency; cents of the rate leave nothing open in the other one.
+-- Open documents that still take a payment, a deposit of their detraction, or the void of a payment: those with a balance
+-- in their own currency, with a detraction that is pending, or with a payment that stands.
 CREATE FUNCTION dbo.usp_sel_listadodocumentospendientespago(p_tipo text)
 RETURNS TABLE ("TipoDoc" text, "cSerieDoc" text, "NroDoc" text, "fechaemision" timestamp, "NombreLocal" text,
   "DscCliente" text, "cClienteCode" text, "IdLocal" bigint, "Moneda" text, "TotVta" numeric, "TotVtaUSD" numeric,
@@ -174,8 +175,12 @@ RETURNS TABLE ("TipoDoc" text, "cSerieDoc" text, "NroDoc" text, "fechaemision" t
   SELECT (venta).tipodoc, (venta).cseriedoc, (venta).nrodoc, (venta).fechaemision, nombrelocal, (venta).dsccliente,
     (venta).cclientecode, (venta).idlocal, nombremoneda, (venta).totvta, (venta).totvtausd, restante, restanteusd
   FROM dbo.proc_cuentas()
-  WHERE (venta).tipodoc = rtrim(p_tipo)
-    AND CASE WHEN (venta).ccodmoneda = 'E' THEN restanteusd ELSE restante END > 0
+  WHERE (venta).tipodoc = rtrim(p_tipo) AND (venta).bliquidado = 0
+    AND (CASE WHEN (venta).ccodmoneda = 'E' THEN restanteusd ELSE restante END > 0
+      OR EXISTS (SELECT 1 FROM dbo.pagos p WHERE p.tipodoc = (venta).tipodoc AND p.cseriedoc = (venta).cseriedoc
+        AND p.nrodoc = (venta).nrodoc AND p.fechaanulacion IS NULL)
+      OR ((venta).tipodoc = '01' AND EXISTS (SELECT 1 FROM dbo.detraccion d WHERE d.seriedoc = (venta).cseriedoc
+        AND d.nrodoc = (venta).nrodoc AND d.estado = 'P')))
   ORDER BY (venta).fechaemision, (venta).cseriedoc, (venta).nrodoc;
 $$;
 

@@ -23,14 +23,27 @@ Error consultar(AccesoMotor& bd, const char* sql, const QVariantList& valores, R
   return bd.consultar(sinFinales(sql), valores, rs);
 }
 
-// A document counts as paid in its own currency; cents of the rate leave nothing open in the other one.
+// Open documents that still take a payment, a deposit of their detraction, or the void of a payment: those with a
+// balance, with a detraction that is pending, or with a payment that stands.
 Error pendientesDePago(AccesoMotor& bd, const QVariantList& a, Recordset& rs) {
-  static const QByteArray sql =
-      QByteArray(kPagado) +
-      "SELECT TipoDoc, cSerieDoc, NroDoc, fechaemision, NombreLocal, DscCliente, cClienteCode, IdLocal, "
-      "NombreMoneda AS Moneda, TotVta, TotVtaUSD, Restante, RestanteUSD FROM cuenta WHERE ~TipoDoc = ?1 "
-      "AND CASE ~cCodMoneda WHEN 'E' THEN RestanteUSD ELSE Restante END > 0 ORDER BY fechaemision, cSerieDoc, NroDoc";
-  return consultar(bd, sql.constData(), a, rs);
+  return consultar(
+      bd,
+      "SELECT c.TipoDoc, c.cSerieDoc, c.NroDoc, c.fechaemision, c.NombreLocal, c.DscCliente, c.cClienteCode, "
+      "c.IdLocal, c.Moneda, c.TotVta, c.TotVtaUSD, round(c.TotVta - ifnull(c.soles, 0), 2) AS Restante, "
+      "round(c.TotVtaUSD - ifnull(c.dolares, 0), 2) AS RestanteUSD FROM (SELECT v.*, "
+      "CASE v.IdLocal WHEN 1 THEN 'SUR' WHEN 2 THEN 'NORTE' END AS NombreLocal, "
+      "CASE ~v.cCodMoneda WHEN 'E' THEN 'DOLARES' ELSE 'SOLES' END AS Moneda, "
+      "(SELECT SUM(CASE ~p.Moneda WHEN 'E' THEN p.Monto * p.nTipoCambio ELSE p.Monto END) FROM Pagos p "
+      "WHERE p.cSerieDoc = v.cSerieDoc AND p.NroDoc = v.NroDoc AND p.TipoDoc = v.TipoDoc AND p.FechaAnulacion IS NULL) "
+      "AS soles, "
+      "(SELECT SUM(CASE ~p.Moneda WHEN 'E' THEN p.Monto ELSE p.Monto / NULLIF(p.nTipoCambio, 0) END) FROM Pagos p "
+      "WHERE p.cSerieDoc = v.cSerieDoc AND p.NroDoc = v.NroDoc AND p.TipoDoc = v.TipoDoc AND p.FechaAnulacion IS NULL) "
+      "AS dolares FROM Venta01 v WHERE v.TipoDoc = ?1 AND v.FechaAnulacion IS NULL AND v.bLiquidado = 0) c "
+      "WHERE round(CASE ~c.cCodMoneda WHEN 'E' THEN c.TotVtaUSD - ifnull(c.dolares, 0) "
+      "ELSE c.TotVta - ifnull(c.soles, 0) END, 2) > 0 OR c.soles IS NOT NULL "
+      "OR (~c.TipoDoc = '01' AND EXISTS (SELECT 1 FROM Detraccion d WHERE d.SerieDoc = c.cSerieDoc "
+      "AND d.NroDoc = c.NroDoc AND ~d.Estado = 'P')) ORDER BY c.fechaemision, c.cSerieDoc, c.NroDoc",
+      a, rs);
 }
 
 // Open for consumption: neither voided nor settled.
@@ -52,7 +65,8 @@ Error cuentaDeCliente(AccesoMotor& bd, const QVariantList& a, Recordset& rs) {
       "SELECT cCodVta AS Codigo, TipoDoc, CASE ~TipoDoc WHEN '01' THEN 'FACTURA' ELSE 'BOLETA' END AS Documento, "
       "cSerieDoc AS Serie, NroDoc AS Numero, fechaemision AS \"Fec Emision\", NombreMoneda AS Moneda, "
       "TotVta AS \"Total Vta\", TotVtaUSD AS \"Total Vta USD\", Restante AS \"M. Restante\", "
-      "RestanteUSD AS \"M. Restante USD\" FROM cuenta WHERE CAST(cClienteCode AS INTEGER) = ?1 AND IdLocal = ?2 "
+      "RestanteUSD AS \"M. Restante USD\" FROM cuenta WHERE cClienteCode IN (printf('%08d', ?1), "
+      "CAST(?1 AS TEXT)) AND IdLocal = ?2 "
       "ORDER BY fechaemision, cSerieDoc, NroDoc";
   return consultar(bd, sql.constData(), a, rs);
 }

@@ -106,6 +106,10 @@ class PuertosConFallas final : public Puertos {
   }
   std::optional<QString> imprimir(const QString& impresora, const QString& letra, int tamano,
                                   const DocumentoImpreso& documento) override;
+  std::optional<QString> guardarPdf(const QString& archivo, const QString& letra, int tamano,
+                                    const DocumentoImpreso& documento) override {
+    return real_.guardarPdf(archivo, letra, tamano, documento);
+  }
 
  private:
   std::optional<QString> caida(const QString& puerto) const;

@@ -13,8 +13,14 @@
 #include "cashday/frm_cuadre.h"
 #include "cashday/principal.h"
 #include "cashday/tipo_cambio.h"
+#include "credit/frm_anular_transaccion_cta_cte.h"
 #include "credit/frm_caja_facturacion_pagos.h"
+#include "credit/frm_cons_cta_cte_cliente.h"
+#include "credit/frm_consulta_cta_cte_cliente.h"
+#include "credit/frm_documentos_pendientes.h"
+#include "credit/frm_operacion_paralela_consulta.h"
 #include "foundation/puesto.h"
+#include "loyalty/frm_cliente.h"
 #include "loyalty/pendientes.h"
 #include "printing/frm_cabecera_impresion_lista.h"
 #include "printing/frm_configura_impresora.h"
@@ -52,28 +58,47 @@ void Pantallas::ventaFutura() {
   f.exec();
 }
 
-std::optional<DocumentoPorPagar> Pantallas::documentoPorPagar(DocCredito) {
-  noDisponible(QStringLiteral("Docs Pendientes de Pago"));
-  return {};
+std::optional<DocumentoPorPagar> Pantallas::documentoPorPagar(DocCredito doc) {
+  const auto e = elegirPendiente(p_, padre(), PendientesDe::Pago, doc);
+  return e ? std::optional(PorPagar(e->documentos, e->fila)) : std::nullopt;
 }
 
-std::optional<DocumentoPorConsumir> Pantallas::documentoPorConsumir(DocCredito) {
-  noDisponible(QStringLiteral("Seleccione Documento"));
-  return {};
+std::optional<DocumentoPorConsumir> Pantallas::documentoPorConsumir(DocCredito doc) {
+  const auto e = elegirPendiente(p_, padre(), PendientesDe::Consumo, doc);
+  return e ? std::optional(PorConsumir(e->documentos, e->fila)) : std::nullopt;
 }
 
-std::optional<qint64> Pantallas::documentoPorLiquidar(DocCredito) {
-  noDisponible(QStringLiteral("Docs Pendientes Liquidacion"));
-  return {};
+std::optional<qint64> Pantallas::documentoPorLiquidar(DocCredito doc) {
+  const auto e = elegirPendiente(p_, padre(), PendientesDe::Liquidacion, doc);
+  return e ? std::optional(PorLiquidar(e->documentos, e->fila)) : std::nullopt;
 }
 
-void Pantallas::anularDocumento(DocCredito) { noDisponible(QStringLiteral("Anular Documento")); }
+void Pantallas::anularDocumento(DocCredito doc) {
+  frmAnularTransaccionCtaCte(p_, *this, doc == DocCredito::FADE ? ModoAnular::FADE : ModoAnular::BADE, padre()).exec();
+}
 
-void Pantallas::anularPago(const QString&, const QString&) { noDisponible(QStringLiteral("Anular Pago")); }
+void Pantallas::anularPago(const QString& serie, const QString& numero) {
+  frmAnularTransaccionCtaCte f(p_, *this, ModoAnular::PADE, padre());
+  if (f.recibir(serie, numero)) f.exec();
+}
 
 std::optional<TarjetaElegida> Pantallas::nuevoCliente() {
-  noDisponible(QStringLiteral("Nuevo Cliente"));
-  return {};
+  frmCliente f(p_, static_cast<PantallasCredito&>(*this), padre());
+  if (f.exec() != QDialog::Accepted) return {};
+  return f.tarjeta();
+}
+
+void Pantallas::consultaParalelas() {
+  // Stays open beside the main window.
+  auto* f = new frmOperacionParalelaConsulta(p_, padre());
+  f->setAttribute(Qt::WA_DeleteOnClose);
+  f->show();
+}
+
+void Pantallas::cuentasDeClientes() { frmConsCtaCteCliente(p_, padre()).exec(); }
+
+void Pantallas::cuentaDeCliente() {
+  frmConsultaCtaCteCliente(p_, static_cast<PantallasCredito&>(*this), padre()).exec();
 }
 
 void Pantallas::vender(Registradora cual) {

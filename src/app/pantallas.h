@@ -51,6 +51,9 @@ class Pantallas final : public PantallasPrincipal,
   void anularDocumento(DocCredito doc) override;
   void anularPago(const QString& serie, const QString& numero) override;
   std::optional<TarjetaElegida> nuevoCliente() override;
+  void consultaParalelas() override;
+  void cuentasDeClientes() override;
+  void cuentaDeCliente() override;
   void noDisponible(const QString& pantalla) override;
 
  private:

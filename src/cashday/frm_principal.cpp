@@ -13,6 +13,7 @@
 #include "cashday/frm_acerca_de.h"
 #include "cashday/frm_apertura.h"
 #include "cashday/pantallas_principal.h"
+#include "cashday/reporte_stock.h"
 #include "cashday/reportes.h"
 #include "cashday/tipo_cambio.h"
 #include "cashday/turno.h"
@@ -31,11 +32,6 @@ QString deArreglo(const char* nombre, int n) { return QStringLiteral("%1(%2)").a
 
 QString sinMnemonico(QString rotulo) { return rotulo.remove(u'&'); }
 
-// The caption of an entry; the entries stand in the order of their numbers.
-QString rotuloDe(std::span<const EntradaNumerada> entradas, int n) {
-  return sinMnemonico(QString::fromUtf8(entradas[static_cast<size_t>(n - 1)].rotulo));
-}
-
 }  // namespace
 
 frmPrincipal::frmPrincipal(Puesto& p, PantallasPrincipal& pantallas) : p_(p), pantallas_(pantallas) {
@@ -43,6 +39,7 @@ frmPrincipal::frmPrincipal(Puesto& p, PantallasPrincipal& pantallas) : p_(p), pa
   crearMenus();
   crearBarra();
   crearCentro();
+  crearTeclas();
   // What the supervisor dialog fills.
   txtsupervisor_ = new QLineEdit(this);
   txtsupervisor_->setObjectName(QStringLiteral("txtsupervisor"));
@@ -130,17 +127,21 @@ void frmPrincipal::crearMenus() {
     connect(a, &QAction::triggered, this, acto(std::move(accion)));
     return a;
   };
-  const auto falta = [this](const char* nombre) {
-    return [this, n = QString::fromUtf8(nombre)] { pantallas_.noDisponible(n); };
-  };
-  demas_.push_back(suelta(nullptr, "mnuRptStock", QStringLiteral("Reporte Stock"), falta("Reporte Stock")));
+  demas_.push_back(suelta(nullptr, "mnuRptStock", QStringLiteral("Reporte Stock"), [this] {
+    const Ocupado ocupado(p_.mensajes, QStringLiteral("Leyendo el stock…"));
+    ReporteStock(p_);
+  }));
   QMenu* futura = menuBar()->addMenu(QStringLiteral("Venta Futura"));
   futura->menuAction()->setObjectName(QStringLiteral("mnuCtaCte"));
   ventaFutura_ = suelta(futura, "mnuOperCtaCte", QStringLiteral("Operaciones"), [this] {
     CapturaTipoCambio(p_, pantallas_);
     if (p_.ses.pnTipoCambio != 0) pantallas_.ventaFutura();
   });
-  demas_.push_back(suelta(futura, "mnuConsCtaCte", QStringLiteral("Consultas"), falta("Venta Futura - Consultas")));
+  ventaFutura_->setShortcut(Qt::CTRL | Qt::Key_F);
+  demas_.push_back(
+      suelta(futura, "mnuConsCtaCte", QStringLiteral("Consultas"), [this] { pantallas_.cuentasDeClientes(); }));
+  demas_.push_back(suelta(futura, "mnuConsCtaCteCliente", QStringLiteral("Estado de Cuenta por Cliente"),
+                          [this] { pantallas_.cuentaDeCliente(); }));
   demas_.push_back(
       suelta(nullptr, "mnuAcercaDe", QStringLiteral("Acerca de..."), [this] { frmAcercaDe(this).exec(); }));
   suelta(nullptr, "mnuSalir", QStringLiteral("&Salir"), [this] { p_.salida.terminar(0); });
@@ -268,13 +269,13 @@ void frmPrincipal::iniciar() {
 
 void frmPrincipal::mantenimiento(int n) {
   switch (n) {
-    case kProductos: ajustes(PantallaMantenimiento::Productos, rotuloDe(EntradasMantenimiento(), n)); return;
+    case kProductos: ajustes(PantallaMantenimiento::Productos, RotuloEntrada(EntradasMantenimiento(), n)); return;
     case kTipoCambio: pantallas_.tipoCambioLista(); return;
-    case kTeclado: ajustes(PantallaMantenimiento::Teclado, rotuloDe(EntradasMantenimiento(), n)); return;
-    case kCabecera: ajustes(PantallaMantenimiento::Cabecera, rotuloDe(EntradasMantenimiento(), n)); return;
-    case kImpresora: ajustes(PantallaMantenimiento::Impresora, rotuloDe(EntradasMantenimiento(), n)); return;
+    case kTeclado: ajustes(PantallaMantenimiento::Teclado, RotuloEntrada(EntradasMantenimiento(), n)); return;
+    case kCabecera: ajustes(PantallaMantenimiento::Cabecera, RotuloEntrada(EntradasMantenimiento(), n)); return;
+    case kImpresora: ajustes(PantallaMantenimiento::Impresora, RotuloEntrada(EntradasMantenimiento(), n)); return;
     case kIniciarCaja: abrirApertura(); return;
-    default: pantallas_.noDisponible(rotuloDe(EntradasMantenimiento(), n));
+    default: pantallas_.noDisponible(RotuloEntrada(EntradasMantenimiento(), n));
   }
 }
 
@@ -308,8 +309,10 @@ void frmPrincipal::operacion(int n) {
       pantallas_.cuadreDeCaja(v_, kCuadreVista);
       return;
     case kReporteZ: cerrarCaja(); return;
+    case kConsultaOP: pantallas_.consultaParalelas(); return;
     case kReporteX1: reporte(n, ReportesEspeciales1); return;
-    default: pantallas_.noDisponible(rotuloDe(EntradasOperaciones(), n));
+    case kReporteX1Excel: exportar(); return;
+    default: pantallas_.noDisponible(RotuloEntrada(EntradasOperaciones(), n));
   }
 }
 
@@ -318,7 +321,7 @@ void frmPrincipal::cambioTurno() {
                              QStringLiteral("Confirmar Cambio de Turno"), false)) {
     return;
   }
-  if (!AutorizarOperacion(v_, pantallas_, rotuloDe(EntradasOperaciones(), kCambioTurno))) return;
+  if (!AutorizarOperacion(v_, pantallas_, RotuloEntrada(EntradasOperaciones(), kCambioTurno))) return;
   CambioTurno(p_, v_, pantallas_);
 }
 
@@ -328,17 +331,6 @@ void frmPrincipal::cerrarCaja() {
     estado_->ocupado(texto);
     ocupado.ahora(texto);
   });
-}
-
-void frmPrincipal::reporte(int n, ResultadoReporte (*imprimir)(Puesto&, const PedidoReporte&)) {
-  const QString nombre = rotuloDe(EntradasOperaciones(), n);
-  if (!AutorizarOperacion(v_, pantallas_, nombre)) return;
-  const Ocupado ocupado(p_.mensajes, QStringLiteral("Haciendo el %1…").arg(nombre));
-  v_.bReporteImpreso = imprimir(p_, PedidoX()).impreso || v_.bReporteImpreso;
-}
-
-void frmPrincipal::reporteDeFecha(ResultadoReporte (*imprimir)(Puesto&, const QString&)) {
-  v_.bReporteImpreso = imprimir(p_, QStringLiteral("Z")).impreso || v_.bReporteImpreso;
 }
 
 void frmPrincipal::boton(int n) {

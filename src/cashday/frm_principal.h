@@ -48,6 +48,7 @@ class frmPrincipal final : public QMainWindow {
   void crearOperaciones();
   void crearBarra();
   void crearCentro();
+  void crearTeclas();
   void pintarCentro();
   // An action of the clerk: runs it, then shows what it changed.
   std::function<void()> acto(std::function<void()> accion);
@@ -60,6 +61,9 @@ class frmPrincipal final : public QMainWindow {
   void operacion(int n);
   // One of the turn's reports, entry `n`, with its authorisation; and one of a past date.
   void reporte(int n, ResultadoReporte (*imprimir)(Puesto&, const PedidoReporte&));
+  void exportar();
+  // One of the reports that have no visible entry.
+  void reporteParalelo(int n);
   void reporteDeFecha(ResultadoReporte (*imprimir)(Puesto&, const QString&));
   void boton(int n);
   void abrirApertura();

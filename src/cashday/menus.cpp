@@ -21,11 +21,11 @@ constexpr EntradaNumerada kEntradasOperaciones[] = {
     {kCajaRapida, "Caja Registradora"},  {kCajaFull, "Caja Registradora (Versión Full)"},
     {5, "-"},                            {kReporteX, "Reporte X"},
     {kCuadreCaja, "Cuadre de Caja", true}, {kReporteZ, "Reporte Z"},
-    {9, "-", true},                      {10, "Reporte O/C", true},
+    {9, "-", true},                      {kReporteOC, "Reporte O/C", true},
     {11, "Reporte N/C", true},           {12, "Reporte PADE", true},
-    {13, "Reporte PADV", true},          {14, "Reporte LIQPAD", true},
-    {15, "Consulta OP"},                 {kReporteX1, "Reporte X-1"},
-    {17, "Reporte X-1 formato  Excel"},
+    {13, "Reporte PADV", true},          {kReporteLIQPAD, "Reporte LIQPAD", true},
+    {kConsultaOP, "Consulta OP"},                 {kReporteX1, "Reporte X-1"},
+    {kReporteX1Excel, "Reporte X-1 formato  Excel"},
 };
 
 constexpr BotonBarra kBotonesBarra[] = {
@@ -52,6 +52,10 @@ bool esSoporte(const Sesion& ses) { return ses.psUsuario.toLower() == u"rovel" &
 std::span<const EntradaNumerada> EntradasMantenimiento() { return kEntradasMantenimiento; }
 std::span<const EntradaNumerada> EntradasOperaciones() { return kEntradasOperaciones; }
 std::span<const BotonBarra> BotonesBarra() { return kBotonesBarra; }
+
+QString RotuloEntrada(std::span<const EntradaNumerada> entradas, int n) {
+  return QString::fromUtf8(entradas[static_cast<size_t>(n - 1)].rotulo).remove(u'&');
+}
 
 Menus MenusDelDia(ClaseDia clase, bool sincronizarDiaAnt, const Sesion& ses) {
   Menus m;

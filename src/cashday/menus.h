@@ -1,5 +1,6 @@
 #pragma once
 // What the main window shows and what of it can be used, as values of the state of the cash day.
+#include <QString>
 #include <array>
 #include <span>
 
@@ -22,6 +23,9 @@ std::span<const EntradaNumerada> EntradasMantenimiento();  // mnuMantenimiento_H
 std::span<const EntradaNumerada> EntradasOperaciones();    // mnuOperaciones_Hijo
 std::span<const BotonBarra> BotonesBarra();                // Toolbar1
 
+// The caption of an entry without its mnemonic; the entries stand in the order of their numbers.
+QString RotuloEntrada(std::span<const EntradaNumerada> entradas, int n);
+
 // The numbers that the program itself asks for.
 enum Mantenimiento { kProductos = 1, kTipoCambio = 2, kTeclado = 4, kCabecera = 5, kImpresora = 7, kIniciarCaja = 8 };
 enum Operacion {
@@ -31,7 +35,11 @@ enum Operacion {
   kReporteX = 6,
   kCuadreCaja = 7,
   kReporteZ = 8,
-  kReporteX1 = 16
+  kReporteOC = 10,  // and those of the other kinds behind it, up to kReporteLIQPAD
+  kReporteLIQPAD = 14,
+  kConsultaOP = 15,
+  kReporteX1 = 16,
+  kReporteX1Excel = 17
 };
 enum Boton {
   kBotonProductos = 1,

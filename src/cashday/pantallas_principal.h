@@ -44,6 +44,11 @@ class PantallasPrincipal {
   // Ends this session and starts the program again from its first step, once the act under way has returned.
   virtual void rearrancar() = 0;
 
+  // The parallel documents of the store; stays open beside the main window.
+  virtual void consultaParalelas() { noDisponible(QStringLiteral("Consulta OP")); }
+  // The accounts of all customers, and of one.
+  virtual void cuentasDeClientes() { noDisponible(QStringLiteral("Venta Futura - Consultas")); }
+  virtual void cuentaDeCliente() { noDisponible(QStringLiteral("Venta Futura - Estado de Cuenta")); }
   // After a start without the central database: does what that left undone once the server answers again. Nothing
   // while a screen stands over the main window: a sale keeps the rate and the articles that it began with.
   virtual void contactarCentral() {}

@@ -19,7 +19,7 @@ std::optional<QString> falta(Puesto& p, const char16_t* aviso, const char* contr
   return QString::fromLatin1(control);
 }
 
-std::optional<QString> validarCliente(Puesto& p, TabFacturacion& v, PantallasCredito& pantallas) {
+std::optional<QString> clienteCompleto(Puesto& p, TabFacturacion& v, PantallasCredito& pantallas) {
   const QString campo = CampoPorMirar(p, v, pantallas);
   if (!campo.isEmpty()) return campo;
   const bool lleno = !Recortar(v.txtTarjeta).isEmpty() && !Recortar(v.txtLocal).isEmpty() &&
@@ -31,7 +31,7 @@ std::optional<QString> validarCliente(Puesto& p, TabFacturacion& v, PantallasCre
 // The checks before the commit; nothing when all is well.
 std::optional<QString> validar(Puesto& p, CajaFacturacionPagos& todo, PantallasCredito& pantallas) {
   TabFacturacion& v = todo.factura;
-  if (auto campo = validarCliente(p, v, pantallas)) return campo;
+  if (auto campo = clienteCompleto(p, v, pantallas)) return campo;
   const auto doc = DocCreditoDe(v.cboTipoDocumento);
   if (!doc) return falta(p, u"Ingrese el Tipo Documento", "cboTipoDocumento");
   if (CodigoDe(todo.referencias.creditos, v.dcbTipoCredito).isEmpty()) {

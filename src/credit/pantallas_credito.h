@@ -36,6 +36,9 @@ class PantallasCredito : public BuscadorClientes {
   virtual std::optional<DocumentoPorConsumir> documentoPorConsumir(DocCredito doc) = 0;
   virtual std::optional<qint64> documentoPorLiquidar(DocCredito doc) = 0;  // cCodVta
 
+  // The cash withdrawal, from its amount to its receipt.
+  virtual void retiro() {}
+
   // The void of a billing document, which asks for series and number, and of a payment by that of its receipt.
   virtual void anularDocumento(DocCredito doc) = 0;
   virtual void anularPago(const QString& serie, const QString& numero) = 0;

@@ -79,6 +79,18 @@ Sql SentenciaCerrarParalela(qint64 codigo, qint64 liquidacion) {
                             {liquidacion, codigo});
 }
 
+std::vector<Sql> SentenciasAnularParalela(const Puesto& p, TipoOperacion tipo, qint64 anulada, qint64 codigo,
+                                          const QString& fecha) {
+  return {FormatearSQL(
+              u" INSERT INTO OPERACIONPARALELA (cOperCode, cOperTipo, dOperFech, sGlosa, cEstado, cCajaCodi,"
+              " cTurnoCodi, cUserDesc) VALUES ($, $, '$', 'ANULACION', '0', '$', '$', '$')"_sql,
+              {codigo, Codigo(tipo), Texto(fecha), Texto(p.ses.psCaja), Texto(p.ses.psTurno), Texto(p.ses.psUsuario)}),
+          FormatearSQL(u" UPDATE OPERACIONPARALELA SET cEstado = '0', cOpercodeAnul = $ WHERE cOperCode = $"_sql,
+                       {codigo, anulada}),
+          FormatearSQL(u"DELETE FROM Operacion WHERE cOpercode= $ AND cOperFlagAbierto=1 AND cDocTipo in ($)"_sql,
+                       {anulada, Codigos({TipoDocumento::OC, TipoDocumento::LIQPAD})})};
+}
+
 bool GrabarParalela(Puesto& p, const DatosOperacion& o, const DatosParalela& d) {
   return ejecutar(p, SentenciaParalela(p, o, d));
 }

@@ -21,6 +21,10 @@ Sql SentenciaLineaParalela(const Puesto& p, const DatosOperacion& o, const Linea
 Sql SentenciaEfectivoParalelo(const Puesto& p, const DatosOperacion& o, const QString& serie,
                               const EfectivoDocumento& e);
 Sql SentenciaCerrarParalela(qint64 codigo, qint64 liquidacion = 0);
+// What voids a parallel document of the store, under the void's own code: a row of its own, the mark on the document,
+// its money taken out of Operacion. `fecha` is "DD/MM/YYYY hh:mm".
+std::vector<Sql> SentenciasAnularParalela(const Puesto& p, TipoOperacion tipo, qint64 anulada, qint64 codigo,
+                                          const QString& fecha);
 
 // The same run at once. Each gives false when the store could not be written or read, and then the box has been shown.
 

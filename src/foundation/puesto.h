@@ -6,6 +6,7 @@
 #include "foundation/rutas.h"
 #include "foundation/sesion.h"
 #include "platform/io/mensajes.h"
+#include "platform/io/programas_sistema.h"
 #include "platform/io/puertos.h"
 #include "platform/io/reloj.h"
 #include "platform/io/salida.h"
@@ -29,6 +30,7 @@ struct Puesto {
   Reloj& reloj;
   Mensajes& mensajes;
   Salida& salida;
+  std::shared_ptr<Programas> programas = std::make_shared<ProgramasSistema>();
   Rutas rutas;
   Registro registro;
   Sesion ses;

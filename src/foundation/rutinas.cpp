@@ -79,3 +79,13 @@ bool VerificarFechaSistema(Puesto& p) {
   }
   return true;
 }
+
+bool EsperarProceso(Puesto& p, qint64 nProceso) { return p.programas->esperar(nProceso); }
+
+void CerrarVentana(Puesto& p, const QString& sTitulo) {
+  if (!p.programas->cerrar(sTitulo)) p.mensajes.mostrar(QStringLiteral("No se pudo cerrar la aplicación"));
+}
+
+bool AbrirEnlace(Puesto& p, const QString& sEnlace, bool bCorreo) {
+  return p.programas->abrir(bCorreo ? QStringLiteral("mailto:") + sEnlace : sEnlace);
+}

@@ -26,3 +26,12 @@ bool ExisteArchivo(Puesto& p, const QString& ruta, const QString& texto, bool me
 // Today is not earlier than the last operation and the last parallel operation in the store. True as well when the
 // central database or the store can't be asked.
 bool VerificarFechaSistema(Puesto& p);
+
+// Waits until that process ends, however long; false when it can't be found.
+bool EsperarProceso(Puesto& p, qint64 nProceso);
+
+// Asks the program of that window title to close; a box tells when it doesn't.
+void CerrarVentana(Puesto& p, const QString& sTitulo);
+
+// Hands a link, or with `bCorreo` a mail address, to the system. False when the system has no program for it.
+[[nodiscard]] bool AbrirEnlace(Puesto& p, const QString& sEnlace, bool bCorreo = false);

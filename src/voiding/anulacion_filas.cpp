@@ -1,5 +1,6 @@
 #include "voiding/anulacion_filas.h"
 
+#include "documento/filas_paralelas.h"
 #include "foundation/puesto.h"
 
 std::vector<Sql> FilasDeVenta(const Puesto& p, const DocumentoGuardado& t, qint64 codigo, const QString& fecha) {
@@ -21,22 +22,17 @@ std::vector<Sql> FilasDeVenta(const Puesto& p, const DocumentoGuardado& t, qint6
 }
 
 std::vector<Sql> FilasDeParalela(const Puesto& p, const DocumentoGuardado& t, qint64 codigo, const QString& fecha) {
-  return {FormatearSQL(u" INSERT INTO OPERACIONPARALELA (cOperCode, cOperTipo, dOperFech, sGlosa, cEstado, cCajaCodi,"
-                       " cTurnoCodi, cUserDesc) VALUES ($, $, '$', 'ANULACION', '0', '$', '$', '$')"_sql,
-                       {codigo, Codigo(t.tipo), Texto(fecha), Texto(p.ses.psCaja), Texto(p.ses.psTurno),
-                        Texto(p.ses.psUsuario)}),
-          FormatearSQL(u" UPDATE OPERACIONPARALELA SET cEstado = '0', cOpercodeAnul = $ WHERE cOperCode = $"_sql,
-                       {codigo, t.codigo}),
-          u"DELETE FROM Operacion WHERE "_sql + DineroParalelo(t.codigo)};
+  return SentenciasAnularParalela(p, t.tipo, t.codigo, codigo, fecha);
 }
 
 std::vector<Sql> FilasDeLiquidacion(qint64 liquidacion) {
   const Sql suya = FormatearSQL(u"cOpercode= $ AND cOperFlagAbierto=1 AND cDocTipo = '$'"_sql,
                                 {liquidacion, Texto(Codigo(TipoDocumento::LIQPAD))});
-  // Only what is settled: a voided note stays voided, and a note of a billing document that is open keeps its link,
-  // which counts in other codes and may look the same.
+  // Only what is settled: a voided note stays voided. The link of a note of a billing document counts in other codes and
+  // may look the same.
   return {FormatearSQL(u"UPDATE OperacionParalela SET cEstado= '1', cOperCodeRela=0 "
                        "WHERE cOperTipo <> $ AND cOpercodeRela= $ AND cEstado = '2'"_sql,
-                       {Codigo(TipoOperacion::OC), liquidacion}),
+                       {Codigo(TipoOperacion::OC), liquidacion}) +
+              SinVentaFutura(),
           u"DELETE FROM OperacionParalela WHERE "_sql + suya, u"DELETE FROM Operacion WHERE "_sql + suya};
 }

@@ -11,11 +11,6 @@ Sql SinParalelas() {
                                 TipoDocumento::LIQPAD})});
 }
 
-Sql DineroParalelo(qint64 codigo) {
-  return FormatearSQL(u"cOpercode= $ AND cOperFlagAbierto=1 AND cDocTipo in ($)"_sql,
-                      {codigo, Codigos({TipoDocumento::OC, TipoDocumento::LIQPAD})});
-}
-
 namespace {
 
 qint64 entero(const QVariant& v) { return AEntero(Numero(v)); }
@@ -81,7 +76,10 @@ LecturaDocumento leerVenta(Puesto& p, DocumentoGuardado& t) {
 LecturaDocumento leerParalela(Puesto& p, DocumentoGuardado& t) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
-          p.poCnnLocal, FormatearSQL(u"Select * FROM OperacionParalela WHERE cOperCode= $"_sql, {t.codigo}), rs)) {
+          p.poCnnLocal,
+          FormatearSQL(u"Select * FROM OperacionParalela WHERE cOperCode= $ AND cOperTipo <> $"_sql,
+                       {t.codigo, Codigo(TipoOperacion::ReporteParalelas)}),
+          rs)) {
     return LecturaDocumento::Fallo;
   }
   if (rs.Eof()) return LecturaDocumento::NoExiste;

@@ -44,8 +44,6 @@ LecturaDocumento LeerDocumento(Puesto& p, qint64 codigo, bool paralela, Document
 
 // The condition that leaves out the rows that parallel documents keep in Operacion under codes of their own.
 Sql SinParalelas();
-// The condition on the rows that a parallel document keeps in Operacion.
-Sql DineroParalelo(qint64 codigo);
 
 // Whether the document has been voided: a sale by the mirrors of its lines. False when the store can't be read, and
 // then the box has been shown.

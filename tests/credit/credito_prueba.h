@@ -9,7 +9,7 @@
 #include "documento/lineas.h"
 #include "platform/text/numero.h"
 
-class PantallasCreditoGuion final : public PantallasCredito {
+class PantallasCreditoGuion : public PantallasCredito {
  public:
   QString supervisor;  // "" refuses
   std::optional<DocumentoPorPagar> porPagar;

@@ -60,4 +60,10 @@ class Puertos {
   // all parts without a size of their own. Gives the words of the failure, nothing when it went well.
   virtual std::optional<QString> imprimir(const QString& impresora, const QString& letra, int tamano,
                                           const DocumentoImpreso& documento) = 0;
+
+  // The same as a PDF file; what stands under that name is replaced.
+  virtual std::optional<QString> guardarPdf(const QString& archivo, const QString& /*letra*/, int /*tamano*/,
+                                            const DocumentoImpreso& /*documento*/) {
+    return QStringLiteral("No se pudo guardar %1: este equipo no hace PDF.").arg(archivo);
+  }
 };

@@ -235,6 +235,13 @@ std::optional<QString> PuertosSistema::imprimir(const QString& impresora, const 
       .arg(impresora);
 }
 
+std::optional<QString> PuertosSistema::guardarPdf(const QString& archivo, const QString& letra, int tamano,
+                                                  const DocumentoImpreso& documento) {
+  if (!sistema_) return Puertos::guardarPdf(archivo, letra, tamano, documento);
+  const auto e = sistema_->escribirPdf(archivo, letra, tamano, documento);
+  return e ? std::optional(QStringLiteral("No se pudo guardar %1: %2.").arg(archivo, *e)) : std::nullopt;
+}
+
 std::optional<QString> PuertosSistema::imprimirEnCarpeta(const QString& impresora, const QString& letra, int tamano,
                                                          const DocumentoImpreso& documento) {
   const QDir impresos(carpeta_ + QStringLiteral("/impresos"));

@@ -48,6 +48,8 @@ class PuertosSistema final : public Puertos {
   std::optional<QString> nombrar(const QString& impresora, const QString& puerto) override;
   std::optional<QString> imprimir(const QString& impresora, const QString& letra, int tamano,
                                   const DocumentoImpreso& documento) override;
+  std::optional<QString> guardarPdf(const QString& archivo, const QString& letra, int tamano,
+                                    const DocumentoImpreso& documento) override;
 
  private:
   struct Destino;

@@ -233,6 +233,13 @@ QIcon icono(const QString& nombre) {
 
 QPixmap logo(int lado) { return dibujo(QStringLiteral(":/iconos/logo.svg"), lado, 1.0); }
 
+QColor banda(int nivel) {
+  constexpr QRgb kBandas[] = {0xFFC0C0FF, 0xFFC0FFC0, 0xFFFFE0C0};
+  return QColor(kBandas[nivel]);
+}
+
+QColor pendiente() { return QColor(QRgb(0xFFFFFF00)); }
+
 QString familiaPapel() {
   for (const QString& f : {QStringLiteral("Courier New"), QStringLiteral("DejaVu Sans Mono")})
     if (QFontDatabase::hasFamily(f)) return f;

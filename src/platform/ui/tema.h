@@ -49,6 +49,10 @@ QIcon icono(const QString& nombre);
 // The program's own sign, `lado` px.
 QPixmap logo(int lado);
 
+// The grounds of the three levels of the accounts, from 0, and of what is pending in them.
+QColor banda(int nivel);
+QColor pendiente();
+
 // A family with figures of one width, for anything that is paper.
 QString familiaPapel();
 

@@ -54,7 +54,7 @@ SELECT cCajaCodi, cOperCode FROM OperacionParalelaProducto ORDER BY 1, 2
   00001|8/00002|7
 
 ## the accounts list what is open
-# Two facturas in soles, one of them half paid, a third in dollars that is paid in its own currency, a fourth voided.
+# Facturas: one in soles that is settled, one in soles, one in dollars that is paid but whose payment stands, one voided.
 INSERT INTO TipoCredito VALUES ('01','30 DIAS')
 INSERT INTO Venta01 (cCodVta, TipoDoc, cSerieDoc, NroDoc, cCodCaja, cClienteCode, IdLocal, DscCliente, TotVta, TotVtaUSD, cCodMoneda, cCodTipoCredito, fechaemision, FechaAnulacion, bLiquidado) VALUES (1,'01','001','000001','00001','00000005',1,'ANA',100,33.33,'N','01','2026-11-20 00:00:00',NULL,1)
 INSERT INTO Venta01 (cCodVta, TipoDoc, cSerieDoc, NroDoc, cCodCaja, cClienteCode, IdLocal, DscCliente, TotVta, TotVtaUSD, cCodMoneda, cCodTipoCredito, fechaemision, FechaAnulacion, bLiquidado) VALUES (2,'01','001','000002','00001','00000005',1,'ANA',60,20,'N','01','2026-11-21 00:00:00',NULL,0)
@@ -62,7 +62,7 @@ INSERT INTO Venta01 (cCodVta, TipoDoc, cSerieDoc, NroDoc, cCodCaja, cClienteCode
 INSERT INTO Venta01 (cCodVta, TipoDoc, cSerieDoc, NroDoc, cCodCaja, cClienteCode, IdLocal, DscCliente, TotVta, TotVtaUSD, cCodMoneda, cCodTipoCredito, fechaemision, FechaAnulacion, bLiquidado) VALUES (4,'01','001','000004','00001','00000005',1,'ANA',10,3,'N','01','2026-11-22 00:00:00','2026-11-23 00:00:00',0)
 INSERT INTO Pagos (TipoDoc, cSerieDoc, NroDoc, Monto, Moneda, nTipoCambio, FechaAnulacion) VALUES ('01','001','000001',40,'N',3,NULL), ('01','001','000001',60,'N',3,'2026-11-23 00:00:00'), ('01','001','000003',100,'E',3,NULL)
 exec usp_sel_ListadoDocumentosPendientesPago '01'
-  01|001|000001|<2026-11-20 00:00:00>|SUR|ANA|00000005|1|SOLES|100|33.33|60|20/01|001|000002|<2026-11-21 00:00:00>|SUR|ANA|00000005|1|SOLES|60|20|60|20
+  01|001|000002|<2026-11-21 00:00:00>|SUR|ANA|00000005|1|SOLES|60|20|60|20/01|001|000003|<2026-11-22 00:00:00>|NORTE|LUZ|00000006|2|DOLARES|301|100|1|0
 exec usp_sel_ListadoDocumentosPendientesNC '01'
   2|00001|01|001|000002|00000005|1|SUR|ANA|Null|60|20|N|30 DIAS|<2026-11-21 00:00:00>/3|00001|01|001|000003|00000006|2|NORTE|LUZ|Null|301|100|E|30 DIAS|<2026-11-22 00:00:00>
 exec usp_sel_CtaCtexCliente 6, 2

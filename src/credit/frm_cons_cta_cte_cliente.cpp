@@ -1,0 +1,199 @@
+#include "credit/frm_cons_cta_cte_cliente.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "credit/documentos_pendientes.h"
+#include "foundation/puesto.h"
+#include "platform/text/fecha.h"
+#include "platform/text/numero.h"
+#include "platform/ui/tema.h"
+
+namespace {
+
+// Totals read at once: the first screen at once, the others between two key presses.
+constexpr size_t kTanda = 200;
+constexpr int kPausa_ms = 15;
+
+enum Columna { kNombre, kDetalle, kFecha, kMoneda, kVtaSoles, kVtaUSD, kPagSol, kPagUSD, kEstado, kColumnas };
+constexpr int kLugar = Qt::UserRole;        // of a customer or document in its list
+constexpr int kCargada = Qt::UserRole + 1;  // what lies below has been read
+
+QString dinero(double valor) { return Formatear(valor, u"###,###,##0.00"); }
+QString dia(const QDateTime& d) { return FormatearFecha(d, u"dd/mm/yyyy"); }
+QString moneda(bool dolares) { return dolares ? QStringLiteral("Dolares") : QStringLiteral("Soles"); }
+
+QTreeWidgetItem* nuevaFila(int banda, const QStringList& celdas, bool conHijos) {
+  auto* fila = new QTreeWidgetItem(celdas);
+  for (int c = 0; c < kColumnas; ++c) {
+    fila->setBackground(c, tema::banda(banda));
+    if (c >= kVtaSoles && c <= kPagUSD) fila->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
+  }
+  fila->setChildIndicatorPolicy(conHijos ? QTreeWidgetItem::ShowIndicator : QTreeWidgetItem::DontShowIndicator);
+  return fila;
+}
+
+}  // namespace
+
+frmConsCtaCteCliente::frmConsCtaCteCliente(Puesto& p, QWidget* padre)
+    : Forma(QStringLiteral("frmConsCtaCteCliente"), QStringLiteral("Consulta Cta. Cte. de Clientes"), padre), p_(p) {
+  auto* fila = new QHBoxLayout;
+  auto* rotulo = nuevoTexto(QStringLiteral("&Cliente:"));
+  txtFiltro_ = new Campo(QStringLiteral("txtFiltro"));
+  rotulo->setBuddy(txtFiltro_);
+  barra_ = new QProgressBar;
+  barra_->setObjectName(QStringLiteral("barra"));
+  barra_->setFixedWidth(220);
+  barra_->setFormat(QStringLiteral("Leyendo saldos: %p%"));
+  fila->addWidget(rotulo);
+  fila->addWidget(txtFiltro_, 1);
+  fila->addWidget(barra_);
+  cuerpo()->addLayout(fila);
+  crearArbol();
+  auto* salir = nuevoBoton(QStringLiteral("cmdSalir"), QStringLiteral("&Salir"));
+  cuerpo()->addLayout(filaBotones({salir}));
+  connect(salir, &QPushButton::clicked, this, &QDialog::reject);
+  connect(txtFiltro_, &QLineEdit::textChanged, this, &frmConsCtaCteCliente::filtrar);
+  indicio(QStringLiteral("Escriba parte del nombre  ·  Enter a la lista  ·  → abrir  ·  ← cerrar  ·  Esc salir"));
+  resize(1016, 730);
+  llenar();
+  txtFiltro_->setFocus();
+}
+
+void frmConsCtaCteCliente::crearArbol() {
+  arbol_ = new QTreeWidget;
+  arbol_->setObjectName(QStringLiteral("MSHFlexGrid2"));
+  arbol_->setUniformRowHeights(true);
+  arbol_->setHeaderLabels({QStringLiteral("Cliente · Documento · Pago"), QStringLiteral("Local · Credito · Forma Pago"),
+                           QStringLiteral("Fecha"), QStringLiteral("Moneda"), QStringLiteral("Vta Soles"),
+                           QStringLiteral("Vta USD"), QStringLiteral("Pag Sol"), QStringLiteral("Pag USD"),
+                           QStringLiteral("Deuda · Estado")});
+  const int anchos[kColumnas] = {225, 125, 104, 76, 90, 84, 90, 84, 104};
+  for (int c = 0; c < kColumnas; ++c) arbol_->setColumnWidth(c, anchos[c]);
+  cuerpo()->addWidget(arbol_, 1);
+  connect(arbol_, &QTreeWidget::itemExpanded, this, &frmConsCtaCteCliente::abrir);
+}
+
+bool frmConsCtaCteCliente::leer(const std::function<ErrorCuentas(Conexion&)>& lectura) {
+  Conexion central;
+  if (!p_.poDBAdmin.AbrirBD(central, p_.ses.psConexionCentral, true)) return false;
+  const auto error = lectura(central);
+  p_.poDBAdmin.CerrarBD(central);
+  if (error) p_.mensajes.mostrar(error->descripcion);
+  return !error;
+}
+
+void frmConsCtaCteCliente::llenar() {
+  const CursorEspera espera;
+  const bool leido = leer([this](Conexion& central) -> ErrorCuentas {
+    if (auto error = LeerCuentas(central, cuentas_)) return error;
+    return LeerTotales(central, cuentas_, 0, kTanda);
+  });
+  QList<QTreeWidgetItem*> filas;
+  filas.reserve(static_cast<qsizetype>(cuentas_.size()));
+  for (size_t n = 0; n < cuentas_.size(); ++n) {
+    const CuentaCliente& c = cuentas_[n];
+    auto* fila = nuevaFila(0, {c.DscCliente, c.local()}, true);
+    fila->setData(0, kLugar, static_cast<qulonglong>(n));
+    filas << fila;
+  }
+  arbol_->addTopLevelItems(filas);
+  if (!filas.isEmpty()) arbol_->setCurrentItem(filas[0]);
+  barra_->setMaximum(static_cast<int>(cuentas_.size()));
+  if (!leido) {
+    barra_->hide();
+    return;
+  }
+  mostrarTotales(0, kTanda);
+  if (conTotales_ < cuentas_.size()) timer_ = p_.reloj.cada(kPausa_ms, [this] { seguir(); });
+}
+
+// The next customers' totals; after a failure none are asked for any more.
+void frmConsCtaCteCliente::seguir() {
+  const size_t desde = conTotales_;
+  if (!leer([this, desde](Conexion& central) { return LeerTotales(central, cuentas_, desde, kTanda); })) {
+    timer_.reset();
+    barra_->hide();
+    return;
+  }
+  mostrarTotales(desde, desde + kTanda);
+  if (conTotales_ >= cuentas_.size()) timer_.reset();
+}
+
+void frmConsCtaCteCliente::mostrarTotales(size_t desde, size_t hasta) {
+  conTotales_ = std::min(hasta, cuentas_.size());
+  for (size_t n = desde; n < conTotales_; ++n) {
+    auto* fila = arbol_->topLevelItem(static_cast<int>(n));
+    fila->setText(kVtaSoles, dinero(cuentas_[n].ventas));
+    fila->setText(kPagSol, dinero(cuentas_[n].pagos));
+    fila->setText(kEstado, dinero(cuentas_[n].deuda()));
+    fila->setTextAlignment(kEstado, Qt::AlignRight | Qt::AlignVCenter);
+  }
+  barra_->setValue(static_cast<int>(conTotales_));
+  barra_->setVisible(conTotales_ < cuentas_.size());
+}
+
+void frmConsCtaCteCliente::abrir(QTreeWidgetItem* fila) {
+  if (fila->data(0, kCargada).toBool()) return;
+  const CursorEspera espera;
+  if (fila->parent()) abrirDocumento(fila);
+  else abrirCliente(fila, fila->data(0, kLugar).toULongLong());
+}
+
+void frmConsCtaCteCliente::abrirCliente(QTreeWidgetItem* fila, size_t n) {
+  std::vector<DocumentoCuenta> suyos;
+  if (!leer([&](Conexion& central) { return LeerDocumentosCuenta(central, cuentas_[n], suyos); })) return;
+  fila->setData(0, kCargada, true);
+  for (const DocumentoCuenta& d : suyos) {
+    auto* hija = nuevaFila(1,
+                           {d.numero(), d.credito, dia(d.emision), moneda(d.enDolares), dinero(d.total),
+                            dinero(d.totalUSD), dinero(d.pagado), dinero(d.pagadoUSD), d.estado()},
+                           d.pagado != 0);
+    hija->setData(0, kLugar, static_cast<qulonglong>(documentos_.size()));
+    if (d.estado() == u"Pendiente") hija->setBackground(kEstado, tema::pendiente());
+    documentos_.push_back(d);
+    fila->addChild(hija);
+  }
+}
+
+void frmConsCtaCteCliente::abrirDocumento(QTreeWidgetItem* fila) {
+  std::vector<PagoCuenta> pagos;
+  const DocumentoCuenta d = documentos_[fila->data(0, kLugar).toULongLong()];
+  if (!leer([&](Conexion& central) { return LeerPagosCuenta(central, d, pagos); })) return;
+  fila->setData(0, kCargada, true);
+  for (const PagoCuenta& x : pagos) {
+    fila->addChild(nuevaFila(
+        2, {x.recibo, x.formaPago, dia(x.fecha), moneda(x.enDolares), {}, {}, dinero(x.soles), dinero(x.dolares), {}},
+        false));
+  }
+}
+
+bool frmConsCtaCteCliente::alEntrar(QWidget* campo) {
+  if (campo == txtFiltro_) {
+    arbol_->setFocus();
+    return true;
+  }
+  auto* fila = campo == arbol_ ? arbol_->currentItem() : nullptr;
+  if (!fila) return false;
+  fila->setExpanded(!fila->isExpanded());
+  return true;
+}
+
+// Typing asks the server nothing.
+void frmConsCtaCteCliente::filtrar() {
+  const QString busca = NombreLlano(txtFiltro_->text());
+  QTreeWidgetItem* primera = nullptr;
+  arbol_->setUpdatesEnabled(false);
+  for (size_t n = 0; n < cuentas_.size(); ++n) {
+    auto* fila = arbol_->topLevelItem(static_cast<int>(n));
+    const bool queda = busca.isEmpty() || cuentas_[n].llano.contains(busca);
+    fila->setHidden(!queda);
+    if (queda && !primera) primera = fila;
+  }
+  arbol_->setUpdatesEnabled(true);
+  if (primera) arbol_->setCurrentItem(primera);
+}
