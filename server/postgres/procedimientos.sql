@@ -61,7 +61,7 @@ BEGIN
     DELETE FROM dbo.tcabeceraz1 WHERE ccajacodi = rtrim(p_caja) AND nidestado = -1;
   END IF;
   RETURN QUERY INSERT INTO dbo.tcabeceraz1 (ccajacodi, nidestado, dfecha)
-    VALUES (rtrim(p_caja), p_estado, date_trunc('second', clock_timestamp())) RETURNING idz1;
+    VALUES (rtrim(p_caja), p_estado, dbo.tp_ahora()) RETURNING idz1;
 END $$;
 
 -- The mean price of each article over all its rows; Null where quantities cancel out.
@@ -85,7 +85,7 @@ $$;
 
 CREATE PROCEDURE dbo.spr_inserta_sincronizacion(p_caja text) LANGUAGE sql AS $$
   INSERT INTO dbo.sincronizacioncaja (ccajacodi, dfecha)
-  VALUES (rtrim(p_caja), date_trunc('second', clock_timestamp()));
+  VALUES (rtrim(p_caja), dbo.tp_ahora());
 $$;
 
 -- Takes away what a till has sent of one day: its operations, and its parallel documents with their lines. Z rows stay,
@@ -203,7 +203,7 @@ END $$;
 -- Mails wait in a table of the central database; who sends them from there is not the till's business.
 CREATE PROCEDURE dbo.sp_send_cdosysmail(p_de text, p_para text, p_asunto text, p_cuerpo text) LANGUAGE sql AS $$
   INSERT INTO dbo.correosalida (dfecha, vde, vpara, vasunto, vcuerpo)
-  VALUES (date_trunc('second', clock_timestamp()), p_de, p_para, p_asunto, p_cuerpo);
+  VALUES (dbo.tp_ahora(), p_de, p_para, p_asunto, p_cuerpo);
 $$;
 
 -- The tax rate as a fraction; Null where none is set.
