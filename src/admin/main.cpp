@@ -28,8 +28,15 @@ constexpr Orden kOrdenes[] = {
      ordenCrearCliente},
     {u"servidor-demo", u"DIR [--parar]",
      u"crea y arranca en DIR un servidor PostgreSQL de prueba, sólo para esta máquina, o lo para", ordenServidorDemo},
-    {u"respaldo", u"DIR ARCHIVO [--reemplazar]", u"copia la base del puesto, también con la caja en marcha",
-        ordenRespaldo},
+    {u"respaldo", u"DIR [ARCHIVO [--reemplazar]]",
+     u"copia el puesto entero a sus carpetas de respaldo o, a ARCHIVO, sólo su base; también con la caja en marcha",
+     ordenRespaldo},
+    {u"restaurar", u"COPIA DIR [--ultimo-documento N]",
+     u"pone en DIR una copia del puesto (o la última de una carpeta de copias); aparta antes lo que haya; N es el "
+     "último ticket que la tienda tiene en papel",
+     ordenRestaurar},
+    {u"autoarranque", u"DIR si|no", u"hace que la caja de DIR se abra, o no, al entrar este usuario en la computadora",
+     ordenAutoarranque},
     {u"verificar", u"DIR", u"revisa un puesto y escribe lo que encuentra", ordenVerificar},
     {u"actualizar", u"DIR", u"pone al día las bases de un puesto hecho con un programa anterior; guarda antes una "
                              "copia",

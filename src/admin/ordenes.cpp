@@ -1,5 +1,6 @@
 #include "admin/ordenes.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <cstdio>
@@ -8,10 +9,13 @@
 #include "admin/actualizar.h"
 #include "admin/argumentos.h"
 #include "admin/consola_sql.h"
-#include "admin/crear_puesto.h"
-#include "admin/crear_servidor.h"
 #include "admin/respaldo.h"
+#include "admin/restaurar.h"
 #include "admin/verificar.h"
+#include "alta/autoarranque.h"
+#include "alta/crear_puesto.h"
+#include "alta/crear_servidor.h"
+#include "foundation/respaldo.h"
 #include "platform/io/reloj_sistema.h"
 #include "platform/sql/crear_sqlite.h"
 #include "postgres/base_postgres.h"
@@ -128,12 +132,47 @@ int ordenServidorDemo(const QStringList& palabras) {
   return kBien;
 }
 
+// A folder alone: a dated copy of the whole desk. With a file: the store alone, into that file.
 int ordenRespaldo(const QStringList& palabras) {
   Argumentos a;
   const QString reemplazar = QStringLiteral("--reemplazar");
-  if (const auto error = LeerArgumentos(palabras, {2, 2, {}, {reemplazar}}, a)) return malUso(*error);
+  if (const auto error = LeerArgumentos(palabras, {1, 2, {}, {reemplazar}}, a)) return malUso(*error);
+  if (a.lugares.size() == 1) {
+    const ResultadoRespaldo r =
+        CopiarPuesto(rutasDe(QDir(a.lugares[0]).absolutePath()), RelojSistema().now(), MotivoRespaldo::Pedido);
+    for (const QString& c : r.copias) Decir(QStringLiteral("Copia del puesto hecha y comprobada: ") + c);
+    for (const QString& f : r.fallos) Quejarse(QStringLiteral("No se hizo una copia: ") + f);
+    return r.fallos.isEmpty() ? kBien : kFallo;
+  }
   if (const auto error = RespaldarPuesto(a.lugares[0], a.lugares[1], a.tiene(reemplazar))) return fallo(*error);
   Decir(QStringLiteral("Respaldo escrito y comprobado: ") + a.lugares[1]);
+  return kBien;
+}
+
+int ordenRestaurar(const QStringList& palabras) {
+  Argumentos a;
+  const QString ultimo = QStringLiteral("--ultimo-documento");
+  if (const auto error = LeerArgumentos(palabras, {2, 2, {ultimo}, {}}, a)) return malUso(*error);
+  bool esNumero = true;
+  const qint64 numero = a.tiene(ultimo) ? a.opciones[ultimo].toLongLong(&esNumero) : 0;
+  if (!esNumero || numero < 0) return malUso(QStringLiteral("--ultimo-documento lleva un número."));
+  QStringList dicho;
+  const auto error = RestaurarPuesto({a.lugares[0], a.lugares[1], RelojSistema().now(), numero}, dicho);
+  for (const QString& d : dicho) Decir(d);
+  return error ? fallo(*error) : kBien;
+}
+
+int ordenAutoarranque(const QStringList& palabras) {
+  Argumentos a;
+  if (const auto error = LeerArgumentos(palabras, {2, 2, {}, {}}, a)) return malUso(*error);
+  const bool si = a.lugares[1] == u"si" || a.lugares[1] == u"sí";
+  if (!si && a.lugares[1] != u"no") return malUso(QStringLiteral("El segundo argumento es «si» o «no»."));
+  // The till lies beside this program.
+  const QString programa = QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("tarvopos"));
+  const auto error = si ? PonerAutoarranque(programa, QDir(a.lugares[0]).absolutePath()) : QuitarAutoarranque();
+  if (error) return fallo(QStringLiteral("No se pudo cambiar el arranque: ") + *error);
+  Decir(si ? QStringLiteral("La caja se abrirá al entrar este usuario.")
+           : QStringLiteral("La caja ya no se abrirá sola."));
   return kBien;
 }
 

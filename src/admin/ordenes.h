@@ -12,6 +12,8 @@ int ordenCrearCentral(const QStringList& palabras);
 int ordenCrearCliente(const QStringList& palabras);
 int ordenServidorDemo(const QStringList& palabras);
 int ordenRespaldo(const QStringList& palabras);
+int ordenRestaurar(const QStringList& palabras);
+int ordenAutoarranque(const QStringList& palabras);
 int ordenVerificar(const QStringList& palabras);
 int ordenActualizar(const QStringList& palabras);
 int ordenSql(const QStringList& palabras);

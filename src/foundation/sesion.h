@@ -8,9 +8,10 @@
 
 struct Sesion {
   // Connections
-  bool pbClienteConectado = false;          // poCnnCliente is open now
-  bool pbClienteCaido = false;              // the last attempt to reach the client database failed
-  bool bCentralCaida = false;               // the same of the central database, for the status line
+  bool pbClienteConectado = false;  // poCnnCliente is open now
+  bool pbClienteCaido = false;      // the last attempt to reach the client database failed
+  bool bCentralCaida = false;       // the same of the central database, for the status line
+  bool bSinCentral = false;  // the start went on without the central database; its part is done at the first contact
   QHash<QString, QDateTime> tiempoAgotado;  // connection string -> when it last timed out inside a sale
   std::array<bool, 2> actosPorMirar{};  // acts over the store and the central, the client database may be unfinished
   bool bAvisoCliente = false;           // the box about the client database was shown in this outage
@@ -32,6 +33,9 @@ struct Sesion {
   QDateTime pdUltimaSincronizacion;
   QString psIdZ1;
   bool pbSincronizaMaestros = false, pbSincronizaCierre = false;
+
+  // For the status line, "" when all is well
+  QString avisoDisco, avisoRespaldo;
 
   // Documents and series
   QString psOpeB, psOpeF, psNC, psOC, psPADE, psPADV, psLIQ;

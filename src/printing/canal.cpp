@@ -94,9 +94,9 @@ std::optional<QString> enviarTexto(Puesto& p, const QString& texto, int selector
   const QString todo = enLinea(kReinicio) + enLinea(texto) + avanceYCorte();
   if (const auto e = EscribirBytes(archivo, AUnByte(todo))) return noSePudoEscribir(archivo, *e);
   const Envio envio(p, selector, archivo);
-  p.registro.RegistrarErrorLog(envio.rastro(p) + QStringLiteral("kPAR_IMPRESORA_ALTERNA:") +
-                               p.ses.kPAR_IMPRESORA_ALTERNA + QStringLiteral(";NameArchivo:") + archivo +
-                               QStringLiteral(";"));
+  p.registro.RegistrarImpresion(envio.rastro(p) + QStringLiteral("kPAR_IMPRESORA_ALTERNA:") +
+                                p.ses.kPAR_IMPRESORA_ALTERNA + QStringLiteral(";NameArchivo:") + archivo +
+                                QStringLiteral(";"));
   return envio.enviar(p);
 }
 
@@ -114,7 +114,7 @@ std::optional<QString> enviarBloques(Puesto& p, const BloquesInforme& b, int sel
     if (const auto e = EscribirBytes(archivo, bytes)) return noSePudoEscribir(archivo, *e);
     if (copia.write(bytes) != bytes.size()) return noSePudoEscribir(copia.fileName(), PalabrasDeError(errno, copia));
     const Envio envio(p, selector, archivo);
-    p.registro.RegistrarErrorLog(envio.rastro(p));
+    p.registro.RegistrarImpresion(envio.rastro(p));
     if (const auto e = envio.enviar(p)) return e;
     p.reloj.dormir(static_cast<int>(bloque.size() / kLetrasPorSegundo + 1) * 1000);
   }
@@ -122,7 +122,9 @@ std::optional<QString> enviarBloques(Puesto& p, const BloquesInforme& b, int sel
 }
 
 void mostrarFallo(Puesto& p, const std::optional<QString>& palabras) {
-  if (palabras) p.mensajes.mostrar(*palabras);
+  if (!palabras) return;
+  p.registro.RegistrarErrorLog(QStringLiteral("Impresión fallida: ") + *palabras);
+  p.mensajes.mostrar(*palabras);
 }
 
 // Chooses the printer of that number; its flag.

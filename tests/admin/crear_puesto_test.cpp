@@ -1,4 +1,4 @@
-#include "admin/crear_puesto.h"
+#include "alta/crear_puesto.h"
 #include "apoyo/casos.h"
 
 #include <QSet>

@@ -24,7 +24,7 @@ LineaEstado::LineaEstado(QWidget* padre) : QFrame(padre) {
   const struct { QLabel*& rotulo; const char* nombre; } rotulos[] = {
       {caja_, "lblEstadoCaja"},       {turno_, "lblEstadoTurno"},       {usuario_, "lblEstadoUsuario"},
       {tc_, "lblEstadoTC"},           {central_, "lblEstadoCentral"},   {clientes_, "lblEstadoClientes"},
-      {papel_, "lblEstadoPapel"},
+      {aviso_, "lblEstadoAviso"},     {papel_, "lblEstadoPapel"},
   };
   // clang-format on
   for (const auto& r : rotulos) {
@@ -33,6 +33,8 @@ LineaEstado::LineaEstado(QWidget* padre) : QFrame(padre) {
     r.rotulo->setTextFormat(Qt::PlainText);
     fila->addWidget(r.rotulo);
   }
+  aviso_->setProperty("papel", "alto");
+  aviso_->hide();
   // The last paper takes what is left; a long printer's name must not widen the window.
   papel_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   papel_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -46,6 +48,8 @@ void LineaEstado::mostrar(const DatosEstado& d) {
   tc_->setText(d.tipoCambio.isEmpty() ? QStringLiteral("Sin T.C.") : QStringLiteral("T.C. ") + d.tipoCambio);
   conexion(central_, QStringLiteral("Central"), d.central);
   conexion(clientes_, QStringLiteral("Clientes"), d.clientes);
+  aviso_->setText(d.aviso);
+  aviso_->setVisible(!d.aviso.isEmpty());
   papel_->setText(d.papel);
   papel_->setToolTip(d.papel);
 }
@@ -53,6 +57,7 @@ void LineaEstado::mostrar(const DatosEstado& d) {
 void LineaEstado::ocupado(const QString& texto) {
   // The words take the whole line: in what the others leave they would be cut.
   for (QLabel* l : {turno_, usuario_, tc_, central_, clientes_}) l->setVisible(texto.isEmpty());
+  aviso_->setVisible(texto.isEmpty() && !aviso_->text().isEmpty());
   papel_->setText(texto);
   layout()->activate();
   repaint();

@@ -17,5 +17,5 @@ class LineaEstado final : public QFrame {
   void ocupado(const QString& texto);
 
  private:
-  QLabel *caja_, *turno_, *usuario_, *tc_, *central_, *clientes_, *papel_;
+  QLabel *caja_, *turno_, *usuario_, *tc_, *central_, *clientes_, *aviso_, *papel_;
 };

@@ -1,12 +1,12 @@
-#include "admin/crear_puesto.h"
+#include "alta/crear_puesto.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QRandomGenerator>
 
-#include "admin/crear_servidor.h"
-#include "admin/filas.h"
-#include "admin/tienda_demo.h"
+#include "alta/crear_servidor.h"
+#include "alta/filas.h"
+#include "alta/tienda_demo.h"
 #include "foundation/acceso.h"
 #include "foundation/clave.h"
 #include "platform/io/archivo.h"
@@ -29,15 +29,17 @@ struct Ajuste {
   QString valor;
 };
 
-// What the settings say of a server; another kind than PostgreSQL bears no user in its name.
-CadenaConexion enAjustes(const QString& palabras, BaseServidor base) {
-  if (auto c = ServidorDePalabras(palabras, base)) {
+// What the settings say of a server.
+CadenaConexion enAjustes(const QString& palabras, const AccesoServidor& acceso, BaseServidor base) {
+  if (auto c = ServidorDePalabras(palabras, base, acceso)) {
     c->servidor.prepend(QStringLiteral("postgres:"));
     return *c;
   }
   CadenaConexion c;
   c.servidor = palabras;
-  c.catalogo = base == BaseServidor::Central ? QStringLiteral("central") : QStringLiteral("cliente");
+  c.usuario = acceso.usuario;
+  c.clave = acceso.clave;
+  c.catalogo = acceso.base;
   return c;
 }
 
@@ -45,8 +47,8 @@ CadenaConexion enAjustes(const QString& palabras, BaseServidor base) {
 std::vector<Ajuste> ajustes(const DatosPuesto& d) {
   const QString serie = SerieInicial(TipoDocumento::Boleta, d.caja);
   const QString cero = QStringLiteral("0");
-  const CadenaConexion central = enAjustes(d.central, BaseServidor::Central);
-  const CadenaConexion cliente = enAjustes(d.cliente, BaseServidor::Cliente);
+  const CadenaConexion central = enAjustes(d.central, d.accesoCentral, BaseServidor::Central);
+  const CadenaConexion cliente = enAjustes(d.cliente, d.accesoCliente, BaseServidor::Cliente);
   return {
       {"INICIO", "UserName", central.usuario},
       {"INICIO", "PassWord", central.clave},
@@ -149,6 +151,13 @@ std::optional<QString> revisar(const DatosPuesto& d) {
   if (!EsNumerico(d.servicio) || d.servicio.contains(u',') || Val(d.servicio) < 0 || Val(d.servicio) > 100) {
     return QStringLiteral("El porcentaje de servicio es un número de 0 a 100.");
   }
+  for (const QString& texto : {d.accesoCentral.base, d.accesoCentral.usuario, d.accesoCentral.clave,
+                               d.accesoCliente.base, d.accesoCliente.usuario, d.accesoCliente.clave}) {
+    // They stand in a connection string and in a line of the settings.
+    if (texto.contains(u';') || texto.contains(u'\n') || texto.size() > 254) {
+      return QStringLiteral("Base, usuario y clave de un servidor no pueden llevar punto y coma.");
+    }
+  }
   for (const QString& servidor : {d.central, d.cliente}) {
     const bool ilegible = servidor.startsWith(u"postgres:") && !ServidorDePalabras(servidor, BaseServidor::Central);
     if (servidor.trimmed().isEmpty() || servidor.contains(u';') || servidor == u"sqlite:" || ilegible) {
@@ -212,15 +221,23 @@ class Obra {
   QStringList hechos_, carpetas_;  // the innermost folder first
 };
 
-std::optional<QString> servidorQueFalta(Obra& obra, const QString& servidor, BaseServidor base, const QString& carpeta,
-                                        const QStringList& filas, QStringList& hecho) {
-  if (const auto archivo = ArchivoDeServidor(servidor, carpeta)) {
+// What has to be there of a server: its file or its database, with those rows if it is made.
+struct ServidorQueFalta {
+  BaseServidor base;
+  QString palabras;
+  AccesoServidor acceso;
+  QStringList filas;
+};
+
+std::optional<QString> hacerServidor(Obra& obra, const ServidorQueFalta& s, const QString& carpeta,
+                                     QStringList& hecho) {
+  if (const auto archivo = ArchivoDeServidor(s.palabras, carpeta)) {
     if (QFileInfo::exists(*archivo)) return {};
-    return obra.base(*archivo, tablasDelServidor(base, LenguajeMotor::Sqlite) + filas);
+    return obra.base(*archivo, tablasDelServidor(s.base, LenguajeMotor::Sqlite) + s.filas);
   }
-  const auto c = ServidorDePalabras(servidor, base);
+  const auto c = ServidorDePalabras(s.palabras, s.base, s.acceso);
   if (!c) return {};
-  const ResultadoBase r = CrearBasePostgres(*c, base, filas);
+  const ResultadoBase r = CrearBasePostgres(*c, s.base, s.filas);
   if (r.fin == FinBase::Fallo) return r.palabras;
   if (r.fin == FinBase::Hecha) {
     hecho << QStringLiteral("Base de datos %1 creada en el servidor %2.").arg(c->catalogo, c->servidor);
@@ -246,8 +263,9 @@ QStringList AvisosDePuesto(const DatosPuesto& d) {
                              "ninguna otra caja puede terminar igual.")
                   .arg(SerieInicial(TipoDocumento::Boleta, d.caja));
   }
-  for (const QString& servidor : {d.central, d.cliente}) {
-    if (ArchivoDeServidor(servidor, d.carpeta) || ServidorDePalabras(servidor, BaseServidor::Central)) continue;
+  for (const auto& [servidor, acceso] : {std::pair(d.central, d.accesoCentral), {d.cliente, d.accesoCliente}}) {
+    if (ArchivoDeServidor(servidor, d.carpeta) || !acceso.usuario.isEmpty()) continue;
+    if (ServidorDePalabras(servidor, BaseServidor::Central)) continue;
     avisos << QStringLiteral("Aviso: el servidor %1 no se crea aquí; escriba su usuario y su clave en KEB.cfg y en la "
                              "tabla Configuracion.")
                   .arg(servidor);
@@ -266,8 +284,10 @@ std::optional<QString> CrearPuesto(const DatosPuesto& d, QStringList* hecho) {
     central += TiendaDelCentral(d.ahora);
     cliente += TiendaDelCliente(d.ahora);
   }
-  if (auto e = servidorQueFalta(obra, d.central, BaseServidor::Central, d.carpeta, central, dicho)) return e;
-  if (auto e = servidorQueFalta(obra, d.cliente, BaseServidor::Cliente, d.carpeta, cliente, dicho)) return e;
+  for (const ServidorQueFalta& s : {ServidorQueFalta{BaseServidor::Central, d.central, d.accesoCentral, central},
+                                    {BaseServidor::Cliente, d.cliente, d.accesoCliente, cliente}}) {
+    if (auto error = hacerServidor(obra, s, d.carpeta, dicho)) return error;
+  }
   const QDir carpeta(d.carpeta);
   if (auto error = obra.archivo(carpeta.filePath(kAjustes), textoDeAjustes(d))) return error;
   // The store comes last: a folder that holds it holds all the rest.

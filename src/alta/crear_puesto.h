@@ -4,6 +4,8 @@
 #include <QStringList>
 #include <optional>
 
+#include "alta/crear_servidor.h"
+
 struct DatosPuesto {
   QString carpeta;
   QString caja = QStringLiteral("00001");
@@ -11,6 +13,7 @@ struct DatosPuesto {
   QString servicio = QStringLiteral("10");  // percentage
   QString central = QStringLiteral("sqlite:central.db");
   QString cliente = QStringLiteral("sqlite:cliente.db");
+  AccesoServidor accesoCentral{QStringLiteral("central"), {}, {}}, accesoCliente{QStringLiteral("cliente"), {}, {}};
   QString usuario = QStringLiteral("SUPERVISOR");
   QString clave;      // of that user; must not be empty
   bool demo = false;  // fills the store, and servers that are made, with the demo shop

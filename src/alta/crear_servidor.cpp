@@ -1,8 +1,8 @@
-#include "admin/crear_servidor.h"
+#include "alta/crear_servidor.h"
 
 #include <QDir>
 
-#include "admin/filas.h"
+#include "alta/filas.h"
 #include "postgres/base_postgres.h"
 
 QStringList FilasDelCentral(const QString& almacen) {
@@ -52,9 +52,14 @@ std::optional<QString> ArchivoDeServidor(const QString& servidor, const QString&
   return QDir(carpeta).absoluteFilePath(c.archivo);
 }
 
-std::optional<CadenaConexion> ServidorDePalabras(const QString& palabras, BaseServidor base) {
+std::optional<CadenaConexion> ServidorDePalabras(const QString& palabras, BaseServidor base,
+                                                 const AccesoServidor& acceso) {
+  const auto o = [](const QString& dado, const char* supuesto) {
+    return dado.isEmpty() ? QString::fromLatin1(supuesto) : dado;
+  };
   CadenaConexion supuestos;
-  supuestos.usuario = QStringLiteral("tarvopos");
-  supuestos.catalogo = base == BaseServidor::Central ? QStringLiteral("central") : QStringLiteral("cliente");
+  supuestos.usuario = o(acceso.usuario, "tarvopos");
+  supuestos.clave = acceso.clave;
+  supuestos.catalogo = o(acceso.base, base == BaseServidor::Central ? "central" : "cliente");
   return leerServidorPostgres(palabras, supuestos);
 }
