@@ -53,6 +53,8 @@ RespuestaOdbc errorDe(SQLSMALLINT clase, SQLHANDLE mango) {
     } else if (s.startsWith(u"08")) {
       e.descripcion.prepend(QStringLiteral("Se perdió la conexión con el servidor: "));
       r.perdida = true;
+    } else if (s == u"40001" || s == u"40P01") {
+      nativo = kNativoNudo;
     } else if (clase == SQL_HANDLE_STMT) {
       e.numero = kErrorSentencia;
     }
