@@ -75,12 +75,13 @@ $$;
 -- One row for each till, day, warehouse, type of document and article: the first takes the sums, the others go.
 CREATE PROCEDURE dbo.spr_agrupar_z1(p_id bigint) LANGUAGE sql AS $$
   WITH fila AS (
-    SELECT ctid AS esta, MIN(ctid) OVER g AS primera, SUM(nprodcant) OVER g AS cantidad, SUM(nmonto) OVER g AS monto
+    SELECT tableoid AS parte, ctid AS esta, row_number() OVER (g ORDER BY tableoid, ctid) AS n,
+      SUM(nprodcant) OVER g AS cantidad, SUM(nmonto) OVER g AS monto
     FROM dbo.tdetallez1 WHERE nidz1 = p_id
     WINDOW g AS (PARTITION BY ccajacodi, doperfech::date, calmacode, cdoctipo, cprodcode)),
-  sobra AS (DELETE FROM dbo.tdetallez1 t USING fila f WHERE t.ctid = f.esta AND f.esta <> f.primera)
+  sobra AS (DELETE FROM dbo.tdetallez1 t USING fila f WHERE t.tableoid = f.parte AND t.ctid = f.esta AND f.n > 1)
   UPDATE dbo.tdetallez1 t SET nprodcant = f.cantidad, nmonto = f.monto FROM fila f
-  WHERE t.ctid = f.esta AND f.esta = f.primera;
+  WHERE t.tableoid = f.parte AND t.ctid = f.esta AND f.n = 1;
 $$;
 
 CREATE PROCEDURE dbo.spr_inserta_sincronizacion(p_caja text) LANGUAGE sql AS $$
