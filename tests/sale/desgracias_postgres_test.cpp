@@ -131,7 +131,8 @@ TEST(DesgraciasPostgres, TheSaleStandsAndIsTold) {
                    "sitio' USING ERRCODE = '53100'; END $$; CREATE TRIGGER lleno BEFORE INSERT ON Acumulacion_Punto "
                    "EXECUTE FUNCTION dbo.lleno()"));
        },
-       [](Tienda& t) { t.crudo(q("DROP TRIGGER lleno ON Acumulacion_Punto")); }, "Las Operaciones se guardaran temporalmente", "104,1"},
+       [](Tienda& t) { t.crudo(q("DROP TRIGGER lleno ON Acumulacion_Punto")); },
+       "Las Operaciones se guardaran temporalmente", "104,1"},
   };
   // clang-format on
   for (const auto& c : kCasos) {

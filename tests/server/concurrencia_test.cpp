@@ -22,8 +22,8 @@ std::optional<ErrorBD> tomarNumero(Conexion& cnn, const Sql& maximo, const Sql& 
   return cnn.ejecutar(FormatearSQL(fila, {AEntero(rs[0].toDouble())}));
 }
 
-// Draws from two runs that all desks share, now and then in the other order, until the time has passed; some acts are given up. How
-// many stand, -1 for an error that asking again does not mend.
+// Draws from two runs that all desks share, now and then in the other order, until the time has passed; some acts are
+// given up. How many stand, -1 for an error that asking again does not mend.
 int trabajar(const QString& cadena, unsigned semilla, int duracion_ms) {
   const Sql venta = u"SELECT ISNULL(MAX(cCodVta),0) + 1 FROM venta01"_sql;
   const Sql filaVenta = u"INSERT INTO venta01 (cCodVta, TotVta) VALUES ($, 1)"_sql;
