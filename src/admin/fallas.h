@@ -96,6 +96,14 @@ class PuertosConFallas final : public Puertos {
   void enviarSinEsperar(const QString& archivo, const QString& puerto) override;
   QList<ImpresoraSistema> impresoras() override { return real_.impresoras(); }
   QString impresoraPorDefecto() override { return real_.impresoraPorDefecto(); }
+  QStringList lugares() override { return real_.lugares(); }
+  QString lugarDe(const QString& puerto) override { return real_.lugarDe(puerto); }
+  std::optional<QString> llevar(const QString& puerto, const QString& lugar) override {
+    return real_.llevar(puerto, lugar);
+  }
+  std::optional<QString> nombrar(const QString& impresora, const QString& puerto) override {
+    return real_.nombrar(impresora, puerto);
+  }
   std::optional<QString> imprimir(const QString& impresora, const QString& letra, int tamano,
                                   const DocumentoImpreso& documento) override;
 

@@ -8,6 +8,7 @@
 #include "admin/ordenes.h"
 #include "app/aplicacion.h"
 #include "app/entorno.h"
+#include "platform/io/puertos_sistema.h"
 
 namespace {
 
@@ -41,6 +42,7 @@ int tocarGuion(const OpcionesGuion& o, EscritorGuion& escritor, const std::funct
   MotoresConFallas motores(*entorno.motores, fallas);
   PuertosConFallas puertos(*entorno.puertos, fallas);
   PersonaDeGuion persona(escritor);
+  entorno.avisarEsperas(persona);
   SalidaGuion salida(escritor);
   EscenaGuion escena{escritor, persona, reloj, fallas, QDir(o.salida).absolutePath(), {}};
 

@@ -17,6 +17,7 @@
 namespace {
 
 constexpr int kEspera_ms = 10'000;
+constexpr int kPausaEscaner_ms = 500, kEscaner_ms = 4;  // before a code, between its keys
 
 std::deque<PasoGuion> uno(std::function<void()> f) {
   return {[f = std::move(f)] {
@@ -40,7 +41,8 @@ std::deque<PasoGuion> AccionesGuion::pasos(const Accion& a) {
       {u"reloj", &AccionesGuion::reloj},       {u"pasa", &AccionesGuion::pasa},
       {u"inicia", &AccionesGuion::inicia},     {u"termina", &AccionesGuion::termina},
       {u"espera", &AccionesGuion::espera},     {u"escribe", &AccionesGuion::escribe},
-      {u"tecla", &AccionesGuion::tecla},       {u"clic", &AccionesGuion::clic},
+      {u"tecla", &AccionesGuion::tecla},       {u"ritmo", &AccionesGuion::ritmo},
+      {u"escanea", &AccionesGuion::escanea},   {u"clic", &AccionesGuion::clic},
       {u"dobleclic", &AccionesGuion::fila},    {u"fila", &AccionesGuion::fila},
       {u"elige", &AccionesGuion::elige},       {u"celda", &AccionesGuion::celda},
       {u"marca", &AccionesGuion::marca},       {u"responde", &AccionesGuion::responde},
@@ -118,11 +120,12 @@ std::deque<PasoGuion> AccionesGuion::espera(const Accion& a) {
   }};
 }
 
-void AccionesGuion::anadirTecla(std::deque<PasoGuion>& pasos, const TeclaGuion& t) {
-  pasos.push_back([this, t] {
+void AccionesGuion::anadirTecla(std::deque<PasoGuion>& pasos, const TeclaGuion& t, std::optional<int> ms) {
+  pasos.push_back([this, t, tras = ms ? ms : ritmo_ms_] {
     QWidget* destino = e_.pantallas.destinoDeTeclas();
     if (!destino) throw ErrorGuion{QStringLiteral("no hay ninguna pantalla; falta «inicia»")};
-    pulsarTecla(destino, t);
+    if (tras) momento_ms_ += static_cast<quint64>(*tras);
+    pulsarTecla(destino, t, tras ? momento_ms_ : 0);
     return true;
   });
 }
@@ -150,6 +153,19 @@ std::deque<PasoGuion> AccionesGuion::tecla(const Accion& a) {
   const int veces = a.argumentos.size() > 1 ? a.entero(1, 1) : 1;
   std::deque<PasoGuion> pasos;
   for (int i = 0; i < veces; ++i) anadirTecla(pasos, *t);
+  return pasos;
+}
+
+std::deque<PasoGuion> AccionesGuion::ritmo(const Accion& a) {
+  ritmo_ms_ = a.entero(0, 0);
+  return {};
+}
+
+std::deque<PasoGuion> AccionesGuion::escanea(const Accion& a) {
+  std::deque<PasoGuion> pasos;
+  int tras = kPausaEscaner_ms;
+  for (QString texto = a.arg(0); !texto.isEmpty(); tras = kEscaner_ms) anadirTecla(pasos, tomarCaracter(texto), tras);
+  anadirTecla(pasos, *leerTecla(QStringLiteral("Return")), kEscaner_ms);
   return pasos;
 }
 

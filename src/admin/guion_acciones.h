@@ -57,6 +57,8 @@ class AccionesGuion {
   std::deque<PasoGuion> espera(const Accion& a);
   std::deque<PasoGuion> escribe(const Accion& a);
   std::deque<PasoGuion> tecla(const Accion& a);
+  std::deque<PasoGuion> ritmo(const Accion& a);
+  std::deque<PasoGuion> escanea(const Accion& a);
   std::deque<PasoGuion> clic(const Accion& a);
   std::deque<PasoGuion> fila(const Accion& a);
   std::deque<PasoGuion> elige(const Accion& a);
@@ -71,9 +73,12 @@ class AccionesGuion {
   std::deque<PasoGuion> falla(const Accion& a);
   std::deque<PasoGuion> mata(const Accion& a);
 
-  // Steps that press keys, one each, on whatever has the keyboard then.
-  void anadirTecla(std::deque<PasoGuion>& pasos, const TeclaGuion& t);
+  // Steps that press keys, one each, on whatever has the keyboard then. `ms` behind the one before; without it at the
+  // pace that was set.
+  void anadirTecla(std::deque<PasoGuion>& pasos, const TeclaGuion& t, std::optional<int> ms = {});
   void anadirTexto(std::deque<PasoGuion>& pasos, QString texto);
 
   EscenaGuion& e_;
+  std::optional<int> ritmo_ms_;  // without it keys carry no time, as from hands
+  quint64 momento_ms_ = 1;       // of the last key that carried one
 };

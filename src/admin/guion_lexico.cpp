@@ -21,6 +21,8 @@ const FormaAccion kAcciones[] = {
     {u"espera", 1, 1, false, u"espera PANTALLA"},
     {u"escribe", 1, 2, true, u"escribe CONTROL TEXTO"},
     {u"tecla", 1, 2, false, u"tecla TECLAS [VECES]"},
+    {u"ritmo", 1, 1, false, u"ritmo MILISEGUNDOS"},
+    {u"escanea", 1, 1, true, u"escanea TEXTO"},
     {u"clic", 1, 1, false, u"clic CONTROL"},
     {u"dobleclic", 2, 2, false, u"dobleclic LISTA FILA"},
     {u"fila", 2, 2, false, u"fila LISTA FILA"},

@@ -18,8 +18,10 @@
 #include <QTabWidget>
 #include <QTableView>
 #include <QTextEdit>
+#include <algorithm>
 
 #include "admin/guion_lexico.h"
+#include "platform/ui/lector_codigos.h"
 #include "platform/ui/rejilla.h"
 
 namespace {
@@ -198,6 +200,13 @@ void PantallasGuion::activar() const {
   if (!w || w->isActiveWindow() || QApplication::activePopupWidget()) return;
   w->activateWindow();
   QApplication::setActiveWindow(w);  // at once, also where no window manager answers
+}
+
+bool PantallasGuion::teclaRetenida() const {
+  return std::any_of(formas_.begin(), formas_.end(), [](const auto& f) {
+    const auto* lector = f ? f->template findChild<LectorCodigos*>() : nullptr;
+    return lector && lector->reteniendo();
+  });
 }
 
 bool PantallasGuion::botonHundido() const {

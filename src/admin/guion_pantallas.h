@@ -39,6 +39,8 @@ class PantallasGuion final : public QObject {
   void activar() const;
   // Whether a button of a visible form is held down at present, as one is for a moment when a key presses it.
   bool botonHundido() const;
+  // Whether keys that may be a scanner's are being held back.
+  bool teclaRetenida() const;
   // Closes menus and lists that hang open.
   static void cerrarDesplegables();
 

@@ -4,6 +4,7 @@
 
 #include "platform/io/mensajes.h"
 #include "platform/io/salida.h"
+#include "platform/ui/cartel_ocupado.h"
 
 // Lines to standard output in UTF-8, each flushed at once.
 class EscritorGuion {
@@ -48,6 +49,9 @@ class PersonaDeGuion final : public Mensajes {
   bool preguntar(const QString& texto, const QString& titulo, bool siPorDefecto) override;
   std::optional<QString> pedir(const QString& texto, const QString& titulo, const QString& porDefecto) override;
 
+ protected:
+  void mostrarOcupado(const QString& que) override { cartel_.mostrar(que); }
+
  private:
   enum class Boton { Si, No, Aceptar, Cancelar };
   struct Respuesta {
@@ -61,4 +65,5 @@ class PersonaDeGuion final : public Mensajes {
   EscritorGuion& escritor_;
   std::deque<Respuesta> cola_;
   bool callada_ = false;
+  CartelOcupado cartel_;
 };

@@ -70,9 +70,11 @@ void ReproductorGuion::darPaso() {
   niveles_.pop_back();
 }
 
-// A key presses a button for a tenth of a second; its click comes when it is let go.
+// A key presses a button for a tenth of a second; its click comes when it is let go. A key that a scanner may have sent
+// waits as well.
 bool ReproductorGuion::botonPorSoltar() {
-  if (!enAccion_ || plazoBoton_.hasExpired() || !escena_.pantallas.botonHundido()) return false;
+  const bool pendiente = escena_.pantallas.botonHundido() || escena_.pantallas.teclaRetenida();
+  if (!enAccion_ || plazoBoton_.hasExpired() || !pendiente) return false;
   reposo_ = 0;
   return true;
 }

@@ -62,9 +62,11 @@ QString textoDe(QKeyCombination c, const QString& nombre) {
 }
 
 // Sends one key event; a press that is a shortcut of the window goes no further.
-void enviar(QPointer<QWidget>& destino, bool baja, Qt::Key tecla, Qt::KeyboardModifiers mods, const QString& texto) {
+void enviar(QPointer<QWidget>& destino, bool baja, Qt::Key tecla, Qt::KeyboardModifiers mods, const QString& texto,
+            quint64 momento_ms) {
   if (!destino) return;
   QKeyEvent e(baja ? QEvent::KeyPress : QEvent::KeyRelease, tecla, mods, texto);
+  e.setTimestamp(momento_ms);
   QSpontaneKeyEvent::setSpontaneous(&e);
   if (baja && qt_sendShortcutOverrideEvent(destino, e.timestamp(), tecla, mods, texto)) return;
   if (destino) qApp->notify(destino, &e);
@@ -118,19 +120,19 @@ TeclaGuion tomarCaracter(QString& texto) {
   return {QKeyCombination(mayuscula ? Qt::ShiftModifier : Qt::NoModifier, n == 1 ? teclaDe(c) : Qt::Key_unknown), c};
 }
 
-void pulsarTecla(QWidget* widget, const TeclaGuion& t) {
+void pulsarTecla(QWidget* widget, const TeclaGuion& t, quint64 momento_ms) {
   QPointer<QWidget> destino = widget;
   const Qt::KeyboardModifiers todos = t.tecla.keyboardModifiers();
   Qt::KeyboardModifiers puestos;
   for (const auto& m : kModificadores) {
     if (!(todos & m.mod)) continue;
-    enviar(destino, true, m.tecla, puestos, {});
+    enviar(destino, true, m.tecla, puestos, {}, momento_ms);
     puestos |= m.mod;
   }
-  enviar(destino, true, t.tecla.key(), todos, t.texto);
-  enviar(destino, false, t.tecla.key(), todos, t.texto);
+  enviar(destino, true, t.tecla.key(), todos, t.texto, momento_ms);
+  enviar(destino, false, t.tecla.key(), todos, t.texto, momento_ms);
   for (const auto& m : kModificadores)
-    if (todos & m.mod) enviar(destino, false, m.tecla, todos, {});
+    if (todos & m.mod) enviar(destino, false, m.tecla, todos, {}, momento_ms);
 }
 
 void pulsarRaton(QWidget* widget, QPoint lugar) {

@@ -18,8 +18,8 @@ std::optional<TeclaGuion> leerTecla(const QString& nombre);
 // The key that types the character at the front of `texto`, which is taken off.
 TeclaGuion tomarCaracter(QString& texto);
 
-// Press and release. The widget may die in between.
-void pulsarTecla(QWidget* destino, const TeclaGuion& tecla);
+// Press and release, at a time in milliseconds, 0 for none told. The widget may die in between.
+void pulsarTecla(QWidget* destino, const TeclaGuion& tecla, quint64 momento_ms = 0);
 void pulsarRaton(QWidget* destino, QPoint lugar);
 // A click and the second press of a double click.
 void pulsarDosVeces(QWidget* destino, QPoint lugar);

@@ -29,9 +29,22 @@ struct Ajuste {
   QString valor;
 };
 
-// What the settings say of a server.
-CadenaConexion enAjustes(const QString& palabras, const AccesoServidor& acceso, BaseServidor base) {
-  if (auto c = ServidorDePalabras(palabras, base, acceso)) {
+// A PostgreSQL server with what was told beside its name.
+std::optional<CadenaConexion> postgresDe(const QString& palabras, const AccesoServidor& acceso, BaseServidor base) {
+  auto c = ServidorDePalabras(palabras, base);
+  if (!c) return {};
+  if (!acceso.base.isEmpty()) c->catalogo = acceso.base;
+  if (!acceso.usuario.isEmpty()) c->usuario = acceso.usuario;
+  if (!acceso.clave.isEmpty()) c->clave = acceso.clave;
+  return c;
+}
+
+// What the settings say of a server; another kind than PostgreSQL bears no user in its name.
+CadenaConexion enAjustes(const DatosPuesto& d, BaseServidor base) {
+  const bool central = base == BaseServidor::Central;
+  const QString& palabras = central ? d.central : d.cliente;
+  const AccesoServidor& acceso = central ? d.accesoCentral : d.accesoCliente;
+  if (auto c = postgresDe(palabras, acceso, base)) {
     c->servidor.prepend(QStringLiteral("postgres:"));
     return *c;
   }
@@ -39,7 +52,7 @@ CadenaConexion enAjustes(const QString& palabras, const AccesoServidor& acceso, 
   c.servidor = palabras;
   c.usuario = acceso.usuario;
   c.clave = acceso.clave;
-  c.catalogo = acceso.base;
+  c.catalogo = !acceso.base.isEmpty() ? acceso.base : central ? QStringLiteral("central") : QStringLiteral("cliente");
   return c;
 }
 
@@ -47,8 +60,8 @@ CadenaConexion enAjustes(const QString& palabras, const AccesoServidor& acceso, 
 std::vector<Ajuste> ajustes(const DatosPuesto& d) {
   const QString serie = SerieInicial(TipoDocumento::Boleta, d.caja);
   const QString cero = QStringLiteral("0");
-  const CadenaConexion central = enAjustes(d.central, d.accesoCentral, BaseServidor::Central);
-  const CadenaConexion cliente = enAjustes(d.cliente, d.accesoCliente, BaseServidor::Cliente);
+  const CadenaConexion central = enAjustes(d, BaseServidor::Central);
+  const CadenaConexion cliente = enAjustes(d, BaseServidor::Cliente);
   return {
       {"INICIO", "UserName", central.usuario},
       {"INICIO", "PassWord", central.clave},
@@ -221,23 +234,17 @@ class Obra {
   QStringList hechos_, carpetas_;  // the innermost folder first
 };
 
-// What has to be there of a server: its file or its database, with those rows if it is made.
-struct ServidorQueFalta {
-  BaseServidor base;
-  QString palabras;
-  AccesoServidor acceso;
-  QStringList filas;
-};
-
-std::optional<QString> hacerServidor(Obra& obra, const ServidorQueFalta& s, const QString& carpeta,
-                                     QStringList& hecho) {
-  if (const auto archivo = ArchivoDeServidor(s.palabras, carpeta)) {
+std::optional<QString> servidorQueFalta(Obra& obra, const DatosPuesto& d, BaseServidor base, const QStringList& filas,
+                                        QStringList& hecho) {
+  const bool central = base == BaseServidor::Central;
+  const QString& servidor = central ? d.central : d.cliente;
+  if (const auto archivo = ArchivoDeServidor(servidor, d.carpeta)) {
     if (QFileInfo::exists(*archivo)) return {};
-    return obra.base(*archivo, tablasDelServidor(s.base, LenguajeMotor::Sqlite) + s.filas);
+    return obra.base(*archivo, tablasDelServidor(base, LenguajeMotor::Sqlite) + filas);
   }
-  const auto c = ServidorDePalabras(s.palabras, s.base, s.acceso);
+  const auto c = postgresDe(servidor, central ? d.accesoCentral : d.accesoCliente, base);
   if (!c) return {};
-  const ResultadoBase r = CrearBasePostgres(*c, s.base, s.filas);
+  const ResultadoBase r = CrearBasePostgres(*c, base, filas);
   if (r.fin == FinBase::Fallo) return r.palabras;
   if (r.fin == FinBase::Hecha) {
     hecho << QStringLiteral("Base de datos %1 creada en el servidor %2.").arg(c->catalogo, c->servidor);
@@ -256,6 +263,11 @@ QString ClaveAlAzar() {
   return clave;
 }
 
+QString CadenaDelServidor(const DatosPuesto& d, BaseServidor base) {
+  const CadenaConexion c = enAjustes(d, base);
+  return cadenaDeServidor(c.usuario, c.clave, c.catalogo, c.servidor);
+}
+
 QStringList AvisosDePuesto(const DatosPuesto& d) {
   QStringList avisos;
   if (d.caja.size() > 2 && Val(d.caja) > 99) {
@@ -264,8 +276,8 @@ QStringList AvisosDePuesto(const DatosPuesto& d) {
                   .arg(SerieInicial(TipoDocumento::Boleta, d.caja));
   }
   for (const auto& [servidor, acceso] : {std::pair(d.central, d.accesoCentral), {d.cliente, d.accesoCliente}}) {
-    if (ArchivoDeServidor(servidor, d.carpeta) || !acceso.usuario.isEmpty()) continue;
-    if (ServidorDePalabras(servidor, BaseServidor::Central)) continue;
+    if (ArchivoDeServidor(servidor, d.carpeta) || ServidorDePalabras(servidor, BaseServidor::Central)) continue;
+    if (!acceso.usuario.isEmpty()) continue;
     avisos << QStringLiteral("Aviso: el servidor %1 no se crea aquí; escriba su usuario y su clave en KEB.cfg y en la "
                              "tabla Configuracion.")
                   .arg(servidor);
@@ -284,10 +296,8 @@ std::optional<QString> CrearPuesto(const DatosPuesto& d, QStringList* hecho) {
     central += TiendaDelCentral(d.ahora);
     cliente += TiendaDelCliente(d.ahora);
   }
-  for (const ServidorQueFalta& s : {ServidorQueFalta{BaseServidor::Central, d.central, d.accesoCentral, central},
-                                    {BaseServidor::Cliente, d.cliente, d.accesoCliente, cliente}}) {
-    if (auto error = hacerServidor(obra, s, d.carpeta, dicho)) return error;
-  }
+  if (auto e = servidorQueFalta(obra, d, BaseServidor::Central, central, dicho)) return e;
+  if (auto e = servidorQueFalta(obra, d, BaseServidor::Cliente, cliente, dicho)) return e;
   const QDir carpeta(d.carpeta);
   if (auto error = obra.archivo(carpeta.filePath(kAjustes), textoDeAjustes(d))) return error;
   // The store comes last: a folder that holds it holds all the rest.

@@ -52,14 +52,9 @@ std::optional<QString> ArchivoDeServidor(const QString& servidor, const QString&
   return QDir(carpeta).absoluteFilePath(c.archivo);
 }
 
-std::optional<CadenaConexion> ServidorDePalabras(const QString& palabras, BaseServidor base,
-                                                 const AccesoServidor& acceso) {
-  const auto o = [](const QString& dado, const char* supuesto) {
-    return dado.isEmpty() ? QString::fromLatin1(supuesto) : dado;
-  };
+std::optional<CadenaConexion> ServidorDePalabras(const QString& palabras, BaseServidor base) {
   CadenaConexion supuestos;
-  supuestos.usuario = o(acceso.usuario, "tarvopos");
-  supuestos.clave = acceso.clave;
-  supuestos.catalogo = o(acceso.base, base == BaseServidor::Central ? "central" : "cliente");
+  supuestos.usuario = QStringLiteral("tarvopos");
+  supuestos.catalogo = base == BaseServidor::Central ? QStringLiteral("central") : QStringLiteral("cliente");
   return leerServidorPostgres(palabras, supuestos);
 }

@@ -12,6 +12,12 @@
 #include "platform/ui/mensajes_ventana.h"
 #include "servidores.h"
 
+namespace {
+
+constexpr int kAvisoEspera_ms = 400;  // painted before half a second has gone
+
+}  // namespace
+
 void SalidaSistema::terminar(int estado) {
   std::fflush(nullptr);
   std::_Exit(estado);
@@ -24,7 +30,16 @@ EntornoSistema::EntornoSistema(const QString& carpeta, std::function<QDateTime()
       puertos(std::make_unique<PuertosSistema>(rutas.programa, impresoras.get())),
       reloj(std::make_unique<RelojSistema>()),
       mensajes(std::make_unique<MensajesVentana>()),
-      salida(std::make_unique<SalidaSistema>()) {}
+      salida(std::make_unique<SalidaSistema>()) {
+  avisarEsperas(*mensajes);
+}
+
+void EntornoSistema::avisarEsperas(Mensajes& persona) {
+  puertos->alEsperar = [&persona, ocupado = std::make_shared<std::optional<Ocupado>>()](const QString& que, int ms) {
+    if (que.isEmpty()) ocupado->reset();
+    else if (ms >= kAvisoEspera_ms && !*ocupado) ocupado->emplace(persona, que);
+  };
+}
 
 EntornoSistema::~EntornoSistema() = default;
 

@@ -11,6 +11,7 @@
 #include "platform/sql/motor.h"
 
 class ImpresorasSistema;
+class PuertosSistema;
 
 // Ends the process at once; what was written to standard output has reached it.
 class SalidaSistema final : public Salida {
@@ -24,10 +25,14 @@ struct EntornoSistema {
   explicit EntornoSistema(const QString& carpeta, std::function<QDateTime()> ahora = {});
   ~EntornoSistema();
 
+  // Says to that person, who outlives the desk, when a printer makes the desk wait for half a second. At first it is
+  // `mensajes`.
+  void avisarEsperas(Mensajes& persona);
+
   Rutas rutas;
   std::unique_ptr<ImpresorasSistema> impresoras;
   std::unique_ptr<Motores> motores;
-  std::unique_ptr<Puertos> puertos;
+  std::unique_ptr<PuertosSistema> puertos;
   std::unique_ptr<Reloj> reloj;
   std::unique_ptr<Mensajes> mensajes;
   std::unique_ptr<Salida> salida;

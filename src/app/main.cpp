@@ -3,6 +3,7 @@
 #include "app/aplicacion.h"
 #include "app/entorno.h"
 #include "foundation/version.h"
+#include "platform/io/puertos_sistema.h"
 #include "platform/io/senales.h"
 #include "platform/ui/ciclo_ventanas.h"
 

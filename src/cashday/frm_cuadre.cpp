@@ -231,7 +231,7 @@ void frmCuadre::cerrar() {
     return;
   }
   if (bReporteImpreso_) {
-    const CursorEspera espera;
+    const Ocupado ocupado(p_.mensajes, QStringLiteral("Imprimiendo el cuadre de caja…"));
     Imprimir(p_, v_);
   }
   accept();

@@ -321,22 +321,21 @@ void frmPrincipal::cambioTurno() {
 }
 
 void frmPrincipal::cerrarCaja() {
-  std::unique_ptr<CursorEspera> espera;
+  Ocupado ocupado(p_.mensajes, {});
   CerrarCaja(p_, v_, pantallas_, [&](const QString& texto) {
-    espera.reset();
-    if (!texto.isEmpty()) espera = std::make_unique<CursorEspera>();
     estado_->ocupado(texto);
+    ocupado.ahora(texto);
   });
 }
 
 void frmPrincipal::reporte(int n, ResultadoReporte (*imprimir)(Puesto&, const PedidoReporte&)) {
-  if (!AutorizarOperacion(v_, pantallas_, rotuloDe(EntradasOperaciones(), n))) return;
-  const CursorEspera espera;
+  const QString nombre = rotuloDe(EntradasOperaciones(), n);
+  if (!AutorizarOperacion(v_, pantallas_, nombre)) return;
+  const Ocupado ocupado(p_.mensajes, QStringLiteral("Haciendo el %1…").arg(nombre));
   v_.bReporteImpreso = imprimir(p_, PedidoX()).impreso || v_.bReporteImpreso;
 }
 
 void frmPrincipal::reporteDeFecha(ResultadoReporte (*imprimir)(Puesto&, const QString&)) {
-  const CursorEspera espera;
   v_.bReporteImpreso = imprimir(p_, QStringLiteral("Z")).impreso || v_.bReporteImpreso;
 }
 

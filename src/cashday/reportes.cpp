@@ -172,6 +172,7 @@ ResultadoReporte reportarFecha(Puesto& p, const Hoja& hoja, const QString& letra
     p.mensajes.mostrar(QStringLiteral("La fecha debe tener el formato dd/mm/yyyy"), Mensajes::kTitulo, Icono::Critico);
     return {.fin = FinReporte::SinFecha};
   }
+  const Ocupado ocupado(p.mensajes, QStringLiteral("Haciendo el reporte del %1…").arg(*texto));
   return reportar(p, hoja, {.nOperTipo = 0, .letra = letra, .soloTurno = false}, fecha->date());
 }
 

@@ -9,7 +9,9 @@
 
 void CambioTurno(Puesto& p, Principal& v, PantallasPrincipal& pantallas) {
   PrepararOperacion(p, v, pantallas);
-  if (AutorizarOperacion(v, pantallas, QStringLiteral("Reporte X"))) (void)ReportesEspeciales(p, PedidoX());
+  const bool conReporte = AutorizarOperacion(v, pantallas, QStringLiteral("Reporte X"));
+  const Ocupado ocupado(p.mensajes, QStringLiteral("Cambiando el turno…"));
+  if (conReporte) (void)ReportesEspeciales(p, PedidoX());
   const QString turno = Derecha(QStringLiteral("00") + TextoDe(Val(p.ses.psTurno) + 1), 2);
   if (!p.poDBAdmin.EjecutarSentencia(
           p.poCnnLocal, FormatearSQL(u"UPDATE Configuracion SET cCodiTurno = '$'"_sql, {Texto(turno)}), true)) {

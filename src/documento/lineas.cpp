@@ -70,23 +70,6 @@ bool soloDigitos(const QString& t) {
   return std::all_of(t.begin(), t.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
 }
 
-bool salirCodigo(Puesto& p, RejillaLineas& l, int fila, const QString& texto) {
-  const QString codigo = Ceros(texto, 6);
-  // A longer code must not lose its head: what is left could be another article.
-  if (!soloDigitos(texto) || codigo.toInt() != texto.toLongLong()) {
-    avisarNoExiste(p);
-    return false;
-  }
-  if (codigo == l.filas[static_cast<size_t>(fila)][kCod]) return true;
-  Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, consultaCodigo(p.ses.psAlmacen, codigo), rs)) return false;
-  if (rs.RecordCount() != 1) {
-    avisarNoExiste(p);
-    return false;
-  }
-  return llenarFila(p, l, fila, *rs.begin());
-}
-
 QString sinPuntos(QString t) { return t.remove(u'.'); }
 
 // A catalogue code as the number that is left without its points; "" when it is none.
@@ -111,35 +94,67 @@ int cercaniaDe(const Recordset::Fila& r, const QString& texto) {
   return !retirado && !numero.isEmpty() && numero == numeroDe(catalogo) ? kNumero : kLejos;
 }
 
-bool salirCatalogo(Puesto& p, RejillaLineas& l, int fila, const QString& texto) {
-  if (texto == l.filas[static_cast<size_t>(fila)][kCatalogo]) return true;
-  Recordset rs[3];  // the row is of one of them
-  std::optional<Recordset::Fila> elegido;
+// An article found by its catalogue code, with the rows that it is one of.
+struct PorCatalogo {
+  Recordset rs[3];
+  std::optional<Recordset::Fila> fila;
+};
+
+// False when the store can't be read. A whole code is not found by its end: what a scanner read, or stands where an
+// article's number belongs, must not be another article.
+bool buscarCatalogo(Puesto& p, const QString& texto, bool entero, PorCatalogo& hallado) {
   int mejor = kLejos;
   const auto mirar = [&](Recordset& r, const Sql& condicion) {
     const Sql sql = consultaArticulos(p.ses.psAlmacen) + condicion + u" ORDER BY cProdCode"_sql;
     if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, sql, r)) return false;
     for (const auto& f : r) {
       const int suya = cercaniaDe(f, texto);
-      if (suya >= mejor) continue;
+      if (suya >= mejor || (entero && (suya == kFinal || suya == kFinalRetirado))) continue;
       mejor = suya;
-      elegido = f;
+      hallado.fila = f;
     }
     return true;
   };
   const Sql final = FormatearSQL(u" AND ccodcatalogo like  '%$' "_sql, {Texto(texto)});
   const Sql activo = u" and nactivo=1"_sql;
-  const bool leido = mirar(rs[0], final + activo) && (mejor == kExacto || mirar(rs[1], final)) &&
-                     (mejor < kNumero || numeroDe(texto).isEmpty() || mirar(rs[2], activo));
-  if (!leido) {
+  return mirar(hallado.rs[0], final + activo) && (mejor == kExacto || mirar(hallado.rs[1], final)) &&
+         (mejor < kNumero || numeroDe(texto).isEmpty() || mirar(hallado.rs[2], activo));
+}
+
+bool salirCatalogo(Puesto& p, RejillaLineas& l, int fila, const QString& texto) {
+  if (texto == l.filas[static_cast<size_t>(fila)][kCatalogo]) return true;
+  PorCatalogo hallado;
+  if (!buscarCatalogo(p, texto, false, hallado)) {
     p.mensajes.mostrar(QStringLiteral("No se pudo seleccionar el artìculo"));
     return false;
   }
-  if (!elegido) {
+  if (!hallado.fila) {
     avisarNoExiste(p);
     return false;
   }
-  return llenarFila(p, l, fila, *elegido);
+  return llenarFila(p, l, fila, *hallado.fila);
+}
+
+// No article has that number: a catalogue code will do.
+bool salirCodigoAjeno(Puesto& p, RejillaLineas& l, int fila, const QString& texto) {
+  PorCatalogo hallado;
+  if (!buscarCatalogo(p, texto, true, hallado)) return false;
+  if (!hallado.fila) {
+    avisarNoExiste(p);
+    return false;
+  }
+  return llenarFila(p, l, fila, *hallado.fila);
+}
+
+bool salirCodigo(Puesto& p, RejillaLineas& l, int fila, const QString& texto) {
+  const QString codigo = Ceros(texto, 6);
+  // A longer code must not lose its head: what is left could be another article.
+  if (!soloDigitos(texto) || codigo.toInt() != texto.toLongLong()) return salirCodigoAjeno(p, l, fila, texto);
+  if (codigo == l.filas[static_cast<size_t>(fila)][kCod]) return true;
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, consultaCodigo(p.ses.psAlmacen, codigo), rs)) return false;
+  if (rs.RecordCount() != 1) return salirCodigoAjeno(p, l, fila, texto);
+  return llenarFila(p, l, fila, *rs.begin());
 }
 
 bool conValor(const FilaVenta& f) { return Redondear(LeerImporte(f[kCant]) * LeerImporte(f[kPrecio]), 2) != 0; }
@@ -274,6 +289,12 @@ bool LeerArticulo(Puesto& p, const QString& almacen, const QString& codigo, Fila
   fila[kCod] = Ceros(codigo, 6);
   if (!rs.Eof()) ponerArticulo(*rs.begin(), fila);
   return true;
+}
+
+std::optional<QString> CodigoDeCatalogo(Puesto& p, const QString& catalogo) {
+  PorCatalogo hallado;
+  if (!buscarCatalogo(p, catalogo, true, hallado)) return {};
+  return hallado.fila ? Formatear(Numero((*hallado.fila)[u"cProdCode"]), u"000000") : QString();
 }
 
 LineaDocumento LineaDe(const Puesto& p, const FilaVenta& fila) {

@@ -71,5 +71,10 @@ std::optional<int> FilaSinArticulo(RejillaLineas& l);
 // is gone leaves price and service as they are in the row. False when the store can't be read; the box has been shown.
 [[nodiscard]] bool LeerArticulo(Puesto& p, const QString& almacen, const QString& codigo, FilaVenta& fila);
 
+// The six digits of the article whose whole catalogue code that is, or the same number without its points; "" for none.
+// On sale comes before withdrawn, exact before the number. Nothing when the store can't be read; the box has been
+// shown.
+[[nodiscard]] std::optional<QString> CodigoDeCatalogo(Puesto& p, const QString& catalogo);
+
 // The line that a row sells: a percentage with its sign, an empty quantity as 1.
 LineaDocumento LineaDe(const Puesto& p, const FilaVenta& fila);

@@ -4,6 +4,7 @@
 
 #include "documento/tarjeta.h"
 #include "foundation/puesto.h"
+#include "loyalty/acumulacion.h"
 #include "loyalty/cliente_bd.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -75,6 +76,15 @@ ResultadoTarjeta BuscaTarjeta(Puesto& p, ClienteDocumento& c, BuscadorClientes& 
   c.txtNombres = LimpiarNulo(rs[u"sClieApel"]) + u' ' + LimpiarNulo(rs[u"sClieName"]);
   elegirLocal(c, static_cast<int>(AEntero(Numero(rs[u"IdLocal"]))));
   return ResultadoTarjeta::Hallada;
+}
+
+bool HayTarjeta(Puesto& p, const QString& numero) {
+  std::vector<TitularTarjeta> titulares;
+  if (LeerTitulares(p, p.poCnnLocal, numero, 0, titulares) && !titulares.empty()) return true;
+  if (!ConectarCliente(p, false)) return false;
+  const bool leido = LeerTitulares(p, p.poCnnCliente, numero, 0, titulares);
+  DesconectarCliente(p);
+  return leido && !titulares.empty();
 }
 
 ResultadoTarjeta TomarCliente(Puesto& p, ClienteDocumento& c, BuscadorClientes& pantallas,

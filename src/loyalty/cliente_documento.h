@@ -44,6 +44,10 @@ enum class ResultadoTarjeta { SinTarjeta, SinServidor, NoExiste, Hallada, Varios
 // Without the database the card stays and the sale goes on without a name. The connection is closed again.
 [[nodiscard]] ResultadoTarjeta BuscaTarjeta(Puesto& p, ClienteDocumento& c, BuscadorClientes& pantallas);
 
+// Whether somebody holds a card of that number, eight digits: by the store's copy, else by the client database. Without
+// it the store's copy decides.
+[[nodiscard]] bool HayTarjeta(Puesto& p, const QString& numero);
+
 // A customer chosen in the search: card and site, then BuscaTarjeta.
 [[nodiscard]] ResultadoTarjeta TomarCliente(Puesto& p, ClienteDocumento& c, BuscadorClientes& pantallas,
                                             const TarjetaElegida& elegida);

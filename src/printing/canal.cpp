@@ -9,6 +9,7 @@
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
+#include "printing/ajustes_impresora.h"
 
 namespace {
 
@@ -59,6 +60,7 @@ std::optional<QString> noSePudoEscribir(const QString& archivo, const QString& p
 struct Envio {
   int selector = 0;
   QString archivo, puerto, puertoPrinter;
+  AjustesImpresora ajustes;  // of the printer that it goes to
 
   Envio(Puesto& p, int s, const QString& a)
       : selector(s),
@@ -67,7 +69,15 @@ struct Envio {
         puertoPrinter(
             LeerParametro(p, QStringLiteral("PARAMETROS"), QStringLiteral("PuertoPrinter"), p.ses.psArchivoCfg)) {
     p.ses.psPuertoPrint = puertoPrinter;
+    const bool porRed = p.ses.kPAR_IMPRESORA.startsWith(u'\\');
+    const bool serie = !porRed && Izquierda(puerto, 3) == u"COM";
+    const QString& suya = selector == kImpresoraPrincipal ? p.ses.kPAR_IMPRESORA : p.ses.kPAR_IMPRESORA_ALTERNA;
+    ajustes = LeerAjustes(p, serie ? p.ses.impresoraActual : suya);
   }
+
+  QByteArray bytes(const QString& texto) const { return EnPagina(texto, ajustes.pagina); }
+  // Reset, and the code page behind it, since the reset forgets it.
+  QString comienzo() const { return enLinea(kReinicio + SeleccionDePagina(ajustes)); }
 
   QString rastro(const Puesto& p) const {
     return QStringLiteral("p:") + QString::number(selector) + QStringLiteral(";kPAR_IMPRESORA:") +
@@ -91,9 +101,9 @@ struct Envio {
 
 std::optional<QString> enviarTexto(Puesto& p, const QString& texto, int selector, const QString& tronco) {
   const QString archivo = archivoDeEnvio(p, tronco);
-  const QString todo = enLinea(kReinicio) + enLinea(texto) + avanceYCorte();
-  if (const auto e = EscribirBytes(archivo, AUnByte(todo))) return noSePudoEscribir(archivo, *e);
   const Envio envio(p, selector, archivo);
+  const QString todo = envio.comienzo() + enLinea(texto) + avanceYCorte();
+  if (const auto e = EscribirBytes(archivo, envio.bytes(todo))) return noSePudoEscribir(archivo, *e);
   p.registro.RegistrarImpresion(envio.rastro(p) + QStringLiteral("kPAR_IMPRESORA_ALTERNA:") +
                                 p.ses.kPAR_IMPRESORA_ALTERNA + QStringLiteral(";NameArchivo:") + archivo +
                                 QStringLiteral(";"));
@@ -109,15 +119,23 @@ std::optional<QString> enviarBloques(Puesto& p, const BloquesInforme& b, int sel
   }
   for (int n = 0; n <= ultimo; ++n) {
     const QString& bloque = b.bloques[static_cast<size_t>(n)];
-    const QByteArray bytes = AUnByte((n == 0 ? enLinea(kReinicio) : QString()) + enLinea(bloque) +
-                                     (n == ultimo ? avanceYCorte() : QString()));
+    const Envio envio(p, selector, archivo);
+    const QByteArray bytes = envio.bytes((n == 0 ? envio.comienzo() : QString()) + enLinea(bloque) +
+                                         (n == ultimo ? avanceYCorte() : QString()));
     if (const auto e = EscribirBytes(archivo, bytes)) return noSePudoEscribir(archivo, *e);
     if (copia.write(bytes) != bytes.size()) return noSePudoEscribir(copia.fileName(), PalabrasDeError(errno, copia));
-    const Envio envio(p, selector, archivo);
     p.registro.RegistrarImpresion(envio.rastro(p));
     if (const auto e = envio.enviar(p)) return e;
     p.reloj.dormir(static_cast<int>(bloque.size() / kLetrasPorSegundo + 1) * 1000);
   }
+  return {};
+}
+
+// The written line of a drawer's pulse; "" for a model that is none.
+QByteArray pulsoDe(const QString& modelo) {
+  const QString palabra = Recortar(modelo).toUpper();
+  for (const auto& g : kGavetas)
+    if (palabra == g.palabra) return QByteArray(g.pulso, 5) + "\r\n";
   return {};
 }
 
@@ -204,14 +222,25 @@ void ImprimirBloquesPuerto(Puesto& p, const BloquesInforme& b, int selector, int
 }
 
 void AbrirGaveta(Puesto& p, const QString& modelo) {
-  const QString palabra = Recortar(modelo).toUpper();
   const QString archivo = p.rutas.enTemp(QStringLiteral("textfile.prn"));
-  QByteArray linea;
-  for (const auto& g : kGavetas) {
-    if (palabra == g.palabra) linea = QByteArray(g.pulso, 5) + "\r\n";
-  }
+  const QByteArray linea = pulsoDe(modelo);
   if (EscribirBytes(archivo, linea) || linea.isEmpty()) return;
   (void)p.puertos.copiar(archivo, QStringLiteral("LPT1"));
+}
+
+std::optional<QString> ImprimirPrueba(Puesto& p, const QString& lugar, const AjustesImpresora& ajustes,
+                                      const QString& modeloGaveta) {
+  const QString archivo = archivoDeEnvio(p, QStringLiteral("prueba"));
+  const QString letras = QStringLiteral("ÁÉÍÓÚÜÑ áéíóúüñ ¿? ¡! ºª °");
+  const QString texto = QStringLiteral("TarvoPos - Página de prueba") + kFinLinea + lugar + kFinLinea +
+                        QStringLiteral("Página de códigos: ") + NombrePagina(ajustes.pagina) + kFinLinea + letras +
+                        kFinLinea + QStringLiteral("ABCDEFGHIJKLMNÑOPQRSTUVWXYZ") + kFinLinea +
+                        QStringLiteral("abcdefghijklmnñopqrstuvwxyz") + kFinLinea +
+                        QStringLiteral("123456789012345678901234567890123456789");
+  const QString todo = enLinea(kReinicio + SeleccionDePagina(ajustes)) + enLinea(texto) + avanceYCorte();
+  const QByteArray bytes = EnPagina(todo, ajustes.pagina) + pulsoDe(modeloGaveta);
+  if (const auto e = EscribirBytes(archivo, bytes)) return noSePudoEscribir(archivo, *e);
+  return p.puertos.copiar(archivo, lugar);
 }
 
 void ImprimirPorControlador(Puesto& p, const DocumentoImpreso& documento, const Letra& letra) {

@@ -8,7 +8,9 @@
 #include <QString>
 #include <QStringList>
 #include <array>
+#include <optional>
 
+struct AjustesImpresora;
 struct DocumentoImpreso;
 struct Puesto;
 
@@ -46,6 +48,11 @@ void ImprimirBloquesPuerto(Puesto& p, const BloquesInforme& b, int selector, int
 // Sends the drawer pulse of the model ("SAMSUNG", "EPSON", "START", any case) to LPT1. Another word only empties the
 // drawer's file. Failures are ignored.
 void AbrirGaveta(Puesto& p, const QString& modelo);
+
+// Sends a page to a place where a printer may be (Puertos::lugares, or a port's name): accents in its code page, cut,
+// and the pulse of that drawer, none for a model that is none. Nothing is stored. Gives the words of a failure.
+std::optional<QString> ImprimirPrueba(Puesto& p, const QString& lugar, const AjustesImpresora& ajustes,
+                                      const QString& modeloGaveta);
 
 struct Letra {
   QString nombre = QStringLiteral("Courier New");

@@ -62,10 +62,11 @@ void CambiarTipo(Puesto& p, CajaRegistradoraFull& v, PantallasVenta& pantallas, 
 // Nothing of what the kind on the screen takes has been entered: lines, an amount paid in advance, documents to settle.
 [[nodiscard]] bool SinEmpezar(const CajaRegistradoraFull& v);
 
-// Where the cashier has to look next: a control by name and, for the grid, a row counted from 0.
+// Where the cashier has to look next: a control by name and, for the grid, a row counted from 0 and its column.
 struct Foco {
   QString control;
   int fila = -1;
+  int columna = kCod;
 };
 
 // The checks before a commit. Gives nothing when the sale may be committed; otherwise the box has been shown.

@@ -11,9 +11,11 @@
 #include "foundation/estado_linea.h"
 #include "foundation/puesto.h"
 #include "foundation/rutinas.h"
+#include "platform/ui/lector_codigos.h"
 #include "platform/ui/linea_estado.h"
 #include "sale/caja_full_liquidacion.h"
 #include "sale/caja_full_totales.h"
+#include "sale/lectura.h"
 
 frmCajaRegistradoraFull::frmCajaRegistradoraFull(Puesto& p, PantallasVenta& pantallas, QWidget* padre)
     : Forma(QStringLiteral("frmCajaRegistradoraFull"), QStringLiteral(" Caja Registradora - Versión FULL "), padre),
@@ -44,6 +46,9 @@ frmCajaRegistradoraFull::frmCajaRegistradoraFull(Puesto& p, PantallasVenta& pant
   enlazarPagos();
   enlazarDocumentos();
   vigilarComas([this] { AvisarComaDecimal(p_); });
+  new LectorCodigos(
+      this, [this](const QString& leido) { return PuedeSerCodigo(leido, focusWidget() == txtRUC_); },
+      [this](const QString& leido) { alEscanear(leido); });
   resize(1024, 768);
 
   Inicio(p_, v_);
@@ -271,6 +276,21 @@ void frmCajaRegistradoraFull::trasTarjeta(ResultadoTarjeta r) {
   else irALineas();
 }
 
+// Looked up before anything is left: a code that is nobody's leaves the open cell or field as it is.
+void frmCajaRegistradoraFull::alEscanear(const QString& leido) {
+  ExigirFechaSistema(p_);
+  const auto codigo = ReconocerCodigo(p_, leido);
+  if (!codigo) {
+    QApplication::beep();
+    return;
+  }
+  if (!rejilla_->dejarCelda() || !importesSinComa()) return;
+  Foco foco;
+  con([&] { foco = TomarCodigo(p_, v_, pantallas_, *codigo); });
+  if (!foco.control.isEmpty()) enfocar(foco);
+  else QApplication::beep();
+}
+
 void frmCajaRegistradoraFull::espacio() {
   auto* campo = qobject_cast<QLineEdit*>(focusWidget());
   if (campo && campo->property("textoLibre").toBool()) campo->insert(QStringLiteral(" "));
@@ -290,7 +310,7 @@ void frmCajaRegistradoraFull::enfocar(QWidget* control) {
 }
 
 void frmCajaRegistradoraFull::enfocar(const Foco& foco) {
-  if (foco.control == rejilla_->objectName()) rejilla_->irA({foco.fila, kCod});
+  if (foco.control == rejilla_->objectName()) rejilla_->irA({foco.fila, foco.columna});
   else if (auto* control = findChild<QWidget*>(foco.control); control && !foco.control.isEmpty()) enfocar(control);
 }
 

@@ -64,6 +64,7 @@ class frmCajaRegistradoraFull final : public Forma {
   void agregarTX(int lista);
   void eliminarTX(int lista);
   int listaDelFoco() const;
+  void alEscanear(const QString& leido);
   void espacio();
   void verPestana(int n);
   void enfocar(QWidget* control);

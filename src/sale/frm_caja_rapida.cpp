@@ -12,11 +12,13 @@
 #include "foundation/estado_linea.h"
 #include "foundation/puesto.h"
 #include "foundation/rutinas.h"
+#include "platform/ui/lector_codigos.h"
 #include "platform/ui/linea_estado.h"
 #include "platform/ui/renglon.h"
 #include "platform/ui/tecla_articulo.h"
 #include "platform/ui/tema.h"
 #include "sale/caja_full.h"
+#include "sale/lectura.h"
 #include "sale/traspaso.h"
 
 namespace {
@@ -72,6 +74,9 @@ frmCajaRegistradora::frmCajaRegistradora(Puesto& p, PantallasVenta& pantallas, Q
   ponerPie(estado_);
   nuevasTeclas();
   vigilarComas([this] { AvisarComaDecimal(p_); });
+  new LectorCodigos(
+      this, [this](const QString& leido) { return PuedeSerCodigo(leido, focusWidget() == txtRuc_); },
+      [this](const QString& leido) { alEscanear(leido); });
   resize(1024, 768);
 
   AbrirRapida(p_, v_);
@@ -302,6 +307,19 @@ void frmCajaRegistradora::buscarTarjeta() {
   if (r == ResultadoTarjeta::NoExiste) enfocar(cliente_.txtTarjeta);
   else if (r == ResultadoTarjeta::VariosLocales && cliente_.dcbLocal->count() > 0) enfocar(cliente_.dcbLocal);
   else enfocar(v_.bVentaIniciada ? txtCantidad_ : cliente_.txtTarjeta);
+}
+
+void frmCajaRegistradora::alEscanear(const QString& leido) {
+  ExigirFechaSistema(p_);
+  const auto codigo = ReconocerCodigo(p_, leido);
+  if (!codigo) {
+    QApplication::beep();
+    return;
+  }
+  if (!importesSinComa()) return;
+  const QScopedValueRollback<bool> guarda(pulsando_, true);
+  recoger();
+  despues(TomarCodigo(p_, v_, pantallas_, *codigo));
 }
 
 void frmCajaRegistradora::espacio() {

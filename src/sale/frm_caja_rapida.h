@@ -47,6 +47,7 @@ class frmCajaRegistradora final : public Forma {
   void despues(const TrasTeclaRapida& tras);
   void salirCantidad();
   void buscarTarjeta();
+  void alEscanear(const QString& leido);
   void espacio();
   void enfocar(QWidget* control);
 

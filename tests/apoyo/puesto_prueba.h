@@ -70,8 +70,24 @@ class PuertosRegistro final : public Puertos {
   void enviarSinEsperar(const QString& archivo, const QString& puerto) override { copiar(archivo, puerto); }
   QList<ImpresoraSistema> impresoras() override { return lista; }
   QString impresoraPorDefecto() override { return lista.front().nombre; }
+  QStringList llevados;  // "PORT=PLACE", "PRINTER:PORT", as they were asked for
+  QString lugarDe(const QString& puerto) override { return lugares_.value(puerto); }
+  std::optional<QString> llevar(const QString& puerto, const QString& lugar) override {
+    llevados << puerto + u'=' + lugar;
+    lugares_[puerto] = lugar;
+    return {};
+  }
+  std::optional<QString> nombrar(const QString& impresora, const QString& puerto) override {
+    llevados << impresora + u':' + puerto;
+    for (auto& i : lista)
+      if (i.nombre == impresora) i.puerto = puerto;
+    return {};
+  }
   std::optional<QString> imprimir(const QString& impresora, const QString& letra, int tamano,
                                   const DocumentoImpreso& textos) override;
+
+ private:
+  QHash<QString, QString> lugares_;
 };
 
 struct ProcesoTerminado : std::runtime_error {

@@ -10,6 +10,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "apoyo/impresora_doble.h"
+#include "platform/io/estado_impresora.h"
+#include "platform/io/linea_impresora.h"
 #include "platform/io/perfil.h"
 
 namespace {
@@ -143,6 +146,83 @@ TEST_F(PuertosDelEquipo, DriverPrintsOfOwnPrintersAreKeptAsDocuments) {
   EXPECT_EQ(QString(), imprimir(puertos_, "Otra"));
   EXPECT_EQ(QStringLiteral("Ticketera_000001.pdf Otra"), sistema_.impreso.join(u' '));
   EXPECT_TRUE(imprimir(puertos_, "Ninguna").contains(QStringLiteral("Ninguna")));
+}
+
+using Doble = ImpresoraDoble;
+
+class PrinterOn : public PuertosDelEquipo, public testing::WithParamInterface<Doble::Linea> {};
+INSTANTIATE_TEST_SUITE_P(Lines, PrinterOn, testing::Values(Doble::Linea::Terminal, Doble::Linea::Red),
+                         [](const auto& l) { return l.param == Doble::Linea::Red ? "Network" : "Terminal"; });
+
+// What hinders it is told in words, and it gets nothing then.
+TEST_P(PrinterOn, IsAskedHowItIs) {
+  Doble doble(GetParam());
+  ASSERT_EQ(std::nullopt, puertos_.llevar(QStringLiteral("LPT1"), doble.lugar()));
+  EXPECT_EQ(doble.lugar(), puertos_.lugarDe(QStringLiteral("LPT1")));
+  const QByteArray una("\x1b@\0\xF1\r\n", 6);
+  const struct {
+    Doble::Animo animo;
+    const char* palabra;
+    int papeles;
+  } kCasos[] = {
+      {Doble::Animo::Bien, "", 1},
+      {Doble::Animo::SinPapel, "no tiene papel", 1},
+      {Doble::Animo::TapaAbierta, "tapa", 1},
+      {Doble::Animo::FueraDeLinea, "fuera de línea", 1},
+      {Doble::Animo::Bien, "", 2},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(c.palabra);
+    doble.animo = c.animo;
+    const QString palabras = copiar("LPT1");
+    if (*c.palabra == 0) EXPECT_EQ(QString(), palabras);
+    else EXPECT_TRUE(palabras.contains(QString::fromUtf8(c.palabra))) << qPrintable(palabras);
+    EXPECT_EQ(una.repeated(c.papeles), doble.papel(6 * c.papeles));
+  }
+}
+
+TEST_P(PrinterOn, ThatAnswersNothingIsAskedOnceAndPrints) {
+  Doble doble(GetParam());
+  doble.animo = Doble::Animo::Mudo;
+  const QString lugar = doble.lugar();
+  for (int n : {1, 2}) {
+    EXPECT_EQ(std::nullopt, puertos_.copiar(ruta("x.prn"), lugar)) << n;
+    EXPECT_EQ(6 * n, doble.papel(6 * n).size());
+  }
+  EXPECT_EQ(4, doble.preguntas());
+}
+
+TEST_F(PuertosDelEquipo, APrinterThatIsAwayOrTakesNothingIsGivenUpAndTold) {
+  QString esperado;
+  int ms = 0;
+  puertos_.alEsperar = [&](const QString& que, int van) {
+    esperado = que;
+    ms = std::max(ms, van);
+  };
+  QString lugar;
+  {
+    const Doble doble(Doble::Linea::Red);
+    lugar = doble.lugar();
+  }
+  EXPECT_TRUE(puertos_.copiar(ruta("x.prn"), lugar)->contains(QStringLiteral("no responde en la red")));
+  EXPECT_TRUE(puertos_.copiar(ruta("x.prn"), QStringLiteral("tcp:ticketera:9100"))->contains(u"en números"));
+  Doble doble(Doble::Linea::Red);
+  doble.animo = Doble::Animo::Atascada;
+  poner(ruta("x.prn"), QByteArray(16 << 20, 'x'));
+  EXPECT_TRUE(puertos_.copiar(ruta("x.prn"), doble.lugar())->contains(QStringLiteral("no recibe más datos")));
+  EXPECT_GE(ms, 9'000);
+  EXPECT_EQ(QString(), esperado) << "the wait is over";
+}
+
+TEST_F(PuertosDelEquipo, FindsDevicesAndQueues) {
+  QDir(carpeta_.path()).mkpath(QStringLiteral("dev/usb"));
+  for (const char* f : {"dev/usb/lp1", "dev/usb/lp0", "dev/ttyUSB0", "dev/lp0", "dev/tty1", "dev/null"})
+    poner(ruta(f), "");
+  sistema_.lista = {QStringLiteral("Oficina")};
+  PuertosSistema puertos(carpeta_.path(), &sistema_, ruta("dev"));
+  QStringList lugares = puertos.lugares();
+  lugares.replaceInStrings(ruta("dev"), QStringLiteral("/dev"));
+  EXPECT_EQ(QStringLiteral("/dev/usb/lp0 /dev/usb/lp1 /dev/lp0 /dev/ttyUSB0 cola:Oficina"), lugares.join(u' '));
 }
 
 }  // namespace

@@ -27,9 +27,10 @@ class BancoPostgres : public Preguntas {
 
 // An answer with all that a caller can see of it: names of the columns, kinds and texts of the cells; of an error its
 // numbers. Whole numbers and others are one kind: a column of the one engine is declared as the other's, not held so.
-inline QString respuestaEntera(Preguntas& b, const QString& sql) {
+inline QString respuestaEntera(Preguntas& b, const QString& sql, QString* palabras = nullptr) {
   Recordset rs;
   if (const auto e = b.cnn.consultar(Sql::crudo(sql), rs)) {
+    if (palabras) *palabras += e->descripcion + u'\n';
     return QStringLiteral("error %1 %2").arg(e->numero, 0, 16).arg(e->claveDuplicada());
   }
   QString t = rs.campos().join(u'|').toLower() + u'\n';

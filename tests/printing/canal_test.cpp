@@ -8,6 +8,7 @@
 #include "apoyo/casos.h"
 #include "apoyo/puesto_prueba.h"
 #include "platform/text/texto.h"
+#include "printing/ajustes_impresora.h"
 
 namespace {
 
@@ -40,6 +41,46 @@ TEST(Canal, ARawTextIsResetTextFeedCut) {
       q("p:1;kPAR_IMPRESORA:Ticketera;printer.Port:LPT1;psPuertoPrint:;kPAR_IMPRESORA_ALTERNA:Alterna;NameArchivo:") +
       p.rutas.enTemp(q("textfile.prn")) + q(";\r\n")))
       << qPrintable(registro(p, "Imp"));
+}
+
+// Each printer's own page, on its own route; the command behind the reset, since the reset forgets it.
+TEST(Canal, ThePaperIsInThePrintersCodePage) {
+  const struct {
+    Pagina pagina;
+    bool conOrden;
+    QByteArray comienzo, letras;
+  } kCasos[] = {
+      {Pagina::Windows1252, false, "\x1B@\r\n", "\xD1\xE1\xDA\x80"},
+      {Pagina::Windows1252, true, "\x1B@\x1Bt\x10\r\n", "\xD1\xE1\xDA\x80"},
+      {Pagina::Pc858, true, "\x1B@\x1Bt\x13\r\n", "\xA5\xA0\xE9\xD5"},
+      {Pagina::Pc850, true, "\x1B@\x1Bt\x02\r\n", "\xA5\xA0\xE9?"},
+      {Pagina::Pc437, true, QByteArray("\x1B@\x1Bt\x00\r\n", 7), "\xA5\xA0U?"},
+      {Pagina::Pc850, false, "\x1B@\r\n", "\xA5\xA0\xE9?"},
+  };
+  for (const auto& c : kCasos) {
+    SCOPED_TRACE(qPrintable(NombrePagina(c.pagina)));
+    PuestoPrueba p;
+    ASSERT_EQ(std::nullopt, GuardarAjustes(p, q("Alterna"), {c.pagina, c.conOrden}));
+    ImprimirDocumento(p, q("ÑáÚ€"), kImpresoraAlterna);
+    EXPECT_EQ(c.comienzo + c.letras + "\r\n" + kPie, p.papeles().papel[q("LPT2")]);
+    ImprimirDocumento(p, q("Ñ"), kImpresoraPrincipal);
+    EXPECT_EQ("\x1B@\r\n\xD1\r\n" + kPie, p.papeles().papel[q("LPT1")]) << "the other printer is left alone";
+    BloquesInforme b;
+    QString linea = q("Ñ");
+    AgregarLineaBloque(b, linea);
+    p.papeles().papel.clear();
+    ImprimirInforme(p, b, kImpresoraAlterna, q("repx"));
+    EXPECT_EQ(c.comienzo + c.letras.first(1) + "\r\n\r\n" + kPie, p.papeles().papel[q("LPT2")]);
+  }
+}
+
+TEST(Canal, TheTestPageHasAccentsCutAndDrawer) {
+  PuestoPrueba p;
+  EXPECT_EQ(std::nullopt, ImprimirPrueba(p, q("LPT1"), {Pagina::Pc850, true}, q("epson")));
+  const QByteArray papel = p.papeles().papel[q("LPT1")];
+  EXPECT_TRUE(papel.startsWith("\x1B@\x1Bt\x02\r\nTarvoPos"));
+  EXPECT_TRUE(papel.contains("\xB5\x90\xD6\xE0\xE9\x9A\xA5 \xA0\x82\xA1\xA2\xA3\x81\xA4"));
+  EXPECT_TRUE(papel.endsWith(kPie + QByteArray("\x1Bp\x00\x19\xFA\r\n", 7)));
 }
 
 TEST(Canal, RoutesByPrinterSelectorAndPort) {

@@ -4,26 +4,30 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
-#include <cerrno>
+#include <QScopeGuard>
 
 #include "platform/io/archivo.h"
+#include "platform/io/estado_impresora.h"
+#include "platform/io/linea_impresora.h"
 #include "platform/io/perfil.h"
 #include "platform/io/senales.h"
 #include "platform/text/texto.h"
 
-#ifdef Q_OS_UNIX
-#include <fcntl.h>
-#include <poll.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
-
 namespace {
 
 constexpr qint64 kMaximoEnvio = 64 << 20;
-constexpr int kEsperaDispositivo_ms = 10'000;
+constexpr int kCola_ms = 10'000;
 const QString kImpresoraPdf = QStringLiteral("Impresora PDF");
 const QString kPuertoPorDefecto = QStringLiteral("LPT1");
+const QString kRed = QStringLiteral("tcp:"), kCola = QStringLiteral("cola:");
+const QString kPuertos = QStringLiteral("PUERTOS"), kImpresoras = QStringLiteral("IMPRESORAS");
+
+bool esCola(const QString& lugar) { return lugar.startsWith(kCola, Qt::CaseInsensitive); }
+
+// A place that needs no map: it can't be the name of a port.
+bool esLugar(const QString& nombre) {
+  return nombre.startsWith(kRed, Qt::CaseInsensitive) || esCola(nombre) || nombre.startsWith(u"/dev/");
+}
 
 // A name that may stand in a folder on every system.
 QString comoArchivo(const QString& nombre) {
@@ -35,50 +39,22 @@ QString comoArchivo(const QString& nombre) {
   return sale.isEmpty() ? QStringLiteral("_") : sale;
 }
 
-#ifdef Q_OS_UNIX
-// An open file whose failures read as system error numbers; a device that takes no more is given up after a while.
-class ArchivoAbierto {
- public:
-  ArchivoAbierto(const QString& ruta, bool crear) {
-    fd_ = ::open(QFile::encodeName(ruta).constData(),
-                 O_WRONLY | O_APPEND | O_NOCTTY | O_CLOEXEC | O_NONBLOCK | (crear ? O_CREAT : 0), 0666);
-  }
-  ~ArchivoAbierto() {
-    if (fd_ >= 0) ::close(fd_);
-  }
-  ArchivoAbierto(const ArchivoAbierto&) = delete;
-  ArchivoAbierto& operator=(const ArchivoAbierto&) = delete;
-
-  // 0 when all bytes are out and, for a file, on the disk.
-  int escribir(const QByteArray& bytes) {
-    if (fd_ < 0) return errno;
-    qsizetype van = 0;
-    while (van < bytes.size()) {
-      const ssize_t n = ::write(fd_, bytes.constData() + van, static_cast<size_t>(bytes.size() - van));
-      if (n >= 0) {
-        van += n;
-      } else if (errno == EAGAIN) {
-        pollfd espera{fd_, POLLOUT, 0};
-        const int r = ::poll(&espera, 1, kEsperaDispositivo_ms);
-        if (r == 0) return ETIMEDOUT;
-        if (r < 0 && errno != EINTR) return errno;
-      } else if (errno != EINTR) {
-        return errno == EPIPE ? ENXIO : errno;
-      }
-    }
-    if (::fsync(fd_) == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS) return 0;
-    return errno;
-  }
-
- private:
-  int fd_;
-};
-#endif
-
 QByteArray comoBytes(const QStringList& textos) {
   QString todo;
   for (const QString& t : textos) todo += t + QStringLiteral("\r\n");
   return AUnByte(todo);
+}
+
+// What section [PUERTOS] has for a port, "" for nothing.
+QString lugarEscrito(const QString& configuracion, const QString& puerto) {
+  QString mapa;
+  for (const auto& [clave, valor] : LeerSeccionPerfil(configuracion, kPuertos)) {
+    const bool igual = clave.compare(puerto, Qt::CaseInsensitive) == 0;
+    const bool sinDosPuntos = puerto.endsWith(u':') && clave.compare(puerto.chopped(1), Qt::CaseInsensitive) == 0;
+    if (igual || sinDosPuntos) mapa = valor;
+    if (igual) break;
+  }
+  return mapa;
 }
 
 }  // namespace
@@ -86,37 +62,21 @@ QByteArray comoBytes(const QStringList& textos) {
 struct PuertosSistema::Destino {
   QString ruta;
   bool crear = false;  // a file that is made when it isn't there; a device never is
-
-  std::optional<QString> agregar(const QByteArray& bytes) const {
-    QFile f(ruta);
-#ifdef Q_OS_UNIX
-    const int error = ArchivoAbierto(ruta, crear).escribir(bytes);
-    if (error != 0) return PalabrasDeError(error, f);
-#else
-    errno = 0;
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered)) return PalabrasDeError(errno, f);
-    if (f.write(bytes) != bytes.size() || !AlDisco(f)) return PalabrasDeError(errno, f);
-#endif
-    return {};
-  }
 };
 
-PuertosSistema::PuertosSistema(const QString& carpeta, ImpresorasSistema* sistema)
-    : carpeta_(carpeta), sistema_(sistema) {
+PuertosSistema::PuertosSistema(const QString& carpeta, ImpresorasSistema* sistema, const QString& aparatos)
+    : carpeta_(carpeta), sistema_(sistema), aparatos_(aparatos) {
   FallasDeEscrituraComoErrores();  // a printer server that hangs up must not end the till
 }
 
+QString PuertosSistema::configuracion() const { return carpeta_ + QStringLiteral("/KEB.cfg"); }
+
 PuertosSistema::Destino PuertosSistema::destinoDe(const QString& puerto) const {
   QString nombre = puerto.trimmed();
-  QString mapa;
-  for (const auto& [clave, valor] :
-       LeerSeccionPerfil(carpeta_ + QStringLiteral("/KEB.cfg"), QStringLiteral("PUERTOS"))) {
-    const bool igual = clave.compare(nombre, Qt::CaseInsensitive) == 0;
-    const bool sinDosPuntos = nombre.endsWith(u':') && clave.compare(nombre.chopped(1), Qt::CaseInsensitive) == 0;
-    if (igual || sinDosPuntos) mapa = valor;
-    if (igual) break;
-  }
+  QString mapa = lugarEscrito(configuracion(), nombre);
+  if (mapa.isEmpty() && esLugar(nombre)) mapa = nombre;
   if (!mapa.isEmpty()) {
+    if (mapa.startsWith(kRed, Qt::CaseInsensitive) || esCola(mapa)) return {mapa, false};
     const QString ruta = QDir(carpeta_).absoluteFilePath(mapa);
     return {ruta, !ruta.startsWith(QStringLiteral("/dev/")) && !ruta.startsWith(QStringLiteral("\\\\.\\"))};
   }
@@ -143,7 +103,7 @@ std::optional<QString> PuertosSistema::copiar(const QString& archivo, const QStr
   }
   const Destino d = destinoDe(puerto);
   if (d.crear) QDir().mkpath(QFileInfo(d.ruta).path());
-  if (const auto e = d.agregar(bytes)) {
+  if (const auto e = esCola(d.ruta) ? enCola(archivo, d.ruta.mid(kCola.size())) : enviar(d, bytes)) {
     return QStringLiteral(
                "No se pudo enviar al puerto %1 (%2): %3. Revise la impresora y vuelva a imprimir el documento.")
         .arg(puerto, d.ruta, *e);
@@ -151,10 +111,47 @@ std::optional<QString> PuertosSistema::copiar(const QString& archivo, const QStr
   return {};
 }
 
+std::optional<QString> PuertosSistema::enviar(const Destino& d, const QByteArray& bytes) {
+  LineaImpresora linea;
+  if (const auto e = linea.abrir(d.ruta, d.crear, alEsperar)) return e;
+  if (linea.responde() && !calladas_.contains(d.ruta)) {
+    const EstadoImpresora estado = PreguntarEstado(linea);
+    if (!estado.responde) calladas_.insert(d.ruta);  // not asked again: each time would cost the customer's
+    if (const auto e = estado.impedimento()) return e;
+  }
+  return linea.escribir(bytes);
+}
+
+// The system's own command, since a queue takes raw bytes by no other way that all systems of printing share.
+std::optional<QString> PuertosSistema::enCola(const QString& archivo, const QString& cola) const {
+  const auto alFinal = qScopeGuard([this] {
+    if (alEsperar) alEsperar({}, 0);
+  });
+  QProcess lp;
+  lp.start(QStringLiteral("lp"),
+           {QStringLiteral("-d"), cola, QStringLiteral("-o"), QStringLiteral("raw"), QStringLiteral("--"), archivo});
+  int van = 0;
+  for (; !lp.waitForFinished(kPasoEspera_ms); van += kPasoEspera_ms) {
+    if (lp.error() == QProcess::FailedToStart) {
+      return QStringLiteral("este equipo no tiene la orden lp de su sistema de impresión");
+    }
+    if (van >= kCola_ms) {
+      lp.kill();
+      lp.waitForFinished(kPasoEspera_ms);
+      return QStringLiteral("la cola %1 no acepta el documento").arg(cola);
+    }
+    if (alEsperar) alEsperar(QStringLiteral("Esperando a la impresora…"), van);
+  }
+  if (lp.exitStatus() == QProcess::NormalExit && lp.exitCode() == 0) return {};
+  const QString palabras = QString::fromLocal8Bit(lp.readAllStandardError()).simplified();
+  return palabras.isEmpty() ? QStringLiteral("la cola %1 no acepta el documento").arg(cola) : palabras;
+}
+
 void PuertosSistema::enviarSinEsperar(const QString& archivo, const QString& puerto) {
   const Destino d = destinoDe(puerto);
-  if (d.crear) {  // a file takes the bytes at once, there is nothing to wait for
-    copiar(archivo, puerto);
+  // A file takes the bytes at once; an address or a queue is nothing that a command could write into.
+  if (d.crear || esCola(d.ruta) || d.ruta.startsWith(kRed, Qt::CaseInsensitive)) {
+    (void)copiar(archivo, puerto);
     return;
   }
 #ifdef Q_OS_WIN
@@ -168,7 +165,7 @@ void PuertosSistema::enviarSinEsperar(const QString& archivo, const QString& pue
 
 QList<ImpresoraSistema> PuertosSistema::impresoras() {
   QList<ImpresoraSistema> lista;
-  auto propias = LeerSeccionPerfil(carpeta_ + QStringLiteral("/KEB.cfg"), QStringLiteral("IMPRESORAS"));
+  auto propias = LeerSeccionPerfil(configuracion(), kImpresoras);
   if (sistema_) {
     for (const QString& nombre : sistema_->nombres()) {
       // A system printer named in the section too takes its port from there.
@@ -184,6 +181,37 @@ QList<ImpresoraSistema> PuertosSistema::impresoras() {
   for (const auto& [nombre, puerto] : propias) lista << ImpresoraSistema{nombre, puerto};
   if (lista.isEmpty()) lista << ImpresoraSistema{kImpresoraPdf, kPuertoPorDefecto};
   return lista;
+}
+
+// USB printers first, then parallel ports, then what is serial: adapters, and ports that have a chip behind them.
+QStringList PuertosSistema::lugares() {
+  QStringList lista;
+  const QDir raiz(aparatos_);
+  for (const char* patron : {"usb/lp*", "lp*", "ttyUSB*", "ttyACM*", "ttyS*"}) {
+    const QFileInfo grupo(QString::fromLatin1(patron));
+    const QDir carpeta(raiz.filePath(grupo.path()));
+    for (const QString& nombre : carpeta.entryList({grupo.fileName()}, QDir::System | QDir::Files, QDir::Name)) {
+      QFile clase(QStringLiteral("/sys/class/tty/%1/type").arg(nombre));
+      const bool vacia =
+          clase.open(QIODevice::ReadOnly) && clase.readAll().trimmed() == "0" && nombre.startsWith(u"ttyS");
+      if (!vacia) lista << QDir::cleanPath(carpeta.filePath(nombre));
+    }
+  }
+  if (sistema_) {
+    for (const QString& nombre : sistema_->nombres()) lista << kCola + nombre;
+  }
+  return lista;
+}
+
+QString PuertosSistema::lugarDe(const QString& puerto) { return lugarEscrito(configuracion(), puerto.trimmed()); }
+
+std::optional<QString> PuertosSistema::llevar(const QString& puerto, const QString& lugar) {
+  calladas_.remove(lugar);  // another printer may stand there now
+  return EscribirPerfil(configuracion(), kPuertos, puerto.trimmed(), lugar);
+}
+
+std::optional<QString> PuertosSistema::nombrar(const QString& impresora, const QString& puerto) {
+  return EscribirPerfil(configuracion(), kImpresoras, impresora, puerto);
 }
 
 QString PuertosSistema::impresoraPorDefecto() {

@@ -122,7 +122,7 @@ QString Edicion::texto(bool conLiterales) const {
     cambiar(i);
     const QStringView entre = sql_.mid(hasta, tokens_[i].ini - hasta);
     // Comments nest there.
-    if (palabras_.tipado && !entre.isEmpty()) sale += u' ';
+    if (palabras_.tipado && (entre.contains(u"--") || entre.contains(u"/*"))) sale += u' ';
     else sale += entre;
     sale += ediciones_[i].antes;
     const QString nuevo = deToken(static_cast<int>(i), conLiterales, parametro);

@@ -67,6 +67,22 @@ Reescritura Reescritor::correr() {
   return r;
 }
 
+void Reescritor::nombrar(int token) {
+  static constexpr QStringView kReservadas[] = {
+      u"ADD",     u"ALL",    u"ALTER",       u"AND",        u"AS",         u"BETWEEN", u"CASE",     u"CHECK",
+      u"COLLATE", u"COMMIT", u"CREATE",      u"CONSTRAINT", u"DEFAULT",    u"DELETE",  u"DISTINCT", u"DROP",
+      u"ELSE",    u"ESCAPE", u"EXISTS",      u"FOREIGN",    u"FROM",       u"GROUP",   u"HAVING",   u"IN",
+      u"INDEX",   u"INSERT", u"INTO",        u"IS",         u"JOIN",       u"LIKE",    u"NOT",      u"NULL",
+      u"ON",      u"OR",     u"ORDER",       u"PRIMARY",    u"REFERENCES", u"SELECT",  u"SET",      u"TABLE",
+      u"THEN",    u"TO",     u"TRANSACTION", u"UNION",      u"UNIQUE",     u"UPDATE",  u"USING",    u"VALUES",
+      u"WHEN",    u"WHERE",  u"LIMIT",       u"RETURNING",  u"ISNULL",     u"NOTNULL", u"TOP"};
+  if (!m_.tipado || tk(token).tipo != TipoToken::Nombre) return;
+  const bool ajena = tk(token).texto[0] == u'#' || std::any_of(std::begin(kReservadas), std::end(kReservadas),
+                                                               [&](QStringView r) { return tk(token).es(r); });
+  if (ajena) malEscrita(token);
+  e_.reemplazar(token, m_.citado(tk(token).texto.toString()));
+}
+
 // WITH name [(columns)] AS (SELECT ...), ...: tables that the statement behind them names.
 void Reescritor::comunes() {
   if (!m_.recursiva.isEmpty()) e_.despues(p_, m_.recursiva.toString());
@@ -182,7 +198,7 @@ std::vector<Columna> Reescritor::nucleo(const std::vector<Columna>* destino, con
   const bool conTope = leerTope(tope);
   const int lista = p_;
   const int desde = buscarDesde(p_);
-  if (m_.tipado && desde == lista && error_.isEmpty()) error_ = QStringLiteral("Falta la lista de columnas.");
+  if (desde == lista) malEscrita(desde);
   // The columns of the first SELECT say how the rows of all are told apart.
   for (int i = desde, abiertos = 0; !distinto && tk(i).tipo != TipoToken::Fin && abiertos >= 0; ++i) {
     if (tk(i).op(u"(")) ++abiertos;

@@ -165,6 +165,7 @@ class Reescritor {
   bool empieza(const Nodo& columna, const Nodo& patron) const;
   QString tramoDePatron(const Nodo& columna, const Nodo& patron);
   const Columna* columna(const QString& alias, const QString& nombre) const;
+  bool esAjena(const QString& alias, const QString& nombre) const;
 
   Ambito& ambito() { return ambitos_.back(); }
   const Ambito& ambito() const { return ambitos_.back(); }
@@ -179,10 +180,13 @@ class Reescritor {
     if (tk(p_).tipo != TipoToken::Fin) ++p_;
     return true;
   }
-  // A name as the engine takes it, whatever its words are.
-  void nombrar(int token) {
-    if (m_.tipado && tk(token).tipo == TipoToken::Nombre) e_.reemplazar(token, m_.citado(tk(token).texto.toString()));
+  // What a typed engine might read in a way of its own is no statement of the dialect.
+  void malEscrita(int token) {
+    if (m_.tipado && error_.isEmpty())
+      error_ = QStringLiteral("Sintaxis incorrecta cerca de '%1'.").arg(tk(token).texto);
   }
+  // A name as a typed engine takes it, whatever its words are; the dialect's own stay no names.
+  void nombrar(int token);
   // A literal is bound only where its scope says so: elsewhere the engine matches expressions by their text.
   void ligar(int token);
 

@@ -94,7 +94,7 @@ Nodo Reescritor::binario(Nodo izq, int op, int prec) {
   }
   Nodo der = expresion(prec + 1);
   const Nodo logico{izq.ini, p_, der.vacio() ? Tipo::Desconocido : Tipo::Logico};
-  if (der.vacio()) return logico;
+  if (der.vacio()) return malEscrita(p_), logico;
   switch (prec) {
     case kO:
     case kY:
@@ -155,8 +155,10 @@ Nodo Reescritor::predicado(Nodo izq, int op) {
   } else if (come(u"BETWEEN")) {
     Nodo desde = expresion(kUnir);
     comparar(izq, desde, true);
+    if (desde.vacio() || !es(u"AND")) malEscrita(p_);
     if (come(u"AND")) {
       Nodo hasta = expresion(kUnir);
+      if (hasta.vacio()) malEscrita(p_);
       comparar(izq, hasta, true);
     }
   } else if (come(u"IN")) {
@@ -164,7 +166,7 @@ Nodo Reescritor::predicado(Nodo izq, int op) {
   } else if (come(u"LIKE")) {
     const int signo = p_ - 1;
     const Nodo patron = expresion(kUnir);
-    if (patron.vacio()) return {izq.ini, p_, Tipo::Logico};
+    if (patron.vacio()) return malEscrita(p_), Nodo{izq.ini, p_, Tipo::Logico};
     if (izq.tipo == Tipo::Fecha || (m_.tipado && izq.tipo != Tipo::Texto)) comoTexto(izq);
     const QString tramo = negado || es(u"ESCAPE") ? QString() : tramoDePatron(izq, patron);
     const bool conEscape = es(u"ESCAPE");
@@ -202,7 +204,7 @@ bool Reescritor::alinear(Nodo& sujeto, std::vector<Nodo>& valores) {
 
 Nodo Reescritor::enLista(Nodo izq, int op) {
   Nodo n{izq.ini, p_, Tipo::Logico};
-  if (!comeOp(u"(")) return n;
+  if (!comeOp(u"(")) return malEscrita(p_), n;
   if (es(u"SELECT") || tk(p_).op(u"(")) {
     const int dentro = p_;
     const std::vector<Columna> de = seleccion();
@@ -275,6 +277,7 @@ Nodo Reescritor::parentesis() {
     n.tipo = dentro.tipo;
     n.literal = dentro.literal;
     n.nombre = dentro.nombre;
+    if (tk(p_).op(u",")) malEscrita(p_);  // rows are no values
     while (comeOp(u",")) expresion();
   }
   if (!comeOp(u")")) {
@@ -339,6 +342,8 @@ Nodo Reescritor::nombreOLlamada() {
     n.tipo = c->tipo;
     n.columna = c->real;
     n.sinCaso = c->sinCaso;
+  } else if (m_.tipado && esAjena(alias, n.nombre)) {
+    malEscrita(ultimo);
   }
   return n;
 }

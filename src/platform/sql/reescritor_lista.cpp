@@ -65,7 +65,9 @@ void Reescritor::unaColumna(int fin, std::vector<Columna>& salida, const std::ve
     e_.borrar(alias + 1);
     e_.despues(n.fin - 1, QStringLiteral(" AS ") + m_.citado(c.nombre));
   } else if (const bool conAs = come(u"AS"); conAs || tk(p_).nombre() || tk(p_).tipo == TipoToken::Texto) {
+    if (conAs && (p_ >= fin || !(tk(p_).nombre() || tk(p_).tipo == TipoToken::Texto))) malEscrita(p_);
     if (p_ < fin) {
+      nombrar(p_);
       if (m_.tipado) e_.reemplazar(p_, (conAs ? QString() : QStringLiteral("AS ")) + m_.citado(contenido(tk(p_))));
       c.nombre = contenido(tk(p_++));
     }

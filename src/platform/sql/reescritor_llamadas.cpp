@@ -255,6 +255,7 @@ Nodo Reescritor::convertir(int ini) {
   const TipoSql tipo = tipoSql();
   const QString funcion = funcionDeTipo(tipo);
   if (!tk(p_).op(u",") || funcion.isEmpty()) {
+    malEscrita(p_);
     hastaCerrar();
     return {ini, p_, Tipo::Desconocido, true};
   }
@@ -294,6 +295,7 @@ Nodo Reescritor::moldear(int ini) {
   Nodo valor = expresion();
   const int como = p_;
   if (!come(u"AS")) {
+    malEscrita(p_);
     hastaCerrar();
     return {ini, p_, Tipo::Desconocido, true};
   }
@@ -312,6 +314,9 @@ Nodo Reescritor::moldear(int ini) {
     if (tipo.tipo == Tipo::Texto && valor.tipo == Tipo::Fecha) e_.antes(p_, QStringLiteral(",0"));
     if (tipo.tipo == Tipo::Numero) e_.despues(ini + 1, QString::number(tipo.decimales.toInt()) + u',');
   }
-  if (!comeOp(u")")) hastaCerrar();
+  if (!comeOp(u")")) {
+    malEscrita(p_);
+    hastaCerrar();
+  }
   return {ini, p_, tipo.tipo, true};
 }

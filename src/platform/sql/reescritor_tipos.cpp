@@ -15,6 +15,19 @@ const Columna* Reescritor::columna(const QString& alias, const QString& nombre) 
   return nullptr;
 }
 
+// A name that is no column: a typed engine gives a whole row for a table's, and has columns of its own in every one.
+bool Reescritor::esAjena(const QString& alias, const QString& nombre) const {
+  for (const QStringView propia : {u"ctid", u"xmin", u"xmax", u"cmin", u"cmax", u"tableoid"}) {
+    if (nombre.compare(propia, Qt::CaseInsensitive) == 0) return true;
+  }
+  for (const Ambito& a : ambitos_) {
+    for (const Fuente& f : a.fuentes) {
+      if (alias.isEmpty() && f.alias.compare(nombre, Qt::CaseInsensitive) == 0) return true;
+    }
+  }
+  return false;
+}
+
 Tipo Reescritor::comun(Tipo a, Tipo b) const {
   if (a == b || b == Tipo::Nulo) return a;
   if (a == Tipo::Nulo) return b;

@@ -15,6 +15,8 @@ class Detras {
  public:
   Detras() : ventana_(QApplication::activeModalWidget()) {
     if (!ventana_) ventana_ = QApplication::activeWindow();
+    // An answer that was pressed before the question could be seen is none.
+    if (QApplication::overrideCursor()) DescartarPulsaciones();
     // A box asks: whatever was going on, the cursor must not say "wait".
     while (QApplication::overrideCursor()) {
       cursores_.push_back(*QApplication::overrideCursor());

@@ -1,5 +1,6 @@
 #pragma once
 #include "platform/io/mensajes.h"
+#include "platform/ui/cartel_ocupado.h"
 
 class QWidget;
 
@@ -10,4 +11,10 @@ class MensajesVentana final : public Mensajes {
   bool preguntar(const QString& texto, const QString& titulo = kTitulo, bool siPorDefecto = true) override;
   std::optional<QString> pedir(const QString& texto, const QString& titulo = kTitulo,
                                const QString& porDefecto = {}) override;
+
+ protected:
+  void mostrarOcupado(const QString& que) override { cartel_.mostrar(que); }
+
+ private:
+  CartelOcupado cartel_;
 };

@@ -86,6 +86,8 @@ QLabel[papel="suave"] { font-size: 11pt; color: @tintaSuave; }
 QLabel[papel="bien"] { font-size: 11pt; color: @bien; font-weight: 600; }
 QLabel[papel="cuidado"] { font-size: 12pt; color: @cuidado; background: @fondoCuidado; padding: 8px 12px;
     border-radius: 4px; }
+QLabel[papel="ocupado"] { font-size: 14pt; color: @cuidado; background: @fondoCuidado; padding: 16px 28px;
+    border: 1px solid @cuidado; border-radius: 6px; }
 QLabel[papel="alto"] { font-size: 11pt; color: @alto; font-weight: 600; }
 
 QFrame[papel="tarjeta"] { background: @superficie; border: 1px solid @linea; border-radius: 6px; }

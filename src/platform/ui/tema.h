@@ -5,7 +5,7 @@
 //     QPushButton  "principal" the one main button; "grande" a main button of the home screen; "tecla" a key of the
 //                  quick register (with "asignada" true or false); "accion" a key of the bottom row
 //     QLabel       "titular" the line of the day's state; "sentencia" what is asked; "suave" hints and notes;
-//                  "bien", "cuidado", "alto" status words
+//                  "bien", "cuidado", "alto" status words; "ocupado" what a long step is doing
 //     QFrame       "tarjeta" a card on the ground; "pantalla" the dark display
 //     QLabel in a display: "cifra" the total, "vuelto" the change, "leyenda" a caption, "articulo" its 18 pt lines
 //     QTableView   "registro" the lines of a register; "impreso" lines as the paper shows them
