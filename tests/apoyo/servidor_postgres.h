@@ -1,6 +1,6 @@
 #pragma once
-// The PostgreSQL server of the tests: the one at TARVOPOS_PG ("host:port", user postgres without a password), else one
-// of its own in a temporary folder, started with the first test that asks for it and stopped at the end of the program.
+// The PostgreSQL server of the dialect's tests: the one at TARVOPOS_PG ("host:port", user postgres without a password),
+// else the test program's own (servidor_prueba.h).
 #include <QString>
 
 class ServidorPostgres {
@@ -9,7 +9,7 @@ class ServidorPostgres {
   static ServidorPostgres& uno();
   ~ServidorPostgres();
 
-  QString servidor() const { return servidor_; }  // host:port
+  QString servidor() const;  // host:port
   // A new database with the dialect's functions and a clock that stands still, 24/11/2026 17:05:30; its name.
   QString crearBase();
   void borrarBase(const QString& nombre);
@@ -19,9 +19,7 @@ class ServidorPostgres {
 
  private:
   ServidorPostgres();
-  void arrancar();
 
-  QString servidor_, plantilla_, carpeta_;
-  qint64 proceso_ = 0;
+  QString plantilla_;
   int bases_ = 0;
 };
