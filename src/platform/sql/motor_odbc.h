@@ -14,7 +14,7 @@ struct RespuestaOdbc;
 QString cadenaOdbc(const CadenaConexion& cadena, const QStringList& dsn);
 
 // A Microsoft SQL Server through ODBC. Statements go to it as they are, in Transact-SQL. Every call runs on a thread of
-// its own and is given up when its time has passed, whatever the driver does meanwhile; the connection fails from then on.
+// its own and is given up when its time has passed, whatever the driver does meanwhile; the connection is dead then.
 class MotorOdbc final : public Motor {
  public:
   // Opens within `espera_ms`; each statement has the same time. `error.numero` is kErrorTiempo when it passes.
