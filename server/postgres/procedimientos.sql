@@ -61,7 +61,7 @@ BEGIN
     DELETE FROM dbo.tcabeceraz1 WHERE ccajacodi = rtrim(p_caja) AND nidestado = -1;
   END IF;
   RETURN QUERY INSERT INTO dbo.tcabeceraz1 (ccajacodi, nidestado, dfecha)
-    VALUES (rtrim(p_caja), p_estado, date_trunc('second', clock_timestamp())) RETURNING idz1;
+    VALUES (rtrim(p_caja), p_estado, dbo.tp_ahora()) RETURNING idz1;
 END $$;
 
 -- The mean price of each article over all its rows; Null where quantities cancel out.
@@ -75,12 +75,13 @@ $$;
 -- One row for each till, day, warehouse, type of document and article: the first takes the sums, the others go.
 CREATE PROCEDURE dbo.spr_agrupar_z1(p_id bigint) LANGUAGE sql AS $$
   WITH fila AS (
-    SELECT ctid AS esta, MIN(ctid) OVER g AS primera, SUM(nprodcant) OVER g AS cantidad, SUM(nmonto) OVER g AS monto
+    SELECT tableoid AS parte, ctid AS esta, row_number() OVER (g ORDER BY tableoid, ctid) AS n,
+      SUM(nprodcant) OVER g AS cantidad, SUM(nmonto) OVER g AS monto
     FROM dbo.tdetallez1 WHERE nidz1 = p_id
     WINDOW g AS (PARTITION BY ccajacodi, doperfech::date, calmacode, cdoctipo, cprodcode)),
-  sobra AS (DELETE FROM dbo.tdetallez1 t USING fila f WHERE t.ctid = f.esta AND f.esta <> f.primera)
+  sobra AS (DELETE FROM dbo.tdetallez1 t USING fila f WHERE t.tableoid = f.parte AND t.ctid = f.esta AND f.n > 1)
   UPDATE dbo.tdetallez1 t SET nprodcant = f.cantidad, nmonto = f.monto FROM fila f
-  WHERE t.ctid = f.esta AND f.esta = f.primera;
+  WHERE t.tableoid = f.parte AND t.ctid = f.esta AND f.n = 1;
 $$;
 
 -- The movements of the days that the till has sent something of, by the mark of the rows here.
@@ -238,7 +239,7 @@ END $$;
 -- Mails wait in a table of the central database; who sends them from there is not the till's business.
 CREATE PROCEDURE dbo.sp_send_cdosysmail(p_de text, p_para text, p_asunto text, p_cuerpo text) LANGUAGE sql AS $$
   INSERT INTO dbo.correosalida (dfecha, vde, vpara, vasunto, vcuerpo)
-  VALUES (date_trunc('second', clock_timestamp()), p_de, p_para, p_asunto, p_cuerpo);
+  VALUES (dbo.tp_ahora(), p_de, p_para, p_asunto, p_cuerpo);
 $$;
 
 -- The tax rate as a fraction; Null where none is set.

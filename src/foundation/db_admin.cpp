@@ -61,9 +61,15 @@ bool clsDBAdmin::AbrirBD(Conexion& cnn, const QString& cadena, bool flagMensaje,
 
 void clsDBAdmin::CerrarBD(Conexion& cnn) { cnn.cerrar(); }
 
+// A server that fell silent in the middle is left alone by the sales of the next minute, like one that can't be opened.
+void clsDBAdmin::anotarSilencio(const Conexion& cnn, const ErrorBD& error) {
+  if (error.numero == kErrorTiempo) p_.ses.tiempoAgotado.insert(cnn.cadena(), p_.reloj.now());
+}
+
 bool clsDBAdmin::EjecutarConsulta(Conexion& cnn, const Sql& sql, Recordset& rs) {
   const auto error = cnn.consultar(sql, rs);
   if (!error) return true;
+  anotarSilencio(cnn, *error);
   p_.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + sql.texto(cnn.dialecto()));
   return false;
 }
@@ -71,6 +77,7 @@ bool clsDBAdmin::EjecutarConsulta(Conexion& cnn, const Sql& sql, Recordset& rs) 
 bool clsDBAdmin::EjecutarSentencia(Conexion& cnn, const Sql& sql, bool flagMensaje, qint64* afectadas) {
   const auto error = cnn.ejecutar(sql, afectadas);
   if (!error) return true;
+  anotarSilencio(cnn, *error);
   if (flagMensaje && !error->claveDuplicada()) {
     p_.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + sql.texto(cnn.dialecto()));
   }

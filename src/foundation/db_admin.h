@@ -34,6 +34,8 @@ class clsDBAdmin {
                                        qint64* afectadas = nullptr);
 
  private:
+  void anotarSilencio(const Conexion& cnn, const ErrorBD& error);
+
   Puesto& p_;
   QString ultimoFallo_;
 };

@@ -1,5 +1,9 @@
 #include "foundation/transaccion.h"
 
+namespace {
+constexpr int kVeces = 10;  // a knot of locks in a row is rare; so many are a fault
+}
+
 std::optional<ErrorBD> EnTransaccion(Conexion& cnn, const std::function<std::optional<ErrorBD>()>& pasos) {
   auto error = cnn.iniciar();
   if (error) return error;
@@ -25,5 +29,11 @@ std::optional<ErrorBD> EjecutarTodas(Conexion& cnn, const std::vector<Sql>& sent
 }
 
 std::optional<ErrorBD> EjecutarJuntas(Conexion& cnn, const std::vector<Sql>& sentencias, Sql* laQueFallo) {
-  return EnTransaccion(cnn, [&] { return EjecutarTodas(cnn, sentencias, laQueFallo); });
+  std::optional<ErrorBD> error;
+  for (int vez = 0; vez < kVeces; ++vez) {
+    if (laQueFallo) *laQueFallo = Sql();
+    error = EnTransaccion(cnn, [&] { return EjecutarTodas(cnn, sentencias, laQueFallo); });
+    if (!error || !error->repetible()) break;
+  }
+  return error;
 }

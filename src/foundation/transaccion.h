@@ -16,6 +16,7 @@
 [[nodiscard]] std::optional<ErrorBD> EjecutarTodas(Conexion& cnn, const std::vector<Sql>& sentencias,
                                                    Sql* laQueFallo = nullptr);
 
-// The same as one transaction. `laQueFallo` is left alone when it could not begin or end.
+// The same as one transaction, begun again when a server has broken a knot of locks with it. `laQueFallo` gets no
+// statement when it could not begin or end.
 [[nodiscard]] std::optional<ErrorBD> EjecutarJuntas(Conexion& cnn, const std::vector<Sql>& sentencias,
                                                     Sql* laQueFallo = nullptr);

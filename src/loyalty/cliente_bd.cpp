@@ -59,11 +59,11 @@ ResultadoCliente ActuarEnCliente(Puesto& p, const std::function<std::optional<Er
   Sql laQueFallo;
   const auto error = EnTransaccion(p.poCnnCliente, [&] { return pasos(laQueFallo); });
   if (!error) return ResultadoCliente::Hecho;
-  if (!laQueFallo.vacia()) {
+  if (!laQueFallo.vacia() && error->numero == kErrorSentencia) {
     p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + laQueFallo.texto(p.poCnnCliente.dialecto()));
     return ResultadoCliente::Fallo;
   }
-  // Locked by another program or gone: closing undoes what was begun, and a sale leaves it alone for a while.
+  // Locked by another program, full or gone: closing undoes what was begun, and a sale leaves it alone for a while.
   p.poDBAdmin.CerrarBD(p.poCnnCliente);
   p.ses.tiempoAgotado.insert(p.ses.psConexionCliente, p.reloj.now());
   anotarConexion(p, false, mensaje);

@@ -13,9 +13,13 @@
 namespace {
 
 // The disk is not what is tested.
-const QStringList kAjustes{QStringLiteral("fsync=off"),           QStringLiteral("full_page_writes=off"),
-                           QStringLiteral("shared_buffers=32MB"), QStringLiteral("max_connections=150"),
-                           QStringLiteral("autovacuum=off"),      QStringLiteral("jit=off")};
+const QStringList kAjustes{QStringLiteral("fsync=off"),
+                           QStringLiteral("full_page_writes=off"),
+                           QStringLiteral("shared_buffers=32MB"),
+                           QStringLiteral("max_connections=150"),
+                           QStringLiteral("autovacuum=off"),
+                           QStringLiteral("jit=off"),
+                           QStringLiteral("deadlock_timeout=50ms")};
 
 QString nombreDe(BaseServidor clase) {
   return clase == BaseServidor::Central ? QStringLiteral("modelo_central") : QStringLiteral("modelo_cliente");

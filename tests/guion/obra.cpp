@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 
 #include "admin/demo_papel.h"
+#include "apoyo/servidor_prueba.h"
 
 QProcessEnvironment entornoSinPantalla() {
   QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
@@ -66,6 +67,19 @@ QString programaAdmin() { return carpetaDePruebas() + QStringLiteral("/../bin/ta
 
 PuestoDeObra::PuestoDeObra() {
   EXPECT_TRUE(admin({QStringLiteral("crear-puesto"), ruta(), QStringLiteral("--demo")}).endsWith(u"[estado 0]\n"));
+}
+
+PuestoDeObra::PuestoDeObra(const QString& ahora) {
+  ServidorPrueba& servidor = ServidorPrueba::uno();
+  const CadenaConexion bases[] = {servidor.sinBase(), servidor.sinBase()};
+  const auto palabras = [&](int n) { return servidor.palabras() + u'/' + bases[n].catalogo; };
+  EXPECT_TRUE(admin({QStringLiteral("crear-puesto"), ruta(), QStringLiteral("--demo"), QStringLiteral("--central"),
+                     palabras(0), QStringLiteral("--cliente"), palabras(1)})
+                  .endsWith(u"[estado 0]\n"));
+  for (const CadenaConexion& b : bases) {
+    servidor.crudo(b, QStringLiteral("CREATE OR REPLACE FUNCTION dbo.tp_ahora() RETURNS timestamp LANGUAGE sql STABLE "
+                                     "AS $$ SELECT timestamp '%1' $$").arg(ahora));
+  }
 }
 
 PuestoDeObra::PuestoDeObra(const PuestoDeObra& otro) {

@@ -28,6 +28,8 @@ QString programaAdmin();
 class PuestoDeObra {
  public:
   PuestoDeObra();
+  // On PostgreSQL, in the test program's own server, whose clock stands at `ahora` ("2026-11-25 21:00:00").
+  explicit PuestoDeObra(const QString& ahora);
   PuestoDeObra(const PuestoDeObra& otro);
   PuestoDeObra& operator=(const PuestoDeObra&) = delete;
 

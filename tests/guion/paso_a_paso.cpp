@@ -10,6 +10,8 @@
 #include <memory>
 
 #include "obra.h"
+#include "servidores.h"
+#include "store/tablas.h"
 
 namespace {
 
@@ -81,11 +83,13 @@ class Base {
   Base(const PuestoDeObra& p, const QString& base)
       : prefijo_(base == u"local" ? QString() : base + u':'),
         consola_({QStringLiteral("sql"), QStringLiteral("--puesto"), p.ruta(), QStringLiteral("--base"), base}) {
-    for (const QJsonValue& fila :
-         filas(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name"))) {
-      const QString tabla = fila[0].toString();
-      if (!tabla.startsWith(u"sqlite_")) tablas_ << tabla;
+    const QStringList hechas = base == u"central"   ? tablasDelCentral()
+                               : base == u"cliente" ? tablasDelCliente()
+                                                    : tablasDelPuesto();
+    for (const QString& s : hechas) {
+      if (s.startsWith(u"CREATE TABLE ")) tablas_ << s.section(u' ', 2, 2);
     }
+    tablas_.sort();
     EXPECT_GT(tablas_.size(), 5) << qUtf8Printable(base);
   }
 

@@ -63,12 +63,23 @@ TEST(Procedimientos, NameTheirColumnsAlike) {
   }
 }
 
-TEST(Procedimientos, AnswerTheSameOnPostgres) {
+void respondenEnPostgres(const QStringList& antes) {
   for (const Escena& e : escenas()) {
     SCOPED_TRACE(qPrintable(e.nombre));
-    BancoServidor b(cadenaDe(ServidorPrueba::uno().base(BaseServidor::Central)));
+    BancoServidor b(cadenaDe(ServidorPrueba::uno().base(BaseServidor::Central, antes)));
     comprobarRespuestas(b, e.lineas);
   }
+}
+
+TEST(Procedimientos, AnswerTheSameOnPostgres) { respondenEnPostgres({}); }
+
+// As the page on servers tells a chain to do it.
+TEST(Procedimientos, AnswerTheSameOnTablesPartedByTill) {
+  QFile pagina(QStringLiteral(TARVOPOS_FUENTES "/docs/servidores.md"));
+  ASSERT_TRUE(pagina.open(QIODevice::ReadOnly));
+  const QString guion = QString::fromUtf8(pagina.readAll()).section(u8("```sql"), 1).section(u8("```"), 0, 0);
+  ASSERT_TRUE(guion.contains(u8("PARTITION BY")));
+  respondenEnPostgres({guion});
 }
 
 }  // namespace

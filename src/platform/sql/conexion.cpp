@@ -10,6 +10,7 @@ ErrorBD cerrada() { return {kErrorGeneral, 0, QStringLiteral("La conexión con l
 
 std::optional<ErrorBD> Conexion::abrir(Motores& motores, const QString& cadena, int espera_ms) {
   cerrar();
+  cadena_ = cadena;
   dialecto_ = dialectoDe(cadena);
   ErrorBD error;
   motor_ = motores.abrir(cadena, espera_ms, error);

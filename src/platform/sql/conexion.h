@@ -20,6 +20,8 @@ class Conexion {
   // From an iniciar() that succeeded to the end of that transaction.
   bool enTransaccion() const { return enTransaccion_; }
   QString traducir(const QString& sql);
+  // The connection string that was opened last.
+  const QString& cadena() const { return cadena_; }
   // What its statements are written in, by the connection string that was opened last.
   Dialecto dialecto() const { return dialecto_; }
 
@@ -27,6 +29,7 @@ class Conexion {
   std::optional<ErrorBD> listo();
 
   std::unique_ptr<Motor> motor_;
+  QString cadena_;
   Dialecto dialecto_ = Dialecto::Jet;
   bool enTransaccion_ = false;
   bool porDeshacer_ = false;

@@ -53,6 +53,8 @@ RespuestaOdbc errorDe(SQLSMALLINT clase, SQLHANDLE mango) {
     } else if (s.startsWith(u"08")) {
       e.descripcion.prepend(QStringLiteral("Se perdió la conexión con el servidor: "));
       r.perdida = true;
+    } else if (s == u"40001" || s == u"40P01") {
+      nativo = kNativoNudo;
     } else if (clase == SQL_HANDLE_STMT) {
       e.numero = kErrorSentencia;
     }
@@ -152,7 +154,10 @@ class SesionOdbc {
     }
     SQLHSTMT s = nullptr;
     if (!bien(SQLAllocHandle(SQL_HANDLE_STMT, conexion_, &s))) return errorDe(SQL_HANDLE_DBC, conexion_);
-    en_curso_ = s;
+    {
+      const std::lock_guard guarda(cancela_);
+      en_curso_ = s;
+    }
     SQLSetStmtAttrW(s, SQL_ATTR_QUERY_TIMEOUT, valor(espera_s_), 0);  // a driver that can't is given up all the same
     RespuestaOdbc respuesta = recorrer(s, SQLExecDirectW(s, ancho(sql), static_cast<SQLINTEGER>(sql.size())));
     {

@@ -25,6 +25,8 @@ ErrorBD transaccionPerdida() {
   return {kErrorGeneral, 0, QStringLiteral("Se perdió la conexión con el servidor en mitad de una transacción.")};
 }
 
+ErrorBD noResponde() { return {kErrorTiempo, 0, QStringLiteral("El servidor no responde.")}; }
+
 }  // namespace
 
 QString cadenaOdbc(const CadenaConexion& c, const QStringList& dsn) {
@@ -81,6 +83,7 @@ std::optional<ErrorBD> MotorOdbc::conectar() {
 
 // A connection to work with: the one that is open, or, outside a transaction, another one in the place of a lost one.
 std::optional<ErrorBD> MotorOdbc::lista() {
+  if (abandonada_) return noResponde();
   if (rota_) return transaccionPerdida();
   if (!hilo_) return enTransaccion_ ? transaccionPerdida() : conectar();
   if (enTransaccion_ || !descanso_.hasExpired()) return {};
@@ -101,6 +104,7 @@ std::optional<ErrorBD> MotorOdbc::correr(const QString& sql, RespuestaOdbc& r) {
   if (r.perdida) {
     hilo_.reset();
     rota_ = enTransaccion_;
+    abandonada_ = r.error->numero == kErrorTiempo;
   } else if (r.error && enTransaccion_) {
     mirarTransaccion();
   }
@@ -146,7 +150,7 @@ std::optional<ErrorBD> MotorOdbc::acabar(bool confirma) {
 }
 
 std::optional<ErrorBD> MotorOdbc::confirmar() {
-  if (rota_ || !hilo_) return transaccionPerdida();
+  if (rota_ || !hilo_) return abandonada_ ? noResponde() : transaccionPerdida();
   return acabar(true);
 }
 

@@ -14,7 +14,7 @@ struct RespuestaOdbc;
 QString cadenaOdbc(const CadenaConexion& cadena, const QStringList& dsn);
 
 // A Microsoft SQL Server through ODBC. Statements go to it as they are, in Transact-SQL. Every call runs on a thread of
-// its own and is given up when its time has passed, whatever the driver does meanwhile.
+// its own and is given up when its time has passed, whatever the driver does meanwhile; the connection is dead then.
 class MotorOdbc final : public Motor {
  public:
   // Opens within `espera_ms`; each statement has the same time. `error.numero` is kErrorTiempo when it passes.
@@ -45,6 +45,7 @@ class MotorOdbc final : public Motor {
   std::function<bool()> interrumpir_;
   std::unique_ptr<HiloOdbc> hilo_;  // none while the connection is lost
   bool enTransaccion_ = false;
+  bool abandonada_ = false;  // left for its silence: whoever holds it must not wait for it at each statement
   bool rota_ = false;        // the transaction is gone at the server: nothing runs before it is undone here as well
   QDeadlineTimer descanso_;  // past: the connection has rested long
 };
