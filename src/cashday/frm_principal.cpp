@@ -136,6 +136,7 @@ void frmPrincipal::crearMenus() {
     CapturaTipoCambio(p_, pantallas_);
     if (p_.ses.pnTipoCambio != 0) pantallas_.ventaFutura();
   });
+  ventaFutura_->setShortcut(Qt::CTRL | Qt::Key_F);
   demas_.push_back(
       suelta(futura, "mnuConsCtaCte", QStringLiteral("Consultas"), [this] { pantallas_.cuentasDeClientes(); }));
   demas_.push_back(suelta(futura, "mnuConsCtaCteCliente", QStringLiteral("Estado de Cuenta por Cliente"),

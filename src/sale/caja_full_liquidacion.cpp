@@ -76,8 +76,8 @@ bool filasLiquidadas(Puesto& p, qint64 codigo, std::vector<FilaVenta>& filas) {
                        " nProdPrecUnit as Precio, nDscto As Dscto, nServicio as Servicio"
                        " From OperacionParalelaProducto WHERE cOperCode IN("
                        " Select cOpercode From Operacionparalela Where cOperTipo= $ and cOperflagAbierto=1"
-                       " and cEstado = '2' and cOpercodeRela = $)"_sql,
-                       {Codigo(TipoOperacion::NC), codigo}),
+                       " and cEstado = '2' and cOpercodeRela = $ $)"_sql,
+                       {Codigo(TipoOperacion::NC), codigo, SinVentaFutura()}),
           rs)) {
     return false;
   }
