@@ -75,12 +75,12 @@ PanelLiquidacion nuevoPanelLiquidacion(Enlaces& enlaces, CajaRegistradoraFull& v
     const auto i = static_cast<size_t>(n);
     const auto& datos = kListas[n];
     auto* fila = new QHBoxLayout;
-    fila->setSpacing(2 * tema::kPaso);
+    fila->setSpacing(tema::px(2 * tema::kPaso));
     auto* titulo = nuevoTexto(datos.titulo.toString());
-    titulo->setMinimumWidth(96);
+    titulo->setMinimumWidth(tema::px(96));
     fila->addWidget(titulo);
     r.txtTXL[i] = new Campo(QStringLiteral("txtTXL(%1)").arg(n));
-    r.txtTXL[i]->setFixedWidth(104);
+    r.txtTXL[i]->setFixedWidth(tema::px(104));
     r.txtTXL[i]->filtro = [](QChar tecla) { return FiltrarTecla(tecla, {ClaseTecla::Digitos}); };
     enlaces.texto(r.txtTXL[i], v.txtTXL[i]);
     fila->addWidget(r.txtTXL[i]);
@@ -91,7 +91,7 @@ PanelLiquidacion nuevoPanelLiquidacion(Enlaces& enlaces, CajaRegistradoraFull& v
     fila->addWidget(nuevoTexto(datos.leyendaTotal.toString(), QStringLiteral("suave")));
     auto* total = nuevoFijo(datos.nombreTotal.toString());
     total->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    total->setFixedWidth(120);
+    total->setFixedWidth(tema::px(120));
     enlaces.texto(total, n == 0 ? v.txtTotalPA : v.txtTotalNC);
     fila->addWidget(total);
     todo->addLayout(fila);
