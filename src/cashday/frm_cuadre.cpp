@@ -82,7 +82,7 @@ QFrame* frmCuadre::nuevoLado(size_t n, const QString& nota) {
   auto* marco = new QFrame;
   marco->setProperty("papel", "tarjeta");
   auto* rejilla = new QGridLayout(marco);
-  rejilla->setContentsMargins(16, 12, 16, 12);
+  rejilla->setContentsMargins(tema::px(16), tema::px(12), tema::px(16), tema::px(12));
   rejilla->setHorizontalSpacing(tema::px(3 * tema::kPaso));
   rejilla->setVerticalSpacing(tema::px(3 * tema::kPaso));
   rejilla->addWidget(nuevoTexto(QStringLiteral(" Cuadre de Caja "), QStringLiteral("titulo")), 0, 0, 1, 3);
@@ -121,7 +121,7 @@ QFrame* frmCuadre::nuevoLado(size_t n, const QString& nota) {
 QWidget* frmCuadre::nuevaCaja() {
   auto* hoja = new QWidget;
   auto* todo = new QVBoxLayout(hoja);
-  todo->setContentsMargins(10, 10, 10, 10);
+  todo->setContentsMargins(tema::px(10), tema::px(10), tema::px(10), tema::px(10));
   todo->addWidget(nuevoTexto(QStringLiteral("Cuente el dinero del cajón y escriba el saldo en «Saldo CAJA»."),
                              QStringLiteral("sentencia")));
   auto* lados = new QHBoxLayout;
@@ -139,7 +139,7 @@ QWidget* frmCuadre::nuevaCaja() {
 QWidget* frmCuadre::nuevosProductos() {
   auto* hoja = new QWidget;
   auto* todo = new QVBoxLayout(hoja);
-  todo->setContentsMargins(10, 10, 10, 10);
+  todo->setContentsMargins(tema::px(10), tema::px(10), tema::px(10), tema::px(10));
   todo->setSpacing(tema::px(2 * tema::kPaso));
   using C = ColumnaLista;
   lvwProductos_ = new Lista(QStringLiteral("lvwProductos"), {{QStringLiteral("Cód."), 0.08, true, C::Numero},

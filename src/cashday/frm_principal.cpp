@@ -230,7 +230,9 @@ void frmPrincipal::pintarCentro() {
                            : e.clase == ClaseDia::Cerrada ? iniciar_
                                                           : reporteZ_;
   const QWidget* foco = focusWidget();
-  if (!foco || !foco->isVisible() || !foco->isEnabled()) principal->setFocus();
+  const bool otroDia = titular_->property("clase").toInt() != static_cast<int>(e.clase) + 1;
+  titular_->setProperty("clase", static_cast<int>(e.clase) + 1);
+  if (otroDia || !foco || !foco->isVisible() || !foco->isEnabled()) principal->setFocus();
 }
 
 void frmPrincipal::refrescar() {

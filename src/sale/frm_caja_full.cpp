@@ -29,7 +29,7 @@ frmCajaRegistradoraFull::frmCajaRegistradoraFull(Puesto& p, PantallasVenta& pant
   cuerpo()->addWidget(nuevoCliente());
   pestanas_ = new QTabWidget;
   pestanas_->setObjectName(QStringLiteral("SSTab1"));
-  pestanas_->setMinimumHeight(tema::px(180));  // the lists take what there is
+  pestanas_->setMinimumHeight(tema::px(240));  // the lists take what there is
   pago_ = nuevoPanelPago(enlaces_, v_);
   adelanto_ = nuevosPanelesAdelanto(enlaces_, v_);
   pestanas_->addTab(nuevosArticulos(), QStringLiteral(" Artículos "));

@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScopedValueRollback>
 
 #include "documento/frm_lineas.h"
 #include "foundation/puesto.h"
@@ -17,7 +18,7 @@ QChar soloDigitos(QChar tecla) { return FiltrarTecla(tecla, {ClaseTecla::Digitos
 
 // The two cards of the head stand side by side in 1024 pixels.
 void apretar(Panel* panel) {
-  panel->layout()->setContentsMargins(12, 8, 12, 10);
+  panel->layout()->setContentsMargins(12, tema::px(5), 12, tema::px(6));
   if (auto* g = panel->findChild<QGridLayout*>()) g->setHorizontalSpacing(tema::px(2 * tema::kPaso));
 }
 
@@ -46,12 +47,12 @@ QWidget* frmCajaRegistradoraFull::nuevaCabecera() {
   cboTipoVenta_ = new QComboBox;
   cboTipoVenta_->setObjectName(QStringLiteral("cboTipoVenta"));
   // Wide enough for a kind that stays chosen; the list itself shows the longer entries whole.
-  cboTipoVenta_->setFixedWidth(tema::px(128));
+  cboTipoVenta_->setFixedWidth(tema::px(136));
   cboTipoVenta_->view()->setMinimumWidth(tema::px(230));
   cboTipoVenta_->installEventFilter(this);
   venta->agregar(QStringLiteral("Tip&o:"), cboTipoVenta_);
   txtRUC_ = venta->campo(QStringLiteral("txtRUC"), QStringLiteral("&RUC:"));
-  txtRUC_->setMinimumWidth(tema::px(138));
+  txtRUC_->setMinimumWidth(tema::px(130));
   txtRUC_->filtro = soloDigitos;
   enlaces_.texto(txtRUC_, v_.txtRUC);
   fijo(venta, QStringLiteral("txtTC"), QStringLiteral("T.C.:"), 58, v_.txtTC);
@@ -63,7 +64,13 @@ QWidget* frmCajaRegistradoraFull::nuevaCabecera() {
   h->addWidget(venta, 1);
   connect(cboTipoVenta_, &QComboBox::currentIndexChanged, this, [this](int n) {
     if (mostrando_ || n < 0) return;
-    con([this, n] { CambiarTipo(p_, v_, pantallas_, v_.tipos[static_cast<size_t>(n)]); });
+    const TipoVenta elegido = v_.tipos[static_cast<size_t>(n)];
+    // Those two open a screen and stay not chosen.
+    if (elegido == TipoVenta::Anular || elegido == TipoVenta::Recaudacion) {
+      const QScopedValueRollback<bool> guarda(mostrando_, true);
+      mostrarTipos();
+    }
+    con([this, elegido] { CambiarTipo(p_, v_, pantallas_, elegido); });
     // An arrow may be on its way to an entry below.
     if (v_.nTipoVenta == TipoVenta::LIQPAD && !conFlecha_) enfocar(liquidacion_.txtTXL[0]);
   });
@@ -134,7 +141,7 @@ QWidget* frmCajaRegistradoraFull::nuevaBotonera() {
   auto* fila = new QWidget;
   auto* h = new QHBoxLayout(fila);
   h->setContentsMargins(0, 0, 0, 0);
-  h->setSpacing(10);
+  h->setSpacing(6);
   for (const auto& b : kBotones) {
     auto* boton = nuevoBoton(QStringLiteral("cmdTecla(%1)").arg(b.indice), b.rotulo.toString(),
                              b.indice == 2 ? QStringLiteral("principal") : QString());

@@ -69,8 +69,8 @@ PanelLiquidacion nuevoPanelLiquidacion(Enlaces& enlaces, CajaRegistradoraFull& v
   PanelLiquidacion r;
   r.pestana = new QWidget;
   auto* todo = new QVBoxLayout(r.pestana);
-  todo->setContentsMargins(6, 6, 6, 6);
-  todo->setSpacing(6);
+  todo->setContentsMargins(6, 4, 6, 4);
+  todo->setSpacing(4);
   for (int n = 0; n < 2; ++n) {
     const auto i = static_cast<size_t>(n);
     const auto& datos = kListas[n];
@@ -97,6 +97,7 @@ PanelLiquidacion nuevoPanelLiquidacion(Enlaces& enlaces, CajaRegistradoraFull& v
     todo->addLayout(fila);
     r.lvwTX[i] = new Lista(QStringLiteral("lvwTX(%1)").arg(n), columnasDe(n));
     r.lvwTX[i]->textoVacio = datos.vacia.toString();
+    r.lvwTX[i]->setMinimumHeight(tema::px(59));  // titles and a row
     todo->addWidget(r.lvwTX[i], 1);
   }
   return r;

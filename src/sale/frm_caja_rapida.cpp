@@ -23,7 +23,7 @@
 namespace {
 
 constexpr int kPorFila = 6;
-constexpr int kAnchoDerecha = 350;
+constexpr int kAnchoDerecha = 338;
 
 // The actions, from left to right.
 const struct {

@@ -54,6 +54,20 @@ const RegistradoraDePrueba kRegistradoras[] = {
      "espera frmPrincipal\nclic mnuOperaciones_Hijo(3)\nespera frmCajaRegistradora\ntecla F2\ntecla Ctrl+A\n",
      "tecla Ctrl+Z\ntecla F1\ntecla Ctrl+A\n", "lblTotal"},
 };
+// The smallest screens of the list that ./pantallas plays in whole; a large one takes no more than a small one.
+TEST(Caja, EveryScreenIsSeenWhole) {
+  QStringList medidas{"1024x768-40", "1920x1080-40@1.5", "1920x1080-40@2"};
+  if (qEnvironmentVariableIsSet("TARVOPOS_LARGO")) medidas += {"1366x768-40", "1920x1080-40", "1920x1080-40@1.25"};
+  for (const QString& medida : medidas) {
+    SCOPED_TRACE(qPrintable(medida));
+    const PuestoDeObra p;
+    const QString dice = p.admin({"guion", QStringLiteral(TARVOPOS_FUENTES "/guiones/pantallas.guion"), "--puesto",
+                                  p.ruta(), "--salida", p.ruta(), "--pantalla", medida});
+    EXPECT_TRUE(dice.endsWith(u"[estado 0]\n"));
+    EXPECT_EQ(QStringList(), dice.split(u'\n').filter(QStringLiteral("falta|")));
+  }
+}
+
 // Keys without any delay follow the key before them; a scanner's do not. Every one of them counts.
 TEST(Caja, FastHandsAreNoScanner) {
   const int ventas = qEnvironmentVariableIsSet("TARVOPOS_LARGO") ? 500 : 40;

@@ -150,7 +150,7 @@ void quitarMal(QWidget* campo) {
 Panel::Panel(const QString& titulo, int pares, QWidget* padre) : QFrame(padre), pares_(pares) {
   setProperty("papel", "tarjeta");
   auto* todo = new QVBoxLayout(this);
-  todo->setContentsMargins(16, 12, 16, 12);
+  todo->setContentsMargins(tema::px(16), tema::px(12), tema::px(16), tema::px(12));
   todo->setSpacing(tema::px(2 * tema::kPaso));
   if (!titulo.isEmpty()) todo->addWidget(nuevoTexto(titulo, QStringLiteral("titulo")));
   rejilla_ = new QGridLayout;

@@ -24,13 +24,13 @@ Forma::Forma(const QString& nombre, const QString& titulo, QWidget* padre)
   todo_->setContentsMargins(0, 0, 0, 0);
   todo_->setSpacing(0);
   cuerpo_ = new QVBoxLayout;
-  cuerpo_->setContentsMargins(16, 16, 16, 16);
+  cuerpo_->setContentsMargins(tema::px(16), tema::px(16), tema::px(16), tema::px(16));
   cuerpo_->setSpacing(tema::px(3 * tema::kPaso));
   todo_->addLayout(cuerpo_, 1);
   tira_ = new QFrame;
   tira_->setProperty("papel", "indicios");
   auto* enTira = new QVBoxLayout(tira_);
-  enTira->setContentsMargins(16, 4, 16, 4);
+  enTira->setContentsMargins(16, tema::px(4), 16, tema::px(4));
   indicios_ = new QLabel;
   indicios_->setObjectName(QStringLiteral("lblIndicios"));
   indicios_->setWordWrap(true);

@@ -234,7 +234,7 @@ QSize sitio(const QWidget* ventana) {
 void aplicar(QApplication& app) {
   cargarDibujos();
   app.setWindowIcon(QIcon(logo(64)));
-  if (const QScreen* s = QGuiApplication::primaryScreen()) escala = escalaDe(s->availableSize());
+  if (const QScreen* s = QGuiApplication::primaryScreen()) escala = escalaDe(s->availableSize() - kMarco);
   app.setStyle(new Estilo);
   QPalette pal;
   pal.setColor(QPalette::Window, QColor(kFondo));
