@@ -9,6 +9,7 @@
 #include "app/aplicacion.h"
 #include "app/entorno.h"
 #include "platform/io/puertos_sistema.h"
+#include "platform/ui/cartel_ocupado.h"
 
 namespace {
 
@@ -42,6 +43,8 @@ int tocarGuion(const OpcionesGuion& o, EscritorGuion& escritor, const std::funct
   MotoresConFallas motores(*entorno.motores, fallas);
   PuertosConFallas puertos(*entorno.puertos, fallas);
   PersonaDeGuion persona(escritor);
+  CartelOcupado cartel;
+  persona.alOcuparse = [&cartel](const QString& que) { cartel.mostrar(que); };
   entorno.avisarEsperas(persona);
   SalidaGuion salida(escritor);
   EscenaGuion escena{escritor, persona, reloj, fallas, QDir(o.salida).absolutePath(), {}};
@@ -59,14 +62,17 @@ int tocarGuion(const OpcionesGuion& o, EscritorGuion& escritor, const std::funct
 
 int ordenGuion(const QStringList& palabras) {
   const QString puesto = QStringLiteral("--puesto"), salida = QStringLiteral("--salida");
+  const QString medidas = QStringLiteral("--pantalla");
   Argumentos a;
-  auto error = LeerArgumentos(palabras, {1, 1, {puesto, salida}, {}}, a);
+  auto error = LeerArgumentos(palabras, {1, 1, {puesto, salida, medidas}, {}}, a);
   if (!error && !a.tiene(puesto)) error = QStringLiteral("Falta --puesto.");
+  const auto pantalla = leerPantalla(a.valor(medidas, {}));
+  if (!error && a.tiene(medidas) && !pantalla) error = QStringLiteral("--pantalla se escribe como 1366x768-40@1.25.");
   if (error) {
     Quejarse(*error + QStringLiteral(" Use «tarvopos-admin ayuda»."));
     return kMalUso;
   }
-  const AplicacionGrafica app;
+  const AplicacionGrafica app(pantalla);
   EscritorGuion escritor;
   return tocarGuion({a.lugares[0], a.valor(puesto, {}), a.valor(salida, QStringLiteral("."))}, escritor);
 }

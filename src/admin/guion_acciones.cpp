@@ -10,6 +10,7 @@
 #include <QThread>
 
 #include "admin/guion_controles.h"
+#include "admin/guion_revisa.h"
 #include "admin/guion_teclas.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -50,6 +51,7 @@ std::deque<PasoGuion> AccionesGuion::pasos(const Accion& a) {
       {u"estado", &AccionesGuion::estado},     {u"captura", &AccionesGuion::captura},
       {u"cae", &AccionesGuion::caeVuelve},     {u"vuelve", &AccionesGuion::caeVuelve},
       {u"falla", &AccionesGuion::falla},       {u"mata", &AccionesGuion::mata},
+      {u"revisa", &AccionesGuion::revisa},
   };
   // clang-format on
   for (const auto& m : kMetodos)
@@ -267,6 +269,16 @@ std::deque<PasoGuion> AccionesGuion::captura(const Accion& a) {
     }
     if (!QDir().mkpath(e_.carpetaCapturas) || !foto.save(archivo, "PNG")) {
       throw ErrorGuion{QStringLiteral("no se pudo escribir %1").arg(archivo)};
+    }
+  });
+}
+
+std::deque<PasoGuion> AccionesGuion::revisa(const Accion&) {
+  return uno([this] {
+    const QWidget* pantalla = e_.pantallas.activa();
+    if (!pantalla) throw ErrorGuion{QStringLiteral("no hay ninguna pantalla; falta «inicia»")};
+    for (const QString& f : faltasDePantalla(*pantalla)) {
+      e_.escritor.linea(QStringLiteral("falta|") + pantalla->objectName() + u'|' + f);
     }
   });
 }

@@ -69,6 +69,7 @@ class AccionesGuion {
   std::deque<PasoGuion> foco(const Accion& a);
   std::deque<PasoGuion> estado(const Accion& a);
   std::deque<PasoGuion> captura(const Accion& a);
+  std::deque<PasoGuion> revisa(const Accion& a);
   std::deque<PasoGuion> caeVuelve(const Accion& a);
   std::deque<PasoGuion> falla(const Accion& a);
   std::deque<PasoGuion> mata(const Accion& a);

@@ -1,6 +1,7 @@
 #include "admin/guion_escenario.h"
 
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryFile>
 #include <cstdio>
 
@@ -10,9 +11,14 @@
 
 namespace {
 
-// The in-memory screen takes its size from a file alone.
-const char kPantalla[] =
-    R"({"screens": [{"name": "pantalla", "x": 0, "y": 0, "width": 1024, "height": 768, "logicalDpi": 96, "dpr": 1}]})";
+// The in-memory screen takes its size from a file alone. The panel is what it leaves out: it knows no other way.
+QByteArray configuracionDe(const PantallaGuion& p) {
+  return QStringLiteral(R"({"screens": [{"name": "pantalla", "x": 0, "y": 0, "width": %1, "height": %2, )"
+                        R"("logicalDpi": 96, "dpr": 1}]})")
+      .arg(p.ancho)
+      .arg(p.alto - p.panel)
+      .toUtf8();
+}
 
 bool sinPantalla() {
   const QByteArray elegida = qgetenv("QT_QPA_PLATFORM");
@@ -37,10 +43,20 @@ struct AplicacionGrafica::Interno {
   std::unique_ptr<CicloVentanas> app;
 };
 
-AplicacionGrafica::AplicacionGrafica() : d_(std::make_unique<Interno>()) {
+std::optional<PantallaGuion> leerPantalla(const QString& texto) {
+  static const QRegularExpression forma(
+      QStringLiteral("^(\\d{3,4})x(\\d{3,4})(?:-(\\d{1,3}))?(?:@(\\d(?:\\.\\d+)?))?$"));
+  const auto m = forma.match(texto);
+  if (!m.hasMatch()) return {};
+  return PantallaGuion{m.captured(1).toInt(), m.captured(2).toInt(), m.captured(3).toInt(), m.captured(4)};
+}
+
+AplicacionGrafica::AplicacionGrafica(const std::optional<PantallaGuion>& pedida) : d_(std::make_unique<Interno>()) {
   QTemporaryFile pantalla;
+  const QByteArray configuracion = configuracionDe(pedida.value_or(PantallaGuion{}));
+  if (pedida && !pedida->escala.isEmpty()) qputenv("QT_SCALE_FACTOR", pedida->escala.toLatin1());
   // A file that the disk had no room for would end the process; the screen is then of the toolkit's own size.
-  if (sinPantalla() && pantalla.open() && pantalla.write(kPantalla) == qint64(sizeof kPantalla) - 1 &&
+  if ((pedida || sinPantalla()) && pantalla.open() && pantalla.write(configuracion) == configuracion.size() &&
       pantalla.flush()) {
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(pantalla.fileName()));
   }

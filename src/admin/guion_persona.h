@@ -1,10 +1,10 @@
 #pragma once
 // What a play writes, and the person at the desk that answers from it.
 #include <deque>
+#include <functional>
 
 #include "platform/io/mensajes.h"
 #include "platform/io/salida.h"
-#include "platform/ui/cartel_ocupado.h"
 
 // Lines to standard output in UTF-8, each flushed at once.
 class EscritorGuion {
@@ -42,6 +42,9 @@ class PersonaDeGuion final : public Mensajes {
   // Queues an answer: "Sí" ("Si"), "No", "Aceptar" or "Cancelar", in any case. False for any other word. `texto` is
   // what is typed into an input box; without one its default text stands.
   bool encolar(const QString& boton, const std::optional<QString>& texto);
+  // Shows what a long step is doing, "" when it is over.
+  std::function<void(const QString& que)> alOcuparse;
+
   // Boxes of a program that is being closed are refused where they can be, and not written.
   void callar(bool callada) { callada_ = callada; }
 
@@ -50,7 +53,9 @@ class PersonaDeGuion final : public Mensajes {
   std::optional<QString> pedir(const QString& texto, const QString& titulo, const QString& porDefecto) override;
 
  protected:
-  void mostrarOcupado(const QString& que) override { cartel_.mostrar(que); }
+  void mostrarOcupado(const QString& que) override {
+    if (alOcuparse) alOcuparse(que);
+  }
 
  private:
   enum class Boton { Si, No, Aceptar, Cancelar };
@@ -65,5 +70,4 @@ class PersonaDeGuion final : public Mensajes {
   EscritorGuion& escritor_;
   std::deque<Respuesta> cola_;
   bool callada_ = false;
-  CartelOcupado cartel_;
 };

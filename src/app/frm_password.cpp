@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "foundation/puesto.h"
+#include "platform/ui/tema.h"
 
 frmPassword::frmPassword(Puesto& p, std::function<void()> aceptado, std::function<void()> rechazado)
     : Forma(QStringLiteral("frmPassword"), QStringLiteral("Nombre y Password de Usuario")),
@@ -16,7 +17,7 @@ frmPassword::frmPassword(Puesto& p, std::function<void()> aceptado, std::functio
   usuario_ = panel->campo(QStringLiteral("txtUsuario"), QStringLiteral("&Usuario"));
   password_ = panel->campo(QStringLiteral("txtPassword"), QStringLiteral("&Password"));
   password_->setEchoMode(QLineEdit::Password);
-  for (Campo* c : {usuario_, password_}) c->setMinimumWidth(260);
+  for (Campo* c : {usuario_, password_}) c->setMinimumWidth(tema::px(260));
   cuerpo()->addWidget(panel);
   auto* si = nuevoBoton(QStringLiteral("cmdAceptar"), QStringLiteral("&Aceptar"), QStringLiteral("principal"));
   auto* no = nuevoBoton(QStringLiteral("cmdCancelar"), QStringLiteral("&Cancelar"));

@@ -19,7 +19,7 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::WindowStaysOnTo
   marco->addWidget(pantalla);
   auto* columna = new QVBoxLayout(pantalla);
   columna->setContentsMargins(32, 32, 32, 24);
-  columna->setSpacing(3 * tema::kPaso);
+  columna->setSpacing(tema::px(3 * tema::kPaso));
   auto* logo = new QLabel;
   logo->setPixmap(tema::logo(128));
   const QString version = QStringLiteral(" Versión ") + Version();

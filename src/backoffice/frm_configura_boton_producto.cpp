@@ -35,14 +35,14 @@ frmConfiguraBotonProducto::frmConfiguraBotonProducto(Puesto& p, PantallasBackoff
   for (int n = 1; n <= kTeclasConfigurables; ++n) tecla(combinacion(n), [this, n] { elegir(n); });
   if (CargarTeclas(p_, v_)) mostrar();
   cmdTecla_[1]->setFocus();
-  resize(980, 640);
+  resize(tema::px(980), tema::px(640));
 }
 
 QWidget* frmConfiguraBotonProducto::crearTeclas() {
   auto* todo = new QWidget;
   auto* rejilla = new QGridLayout(todo);
   rejilla->setContentsMargins(0, 0, 0, 0);
-  rejilla->setSpacing(2 * tema::kPaso);
+  rejilla->setSpacing(tema::px(2 * tema::kPaso));
   for (int n = 1; n <= kTeclasConfigurables; ++n) {
     auto* boton = new TeclaArticulo(QStringLiteral("cmdTecla(%1)").arg(n), QStringLiteral("lblTecla(%1)").arg(n),
                                     NombreTeclaRegistro(n));

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "foundation/rutinas.h"
+#include "platform/ui/tema.h"
 
 frmParametros::frmParametros(Puesto& p, QWidget* padre)
     : Forma(QStringLiteral("frmParametros"), QStringLiteral("Parametros"), padre), p_(p), dcbAlmacen_(new QComboBox) {
@@ -48,7 +49,7 @@ frmParametros::frmParametros(Puesto& p, QWidget* padre)
   cuerpo()->addStretch();
   cuerpo()->addLayout(filaBotones({graba, cierra}));
   indicio(QStringLiteral("Espacio marca la casilla  ·  Esc cerrar"));
-  setMinimumWidth(460);
+  setMinimumWidth(tema::px(460));
 }
 
 void frmParametros::grabar() {

@@ -1,6 +1,7 @@
 #include "backoffice/frm_producto_lista.h"
 
 #include "backoffice/frm_producto.h"
+#include "platform/ui/tema.h"
 
 namespace {
 
@@ -32,7 +33,7 @@ frmProductoLista::frmProductoLista(Puesto& p, QWidget* padre)
   conActivar();
   std::vector<FilaProducto> filas;
   if (LeerProductos(p, filas)) llenarCon(filas, filaLista);
-  resize(1000, 680);
+  resize(tema::px(1000), tema::px(680));
 }
 
 std::optional<FilaLista> frmProductoLista::detalle(ModoDetalle modo, const FilaLista* fila) {

@@ -1,6 +1,8 @@
 #include "backoffice/frm_tipo_cambio_lista.h"
 
 #include "backoffice/frm_tipo_cambio.h"
+#include "foundation/puesto.h"
+#include "platform/text/fecha.h"
 
 namespace {
 
@@ -21,7 +23,11 @@ frmTipoCambioLista::frmTipoCambioLista(Puesto& p, QWidget* padre)
                             nuevaLista(), padre) {
   std::vector<FilaTipoCambio> filas;
   if (LeerTiposCambio(p, filas)) llenarCon(filas, filaLista);
-  lista().elegir(lista().filas() - 1);  // the latest day
+  int hoy = lista().filas() - 1;  // the latest day, unless one is noted ahead
+  const QString fecha = FormatearFecha(p.reloj.now(), u"dd/mm/yyyy");
+  for (int n = 0; n < lista().filas(); ++n)
+    if (lista().fila(n).clave == fecha) hoy = n;
+  lista().elegir(hoy);
 }
 
 std::optional<FilaLista> frmTipoCambioLista::detalle(ModoDetalle modo, const FilaLista* fila) {

@@ -66,7 +66,7 @@ QString codigoEscrito(const QString& texto) {
 
 QString NombreTeclaRegistro(int tecla) {
   return tecla <= kTeclasPorFila ? QStringLiteral("F%1").arg(tecla)
-                                 : QStringLiteral("SHFT+F%1").arg(tecla - kTeclasPorFila);
+                                 : QStringLiteral("Shift+F%1").arg(tecla - kTeclasPorFila);
 }
 
 bool CargarTeclas(Puesto& p, ConfiguraBotonProducto& v) {

@@ -18,12 +18,12 @@ struct ConfiguraBotonProducto {
   std::array<TeclaMostrada, kTeclasConfigurables + 1> cmdTecla;  // by key number; 0 isn't used
   int tecla = 0;                                                 // the key that is being configured; 0 for none
   QString txtBoton;                                              // "DEP 5"
-  QString txtTecla;                                              // "F5", "SHFT+F1"
+  QString txtTecla;                                              // "F5", "Shift+F1"
   QString txtCodigoProducto;                                     // as typed; blank for a free key
   QString txtNombreProducto;
 };
 
-// "F1" to "F12", "SHFT+F1" to "SHFT+F12".
+// "F1" to "F12", "Shift+F1" to "Shift+F12".
 QString NombreTeclaRegistro(int tecla);
 
 // All keys with their articles of psAlmacen. False when they can't be read; the message has been shown.

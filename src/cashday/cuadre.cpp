@@ -1,5 +1,6 @@
 #include "cashday/cuadre.h"
 
+#include <cmath>
 #include <optional>
 
 #include "cashday/pantallas_principal.h"
@@ -218,6 +219,22 @@ QString DejarCaja(Cuadre& v) {
   // clang-format on
   CuadreCajaTotal(v);
   return mal;
+}
+
+bool AceptarDiferencia(Puesto& p, const Cuadre& v) {
+  constexpr double kTolerada = 10;
+  const std::pair<size_t, QString> lados[] = {{kLadoZ1, QStringLiteral("CUADRE CAJA Z1")},
+                                              {kLadoZ, QStringLiteral("CUADRE CAJA")}};
+  QString texto;
+  for (const auto& [n, nombre] : lados) {
+    const double falta = LeerImporte(v.lado[n].txtFALTSOB);
+    if (std::fabs(falta) <= kTolerada) continue;
+    texto += nombre + (falta > 0 ? QStringLiteral(": faltan S/. ") : QStringLiteral(": sobran S/. ")) +
+             mascara(std::fabs(falta)) + u'\n';
+  }
+  if (texto.isEmpty()) return true;
+  return p.mensajes.preguntar(QStringLiteral("La caja no cuadra.\n") + texto + QStringLiteral("¿Cerrar la caja así?"),
+                              QStringLiteral("Cuadre del Día"));
 }
 
 void TomarProducto(Cuadre& v, int fila) {

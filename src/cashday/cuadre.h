@@ -48,6 +48,10 @@ void CuadreCajaTotal(Cuadre& v);
 // text that is no number stays as it is and gives its control's name; "" when there is none.
 QString DejarCaja(Cuadre& v);
 
+// Asked before a closing's count is accepted: which side's soles are off by more than ten. True when none is, or when
+// the clerk says that the till is to be closed like that, which is what Enter presses.
+[[nodiscard]] bool AceptarDiferencia(Puesto& p, const Cuadre& v);
+
 // The product tab: a row is taken to the fields, the difference follows what is typed there, and the fields go back
 // into the row.
 void TomarProducto(Cuadre& v, int fila);

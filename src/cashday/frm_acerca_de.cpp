@@ -10,7 +10,7 @@
 frmAcercaDe::frmAcercaDe(QWidget* padre)
     : Forma(QStringLiteral("frmAcercaDe"), QStringLiteral("Acerca de TarvoPos"), padre) {
   auto* fila = new QHBoxLayout;
-  fila->setSpacing(6 * tema::kPaso);
+  fila->setSpacing(tema::px(6 * tema::kPaso));
   auto* logo = new QLabel;
   logo->setPixmap(tema::logo(96));
   fila->addWidget(logo);

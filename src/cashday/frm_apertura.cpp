@@ -6,6 +6,7 @@
 
 #include "foundation/puesto.h"
 #include "foundation/rutinas.h"
+#include "platform/ui/tema.h"
 
 frmApertura::frmApertura(Puesto& p, QWidget* padre)
     : Forma(QStringLiteral("FrmApertura"), QStringLiteral("Información de Apertura de Caja"), padre), p_(p) {
@@ -19,7 +20,7 @@ frmApertura::frmApertura(Puesto& p, QWidget* padre)
   // clang-format on
   for (const auto& c : campos) {
     Campo* campo = panel->importe(QString::fromLatin1(c.nombre), QString::fromLatin1(c.etiqueta));
-    campo->setMinimumWidth(200);
+    campo->setMinimumWidth(tema::px(200));
     campo->alSalir = [campo] { campo->setText(MascaraApertura(campo->text())); };
     enlaces_.texto(campo, *c.texto);
   }

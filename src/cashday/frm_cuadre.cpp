@@ -55,7 +55,7 @@ frmCuadre::frmCuadre(Puesto& p, ModoCuadre modo, bool bReporteImpreso, QWidget* 
   indicio(v_.deCierre ? QStringLiteral("Enter siguiente") : QStringLiteral("Enter siguiente  ·  Esc cerrar"));
   caja_.mostrar();
   vigilarComas([this] { AvisarComaDecimal(p_); });
-  resize(1000, 640);
+  resize(tema::px(1000), tema::px(640));
   findChild<QWidget*>(QStringLiteral("txtCaja(0)"))->setFocus();
 }
 
@@ -82,9 +82,9 @@ QFrame* frmCuadre::nuevoLado(size_t n, const QString& nota) {
   auto* marco = new QFrame;
   marco->setProperty("papel", "tarjeta");
   auto* rejilla = new QGridLayout(marco);
-  rejilla->setContentsMargins(16, 12, 16, 12);
-  rejilla->setHorizontalSpacing(3 * tema::kPaso);
-  rejilla->setVerticalSpacing(3 * tema::kPaso);
+  rejilla->setContentsMargins(tema::px(16), tema::px(12), tema::px(16), tema::px(12));
+  rejilla->setHorizontalSpacing(tema::px(3 * tema::kPaso));
+  rejilla->setVerticalSpacing(tema::px(3 * tema::kPaso));
   rejilla->addWidget(nuevoTexto(QStringLiteral(" Cuadre de Caja "), QStringLiteral("titulo")), 0, 0, 1, 3);
   auto* abajo = nuevoTexto(nota, QStringLiteral("suave"));
   abajo->setWordWrap(true);
@@ -101,7 +101,7 @@ QFrame* frmCuadre::nuevoLado(size_t n, const QString& nota) {
     const bool cuenta = deArreglo.startsWith(u"txtCaja");
     Campo* campo = cuenta ? nuevoImporte(deArreglo) : nuevoFijo(deArreglo);
     campo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    campo->setMinimumWidth(120);
+    campo->setMinimumWidth(tema::px(120));
     if (cuenta) {
       campo->filtro = [](QChar t) { return FiltrarTecla(t, {ClaseTecla::Decimal}); };
       campo->alSalir = [this] { dejarCaja(); };
@@ -121,11 +121,11 @@ QFrame* frmCuadre::nuevoLado(size_t n, const QString& nota) {
 QWidget* frmCuadre::nuevaCaja() {
   auto* hoja = new QWidget;
   auto* todo = new QVBoxLayout(hoja);
-  todo->setContentsMargins(10, 10, 10, 10);
+  todo->setContentsMargins(tema::px(10), tema::px(10), tema::px(10), tema::px(10));
   todo->addWidget(nuevoTexto(QStringLiteral("Cuente el dinero del cajón y escriba el saldo en «Saldo CAJA»."),
                              QStringLiteral("sentencia")));
   auto* lados = new QHBoxLayout;
-  lados->setSpacing(3 * tema::kPaso);
+  lados->setSpacing(tema::px(3 * tema::kPaso));
   lados->addWidget(nuevoLado(kLadoZ1, QStringLiteral("Con O/C, N/C y pagos adelantados: CUADRE CAJA Z1")));
   lados->addWidget(nuevoLado(kLadoZ, QStringLiteral("Solo ventas: CUADRE CAJA")));
   todo->addLayout(lados);
@@ -139,8 +139,8 @@ QWidget* frmCuadre::nuevaCaja() {
 QWidget* frmCuadre::nuevosProductos() {
   auto* hoja = new QWidget;
   auto* todo = new QVBoxLayout(hoja);
-  todo->setContentsMargins(10, 10, 10, 10);
-  todo->setSpacing(2 * tema::kPaso);
+  todo->setContentsMargins(tema::px(10), tema::px(10), tema::px(10), tema::px(10));
+  todo->setSpacing(tema::px(2 * tema::kPaso));
   using C = ColumnaLista;
   lvwProductos_ = new Lista(QStringLiteral("lvwProductos"), {{QStringLiteral("Cód."), 0.08, true, C::Numero},
                                                              {QStringLiteral("Cód. Catalog."), 0.14},
@@ -229,6 +229,10 @@ void frmCuadre::cerrar() {
         QStringLiteral("El saldo de caja no es un número.\nEscriba un importe como 150.00, o 0.00 si no "
                        "hay."));
     marcarMal(findChild<QWidget*>(mal));
+    return;
+  }
+  if (v_.deCierre && !AceptarDiferencia(p_, v_)) {
+    findChild<QWidget*>(QStringLiteral("txtCaja(0)"))->setFocus();
     return;
   }
   if (bReporteImpreso_) {

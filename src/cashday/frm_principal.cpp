@@ -45,7 +45,7 @@ frmPrincipal::frmPrincipal(Puesto& p, PantallasPrincipal& pantallas) : p_(p), pa
   txtsupervisor_->setObjectName(QStringLiteral("txtsupervisor"));
   txtsupervisor_->hide();
   new AnilloFoco(this);
-  resize(1024, 740);
+  resize(QSize(1024, 740).boundedTo(tema::sitio(this)));
 }
 
 frmPrincipal::~frmPrincipal() = default;
@@ -191,7 +191,7 @@ void frmPrincipal::crearCentro() {
   sentencia_->setWordWrap(true);
   for (QLabel* l : {titular_, sentencia_}) l->setAlignment(Qt::AlignCenter);
   auto* fila = new QHBoxLayout;
-  fila->setSpacing(6 * tema::kPaso);
+  fila->setSpacing(tema::px(6 * tema::kPaso));
   fila->addStretch();
   // They only press the menu entries.
   const auto atajo = [&](const char* nombre, const QString& rotulo, QAction* entrada, const char* papel) {
@@ -210,9 +210,9 @@ void frmPrincipal::crearCentro() {
   fila->addStretch();
   columna->addStretch(2);
   columna->addWidget(titular_);
-  columna->addSpacing(2 * tema::kPaso);
+  columna->addSpacing(tema::px(2 * tema::kPaso));
   columna->addWidget(sentencia_);
-  columna->addSpacing(8 * tema::kPaso);
+  columna->addSpacing(tema::px(8 * tema::kPaso));
   columna->addLayout(fila);
   columna->addStretch(3);
   estado_ = new LineaEstado;
@@ -232,7 +232,9 @@ void frmPrincipal::pintarCentro() {
                            : e.clase == ClaseDia::Cerrada ? iniciar_
                                                           : reporteZ_;
   const QWidget* foco = focusWidget();
-  if (!foco || !foco->isVisible() || !foco->isEnabled()) principal->setFocus();
+  const bool otroDia = titular_->property("clase").toInt() != static_cast<int>(e.clase) + 1;
+  titular_->setProperty("clase", static_cast<int>(e.clase) + 1);
+  if (otroDia || !foco || !foco->isVisible() || !foco->isEnabled()) principal->setFocus();
 }
 
 void frmPrincipal::refrescar() {
@@ -327,10 +329,7 @@ void frmPrincipal::cambioTurno() {
 
 void frmPrincipal::cerrarCaja() {
   Ocupado ocupado(p_.mensajes, {});
-  CerrarCaja(p_, v_, pantallas_, [&](const QString& texto) {
-    estado_->ocupado(texto);
-    ocupado.ahora(texto);
-  });
+  CerrarCaja(p_, v_, pantallas_, [&](const QString& texto) { ocupado.ahora(texto); });
 }
 
 void frmPrincipal::boton(int n) {

@@ -42,7 +42,7 @@ frmMantenimientoLista::frmMantenimientoLista(Puesto& p, const AspectoLista& aspe
   }
 
   botones_ = new QVBoxLayout;
-  botones_->setSpacing(2 * tema::kPaso);
+  botones_->setSpacing(tema::px(2 * tema::kPaso));
   for (const BotonLista& b : aspecto.botones) botones_->addWidget(nuevoDeLista(b));
   auto* salir = nuevoBoton(QStringLiteral("cmdSalir"), QStringLiteral("&Salir"));
   connect(salir, &QPushButton::clicked, this, &QDialog::reject);
@@ -50,7 +50,7 @@ frmMantenimientoLista::frmMantenimientoLista(Puesto& p, const AspectoLista& aspe
   botones_->addWidget(salir);
 
   auto* medio = new QHBoxLayout;
-  medio->setSpacing(4 * tema::kPaso);
+  medio->setSpacing(tema::px(4 * tema::kPaso));
   medio->addWidget(lista_, 1);
   medio->addLayout(botones_);
   cuerpo()->addLayout(medio, 1);
@@ -62,13 +62,15 @@ frmMantenimientoLista::frmMantenimientoLista(Puesto& p, const AspectoLista& aspe
   // Behind the field's own listener, which takes the mark away with each change.
   connect(buscar_, &QLineEdit::textChanged, this, [this](const QString& texto) {
     hallado_ = Recortar(texto).isEmpty() || buscar(texto);
-    if (!hallado_) tema::aplicarRol(buscar_, "estado", QStringLiteral("mal"));
+    if (hallado_) return;
+    lista_->desmarcar();
+    tema::aplicarRol(buscar_, "estado", QStringLiteral("mal"));
   });
   connect(lista_, &Lista::elegida, this, [this] { abrir(ModoDetalle::Editar); });
   connect(lista_, &Lista::cambioActual, this, &frmMantenimientoLista::actualizar);
   buscar_->installEventFilter(this);
   buscar_->setFocus();
-  resize(860, 600);
+  resize(tema::px(860), tema::px(600));
 }
 
 QPushButton* frmMantenimientoLista::nuevoDeLista(const BotonLista& b) {
@@ -182,7 +184,7 @@ frmMantenimientoDetalle::frmMantenimientoDetalle(const AspectoDetalle& aspecto, 
   connect(cancelar, &QPushButton::clicked, this, &QDialog::reject);
   cuerpo()->addStretch();
   cuerpo()->addLayout(filaBotones({aceptar_, cancelar}));
-  setMinimumWidth(600);
+  setMinimumWidth(tema::px(600));
   if (seEdita() && primero) {
     primero->setFocus();
   } else {
@@ -234,7 +236,7 @@ QWidget* frmMantenimientoDetalle::crearOpciones(const CampoDetalle& c) {
   auto* juntas = new QWidget;
   auto* fila = new QHBoxLayout(juntas);
   fila->setContentsMargins(0, 0, 0, 0);
-  fila->setSpacing(6 * tema::kPaso);
+  fila->setSpacing(tema::px(6 * tema::kPaso));
   for (int n = 0; n < 2; ++n) {
     auto* opcion = new QRadioButton(c.rotulo.section(u'|', n + 1, n + 1));
     opcion->setObjectName(QStringLiteral("%1(%2)").arg(c.nombre).arg(n));

@@ -1,4 +1,5 @@
 #include "printing/frm_cabecera_impresion.h"
+#include "platform/ui/tema.h"
 
 frmCabeceraImpresion::frmCabeceraImpresion(Puesto& p, DetalleCabecera& v, QWidget* padre)
     : frmMantenimientoDetalle({QStringLiteral("frmCabeceraImpresion"), QStringLiteral("Cabecera de Impresión"), v.modo,
@@ -20,7 +21,7 @@ frmCabeceraImpresion::frmCabeceraImpresion(Puesto& p, DetalleCabecera& v, QWidge
       v_(v) {
   // As it will be printed, and wide enough for a whole line of the paper.
   control<Campo>("txtDescripcion")->setProperty("papel", "impreso");
-  setMinimumWidth(680);
+  setMinimumWidth(tema::px(680));
 }
 
 bool frmCabeceraImpresion::guardar(QString& campoMal) {

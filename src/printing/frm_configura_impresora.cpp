@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "platform/text/texto.h"
+#include "platform/ui/tema.h"
 
 namespace {
 
@@ -31,7 +32,7 @@ QComboBox* nuevaLista(const QString& nombre, const QStringList& entradas, bool s
   lista->setInsertPolicy(QComboBox::NoInsert);
   if (seEscribe) lista->setCompleter(nullptr);
   lista->addItems(entradas);
-  lista->setMinimumWidth(kAnchoLista);
+  lista->setMinimumWidth(tema::px(kAnchoLista));
   lista->setSizeAdjustPolicy(
       QComboBox::AdjustToMinimumContentsLengthWithIcon);  // a long name must not widen the window
   return lista;
@@ -50,7 +51,7 @@ frmConfiguraImpresora::frmConfiguraImpresora(Puesto& p, QWidget* padre)
   cuerpo()->addStretch();
   cuerpo()->addLayout(filaBotones({acepta, sale}));
   indicio(QStringLiteral("Espacio marca la casilla  ·  Conexión por red: tcp:192.168.1.50:9100  ·  Esc salir"));
-  setMinimumWidth(760);
+  resize(tema::px(860), height());
 }
 
 void frmConfiguraImpresora::crearImpresora(size_t n) {

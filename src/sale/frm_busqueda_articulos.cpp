@@ -55,7 +55,7 @@ frmBusquedaArticulos::frmBusquedaArticulos(Puesto& p, TipoBusqueda tipo, const Q
   tecla(Qt::ALT | Qt::Key_A, [this] { reject(); });
   indicio(QStringLiteral("Enter elegir  ·  Esc salir"));
   connect(lista_, &Lista::elegida, this, &frmBusquedaArticulos::seleccionar);
-  resize(1016, 740);
+  resize(tema::px(1016), tema::px(740));
 
   InicioBusqueda(p_, b_);
   mostrar();
@@ -68,7 +68,7 @@ QWidget* frmBusquedaArticulos::nuevoFiltro() {
   auto* fila = new QWidget;
   auto* h = new QHBoxLayout(fila);
   h->setContentsMargins(0, 0, 0, 0);
-  h->setSpacing(3 * tema::kPaso);
+  h->setSpacing(tema::px(3 * tema::kPaso));
   txtBuscar_ = new Campo(QStringLiteral("txtBuscar"));
   txtBuscar_->setText(b_.txtBuscar);
   txtBuscar_->installEventFilter(this);
@@ -90,9 +90,9 @@ QWidget* frmBusquedaArticulos::nuevoPie() {
   auto* fila = new QWidget;
   auto* h = new QHBoxLayout(fila);
   h->setContentsMargins(0, 0, 0, 0);
-  h->setSpacing(2 * tema::kPaso);
+  h->setSpacing(tema::px(2 * tema::kPaso));
   txtNroPagina_ = nuevoFijo(QStringLiteral("txtNroPagina"));
-  txtNroPagina_->setFixedWidth(72);
+  txtNroPagina_->setFixedWidth(tema::px(72));
   txtNroPagina_->setAlignment(Qt::AlignCenter);
   for (size_t n = 0; n < cmdPaginado_.size(); ++n) {
     auto* b = nuevoBoton(QStringLiteral("cmdPaginado(%1)").arg(n), kPaginas[n].rotulo.toString());

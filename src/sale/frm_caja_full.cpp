@@ -13,6 +13,7 @@
 #include "foundation/rutinas.h"
 #include "platform/ui/lector_codigos.h"
 #include "platform/ui/linea_estado.h"
+#include "platform/ui/tema.h"
 #include "sale/caja_full_liquidacion.h"
 #include "sale/caja_full_totales.h"
 #include "sale/lectura.h"
@@ -28,6 +29,7 @@ frmCajaRegistradoraFull::frmCajaRegistradoraFull(Puesto& p, PantallasVenta& pant
   cuerpo()->addWidget(nuevoCliente());
   pestanas_ = new QTabWidget;
   pestanas_->setObjectName(QStringLiteral("SSTab1"));
+  pestanas_->setMinimumHeight(tema::px(240));  // the lists take what there is
   pago_ = nuevoPanelPago(enlaces_, v_);
   adelanto_ = nuevosPanelesAdelanto(enlaces_, v_);
   pestanas_->addTab(nuevosArticulos(), QStringLiteral(" Artículos "));
@@ -49,7 +51,7 @@ frmCajaRegistradoraFull::frmCajaRegistradoraFull(Puesto& p, PantallasVenta& pant
   new LectorCodigos(
       this, [this](const QString& leido) { return PuedeSerCodigo(leido, focusWidget() == txtRUC_); },
       [this](const QString& leido) { alEscanear(leido); });
-  resize(1024, 768);
+  maximizar();
 
   Inicio(p_, v_);
   mostrar();

@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScopedValueRollback>
 
 #include "documento/frm_lineas.h"
 #include "foundation/puesto.h"
@@ -17,8 +18,8 @@ QChar soloDigitos(QChar tecla) { return FiltrarTecla(tecla, {ClaseTecla::Digitos
 
 // The two cards of the head stand side by side in 1024 pixels.
 void apretar(Panel* panel) {
-  panel->layout()->setContentsMargins(12, 8, 12, 10);
-  if (auto* g = panel->findChild<QGridLayout*>()) g->setHorizontalSpacing(2 * tema::kPaso);
+  panel->layout()->setContentsMargins(12, tema::px(5), 12, tema::px(6));
+  if (auto* g = panel->findChild<QGridLayout*>()) g->setHorizontalSpacing(tema::px(2 * tema::kPaso));
 }
 
 }  // namespace
@@ -26,7 +27,7 @@ void apretar(Panel* panel) {
 void frmCajaRegistradoraFull::fijo(Panel* panel, const QString& nombre, const QString& etiqueta, int ancho,
                                    QString& campo) {
   Campo* c = panel->fijo(nombre, etiqueta);
-  c->setFixedWidth(ancho);
+  c->setFixedWidth(tema::px(ancho));
   enlaces_.texto(c, campo);
 }
 
@@ -36,9 +37,9 @@ QWidget* frmCajaRegistradoraFull::nuevaCabecera() {
   h->setContentsMargins(0, 0, 0, 0);
   h->setSpacing(8);
   auto* caja = new Panel(QStringLiteral("Datos de la Caja"), 3);
-  fijo(caja, QStringLiteral("txtCajero"), {}, 112, v_.txtCajero);
+  fijo(caja, QStringLiteral("txtCajero"), {}, 108, v_.txtCajero);
   fijo(caja, QStringLiteral("txtCaja"), QStringLiteral("Caja:"), 78, v_.txtCaja);
-  fijo(caja, QStringLiteral("txtTurno"), QStringLiteral("Turno:"), 46, v_.txtTurno);
+  fijo(caja, QStringLiteral("txtTurno"), QStringLiteral("Turno:"), 50, v_.txtTurno);
   apretar(caja);
   h->addWidget(caja);
 
@@ -46,12 +47,12 @@ QWidget* frmCajaRegistradoraFull::nuevaCabecera() {
   cboTipoVenta_ = new QComboBox;
   cboTipoVenta_->setObjectName(QStringLiteral("cboTipoVenta"));
   // Wide enough for a kind that stays chosen; the list itself shows the longer entries whole.
-  cboTipoVenta_->setFixedWidth(128);
-  cboTipoVenta_->view()->setMinimumWidth(230);
+  cboTipoVenta_->setFixedWidth(tema::px(136));
+  cboTipoVenta_->view()->setMinimumWidth(tema::px(230));
   cboTipoVenta_->installEventFilter(this);
   venta->agregar(QStringLiteral("Tip&o:"), cboTipoVenta_);
   txtRUC_ = venta->campo(QStringLiteral("txtRUC"), QStringLiteral("&RUC:"));
-  txtRUC_->setMinimumWidth(138);
+  txtRUC_->setMinimumWidth(tema::px(130));
   txtRUC_->filtro = soloDigitos;
   enlaces_.texto(txtRUC_, v_.txtRUC);
   fijo(venta, QStringLiteral("txtTC"), QStringLiteral("T.C.:"), 58, v_.txtTC);
@@ -63,7 +64,13 @@ QWidget* frmCajaRegistradoraFull::nuevaCabecera() {
   h->addWidget(venta, 1);
   connect(cboTipoVenta_, &QComboBox::currentIndexChanged, this, [this](int n) {
     if (mostrando_ || n < 0) return;
-    con([this, n] { CambiarTipo(p_, v_, pantallas_, v_.tipos[static_cast<size_t>(n)]); });
+    const TipoVenta elegido = v_.tipos[static_cast<size_t>(n)];
+    // Those two open a screen and stay not chosen.
+    if (elegido == TipoVenta::Anular || elegido == TipoVenta::Recaudacion) {
+      const QScopedValueRollback<bool> guarda(mostrando_, true);
+      mostrarTipos();
+    }
+    con([this, elegido] { CambiarTipo(p_, v_, pantallas_, elegido); });
     // An arrow may be on its way to an entry below.
     if (v_.nTipoVenta == TipoVenta::LIQPAD && !conFlecha_) enfocar(liquidacion_.txtTXL[0]);
   });
@@ -77,12 +84,12 @@ QWidget* frmCajaRegistradoraFull::nuevoCliente() {
                                     {.nombres = QStringLiteral("txtNombres"),
                                      .local = QStringLiteral("&Local:"),
                                      .con = [this](const auto& accion) { con(accion); }});
-  cliente_.txtTarjeta->setFixedWidth(120);
-  cliente_.txtNombres->setMinimumWidth(150);
+  cliente_.txtTarjeta->setFixedWidth(tema::px(120));
+  cliente_.txtNombres->setMinimumWidth(tema::px(150));
   panel->ensanchar(cliente_.txtNombres);
-  cliente_.txtLocal->setFixedWidth(56);
+  cliente_.txtLocal->setFixedWidth(tema::px(56));
   auto* busca = nuevoBoton(QStringLiteral("txtBuscaCliente"), QStringLiteral("Buscar (F2)"));
-  busca->setMinimumWidth(132);
+  busca->setMinimumWidth(tema::px(132));
   panel->agregar({}, busca);
 
   connect(busca, &QPushButton::clicked, this, [this] { buscarCliente(); });
@@ -134,7 +141,7 @@ QWidget* frmCajaRegistradoraFull::nuevaBotonera() {
   auto* fila = new QWidget;
   auto* h = new QHBoxLayout(fila);
   h->setContentsMargins(0, 0, 0, 0);
-  h->setSpacing(10);
+  h->setSpacing(6);
   for (const auto& b : kBotones) {
     auto* boton = nuevoBoton(QStringLiteral("cmdTecla(%1)").arg(b.indice), b.rotulo.toString(),
                              b.indice == 2 ? QStringLiteral("principal") : QString());

@@ -69,18 +69,18 @@ PanelLiquidacion nuevoPanelLiquidacion(Enlaces& enlaces, CajaRegistradoraFull& v
   PanelLiquidacion r;
   r.pestana = new QWidget;
   auto* todo = new QVBoxLayout(r.pestana);
-  todo->setContentsMargins(6, 6, 6, 6);
-  todo->setSpacing(6);
+  todo->setContentsMargins(6, 4, 6, 4);
+  todo->setSpacing(4);
   for (int n = 0; n < 2; ++n) {
     const auto i = static_cast<size_t>(n);
     const auto& datos = kListas[n];
     auto* fila = new QHBoxLayout;
-    fila->setSpacing(2 * tema::kPaso);
+    fila->setSpacing(tema::px(2 * tema::kPaso));
     auto* titulo = nuevoTexto(datos.titulo.toString());
-    titulo->setMinimumWidth(96);
+    titulo->setMinimumWidth(tema::px(96));
     fila->addWidget(titulo);
     r.txtTXL[i] = new Campo(QStringLiteral("txtTXL(%1)").arg(n));
-    r.txtTXL[i]->setFixedWidth(104);
+    r.txtTXL[i]->setFixedWidth(tema::px(104));
     r.txtTXL[i]->filtro = [](QChar tecla) { return FiltrarTecla(tecla, {ClaseTecla::Digitos}); };
     enlaces.texto(r.txtTXL[i], v.txtTXL[i]);
     fila->addWidget(r.txtTXL[i]);
@@ -91,12 +91,13 @@ PanelLiquidacion nuevoPanelLiquidacion(Enlaces& enlaces, CajaRegistradoraFull& v
     fila->addWidget(nuevoTexto(datos.leyendaTotal.toString(), QStringLiteral("suave")));
     auto* total = nuevoFijo(datos.nombreTotal.toString());
     total->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    total->setFixedWidth(120);
+    total->setFixedWidth(tema::px(120));
     enlaces.texto(total, n == 0 ? v.txtTotalPA : v.txtTotalNC);
     fila->addWidget(total);
     todo->addLayout(fila);
     r.lvwTX[i] = new Lista(QStringLiteral("lvwTX(%1)").arg(n), columnasDe(n));
     r.lvwTX[i]->textoVacio = datos.vacia.toString();
+    r.lvwTX[i]->setMinimumHeight(tema::px(59));  // titles and a row
     todo->addWidget(r.lvwTX[i], 1);
   }
   return r;

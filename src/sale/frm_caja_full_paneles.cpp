@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "foundation/rutinas.h"
+#include "platform/ui/cifra.h"
 #include "platform/ui/tema.h"
 
 QChar filtroImporte(QChar tecla) { return FiltrarTecla(tecla, {ClaseTecla::Decimal}); }
@@ -18,14 +19,16 @@ QChar filtroCodigo(QChar tecla) { return FiltrarTecla(tecla, {ClaseTecla::Digito
 
 Campo* campoImporte(Panel* panel, const QString& nombre, const QString& etiqueta, Enlaces& enlaces, QString& campo) {
   Campo* c = panel->importe(nombre, etiqueta);
-  c->setMinimumWidth(kAnchoImporte);
+  c->setMinimumWidth(tema::px(kAnchoImporte));
   c->filtro = filtroImporte;
   enlaces.texto(c, campo);
   return c;
 }
 
 QLabel* cifra(const QString& nombre, const QString& papel, Enlaces& enlaces, const QString& campo) {
-  auto* l = nuevoTexto({}, papel);
+  auto* l = new Cifra;
+  l->setProperty("papel", papel);
+  l->setTextFormat(Qt::PlainText);
   l->setObjectName(nombre);
   l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   enlaces.rotulo(l, campo);
@@ -38,7 +41,7 @@ QFrame* nuevaPantalla(Enlaces& enlaces, CajaRegistradoraFull& v) {
   marco->setProperty("papel", "pantalla");
   auto* g = new QGridLayout(marco);
   g->setContentsMargins(16, 4, 16, 4);
-  g->setHorizontalSpacing(3 * tema::kPaso);
+  g->setHorizontalSpacing(tema::px(3 * tema::kPaso));
   g->setVerticalSpacing(0);
   const auto leyenda = [](const QString& t) { return nuevoTexto(t, QStringLiteral("leyenda")); };
   g->addWidget(leyenda(QStringLiteral("TOTAL S/.")), 0, 0);
@@ -47,9 +50,9 @@ QFrame* nuevaPantalla(Enlaces& enlaces, CajaRegistradoraFull& v) {
   g->addWidget(cifra(QStringLiteral("txtDolares"), QStringLiteral("articulo"), enlaces, v.txtDolares), 1, 1);
   g->addWidget(leyenda(QStringLiteral("VUELTO S/.")), 1, 2, Qt::AlignRight | Qt::AlignVCenter);
   g->addWidget(cifra(QStringLiteral("lblVuelto"), QStringLiteral("vuelto"), enlaces, v.lblVuelto), 1, 3);
-  // Room for any amount from the start: a figure must never be cut, nor move when it grows.
-  g->setColumnMinimumWidth(1, 124);
-  g->setColumnMinimumWidth(3, 196);
+  // Room for any usual amount from the start, so that none moves when it grows; a huge one shrinks.
+  g->setColumnMinimumWidth(1, tema::px(124));
+  g->setColumnMinimumWidth(3, tema::px(196));
   g->setColumnStretch(3, 1);
   return marco;
 }

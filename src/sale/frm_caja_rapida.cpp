@@ -24,7 +24,7 @@
 namespace {
 
 constexpr int kPorFila = 6;
-constexpr int kAnchoDerecha = 350;
+constexpr int kAnchoDerecha = 338;
 
 // The actions, from left to right.
 const struct {
@@ -77,7 +77,7 @@ frmCajaRegistradora::frmCajaRegistradora(Puesto& p, PantallasVenta& pantallas, Q
   new LectorCodigos(
       this, [this](const QString& leido) { return PuedeSerCodigo(leido, focusWidget() == txtRuc_); },
       [this](const QString& leido) { alEscanear(leido); });
-  resize(1024, 768);
+  maximizar();
 
   AbrirRapida(p_, v_);
   for (size_t n = 1; n < teclas_.size(); ++n) teclas_[n]->poner(v_.teclas[n].rotulo, v_.teclas[n].articulo);
@@ -110,7 +110,7 @@ QWidget* frmCajaRegistradora::nuevasTeclasProducto() {
 QWidget* frmCajaRegistradora::nuevaPantalla() {
   auto* marco = new QFrame;
   marco->setProperty("papel", "pantalla");
-  marco->setFixedWidth(kAnchoDerecha);
+  marco->setFixedWidth(tema::px(kAnchoDerecha));
   auto* v = new QVBoxLayout(marco);
   v->setContentsMargins(14, 10, 14, 10);
   v->setSpacing(4);
@@ -131,7 +131,7 @@ QWidget* frmCajaRegistradora::nuevaPantalla() {
 
 QWidget* frmCajaRegistradora::nuevosCampos() {
   auto* panel = new Panel({}, 1);
-  panel->setFixedWidth(kAnchoDerecha);
+  panel->setFixedWidth(tema::px(kAnchoDerecha));
   txtCantidad_ = panel->importe(QStringLiteral("txtCantidad"), QStringLiteral("Cantidad:"));
   txtCantidad_->filtro = soloDecimal;
   enlaces_.texto(txtCantidad_, v_.txtCantidad);

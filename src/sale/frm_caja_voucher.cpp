@@ -68,7 +68,7 @@ FrmCajaVoucher::FrmCajaVoucher(Puesto& p, const PedidoVoucher& pedido, QWidget* 
   tecla(Qt::ALT | Qt::Key_A, [this] { aceptar(); });
   tecla(Qt::ALT | Qt::Key_C, [this] { reject(); });
   txtEfectivoSoles_->alSalir = [this] { salirEfectivo(); };
-  resize(860, 600);
+  resize(tema::px(860), tema::px(600));
   vigilarComas([this] { AvisarComaDecimal(p_); });
   mostrar();
   grdTar_->setFocus();
@@ -112,7 +112,7 @@ QWidget* FrmCajaVoucher::nuevasListas() {
   auto* fila = new QWidget;
   auto* h = new QHBoxLayout(fila);
   h->setContentsMargins(0, 0, 0, 0);
-  h->setSpacing(3 * tema::kPaso);
+  h->setSpacing(tema::px(3 * tema::kPaso));
   h->addWidget(marco(QStringLiteral("&EMISORES  - - (F1)"), grdTar_), 2);
   h->addWidget(marco(QStringLiteral("&PAGO TARJETA (S/.)  - -  (F2)"), grdPagTar_), 3);
   connect(grdTar_, &Lista::elegida, this, &FrmCajaVoucher::agregar);
@@ -123,7 +123,7 @@ QWidget* FrmCajaVoucher::nuevosImportes() {
   auto* fila = new QWidget;
   auto* h = new QHBoxLayout(fila);
   h->setContentsMargins(0, 0, 0, 0);
-  h->setSpacing(3 * tema::kPaso);
+  h->setSpacing(tema::px(3 * tema::kPaso));
   const auto fijo = [this](Panel* panel, const QString& nombre, const QString& etiqueta, QString& campo) {
     Campo* c = panel->fijo(nombre, etiqueta);
     c->setAlignment(Qt::AlignRight | Qt::AlignVCenter);

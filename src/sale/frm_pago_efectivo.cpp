@@ -45,7 +45,7 @@ frmVuelto::frmVuelto(Puesto& p, double total, QWidget* padre)
     else focusNextChild();
   });
   indicio(QStringLiteral("Alt+S soles  ·  Alt+U dólares  ·  Alt+V vuelto en dólares  ·  Esc salir"));
-  setMinimumWidth(700);
+  setMinimumWidth(tema::px(700));
   vigilarComas([this] { AvisarComaDecimal(p_); });
   enlaces_.mostrar();
   txtEfectivo_->setFocus();

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "foundation/rutinas.h"
+#include "platform/ui/tema.h"
 #include "sale/frm_caja_full_paneles.h"
 #include "sale/retiro.h"
 
@@ -27,7 +28,7 @@ frmPago::frmPago(Puesto& p, QWidget* padre)
   tecla(Qt::ALT | Qt::Key_A, [this] { aceptar(); });
   tecla(Qt::ALT | Qt::Key_S, [this] { reject(); });
   indicio(QStringLiteral("Enter aceptar  ·  Esc salir"));
-  setMinimumWidth(460);
+  setMinimumWidth(tema::px(460));
   vigilarComas([this] { AvisarComaDecimal(p_); });
   txtMonto_->setFocus();
 }

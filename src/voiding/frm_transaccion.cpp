@@ -16,7 +16,7 @@ frmTransaccion::frmTransaccion(Puesto& p, const QString& nombre, const QString& 
                                const QString& boton, const QString& rotulo, QWidget* padre)
     : Forma(nombre, titulo, padre), p_(p), v_(v), panel_(new Panel) {
   auto* medio = new QHBoxLayout;
-  medio->setSpacing(4 * tema::kPaso);
+  medio->setSpacing(tema::px(4 * tema::kPaso));
   auto* izquierda = new QVBoxLayout;
   crearBusqueda();
   izquierda->addWidget(panel_);
@@ -39,7 +39,7 @@ frmTransaccion::frmTransaccion(Puesto& p, const QString& nombre, const QString& 
   connect(salir, &QPushButton::clicked, this, &QDialog::reject);
   connect(chkAlterno_, &QCheckBox::toggled, this, [this](bool si) { con([this, si] { CambiarAlterno(p_, v_, si); }); });
   indicio(QStringLiteral("Enter buscar  ·  Esc salir"));
-  resize(900, 640);
+  resize(tema::px(900), tema::px(640));
   AbrirTransacciones(p_, v_);
   mostrar();
   txtNumero_->setFocus();

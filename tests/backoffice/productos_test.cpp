@@ -81,7 +81,7 @@ TEST(Teclado, AKeyTakesAnArticleThatCanBeSold) {
     ejecutarArchivo(p, kTeclado);
     ConfiguraBotonProducto v;
     ASSERT_TRUE(CargarTeclas(p, v) && ElegirTecla(p, v, 13));
-    EXPECT_EQ("DEP 13 SHFT+F1 ", v.txtBoton + u' ' + v.txtTecla + u' ' + v.txtCodigoProducto);
+    EXPECT_EQ("DEP 13 Shift+F1 ", v.txtBoton + u' ' + v.txtTecla + u' ' + v.txtCodigoProducto);
     const bool mal = !c["caja"].isEmpty();
     if (mal) p.persona().espera(c["caja"]);
     v.txtCodigoProducto = c["codigo"];

@@ -69,6 +69,29 @@ TEST(Cuadre, ACountThatIsNoNumberShowsNoDifference) {
   EXPECT_EQ(otroLado, v.lado[kLadoZ1].txtFALTSOB);
 }
 
+TEST(Cuadre, MoreThanTenSolesAreAskedFor) {
+  const struct {
+    const char *z1, *z, *pregunta;
+  } kCasos[] = {
+      {"10.00", "-10.00", ""},
+      {"", "0.00", ""},
+      {"10.01", "0.00", "CUADRE CAJA Z1: faltan S/. 10.01\n¿"},
+      {"0.00", "-1,250.50", "CUADRE CAJA: sobran S/. 1,250.50\n¿"},
+      {"25.00", "-25.00", "CUADRE CAJA Z1: faltan S/. 25.00\nCUADRE CAJA: sobran S/. 25.00\n¿Cerrar"},
+  };
+  for (const auto& c : kCasos) {
+    for (const bool si : {true, false}) {
+      PuestoPrueba p;
+      Cuadre v;
+      v.lado[kLadoZ1].txtFALTSOB = QString::fromUtf8(c.z1);
+      v.lado[kLadoZ].txtFALTSOB = QString::fromUtf8(c.z);
+      if (*c.pregunta)
+        p.persona().espera(QString::fromUtf8(c.pregunta), si ? QStringLiteral("Sí") : QStringLiteral("No"));
+      EXPECT_EQ(si || !*c.pregunta, AceptarDiferencia(p, v)) << c.z1 << c.z;
+    }
+  }
+}
+
 TEST(Cuadre, ProductsOfTheOpenDay) {
   DiaDeCuadre p;
   Cuadre v = cargado(p);

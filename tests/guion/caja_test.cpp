@@ -54,6 +54,43 @@ const RegistradoraDePrueba kRegistradoras[] = {
      "espera frmPrincipal\nclic mnuOperaciones_Hijo(3)\nespera frmCajaRegistradora\ntecla F2\ntecla Ctrl+A\n",
      "tecla Ctrl+Z\ntecla F1\ntecla Ctrl+A\n", "lblTotal"},
 };
+// The smallest screens of the list that ./pantallas plays in whole; a large one takes no more than a small one.
+TEST(Caja, EveryScreenIsSeenWhole) {
+  QStringList medidas{"1024x768-40", "1920x1080-40@1.5", "1920x1080-40@2"};
+  if (qEnvironmentVariableIsSet("TARVOPOS_LARGO")) medidas += {"1366x768-40", "1920x1080-40", "1920x1080-40@1.25"};
+  for (const QString& medida : medidas) {
+    SCOPED_TRACE(qPrintable(medida));
+    const PuestoDeObra p;
+    const QString dice = p.admin({"guion", QStringLiteral(TARVOPOS_FUENTES "/guiones/pantallas.guion"), "--puesto",
+                                  p.ruta(), "--salida", p.ruta(), "--pantalla", medida});
+    EXPECT_TRUE(dice.endsWith(u"[estado 0]\n"));
+    EXPECT_EQ(QStringList(), dice.split(u'\n').filter(QStringLiteral("falta|")));
+  }
+}
+
+// Keys without any delay follow the key before them; a scanner's do not. Every one of them counts.
+TEST(Caja, FastHandsAreNoScanner) {
+  const int ventas = qEnvironmentVariableIsSet("TARVOPOS_LARGO") ? 500 : 40;
+  const PuestoDeObra p(abierto());
+  QByteArray lineas = "reloj 24/11/2026 09:00:00\ninicia\nespera frmPassword\nescribe txtPassword caja\ntecla Enter\n"
+                      "espera frmPrincipal\nclic mnuOperaciones_Hijo(3)\nespera frmCajaRegistradora\nritmo 0\n";
+  int piezas = 0;
+  for (int n = 0; n < ventas; ++n) {
+    const int cantidad = n % 3 == 0 ? 1200 + n : 1 + n % 90;
+    piezas += cantidad;
+    lineas += "tecla F1\n";
+    for (const char c : QByteArray::number(cantidad)) lineas += QByteArray("tecla ") + c + '\n';
+    lineas += n % 2 == 0 ? "tecla Enter\ntecla F2\ntecla 2\ntecla Ctrl+A\n" : "tecla F2\ntecla 2\ntecla Ctrl+A\n";
+    lineas += "tecla Ctrl+Enter\n";
+  }
+  EXPECT_FALSE(p.tocaLineas(lineas).contains(u"caja|TarvoPos|Articulo"));
+  EXPECT_EQ(
+      QStringLiteral("[%1,%2]").arg(piezas).arg(2 * ventas),
+      p.filas(QStringLiteral("SELECT SUM(IIF(cProdCode=101, nProdCant, 0)), SUM(IIF(cProdCode=102, nProdCant, 0)) "
+                             "FROM Operacion")));
+  EXPECT_EQ(ventas, p.numeros().size());
+}
+
 class Registradoras : public testing::TestWithParam<RegistradoraDePrueba> {};
 INSTANTIATE_TEST_SUITE_P(Caja, Registradoras, testing::ValuesIn(kRegistradoras),
                          [](const auto& r) { return r.param.nombre; });

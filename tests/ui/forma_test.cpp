@@ -74,7 +74,10 @@ TEST(Forma, KeysOfTheTableComeBeforeMnemonics) {
   QKeyEvent repetida(QEvent::KeyPress, Qt::Key_F2, Qt::NoModifier, QString(), true);
   QApplication::sendEvent(v.boton, &repetida);
   EXPECT_EQ(1, v.f2) << "a key that is held down acts once";
-  EXPECT_TRUE(control<QLabel>(v, "lblIndicios")->text().contains(QStringLiteral("F2 cliente  ·  Supr borrar")));
+  EXPECT_TRUE(control<QLabel>(v, "lblIndicios")
+                  ->text()
+                  .contains(QStringLiteral("F2\u00A0cliente\u00A0\u00A0·\u00A0 Supr\u00A0borrar")))
+      << "no line begins with the sign";
 }
 
 TEST(Forma, EscClosesWhatMayBeClosed) {

@@ -26,8 +26,9 @@ AnilloFoco::AnilloFoco(QWidget* ventana) : QWidget(ventana) {
   setAttribute(Qt::WA_NoSystemBackground);
   setFocusPolicy(Qt::NoFocus);
   hide();
+  ventana->installEventFilter(this);
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* ahora) {
-    // A box in front takes the keyboard for a while: the ring waits where it is.
+    // A box in front takes the keyboard for a while: the ring comes back to the same place.
     if (!ahora || ahora->window() == window()) seguir(ahora);
   });
 }
@@ -45,7 +46,8 @@ void AnilloFoco::seguir(QWidget* control) {
 }
 
 void AnilloFoco::colocar() {
-  if (!control_ || !control_->isVisible()) {
+  // Where the window is not the active one the keyboard is elsewhere, and so is the ring.
+  if (!control_ || !control_->isVisible() || !window()->isActiveWindow()) {
     hide();
     return;
   }
@@ -62,7 +64,9 @@ bool AnilloFoco::eventFilter(QObject*, QEvent* evento) {
     case QEvent::Move:
     case QEvent::Resize:
     case QEvent::Show:
-    case QEvent::Hide: colocar(); break;
+    case QEvent::Hide:
+    case QEvent::WindowActivate:
+    case QEvent::WindowDeactivate: colocar(); break;
     default: break;
   }
   return false;

@@ -37,7 +37,31 @@ Campo::Campo(const QString& nombre, QWidget* padre) : QLineEdit(padre) {
   setObjectName(nombre);
   setContextMenuPolicy(Qt::NoContextMenu);
   installEventFilter(new FiltroCompuesto(this));
-  connect(this, &QLineEdit::textChanged, this, [this] { quitarMal(this); });
+  connect(this, &QLineEdit::textChanged, this, [this] {
+    quitarMal(this);
+    ajustarLetra();
+  });
+}
+
+void Campo::ajustarLetra() {
+  const bool fijo = isReadOnly() && focusPolicy() == Qt::NoFocus;
+  if (!fijo && !(alignment() & Qt::AlignRight)) return;
+  constexpr int kBordes = 22;  // frame, padding and the place of the cursor
+  const int cabe = width() - tema::px(kBordes);
+  QFont f = font();
+  const auto pide = [&](int puntos) {
+    f.setPointSize(tema::pt(puntos));
+    return QFontMetrics(f).horizontalAdvance(text());
+  };
+  const QVariant letra = !testAttribute(Qt::WA_WState_Created) || pide(tema::kPtCampo) <= cabe ? QVariant()
+                         : pide(tema::kPtChica) <= cabe ? QVariant(QStringLiteral("chica"))
+                                                        : QVariant(QStringLiteral("minima"));
+  tema::aplicarRol(this, "letra", letra);
+}
+
+void Campo::resizeEvent(QResizeEvent* e) {
+  QLineEdit::resizeEvent(e);
+  ajustarLetra();
 }
 
 void Campo::keyPressEvent(QKeyEvent* e) {
@@ -108,7 +132,7 @@ QLabel* nuevoTexto(const QString& texto, const QString& papel, QWidget* padre) {
 
 QHBoxLayout* filaBotones(const std::vector<QPushButton*>& botones) {
   auto* fila = new QHBoxLayout;
-  fila->setSpacing(4 * tema::kPaso);
+  fila->setSpacing(tema::px(4 * tema::kPaso));
   fila->addStretch();
   for (auto* b : botones) fila->addWidget(b);
   return fila;
@@ -126,12 +150,12 @@ void quitarMal(QWidget* campo) {
 Panel::Panel(const QString& titulo, int pares, QWidget* padre) : QFrame(padre), pares_(pares) {
   setProperty("papel", "tarjeta");
   auto* todo = new QVBoxLayout(this);
-  todo->setContentsMargins(16, 12, 16, 12);
-  todo->setSpacing(2 * tema::kPaso);
+  todo->setContentsMargins(tema::px(16), tema::px(12), tema::px(16), tema::px(12));
+  todo->setSpacing(tema::px(2 * tema::kPaso));
   if (!titulo.isEmpty()) todo->addWidget(nuevoTexto(titulo, QStringLiteral("titulo")));
   rejilla_ = new QGridLayout;
-  rejilla_->setHorizontalSpacing(3 * tema::kPaso);
-  rejilla_->setVerticalSpacing(3 * tema::kPaso);
+  rejilla_->setHorizontalSpacing(tema::px(3 * tema::kPaso));
+  rejilla_->setVerticalSpacing(tema::px(3 * tema::kPaso));
   for (int i = 0; i < pares_; ++i) rejilla_->setColumnStretch(2 * i + 1, 1);
   todo->addLayout(rejilla_);
 }

@@ -11,7 +11,8 @@ class QHBoxLayout;
 class QLabel;
 class QPushButton;
 
-// A one-line field. Its whole text is selected when it gets the keyboard.
+// A one-line field. Its whole text is selected when it gets the keyboard. A figure too wide for it, one that stands to
+// the right, is shown in smaller letters.
 class Campo final : public QLineEdit {
   Q_OBJECT
  public:
@@ -36,6 +37,10 @@ class Campo final : public QLineEdit {
   void keyPressEvent(QKeyEvent* e) override;
   void focusInEvent(QFocusEvent* e) override;
   void focusOutEvent(QFocusEvent* e) override;
+  void resizeEvent(QResizeEvent* e) override;
+
+ private:
+  void ajustarLetra();
 };
 
 // A field for amounts: to the right.

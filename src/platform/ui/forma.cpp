@@ -10,6 +10,12 @@
 #include "platform/ui/anillo_foco.h"
 #include "platform/ui/tema.h"
 
+namespace {
+
+const QString kEntreIndicios = QStringLiteral("  ·  ");
+
+}  // namespace
+
 Forma::Forma(const QString& nombre, const QString& titulo, QWidget* padre)
     : QDialog(padre), teclas_(new TablaTeclas(this)) {
   setObjectName(nombre);
@@ -18,13 +24,13 @@ Forma::Forma(const QString& nombre, const QString& titulo, QWidget* padre)
   todo_->setContentsMargins(0, 0, 0, 0);
   todo_->setSpacing(0);
   cuerpo_ = new QVBoxLayout;
-  cuerpo_->setContentsMargins(16, 16, 16, 16);
-  cuerpo_->setSpacing(3 * tema::kPaso);
+  cuerpo_->setContentsMargins(tema::px(16), tema::px(16), tema::px(16), tema::px(16));
+  cuerpo_->setSpacing(tema::px(3 * tema::kPaso));
   todo_->addLayout(cuerpo_, 1);
   tira_ = new QFrame;
   tira_->setProperty("papel", "indicios");
   auto* enTira = new QVBoxLayout(tira_);
-  enTira->setContentsMargins(16, 4, 16, 4);
+  enTira->setContentsMargins(16, tema::px(4), 16, tema::px(4));
   indicios_ = new QLabel;
   indicios_->setObjectName(QStringLiteral("lblIndicios"));
   indicios_->setWordWrap(true);
@@ -50,7 +56,11 @@ void Forma::indicio(const QString& texto) {
 void Forma::escribirIndicios() {
   QStringList partes = notas_;
   if (const QString t = teclas_->indicios(); !t.isEmpty()) partes.prepend(t);
-  indicios_->setText(partes.join(QStringLiteral("  ·  ")));
+  // A line ends behind the sign between two hints and nowhere else.
+  QString texto = partes.join(kEntreIndicios);
+  const QString junto = QString(texto).replace(u' ', QChar::Nbsp).replace(u'/', QStringLiteral("/\u2060"));
+  indicios_->setText(QString(junto).replace(QString(kEntreIndicios).replace(u' ', QChar::Nbsp),
+                                            QStringLiteral("\u00A0\u00A0·\u00A0 ")));
   tira_->setVisible(!partes.isEmpty());
 }
 
@@ -128,7 +138,18 @@ void Forma::keyPressEvent(QKeyEvent* e) {
   }
 }
 
+// Not smaller than its content needs, not larger than the screen, whole on it.
+void Forma::caberEnPantalla() {
+  if (isMaximized()) return;
+  const QSize hay = tema::sitio(this);
+  resize(size().expandedTo(minimumSizeHint()).boundedTo(hay));
+  const QRect todo = screen()->availableGeometry();
+  move(qBound(todo.left(), x(), qMax(todo.left(), todo.right() - width())),
+       qBound(todo.top(), y(), qMax(todo.top(), todo.bottom() - height())));
+}
+
 void Forma::showEvent(QShowEvent* e) {
+  if (!e->spontaneous()) caberEnPantalla();
   QDialog::showEvent(e);
   raise();
   activateWindow();

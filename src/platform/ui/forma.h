@@ -25,6 +25,9 @@ class Forma : public QDialog {
  protected:
   // The place for the screen's content, above the hint strip.
   QVBoxLayout* cuerpo() { return cuerpo_; }
+  // Opens over all the screen that there is: a register. Other screens open in their own size, or in what there is
+  // where that is less.
+  void maximizar() { setWindowState(windowState() | Qt::WindowMaximized); }
   // A widget over the whole width below the content (the status line).
   void ponerPie(QWidget* pie);
 
@@ -51,6 +54,7 @@ class Forma : public QDialog {
 
  private:
   void escribirIndicios();
+  void caberEnPantalla();
   void rechazarComa(Campo* campo);
 
   TablaTeclas* teclas_;

@@ -2,11 +2,28 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QVBoxLayout>
 
 #include "platform/ui/tema.h"
 
 namespace {
+
+// A name too long for its place ends in dots instead of in the middle of a letter.
+class RotuloQueSeAcorta final : public QLabel {
+ public:
+  RotuloQueSeAcorta() {
+    setProperty("seAcorta", true);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter p(this);
+    p.setPen(palette().color(QPalette::WindowText));
+    p.drawText(rect(), alignment(), fontMetrics().elidedText(text(), Qt::ElideRight, width()));
+  }
+};
 
 void conexion(QLabel* l, const QString& nombre, bool responde) {
   l->setText(nombre + (responde ? QStringLiteral(": conectada") : QStringLiteral(": sin conexión")));
@@ -32,7 +49,7 @@ LineaEstado::LineaEstado(QWidget* padre) : QFrame(padre) {
   };
   // clang-format on
   for (const auto& r : rotulos) {
-    r.rotulo = new QLabel;
+    r.rotulo = &r.rotulo == &papel_ ? new RotuloQueSeAcorta : new QLabel;
     r.rotulo->setObjectName(QLatin1String(r.nombre));
     r.rotulo->setTextFormat(Qt::PlainText);
     fila->addWidget(r.rotulo);
@@ -46,7 +63,6 @@ LineaEstado::LineaEstado(QWidget* padre) : QFrame(padre) {
   aviso_->hide();
   lineas->addWidget(aviso_);
   // The last paper takes what is left; a long printer's name must not widen the window.
-  papel_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   papel_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   fila->setStretchFactor(papel_, 1);
 }
@@ -62,13 +78,4 @@ void LineaEstado::mostrar(const DatosEstado& d) {
   aviso_->setVisible(!d.aviso.isEmpty());
   papel_->setText(d.papel);
   papel_->setToolTip(d.papel);
-}
-
-void LineaEstado::ocupado(const QString& texto) {
-  // The words take the whole line: in what the others leave they would be cut.
-  for (QLabel* l : {turno_, usuario_, tc_, central_, clientes_}) l->setVisible(texto.isEmpty());
-  aviso_->setVisible(texto.isEmpty() && !aviso_->text().isEmpty());
-  papel_->setText(texto);
-  layout()->activate();
-  repaint();
 }

@@ -13,8 +13,6 @@ class LineaEstado final : public QFrame {
   explicit LineaEstado(QWidget* padre = nullptr);
 
   void mostrar(const DatosEstado& datos);
-  // What a long step is doing, in the place of all but the till and painted at once; "" takes it away.
-  void ocupado(const QString& texto);
 
  private:
   QLabel *caja_, *turno_, *usuario_, *tc_, *central_, *clientes_, *aviso_, *papel_;

@@ -100,8 +100,8 @@ Lista::Lista(const QString& nombre, std::vector<ColumnaLista> columnas, QWidget*
   setHorizontalScrollMode(ScrollPerPixel);
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setMinimumSectionSize(tema::kAltoFila);
-  verticalHeader()->setDefaultSectionSize(tema::kAltoFila);
+  verticalHeader()->setMinimumSectionSize(tema::px(tema::kAltoFila));
+  verticalHeader()->setDefaultSectionSize(tema::px(tema::kAltoFila));
   horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setSectionsClickable(true);
@@ -142,6 +142,11 @@ void Lista::elegir(int n) {
   selectRow(n);
   scrollTo(currentIndex());
   if (yaEstaba) Q_EMIT cambioActual(n);
+}
+
+void Lista::desmarcar() {
+  clearSelection();
+  setCurrentIndex({});
 }
 
 void Lista::ordenar(int columna) {

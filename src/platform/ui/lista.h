@@ -45,6 +45,8 @@ class Lista final : public QTableView {
   int actual() const;
   // Selects the row and scrolls it into view.
   void elegir(int n);
+  // No row is selected any more.
+  void desmarcar();
   void ordenar(int columna);
 
  Q_SIGNALS:

@@ -7,6 +7,7 @@
 
 #include "platform/ui/anillo_foco.h"
 #include "platform/ui/forma.h"
+#include "platform/ui/tema.h"
 
 namespace {
 
@@ -70,7 +71,7 @@ class CajaPedir final : public Forma {
     sentencia->setWordWrap(true);
     campo_ = new Campo(QStringLiteral("txtRespuesta"));
     campo_->setText(porDefecto);
-    campo_->setMinimumWidth(360);
+    campo_->setMinimumWidth(tema::px(360));
     auto* si = nuevoBoton(QStringLiteral("cmdAceptar"), QStringLiteral("&Aceptar"), QStringLiteral("principal"));
     auto* no = nuevoBoton(QStringLiteral("cmdCancelar"), QStringLiteral("&Cancelar"));
     connect(si, &QPushButton::clicked, this, &QDialog::accept);

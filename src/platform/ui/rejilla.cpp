@@ -42,8 +42,8 @@ Rejilla::Rejilla(const QString& nombre, std::vector<ColumnaRejilla> columnas, Or
   setWordWrap(false);
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setMinimumSectionSize(tema::kAltoFila);
-  verticalHeader()->setDefaultSectionSize(tema::kAltoFila);
+  verticalHeader()->setMinimumSectionSize(tema::px(tema::kAltoFila));
+  verticalHeader()->setDefaultSectionSize(tema::px(tema::kAltoFila));
   horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setSectionsClickable(false);
@@ -289,13 +289,13 @@ void Rejilla::repartirAnchos() {
   int fijo = 0, sueltas = 0;
   for (const auto& c : columnas_) {
     if (c.oculta) continue;
-    fijo += c.ancho;
+    fijo += tema::px(c.ancho);
     sueltas += c.ancho == 0;
   }
   const int resto = sueltas ? qMax(120, (viewport()->width() - fijo) / sueltas) : 0;
   for (int c = 0; c < modelo_->columnCount(); ++c) {
     const int ancho = columnas_[static_cast<size_t>(c)].ancho;
-    setColumnWidth(c, ancho ? ancho : resto);
+    setColumnWidth(c, ancho ? tema::px(ancho) : resto);
   }
 }
 

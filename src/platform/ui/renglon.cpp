@@ -2,33 +2,10 @@
 
 #include <QBoxLayout>
 #include <QLabel>
-#include <QPainter>
 
 #include "platform/text/texto.h"
 #include "platform/ui/campo.h"
-
-namespace {
-
-// Draws a text that is too wide in smaller letters: a figure without its first digits would be another figure.
-class Cifra final : public QLabel {
- public:
-  using QLabel::QLabel;
-  QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
-
- protected:
-  void paintEvent(QPaintEvent* e) override {
-    const int pide = fontMetrics().horizontalAdvance(text());
-    if (pide <= width()) return QLabel::paintEvent(e);
-    QFont f = font();
-    f.setPointSizeF(f.pointSizeF() * width() / pide * 0.98);
-    QPainter p(this);
-    p.setFont(f);
-    p.setPen(palette().color(QPalette::WindowText));
-    p.drawText(rect(), alignment(), text());
-  }
-};
-
-}  // namespace
+#include "platform/ui/cifra.h"
 
 Renglon::Renglon(const QString& nombre, int corte, const QString& papelIzquierdo, const QString& papelDerecho,
                  bool apilado, QWidget* padre)

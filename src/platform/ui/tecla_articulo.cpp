@@ -62,7 +62,7 @@ void TeclaArticulo::paintEvent(QPaintEvent*) {
   const int alto = rotulo_->sizeHint().height();
   if (rotulo != articulo_) {
     QFont f = font();
-    f.setPointSize(tema::kPtIndicio);
+    f.setPointSize(tema::pt(tema::kPtIndicio));
     p.setFont(queQuepa(f, rotulo, dentro.width()));
     p.setPen(QColor(tema::kTintaSuave));
     p.drawText(dentro, Qt::AlignRight | Qt::AlignBottom,

@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QRegularExpression>
+#include <QScreen>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QSvgRenderer>
@@ -157,6 +159,8 @@ QTableView {
 QTableView[papel="registro"] { font-size: 14pt; }
 QTableView[papel="impreso"], QLineEdit[papel="impreso"] { font-family: "Courier New", "DejaVu Sans Mono"; }
 QTableView QLineEdit { border: 0px; border-radius: 0px; padding: 0px 4px; min-height: 0px; }
+QLineEdit[letra="chica"] { font-size: 9pt; }
+QLineEdit[letra="minima"] { font-size: 7pt; }
 QTableView[papel="registro"] QLineEdit { font-size: 14pt; }
 QTableView QLineEdit[estado="mal"] { border: 2px solid @alto; padding: 0px 2px; }
 QHeaderView { background: @fondoFijo; border: 0px; }
@@ -187,12 +191,50 @@ QPixmap dibujo(const QString& archivo, int lado, qreal opacidad) {
   return px;
 }
 
+// The windows are made for a screen of 1024 x 768 less a panel and a title bar.
+constexpr QSize kMedida{1024, 690};
+constexpr qreal kMinima = 0.7;
+constexpr QSize kMarco{2, 30};  // what a window manager draws round a window
+
+qreal escala = 1;
+
+qreal escalaDe(const QSize& hay) {
+  const qreal cabe = qMin(qreal(hay.width()) / kMedida.width(), qreal(hay.height()) / kMedida.height());
+  return qBound(kMinima, cabe, qreal(1));
+}
+
+QString aEscala(const QString& hoja) {
+  static const QRegularExpression medida(QStringLiteral("\\b(\\d+)(px|pt)\\b"));
+  if (escala == 1) return hoja;
+  QString sale;
+  qsizetype desde = 0;
+  for (auto i = medida.globalMatch(hoja); i.hasNext();) {
+    const auto m = i.next();
+    const int n = m.captured(1).toInt();
+    sale += hoja.mid(desde, m.capturedStart() - desde);
+    sale += QString::number(m.captured(2) == u"pt" ? tema::pt(n) : tema::px(n)) + m.captured(2);
+    desde = m.capturedEnd();
+  }
+  return sale + hoja.mid(desde);
+}
+
 }  // namespace
 
 namespace tema {
 
+int px(int medida) { return medida == 0 ? 0 : qMax(1, qRound(medida * escala)); }
+
+int pt(int puntos) { return qMax(7, qRound(puntos * escala)); }
+
+QSize sitio(const QWidget* ventana) {
+  const QScreen* s = ventana && ventana->screen() ? ventana->screen() : QGuiApplication::primaryScreen();
+  return s ? s->availableSize() - kMarco : kMedida;
+}
+
 void aplicar(QApplication& app) {
   cargarDibujos();
+  app.setWindowIcon(QIcon(logo(64)));
+  if (const QScreen* s = QGuiApplication::primaryScreen()) escala = escalaDe(s->availableSize() - kMarco);
   app.setStyle(new Estilo);
   QPalette pal;
   pal.setColor(QPalette::Window, QColor(kFondo));
@@ -207,9 +249,9 @@ void aplicar(QApplication& app) {
   QFont f = app.font();
   if (QFontDatabase::hasFamily(QStringLiteral("DejaVu Sans")) && f.family().isEmpty())
     f.setFamily(QStringLiteral("DejaVu Sans"));
-  f.setPointSize(kPtCampo);
+  f.setPointSize(pt(kPtCampo));
   app.setFont(f);
-  app.setStyleSheet(conPaleta(QString::fromUtf8(kHoja)));
+  app.setStyleSheet(aEscala(conPaleta(QString::fromUtf8(kHoja))));
 }
 
 void aplicarRol(QWidget* control, const char* propiedad, const QVariant& valor) {

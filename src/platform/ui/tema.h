@@ -33,12 +33,19 @@ inline constexpr QRgb kBien = 0xFF1E7B34, kCuidado = 0xFF8A4B00, kFondoCuidado =
 inline constexpr QRgb kFijo = 0xFF4A5766, kFondoFijo = 0xFFE6EAEE;
 inline constexpr QRgb kTeclaAsignada = 0xFFFFFFC0, kTeclaLibre = 0xFFE0E0E0;
 
-inline constexpr int kPtMenu = 10, kPtIndicio = 11, kPtCampo = 12, kPtRejilla = 14, kPtPantalla = 18, kPtTitular = 28,
-                     kPtVuelto = 28, kPtTotal = 36;
+inline constexpr int kPtChica = 9, kPtMenu = 10, kPtIndicio = 11, kPtCampo = 12, kPtRejilla = 14, kPtPantalla = 18,
+                     kPtTitular = 28, kPtVuelto = 28, kPtTotal = 36;
 inline constexpr int kPaso = 4, kAltoCampo = 32, kAltoFila = 30, kAnilloFoco = 3, kHuecoFoco = 2;
 
-// Puts the theme on the whole program. Once, before the first window.
+// Puts the theme on the whole program. Once, before the first window. Where the screen offers less than the 1024 x 690
+// that the windows are made for, letters and measures shrink together, so that nothing is cut or lies outside.
 void aplicar(QApplication& app);
+
+// A measure or a letter of the theme as the screen has it.
+int px(int medida);
+int pt(int puntos);
+// What a window can take of the screen at most, its frame left out.
+QSize sitio(const QWidget* ventana);
 
 // Sets a role of a control that may already be shown.
 void aplicarRol(QWidget* control, const char* propiedad, const QVariant& valor);
