@@ -78,7 +78,8 @@ PuestoDeObra::PuestoDeObra(const QString& ahora) {
                   .endsWith(u"[estado 0]\n"));
   for (const CadenaConexion& b : bases) {
     servidor.crudo(b, QStringLiteral("CREATE OR REPLACE FUNCTION dbo.tp_ahora() RETURNS timestamp LANGUAGE sql STABLE "
-                                     "AS $$ SELECT timestamp '%1' $$").arg(ahora));
+                                     "AS $$ SELECT timestamp '%1' $$")
+                          .arg(ahora));
   }
 }
 
