@@ -39,7 +39,7 @@ QString fechaConMascara(QDateTime f, QString mascara) {
 QString numeroConMascara(double x, const QString& mascara) {
   const QStringList partes = mascara.split(u';');
   const bool negativo = x < 0 && !partes.value(1).isEmpty(), cero = x == 0 && !partes.value(2).isEmpty();
-  const QString parte = partes[negativo ? 1 : cero ? 2 : 0];
+  const QString& parte = partes[negativo ? 1 : cero ? 2 : 0];
   return Formatear((negativo ? -x : x) * (parte.contains(u'%') ? 100 : 1), parte).remove(u'"').remove(u'\\');
 }
 

@@ -26,7 +26,8 @@ constexpr SQLSMALLINT kTipoHora = -154;  // a time of SQL Server, which no stand
 
 SQLWCHAR* ancho(QString& t) { return reinterpret_cast<SQLWCHAR*>(t.data()); }
 bool bien(SQLRETURN r) { return r == SQL_SUCCESS || r == SQL_SUCCESS_WITH_INFO; }
-SQLPOINTER valor(SQLULEN n) { return reinterpret_cast<SQLPOINTER>(n); }
+// The interface passes numbers as pointers.
+SQLPOINTER valor(SQLULEN n) { return reinterpret_cast<SQLPOINTER>(n); }  // NOLINT(performance-no-int-to-ptr)
 
 // "[vendor][driver][server]words" without what stands in brackets before the words.
 QString sinOrigen(QString palabras) {

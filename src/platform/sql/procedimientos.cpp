@@ -19,13 +19,12 @@ bool argumento(const std::vector<Token>& t, size_t& i, QVariant& valor) {
   bool negativo = false;
   if (t[i].op(u"-") || t[i].op(u"+")) negativo = t[i++].op(u"-");
   const Token& k = t[i];
+  if (k.tipo != TipoToken::Numero && (negativo || k.abierto)) return false;
   if (k.tipo == TipoToken::Numero) {
     valor = leerNumero(k.texto.toString());
     if (negativo) {
       valor = valor.typeId() == QMetaType::LongLong ? QVariant(-valor.toLongLong()) : QVariant(-valor.toDouble());
     }
-  } else if (negativo || k.abierto) {
-    return false;
   } else if (k.tipo == TipoToken::Texto) {
     valor = contenido(k);
   } else if (k.nombre()) {
