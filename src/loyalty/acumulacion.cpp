@@ -38,9 +38,8 @@ bool SiguienteAcumulacion(Puesto& p, Conexion& cnn, const QString& cliente, int 
 }
 
 Sql UltimaAcumulacion(const QString& cliente, int idLocal) {
-  return FormatearSQL(
-      u"SELECT MAX(cAcumCode) AS Codigo FROM Acumulacion_Punto WHERE cClieCode = $ AND IdLocal= $ "_sql,
-      {Cifras(cliente), idLocal});
+  return FormatearSQL(u"SELECT MAX(cAcumCode) AS Codigo FROM Acumulacion_Punto WHERE cClieCode = $ AND IdLocal= $ "_sql,
+                      {Cifras(cliente), idLocal});
 }
 
 Sql DelDocumento(const ClavePuntos& d) {

@@ -75,9 +75,9 @@ bool enviarCliente(Puesto& p, const Recordset::Fila& f) {
                 {Cifras(codigo), local});
 }
 
-// Number, row and balance; nothing when the document's points stand there already: a sending was cut off before its mark,
-// or the answer to the sale's own commit was lost.
-std::optional<ErrorBD> acumular(Conexion& cliente, Acumulacion& a, const Sql& fecha, Sql& laQueFallo) {
+// Number, row and balance; nothing when the document's points stand there already: a sending was cut off before its
+// mark, or the answer to the sale's own commit was lost.
+std::optional<ErrorBD> acumularUna(Conexion& cliente, Acumulacion& a, const Sql& fecha, Sql& laQueFallo) {
   Recordset rs;
   const auto consultar = [&](const Sql& sql) {
     auto error = cliente.consultar(sql, rs);
@@ -120,8 +120,8 @@ bool enviarAcumulacion(Puesto& p, const Recordset::Fila& f) {
   // A row of the store's copies may turn out to be of a customer who earns nothing.
   if (tipo == kClienteConPuntos) {
     const Sql fecha = fechaDelServidor(f[u"dAcumDate"]);
-    const auto hecho =
-        ActuarEnCliente(p, [&](Sql& laQueFallo) { return acumular(p.poCnnCliente, a, fecha, laQueFallo); }, false);
+    const auto hecho = ActuarEnCliente(
+        p, [&](Sql& laQueFallo) { return acumularUna(p.poCnnCliente, a, fecha, laQueFallo); }, false);
     if (hecho != ResultadoCliente::Hecho) return false;
   }
   return marcar(p,
