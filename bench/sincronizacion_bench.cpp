@@ -1,5 +1,5 @@
-// Push, pull and purge of a desk beside the bare engine doing the same: the same round trips for rows that go one by one,
-// a plain copy for a first load.
+// Push, pull and purge of a desk beside the bare engine doing the same: the same round trips for rows that go one by
+// one, a plain copy for a first load.
 #include <sqlite3.h>
 #include <sys/resource.h>
 

@@ -16,8 +16,8 @@ QString sinFinales(const char* sql);
 // A text that is no date, as an error of the server.
 ErrorBD noEsFecha(const QVariant& texto);
 
-// The sales movements of a day anew, of one till or, "", of all: what was sold and not voided, and what orders and notes
-// have delivered, by the lines' value.
+// The sales movements of a day anew, of one till or, "", of all: what was sold and not voided, and what orders and
+// notes have delivered, by the lines' value.
 std::optional<ErrorBD> rehacerMovimientos(AccesoMotor& bd, QDate dia, const QString& caja);
 
 // The procedures that only read, and those that serve the accounts: pickers, stock, sales movements, mail.

@@ -74,7 +74,8 @@ Error agruparZ1(AccesoMotor& bd, const QVariantList& a, Recordset&) {
 Error insertaSincronizacion(AccesoMotor& bd, const QVariantList& a, Recordset&) {
   Recordset dias;
   if (auto error = bd.consultar(sinFinales("SELECT date(dOperFech) FROM Operacion WHERE ~cCajaCodi = ?1 AND "
-                                           "~cFlagSincronizacion = '0' UNION SELECT date(dOperFech) FROM OperacionParalela "
+                                           "~cFlagSincronizacion = '0' UNION SELECT date(dOperFech) FROM "
+                                           "OperacionParalela "
                                            "WHERE ~cCajaCodi = ?1 AND ~cFlagSincronizacion = '0'"),
                                 {a[0]}, dias)) {
     return error;

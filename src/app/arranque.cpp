@@ -145,7 +145,7 @@ bool repararNumeros(Puesto& p) {
   return true;
 }
 
-void sincronizar(Puesto& p, const PasosArranque& pasos) {
+void sincronizarAlInicio(Puesto& p, const PasosArranque& pasos) {
   p.ses.psIdZ1.clear();
   p.ses.pbSincronizaMaestros = true;
   p.ses.pbSincronizaCierre = false;
@@ -210,7 +210,7 @@ void Arrancar(Puesto& p, const PasosArranque& pasos) {
   mirarCierre(p);
   if (!p.ses.bSinCentral && !repararNumeros(p)) seguirSinCentral(p, aceptado);
   leerImpresorasYTurno(p);
-  sincronizar(p, pasos);
+  sincronizarAlInicio(p, pasos);
   RevisarDisco(p);
 }
 
@@ -224,7 +224,7 @@ bool ContactarCentral(Puesto& p, const PasosArranque& pasos) {
   if (!leerIGV(p)) return false;
   // A query that the server refuses has been told, and would be refused again; the next start repairs.
   p.ses.bSinCentral = !repararNumeros(p) && p.ses.bCentralCaida;
-  if (!p.ses.bSinCentral) sincronizar(p, pasos);
+  if (!p.ses.bSinCentral) sincronizarAlInicio(p, pasos);
   return !p.ses.bSinCentral;
 }
 

@@ -12,7 +12,8 @@ class PantallasPrincipal;
 // stored one on. `avance` hears what is being done, and "" when a step waits for a person or all is over.
 //   Leaves   the window as with no turn open once the day is closed; as with an interrupted closing (only "Reporte Z"
 //            and "&Salir") when a step holds it. A refusal before the first step changes nothing.
-//   Fails    a detail that can't be sent: told there, and the next step follows; the synchronisation sends it later. A Z1 or Z whose figures could not be written, and a last step that could not be done,
+//   Fails    a detail that can't be sent: told there, and the next step follows; the synchronisation sends it later. A
+//            Z1 or Z whose figures could not be written, and a last step that could not be done,
 //            hold the closing at that step; so does a store that can't note its beginning, with nothing done.
 void CerrarCaja(Puesto& p, Principal& v, PantallasPrincipal& pantallas,
                 const std::function<void(const QString&)>& avance);

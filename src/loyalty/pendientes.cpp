@@ -76,9 +76,9 @@ bool enviarCliente(Puesto& p, const Recordset::Fila& f) {
                 {Cifras(codigo), local});
 }
 
-// Number, row and balance; nothing when the document's points stand there already: a sending was cut off before its mark,
-// or the answer to the sale's own commit was lost.
-std::optional<ErrorBD> acumular(Conexion& cliente, Acumulacion& a, const Sql& fecha, Sql& laQueFallo) {
+// Number, row and balance; nothing when the document's points stand there already: a sending was cut off before its
+// mark, or the answer to the sale's own commit was lost.
+std::optional<ErrorBD> acumularUna(Conexion& cliente, Acumulacion& a, const Sql& fecha, Sql& laQueFallo) {
   Recordset rs;
   const auto consultar = [&](const Sql& sql) {
     auto error = cliente.consultar(sql, rs);
@@ -122,7 +122,7 @@ bool enviarAcumulacion(Puesto& p, const Recordset::Fila& f) {
   if (tipo == kClienteConPuntos) {
     const Sql fecha = fechaDelServidor(f[u"dAcumDate"]);
     const auto hecho = ActuarEnCliente(
-        p, [&](Sql& laQueFallo) { return acumular(p.poCnnCliente, a, fecha, laQueFallo); }, false);
+        p, [&](Sql& laQueFallo) { return acumularUna(p.poCnnCliente, a, fecha, laQueFallo); }, false);
     if (hecho != ResultadoCliente::Hecho) return false;
   }
   return marcar(p,

@@ -1,7 +1,7 @@
 #pragma once
 // The cross-check of a day: what the store says of the desk's sales against what the central database received. Each
-// check that finds a difference raises one alarm: a mail (CorreoSalida, addresses of the central `parametro`, CORREODE and
-// CORREOPARA), a row of MsgErrorRegistroVentas, and a box. All need the central database; without it they end in
+// check that finds a difference raises one alarm: a mail (CorreoSalida, addresses of the central `parametro`, CORREODE
+// and CORREOPARA), a row of MsgErrorRegistroVentas, and a box. All need the central database; without it they end in
 // silence, as they do at a query that fails.
 #include <QDate>
 #include <QString>

@@ -3,6 +3,7 @@
 #include "foundation/puesto.h"
 #include "foundation/transaccion.h"
 #include "platform/text/numero.h"
+#include "store/codigos.h"
 #include "sync/depuracion.h"
 
 namespace {
@@ -52,10 +53,13 @@ std::vector<Sql> sentencias(const FrmDepurarTablas& v) {
                          SalvoLaUltimaParalela(u"OperacionParalela"_sql);
   // Money stays with what it belongs to.
   const Sql operaciones =
-      u"DELETE FROM Operacion  WHERE "_sql + dias + u" AND NOT "_sql + kOperacionQueda +
-      u" AND NOT cOperCode IN (SELECT cOperCode FROM Operacion WHERE cProdCode <> 0 AND cFlagSincronizacion <> '1') AND "
-      "NOT (cDocTipo IN ('10','11','12','13','14') AND cOperCode IN (SELECT cOperCode FROM OperacionParalela))"_sql +
-      SalvoLaUltimaOperacion(u"Operacion"_sql);
+      (u"DELETE FROM Operacion  WHERE "_sql + dias + u" AND NOT "_sql + kOperacionQueda +
+       u" AND NOT cOperCode IN (SELECT cOperCode FROM Operacion WHERE cProdCode <> 0 AND cFlagSincronizacion <> '1') "
+       "AND "
+       "NOT (cDocTipo IN ({paralelas}) AND cOperCode IN (SELECT cOperCode FROM OperacionParalela))"_sql +
+       SalvoLaUltimaOperacion(u"Operacion"_sql))
+          .con(u"{paralelas}"_sql, Codigos({TipoDocumento::OC, TipoDocumento::NC, TipoDocumento::PADE,
+                                            TipoDocumento::PADV, TipoDocumento::LIQPAD}));
   std::vector<Sql> todo{
       u"DELETE FROM OperacionParalelaProducto  WHERE cOperCode IN (SELECT cOperCode "_sql + documentos + u")"_sql,
       u"DELETE"_sql + documentos, operaciones,

@@ -19,7 +19,7 @@ enum class FinDepurar {
   Fallo   // the store refused, and nothing has changed; a synchronisation follows all the same
 };
 
-// The button "Depurar". Tells first what stays: rows that the central database has not got, open documents, and the last
-// number of each run. Asks, has it authorised by `supervisor`, and empties the days in one transaction; master data comes
-// anew with the next synchronisation.
+// The button "Depurar". Tells first what stays: rows that the central database has not got and open documents. Asks,
+// has it authorised by `supervisor`, and empties the days in one transaction; the last number of each run stays as well.
+// Master data comes anew with the next synchronisation.
 [[nodiscard]] FinDepurar DepurarTablas(Puesto& p, const FrmDepurarTablas& v, const std::function<bool()>& supervisor);

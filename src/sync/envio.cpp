@@ -58,13 +58,14 @@ Sql Envio::rangosPendientes(bool paralelas, LiteralSql columna) const {
 }
 
 // Rows of moments that the centre knows of this till may stand there already: an earlier run was cut off, an answer was
-// lost, or the store was put back from an older copy. Then what it holds for those moments is read once, and marked rows
-// of a pending range are looked up there too.
+// lost, or the store was put back from an older copy. Then what it holds for those moments is read once, and marked
+// rows of a pending range are looked up there too.
 bool Envio::prepararCotejo(bool paralelas) {
   const LiteralSql tabla = paralelas ? u"OperacionParalela"_sql : u"Operacion"_sql;
   const LiteralSql clave = paralelas ? u"cOperCode"_sql : u"cOperID"_sql;
   const Sql cerradas = FormatearSQL(
-      u"SELECT COUNT(*) AS nFilas, MIN(dOperFech) AS dDesde, MAX(dOperFech) AS dHasta FROM $ WHERE cOperFlagAbierto = 0 "
+      u"SELECT COUNT(*) AS nFilas, MIN(dOperFech) AS dDesde, MAX(dOperFech) AS dHasta FROM $ WHERE cOperFlagAbierto "
+      "= 0 "
       "AND $ <= $"_sql,
       {tabla, clave, paralelas ? finP_ : fin_});
   Recordset nuevas, marcadas, alla;
@@ -192,8 +193,8 @@ Envio::Error Envio::confirmarAmbas() {
   return p_.poCnnLocal.confirmar();
 }
 
-// Once the commit there has been tried nothing of the batch may go again in this run: what it left is for the comparison
-// of the next one.
+// Once the commit there has been tried nothing of the batch may go again in this run: what it left is for the
+// comparison of the next one.
 std::vector<FinFila> Envio::confirmarLote(std::vector<FinFila> fines) {
   if (!confirmarAmbas()) return fines;
   deshacerAmbas();

@@ -200,7 +200,8 @@ FinPasada Envio::estados() {
   Recordset rs;
   if (!p_.poDBAdmin.EjecutarConsulta(
           p_.poCnnLocal,
-          u"SELECT o.cOperCode, o.cEstado, o.cOperCodeRela, o.cOperCodeAnul, o.cDocCodigo FROM OperacionParalela o INNER "
+          u"SELECT o.cOperCode, o.cEstado, o.cOperCodeRela, o.cOperCodeAnul, o.cDocCodigo FROM OperacionParalela o "
+          "INNER "
           "JOIN ParalelaEnviada e ON e.cOperCode = o.cOperCode WHERE o.cFlagSincronizacion = '1' AND (o.cEstado <> "
           "e.cEstado OR o.cOperCodeRela <> e.cOperCodeRela OR o.cOperCodeAnul <> e.cOperCodeAnul) ORDER BY "
           "o.cOperCode"_sql,

@@ -81,10 +81,13 @@ void Envio::contabilizar(const Recordset& cabeceras) {
     }
     if (const auto error = p_.poCnnCentral.ejecutar(FormatearSQL(
             u"INSERT INTO Cuentacte (cSerieDoc, cNroDoc, cCodCaja, cTipoDoc, dFecha, nMonto) SELECT o.cDocSerie, "
-            "o.cDocCodigo, o.cCajaCodi, o.cDocTipo, MIN(o.dOperFech), SUM(o.nProdCant * o.nProdPrecUnit * (1 + o.nDscto "
+            "o.cDocCodigo, o.cCajaCodi, o.cDocTipo, MIN(o.dOperFech), SUM(o.nProdCant * o.nProdPrecUnit * (1 + "
+            "o.nDscto "
             "/ 100)) FROM Operacion o WHERE o.cCajaCodi = '$' AND o.cDocTipo IN ('01','02') AND o.dOperFech >= $ AND "
-            "o.dOperFech <= $ AND NOT EXISTS (SELECT 1 FROM Cuentacte c WHERE c.cSerieDoc = o.cDocSerie AND c.cNroDoc = "
-            "o.cDocCodigo AND c.cCodCaja = o.cCajaCodi) GROUP BY o.cDocSerie, o.cDocCodigo, o.cCajaCodi, o.cDocTipo"_sql,
+            "o.dOperFech <= $ AND NOT EXISTS (SELECT 1 FROM Cuentacte c WHERE c.cSerieDoc = o.cDocSerie AND "
+            "c.cNroDoc = "
+            "o.cDocCodigo AND c.cCodCaja = o.cCajaCodi) GROUP BY o.cDocSerie, o.cDocCodigo, o.cCajaCodi, "
+            "o.cDocTipo"_sql,
             {texto(f, u"Caja"), MomentoCentral(rs[0]), MomentoCentral(rs[1])}))) {
       p_.registro.RegistrarErrorLog(QStringLiteral("Sincronizar - Cuentacte: ") + error->descripcion);
     }

@@ -5,8 +5,8 @@
 class QListWidget;
 class QProgressBar;
 
-// The synchronisation on the screen: what it does, how far it is, its newest lines. It paints itself between rows; while
-// the pull runs Esc and "&Detener" end it there.
+// The synchronisation on the screen: what it does, how far it is, its newest lines. It paints itself between rows;
+// while the pull runs Esc and "&Detener" end it there.
 class frmUpdt final : public Forma {
   Q_OBJECT
  public:

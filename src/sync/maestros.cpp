@@ -194,7 +194,8 @@ FinPasada PasadasDeMaestros::tarjetas() {
       .insertar =
           [ahora](const auto& f) {
             return FormatearSQL(
-                u" INSERT INTO Tarjeta (cClieCode, nTarjNumb, cTarjActi, dEmisDate, sUserDesc,dUltOper, IdLocal) VALUES "
+                u" INSERT INTO Tarjeta (cClieCode, nTarjNumb, cTarjActi, dEmisDate, sUserDesc,dUltOper, IdLocal) "
+                "VALUES "
                 "($, '$', $, '$', '$', '$', $)"_sql,
                 {numero(f, u"cClieCode"), texto(f, u"nTarjNumb"), numero(f, u"cTarjActi"), dia(f, u"dEmisDate"),
                  texto(f, u"sUserDesc"), Texto(ahora), entero(f[u"IdLocal"])});

@@ -3,8 +3,8 @@
 // that fails is logged and left out.
 #include "sync/pasada.h"
 
-// `marca` is the watermark, "yyyyMMdd", "" for a full load. poCnnCentral is open. The bar goes to 70 when all of it went
-// well.
+// `marca` is the watermark, "yyyyMMdd", "" for a full load. poCnnCentral is open. The bar goes to 70 when all of it
+// went well.
 [[nodiscard]] FinPasada TraerMaestros(Puesto& p, FrmUpdt& pantalla, const QString& marca);
 
 // The step among them that takes articles out of sale here and puts them back.

@@ -151,7 +151,8 @@ FinPasada PasadasDeMaestros::precios(const Maestro& m) {
   for (const auto& f : rs) precio.insert(AEntero(Numero(f[0])), Numero(f[1]));
   if (!p_.poDBAdmin.EjecutarConsulta(
           p_.poCnnCentral,
-          u"SELECT A.cCodartic, V.nPrecioVtaNew FROM Articulo A INNER JOIN (SELECT B.cCodArtic, MAX(B.nNumItem) AS nItem "
+          u"SELECT A.cCodartic, V.nPrecioVtaNew FROM Articulo A INNER JOIN (SELECT B.cCodArtic, MAX(B.nNumItem) AS "
+          "nItem "
           "FROM ArticuloPrecioVenta B GROUP BY B.cCodArtic) U ON U.cCodArtic = A.cCodartic INNER JOIN "
           "ArticuloPrecioVenta V ON V.cCodArtic = U.cCodArtic AND V.nNumItem = U.nItem WHERE A.bFlagVenta = 1 AND NOT "
           "A.bFlagDesc = 1"_sql,

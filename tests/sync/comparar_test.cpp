@@ -52,13 +52,16 @@ TEST(CuadreCentral, EachPlantedDifferenceIsNamed) {
       {"DELETE FROM Operacion WHERE cOperCode = 11 AND cProdCode = '000206'", "000011, operación 11 artículo 206"},
       {"DELETE FROM Operacion WHERE cOperCode = 12", "000012, falta en el centro"},
       {"DELETE FROM Operacion WHERE cOperCode = 14", "000000, falta en el centro"},
-      {"INSERT INTO Operacion (cOperID, cOperCode, cProdCode, nProdCant, nProdPrecUnit, dOperFech, cCajaCodi, cDocTipo, "
+      {"INSERT INTO Operacion (cOperID, cOperCode, cProdCode, nProdCant, nProdPrecUnit, dOperFech, cCajaCodi, "
+       "cDocTipo, "
        "cDocSerie, cDocCodigo) VALUES (99, 11, '000206', 1, 3, '20261120 09:01', '00001', '02', '001', '000011')",
        "artículo 206, 1 x 3, 0 %, estado 0: 1 en la tienda y 2 en el centro"},
-      {"INSERT INTO Operacion (cOperID, cOperCode, cProdCode, nProdCant, nProdPrecUnit, dOperFech, cCajaCodi, cDocTipo, "
+      {"INSERT INTO Operacion (cOperID, cOperCode, cProdCode, nProdCant, nProdPrecUnit, dOperFech, cCajaCodi, "
+       "cDocTipo, "
        "cDocSerie, cDocCodigo) VALUES (99, 77, '000206', 1, 3, '20261120 10:00', '00001', '02', '001', '000011')",
        "000011, operación 77"},
-      {"INSERT INTO Operacion (cOperID, cOperCode, cProdCode, nProdCant, nProdPrecUnit, dOperFech, cCajaCodi, cDocTipo, "
+      {"INSERT INTO Operacion (cOperID, cOperCode, cProdCode, nProdCant, nProdPrecUnit, dOperFech, cCajaCodi, "
+       "cDocTipo, "
        "cDocSerie, cDocCodigo) VALUES (99, 77, '000206', 1, 3, '20261120 10:00', '00001', '02', '001', '000044')",
        "000044, sólo está en el centro"},
       {"UPDATE Operacion SET nProdPrecUnit = 38.01 WHERE cOperCode = 12", "000012, operación 12"},
@@ -75,7 +78,8 @@ TEST(CuadreCentral, EachPlantedDifferenceIsNamed) {
       {"UPDATE OperacionParalela SET nMontoSoles = 100.01 WHERE cOperCode = 12", "total 100,"},
       {"DELETE FROM OperacionParalela WHERE cOperCode = 12", "000012, falta en el centro"},
       {"DELETE FROM OperacionParalelaProducto WHERE cOperCode = 11 AND cProdCode = '000206'", "artículo 206, 2 x 9.5"},
-      {"INSERT INTO OperacionParalela (cCajaCodi, cOperCode, cOperTipo, dOperFech, cEstado, cDocSerie, cDocCodigo, cDocTipo) "
+      {"INSERT INTO OperacionParalela (cCajaCodi, cOperCode, cOperTipo, dOperFech, cEstado, cDocSerie, cDocCodigo, "
+       "cDocTipo) "
        "VALUES ('00001', 15, 20, '20261120 09:05', '1', 'OC1', '000015', '10')", "000015, sólo está en el centro"},
   };
   // clang-format on
@@ -105,7 +109,8 @@ TEST(Comparar, EachCheckRaisesItsAlarm) {
       {CompararCantidadProductos, "DELETE FROM Operacion WHERE cOperCode = 12",
        "Error Comparativo RegVta - Caja: Caja 01",
        "La cantidad de productos vendidos entre Access y SQL para el dia de hoy no coincide",
-       "Error No cuadran la cantidad de productos vendidos en esta caja, entre Access y SQL...Informe al administrador!"},
+       "Error No cuadran la cantidad de productos vendidos en esta caja, entre Access y SQL...Informe al "
+       "administrador!"},
       {CompararTotalesSerie, "UPDATE Operacion SET nProdPrecUnit = 39 WHERE cOperCode = 12",
        "Error Comparativo RegVta - Serie: 001", "Monto Access: 99.15, Monto SQL=100",
        "Error No cuadran la cantidad y/o totales emitidos en esta caja entre Access y SQL...Informe al administrador!"},

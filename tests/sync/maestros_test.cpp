@@ -8,16 +8,17 @@ namespace {
 class Tienda : public CajaConDias {
  public:
   explicit Tienda(const Envolver& envolver = {}) : CajaConDias(envolver) {
-    for (
-        const char* sql :
-        {"INSERT INTO UnidadMedida VALUES ('UND', 'UNIDAD', 'UND.', '20261101', '20261101')",
-         "INSERT INTO LINEA VALUES ('01', 'QUESOS')", "INSERT INTO Proveedor VALUES ('P1', 'GRANJA D''ORO')",
-         "INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, iTipo, nPuntCant, dFechCrea, dFechModi) VALUES "
-         "(5, 1, 'O''HIGGINS', 'ANA', 1, 20, '20261101', '20261101')",
-         "INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, iTipo, dFechCrea, dFechModi) VALUES (5, 2, 'RÍOS', 2, "
-         "'20261101', '20261101')",
-         "INSERT INTO Tarjeta (cClieCode, IdLocal, nTarjNumb, dEmisDate, dFechCrea, dFechModi) VALUES (5, 1, '00000005', "
-         "'20261102', '20261101', '20261101')"}) {
+    for (const char* sql :
+         {"INSERT INTO UnidadMedida VALUES ('UND', 'UNIDAD', 'UND.', '20261101', '20261101')",
+          "INSERT INTO LINEA VALUES ('01', 'QUESOS')", "INSERT INTO Proveedor VALUES ('P1', 'GRANJA D''ORO')",
+          "INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, iTipo, nPuntCant, dFechCrea, dFechModi) "
+          "VALUES "
+          "(5, 1, 'O''HIGGINS', 'ANA', 1, 20, '20261101', '20261101')",
+          "INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, iTipo, dFechCrea, dFechModi) VALUES (5, 2, 'RÍOS', 2, "
+          "'20261101', '20261101')",
+          "INSERT INTO Tarjeta (cClieCode, IdLocal, nTarjNumb, dEmisDate, dFechCrea, dFechModi) VALUES (5, 1, "
+          "'00000005', "
+          "'20261102', '20261101', '20261101')"}) {
       ejecuta(central(), q(sql));
     }
     articulo("000101", "QUESO", 38);
@@ -82,11 +83,13 @@ TEST(Maestros, AFirstLoadAndADayBehindIt) {
                          q("Se insertó Cliente de código: 6"), q("Se actualizó Cliente de código: 5"),
                          q("Se actualió Tarjeta de número: 00000005")}),
             p.traer({"UPDATE UnidadMedida SET vDscundmd = 'UNIDADES', dFechModi = '20261125'",
-                     "UPDATE Articulo SET dFechCrea = '2026-11-25 08:00', dFechModi = '2026-11-25 09:00' WHERE cCodartic IN "
+                     "UPDATE Articulo SET dFechCrea = '2026-11-25 08:00', dFechModi = '2026-11-25 09:00' WHERE "
+                     "cCodartic IN "
                      "('000301', '00X')",
                      "INSERT INTO ArticuloPrecioVenta VALUES ('000101', 3, 40)",  // its article did not change
                      "DELETE FROM Articulo WHERE cCodartic = '000206'",
-                     "INSERT INTO Cliente (cClieCode, IdLocal, iTipo, dFechCrea, dFechModi) VALUES (6, 1, 1, '2026-11-25 "
+                     "INSERT INTO Cliente (cClieCode, IdLocal, iTipo, dFechCrea, dFechModi) VALUES (6, 1, 1, "
+                     "'2026-11-25 "
                      "08:00', '2026-11-25 09:00')",
                      "UPDATE Cliente SET sClieApel = 'PAZ', dFechModi = '20261125' WHERE IdLocal = 2",
                      "UPDATE Tarjeta SET cTarjActi = 0, dFechModi = '20261125'"}));
@@ -110,7 +113,8 @@ TEST(Maestros, AFirstLoadAndADayBehindIt) {
   EXPECT_TRUE(p.productos().startsWith(q("101|DE VUELTA|40|1|1|")));
 }
 
-// Stopped between two rows, or with a statement that fails or a death at any point: the watermark stays, and the next run
+// Stopped between two rows, or with a statement that fails or a death at any point: the watermark stays, and the next
+// run
 // ends as an undisturbed one.
 TEST(Maestros, APullThatWasCutOffIsDoneAgain) {
   Tienda limpia;

@@ -43,25 +43,26 @@ class CajaConDias : public PuestoPrueba {
 
   // A closed day of one boleta, one order, one advance payment.
   void diaCorto(const QString& fecha) {
-    for (
-        const QString& sql :
-        {q("INSERT INTO Operacion (cOperCode, cAlmaCode, cProdCode, nProdCant, nProdPrecUnit, dOperFech, cOperTipo, "
-           "cCajaCodi, cDocTipo, cDocSerie, cDocCodigo, cOperFlagAbierto) VALUES (1, '01', 101, 2, 38, '%1 09:01', 1, "
-           "'00001', '02', '001', 1, 0)"),
-         q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, dOperFech, nMontoSoles, cEstado, cCajaCodi, "
-           "cFlagSincronizacion, cOperFlagAbierto, cDocTipo, cDocSerie, cDocCodigo) VALUES (1, 20, '%1 09:02', 38, '1', "
-           "'00001', '0', 0, '10', 'OC1', 1)"),
-         q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, dOperFech, nMontoSoles, cEstado, cCajaCodi, "
-           "cFlagSincronizacion, cOperFlagAbierto, cDocTipo, cDocSerie, cDocCodigo) VALUES (2, 22, '%1 09:03', 90, '1', "
-           "'00001', '1', 0, '12', 'PA1', 1)"),
-         q("INSERT INTO OperacionParalelaProducto (cAlmaCode, cOperCode, cProdCode, nProdCant, nProdPrecUnit) VALUES "
-           "('01', 1, 101, 1, 38)")}) {
+    for (const QString& sql :
+         {q("INSERT INTO Operacion (cOperCode, cAlmaCode, cProdCode, nProdCant, nProdPrecUnit, dOperFech, cOperTipo, "
+            "cCajaCodi, cDocTipo, cDocSerie, cDocCodigo, cOperFlagAbierto) VALUES (1, '01', 101, 2, 38, '%1 09:01', 1, "
+            "'00001', '02', '001', 1, 0)"),
+          q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, dOperFech, nMontoSoles, cEstado, cCajaCodi, "
+            "cFlagSincronizacion, cOperFlagAbierto, cDocTipo, cDocSerie, cDocCodigo) VALUES (1, 20, '%1 09:02', 38, "
+            "'1', "
+            "'00001', '0', 0, '10', 'OC1', 1)"),
+          q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, dOperFech, nMontoSoles, cEstado, cCajaCodi, "
+            "cFlagSincronizacion, cOperFlagAbierto, cDocTipo, cDocSerie, cDocCodigo) VALUES (2, 22, '%1 09:03', 90, "
+            "'1', "
+            "'00001', '1', 0, '12', 'PA1', 1)"),
+          q("INSERT INTO OperacionParalelaProducto (cAlmaCode, cOperCode, cProdCode, nProdCant, nProdPrecUnit) VALUES "
+            "('01', 1, 101, 1, 38)")}) {
       ejecuta(sql.contains(u'%') ? sql.arg(fecha) : sql);
     }
     cerrarZ(fecha);
   }
-  // A closed day: a boleta of two lines, a factura, a voided boleta, an order, a note on an advance payment, and a voided
-  // order. Documents number up from `numero`, which is 10 a day.
+  // A closed day: a boleta of two lines, a factura, a voided boleta, an order, a note on an advance payment, and a
+  // voided order. Documents number up from `numero`, which is 10 a day.
   void dia(const QString& fecha, int numero) {
     const QString f = q("'%1 09:0%2'");
     EXPECT_FALSE(poCnnLocal.iniciar());
