@@ -238,9 +238,9 @@ CREATE OR REPLACE FUNCTION dbo.tp_like(t text, p text, escape text) RETURNS bool
 AS $$ SELECT dbo.tp_pliega(t) COLLATE "C" ~ dbo.tp_expresion(p, escape) $$;
 -- The texts between which all lie that a pattern's plain beginning leaves; an index finds them.
 CREATE OR REPLACE FUNCTION dbo.tp_desde(p text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE
-AS $$ SELECT substring(p COLLATE "C" from '^[^%_[]*') COLLATE dbo.espaniol $$;
+AS $$ SELECT split_part(translate(p COLLATE "C", '_[', '%%'), '%', 1) COLLATE dbo.espaniol $$;
 CREATE OR REPLACE FUNCTION dbo.tp_hasta(p text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE
-AS $$ SELECT (substring(p COLLATE "C" from '^[^%_[]*') || U&'\FFFF') COLLATE dbo.espaniol $$;
+AS $$ SELECT (split_part(translate(p COLLATE "C", '_[', '%%'), '%', 1) || U&'\FFFF') COLLATE dbo.espaniol $$;
 
 CREATE OR REPLACE FUNCTION dbo.tp_empieza(t text, p text) RETURNS boolean LANGUAGE sql IMMUTABLE PARALLEL SAFE
 AS $$ SELECT t >= dbo.tp_desde(p) AND t < dbo.tp_hasta(p) AND dbo.tp_like(t, p) $$;

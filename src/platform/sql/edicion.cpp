@@ -9,8 +9,38 @@ ErrorBD noCoincide(const QString& texto, QStringView que) {
   return {kErrorSentencia, 0, QStringLiteral("No coinciden los tipos de datos: '%1' no es %2.").arg(texto, que)};
 }
 
+// The figures of `t` from `i` on, -1 where there are others.
+int cifras(QStringView t, qsizetype i, int n) {
+  int v = 0;
+  for (qsizetype k = i; k < i + n; ++k) {
+    if (t[k] < u'0' || t[k] > u'9') return -1;
+    v = v * 10 + (t[k].unicode() - u'0');
+  }
+  return v;
+}
+
+// The forms that the program itself writes, day/month/year and year-month-day, a time of eight signs behind them or
+// none, without the general reader's cost. Nothing for any other.
+std::optional<QString> fechaLlana(const QString& t) {
+  if (t.size() != 10 && t.size() != 19) return {};
+  const bool anioPrimero = t[4] == u'-' && t[7] == u'-', diaPrimero = t[2] == u'/' && t[5] == u'/';
+  if (!anioPrimero && !diaPrimero) return {};
+  const int anio = cifras(t, anioPrimero ? 0 : 6, 4), mes = cifras(t, anioPrimero ? 5 : 3, 2);
+  if (!QDate::isValid(anio, mes, cifras(t, anioPrimero ? 8 : 0, 2)) || anio < 1000) return {};
+  if (t.size() == 19) {
+    const bool hora = t[10] == u' ' && t[13] == u':' && t[16] == u':';
+    if (!hora || !QTime::isValid(cifras(t, 11, 2), cifras(t, 14, 2), cifras(t, 17, 2))) return {};
+    if (anioPrimero) return t;
+  }
+  QString iso = anioPrimero ? t : t.mid(6, 4) + u'-' + t.mid(3, 2) + u'-' + t.mid(0, 2);
+  return iso + (t.size() == 19 ? t.mid(10) : QStringLiteral(" 00:00:00"));
+}
+
 // Both dialects read blank text beside a date or a number differently: the server takes it for its zero.
 ValorLiteral fechaDe(const QString& texto, OrdenFecha orden, Dialecto dialecto) {
+  if (orden == OrdenFecha::DiaMes) {
+    if (auto llana = fechaLlana(texto)) return {*llana, {}};
+  }
   // Between number signs the month comes first; a year in front or an impossible order overrides either.
   auto f = orden == OrdenFecha::MesDia ? LeerFecha(texto, orden) : std::nullopt;
   if (!f) f = leerInstante(texto, dialecto);

@@ -25,7 +25,9 @@ const Palabras kPalabras[] = {
 };
 
 // What the embedded engine says in words of its own, too.
-const Palabras kDeSentencia[] = {{"22012", u"División por cero."}};
+const Palabras kDeSentencia[] = {{"22012", u"División por cero."},
+                                 {"42P01", u"El servidor no tiene esa tabla."},
+                                 {"42703", u"Esa tabla del servidor no tiene la columna."}};
 
 }  // namespace
 
@@ -49,7 +51,9 @@ ErrorBD errorPostgres(const pg_conn* conexion, const pg_result* resultado) {
     if (codigo.startsWith(p.codigo)) return {kErrorGeneral, nativo, QString::fromUtf16(p.texto)};
   }
   for (const Palabras& p : kDeSentencia) {
-    if (codigo.startsWith(p.codigo)) return {kErrorSentencia, 1, QString::fromUtf16(p.texto)};
+    if (codigo.startsWith(p.codigo)) {
+      return {kErrorSentencia, 1, QStringLiteral("%1 (%2)").arg(QString::fromUtf16(p.texto), palabras)};
+    }
   }
   return {kErrorSentencia, codigo.startsWith("23") ? 19 : 1, palabras};
 }

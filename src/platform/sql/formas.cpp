@@ -6,6 +6,10 @@ namespace {
 QChar marca(const Token& t) {
   if (t.tipo == TipoToken::Fecha) return u'D';
   if (t.tipo == TipoToken::Numero) {
+    constexpr qsizetype kSeguras = 18;  // so many figures are a whole number that is held as one
+    bool cifras = t.texto.size() <= kSeguras;
+    for (const QChar c : t.texto) cifras = cifras && c >= u'0' && c <= u'9';
+    if (cifras) return u'N';
     return leerNumero(t.texto.toString()).typeId() == QMetaType::LongLong ? u'N' : u'R';
   }
   // ... and whether it may be a pattern that begins with its text.

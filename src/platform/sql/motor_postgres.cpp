@@ -145,9 +145,11 @@ std::optional<ErrorBD> MotorPostgres::correrSentencia(const QString& sql, Record
     }
     if (otraVez) return error;
     if (canal_->perdida()) {
-      // What a lost connection had begun is undone there, and a query may be asked again.
+      // What a lost connection had begun is undone there, a query may be asked again, and a server that was told to
+      // stop says so in the place of the statement.
       const bool lee = s.tokens[0].es(u"SELECT") && p->forma->tablaNueva.isEmpty();
-      if (canal_->abandonada() || !(porIniciar_ || (lee && !abierta_)) || reabrir()) return error;
+      const bool sinHacer = porIniciar_ || (!abierta_ && (lee || canal_->codigo() == "57P01"));
+      if (canal_->abandonada() || !sinHacer || reabrir()) return error;
     } else {
       if (!vieja || !deTablasCambiadas(canal_->codigo())) return error;
       olvidarEsquema();

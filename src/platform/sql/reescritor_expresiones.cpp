@@ -175,8 +175,8 @@ Nodo Reescritor::predicado(Nodo izq, int op) {
       ++p_;
       expresion(kUnir);
     }
-    conPatron_ = conPatron_ || patron.literal < 0 || e_.literal(patron.literal)->ligado;
     const bool porIndice = !m_.empieza.isEmpty() && !negado && !conEscape && empieza(izq, patron);
+    conPatron_ = conPatron_ || !(porIndice || (patron.literal >= 0 && !e_.literal(patron.literal)->ligado));
     e_.antes(izq.ini, tramo + (negado ? m_.noParece : porIndice ? m_.empieza : m_.parece).toString());
     if (negado) e_.borrar(op);
     e_.reemplazar(signo, QStringLiteral(","));
