@@ -61,9 +61,15 @@ bool clsDBAdmin::AbrirBD(Conexion& cnn, const QString& cadena, bool flagMensaje,
 
 void clsDBAdmin::CerrarBD(Conexion& cnn) { cnn.cerrar(); }
 
-// A server that fell silent in the middle is left alone by the sales of the next minute, like one that can't be opened.
+// A server that fell silent in the middle is left alone by the sales of the next minute, like one that can't be opened;
+// the other one, opened before with all of a sale's time, has only the rest of it from now on.
 void clsDBAdmin::anotarSilencio(const Conexion& cnn, const ErrorBD& error) {
-  if (error.numero == kErrorTiempo) p_.ses.tiempoAgotado.insert(cnn.cadena(), p_.reloj.now());
+  if (error.numero != kErrorTiempo) return;
+  p_.ses.tiempoAgotado.insert(cnn.cadena(), p_.reloj.now());
+  Conexion& otra = p_.poCnnCliente;
+  if (&cnn == &otra || !otra.abierta() || otra.enTransaccion()) return;
+  const QString cadena = otra.cadena();
+  (void)otra.abrir(p_.motores, cadena, kEsperaOtra_ms);  // who uses it next finds out
 }
 
 bool clsDBAdmin::EjecutarConsulta(Conexion& cnn, const Sql& sql, Recordset& rs) {

@@ -60,10 +60,11 @@ class MotoresConGancho final : public Motores {
 
 ServidorPrueba& servidor() { return ServidorPrueba::uno(); }
 
-// A desk whose points are on PostgreSQL: customer 5 on card 5, with 100 points.
+// A desk with both servers on PostgreSQL: customer 5 on card 5, with 100 points.
 struct Tienda {
   Tienda()
       : base(servidor().base(BaseServidor::Cliente)),
+        central(servidor().base(BaseServidor::Central)),
         p([this](Motores& m) { return std::make_unique<MotoresConGancho>(m, gancho); }) {
     crudo(q("INSERT INTO Regla_Punto VALUES (1000, 10, 1);"
             "INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, iTipo, nPuntCant) VALUES (5, 1, 'ANA', 1, 100);"
@@ -72,6 +73,7 @@ struct Tienda {
     p.ejecuta(q("INSERT INTO Tarjeta (cClieCode, IdLocal, nTarjNumb, cTarjActi) VALUES (5, 1, '00000005', 1)"));
     p.persona().dejaPasar();
     p.ses.psConexionCliente = cadenaDe(base);
+    p.ses.psConexionCentral = cadenaDe(central);
     LeerReglaPunto(p);
   }
   Recordset crudo(const QString& sql) { return servidor().crudo(base, sql); }
@@ -106,7 +108,18 @@ struct Tienda {
     return todo.join(u'\n');
   }
 
-  CadenaConexion base;
+  // The processes of all sessions on both.
+  std::vector<pid_t> sesiones() {
+    std::vector<pid_t> todas;
+    for (const auto f : crudo(QStringLiteral("SELECT pid FROM pg_stat_activity WHERE datname IN ('%1', '%2') AND pid "
+                                             "<> pg_backend_pid()")
+                                  .arg(base.catalogo, central.catalogo))) {
+      todas.push_back(f[0].toInt());
+    }
+    return todas;
+  }
+
+  CadenaConexion base, central;
   std::function<void()> gancho = [] {};
   PuestoDeVenta p;
 };
@@ -156,15 +169,17 @@ TEST(DesgraciasPostgres, TheSaleStandsAndIsTold) {
   }
 }
 
-// Another session holds the customer's row, or the server stops answering, at each thing that the sale asks it.
+// Other sessions hold the customer's row and the documents of the centre, or both servers stop answering, at each thing
+// that the sale asks them.
 TEST(DesgraciasPostgres, AHeldLockAndASilentServerCostTwoSeconds) {
   for (const bool muda : {false, true}) {
     for (int en = 1, van = 0; en == 1 || van >= en; en += 3) {
       SCOPED_TRACE(QStringLiteral("%1 %2").arg(muda).arg(en).toStdString());
       Tienda t;
       ErrorBD error;
-      const auto otra = MotorPostgres::abrir(t.base, 5000, error);
-      ASSERT_TRUE(otra);
+      const auto otra = MotorPostgres::abrir(t.base, 5000, error),
+                 otraCentral = MotorPostgres::abrir(t.central, 5000, error);
+      ASSERT_TRUE(otra && otraCentral);
       std::vector<pid_t> parados;
       van = 0;
       t.gancho = [&] {
@@ -172,19 +187,19 @@ TEST(DesgraciasPostgres, AHeldLockAndASilentServerCostTwoSeconds) {
         if (!muda) {
           // Where the sale has the row itself by then, it keeps it.
           (void)otra->crudo(q("BEGIN; SELECT 1 FROM Cliente FOR UPDATE NOWAIT"));
+          (void)otraCentral->crudo(q("BEGIN; LOCK TABLE venta01 NOWAIT"));
           return;
         }
-        for (const auto f : t.crudo(QStringLiteral("SELECT pid FROM pg_stat_activity WHERE datname = '%1' AND pid <> "
-                                                   "pg_backend_pid()")
-                                        .arg(t.base.catalogo))) {
-          parados.push_back(f[0].toInt());
-          ::kill(parados.back(), SIGSTOP);
-        }
+        parados = t.sesiones();
+        for (const pid_t pid : parados) ::kill(pid, SIGSTOP);
       };
       EXPECT_LE(t.vender(), 2800);
       EXPECT_EQ(q("3"), t.p.filas(q("SELECT COUNT(*) FROM Operacion")));
       for (const pid_t pid : parados) ::kill(pid, SIGCONT);
-      if (!muda) (void)otra->crudo(q("ROLLBACK"));
+      if (!muda) {
+        (void)otra->crudo(q("ROLLBACK"));
+        (void)otraCentral->crudo(q("ROLLBACK"));
+      }
       t.gancho = [] {};
       t.reponer();
       EXPECT_EQ(q("104,1"), t.puntos()) << qPrintable(t.dicho());
@@ -192,7 +207,7 @@ TEST(DesgraciasPostgres, AHeldLockAndASilentServerCostTwoSeconds) {
   }
 }
 
-// The session is ended by its number right before each thing that the sale asks.
+// The sessions are ended by their numbers right before each thing that the sale asks.
 TEST(DesgraciasPostgres, ACutSessionLosesNothingAndDoublesNothing) {
   int van = 0;
   for (int en = 1; en == 1 || van >= en; ++en) {
@@ -200,11 +215,8 @@ TEST(DesgraciasPostgres, ACutSessionLosesNothingAndDoublesNothing) {
     Tienda t;
     van = 0;
     t.gancho = [&] {
-      if (++van == en) {
-        t.crudo(QStringLiteral("SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE datname = '%1' AND pid <> "
-                               "pg_backend_pid()")
-                    .arg(t.base.catalogo));
-      }
+      if (++van != en) return;
+      for (const pid_t pid : t.sesiones()) t.crudo(QStringLiteral("SELECT pg_terminate_backend(%1)").arg(pid));
     };
     EXPECT_LE(t.vender(), 2500);
     EXPECT_EQ(q("3"), t.p.filas(q("SELECT COUNT(*) FROM Operacion")));

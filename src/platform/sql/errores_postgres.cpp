@@ -2,6 +2,8 @@
 
 #include <libpq-fe.h>
 
+#include "platform/sql/motor.h"
+
 namespace {
 
 struct Palabras {
@@ -46,9 +48,10 @@ ErrorBD errorPostgres(const pg_conn* conexion, const pg_result* resultado) {
     return {kErrorGeneral, 0, QStringLiteral("Se perdió la conexión con el servidor: ") + palabras};
   }
   if (codigo.startsWith("TV")) return {kErrorSentencia, codigo.mid(2).toInt(), palabras};  // of our own procedures
+  const qint64 numero = codigo == "55P03" ? kErrorTiempo : kErrorGeneral;
   const int nativo = codigo == "40P01" || codigo == "40001" ? kNativoNudo : 1;
   for (const Palabras& p : kPalabras) {
-    if (codigo.startsWith(p.codigo)) return {kErrorGeneral, nativo, QString::fromUtf16(p.texto)};
+    if (codigo.startsWith(p.codigo)) return {numero, nativo, QString::fromUtf16(p.texto)};
   }
   for (const Palabras& p : kDeSentencia) {
     if (codigo.startsWith(p.codigo)) {
