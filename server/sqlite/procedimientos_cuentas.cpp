@@ -113,22 +113,21 @@ Error rehacerMovimientos(AccesoMotor& bd, QDate dia, const QString& caja) {
     return error;
   }
   return bd.ejecutar(
-      sinFinales(
-          "INSERT INTO ZANKEBMOVIVNTA (dFecha, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nCantidad, "
-          "nMonto) "
-          "SELECT ?1, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, SUM(nProdCant), "
-          "round(SUM(nProdCant * nProdPrecUnit * (1 + nDscto / 100.0)), 6) FROM ("
-          "SELECT cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nProdCant, nProdPrecUnit, nDscto FROM "
-          "Operacion "
-          "WHERE dOperFech >= ?1 AND dOperFech < ?2 AND (?3 = '' OR ~cCajaCodi = ?3) AND cOperFlagAnula = 0 "
-          "AND cOperTipo <> 3 AND CAST(cProdCode AS INTEGER) <> 0 UNION ALL "
-          "SELECT o.cCajaCodi, p.cAlmaCode, o.cDocTipo, o.cDocSerie, p.cProdCode, p.nProdCant, p.nProdPrecUnit, "
-          "p.nDscto "
-          "FROM OperacionParalela o, OperacionParalelaProducto p WHERE o.dOperFech >= ?1 AND o.dOperFech < ?2 "
-          "AND (?3 = '' OR ~o.cCajaCodi = ?3) AND ~p.cCajaCodi = ~o.cCajaCodi AND p.cOperCode = o.cOperCode "
-          "AND o.cOperCodeAnul = 0 AND ~o.cEstado <> '0' AND (o.cOperTipo = 21 OR o.cOperTipo = 20 AND "
-          "o.cOperCodeRela = 0) AND CAST(p.cProdCode AS INTEGER) <> 0) "
-          "GROUP BY ~cCajaCodi, ~cAlmaCode, ~cDocTipo, ~cDocSerie, ~cProdCode"),
+      sinFinales("INSERT INTO ZANKEBMOVIVNTA (dFecha, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nCantidad, "
+                 "nMonto) "
+                 "SELECT ?1, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, SUM(nProdCant), "
+                 "round(SUM(nProdCant * nProdPrecUnit * (1 + nDscto / 100.0)), 6) FROM ("
+                 "SELECT cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nProdCant, nProdPrecUnit, nDscto FROM "
+                 "Operacion "
+                 "WHERE dOperFech >= ?1 AND dOperFech < ?2 AND (?3 = '' OR ~cCajaCodi = ?3) AND cOperFlagAnula = 0 "
+                 "AND cOperTipo <> 3 AND CAST(cProdCode AS INTEGER) <> 0 UNION ALL "
+                 "SELECT o.cCajaCodi, p.cAlmaCode, o.cDocTipo, o.cDocSerie, p.cProdCode, p.nProdCant, p.nProdPrecUnit, "
+                 "p.nDscto "
+                 "FROM OperacionParalela o, OperacionParalelaProducto p WHERE o.dOperFech >= ?1 AND o.dOperFech < ?2 "
+                 "AND (?3 = '' OR ~o.cCajaCodi = ?3) AND ~p.cCajaCodi = ~o.cCajaCodi AND p.cOperCode = o.cOperCode "
+                 "AND o.cOperCodeAnul = 0 AND ~o.cEstado <> '0' AND (o.cOperTipo = 21 OR o.cOperTipo = 20 AND "
+                 "o.cOperCodeRela = 0) AND CAST(p.cProdCode AS INTEGER) <> 0) "
+                 "GROUP BY ~cCajaCodi, ~cAlmaCode, ~cDocTipo, ~cDocSerie, ~cProdCode"),
       valores);
 }
 
