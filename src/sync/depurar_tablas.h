@@ -20,6 +20,6 @@ enum class FinDepurar {
 };
 
 // The button "Depurar". Tells first what stays: rows that the central database has not got and open documents. Asks,
-// has it authorised by `supervisor`, and empties the days in one transaction; the last number of each run stays as well.
+// has it authorised by `supervisor`, and empties the days in one transaction; the last number of each run stays too.
 // Master data comes anew with the next synchronisation.
 [[nodiscard]] FinDepurar DepurarTablas(Puesto& p, const FrmDepurarTablas& v, const std::function<bool()>& supervisor);

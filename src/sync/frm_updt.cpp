@@ -75,7 +75,8 @@ bool frmUpdt::puedeCerrar() {
 
 void frmUpdt::pintar() {
   if (!isVisible()) return;
-  const bool alFinal = v_.cmdClose || v_.prgBar != barra_->value() || label1_->text() != v_.Label1;
+  const bool alFinal = v_.cmdClose || v_.prgBar != barra_->value() || label1_->text() != v_.Label1 ||
+                       detener_->isEnabled() != (v_.sePuedeDetener && !parar_);
   const QDateTime ahora = p_.reloj.now();
   const bool toca =
       !pintado_.isValid() || qAbs(pintado_.msecsTo(ahora)) >= kEntrePinturas_ms || ++sinPintar_ >= kLineasEntrePinturas;

@@ -51,6 +51,7 @@ bool pasos(Puesto& p, FrmUpdt& pantalla) {
     pantalla.AumentaBarra(70);
   } else {
     pantalla.sePuedeDetener = true;
+    pantalla.alCambiar();
     const FinPasada fin = TraerMaestros(p, pantalla, marca);
     pantalla.sePuedeDetener = false;
     if (fin != FinPasada::Bien) return false;

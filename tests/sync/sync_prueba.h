@@ -134,7 +134,7 @@ class CajaConDias : public PuestoPrueba {
               "cOperIdIni, cOperIdFin, cOperIdPIni, cOperIdPFin) VALUES (%1, '%7', 4, 117, '%2', 'TICKET', 'TICKET', "
               "'Código', %3, %4, %5, %6)")
                 .arg(id, fecha, ini, maximo("SELECT MAX(cOperID) FROM Operacion"), iniP,
-                     maximo("SELECT MAX(cOperCode) FROM OperacionParalela")));
+                     maximo("SELECT MAX(cOperCode) FROM OperacionParalela"), ses.psCaja));
     ejecuta(q("INSERT INTO DetalleZ (IdZ, Caja, nItem, CodProd, DscProd, Cantidad) VALUES (%1, '%2', 1, 101, 'QUESO "
               "D''AMBO', 3)")
                 .arg(id, ses.psCaja));
