@@ -53,7 +53,13 @@ void Aplicacion::Interno::iniciar() {
   try {
     exigirUnicaCopia();
     if (FaltaElPuesto(puesto)) return preguntarPuesto();
-    Arrancar(puesto, PasosDelPrograma());
+    {
+      // Something to see while servers are waited for; boxes of the start stand above it.
+      frmSplash preparando(frmSplash::Debajo);
+      preparando.mostrar();
+      const Ocupado ocupado(puesto.mensajes, QStringLiteral("Abriendo la caja…"));
+      Arrancar(puesto, PasosDelPrograma());
+    }
     login();
   } catch (const std::exception& e) {
     TerminarArranque(puesto,

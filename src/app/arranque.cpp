@@ -204,9 +204,12 @@ void Arrancar(Puesto& p, const PasosArranque& pasos) {
                      *fallo);
   }
   LeerConfiguracion(p);
+  Ocupado ocupado(p.mensajes, QStringLiteral("Buscando los servidores…"));
   ponerServidoresAlDia(p);
   if (!leerIGV(p)) seguirSinCentral(p, aceptado);
+  ocupado.ahora(QStringLiteral("Buscando la base de clientes…"));
   probarClientes(p, pasos);
+  ocupado.ahora(QStringLiteral("Abriendo la caja…"));
   mirarCierre(p);
   if (!p.ses.bSinCentral && !repararNumeros(p)) seguirSinCentral(p, aceptado);
   leerImpresorasYTurno(p);

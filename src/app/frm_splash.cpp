@@ -10,7 +10,9 @@
 #include "platform/ui/campo.h"
 #include "platform/ui/tema.h"
 
-frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::WindowStaysOnTopHint) {
+frmSplash::frmSplash(Sitio sitio)
+    : QWidget(nullptr,
+              sitio == Encima ? Qt::SplashScreen | Qt::WindowStaysOnTopHint : Qt::Window | Qt::FramelessWindowHint) {
   setObjectName(QStringLiteral("frmSplash"));
   auto* marco = new QVBoxLayout(this);
   marco->setContentsMargins(0, 0, 0, 0);
