@@ -196,9 +196,7 @@ BEGIN
 END $$;
 
 -- ----------------------------------------------------------------------------------------------------------- LIKE
--- The pattern in the engine's own words, and as a regular expression where it has classes of characters.
-CREATE OR REPLACE FUNCTION dbo.tp_patron(p text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE
-AS $$ SELECT replace(dbo.tp_pliega(p) COLLATE "C", '\', '\\') $$;
+-- A pattern with classes of characters as a regular expression.
 CREATE OR REPLACE FUNCTION dbo.tp_expresion(p text, escape text DEFAULT '') RETURNS text
 LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE
 AS $$
@@ -229,21 +227,24 @@ BEGIN
   END LOOP;
   RETURN r || '$';
 END $$;
+-- Written out, not by the functions above: each of those would be read anew with every plan.
 CREATE OR REPLACE FUNCTION dbo.tp_like(t text, p text) RETURNS boolean LANGUAGE sql IMMUTABLE PARALLEL SAFE
 AS $$
-  SELECT CASE WHEN strpos(p COLLATE "C", '[') = 0 THEN dbo.tp_pliega(t) COLLATE "C" LIKE dbo.tp_patron(p)
-    ELSE dbo.tp_pliega(t) COLLATE "C" ~ dbo.tp_expresion(p) END
+  SELECT CASE WHEN strpos(p COLLATE "C", '[') = 0
+    THEN lower(t COLLATE "es-x-icu") COLLATE "C" LIKE replace(lower(p COLLATE "es-x-icu") COLLATE "C", '\', '\\')
+    ELSE lower(t COLLATE "es-x-icu") COLLATE "C" ~ dbo.tp_expresion(p) END
 $$;
 CREATE OR REPLACE FUNCTION dbo.tp_like(t text, p text, escape text) RETURNS boolean LANGUAGE sql IMMUTABLE PARALLEL SAFE
 AS $$ SELECT dbo.tp_pliega(t) COLLATE "C" ~ dbo.tp_expresion(p, escape) $$;
--- The texts between which all lie that a pattern's plain beginning leaves; an index finds them.
-CREATE OR REPLACE FUNCTION dbo.tp_desde(p text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE
-AS $$ SELECT split_part(translate(p COLLATE "C", '_[', '%%'), '%', 1) COLLATE dbo.espaniol $$;
-CREATE OR REPLACE FUNCTION dbo.tp_hasta(p text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE
-AS $$ SELECT (split_part(translate(p COLLATE "C", '_[', '%%'), '%', 1) || U&'\FFFF') COLLATE dbo.espaniol $$;
-
+-- LIKE of a pattern with a plain beginning: between two texts lies all that it leaves, and an index finds them.
 CREATE OR REPLACE FUNCTION dbo.tp_empieza(t text, p text) RETURNS boolean LANGUAGE sql IMMUTABLE PARALLEL SAFE
-AS $$ SELECT t >= dbo.tp_desde(p) AND t < dbo.tp_hasta(p) AND dbo.tp_like(t, p) $$;
+AS $$
+  SELECT t >= split_part(translate(p COLLATE "C", '_[', '%%'), '%', 1) COLLATE dbo.espaniol
+    AND t < (split_part(translate(p COLLATE "C", '_[', '%%'), '%', 1) || U&'\FFFF') COLLATE dbo.espaniol
+    AND CASE WHEN strpos(p COLLATE "C", '[') = 0
+      THEN lower(t COLLATE "es-x-icu") COLLATE "C" LIKE replace(lower(p COLLATE "es-x-icu") COLLATE "C", '\', '\\')
+      ELSE lower(t COLLATE "es-x-icu") COLLATE "C" ~ dbo.tp_expresion(p) END
+$$;
 
 CREATE OR REPLACE FUNCTION dbo.tp_patindex(p text, t text) RETURNS bigint LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE
 AS $$
