@@ -2,10 +2,10 @@
 
 #include "foundation/puesto.h"
 
-ErrorBD Rechazo(const QString& palabras) { return {kErrorGeneral, 0, palabras}; }
+ErrorBD ErrorDeRechazo(const QString& palabras) { return {kErrorGeneral, 0, palabras}; }
 
 // Anew each time: one that was left open may be dead.
-bool AbrirCentral(Puesto& p) {
+bool AbrirCentralDelActo(Puesto& p) {
   CerrarCentral(p);
   return p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral, true);
 }

@@ -8,10 +8,10 @@
 struct Puesto;
 
 // A reason that the database doesn't know, as the act's error.
-ErrorBD Rechazo(const QString& palabras);
+ErrorBD ErrorDeRechazo(const QString& palabras);
 
 // Opens the central database for an act. When it is away the box has been shown.
-[[nodiscard]] bool AbrirCentral(Puesto& p);
+[[nodiscard]] bool AbrirCentralDelActo(Puesto& p);
 void CerrarCentral(Puesto& p);
 
 enum class FinCredito {

@@ -54,11 +54,11 @@ std::optional<ErrorBD> preparar(Anulacion& a, ActoDoble& acto) {
   if (auto error = central.ejecutar(SentenciaBloqueo(donde))) return error;
   std::optional<EstadoDocumento> d;
   if (auto error = LeerEstado(central, donde, d)) return error;
-  if (!d) return Rechazo(QStringLiteral("Documento no existe o no es válido"));
+  if (!d) return ErrorDeRechazo(QStringLiteral("Documento no existe o no es válido"));
   if (!a.v.pago) {
     if (auto error = LeerVida(central, *d, a.vida)) return error;
     const QString rechazo = RechazoDocumento(*d, a.vida);
-    if (!rechazo.isEmpty()) return Rechazo(rechazo);
+    if (!rechazo.isEmpty()) return ErrorDeRechazo(rechazo);
     acto.nombre = QStringLiteral("anula %1").arg(d->nombre());
     acto.enServidor = SentenciasAnularDocumento(*d);
     return {};
@@ -66,7 +66,7 @@ std::optional<ErrorBD> preparar(Anulacion& a, ActoDoble& acto) {
   std::optional<PagoGuardado> pago;
   if (auto error = LeerPago(central, a.v.pago->serie, a.v.pago->numero, pago)) return error;
   const QString rechazo = pago ? RechazoPago(*d, *pago) : QStringLiteral("Documento no existe o no es válido");
-  if (!rechazo.isEmpty()) return Rechazo(rechazo);
+  if (!rechazo.isEmpty()) return ErrorDeRechazo(rechazo);
   if (auto error = BuscarPagoAqui(a.p, *pago, a.fila)) return error;
   acto.nombre = QStringLiteral("anula pago %1-%2").arg(pago->serie, pago->numero);
   acto.enServidor = SentenciasAnularPago(*d, *pago);
@@ -119,7 +119,7 @@ bool CargarDocumentoAnular(Puesto& p, AnularTransaccionCtaCte& v) {
     p.mensajes.mostrar(QStringLiteral("Valor de Numero no válido"), kMensaje);
     return true;
   }
-  if (!AbrirCentral(p)) return true;
+  if (!AbrirCentralDelActo(p)) return true;
   std::optional<EstadoDocumento> d;
   std::optional<PagoGuardado> pago;
   const bool esPago = v.Modo == ModoAnular::PADE;
@@ -159,7 +159,7 @@ bool AceptarAnulacion(Puesto& p, AnularTransaccionCtaCte& v, PantallasCredito& p
   const auto supervisor = pantallas.autorizar(QStringLiteral("Anular Documento"));
   if (!supervisor || Recortar(*supervisor).isEmpty()) return false;
   v.txtsupervisor = *supervisor;
-  if (!AbrirCentral(p)) return false;
+  if (!AbrirCentralDelActo(p)) return false;
   Anulacion a{p, v};
   switch (HacerActo(p, QStringLiteral("la anulación"), [&a](ActoDoble& acto) { return preparar(a, acto); })) {
     case FinCredito::Nada: return false;

@@ -12,7 +12,7 @@ namespace {
 
 const QString kFin = QStringLiteral("\r\n");
 
-Sql delDocumento(LiteralSql tabla, const EstadoDocumento& d) {
+Sql deEseDocumento(LiteralSql tabla, const EstadoDocumento& d) {
   return FormatearSQL(u" FROM $ x WHERE x.TipoDoc = '$' AND x.cSerieDoc = '$' AND x.NroDoc = '$'"_sql,
                       {tabla, Texto(Codigo(d.doc)), Texto(d.serie), Texto(d.numero)});
 }
@@ -73,7 +73,7 @@ std::optional<ErrorBD> LeerVida(Conexion& central, const EstadoDocumento& d, Vid
                    " (SELECT COUNT(*) FROM ConsumoVenta c WHERE c.cCodVta = v.cCodVta AND c.bAnulado = 0) AS Notas,"
                    " (SELECT SUM(l.nQtdVendida) FROM Venta02 l WHERE l.cCodVta = v.cCodVta) AS Unidades"
                    " FROM Venta01 v"_sql,
-                   {delDocumento(u"Pagos"_sql, d)}) +
+                   {deEseDocumento(u"Pagos"_sql, d)}) +
           DeCodigo(d.cCodVta),
       rs);
   vida = {static_cast<int>(AEntero(Numero(rs[u"Pagos"]))), static_cast<int>(AEntero(Numero(rs[u"Notas"]))),
@@ -100,7 +100,7 @@ QString RechazoPago(const EstadoDocumento& d, const PagoGuardado& pago) {
 }
 
 std::vector<Sql> SentenciasAnularDocumento(const EstadoDocumento& d) {
-  const Sql libre = u"bLiquidado = 0 AND (SELECT COUNT(*)"_sql + delDocumento(u"Pagos"_sql, d) +
+  const Sql libre = u"bLiquidado = 0 AND (SELECT COUNT(*)"_sql + deEseDocumento(u"Pagos"_sql, d) +
                     u" AND x.FechaAnulacion IS NULL) = 0"_sql +
                     FormatearSQL(u" AND (SELECT COUNT(*) FROM ConsumoVenta c WHERE c.cCodVta = $ AND c.bAnulado = 0)"
                                  " = 0"_sql,
@@ -111,7 +111,7 @@ std::vector<Sql> SentenciasAnularDocumento(const EstadoDocumento& d) {
 }
 
 std::vector<Sql> SentenciasAnularPago(const EstadoDocumento& d, const PagoGuardado& pago) {
-  const Sql abierto = u"(SELECT MAX(x.bLiquidado)"_sql + delDocumento(u"Venta01"_sql, d) + u") = 0"_sql;
+  const Sql abierto = u"(SELECT MAX(x.bLiquidado)"_sql + deEseDocumento(u"Venta01"_sql, d) + u") = 0"_sql;
   std::vector<Sql> s{FormatearSQL(u"UPDATE Pagos SET NroItem = NroItem / $, FechaAnulacion = getdate()"
                                   " WHERE idpago = $"_sql,
                                   {siVale(abierto), pago.idpago})};

@@ -34,7 +34,7 @@ std::optional<QString> validar(Puesto& p, CajaFacturacionPagos& todo, PantallasC
   if (auto campo = clienteCompleto(p, v, pantallas)) return campo;
   const auto doc = DocCreditoDe(v.cboTipoDocumento);
   if (!doc) return falta(p, u"Ingrese el Tipo Documento", "cboTipoDocumento");
-  if (CodigoDe(todo.referencias.creditos, v.dcbTipoCredito).isEmpty()) {
+  if (CodigoElegido(todo.referencias.creditos, v.dcbTipoCredito).isEmpty()) {
     return falta(p, u"Ingrese el Tipo Credito", "dcbTipoCredito");
   }
   if (doc == DocCredito::FADE) {
@@ -76,13 +76,13 @@ FacturaCredito tomar(Puesto& p, CajaFacturacionPagos& todo) {
   f.cliente = v.txtNombres;
   if (f.doc == DocCredito::FADE) f.ruc = Recortar(v.txtRUC);
   f.enDolares = v.cboMoneda == 1;
-  f.credito = CodigoDe(todo.referencias.creditos, v.dcbTipoCredito);
+  f.credito = CodigoElegido(todo.referencias.creditos, v.dcbTipoCredito);
   f.emision = *FechaTecleada(v.DTPFechaEmision);
   return f;
 }
 
 bool alCentral(Puesto& p, FacturaCredito& f) {
-  if (!AbrirCentral(p)) return false;
+  if (!AbrirCentralDelActo(p)) return false;
   const bool leida =
       f.doc != DocCredito::FADE || CalcularDetraccion(p, p.poCnnCentral, f.lineas, f.total, f.detraccion);
   if (leida && CargarCabeceraImpresion(p)) return true;

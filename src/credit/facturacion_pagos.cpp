@@ -40,7 +40,7 @@ bool leerReferencias(Puesto& p, Conexion& central, CajaFacturacionPagos& v) {
 
 }  // namespace
 
-QString CodigoDe(const std::vector<Referencia>& lista, int indice) {
+QString CodigoElegido(const std::vector<Referencia>& lista, int indice) {
   const auto i = static_cast<size_t>(indice);
   return indice < 0 || i >= lista.size() ? QString() : lista[i].codigo;
 }

@@ -20,7 +20,7 @@ struct Referencias {
   std::vector<Referencia> creditos, formas, bancos, tarjetas;
 };
 // The code of an entry; "" for none.
-QString CodigoDe(const std::vector<Referencia>& lista, int indice);
+QString CodigoElegido(const std::vector<Referencia>& lista, int indice);
 
 struct TabFacturacion : ClienteDocumento {
   QString txtRUC, DTPFechaEmision;  // dd/mm/yyyy

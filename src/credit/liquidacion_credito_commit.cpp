@@ -98,11 +98,11 @@ std::optional<ErrorBD> preparar(Puesto& p, Liquidacion& l, ActoDoble& acto) {
   std::optional<EstadoDocumento> e;
   if (auto error = central.ejecutar(SentenciaBloqueo(DeCodigo(l.cCodVta)))) return error;
   if (auto error = LeerEstado(central, DeCodigo(l.cCodVta), e)) return error;
-  if (!e) return Rechazo(QStringLiteral("El documento ya no existe en la base de datos central."));
-  if (!e->palabras().isEmpty()) return Rechazo(e->palabras());
+  if (!e) return ErrorDeRechazo(QStringLiteral("El documento ya no existe en la base de datos central."));
+  if (!e->palabras().isEmpty()) return ErrorDeRechazo(e->palabras());
   if (e->saldoPropio() != 0 || Redondear(e->pagado - l.pagado, 2) != 0 || e->consumido != l.consumido) {
-    return Rechazo(QStringLiteral("Otra caja cambió los pagos o el consumo del documento ") + e->nombre() +
-                   QStringLiteral("; vuelva a elegirlo."));
+    return ErrorDeRechazo(QStringLiteral("Otra caja cambió los pagos o el consumo del documento ") + e->nombre() +
+                          QStringLiteral("; vuelva a elegirlo."));
   }
   l.papel.documento = *e;
   if (auto error = TomarNumeroParalelo(p, central, TipoDocumento::LIQPAD, l.numero)) return error;
@@ -113,7 +113,7 @@ std::optional<ErrorBD> preparar(Puesto& p, Liquidacion& l, ActoDoble& acto) {
   return {};
 }
 
-void imprimir(Puesto& p, const Liquidacion& l) {
+void papelDelCommit(Puesto& p, const Liquidacion& l) {
   const EfectivoDocumento& e = l.papel.efectivo;
   CommitDocumento cajon;
   if (e.soles > 0 || e.dolares > 0 || e.vueltoSoles > 0) (void)AbrirCajon(p, cajon);
@@ -132,12 +132,12 @@ std::optional<QString> GrabarLiquidacion(Puesto& p, CajaFacturacionPagos& todo) 
     return QString();
   }
   Liquidacion l;
-  if (!tomar(p, v, l) || !AbrirCentral(p)) return QString();
+  if (!tomar(p, v, l) || !AbrirCentralDelActo(p)) return QString();
   const FinCredito fin =
       HacerActo(p, QStringLiteral("La liquidación"), [&](ActoDoble& acto) { return preparar(p, l, acto); });
   if (fin == FinCredito::Nada) return QString();
   AvisarCorreccion(p, l.numero);
-  if (fin == FinCredito::Hecho) imprimir(p, l);
+  if (fin == FinCredito::Hecho) papelDelCommit(p, l);
   LimpiarLiquidacion(v);
   return {};
 }

@@ -27,7 +27,7 @@ void mostrarDocumento(TabNota& v, const DocumentoPorConsumir& d, const EstadoDoc
   v.txtMontoPorConsumirDocumento = Formatear(e.porConsumir(), kImporte);
 }
 
-LineaVendida lineaDe(const Recordset::Fila& f) {
+LineaVendida lineaDeNota(const Recordset::Fila& f) {
   return {LimpiarNulo(f[u"cCodArtic"]), LimpiarNulo(f[u"sProdDscCrta"]), Numero(f[u"nQtdVendida"]),
           Numero(f[u"nPrecioOrig"]), Numero(f[u"nDescuento"])};
 }
@@ -54,7 +54,7 @@ bool leer(Puesto& p, TabNota& v, const DocumentoPorConsumir& d) {
     p.mensajes.mostrar(porque);
     return false;
   }
-  for (const auto& f : lineas) v.lineas.push_back(lineaDe(f));
+  for (const auto& f : lineas) v.lineas.push_back(lineaDeNota(f));
   mostrarDocumento(v, d, *e);
   return true;
 }
@@ -95,9 +95,9 @@ std::optional<ErrorBD> preparar(Puesto& p, qint64 cCodVta, Nota& n, ActoDoble& a
   std::optional<EstadoDocumento> e;
   if (auto error = central.ejecutar(SentenciaBloqueo(DeCodigo(cCodVta)))) return error;
   if (auto error = LeerEstado(central, DeCodigo(cCodVta), e)) return error;
-  if (!e) return Rechazo(QStringLiteral("El documento ya no existe en la base de datos central."));
-  if (!e->palabras().isEmpty()) return Rechazo(e->palabras());
-  if (n.papel.total > e->porConsumir()) return Rechazo(noPuedeConsumir(Formatear(e->porConsumir(), kImporte)));
+  if (!e) return ErrorDeRechazo(QStringLiteral("El documento ya no existe en la base de datos central."));
+  if (!e->palabras().isEmpty()) return ErrorDeRechazo(e->palabras());
+  if (n.papel.total > e->porConsumir()) return ErrorDeRechazo(noPuedeConsumir(Formatear(e->porConsumir(), kImporte)));
   n.papel.documento = *e;
   if (auto error = TomarNumeroParalelo(p, central, TipoDocumento::NC, n.numero)) return error;
   n.papel.numero = n.numero.documento;
@@ -182,7 +182,7 @@ std::optional<QString> GrabarNota(Puesto& p, CajaFacturacionPagos& todo, Pantall
   n.papel.total = LeerImporte(v.txtSolesNC);
   n.dolares = LeerImporte(v.txtDolaresNC);
   const qint64 cCodVta = v.documento->cCodVta;
-  if (!AutorizarLineas(pantallas, v.rejilla, n.papel.supervisor) || !AbrirCentral(p)) return QString();
+  if (!AutorizarLineas(pantallas, v.rejilla, n.papel.supervisor) || !AbrirCentralDelActo(p)) return QString();
   const FinCredito fin = HacerActo(p, QStringLiteral("La nota de consumo"),
                                    [&](ActoDoble& acto) { return preparar(p, cCodVta, n, acto); });
   if (fin == FinCredito::Nada) return QString();

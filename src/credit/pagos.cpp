@@ -99,8 +99,8 @@ void CargarPagos(Puesto& p, TabPagos& v, const DocumentoPorPagar& documento) {
   else LimpiarPagos(p, v);
 }
 
-CamposForma CamposDe(const CajaFacturacionPagos& v) {
-  const QString forma = CodigoDe(v.referencias.formas, v.pago.dcbFormaPago);
+CamposForma CamposDeForma(const CajaFacturacionPagos& v) {
+  const QString forma = CodigoElegido(v.referencias.formas, v.pago.dcbFormaPago);
   return {forma == u"02", forma == u"03", forma == u"04"};
 }
 
@@ -110,14 +110,14 @@ void CambiarForma(CajaFacturacionPagos& v) {
   t.txtNroCuenta.clear();
   t.txtMontoSoles.clear();
   t.txtMontoDolares.clear();
-  const CamposForma campos = CamposDe(v);
+  const CamposForma campos = CamposDeForma(v);
   if (!campos.banco) t.dcbBanco = -1;
   if (!campos.tarjeta) t.dcbTarjeta = -1;
 }
 
 void CambiarBanco(CajaFacturacionPagos& v) {
   TabPagos& t = v.pago;
-  t.chkEsDetraccion = t.detraccion && CodigoDe(v.referencias.bancos, t.dcbBanco) == kBancoDetraccion;
+  t.chkEsDetraccion = t.detraccion && CodigoElegido(v.referencias.bancos, t.dcbBanco) == kBancoDetraccion;
   t.txtNroOperacion.clear();
   t.txtMontoDolares.clear();
   t.txtNroCuenta = t.chkEsDetraccion ? t.cuentaDetraccion : QString();

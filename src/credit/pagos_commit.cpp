@@ -35,7 +35,7 @@ double saldoPropio(const TabPagos& v) { return LeerImporte(v.enDolares ? v.lblSa
 // The checks in front of the act; nothing when all is well.
 std::optional<QString> validar(Puesto& p, const CajaFacturacionPagos& todo) {
   const TabPagos& v = todo.pago;
-  const CamposForma forma = CamposDe(todo);
+  const CamposForma forma = CamposDeForma(todo);
   const bool dolares = v.cboMoneda1 == 1;
   const QString& monto = dolares ? v.txtMontoDolares : v.txtMontoSoles;
   const char* campoMonto = dolares ? "txtMontoDolares" : "txtMontoSoles";
@@ -65,17 +65,17 @@ std::optional<QString> validar(Puesto& p, const CajaFacturacionPagos& todo) {
 
 PagoCredito tomar(const Puesto& p, const CajaFacturacionPagos& todo) {
   const TabPagos& v = todo.pago;
-  const CamposForma forma = CamposDe(todo);
+  const CamposForma forma = CamposDeForma(todo);
   PagoCredito pago;
-  pago.forma = CodigoDe(todo.referencias.formas, v.dcbFormaPago);
+  pago.forma = CodigoElegido(todo.referencias.formas, v.dcbFormaPago);
   pago.fecha = *FechaTecleada(v.DTPFechaPago);
   pago.enDolares = v.cboMoneda1 == 1;
   pago.importe =
       ImporteDe(LeerImporte(pago.enDolares ? v.txtMontoDolares : v.txtMontoSoles), pago.enDolares, p.ses.pnTipoCambio);
-  if (forma.tarjeta) pago.tarjeta = CodigoDe(todo.referencias.tarjetas, v.dcbTarjeta);
+  if (forma.tarjeta) pago.tarjeta = CodigoElegido(todo.referencias.tarjetas, v.dcbTarjeta);
   if (forma.certificado) pago.certificado = Recortar(v.txtNroCertificadoRetencion);
   if (forma.banco) {
-    pago.banco = CodigoDe(todo.referencias.bancos, v.dcbBanco);
+    pago.banco = CodigoElegido(todo.referencias.bancos, v.dcbBanco);
     pago.cuenta = Recortar(v.txtNroCuenta);
     pago.operacion = Recortar(v.txtNroOperacion);
   }
@@ -84,7 +84,7 @@ PagoCredito tomar(const Puesto& p, const CajaFacturacionPagos& todo) {
 }
 
 // '01' is cash, all others a voucher.
-ClaseDocumento claseDe(const PagoCredito& pago) {
+ClaseDocumento claseDelPago(const PagoCredito& pago) {
   return pago.forma == u"01" ? ClaseDocumento::PADE : ClaseDocumento::PADV;
 }
 
@@ -99,7 +99,7 @@ bool buscarRepetido(Puesto& p, const TabPagos& v, const PagoCredito& pago, QStri
           FormatearSQL(
               u"SELECT cDocSerie, cDocCodigo FROM OperacionParalela WHERE dOperFech = '$' AND cOperTipo = $"
               " AND sGlosa = '$' AND nMoneda = $ AND nMontoSoles = $ AND nMontoDolares = $ AND cEstado <> '0'"_sql,
-              {Texto(esteMinuto(p)), Codigo(DatosDe(claseDe(pago)).operacion), Texto(kGlosaPago),
+              {Texto(esteMinuto(p)), Codigo(DatosDe(claseDelPago(pago)).operacion), Texto(kGlosaPago),
                pago.enDolares ? 2 : 1, pago.importe.soles, pago.importe.dolares}),
           suyos)) {
     return false;
@@ -132,7 +132,7 @@ bool repetirPago(Puesto& p, const TabPagos& v, const PagoCredito& pago) {
 
 // The parallel row of the payment.
 Sql sentenciaRecibo(const Puesto& p, const PagoCredito& pago) {
-  const ClaseDocumento clase = claseDe(pago);
+  const ClaseDocumento clase = claseDelPago(pago);
   DatosOperacion o;
   o.codigo = pago.recibo.codigo;
   o.tarjeta = NumeroTarjeta(pago.documento.tarjeta);
@@ -159,21 +159,21 @@ std::optional<ErrorBD> preparar(Puesto& p, const TabPagos& v, PagoCredito& pago,
   std::optional<EstadoDocumento> e;
   if (auto error = central.ejecutar(SentenciaBloqueo(donde))) return error;
   if (auto error = LeerEstado(central, donde, e)) return error;
-  if (!e) return Rechazo(QStringLiteral("El documento ya no existe en la base de datos central."));
-  if (!e->palabras().isEmpty()) return Rechazo(e->palabras());
+  if (!e) return ErrorDeRechazo(QStringLiteral("El documento ya no existe en la base de datos central."));
+  if (!e->palabras().isEmpty()) return ErrorDeRechazo(e->palabras());
   if (!Cabe(*e, pago.importe)) {
-    return Rechazo(QStringLiteral("El monto a pagar no debe ser mayor que el saldo") +
-                   QStringLiteral(": ahora es de S/. ") + Formatear(e->saldo(), u"0.00") + QStringLiteral(" (US$ ") +
-                   Formatear(e->saldoUSD(), u"0.00") + QStringLiteral(")."));
+    return ErrorDeRechazo(QStringLiteral("El monto a pagar no debe ser mayor que el saldo") +
+                          QStringLiteral(": ahora es de S/. ") + Formatear(e->saldo(), u"0.00") +
+                          QStringLiteral(" (US$ ") + Formatear(e->saldoUSD(), u"0.00") + QStringLiteral(")."));
   }
   if (pago.esDetraccion && !e->detraccion) {
-    return Rechazo(QStringLiteral("La detracción de este documento ya no está pendiente."));
+    return ErrorDeRechazo(QStringLiteral("La detracción de este documento ya no está pendiente."));
   }
   if (pago.esDetraccion && Redondear(*e->detraccion, 2) != pago.importe.soles) {
-    return Rechazo(QStringLiteral("El monto de la detracción cambió; vuelva a elegir el documento."));
+    return ErrorDeRechazo(QStringLiteral("El monto de la detracción cambió; vuelva a elegir el documento."));
   }
   pago.documento = *e;
-  if (auto error = TomarNumeroParalelo(p, central, *DatosDe(claseDe(pago)).documento, pago.recibo)) return error;
+  if (auto error = TomarNumeroParalelo(p, central, *DatosDe(claseDelPago(pago)).documento, pago.recibo)) return error;
   acto.nombre =
       QStringLiteral("pago ") + pago.recibo.documento.serie + u'-' + NumeroEscrito(pago.recibo.documento.numero);
   acto.enLocal = {pago.recibo.guardar, sentenciaRecibo(p, pago)};
@@ -192,9 +192,9 @@ EstadoDocumento despues(const Puesto& p, const PagoCredito& pago) {
   return e;
 }
 
-void imprimir(Puesto& p, const PagoCredito& pago, double saldo) {
+void imprimirPago(Puesto& p, const PagoCredito& pago, double saldo) {
   ReciboCredito r;
-  r.pade = claseDe(pago) == ClaseDocumento::PADE;
+  r.pade = claseDelPago(pago) == ClaseDocumento::PADE;
   r.numero = pago.recibo.documento;
   r.enDolares = pago.enDolares;
   r.importe = pago.importe;
@@ -210,7 +210,7 @@ void imprimir(Puesto& p, const PagoCredito& pago, double saldo) {
 std::optional<QString> GrabarPago(Puesto& p, CajaFacturacionPagos& v) {
   if (auto campo = validar(p, v)) return campo;
   PagoCredito pago = tomar(p, v);
-  if (!AbrirCentral(p)) return QString();
+  if (!AbrirCentralDelActo(p)) return QString();
   if (!repetirPago(p, v.pago, pago)) {
     CerrarCentral(p);
     return QString();
@@ -220,7 +220,7 @@ std::optional<QString> GrabarPago(Puesto& p, CajaFacturacionPagos& v) {
   if (fin == FinCredito::Nada) return QString();
   AvisarCorreccion(p, pago.recibo);
   const EstadoDocumento e = despues(p, pago);
-  if (fin == FinCredito::Hecho) imprimir(p, pago, e.saldo());
+  if (fin == FinCredito::Hecho) imprimirPago(p, pago, e.saldo());
   LimpiarPagos(p, v.pago);
   const NumeroDocumento& recibo = pago.recibo.documento;
   v.pago.ultimo = QStringLiteral("Recibo ") + recibo.serie + u'-' + NumeroEscrito(recibo.numero) +
