@@ -72,7 +72,7 @@ TEST(MotorPostgres, ASaleWaitsNoLongerThanItsTime) {
   reloj.start();
   auto e = venta.ejecutar(Sql::crudo(u8("UPDATE t SET nom = 'c'")));
   ASSERT_TRUE(e) << "locked";
-  EXPECT_EQ(kErrorGeneral, e->numero) << e->descripcion.toStdString();
+  EXPECT_EQ(kErrorTiempo, e->numero) << e->descripcion.toStdString();
   EXPECT_LT(reloj.elapsed(), kVenta_ms + 500);
   ASSERT_FALSE(b.cnn.confirmar());
   EXPECT_FALSE(venta.ejecutar(Sql::crudo(u8("UPDATE t SET nom = 'c'")))) << "and goes on";
