@@ -86,6 +86,16 @@ TEST(MotorPostgres, ASaleWaitsNoLongerThanItsTime) {
   EXPECT_LT(reloj.elapsed(), kVenta_ms + 500) << "once, not at each statement";
 }
 
+TEST(MotorPostgres, AStatementTooLargeLeavesTheConnectionWell) {
+  BancoPostgres b(kTabla);
+  ASSERT_FALSE(b.cnn.iniciar());
+  const QString muchos = u8("SELECT COUNT(*) FROM t WHERE id IN (0") + u8(",1").repeated(70'000) + u')';
+  EXPECT_TRUE(b.respuesta(muchos).startsWith(u"error"));
+  EXPECT_EQ(QString(), ejecuta(b, "INSERT INTO t VALUES (1,'a',NULL)"));
+  ASSERT_FALSE(b.cnn.confirmar());
+  EXPECT_EQ("1", b.respuesta("SELECT COUNT(*) FROM t WHERE id IN (0" + u8(",1").repeated(5000).toUtf8() + ")"));
+}
+
 TEST(MotorPostgres, AForgottenJoinEndsAndTheConnectionGoesOn) {
   if (!qEnvironmentVariableIsSet("TARVOPOS_LARGO")) GTEST_SKIP() << "it takes a gigabyte for a moment";
   BancoPostgres b(kTabla, u8("CREATE TABLE dbo.n AS SELECT i FROM generate_series(1, 3000) i;"));

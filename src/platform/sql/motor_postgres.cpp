@@ -12,6 +12,7 @@ constexpr qint64 kReposo_ms = 10'000;  // a firewall may have forgotten a connec
 constexpr int kEsquema = 0;            // nothing tells that another program has changed the tables, but its errors
 
 constexpr int kFaltanArgumentos = 201;
+constexpr size_t kValoresMaximos = 65535;  // of a message of the server
 
 constexpr unsigned kInt8 = 20, kTexto = 25, kFecha = 1114, kNumeric = 1700;
 
@@ -183,6 +184,9 @@ std::optional<ErrorBD> MotorPostgres::correrPreparada(const SentenciaLeida& s, P
                                                       qint64* afectadas) {
   std::vector<QVariant> valores;
   if (auto e = camino_.valores(*p.forma, s, valores)) return e;
+  if (valores.size() > kValoresMaximos) {
+    return ErrorBD{kErrorSentencia, 1, QStringLiteral("La sentencia tiene demasiados valores.")};
+  }
   std::vector<unsigned> tipos;
   for (const Literal& l : p.forma->literales) {
     if (!l.ligado) continue;
