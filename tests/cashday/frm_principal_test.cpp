@@ -23,19 +23,3 @@ TEST(FrmPrincipal, TheDateButtonsFit) {
     EXPECT_TRUE(ventana.rect().contains(QRect(b->mapTo(&ventana, QPoint()), b->size()))) << n;
   }
 }
-
-TEST(LineaEstado, TheWordsOfALongStepAreWhole) {
-  LineaEstado linea;
-  linea.resize(800, linea.sizeHint().height());
-  linea.show();
-  linea.mostrar({.caja = QStringLiteral("00001"),
-                 .turno = QStringLiteral("01"),
-                 .usuario = QStringLiteral("SUPERVISOR"),
-                 .tipoCambio = QStringLiteral("3.75"),
-                 .papel = QStringLiteral("Ticketera 000123")});
-  linea.ocupado(QStringLiteral("Imprimiendo el reporte Z1…"));
-  auto* papel = linea.findChild<QLabel*>(QStringLiteral("lblEstadoPapel"));
-  EXPECT_GE(papel->width(), papel->sizeHint().width());
-  linea.ocupado({});
-  EXPECT_TRUE(linea.findChild<QLabel*>(QStringLiteral("lblEstadoTC"))->isVisible());
-}
