@@ -1,6 +1,6 @@
 #include "credit/estado_documento.h"
 
-#include "foundation/db_admin.h"
+#include "foundation/puesto.h"
 #include "platform/text/numero.h"
 
 double EstadoDocumento::saldo() const { return Redondear(total - pagado, 2); }
@@ -70,6 +70,33 @@ std::optional<ErrorBD> LeerEstado(Conexion& central, const Sql& donde, std::opti
   if (!rs[u"Detraccion"].isNull()) e.detraccion = Redondear(Numero(rs[u"Detraccion"]), 2);
   estado = e;
   return {};
+}
+
+namespace {
+
+// Why the document can't be worked on; "" when it can.
+QString rechazo(const std::optional<EstadoDocumento>& e) {
+  return e ? e->palabras() : QStringLiteral("El documento ya no existe en la base de datos central.");
+}
+
+}  // namespace
+
+std::optional<ErrorBD> LeerBloqueado(Conexion& central, const Sql& donde, EstadoDocumento& estado) {
+  std::optional<EstadoDocumento> e;
+  if (auto error = central.ejecutar(SentenciaBloqueo(donde))) return error;
+  if (auto error = LeerEstado(central, donde, e)) return error;
+  if (const QString porque = rechazo(e); !porque.isEmpty()) return ErrorBD{kErrorGeneral, 0, porque};
+  estado = *e;
+  return {};
+}
+
+bool LeerAbierto(Puesto& p, Conexion& central, const Sql& donde, EstadoDocumento& estado) {
+  std::optional<EstadoDocumento> e;
+  const auto error = LeerEstado(central, donde, e);
+  const QString porque = error ? error->descripcion : rechazo(e);
+  if (!porque.isEmpty()) p.mensajes.mostrar(porque);
+  else estado = *e;
+  return porque.isEmpty();
 }
 
 ImporteDoble ImporteDe(double monto, bool enDolares, double tipoCambio) {

@@ -6,6 +6,8 @@
 #include "credit/clase_credito.h"
 #include "platform/sql/conexion.h"
 
+struct Puesto;
+
 // Amounts in soles, those named USD in dollars.
 struct EstadoDocumento {
   qint64 cCodVta = 0;
@@ -40,6 +42,13 @@ Sql SentenciaBloqueo(const Sql& donde);
 // Nothing in `estado` when there is no such document. Shows nothing.
 [[nodiscard]] std::optional<ErrorBD> LeerEstado(Conexion& central, const Sql& donde,
                                                 std::optional<EstadoDocumento>& estado);
+
+// The same of a document that must be open, its row locked till the end of the transaction. One that isn't, or is
+// gone, is an error in words.
+[[nodiscard]] std::optional<ErrorBD> LeerBloqueado(Conexion& central, const Sql& donde, EstadoDocumento& estado);
+
+// The same without a lock, for a screen: false when there is none that is open, and the box has been shown.
+[[nodiscard]] bool LeerAbierto(Puesto& p, Conexion& central, const Sql& donde, EstadoDocumento& estado);
 
 // What a payment is worth in both currencies, rounded to cents by `tipoCambio`.
 struct ImporteDoble {

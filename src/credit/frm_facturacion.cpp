@@ -126,10 +126,8 @@ class PestanaFacturacion final : public PestanaCredito {
     auto* panel = nuevoPanelCredito(QStringLiteral("Datos del Documento"), 2);
     panel->agregar(QStringLiteral("Tipo Documento:"), tipo_.control());
     panel->agregar(QStringLiteral("Moneda:"), moneda_.control());
-    auto* numero = nuevoTexto({});
-    numero->setObjectName(QStringLiteral("lblNroDocumento"));
-    c_.enlaces.rotulo(numero, v_.lblNroDocumento);
-    panel->agregar(QStringLiteral("Nro Documento:"), numero);
+    agregarRotulo(panel, QStringLiteral("lblNroDocumento"), QStringLiteral("Nro Documento:"), c_.enlaces,
+                  v_.lblNroDocumento);
     auto* anula = nuevoBoton(QStringLiteral("cmdAnulacionFact"), QStringLiteral("Anular Documento"));
     panel->agregar({}, anula);
     connect(anula, &QPushButton::clicked, this, [this] { anular(); });

@@ -103,13 +103,11 @@ class PestanaNota final : public PestanaCredito {
   }
 
   void rotulo(Panel* panel, const char* nombre, const char16_t* etiqueta, const QString& texto) {
-    auto* l = nuevoTexto({});
-    l->setObjectName(QString::fromLatin1(nombre));
-    c_.enlaces.rotulo(l, texto);
-    panel->agregar(QString::fromUtf16(etiqueta), l);
+    agregarRotulo(panel, QString::fromLatin1(nombre), QString::fromUtf16(etiqueta), c_.enlaces, texto);
   }
   void importe(Panel* panel, const char* nombre, const char16_t* etiqueta, QString& texto) {
     Campo* campo = panel->fijo(QString::fromLatin1(nombre), QString::fromUtf16(etiqueta));
+    campo->setMinimumWidth(110);
     campo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     c_.enlaces.texto(campo, texto);
   }

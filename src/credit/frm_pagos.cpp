@@ -156,7 +156,6 @@ class PestanaPagos final : public PestanaCredito {
     detraccion_->setChecked(true);
     detraccion_->setEnabled(false);  // its being shown is what counts
     panel->agregar({}, detraccion_);
-    panel->saltar();
     nuevaForma(panel);
     return panel;
   }
@@ -187,9 +186,7 @@ class PestanaPagos final : public PestanaCredito {
     poner(deBanco_, "lblNroCuenta", u"Nro Cuenta:", cuenta_);
     poner(deBanco_, "lblNroOperacion", u"Nro Operacion:", campo("txtNroOperacion", v_.txtNroOperacion));
     h->addStretch();
-    panel->saltar();
-    panel->agregar({}, fila);
-    panel->ensanchar(fila);
+    static_cast<QVBoxLayout*>(panel->layout())->addWidget(fila);
   }
   QHBoxLayout* nuevosBotones() {
     auto* fila = new QHBoxLayout;
@@ -214,10 +211,7 @@ class PestanaPagos final : public PestanaCredito {
   }
 
   void rotulo(Panel* panel, const QString& nombre, const QString& etiqueta, const QString& texto) {
-    auto* l = nuevoTexto({});
-    l->setObjectName(nombre);
-    c_.enlaces.rotulo(l, texto);
-    panel->agregar(etiqueta, l);
+    agregarRotulo(panel, nombre, etiqueta, c_.enlaces, texto);
   }
   void mostrarPagos() {
     std::vector<FilaLista> filas;

@@ -56,6 +56,16 @@ Panel* nuevoPanelCredito(const QString& titulo, int pares) {
   return panel;
 }
 
+void agregarRotulo(Panel* panel, const QString& nombre, const QString& etiqueta, Enlaces& enlaces,
+                   const QString& texto) {
+  auto* l = nuevoTexto({});
+  l->setObjectName(nombre);
+  l->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  l->setMinimumWidth(84);
+  enlaces.rotulo(l, texto);
+  panel->agregar(etiqueta, l);
+}
+
 Campo* campoImporte(Panel* panel, const QString& nombre, const QString& etiqueta, Enlaces& enlaces, QString& texto) {
   Campo* campo = panel->importe(nombre, etiqueta);
   campo->setMinimumWidth(112);

@@ -36,6 +36,10 @@ QStringList TextosDe(const std::vector<Referencia>& lista);
 inline const QStringList kTiposCredito{QStringLiteral("FADE"), QStringLiteral("BADE")};
 inline const QStringList kMonedas{QStringLiteral("SOLES"), QStringLiteral("DOLARES")};
 
+// A text behind its caption that takes the room there is: a long name must not widen the screen.
+void agregarRotulo(Panel* panel, const QString& nombre, const QString& etiqueta, Enlaces& enlaces,
+                   const QString& texto);
+
 // A card with less room around than a panel takes by itself: four of them stand on a tab.
 Panel* nuevoPanelCredito(const QString& titulo, int pares);
 Campo* campoImporte(Panel* panel, const QString& nombre, const QString& etiqueta, Enlaces& enlaces, QString& texto);

@@ -91,18 +91,14 @@ double suma(const std::vector<LineaLQ>& lista) {
 // The document and its notes, over one connection; false when there is nothing to add, which has been told.
 bool leerVenta(Puesto& p, qint64 codigo, EstadoDocumento& documento, std::vector<LineaLQ>& notas) {
   Conexion central;
-  std::optional<EstadoDocumento> e;
-  if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return false;
-  QString porque;
-  if (const auto error = LeerEstado(central, DeCodigo(codigo), e)) porque = error->descripcion;
-  else if (!e) porque = QStringLiteral("No hay un documento con ese código.");
-  else if (!e->palabras().isEmpty()) porque = e->palabras();
-  else if (e->saldoPropio() != 0) porque = conSaldo(*e);
-  if (!porque.isEmpty()) {
-    p.mensajes.mostrar(porque);
+  if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true) ||
+      !LeerAbierto(p, central, DeCodigo(codigo), documento)) {
     return false;
   }
-  documento = *e;
+  if (documento.saldoPropio() != 0) {
+    p.mensajes.mostrar(conSaldo(documento));
+    return false;
+  }
   const bool leidas = leerNotas(p, central, documento, notas);
   p.poDBAdmin.CerrarBD(central);
   return leidas;

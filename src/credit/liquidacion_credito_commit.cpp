@@ -2,9 +2,7 @@
 #include "credit/liquidacion_credito.h"
 #include "credit/papel_credito.h"
 #include "documento/commit_paralelo.h"
-#include "documento/tarjeta.h"
 #include "foundation/puesto.h"
-#include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
 
@@ -63,14 +61,7 @@ bool tomar(Puesto& p, const TabLiquidacion& v, Liquidacion& l) {
 }
 
 void sentenciasLocales(const Puesto& p, const Liquidacion& l, ActoDoble& acto) {
-  DatosOperacion o;
-  o.codigo = l.numero.codigo;
-  o.tarjeta = NumeroTarjeta(l.papel.documento.tarjeta);
-  o.fecha = FormatearFecha(p.reloj.now(), u"DD/MM/YYYY hh:mm");
-  o.tipo = TipoOperacion::LIQPAD;
-  o.documento = TipoDocumento::LIQPAD;
-  o.serie = l.papel.numero.serie;
-  o.numero = l.papel.numero.numero;
+  DatosOperacion o = OperacionDe(p, l.papel.documento, l.numero, TipoOperacion::LIQPAD);
   DatosParalela d;
   d.montoSoles = l.papel.diferencia;
   d.montoDolares = l.dolares;
@@ -95,21 +86,18 @@ void sentenciasLocales(const Puesto& p, const Liquidacion& l, ActoDoble& acto) {
 
 std::optional<ErrorBD> preparar(Puesto& p, Liquidacion& l, ActoDoble& acto) {
   Conexion& central = p.poCnnCentral;
-  std::optional<EstadoDocumento> e;
-  if (auto error = central.ejecutar(SentenciaBloqueo(DeCodigo(l.cCodVta)))) return error;
-  if (auto error = LeerEstado(central, DeCodigo(l.cCodVta), e)) return error;
-  if (!e) return ErrorDeRechazo(QStringLiteral("El documento ya no existe en la base de datos central."));
-  if (!e->palabras().isEmpty()) return ErrorDeRechazo(e->palabras());
-  if (e->saldoPropio() != 0 || Redondear(e->pagado - l.pagado, 2) != 0 || e->consumido != l.consumido) {
-    return ErrorDeRechazo(QStringLiteral("Otra caja cambió los pagos o el consumo del documento ") + e->nombre() +
+  EstadoDocumento e;
+  if (auto error = LeerBloqueado(central, DeCodigo(l.cCodVta), e)) return error;
+  if (e.saldoPropio() != 0 || Redondear(e.pagado - l.pagado, 2) != 0 || e.consumido != l.consumido) {
+    return ErrorDeRechazo(QStringLiteral("Otra caja cambió los pagos o el consumo del documento ") + e.nombre() +
                           QStringLiteral("; vuelva a elegirlo."));
   }
-  l.papel.documento = *e;
+  l.papel.documento = e;
   if (auto error = TomarNumeroParalelo(p, central, TipoDocumento::LIQPAD, l.numero)) return error;
   l.papel.numero = l.numero.documento;
   acto.nombre = QStringLiteral("liquidación ") + l.papel.numero.serie + u'-' + NumeroEscrito(l.papel.numero.numero);
   sentenciasLocales(p, l, acto);
-  acto.enServidor = SentenciasLiquidacion(*e);
+  acto.enServidor = SentenciasLiquidacion(e);
   return {};
 }
 

@@ -6,7 +6,6 @@
 #include "credit/papel_credito.h"
 #include "documento/clase.h"
 #include "documento/filas_paralelas.h"
-#include "documento/tarjeta.h"
 #include "foundation/puesto.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -36,26 +35,20 @@ LineaVendida lineaDeNota(const Recordset::Fila& f) {
 bool leer(Puesto& p, TabNota& v, const DocumentoPorConsumir& d) {
   Conexion central;
   if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return false;
-  std::optional<EstadoDocumento> e;
+  EstadoDocumento e;
   Recordset lineas;
-  const auto error = LeerEstado(central, DeCodigo(d.cCodVta), e);
-  if (error) p.mensajes.mostrar(error->descripcion);
-  if (error || !p.poDBAdmin.EjecutarConsulta(
-                   central,
-                   FormatearSQL(u"select nroitem,cCodArtic,sProdDscCrta,nPrecioOrig,nQtdVendida,nDescuento,nServicio"
-                                " from venta02 where ccodvta=$ order by nroitem"_sql,
-                                {d.cCodVta}),
-                   lineas)) {
+  if (!LeerAbierto(p, central, DeCodigo(d.cCodVta), e) ||
+      !p.poDBAdmin.EjecutarConsulta(
+          central,
+          FormatearSQL(u"select nroitem,cCodArtic,sProdDscCrta,nPrecioOrig,nQtdVendida,nDescuento,nServicio"
+                       " from venta02 where ccodvta=$ order by nroitem"_sql,
+                       {d.cCodVta}),
+          lineas)) {
     return false;
   }
   p.poDBAdmin.CerrarBD(central);
-  const QString porque = e ? e->palabras() : QStringLiteral("El documento ya no existe en la base de datos central.");
-  if (!porque.isEmpty()) {
-    p.mensajes.mostrar(porque);
-    return false;
-  }
   for (const auto& f : lineas) v.lineas.push_back(lineaDeNota(f));
-  mostrarDocumento(v, d, *e);
+  mostrarDocumento(v, d, e);
   return true;
 }
 
@@ -70,14 +63,7 @@ struct Nota {
 };
 
 void sentenciasLocales(const Puesto& p, const Nota& n, ActoDoble& acto) {
-  DatosOperacion o;
-  o.codigo = n.numero.codigo;
-  o.tarjeta = NumeroTarjeta(n.papel.documento.tarjeta);
-  o.fecha = FormatearFecha(p.reloj.now(), u"DD/MM/YYYY hh:mm");
-  o.tipo = TipoOperacion::NC;
-  o.documento = TipoDocumento::NC;
-  o.serie = n.numero.documento.serie;
-  o.numero = n.numero.documento.numero;
+  const DatosOperacion o = OperacionDe(p, n.papel.documento, n.numero, TipoOperacion::NC);
   DatosParalela d;
   d.montoSoles = n.papel.total;
   d.montoDolares = n.dolares;
@@ -92,18 +78,15 @@ void sentenciasLocales(const Puesto& p, const Nota& n, ActoDoble& acto) {
 
 std::optional<ErrorBD> preparar(Puesto& p, qint64 cCodVta, Nota& n, ActoDoble& acto) {
   Conexion& central = p.poCnnCentral;
-  std::optional<EstadoDocumento> e;
-  if (auto error = central.ejecutar(SentenciaBloqueo(DeCodigo(cCodVta)))) return error;
-  if (auto error = LeerEstado(central, DeCodigo(cCodVta), e)) return error;
-  if (!e) return ErrorDeRechazo(QStringLiteral("El documento ya no existe en la base de datos central."));
-  if (!e->palabras().isEmpty()) return ErrorDeRechazo(e->palabras());
-  if (n.papel.total > e->porConsumir()) return ErrorDeRechazo(noPuedeConsumir(Formatear(e->porConsumir(), kImporte)));
-  n.papel.documento = *e;
+  EstadoDocumento e;
+  if (auto error = LeerBloqueado(central, DeCodigo(cCodVta), e)) return error;
+  if (n.papel.total > e.porConsumir()) return ErrorDeRechazo(noPuedeConsumir(Formatear(e.porConsumir(), kImporte)));
+  n.papel.documento = e;
   if (auto error = TomarNumeroParalelo(p, central, TipoDocumento::NC, n.numero)) return error;
   n.papel.numero = n.numero.documento;
   acto.nombre = QStringLiteral("nota ") + n.papel.numero.serie + u'-' + NumeroEscrito(n.papel.numero.numero);
   sentenciasLocales(p, n, acto);
-  acto.enServidor = SentenciasConsumo(p, *e, n.numero.codigo, n.papel.total);
+  acto.enServidor = SentenciasConsumo(p, e, n.numero.codigo, n.papel.total);
   return {};
 }
 

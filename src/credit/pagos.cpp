@@ -48,25 +48,19 @@ void mostrarEstado(TabPagos& v, const EstadoDocumento& e) {
 }
 
 bool leer(Puesto& p, TabPagos& v, const DocumentoPorPagar& d) {
-  std::optional<EstadoDocumento> e;
   Conexion central;
   if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return false;
   const auto doc = DocCreditoDe(d.TipoDoc).value_or(DocCredito::FADE);
+  EstadoDocumento e;
   Recordset pagos;
-  const auto error = LeerEstado(central, DeNumero(doc, d.cSerieDoc, d.NroDoc), e);
-  if (error) p.mensajes.mostrar(error->descripcion);
-  if (error || !p.poDBAdmin.EjecutarConsulta(central, consultaPagos(d), pagos) ||
+  if (!LeerAbierto(p, central, DeNumero(doc, d.cSerieDoc, d.NroDoc), e) ||
+      !p.poDBAdmin.EjecutarConsulta(central, consultaPagos(d), pagos) ||
       !LeerCuentaDetraccion(p, central, v.cuentaDetraccion)) {
     return false;
   }
   p.poDBAdmin.CerrarBD(central);
-  const QString porque = e ? e->palabras() : QStringLiteral("El documento ya no existe en la base de datos central.");
-  if (!porque.isEmpty()) {
-    p.mensajes.mostrar(porque);
-    return false;
-  }
   for (const auto& f : pagos) v.dgdPagos.push_back(pagoDe(f));
-  mostrarEstado(v, *e);
+  mostrarEstado(v, e);
   return true;
 }
 

@@ -5,7 +5,6 @@
 #include "documento/commit_documento.h"
 #include "documento/filas_paralelas.h"
 #include "documento/importe_tecleado.h"
-#include "documento/tarjeta.h"
 #include "foundation/puesto.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -133,14 +132,7 @@ bool repetirPago(Puesto& p, const TabPagos& v, const PagoCredito& pago) {
 // The parallel row of the payment.
 Sql sentenciaRecibo(const Puesto& p, const PagoCredito& pago) {
   const ClaseDocumento clase = claseDelPago(pago);
-  DatosOperacion o;
-  o.codigo = pago.recibo.codigo;
-  o.tarjeta = NumeroTarjeta(pago.documento.tarjeta);
-  o.fecha = esteMinuto(p);
-  o.tipo = DatosDe(clase).operacion;
-  o.documento = pago.recibo.tipo;
-  o.serie = pago.recibo.documento.serie;
-  o.numero = pago.recibo.documento.numero;
+  const DatosOperacion o = OperacionDe(p, pago.documento, pago.recibo, DatosDe(clase).operacion);
   DatosParalela d;
   d.moneda = pago.enDolares ? 2 : 1;
   d.montoSoles = pago.importe.soles;
@@ -156,23 +148,20 @@ std::optional<ErrorBD> preparar(Puesto& p, const TabPagos& v, PagoCredito& pago,
   Conexion& central = p.poCnnCentral;
   const auto doc = DocCreditoDe(v.documento->TipoDoc).value_or(DocCredito::FADE);
   const Sql donde = DeNumero(doc, v.documento->cSerieDoc, v.documento->NroDoc);
-  std::optional<EstadoDocumento> e;
-  if (auto error = central.ejecutar(SentenciaBloqueo(donde))) return error;
-  if (auto error = LeerEstado(central, donde, e)) return error;
-  if (!e) return ErrorDeRechazo(QStringLiteral("El documento ya no existe en la base de datos central."));
-  if (!e->palabras().isEmpty()) return ErrorDeRechazo(e->palabras());
-  if (!Cabe(*e, pago.importe)) {
+  EstadoDocumento e;
+  if (auto error = LeerBloqueado(central, donde, e)) return error;
+  if (!Cabe(e, pago.importe)) {
     return ErrorDeRechazo(QStringLiteral("El monto a pagar no debe ser mayor que el saldo") +
-                          QStringLiteral(": ahora es de S/. ") + Formatear(e->saldo(), u"0.00") +
-                          QStringLiteral(" (US$ ") + Formatear(e->saldoUSD(), u"0.00") + QStringLiteral(")."));
+                          QStringLiteral(": ahora es de S/. ") + Formatear(e.saldo(), u"0.00") +
+                          QStringLiteral(" (US$ ") + Formatear(e.saldoUSD(), u"0.00") + QStringLiteral(")."));
   }
-  if (pago.esDetraccion && !e->detraccion) {
+  if (pago.esDetraccion && !e.detraccion) {
     return ErrorDeRechazo(QStringLiteral("La detracción de este documento ya no está pendiente."));
   }
-  if (pago.esDetraccion && Redondear(*e->detraccion, 2) != pago.importe.soles) {
+  if (pago.esDetraccion && Redondear(*e.detraccion, 2) != pago.importe.soles) {
     return ErrorDeRechazo(QStringLiteral("El monto de la detracción cambió; vuelva a elegir el documento."));
   }
-  pago.documento = *e;
+  pago.documento = e;
   if (auto error = TomarNumeroParalelo(p, central, *DatosDe(claseDelPago(pago)).documento, pago.recibo)) return error;
   acto.nombre =
       QStringLiteral("pago ") + pago.recibo.documento.serie + u'-' + NumeroEscrito(pago.recibo.documento.numero);

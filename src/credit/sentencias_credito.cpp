@@ -1,5 +1,6 @@
 #include "credit/sentencias_credito.h"
 
+#include "documento/tarjeta.h"
 #include "foundation/puesto.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -29,6 +30,19 @@ Sql linea(const Puesto& p, const FacturaCredito& f, const Sql& donde, size_t i) 
 }
 
 }  // namespace
+
+DatosOperacion OperacionDe(const Puesto& p, const EstadoDocumento& documento, const NumeroTomado& numero,
+                           TipoOperacion tipo) {
+  DatosOperacion o;
+  o.codigo = numero.codigo;
+  o.tarjeta = NumeroTarjeta(documento.tarjeta);
+  o.fecha = FormatearFecha(p.reloj.now(), u"DD/MM/YYYY hh:mm");
+  o.tipo = tipo;
+  o.documento = numero.tipo;
+  o.serie = numero.documento.serie;
+  o.numero = numero.documento.numero;
+  return o;
+}
 
 std::vector<Sql> SentenciasFactura(const Puesto& p, const FacturaCredito& f) {
   const QString numero = NumeroEscrito(f.numero);

@@ -6,6 +6,7 @@
 #include "credit/detraccion.h"
 #include "credit/estado_documento.h"
 #include "credit/numero_credito.h"
+#include "documento/filas_operacion.h"
 
 // Amounts in soles, those named USD in dollars; tax and service to the cent, as the lines showed them.
 struct FacturaCredito {
@@ -21,6 +22,10 @@ struct FacturaCredito {
   Detraccion detraccion;
   QString supervisor;
 };
+
+// What the rows of a note, receipt or liquidation share: code and number drawn, card, the present minute.
+DatosOperacion OperacionDe(const Puesto& p, const EstadoDocumento& documento, const NumeroTomado& numero,
+                           TipoOperacion tipo);
 
 std::vector<Sql> SentenciasFactura(const Puesto& p, const FacturaCredito& f);
 

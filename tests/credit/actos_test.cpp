@@ -30,7 +30,7 @@ TEST(Facturas, AFadeUnderDetractionInBothPlaces) {
   EXPECT_EQ(q("1|001"), e.local("SELECT nDocCodigo, cSerieDoc FROM Config_Documento WHERE cTipoDoc = '02'"));
   EXPECT_EQ(q("0|0"), e.local("SELECT (SELECT COUNT(*) FROM Operacion), (SELECT COUNT(*) FROM OperacionParalela)"));
   EXPECT_EQ(q("Último: FADE 001-000001"), e.v.factura.ultimo);
-  EXPECT_EQ("", primeraDiferencia(conCorte(leerGolden(q("credit/fade_detraccion.txt"))), e.papel("LPT1")));
+  EXPECT_EQ("", primeraDiferencia(conCorte(leerGolden(q("credit/fade_detraccion.txt"))), e.impreso("LPT1")));
 }
 
 // The detraction falls on a FADE above the threshold with a marked article, and on nothing else.
@@ -89,7 +89,7 @@ TEST(Facturas, ADiscountAsksTheSupervisor) {
   EXPECT_EQ(q("hecho"), e.facturar());
   EXPECT_EQ(q("18|-10"),
             e.central("SELECT v.TotVta, d.nDescuento FROM Venta01 v, Venta02 d WHERE d.cCodVta = v.cCodVta"));
-  EXPECT_TRUE(e.papel("LPT1").contains("SUPERVISOR: SUPERVISOR"));
+  EXPECT_TRUE(e.impreso("LPT1").contains("SUPERVISOR: SUPERVISOR"));
 }
 
 TEST(Pagos, EveryFormAndCurrency) {
@@ -104,7 +104,7 @@ TEST(Pagos, EveryFormAndCurrency) {
   EXPECT_EQ(q("hecho"), e.pagar(1, 1, "10"));
   EXPECT_EQ("", primeraDiferencia(conCorte(leerGolden(q("credit/recibo_soles.txt"))) +
                                       conCorte(leerGolden(q("credit/recibo_dolares.txt"))),
-                                  e.papel("LPT2")));
+                                  e.impreso("LPT2")));
   e.cargarPago("02", "000001");
   EXPECT_EQ(q("200.00|70.00"), e.v.pago.lblSaldoSoles + u'|' + e.v.pago.lblSaldoDolares);
   EXPECT_EQ(q("hecho"), e.pagar(2, 0, "100.00"));
@@ -304,7 +304,7 @@ TEST(Liquidaciones, PayTheChangeOut) {
             e.local("SELECT cOperCode, cOperTipo, cProdCode, nProdCant, nProdPrecUnit, nMontoSoles, nMontoDolares, "
                     "nVueltoDolares, cDocTipo, cDocSerie, cDocCodigo, nTarjNumb FROM Operacion"));
   EXPECT_EQ(q("1"), e.central("SELECT bLiquidado FROM Venta01"));
-  const QByteArray papel = e.papel("LPT2");
+  const QByteArray papel = e.impreso("LPT2");
   EXPECT_EQ(
       "", primeraDiferencia(conCorte(leerGolden(q("credit/liquidacion.txt"))), papel.mid(papel.lastIndexOf("\x1b@"))));
 }
@@ -351,9 +351,9 @@ TEST(Copias, OfADocumentAndAReceipt) {
   ASSERT_EQ(q("hecho"), e.pagar(0, 0, "40"));
   e.p.papeles().papel.clear();
   EXPECT_TRUE(ReimprimirFactura(e.p, DocCredito::FADE, q("001"), q("1")));
-  EXPECT_TRUE(e.papel("LPT1").contains(" TK NRO: 001-000001") && e.papel("LPT1").contains(" COPIA"));
+  EXPECT_TRUE(e.impreso("LPT1").contains(" TK NRO: 001-000001") && e.impreso("LPT1").contains(" COPIA"));
   EXPECT_TRUE(ReimprimirRecibo(e.p, q("PA1"), q("000001")));
-  EXPECT_TRUE(e.papel("LPT2").contains("S/. 40.00") && e.papel("LPT2").contains("Ref: FADE 001-000001"));
+  EXPECT_TRUE(e.impreso("LPT2").contains("S/. 40.00") && e.impreso("LPT2").contains("Ref: FADE 001-000001"));
   e.p.persona().espera(q("No existe BADE 001-000001."));
   EXPECT_FALSE(ReimprimirFactura(e.p, DocCredito::BADE, q("001"), q("1")));
   e.enCentral("UPDATE Pagos SET FechaAnulacion = '20261124'");
