@@ -10,6 +10,9 @@ struct EntradaProcedimiento {
   std::optional<ErrorBD> (*hacer)(AccesoMotor&, const QVariantList&, Recordset&);
 };
 
+// The statement with each text column "~x" compared as a server does: without case and blanks at its end.
+QString sinFinales(const char* sql);
+
 // A text that is no date, as an error of the server.
 ErrorBD noEsFecha(const QVariant& texto);
 

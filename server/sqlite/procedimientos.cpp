@@ -1,5 +1,7 @@
 #include "entrada.h"
 
+#include <QRegularExpression>
+
 #include "platform/text/fecha.h"
 #include "servidores.h"
 
@@ -46,24 +48,26 @@ Error insertarCabeceraZ1(AccesoMotor& bd, const QVariantList& a, Recordset& rs) 
 
 // The mean price of each article over all its rows; Null where quantities cancel out.
 Error promediarMontosZ1(AccesoMotor& bd, const QVariantList& a, Recordset&) {
-  return bd.ejecutar(QStringLiteral("UPDATE TDETALLEZ1 SET nPrecioProm = (SELECT SUM(d.nMonto) / "
-                                    "NULLIF(SUM(d.nProdCant), 0) "
-                                    "FROM TDETALLEZ1 d WHERE d.nidZ1 = ? AND d.cProdCode = TDETALLEZ1.cProdCode) "
-                                    "WHERE nidZ1 = ?"), {a[0], a[0]});
+  return bd.ejecutar(sinFinales("UPDATE TDETALLEZ1 SET nPrecioProm = (SELECT round(SUM(d.nMonto) / "
+                                "NULLIF(SUM(d.nProdCant), 0), 6) "
+                                "FROM TDETALLEZ1 d WHERE d.nidZ1 = ?1 AND ~d.cProdCode = ~TDETALLEZ1.cProdCode) "
+                                "WHERE nidZ1 = ?1"), {a[0]});
 }
 
 // One row for each till, day, warehouse, type of document and article: the first takes the sums, the others go.
 Error agruparZ1(AccesoMotor& bd, const QVariantList& a, Recordset&) {
-  return todas(bd, {
-      {"UPDATE TDETALLEZ1 SET (nProdCant, nMonto) = (SELECT SUM(d.nProdCant), SUM(d.nMonto) FROM TDETALLEZ1 d "
-       "WHERE d.nidZ1 = TDETALLEZ1.nidZ1 AND d.cCajaCodi IS TDETALLEZ1.cCajaCodi "
-       "AND date(d.dOperFech) IS date(TDETALLEZ1.dOperFech) AND d.cAlmaCode IS TDETALLEZ1.cAlmaCode "
-       "AND d.cdocTipo IS TDETALLEZ1.cdocTipo AND d.cProdCode IS TDETALLEZ1.cProdCode) "
-       "WHERE rowid IN (SELECT MIN(rowid) FROM TDETALLEZ1 WHERE nidZ1 = ? "
-       "GROUP BY cCajaCodi, date(dOperFech), cAlmaCode, cdocTipo, cProdCode)", {a[0]}},
-      {"DELETE FROM TDETALLEZ1 WHERE nidZ1 = ? AND rowid NOT IN (SELECT MIN(rowid) FROM TDETALLEZ1 WHERE nidZ1 = ? "
-       "GROUP BY cCajaCodi, date(dOperFech), cAlmaCode, cdocTipo, cProdCode)", {a[0], a[0]}},
-  });
+  const QString primeras = sinFinales(
+      "SELECT MIN(rowid) FROM TDETALLEZ1 WHERE nidZ1 = ?1 "
+      "GROUP BY ~cCajaCodi, date(dOperFech), ~cAlmaCode, ~cdocTipo, ~cProdCode");
+  const QString sumas = sinFinales(
+      "SELECT SUM(d.nProdCant), SUM(d.nMonto) FROM TDETALLEZ1 d WHERE d.nidZ1 = ?1 AND ~d.cCajaCodi IS "
+      "~TDETALLEZ1.cCajaCodi AND date(d.dOperFech) IS date(TDETALLEZ1.dOperFech) AND ~d.cAlmaCode IS "
+      "~TDETALLEZ1.cAlmaCode AND ~d.cdocTipo IS ~TDETALLEZ1.cdocTipo AND ~d.cProdCode IS ~TDETALLEZ1.cProdCode");
+  if (auto error = bd.ejecutar(
+          QStringLiteral("UPDATE TDETALLEZ1 SET (nProdCant, nMonto) = (%1) WHERE rowid IN (%2)").arg(sumas, primeras),
+          {a[0]})) return error;
+  return bd.ejecutar(QStringLiteral("DELETE FROM TDETALLEZ1 WHERE nidZ1 = ?1 AND rowid NOT IN (%1)").arg(primeras),
+                     {a[0]});
 }
 
 Error insertaSincronizacion(AccesoMotor& bd, const QVariantList& a, Recordset&) {
@@ -86,6 +90,19 @@ Error limpiarCajaDia(AccesoMotor& bd, const QVariantList& a, Recordset&) {
   });
 }
 
+QVariantList sinBlancosFinales(QVariantList valores) {
+  for (QVariant& v : valores) {
+    if (v.typeId() != QMetaType::QString) continue;
+    QString t = v.toString();
+    while (t.endsWith(u' ')) t.chop(1);
+    v = t;
+  }
+  return valores;
+}
+
+// A transaction here keeps every other desk out already.
+Error bloquearSerie(AccesoMotor&, const QVariantList&, Recordset&) { return {}; }
+
 Error retornarIgv(AccesoMotor& bd, const QVariantList&, QVariant& valor) {
   Recordset rs;
   if (auto error = bd.consultar(QStringLiteral("SELECT nmonto1 FROM parametro WHERE cCodParam = 'IGV'"), {},
@@ -96,6 +113,11 @@ Error retornarIgv(AccesoMotor& bd, const QVariantList&, QVariant& valor) {
 
 }  // namespace
 
+QString sinFinales(const char* sql) {
+  static const QRegularExpression columna(QStringLiteral("~([A-Za-z0-9_.]+)"));
+  return QString::fromLatin1(sql).replace(columna, QStringLiteral("rtrim(\\1) COLLATE NOCASE"));
+}
+
 ErrorBD noEsFecha(const QVariant& texto) {
   return {kErrorSentencia, kNoEsFecha, QStringLiteral("«%1» no es una fecha.").arg(texto.toString())};
 }
@@ -104,6 +126,7 @@ std::shared_ptr<const Procedimientos> procedimientosDeServidores() {
   auto todos = std::make_shared<Procedimientos>();
   std::vector<EntradaProcedimiento> tabla = procedimientosDeCuentas();
   tabla.insert(tabla.end(), {
+      {"spr_bloquear_serie", 1, bloquearSerie},
       {"spr_insertar_cabecera_z1", 2, insertarCabeceraZ1},
       {"spr_promediar_montos_z1", 1, promediarMontosZ1},
       {"spr_agrupar_z1", 1, agruparZ1},
@@ -113,7 +136,7 @@ std::shared_ptr<const Procedimientos> procedimientosDeServidores() {
   for (const auto& p : tabla) {
     const QString nombre = QString::fromLatin1(p.nombre);
     todos->agregar(nombre, [nombre, p](AccesoMotor& bd, const QVariantList& a, Recordset& rs) -> Error {
-      if (a.size() == p.argumentos) return p.hacer(bd, a, rs);
+      if (a.size() == p.argumentos) return p.hacer(bd, sinBlancosFinales(a), rs);
       return ErrorBD{kErrorSentencia, kFaltanArgumentos,
                      QStringLiteral("El procedimiento %1 lleva %2 argumentos y recibió %3.")
                          .arg(nombre).arg(p.argumentos).arg(a.size())};

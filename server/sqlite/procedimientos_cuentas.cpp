@@ -6,20 +6,21 @@ namespace {
 
 using Error = std::optional<ErrorBD>;
 
-// What the payments of each document that were not voided have brought, in both currencies.
+// What the payments of each document that were not voided have brought, in both currencies. Texts that compare bear a
+// "~" (sinFinales).
 const char kPagado[] =
     "WITH pagado AS (SELECT TipoDoc, cSerieDoc, NroDoc, "
-    "SUM(CASE Moneda WHEN 'E' THEN Monto * nTipoCambio ELSE Monto END) AS soles, "
-    "SUM(CASE Moneda WHEN 'E' THEN Monto ELSE Monto / NULLIF(nTipoCambio, 0) END) AS dolares "
-    "FROM Pagos WHERE FechaAnulacion IS NULL GROUP BY TipoDoc, cSerieDoc, NroDoc), "
+    "SUM(CASE ~Moneda WHEN 'E' THEN Monto * nTipoCambio ELSE Monto END) AS soles, "
+    "SUM(CASE ~Moneda WHEN 'E' THEN Monto ELSE Monto / NULLIF(nTipoCambio, 0) END) AS dolares "
+    "FROM Pagos WHERE FechaAnulacion IS NULL GROUP BY ~TipoDoc, ~cSerieDoc, ~NroDoc), "
     "cuenta AS (SELECT v.*, CASE v.IdLocal WHEN 1 THEN 'SUR' WHEN 2 THEN 'NORTE' END AS NombreLocal, "
-    "CASE v.cCodMoneda WHEN 'E' THEN 'DOLARES' ELSE 'SOLES' END AS NombreMoneda, "
+    "CASE ~v.cCodMoneda WHEN 'E' THEN 'DOLARES' ELSE 'SOLES' END AS NombreMoneda, "
     "round(v.TotVta - ifnull(p.soles, 0), 2) AS Restante, round(v.TotVtaUSD - ifnull(p.dolares, 0), 2) AS RestanteUSD "
-    "FROM Venta01 v LEFT JOIN pagado p ON p.TipoDoc = v.TipoDoc AND p.cSerieDoc = v.cSerieDoc AND p.NroDoc = v.NroDoc "
-    "WHERE v.FechaAnulacion IS NULL) ";
+    "FROM Venta01 v LEFT JOIN pagado p ON ~p.TipoDoc = ~v.TipoDoc AND ~p.cSerieDoc = ~v.cSerieDoc "
+    "AND ~p.NroDoc = ~v.NroDoc WHERE v.FechaAnulacion IS NULL) ";
 
 Error consultar(AccesoMotor& bd, const char* sql, const QVariantList& valores, Recordset& rs) {
-  return bd.consultar(QString::fromLatin1(sql), valores, rs);
+  return bd.consultar(sinFinales(sql), valores, rs);
 }
 
 // A document counts as paid in its own currency; cents of the rate leave nothing open in the other one.
@@ -27,8 +28,8 @@ Error pendientesDePago(AccesoMotor& bd, const QVariantList& a, Recordset& rs) {
   static const QByteArray sql =
       QByteArray(kPagado) +
       "SELECT TipoDoc, cSerieDoc, NroDoc, fechaemision, NombreLocal, DscCliente, cClienteCode, IdLocal, "
-      "NombreMoneda AS Moneda, TotVta, TotVtaUSD, Restante, RestanteUSD FROM cuenta WHERE TipoDoc = ?1 "
-      "AND CASE cCodMoneda WHEN 'E' THEN RestanteUSD ELSE Restante END > 0 ORDER BY fechaemision, cSerieDoc, NroDoc";
+      "NombreMoneda AS Moneda, TotVta, TotVtaUSD, Restante, RestanteUSD FROM cuenta WHERE ~TipoDoc = ?1 "
+      "AND CASE ~cCodMoneda WHEN 'E' THEN RestanteUSD ELSE Restante END > 0 ORDER BY fechaemision, cSerieDoc, NroDoc";
   return consultar(bd, sql.constData(), a, rs);
 }
 
@@ -39,8 +40,8 @@ Error pendientesDeConsumo(AccesoMotor& bd, const QVariantList& a, Recordset& rs)
       "SELECT v.cCodVta, v.cCodCaja, v.TipoDoc, v.cSerieDoc, v.NroDoc, v.cClienteCode, v.IdLocal, "
       "CASE v.IdLocal WHEN 1 THEN 'SUR' WHEN 2 THEN 'NORTE' END AS Local, v.DscCliente, v.NroRuc, v.TotVta, "
       "v.TotVtaUSD, v.cCodMoneda, t.vDscTipoCredito AS TipoCredito, v.fechaemision "
-      "FROM Venta01 v LEFT JOIN TipoCredito t ON t.cCodTipoCredito = v.cCodTipoCredito "
-      "WHERE v.TipoDoc = ?1 AND v.FechaAnulacion IS NULL AND v.bLiquidado = 0 "
+      "FROM Venta01 v LEFT JOIN TipoCredito t ON ~t.cCodTipoCredito = ~v.cCodTipoCredito "
+      "WHERE ~v.TipoDoc = ?1 AND v.FechaAnulacion IS NULL AND v.bLiquidado = 0 "
       "ORDER BY v.fechaemision, v.cSerieDoc, v.NroDoc",
       a, rs);
 }
@@ -48,7 +49,7 @@ Error pendientesDeConsumo(AccesoMotor& bd, const QVariantList& a, Recordset& rs)
 Error cuentaDeCliente(AccesoMotor& bd, const QVariantList& a, Recordset& rs) {
   static const QByteArray sql =
       QByteArray(kPagado) +
-      "SELECT cCodVta AS Codigo, TipoDoc, CASE TipoDoc WHEN '01' THEN 'FACTURA' ELSE 'BOLETA' END AS Documento, "
+      "SELECT cCodVta AS Codigo, TipoDoc, CASE ~TipoDoc WHEN '01' THEN 'FACTURA' ELSE 'BOLETA' END AS Documento, "
       "cSerieDoc AS Serie, NroDoc AS Numero, fechaemision AS \"Fec Emision\", NombreMoneda AS Moneda, "
       "TotVta AS \"Total Vta\", TotVtaUSD AS \"Total Vta USD\", Restante AS \"M. Restante\", "
       "RestanteUSD AS \"M. Restante USD\" FROM cuenta WHERE CAST(cClienteCode AS INTEGER) = ?1 AND IdLocal = ?2 "
@@ -64,13 +65,13 @@ Error saldos(AccesoMotor& bd, const QVariantList& a, Recordset& rs) {
   const QString fin = FechaISO(hasta->date().addDays(1).startOfDay());
   return consultar(bd,
                    "WITH contado AS (SELECT cCodArtic, MAX(dFecha) AS dia, nSaldo FROM SaldoArticulo "
-                   "WHERE cCodAlmac = ?4 AND dFecha < ?2 GROUP BY cCodArtic) "
+                   "WHERE ~cCodAlmac = ?4 AND dFecha < ?2 GROUP BY ~cCodArtic) "
                    "SELECT a.vDscartic AS descarticulo, ifnull(u.vDscCrta, a.cUndSalida) AS unidmed, "
                    "a.cCodartic AS ccodidart, ifnull(c.nSaldo, 0) AS saldoanterior, "
-                   "ifnull((SELECT SUM(m.nCantidad) FROM ZANKEBMOVIVNTA m WHERE m.cProdCode = a.cCodartic "
-                   "AND m.cAlmaCode = ?4 AND m.dFecha >= ifnull(c.dia, ?1) AND m.dFecha < ?2), 0) AS saldos "
-                   "FROM Articulo a LEFT JOIN contado c ON c.cCodArtic = a.cCodartic "
-                   "LEFT JOIN UnidadMedida u ON u.cUndmedid = a.cUndSalida "
+                   "ifnull((SELECT SUM(m.nCantidad) FROM ZANKEBMOVIVNTA m WHERE ~m.cProdCode = ~a.cCodartic "
+                   "AND ~m.cAlmaCode = ?4 AND m.dFecha >= ifnull(c.dia, ?1) AND m.dFecha < ?2), 0) AS saldos "
+                   "FROM Articulo a LEFT JOIN contado c ON ~c.cCodArtic = ~a.cCodartic "
+                   "LEFT JOIN UnidadMedida u ON ~u.cUndmedid = ~a.cUndSalida "
                    "WHERE a.bSwActivo = 1 AND a.cCodartic GLOB ?3 ORDER BY a.cCodartic",
                    {FechaISO(desde->date().startOfDay()), fin, a[2], a[6]}, rs);
 }
@@ -84,12 +85,11 @@ Error reprocesarMovimientos(AccesoMotor& bd, const QVariantList& a, Recordset&) 
     return error;
   }
   return bd.ejecutar(
-      QStringLiteral(
-          "INSERT INTO ZANKEBMOVIVNTA (dFecha, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nCantidad, "
-          "nMonto) SELECT ?1, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, SUM(nProdCant), "
-          "SUM(nProdCant * nProdPrecUnit) FROM Operacion WHERE dOperFech >= ?1 AND dOperFech < ?2 "
-          "AND cOperFlagAnula = 0 AND CAST(cProdCode AS INTEGER) <> 0 "
-          "GROUP BY cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode"),
+      sinFinales("INSERT INTO ZANKEBMOVIVNTA (dFecha, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nCantidad, "
+                 "nMonto) SELECT ?1, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, SUM(nProdCant), "
+                 "SUM(nProdCant * nProdPrecUnit) FROM Operacion WHERE dOperFech >= ?1 AND dOperFech < ?2 "
+                 "AND cOperFlagAnula = 0 AND CAST(cProdCode AS INTEGER) <> 0 "
+                 "GROUP BY ~cCajaCodi, ~cAlmaCode, ~cDocTipo, ~cDocSerie, ~cProdCode"),
       dia);
 }
 

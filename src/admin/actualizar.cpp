@@ -7,14 +7,13 @@
 #include "foundation/versiones.h"
 #include "platform/io/cerrojo.h"
 #include "platform/sql/cadena_conexion.h"
+#include "postgres/base_postgres.h"
 #include "servidores.h"
 #include "store/tablas.h"
 
 namespace {
 
-std::optional<QString> actualizar(Conexion& cnn, const QString& archivo, const PasosDeVersion& pasos,
-                                  const QDateTime& ahora, QStringList& hecho) {
-  const Actualizacion a = ActualizarBase(cnn, archivo, pasos, ahora);
+std::optional<QString> anotar(const Actualizacion& a, QStringList& hecho) {
   if (a.fin == FinActualizacion::MasNueva || a.fin == FinActualizacion::Fallo) return a.palabras;
   if (a.fin == FinActualizacion::Actualizada) hecho << a.palabras;
   return {};
@@ -32,18 +31,24 @@ std::optional<QString> ActualizarPuesto(const QString& carpeta, const QDateTime&
     return QStringLiteral("La caja de %1 está abierta, o no se puede escribir en su carpeta; no se ha tocado nada.")
         .arg(carpeta);
   }
-  if (auto error =
-          actualizar(local, rutas.enPrograma(QStringLiteral("TarvoPos.mdb")), pasosDelPuesto(), ahora, hecho)) {
-    return error;
-  }
-  const std::pair<BasePuesto, PasosDeVersion> servidores[] = {{BasePuesto::Central, pasosDelCentral()},
-                                                              {BasePuesto::Cliente, pasosDelCliente()}};
-  for (const auto& [base, pasos] : servidores) {
+  const Actualizacion almacen =
+      ActualizarBase(local, rutas.enPrograma(QStringLiteral("TarvoPos.mdb")), pasosDelPuesto(), ahora);
+  if (auto error = anotar(almacen, hecho)) return error;
+  const struct {
+    BasePuesto base;
+    BaseServidor clase;
+  } kServidores[] = {{BasePuesto::Central, BaseServidor::Central}, {BasePuesto::Cliente, BaseServidor::Cliente}};
+  for (const auto& [base, clase] : kServidores) {
     const CadenaConexion c = leerCadenaConexion(CadenaDeServidor(local, rutas.programa, base));
     Conexion servidor;
+    if (c.tipo == TipoMotor::Postgres) {
+      if (auto error = anotar(ActualizarBasePostgres(c, clase), hecho)) return error;
+    }
     if (c.tipo != TipoMotor::Embebido) continue;
     if (const auto error = AbrirBase(*motores, rutas.programa, base, servidor)) return error;
-    if (auto error = actualizar(servidor, QDir(rutas.programa).filePath(c.archivo), pasos, ahora, hecho)) return error;
+    const Actualizacion a = ActualizarBase(servidor, QDir(rutas.programa).filePath(c.archivo),
+                                           pasosDelServidor(clase, LenguajeMotor::Sqlite), ahora);
+    if (auto error = anotar(a, hecho)) return error;
   }
   return {};
 }

@@ -7,12 +7,12 @@
 #include <QWidget>
 
 #include "admin/argumentos.h"
-#include "admin/crear_puesto.h"
 #include "admin/demo_papel.h"
 #include "admin/guion.h"
 #include "admin/guion_acciones.h"
 #include "admin/guion_escenario.h"
 #include "admin/ordenes.h"
+#include "alta/crear_puesto.h"
 
 namespace {
 

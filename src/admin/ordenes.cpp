@@ -1,5 +1,6 @@
 #include "admin/ordenes.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <cstdio>
@@ -8,12 +9,17 @@
 #include "admin/actualizar.h"
 #include "admin/argumentos.h"
 #include "admin/consola_sql.h"
-#include "admin/crear_puesto.h"
-#include "admin/crear_servidor.h"
 #include "admin/respaldo.h"
+#include "admin/restaurar.h"
 #include "admin/verificar.h"
+#include "alta/autoarranque.h"
+#include "alta/crear_puesto.h"
+#include "alta/crear_servidor.h"
+#include "foundation/respaldo.h"
 #include "platform/io/reloj_sistema.h"
 #include "platform/sql/crear_sqlite.h"
+#include "postgres/base_postgres.h"
+#include "postgres/servidor_demo.h"
 #include "servidores.h"
 
 namespace {
@@ -33,18 +39,32 @@ int fallo(const QString& palabras) {
   return kFallo;
 }
 
-int crearServidor(const QStringList& palabras, const char* nombre, const QStringList& tablas,
-                  QStringList (*filas)(const QString&)) {
-  Argumentos a;
-  if (const auto error = LeerArgumentos(palabras, {1, 1, {QStringLiteral("--almacen")}, {}}, a)) return malUso(*error);
-  const auto archivo = ArchivoDeServidor(a.lugares[0], QDir::currentPath());
-  if (!archivo) return fallo(QStringLiteral("Sólo se crean servidores «sqlite:ARCHIVO» por ahora."));
-  if (QFileInfo::exists(*archivo)) return fallo(QStringLiteral("%1 ya existe; no se ha tocado.").arg(*archivo));
-  const QStringList sentencias = tablas + filas(a.valor(QStringLiteral("--almacen"), QStringLiteral("01")));
-  if (const auto error = crearBaseSqlite(*archivo, sentencias)) {
-    return fallo(QStringLiteral("No se pudo crear %1: %2").arg(*archivo, error->descripcion));
+int crearEmbebido(const QString& archivo, const QStringList& sentencias, const QString& nombre) {
+  if (QFileInfo::exists(archivo)) return fallo(QStringLiteral("%1 ya existe; no se ha tocado.").arg(archivo));
+  if (const auto error = crearBaseSqlite(archivo, sentencias)) {
+    return fallo(QStringLiteral("No se pudo crear %1: %2").arg(archivo, error->descripcion));
   }
-  Decir(QStringLiteral("Base %1 creada en %2.").arg(QString::fromLatin1(nombre), *archivo));
+  Decir(QStringLiteral("Base %1 creada en %2.").arg(nombre, archivo));
+  return kBien;
+}
+
+int crearServidor(const QStringList& palabras, BaseServidor base, const QString& nombre) {
+  Argumentos a;
+  const QString almacen = QStringLiteral("--almacen");
+  if (const auto error = LeerArgumentos(palabras, {1, 1, {almacen}, {}}, a)) return malUso(*error);
+  const QStringList filas =
+      base == BaseServidor::Central ? FilasDelCentral(a.valor(almacen, QStringLiteral("01"))) : FilasDelCliente();
+  if (const auto archivo = ArchivoDeServidor(a.lugares[0], QDir::currentPath())) {
+    return crearEmbebido(*archivo, tablasDelServidor(base, LenguajeMotor::Sqlite) + filas, nombre);
+  }
+  const auto servidor = ServidorDePalabras(a.lugares[0], base);
+  if (!servidor) {
+    return fallo(QStringLiteral("Se crean servidores «sqlite:ARCHIVO» y "
+                                "«postgres:USUARIO:CLAVE@MAQUINA[:PUERTO][/BASE]»."));
+  }
+  const ResultadoBase r = CrearBasePostgres(*servidor, base, filas);
+  if (r.fin != FinBase::Hecha) return fallo(r.palabras);
+  Decir(QStringLiteral("Base %1 creada en %2, servidor %3.").arg(nombre, servidor->catalogo, servidor->servidor));
   return kBien;
 }
 
@@ -74,8 +94,10 @@ int ordenCrearPuesto(const QStringList& palabras) {
   const bool inventada = !a.tiene(QStringLiteral("--clave")) && !d.demo;
   d.clave = a.valor(QStringLiteral("--clave"), inventada ? ClaveAlAzar() : QStringLiteral("super"));
   d.ahora = RelojSistema().now();
-  if (const auto error = CrearPuesto(d)) return fallo(*error);
+  QStringList hecho;
+  if (const auto error = CrearPuesto(d, &hecho)) return fallo(*error);
 
+  for (const QString& h : hecho) Decir(h);
   for (const QString& aviso : AvisosDePuesto(d)) Quejarse(aviso);
   Decir(QStringLiteral("Puesto creado en %1: caja %2, almacén %3, servicio %4 %.")
             .arg(d.carpeta, d.caja, d.almacen, d.servicio));
@@ -85,19 +107,72 @@ int ordenCrearPuesto(const QStringList& palabras) {
 }
 
 int ordenCrearCentral(const QStringList& palabras) {
-  return crearServidor(palabras, "central", tablasDelCentral(), FilasDelCentral);
+  return crearServidor(palabras, BaseServidor::Central, QStringLiteral("central"));
 }
 
 int ordenCrearCliente(const QStringList& palabras) {
-  return crearServidor(palabras, "cliente", tablasDelCliente(), [](const QString&) { return FilasDelCliente(); });
+  return crearServidor(palabras, BaseServidor::Cliente, QStringLiteral("cliente"));
 }
 
+int ordenServidorDemo(const QStringList& palabras) {
+  Argumentos a;
+  const QString parar = QStringLiteral("--parar");
+  if (const auto error = LeerArgumentos(palabras, {1, 1, {}, {parar}}, a)) return malUso(*error);
+  if (a.tiene(parar)) {
+    if (const auto error = PararServidorDemo(a.lugares[0])) return fallo(*error);
+    Decir(QStringLiteral("El servidor de %1 está parado.").arg(a.lugares[0]));
+    return kBien;
+  }
+  ServidorDemo s;
+  if (const auto error = ArrancarServidorDemo(a.lugares[0], s)) return fallo(*error);
+  Decir(QStringLiteral("Servidor PostgreSQL de prueba en marcha en %1, proceso %2.").arg(s.carpeta).arg(s.proceso));
+  Decir(QStringLiteral("Central: %1/central").arg(s.palabras()));
+  Decir(QStringLiteral("Cliente: %1/cliente").arg(s.palabras()));
+  Decir(QStringLiteral("Esas palabras van detrás de crear-central, crear-cliente, --central y --cliente."));
+  return kBien;
+}
+
+// A folder alone: a dated copy of the whole desk. With a file: the store alone, into that file.
 int ordenRespaldo(const QStringList& palabras) {
   Argumentos a;
   const QString reemplazar = QStringLiteral("--reemplazar");
-  if (const auto error = LeerArgumentos(palabras, {2, 2, {}, {reemplazar}}, a)) return malUso(*error);
+  if (const auto error = LeerArgumentos(palabras, {1, 2, {}, {reemplazar}}, a)) return malUso(*error);
+  if (a.lugares.size() == 1) {
+    const ResultadoRespaldo r =
+        CopiarPuesto(rutasDe(QDir(a.lugares[0]).absolutePath()), RelojSistema().now(), MotivoRespaldo::Pedido);
+    for (const QString& c : r.copias) Decir(QStringLiteral("Copia del puesto hecha y comprobada: ") + c);
+    for (const QString& f : r.fallos) Quejarse(QStringLiteral("No se hizo una copia: ") + f);
+    return r.fallos.isEmpty() ? kBien : kFallo;
+  }
   if (const auto error = RespaldarPuesto(a.lugares[0], a.lugares[1], a.tiene(reemplazar))) return fallo(*error);
   Decir(QStringLiteral("Respaldo escrito y comprobado: ") + a.lugares[1]);
+  return kBien;
+}
+
+int ordenRestaurar(const QStringList& palabras) {
+  Argumentos a;
+  const QString ultimo = QStringLiteral("--ultimo-documento");
+  if (const auto error = LeerArgumentos(palabras, {2, 2, {ultimo}, {}}, a)) return malUso(*error);
+  bool esNumero = true;
+  const qint64 numero = a.tiene(ultimo) ? a.opciones[ultimo].toLongLong(&esNumero) : 0;
+  if (!esNumero || numero < 0) return malUso(QStringLiteral("--ultimo-documento lleva un número."));
+  QStringList dicho;
+  const auto error = RestaurarPuesto({a.lugares[0], a.lugares[1], RelojSistema().now(), numero}, dicho);
+  for (const QString& d : dicho) Decir(d);
+  return error ? fallo(*error) : kBien;
+}
+
+int ordenAutoarranque(const QStringList& palabras) {
+  Argumentos a;
+  if (const auto error = LeerArgumentos(palabras, {2, 2, {}, {}}, a)) return malUso(*error);
+  const bool si = a.lugares[1] == u"si" || a.lugares[1] == u"sí";
+  if (!si && a.lugares[1] != u"no") return malUso(QStringLiteral("El segundo argumento es «si» o «no»."));
+  // The till lies beside this program.
+  const QString programa = QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("tarvopos"));
+  const auto error = si ? PonerAutoarranque(programa, QDir(a.lugares[0]).absolutePath()) : QuitarAutoarranque();
+  if (error) return fallo(QStringLiteral("No se pudo cambiar el arranque: ") + *error);
+  Decir(si ? QStringLiteral("La caja se abrirá al entrar este usuario.")
+           : QStringLiteral("La caja ya no se abrirá sola."));
   return kBien;
 }
 

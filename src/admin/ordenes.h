@@ -10,7 +10,10 @@ constexpr int kMalUso = 2;  // the call was wrong; nothing was done
 int ordenCrearPuesto(const QStringList& palabras);
 int ordenCrearCentral(const QStringList& palabras);
 int ordenCrearCliente(const QStringList& palabras);
+int ordenServidorDemo(const QStringList& palabras);
 int ordenRespaldo(const QStringList& palabras);
+int ordenRestaurar(const QStringList& palabras);
+int ordenAutoarranque(const QStringList& palabras);
 int ordenVerificar(const QStringList& palabras);
 int ordenActualizar(const QStringList& palabras);
 int ordenSql(const QStringList& palabras);

@@ -3,7 +3,7 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include "admin/crear_servidor.h"
+#include "alta/crear_servidor.h"
 #include "foundation/cfg_admin.h"
 #include "foundation/versiones.h"
 #include "platform/io/perfil.h"

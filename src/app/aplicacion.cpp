@@ -2,14 +2,16 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QDir>
 #include <utility>
 
 #include "app/arranque.h"
 #include "app/frm_password.h"
+#include "app/frm_primer_inicio.h"
 #include "app/frm_splash.h"
 #include "app/pantallas.h"
 #include "cashday/frm_principal.h"
-#include "loyalty/pendientes.h"
+#include "foundation/fin_arranque.h"
 #include "platform/io/cerrojo.h"
 #include "platform/ui/ciclo_ventanas.h"
 #include "platform/ui/tema.h"
@@ -29,6 +31,7 @@ struct Aplicacion::Interno {
         unico(rutas.enPrograma(QStringLiteral("TarvoPos.lock"))) {}
 
   void iniciar();
+  void preguntarPuesto();
   void rearrancar();
   void exigirUnicaCopia();
   void login();
@@ -38,6 +41,7 @@ struct Aplicacion::Interno {
   Puesto puesto;
   Pantallas pantallas;
   Cerrojo unico;
+  std::unique_ptr<frmPrimerInicio> primero;
   std::unique_ptr<frmPassword> password;
   std::unique_ptr<frmPrincipal> principal;
   bool contando = false;
@@ -47,13 +51,28 @@ struct Aplicacion::Interno {
 void Aplicacion::Interno::iniciar() {
   try {
     exigirUnicaCopia();
-    // The synchronisation comes with its room.
-    Arrancar(puesto, {EnviarPendientesCliente, {}});
+    if (FaltaElPuesto(puesto)) return preguntarPuesto();
+    Arrancar(puesto, PasosDelPrograma());
     login();
   } catch (const std::exception& e) {
-    puesto.mensajes.mostrar(QString::fromUtf8(e.what()));
-    puesto.salida.terminar(1);
+    TerminarArranque(puesto,
+                     QStringLiteral("El programa no pudo abrir la caja. Vuelva a abrirlo y, si sigue igual, llame a "
+                                    "quien lo instaló con las palabras de abajo."),
+                     QString::fromUtf8(e.what()));
   }
+}
+
+// A folder without a desk: it is made here, and then the start goes on.
+void Aplicacion::Interno::preguntarPuesto() {
+  primero = std::make_unique<frmPrimerInicio>(
+      puesto,
+      [this] {
+        QMetaObject::invokeMethod(
+            &contexto, [this] { iniciar(); }, Qt::QueuedConnection);
+      },
+      [this] { puesto.salida.terminar(1); });
+  primero->show();
+  primero->activateWindow();
 }
 
 // The main window has asked for it from one of its own acts, so it goes once that has returned.
@@ -69,13 +88,21 @@ void Aplicacion::Interno::rearrancar() {
 }
 
 void Aplicacion::Interno::exigirUnicaCopia() {
+  (void)QDir().mkpath(puesto.rutas.programa);  // what can't be made can't be locked either
   const Cerrojo::Fin fin = unico.tomar(puesto.reloj.now());
   if (fin == Cerrojo::Fin::Tomado) return;
-  puesto.mensajes.mostrar(fin == Cerrojo::Fin::Ocupado
-                              ? QStringLiteral("La aplicación ya se encuentra en uso")
-                              : QStringLiteral("No se puede escribir en la carpeta del programa: ") +
-                                    puesto.rutas.programa + QStringLiteral(" (sin permiso o disco lleno)"));
-  puesto.salida.terminar(1);
+  if (fin == Cerrojo::Fin::Ocupado) {
+    TerminarArranque(puesto,
+                     QStringLiteral("El programa ya está abierto en esta computadora. Búsquelo en la barra de ventanas "
+                                    "y siga trabajando en él."),
+                     QStringLiteral("La aplicación ya se encuentra en uso"));
+  }
+  TerminarArranque(
+      puesto,
+      QStringLiteral("La caja no puede escribir en su carpeta. Revise que el disco no esté lleno, o pida a "
+                     "quien instaló el programa que dé permiso en ella."),
+      QStringLiteral("No se puede escribir en la carpeta del programa: ") + puesto.rutas.programa +
+          QStringLiteral(" (sin permiso o disco lleno)"));
 }
 
 void Aplicacion::Interno::login() {
@@ -115,6 +142,8 @@ void Aplicacion::Interno::contarRotura(const QString& que) {
 Aplicacion::Aplicacion(Motores& motores, Puertos& puertos, Reloj& reloj, Mensajes& mensajes, Salida& salida,
                        const Rutas& rutas) {
   tema::aplicar(*qApp);
+  QApplication::setWindowIcon(QIcon(tema::logo(256)));
+  QApplication::setDesktopFileName(QStringLiteral("tarvopos"));
   d_ = std::make_unique<Interno>(motores, puertos, reloj, mensajes, salida, rutas);
   if (CicloVentanas* c = ciclo()) c->alRomper = [this](const QString& que) { d_->contarRotura(que); };
 }

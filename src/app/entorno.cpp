@@ -1,6 +1,8 @@
 #include "app/entorno.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QStandardPaths>
 #include <cstdio>
 #include <cstdlib>
 
@@ -43,5 +45,10 @@ EntornoSistema::~EntornoSistema() = default;
 
 QString carpetaDelPrograma() {
   const QString casa = qEnvironmentVariable("TARVOPOS_HOME");
-  return casa.isEmpty() ? QCoreApplication::applicationDirPath() : casa;
+  if (!casa.isEmpty()) return casa;
+  const QString programa = QCoreApplication::applicationDirPath();
+  if (QDir(programa).dirName() != u"bin" || !QDir(programa + QStringLiteral("/../share/tarvopos")).exists()) {
+    return programa;
+  }
+  return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/TarvoPos");
 }

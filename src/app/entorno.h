@@ -38,5 +38,6 @@ struct EntornoSistema {
   std::unique_ptr<Salida> salida;
 };
 
-// The program folder: TARVOPOS_HOME, else the folder of the program.
+// The desk's folder: TARVOPOS_HOME; else, of a program that the system's packages installed, TarvoPos in the user's own
+// data folder; else the folder of the program.
 QString carpetaDelPrograma();

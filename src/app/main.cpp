@@ -16,9 +16,11 @@ std::optional<QString> respuesta(int argc, char** argv) {
   if (pregunta == u"--version") return QStringLiteral("tarvopos ") + Version();
   if (pregunta != u"--help" && pregunta != u"--ayuda" && pregunta != u"-h") return {};
   return QStringLiteral(
-      "Uso: tarvopos\n\nAbre la caja de la carpeta TARVOPOS_HOME o, sin ella, la de la carpeta del programa.\n"
+      "Uso: tarvopos\n\nAbre la caja de la carpeta TARVOPOS_HOME. Sin ella, la de ~/.local/share/TarvoPos si el "
+      "programa\nestá instalado por paquete, o la de la carpeta del programa. Si la carpeta no tiene una "
+      "caja, ofrece crearla.\n"
       "  --help     muestra esto\n  --version  muestra la versión\n\n"
-      "Un puesto se crea con «tarvopos-admin crear-puesto DIR».");
+      "También se crea una con «tarvopos-admin crear-puesto DIR». Salida: 0 si se sale, 1 si no pudo abrir.");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "app/arranque.h"
 #include "backoffice/frm_configura_boton_producto.h"
 #include "backoffice/frm_parametros.h"
 #include "backoffice/frm_producto_lista.h"
@@ -105,6 +106,15 @@ void Pantallas::cuadreDeCaja(Principal& v, ModoCuadre modo) {
 
 // The room of the synchronisation is still to come.
 bool Pantallas::sincronizar(bool) { return false; }
+
+void Pantallas::contactarCentral() {
+  if (p_.ses.bSinCentral && !QApplication::activeModalWidget()) (void)ContactarCentral(p_, PasosDelPrograma());
+}
+
+void Pantallas::respaldar(MotivoRespaldo motivo) {
+  const CursorEspera espera;
+  RespaldarSesion(p_, motivo);
+}
 
 std::optional<QString> Pantallas::autorizar(const QString& acto) { return mostrarAutorizacion(p_, padre(), acto); }
 

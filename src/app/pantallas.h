@@ -28,6 +28,8 @@ class Pantallas final : public PantallasPrincipal,
   void cuadreDeCaja(Principal& v, ModoCuadre modo) override;
   bool sincronizar(bool diaAnterior) override;
   void rearrancar() override { alRearrancar_(); }
+  void contactarCentral() override;
+  void respaldar(MotivoRespaldo motivo) override;
   std::optional<QString> autorizar(const QString& acto) override;
   std::optional<CobroTarjetas> voucher(const PedidoVoucher& pedido) override;
   std::optional<EfectivoDocumento> pagoEfectivo(double total) override;

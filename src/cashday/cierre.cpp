@@ -107,6 +107,8 @@ bool cerrarOperaciones(Puesto& p) {
                                u" UPDATE OPERACIONPARALELA SET cOperFlagAbierto = 0 WHERE cOperFlagAbierto = 1"_sql}) {
     if (const auto error = p.poCnnLocal.ejecutar(sql)) return fallaBlanqueo(p, error->descripcion);
   }
+  // There is no head to mark: this session never sent one.
+  if (p.ses.bSinCentral) return true;
   // A connection that was left open may be dead by now. One that can't be opened tells so at the statement.
   (void)p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral);
   if (const auto error = p.poCnnCentral.ejecutar(
@@ -142,6 +144,7 @@ bool BlanqueaTransacciones(Puesto& p, PantallasPrincipal& pantallas) {
   if (const auto error = EjecutarJuntas(p.poCnnLocal, fin)) return fallaBlanqueo(p, error->descripcion);
   p.ses.psTurno.clear();
   sincronizarCierre(p, pantallas);
+  pantallas.respaldar(MotivoRespaldo::Cierre);
   p.mensajes.mostrar(QStringLiteral("Se han cerrado todas las operaciones."));
   return true;
 }

@@ -263,7 +263,7 @@ void frmPrincipal::iniciar() {
     CargarPrincipal(p_, v_);
   }
   refrescar();
-  tmrBDCliente_ = p_.reloj.cada(kIntervaloClientes_ms, acto([this] { RevisarCliente(p_); }));
+  tmrBDCliente_ = p_.reloj.cada(kIntervaloClientes_ms, acto([this] { RevisarEntreActos(p_, pantallas_); }));
 }
 
 void frmPrincipal::mantenimiento(int n) {
@@ -290,6 +290,7 @@ void frmPrincipal::configurarParametros() {
 }
 
 void frmPrincipal::operacion(int n) {
+  pantallas_.contactarCentral();
   if (n == kCajaRapida || n == kCajaFull) OlvidarTipoCambioPasado(p_);
   PrepararOperacion(p_, v_, pantallas_);
   const bool hayTipoCambio = p_.ses.pnTipoCambio != 0;
@@ -363,6 +364,7 @@ void frmPrincipal::abrirApertura() {
     auto* f = new frmApertura(p_, this);
     f->alAbrir = [this](const ResultadoApertura& r) {
       v_.sincronizarDiaAnt = v_.sincronizarDiaAnt || r.quedoDiaAnterior;
+      if (r.hecha) pantallas_.respaldar(MotivoRespaldo::Apertura);
       refrescar();
     };
     f->setAttribute(Qt::WA_DeleteOnClose);

@@ -4,6 +4,8 @@
 #include <QString>
 #include <optional>
 
+#include "foundation/respaldo.h"
+
 struct Principal;
 
 // How the cash count is opened: as the step of a closing or as a plain view.
@@ -30,6 +32,12 @@ class PantallasPrincipal {
   virtual bool sincronizar(bool diaAnterior) = 0;
   // Ends this session and starts the program again from its first step, once the act under way has returned.
   virtual void rearrancar() = 0;
+
+  // After a start without the central database: does what that left undone once the server answers again. Nothing
+  // while a screen stands over the main window: a sale keeps the rate and the articles that it began with.
+  virtual void contactarCentral() {}
+  // A dated copy of the whole desk, at an opening or a closing; a failure is told by the status line.
+  virtual void respaldar(MotivoRespaldo) {}
 
   // The supervisor dialog. `acto` names in the title what is authorised. Gives the supervisor's name as typed;
   // nothing when it was refused.

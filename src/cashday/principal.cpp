@@ -4,6 +4,7 @@
 #include "cashday/pantallas_principal.h"
 #include "cashday/tipo_cambio.h"
 #include "foundation/acceso.h"
+#include "foundation/disco.h"
 #include "foundation/estado_linea.h"
 #include "foundation/puesto.h"
 #include "loyalty/cliente_bd.h"
@@ -111,6 +112,12 @@ void SincronizarDatos(Puesto& p, PantallasPrincipal& pantallas, bool diaAnterior
   const bool hay = pantallas.sincronizar(diaAnterior);
   p.ses.pbSincronizaMaestros = true;
   if (!hay) pantallas.noDisponible(QStringLiteral("Sincronizar Datos"));
+}
+
+void RevisarEntreActos(Puesto& p, PantallasPrincipal& pantallas) {
+  RevisarCliente(p);
+  RevisarDisco(p);
+  pantallas.contactarCentral();
 }
 
 void RevisarCliente(Puesto& p) {

@@ -49,3 +49,5 @@ void SincronizarDatos(Puesto& p, PantallasPrincipal& pantallas, bool diaAnterior
 
 // One tick of tmrBDCliente: at most once a minute the client database is tried and the queued points are sent.
 void RevisarCliente(Puesto& p);
+// All that the timer looks after: client database, disk, a central database that comes back.
+void RevisarEntreActos(Puesto& p, PantallasPrincipal& pantallas);

@@ -135,8 +135,11 @@ FinReporte intentar(Trabajo& t) {
     if (t.hoja.alterna()) (void)p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral);
   } else {
     if (!marcar(t)) return FinReporte::Fallo;
-    // Without the central database there is no report of the day; asked first, so that no half of it is printed.
-    if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return FinReporte::SinCentral;
+    // Without the central database there is no report of the day; asked first, so that no half of it is printed. A
+    // session that began without it reports what the store knows.
+    if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, !p.ses.bSinCentral) && !p.ses.bSinCentral) {
+      return FinReporte::SinCentral;
+    }
     if (!LeerPeriodo(p, periodo)) return FinReporte::Fallo;
   }
   if (!leerTodo(t, periodo, central)) return FinReporte::Fallo;

@@ -291,8 +291,8 @@ void MirarActos(Puesto& p, Conexion& cnn, const QString& cadena) {
   }
 }
 
-QStringList tablasDeActos() {
-  return sentenciasDeEsquema(QStringLiteral(R"(
+QString esquemaDeActos() {
+  return QStringLiteral(R"(
 -- Acts over this database and another one whose other half is missing (cEstado P), done (H) or refused (R).
 CREATE TABLE Diario_Acto (
   nDiario INTEGER PRIMARY KEY,
@@ -305,5 +305,7 @@ CREATE TABLE Diario_Acto (
   tDeshace TEXT,                              -- those that take this half back
   UNIQUE (cCajaCodi, cActo)
 );
-)"));
+)");
 }
+
+QStringList tablasDeActos() { return sentenciasDeEsquema(esquemaDeActos()); }

@@ -54,5 +54,7 @@ struct ResultadoActo {
 // At each opening of a database: TerminarActos, if it is a server that has not been looked at since something was left.
 void MirarActos(Puesto& p, Conexion& cnn, const QString& cadena);
 
-// The statements that make Diario_Acto, the same in the store and in the servers.
+// Diario_Acto, the same in the store and in the servers: in the language of platform/sql/esquema.h, and as SQLite's
+// statements.
+QString esquemaDeActos();
 QStringList tablasDeActos();

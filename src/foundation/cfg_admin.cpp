@@ -1,5 +1,6 @@
 #include "foundation/cfg_admin.h"
 
+#include "foundation/fin_arranque.h"
 #include "foundation/puesto.h"
 #include "platform/io/perfil.h"
 #include "platform/sql/cadena_conexion.h"
@@ -65,32 +66,56 @@ const Clave kEscritura[] = {
 // would fail the same way.
 bool noResponde(const std::optional<ErrorBD>& error) { return error && error->numero != kErrorSentencia; }
 
-void decir(Puesto& p, const std::optional<ErrorBD>& error, const Sql& sql) {
-  if (error) p.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + sql.texto(Dialecto::Jet));
+QString palabrasDe(const ErrorBD& error, const Sql& sql) {
+  return error.descripcion + QStringLiteral(" - ") + sql.texto(Dialecto::Jet);
 }
 
-// False when the store can't be asked.
-bool leerDeAmbos(Puesto& p, const QString& seccion, const QString& clave, const QString& archivo, QString& valor) {
+// Gives the words when the store can't be written now; anything else has been shown.
+std::optional<QString> escribirEnAmbos(Puesto& p, const QString& seccion, const QString& clave, const QString& archivo,
+                                       const QString& valor) {
+  if (const auto fallo = EscribirPerfil(archivo, seccion, clave, valor)) p.mensajes.mostrar(*fallo);
+  const Sql sql = FormatearSQL(u"UPDATE CONFIGURACION SET CONFIGURACION.$='$'"_sql, {NombreSql(clave), Texto(valor)});
+  const auto error = p.poCnnLocal.ejecutar(sql);
+  if (!error) return {};
+  if (noResponde(error)) return palabrasDe(*error, sql);
+  p.mensajes.mostrar(palabrasDe(*error, sql));
+  return {};
+}
+
+// The same when it can't be asked; the file's value serves then.
+std::optional<QString> leerDeAmbos(Puesto& p, const QString& seccion, const QString& clave, const QString& archivo,
+                                   QString& valor) {
   const Sql sql = FormatearSQL(u"SELECT $ FROM CONFIGURACION"_sql, {NombreSql(clave)});
   Recordset rs;
   const auto error = p.poCnnLocal.consultar(sql, rs);
-  decir(p, error, sql);
   valor = error || rs.Eof() ? QString() : LimpiarNulo(rs[0]);
-  if (!valor.isEmpty()) return true;
+  if (!valor.isEmpty()) return {};
   valor = Recortar(LeerPerfil(archivo, seccion, clave).value_or(QString()));
-  return !noResponde(error) && EscribirParametro(p, seccion, clave, archivo, valor);
+  if (noResponde(error)) return palabrasDe(*error, sql);
+  if (error) p.mensajes.mostrar(palabrasDe(*error, sql));
+  return escribirEnAmbos(p, seccion, clave, archivo, valor);
+}
+
+void pararSi(Puesto& p, const std::optional<QString>& fallo) {
+  if (!fallo) return;
+  TerminarArranque(p,
+                   QStringLiteral("El archivo con las ventas de esta caja está ocupado o no deja escribir. Cierre los "
+                                  "demás programas, revise que el disco no esté lleno y vuelva a abrir TarvoPos."),
+                   *fallo);
 }
 
 // The start ends at the first setting that the store can't give or take.
 template <size_t N>
 void leer(Puesto& p, const Clave (&claves)[N]) {
   for (const Clave& c : claves) {
-    if (!leerDeAmbos(p, QString::fromUtf16(c.seccion), QString::fromUtf16(c.clave), p.ses.psArchivoCfg,
-                     p.ses.*c.valor)) {
-      p.salida.terminar(1);
-    }
+    pararSi(p, leerDeAmbos(p, QString::fromUtf16(c.seccion), QString::fromUtf16(c.clave), p.ses.psArchivoCfg,
+                           p.ses.*c.valor));
   }
 }
+
+const QString kAjusteMalo =
+    QStringLiteral("A esta caja le falta un ajuste o lo tiene mal escrito. Pida a quien instaló el programa que lo "
+                   "corrija; las ventas guardadas están a salvo.");
 
 void fijarIdioma(Puesto& p) {
   QString& idioma = p.ses.psIdiomaSQL;
@@ -101,10 +126,10 @@ void fijarIdioma(Puesto& p) {
   } else if (idioma == u"SPANISH") {
     p.ses.psFORMATO_FECHA_SQL_SERVER_INS = QStringLiteral("yyyy/dd/mm hh:nn:ss");
   } else {
-    p.mensajes.mostrar(QStringLiteral("Comuníquese con el Proveedor, indicando:\n\n"
-                                      "- Idioma Servidor SQL Server no es: 'SPANISH', 'ENGLISH'"),
-                       QStringLiteral("Problemas de Configuración"), Icono::Critico);
-    p.salida.terminar(1);
+    TerminarArranque(p, kAjusteMalo,
+                     QStringLiteral("Comuníquese con el Proveedor, indicando:\n\n"
+                                    "- Idioma Servidor SQL Server no es: 'SPANISH', 'ENGLISH'"),
+                     QStringLiteral("Problemas de Configuración"));
   }
 }
 
@@ -112,17 +137,15 @@ void fijarIdioma(Puesto& p) {
 
 QString LeerParametro(Puesto& p, const QString& seccion, const QString& clave, const QString& archivo) {
   QString valor;
-  (void)leerDeAmbos(p, seccion, clave, archivo, valor);  // told; the file's value serves
+  if (const auto fallo = leerDeAmbos(p, seccion, clave, archivo, valor)) p.mensajes.mostrar(*fallo);
   return valor;
 }
 
 bool EscribirParametro(Puesto& p, const QString& seccion, const QString& clave, const QString& archivo,
                        const QString& valor) {
-  if (const auto fallo = EscribirPerfil(archivo, seccion, clave, valor)) p.mensajes.mostrar(*fallo);
-  const Sql sql = FormatearSQL(u"UPDATE CONFIGURACION SET CONFIGURACION.$='$'"_sql, {NombreSql(clave), Texto(valor)});
-  const auto error = p.poCnnLocal.ejecutar(sql);
-  decir(p, error, sql);
-  return !noResponde(error);
+  const auto fallo = escribirEnAmbos(p, seccion, clave, archivo, valor);
+  if (fallo) p.mensajes.mostrar(*fallo);
+  return !fallo;
 }
 
 bool EsPorcentajeServicio(const QString& texto) {
@@ -133,25 +156,22 @@ bool EsPorcentajeServicio(const QString& texto) {
 void LeerConfiguracion(Puesto& p) {
   leer(p, kLectura);
   for (const auto& c : kObligatorias) {
-    if (!(p.ses.*c.valor).isEmpty()) continue;
-    p.mensajes.mostrar(QString::fromUtf16(c.aviso));
-    p.salida.terminar(1);
+    if ((p.ses.*c.valor).isEmpty()) TerminarArranque(p, kAjusteMalo, QString::fromUtf16(c.aviso));
   }
   if (!EsPorcentajeServicio(p.ses.psPorcServ)) {
-    p.mensajes.mostrar(
-        QStringLiteral("El porcentaje de servicio «%1» no es un número.\nEscriba en PorcServ, en la tabla "
-                       "Configuracion y en KEB.cfg, un número con punto decimal, como 10 o 10.5.")
-            .arg(p.ses.psPorcServ));
-    p.salida.terminar(1);
+    TerminarArranque(p, kAjusteMalo,
+                     QStringLiteral("El porcentaje de servicio «%1» no es un número.\nEscriba en PorcServ, en la tabla "
+                                    "Configuracion y en KEB.cfg, un número con punto decimal, como 10 o 10.5.")
+                         .arg(p.ses.psPorcServ));
   }
   Sesion& s = p.ses;
+  s.textosPapel = LeerTextosPapel(s.psArchivoCfg);
   s.psConexionCentral = cadenaDeServidor(s.psUserName, s.psPassWord, s.psDataBase, s.psDataServer);
   leer(p, kServidorCliente);
   fijarIdioma(p);
   s.psConexionCliente = cadenaDeServidor(s.psUserSQL, s.psPwdUserSQL, s.psBaseDatosSQL, s.psServidorSQL);
   for (const Clave& c : kEscritura) {
-    if (!EscribirParametro(p, QString::fromUtf16(c.seccion), QString::fromUtf16(c.clave), s.psArchivoCfg, s.*c.valor)) {
-      p.salida.terminar(1);
-    }
+    pararSi(p,
+            escribirEnAmbos(p, QString::fromUtf16(c.seccion), QString::fromUtf16(c.clave), s.psArchivoCfg, s.*c.valor));
   }
 }

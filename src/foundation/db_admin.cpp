@@ -28,7 +28,9 @@ QString textoDe(const QVariant& valor) {
 
 bool clsDBAdmin::AbrirBD(Conexion& cnn, const QString& cadena, bool flagMensaje, Espera espera) {
   auto& agotados = p_.ses.tiempoAgotado;
-  const bool venta = espera == Espera::Venta;
+  // A session that began without the central database must not stand still each time it looks for it.
+  const bool sinCentral = p_.ses.bSinCentral && cadena == p_.ses.psConexionCentral;
+  const bool venta = espera == Espera::Venta || sinCentral;
   int espera_ms = kEsperaNormal_ms;
   if (venta) {
     agotados.removeIf([ahora = p_.reloj.now()](const auto& uno) {
@@ -48,6 +50,7 @@ bool clsDBAdmin::AbrirBD(Conexion& cnn, const QString& cadena, bool flagMensaje,
     MirarActos(p_, cnn, cadena);
     return true;
   }
+  ultimoFallo_ = error->descripcion;
   if (venta && error->numero == kErrorTiempo) agotados.insert(cadena, p_.reloj.now());
   if (flagMensaje) {
     p_.mensajes.mostrar(QStringLiteral("No se pudo conectar a la BD de Logistica en SQL SERVER. \n") +

@@ -21,6 +21,8 @@ class clsDBAdmin {
   // Opens `cnn`. On failure false; with `flagMensaje` a box tells the engine's words.
   [[nodiscard]] bool AbrirBD(Conexion& cnn, const QString& cadena, bool flagMensaje = false,
                              Espera espera = Espera::Normal);
+  // The engine's words for the last opening that failed.
+  const QString& ultimoFallo() const { return ultimoFallo_; }
   // Closes; closing what is closed is nothing.
   void CerrarBD(Conexion& cnn);
   // Fills `rs` with all rows. On failure false, `rs` empty, and always a box with the engine's words and the
@@ -33,6 +35,7 @@ class clsDBAdmin {
 
  private:
   Puesto& p_;
+  QString ultimoFallo_;
 };
 
 // The value's text, blanks off both ends; "" for Null. Numbers as TextoDe, dates as "dd/mm/yyyy hh:mm:ss".

@@ -13,5 +13,8 @@ DatosEstado EstadoDelPuesto(const Puesto& p) {
   d.central = !p.ses.bCentralCaida;
   d.clientes = !p.ses.pbClienteCaido;
   d.papel = p.ses.ultimoPapel;
+  QStringList avisos{p.ses.avisoDisco, p.ses.avisoRespaldo};
+  avisos.removeAll(QString());
+  d.aviso = avisos.join(QStringLiteral(" · "));
   return d;
 }

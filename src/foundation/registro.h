@@ -2,14 +2,18 @@
 #include "foundation/rutas.h"
 #include "platform/io/reloj.h"
 
-// The daily error log, Err_yyyymmdd.log in the program folder: one line a text, "dd/mm/yyyy hh:mm:ss text",
-// Windows-1252, opened and closed for each line. A line that can't be written is lost; nothing is shown.
+// The daily logs in the program folder: one line a text, "dd/mm/yyyy hh:mm:ss text", Windows-1252, opened and closed
+// for each line. A line that can't be written is lost; nothing is shown.
 class Registro {
  public:
   Registro(const Rutas& rutas, const Reloj& reloj) : rutas_(rutas), reloj_(reloj) {}
+  // Err_yyyymmdd.log: faults, nothing else.
   void RegistrarErrorLog(const QString& texto);
+  // Imp_yyyymmdd.log: the way of each paper to its printer.
+  void RegistrarImpresion(const QString& texto);
 
  private:
+  void agregar(const QString& tronco, const QString& texto);
   Rutas rutas_;
   const Reloj& reloj_;
 };

@@ -6,11 +6,14 @@
 #include <QStringList>
 #include <array>
 
+#include "foundation/textos_papel.h"
+
 struct Sesion {
   // Connections
-  bool pbClienteConectado = false;          // poCnnCliente is open now
-  bool pbClienteCaido = false;              // the last attempt to reach the client database failed
-  bool bCentralCaida = false;               // the same of the central database, for the status line
+  bool pbClienteConectado = false;  // poCnnCliente is open now
+  bool pbClienteCaido = false;      // the last attempt to reach the client database failed
+  bool bCentralCaida = false;       // the same of the central database, for the status line
+  bool bSinCentral = false;  // the start went on without the central database; its part is done at the first contact
   QHash<QString, QDateTime> tiempoAgotado;  // connection string -> when it last timed out inside a sale
   std::array<bool, 2> actosPorMirar{};  // acts over the store and the central, the client database may be unfinished
   bool bAvisoCliente = false;           // the box about the client database was shown in this outage
@@ -33,6 +36,9 @@ struct Sesion {
   QString psIdZ1;
   bool pbSincronizaMaestros = false, pbSincronizaCierre = false;
 
+  // For the status line, "" when all is well
+  QString avisoDisco, avisoRespaldo;
+
   // Documents and series
   QString psOpeB, psOpeF, psNC, psOC, psPADE, psPADV, psLIQ;
   QString psSerieBoleta, psSerieFactura;
@@ -44,6 +50,7 @@ struct Sesion {
   QString psSerieImpresora, psSerieImpresoraAlterna;
   QString psPuertoPrint;
   QStringList psCabeceraImpresion;
+  TextosPapel textosPapel;
   QString impresoraActual;  // device name that SeleccionarImpresora chose last
   QString ultimoPapel;      // printer and correlative of the last paper, for the status line
 

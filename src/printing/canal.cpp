@@ -104,9 +104,9 @@ std::optional<QString> enviarTexto(Puesto& p, const QString& texto, int selector
   const Envio envio(p, selector, archivo);
   const QString todo = envio.comienzo() + enLinea(texto) + avanceYCorte();
   if (const auto e = EscribirBytes(archivo, envio.bytes(todo))) return noSePudoEscribir(archivo, *e);
-  p.registro.RegistrarErrorLog(envio.rastro(p) + QStringLiteral("kPAR_IMPRESORA_ALTERNA:") +
-                               p.ses.kPAR_IMPRESORA_ALTERNA + QStringLiteral(";NameArchivo:") + archivo +
-                               QStringLiteral(";"));
+  p.registro.RegistrarImpresion(envio.rastro(p) + QStringLiteral("kPAR_IMPRESORA_ALTERNA:") +
+                                p.ses.kPAR_IMPRESORA_ALTERNA + QStringLiteral(";NameArchivo:") + archivo +
+                                QStringLiteral(";"));
   return envio.enviar(p);
 }
 
@@ -124,7 +124,7 @@ std::optional<QString> enviarBloques(Puesto& p, const BloquesInforme& b, int sel
                                          (n == ultimo ? avanceYCorte() : QString()));
     if (const auto e = EscribirBytes(archivo, bytes)) return noSePudoEscribir(archivo, *e);
     if (copia.write(bytes) != bytes.size()) return noSePudoEscribir(copia.fileName(), PalabrasDeError(errno, copia));
-    p.registro.RegistrarErrorLog(envio.rastro(p));
+    p.registro.RegistrarImpresion(envio.rastro(p));
     if (const auto e = envio.enviar(p)) return e;
     p.reloj.dormir(static_cast<int>(bloque.size() / kLetrasPorSegundo + 1) * 1000);
   }
@@ -140,7 +140,9 @@ QByteArray pulsoDe(const QString& modelo) {
 }
 
 void mostrarFallo(Puesto& p, const std::optional<QString>& palabras) {
-  if (palabras) p.mensajes.mostrar(*palabras);
+  if (!palabras) return;
+  p.registro.RegistrarErrorLog(QStringLiteral("Impresión fallida: ") + *palabras);
+  p.mensajes.mostrar(*palabras);
 }
 
 // Chooses the printer of that number; its flag.

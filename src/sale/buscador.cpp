@@ -24,6 +24,7 @@ QString entero(const QVariant& v) { return TextoDe(Numero(v)); }
 // The text anywhere in one of the fields; an empty one leaves nothing out.
 Sql parecidoEnAlguno(const std::vector<Sql>& campos, const QString& texto) {
   std::vector<Sql> condiciones;
+  condiciones.reserve(campos.size());
   for (const Sql& campo : campos) condiciones.push_back(campo + FormatearSQL(u" LIKE '%$%'"_sql, {Texto(texto)}));
   return u"("_sql + UnirSql(condiciones, u" OR "_sql) + u")"_sql;
 }

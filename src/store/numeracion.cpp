@@ -67,13 +67,6 @@ struct Reparacion {
   bool paralela;
 };
 
-void terminarSinCentral(Puesto& p) {
-  p.mensajes.mostrar(QStringLiteral("Error"));
-  p.mensajes.mostrar(QStringLiteral("No se pudo comprobar la numeración de documentos con la base de datos central. "
-                                    "El sistema no puede iniciar: verifique la red y vuelva a abrirlo."));
-  p.salida.terminar(1);
-}
-
 // The number in use here for a series and its document type; of several rows the one with the highest number.
 bool numeroLocal(Puesto& p, const QString& serie, qint64& numero, QString& tipo) {
   Recordset rs;
@@ -143,10 +136,8 @@ void repararSerie(Puesto& p, const Reparacion& r, const QString& serie, qint64 c
       true);
 }
 
-void reparar(Puesto& p, const Reparacion& r) {
-  if (!p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral)) {
-    p.mensajes.mostrar(QStringLiteral("No se pudo conectar a la base de datos central."));
-  }
+bool reparar(Puesto& p, const Reparacion& r) {
+  if (!p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral)) return false;
   Recordset series;
   if (!p.poDBAdmin.EjecutarConsulta(
           p.poCnnCentral,
@@ -154,12 +145,12 @@ void reparar(Puesto& p, const Reparacion& r) {
                        " and ltrim(rtrim(isnull(CDocSerie,''))) <> '' group by CDocSerie"_sql,
                        {r.tabla, Texto(p.ses.psCaja)}),
           series)) {
-    terminarSinCentral(p);
-    return;
+    return false;
   }
   for (const auto& fila : series) {
     repararSerie(p, r, LimpiarNulo(fila[u"CDocSerie"]), AEntero(Numero(fila[u"nDoccodigo"])));
   }
+  return true;
 }
 
 }  // namespace
@@ -275,6 +266,6 @@ bool GuardarUltimaOperacion(Puesto& p, TipoDocumento tipo, qint64 codigo, qint64
                        codigo, {fiscal ? 0 : numero, serieDeFabrica(p, tipo)}, p.ses.psUsuario);
 }
 
-void RepararNumeracion(Puesto& p) { reparar(p, {u"operacion"_sql, false}); }
+bool RepararNumeracion(Puesto& p) { return reparar(p, {u"operacion"_sql, false}); }
 
-void RepararNumeracionParalela(Puesto& p) { reparar(p, {u"operacionparalela"_sql, true}); }
+bool RepararNumeracionParalela(Puesto& p) { return reparar(p, {u"operacionparalela"_sql, true}); }

@@ -54,7 +54,8 @@ QString SerieInicial(TipoDocumento tipo, const QString& caja);
 // too. A factura touches a row of its own here; a missing row is made.
 [[nodiscard]] bool GuardarUltimaOperacion(Puesto& p, TipoDocumento tipo, qint64 codigo, qint64 numero);
 
-// At start: pulls the counters up to what the central database has seen of this desk and leaves marker rows that no
-// report sees. A central database that is away ends the process, after its boxes. poCnnCentral stays open.
-void RepararNumeracion(Puesto& p);
-void RepararNumeracionParalela(Puesto& p);
+// At start and at the first contact with the central database: pulls the counters up to what it has seen of this desk
+// and leaves marker rows that no report sees. False when it is away or can't tell; then nothing has changed.
+// poCnnCentral stays open.
+[[nodiscard]] bool RepararNumeracion(Puesto& p);
+[[nodiscard]] bool RepararNumeracionParalela(Puesto& p);

@@ -80,7 +80,7 @@ QString CuerpoTransaccion(const DocumentoGuardado& t, const FormaTransaccion& fo
   } else {
     texto = lineas(t, forma, s);
   }
-  if (s.servicio != 0) {
+  if (Redondear(s.servicio, 2) != 0) {
     texto += QStringLiteral("  %SERVICIO") + Derecha(Espacios(14) + u'*' + Formatear(s.servicio, kMascara), 15) + kFin;
   }
   texto += Separador() + kFin + totales(t, s) + kFin + forma.item + conAsterisco(s.cantidad, 29, u"###,##0.00") + kFin +

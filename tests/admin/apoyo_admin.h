@@ -5,7 +5,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "admin/crear_puesto.h"
+#include "alta/crear_puesto.h"
 #include "platform/sql/base_sqlite.h"
 
 inline QString u8(const char* t) { return QString::fromUtf8(t); }

@@ -1,9 +1,10 @@
-#include "admin/crear_puesto.h"
+#include "alta/crear_puesto.h"
 #include "apoyo/casos.h"
 
 #include <QSet>
 
 #include "admin/argumentos.h"
+#include "apoyo/servidor_prueba.h"
 #include "apoyo_admin.h"
 #include "platform/io/perfil.h"
 #include "store/numeracion.h"
@@ -75,6 +76,31 @@ TEST_F(CrearPuestoPrueba, ASecondDeskSharesTheServersOfTheFirst) {
   EXPECT_EQ(central, bytes(en("uno/central.db")));
   EXPECT_FALSE(QFile::exists(en("dos/central.db")));
   EXPECT_TRUE(QFile::exists(en("dos/cliente.db")));
+}
+
+TEST_F(CrearPuestoPrueba, APostgresServerGetsItsDatabasesAndTheDeskItsWords) {
+  ServidorPrueba& servidor = ServidorPrueba::uno();
+  DatosPuesto d = datos(en("uno"));
+  d.central = servidor.palabras();
+  d.cliente = servidor.palabras() + u8("/puntos");
+  d.demo = true;
+  QStringList hecho;
+  EXPECT_FALSE(CrearPuesto(d, &hecho));
+  EXPECT_EQ(2, hecho.size()) << texto(hecho.join(u'\n'));
+  EXPECT_EQ(
+      "tarvopos|central|postgres:" + texto(servidor.servidor()) + "|puntos",
+      texto(filas(en("uno/TarvoPos.mdb"), "SELECT UserName, DataBase, DataServer, BaseDatosSQL FROM Configuracion")));
+  CadenaConexion c = servidor.sinBase();
+  c.catalogo = u8("central");
+  EXPECT_EQ(18, servidor.crudo(c, u8("SELECT nmonto1 FROM parametro WHERE ccodparam = 'IGV'"))[0].toDouble());
+  EXPECT_LT(50, servidor.crudo(c, u8("SELECT count(*) FROM articulo"))[0].toInt()) << "the demo shop is there, too";
+  // The second desk finds them made; a server that is away does not keep a desk from being made.
+  hecho.clear();
+  d.carpeta = en("dos");
+  d.cliente = u8("postgres:u:p@127.0.0.1:1");
+  EXPECT_FALSE(CrearPuesto(d, &hecho));
+  ASSERT_EQ(1, hecho.size());
+  EXPECT_TRUE(hecho[0].startsWith(u8("Aviso: no se pudo entrar en el servidor 127.0.0.1:1"))) << texto(hecho[0]);
 }
 
 TEST_F(CrearPuestoPrueba, AFailureLeavesNothingHalfMade) {

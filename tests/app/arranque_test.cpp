@@ -5,6 +5,8 @@
 #include <unistd.h>
 
 #include "apoyo/puesto_prueba.h"
+#include "app/primer_inicio.h"
+#include "foundation/estado_linea.h"
 #include "platform/io/perfil.h"
 
 namespace {
@@ -154,7 +156,7 @@ TEST_F(ArranqueTest, ADatabaseThatCanOnlyBeReadIsToldAndStartsOnceItCanBeWritten
     const QByteArray antes = bytes(QString::fromLatin1(nombre));
     const uid_t quien = ::geteuid();
     ASSERT_EQ(0, quien == 0 ? ::seteuid(65534) : 0);
-    p.persona().dejaPasar();
+    p.persona().dejaPasar(QStringLiteral("No"));  // without the central database: no
     p.persona().vistas.clear();
     arrancaYTermina();
     EXPECT_FALSE(QFile::exists(archivo + QStringLiteral("-shm"))) << "nothing is left that can't be written later";
@@ -214,6 +216,84 @@ TEST_F(ArranqueTest, SettingsThatCannotBeReadEndTheStart) {
   p.persona().espera(QStringLiteral("no es un archivo de texto"));
   arrancaYTermina();
   EXPECT_EQ(binario, bytes(QStringLiteral("KEB.cfg")));
+}
+
+TEST_F(ArranqueTest, WithoutTheCentralDatabaseItAsksOnceAndCatchesUpAtTheFirstContact) {
+  int sincronizadas = 0;
+  pasos.sincronizar = [&](Puesto&) { ++sincronizadas; };
+  p.ejecuta(QStringLiteral("UPDATE Configuracion SET nIGV='0.18'"));
+  p.ejecuta(QStringLiteral("UPDATE Config_Documento SET nDocCodigo=7 WHERE cTipoDoc='02'"));
+  Conexion central = abrir(p.ses.psConexionCentral);
+  p.ejecuta(central, QStringLiteral("UPDATE parametro SET nmonto1=20"));
+  p.ejecuta(central, QStringLiteral("INSERT INTO operacion (cOperID, cOperCode, cCajaCodi, CDocSerie, cDoccodigo) "
+                                    "VALUES (1,41,'00001','001','000015')"));
+  central.cerrar();
+  p.poCnnCentral.cerrar();
+  ASSERT_TRUE(QFile::rename(enCarpeta(QStringLiteral("central.db")), enCarpeta(QStringLiteral("lejos.db"))));
+  const auto numero = [&] {
+    return p.filas(QStringLiteral("SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc='02'"));
+  };
+
+  p.persona().espera(QStringLiteral("¿Desea continuar sin el servidor central?"));
+  arrancar();
+  EXPECT_DOUBLE_EQ(0.18, p.ses.pnIGV);
+  EXPECT_FALSE(EstadoDelPuesto(p).central);
+  arrancar();  // a change of turn asks nothing
+  EXPECT_FALSE(ContactarCentral(p, pasos));
+  EXPECT_EQ(0, sincronizadas);
+  EXPECT_EQ(QStringLiteral("7"), numero());
+
+  ASSERT_TRUE(QFile::rename(enCarpeta(QStringLiteral("lejos.db")), enCarpeta(QStringLiteral("central.db"))));
+  EXPECT_TRUE(ContactarCentral(p, pasos));
+  EXPECT_TRUE(ContactarCentral(p, pasos));  // nothing is left
+  EXPECT_EQ(1, sincronizadas);
+  EXPECT_EQ(QStringLiteral("15"), numero());
+  EXPECT_DOUBLE_EQ(0.2, p.ses.pnIGV);
+  EXPECT_TRUE(EstadoDelPuesto(p).central);
+}
+
+TEST_F(ArranqueTest, WithoutTheCentralDatabaseARefusalOrAnUnknownRateEndsTheStart) {
+  p.ejecuta(QStringLiteral("UPDATE Configuracion SET DataServer='sqlite:noesta.db', nIGV='0.18'"));
+  p.persona().espera(QStringLiteral("¿Desea continuar sin el servidor central?"), QStringLiteral("No"));
+  arrancaYTermina();
+  abrirLocal();
+  p.ejecuta(QStringLiteral("UPDATE Configuracion SET nIGV=''"));
+  QFile::remove(enCarpeta(QStringLiteral("KEB.cfg")));
+  p.persona().espera(QStringLiteral("¿Desea continuar sin el servidor central?"));
+  p.persona().espera(QStringLiteral("Conéctela una vez con el servidor"));
+  p.poCnnLocal.cerrar();
+  p.ses.bSinCentral = false;
+  EXPECT_THROW(Arrancar(p, pasos), ProcesoTerminado);
+}
+
+TEST_F(ArranqueTest, TheFirstStartMakesADeskOrSaysWhatIsWrong) {
+  p.rutas = rutasDe(p.ruta() + QStringLiteral("/nueva"));
+  EXPECT_TRUE(FaltaElPuesto(p));
+  PrimerInicio v;
+  QString foco;
+  v.txtPassword = v.txtReingresarPassword = QStringLiteral("secreta");
+  // clang-format off
+  const struct { QString PrimerInicio::*campo; const char *texto, *caja, *foco; } kMalos[] = {
+      {&PrimerInicio::txtCaja, " ", "Ingresar código de caja", "txtCaja"},
+      {&PrimerInicio::txtReingresarPassword, "secretA", "Password reingresado incorrecto", "txtReingresarPassword"},
+      {&PrimerInicio::txtServicio, "10,5", "El porcentaje de servicio es un número", ""},
+      {&PrimerInicio::txtClaveCentral, "a;b", "no pueden llevar punto y coma", ""},
+  };
+  // clang-format on
+  for (const auto& m : kMalos) {
+    PrimerInicio malo = v;
+    malo.*m.campo = QString::fromUtf8(m.texto);
+    p.persona().espera(QString::fromUtf8(m.caja));
+    EXPECT_FALSE(CrearPrimerPuesto(p, malo, foco));
+    EXPECT_EQ(QString::fromLatin1(m.foco), foco);
+    EXPECT_TRUE(FaltaElPuesto(p));
+  }
+  v.txtCaja = QStringLiteral("00007");
+  EXPECT_TRUE(CrearPrimerPuesto(p, v, foco));
+  EXPECT_FALSE(FaltaElPuesto(p));
+  arrancar();
+  EXPECT_EQ(QStringLiteral("00007"), p.ses.psCaja);
+  EXPECT_EQ(QStringLiteral("1"), p.filas(QStringLiteral("SELECT cPerfCode FROM Usuario WHERE sUserDesc='SUPERVISOR'")));
 }
 
 TEST_F(ArranqueTest, TheWarehouseIsNamedWhereTheCentralDatabaseAnswers) {

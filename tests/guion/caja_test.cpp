@@ -32,7 +32,7 @@ TEST(Caja, OpeningIsStoredWithItsTurnAndFloat) {
             "[\"01\",1100.5,0]");
 }
 
-TEST(Caja, DoesNotStartWithoutTheCentralDatabase) {
+TEST(Caja, ARefusalToGoOnWithoutTheCentralDatabaseHarmsNothing) {
   const PuestoDeObra p(abierto());
   p.toca(kPruebas + QStringLiteral("/sin_central.guion"));
   EXPECT_TRUE(p.tocaLineas("reloj 24/11/2026 09:00:00\ninicia\nespera frmPassword\n").endsWith(u"ok\n[estado 0]\n"))

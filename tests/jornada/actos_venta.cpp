@@ -1,7 +1,7 @@
 // What the cashier sells: sales and documents of both registers.
 #include <algorithm>
 
-#include "admin/tienda_articulos.h"
+#include "alta/tienda_articulos.h"
 #include "cashday/tipo_cambio.h"
 #include "jornada.h"
 #include "pantallas_dia.h"

@@ -2,7 +2,7 @@
 
 #include <QDir>
 
-#include "admin/crear_puesto.h"
+#include "alta/crear_puesto.h"
 #include "app/arranque.h"
 #include "app/login.h"
 #include "loyalty/pendientes.h"

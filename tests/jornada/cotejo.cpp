@@ -1,6 +1,6 @@
 // What the book is held against.
-#include "admin/tienda_articulos.h"
 #include "admin/verificar.h"
+#include "alta/tienda_articulos.h"
 #include "cashday/cuadre.h"
 #include "jornada.h"
 #include "pantallas_dia.h"

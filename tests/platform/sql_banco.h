@@ -21,22 +21,9 @@ inline QString celdaComoTexto(const QVariant& v) {
   }
 }
 
-class Banco {
+// What is asked over an open connection.
+class Preguntas {
  public:
-  Banco(bool jet, const QStringList& sentencias, OpcionesMotores opciones = {}) {
-    const auto error = crearBaseSqlite(archivo(), sentencias);
-    EXPECT_FALSE(error) << error.value_or(ErrorBD{}).descripcion.toStdString();
-    if (!opciones.ahora) {
-      opciones.ahora = [] { return QDateTime(QDate(2026, 11, 24), QTime(17, 5, 30)); };
-    }
-    motores = motoresDelSistema(carpeta.path(), opciones);
-    cadena = jet ? QStringLiteral("driver={Microsoft Access Driver (*.mdb)};Password=x;DBQ=") + archivo()
-                 : QStringLiteral("Provider=SQLOLEDB.1;User ID=u;Data Source=sqlite:prueba.db");
-    const auto e = cnn.abrir(*motores, cadena, 1000);
-    EXPECT_FALSE(e) << e.value_or(ErrorBD{}).descripcion.toStdString();
-  }
-  QString archivo() const { return carpeta.filePath(QStringLiteral("prueba.db")); }
-
   // The answer of a statement, or "error: " and its words.
   QString respuesta(const QString& sql) {
     Recordset rs;
@@ -51,8 +38,33 @@ class Banco {
   }
   QString respuesta(const char* sql) { return respuesta(u8(sql)); }
 
-  QTemporaryDir carpeta;
   std::unique_ptr<Motores> motores;
   QString cadena;
   Conexion cnn;
+};
+
+class Banco : public Preguntas {
+ public:
+  Banco(bool jet, const QStringList& sentencias, OpcionesMotores opciones = {}) {
+    const auto error = crearBaseSqlite(archivo(), sentencias);
+    EXPECT_FALSE(error) << error.value_or(ErrorBD{}).descripcion.toStdString();
+    if (!opciones.ahora) {
+      opciones.ahora = [] { return QDateTime(QDate(2026, 11, 24), QTime(17, 5, 30)); };
+    }
+    motores = motoresDelSistema(carpeta.path(), opciones);
+    cadena = jet ? QStringLiteral("driver={Microsoft Access Driver (*.mdb)};Password=x;DBQ=") + archivo()
+                 : QStringLiteral("Provider=SQLOLEDB.1;User ID=u;Data Source=sqlite:prueba.db");
+    const auto e = cnn.abrir(*motores, cadena, 1000);
+    EXPECT_FALSE(e) << e.value_or(ErrorBD{}).descripcion.toStdString();
+  }
+  // On a database that is there already.
+  explicit Banco(const QString& cual) {
+    motores = motoresDelSistema(carpeta.path());
+    cadena = cual;
+    const auto e = cnn.abrir(*motores, cadena, 20000);
+    EXPECT_FALSE(e) << e.value_or(ErrorBD{}).descripcion.toStdString();
+  }
+  QString archivo() const { return carpeta.filePath(QStringLiteral("prueba.db")); }
+
+  QTemporaryDir carpeta;
 };

@@ -20,7 +20,8 @@ inline QStringList leerSentencias(const char* base) {
 }
 
 // A line that is indented is the answer of the one before it, (nada) for no row; a statement without one must run.
-inline void comprobarRespuestas(Banco& b, const QStringList& lineas) {
+template <class B>
+void comprobarRespuestas(B& b, const QStringList& lineas) {
   QString sql, sale;
   const auto corre = [&] {
     EXPECT_FALSE(sale.startsWith(u"error")) << sql.toStdString() << "\n" << sale.toStdString();

@@ -21,7 +21,9 @@ QByteArray bytes(const QString& archivo) {
   return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("(no file)");
 }
 
-QString registro(PuestoPrueba& p) { return DeUnByte(bytes(p.rutas.enPrograma(q("Err_20261124.log")))); }
+QString registro(PuestoPrueba& p, const char* cual = "Err") {
+  return DeUnByte(bytes(p.rutas.enPrograma(q("%1_20261124.log").arg(QLatin1String(cual)))));
+}
 
 TEST(Canal, ARawTextIsResetTextFeedCut) {
   PuestoPrueba p;
@@ -34,10 +36,11 @@ TEST(Canal, ARawTextIsResetTextFeedCut) {
   EXPECT_EQ(q("textfile"), tronco);
   EXPECT_EQ(esperado, bytes(p.rutas.enTemp(q("textfile.prn"))));
   EXPECT_EQ(esperado, p.papeles().papel[q("LPT1")]);
-  EXPECT_TRUE(registro(p).endsWith(
+  EXPECT_EQ(q("(no file)"), registro(p)) << "the log of faults has none";
+  EXPECT_TRUE(registro(p, "Imp").endsWith(
       q("p:1;kPAR_IMPRESORA:Ticketera;printer.Port:LPT1;psPuertoPrint:;kPAR_IMPRESORA_ALTERNA:Alterna;NameArchivo:") +
       p.rutas.enTemp(q("textfile.prn")) + q(";\r\n")))
-      << qPrintable(registro(p));
+      << qPrintable(registro(p, "Imp"));
 }
 
 // Each printer's own page, on its own route; the command behind the reset, since the reset forgets it.
@@ -165,7 +168,7 @@ TEST(Canal, AReportIsBlocksWithARestBehindEach) {
   EXPECT_EQ(primero + "L\r\n\r\n" + kPie, bytes(p.rutas.enTemp(q("repz_24112026.prn"))));
   EXPECT_EQ("L\r\n\r\n" + kPie, bytes(p.rutas.enTemp(q("repz.prn"))));
   EXPECT_EQ((301 / 150 + 1 + 1) * 1000, p.elReloj().dormido_ms);
-  EXPECT_EQ(2, registro(p).count(q("p:1;kPAR_IMPRESORA:Ticketera;printer.Port:LPT1;psPuertoPrint:;\r\n")));
+  EXPECT_EQ(2, registro(p, "Imp").count(q("p:1;kPAR_IMPRESORA:Ticketera;printer.Port:LPT1;psPuertoPrint:;\r\n")));
 }
 
 TEST(Canal, AReportKeepsAllItsLinesBeyondTheLastBlock) {

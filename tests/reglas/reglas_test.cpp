@@ -17,6 +17,7 @@ const QMap<QString, QStringList> kPuedeIncluir = {
     {"platform", {}},
     {"foundation", {"platform"}},
     {"store", {"foundation"}},
+    {"alta", {"store"}},
     {"printing", {"store"}},
     {"documento", {"printing"}},
     {"loyalty", {"documento"}},
@@ -26,7 +27,7 @@ const QMap<QString, QStringList> kPuedeIncluir = {
     {"credit", {"documento", "loyalty"}},
     {"sync", {"documento", "loyalty"}},
     {"cashday", {"documento", "sync"}},
-    {"app", {"cashday", "sale", "voiding", "credit", "backoffice"}},
+    {"app", {"alta", "cashday", "sale", "voiding", "credit", "backoffice"}},
     {"admin", {"app", "servidores"}},
 };
 

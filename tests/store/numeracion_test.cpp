@@ -122,8 +122,8 @@ TEST(Reparacion, PullsUpWhatIsBehind) {
   ejecutarArchivo(p, p.poCnnCentral, "store/casos/en_la_central.sql");
   p.ejecuta(q("UPDATE Config_Documento SET nDocCodigo=7 WHERE cTipoDoc IN ('02','10')"));
   p.ejecuta(q("UPDATE Config_Documento SET cSerieDoc='001', nDocCodigo=2 WHERE cTipoDoc='01'"));  // lower: not its type
-  RepararNumeracion(p);
-  RepararNumeracionParalela(p);
+  EXPECT_TRUE(RepararNumeracion(p));
+  EXPECT_TRUE(RepararNumeracionParalela(p));
   EXPECT_EQ(q("41|rovel|2026-11-24 10:30:00|0|0|0|00001|0|01|15|001|02|Null"),
             p.filas(q("SELECT cOperCode,cUserDesc,dOperFech,cOperFlagAnula,cOperCodeAnula,cOperFlagAbierto,cCajaCodi,"
                       "cFlagSincronizacion,cAlmaCode,cDocCodigo,cDocSerie,cDocTipo,cProdCode FROM Operacion")));
@@ -134,7 +134,7 @@ TEST(Reparacion, PullsUpWhatIsBehind) {
       q("01|41|15\n02|41|15\n10|1|15\n11|0|0"),
       p.filas(q("SELECT cTipoDoc, cOperCode, nDocCodigo FROM Config_Documento WHERE cTipoDoc < '12' ORDER BY 1")));
   // Already level: a second start changes nothing.
-  RepararNumeracion(p);
+  EXPECT_TRUE(RepararNumeracion(p));
   EXPECT_EQ(q("1"), p.filas(q("SELECT COUNT(*) FROM Operacion")));
   EXPECT_EQ(q("001-16"), reservar(p, "02"));
 }
@@ -144,7 +144,7 @@ TEST(Reparacion, ANewDeskIsLeftAlone) {
   abrirCentral(p);
   p.ejecuta(p.poCnnCentral, q("INSERT INTO operacion (cOperID, cOperCode, cCajaCodi, CDocSerie, cDoccodigo) "
                               "VALUES (1,4,'00001','001',4)"));
-  RepararNumeracion(p);
+  EXPECT_TRUE(RepararNumeracion(p));
   EXPECT_EQ(q("0"), p.filas(q("SELECT COUNT(*) FROM Operacion")));
 }
 

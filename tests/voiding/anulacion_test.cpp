@@ -162,7 +162,8 @@ TEST(Anulacion, ADocumentIsWorthWhatItsLinesCost) {
     PuestoConDocumentos p;
     for (const QString& linea : c["lineas"].split(u',')) {
       const QStringList l = linea.split(u' ', Qt::SkipEmptyParts);
-      p.fila(1, 1, "02", 1, 102, l[0].toInt(), l[1].toDouble(), 0, 0, qPrintable(q("'', Null, %1, 0").arg(l[2])));
+      p.fila(1, 1, "02", 1, 102, l[0].toInt(), l[1].toDouble(), 0, 0,
+             qPrintable(q("'', Null, %1, %2").arg(l[2], l.value(3, q("0")))));
     }
     PantallaTransaccion copia;
     copia.uso = Uso::Reimprimir;
@@ -170,6 +171,7 @@ TEST(Anulacion, ADocumentIsWorthWhatItsLinesCost) {
     BuscarTransaccion(p, copia);
     const PantallaTransaccion v = p.anular(1);
     EXPECT_TRUE(v.txtTexto.contains(c["renglon"])) << qPrintable(v.txtTexto);
+    EXPECT_FALSE(v.txtTexto.contains(q("%SERVICIO"))) << qPrintable(v.txtTexto);
     EXPECT_TRUE(v.txtTexto.contains(q("CASH/TL  ") + c["total"].rightJustified(29, u' '))) << qPrintable(v.txtTexto);
     EXPECT_TRUE(copia.txtTexto.contains(q(" VALOR VTA.") + c["enCopia"].rightJustified(27, u' ')))
         << qPrintable(copia.txtTexto);

@@ -48,6 +48,7 @@ std::shared_ptr<const FormaEscrita> Camino::escribir(const SentenciaLeida& s, in
     }
     f->salida = std::move(r.salida);
     f->tablaNueva = r.tablaNueva;
+    f->serie = r.serie;
     f->tope = r.tope;
     f->cambiaEsquema = r.cambiaEsquema || !r.tablaNueva.isEmpty();
     if (f->texto.contains('\0')) {  // the engine would read no further

@@ -17,6 +17,7 @@ struct Columna {
   Tipo tipo = Tipo::Desconocido;
   bool sinCaso = false;  // compared without regard to case by the engine itself, as far as ASCII goes
   bool real = false;     // a column of a table, not an expression of a derived one
+  bool noNula = false;   // as far as the engine tells
 };
 
 struct Tabla {

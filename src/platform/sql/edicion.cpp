@@ -86,6 +86,8 @@ Literal* Edicion::literal(int token) {
 QString Edicion::deToken(int i, bool conLiterales, int& parametro) const {
   const Token& t = tokens_[i];
   if (ediciones_[i].cambiado) return ediciones_[i].nuevo;
+  // Quotes of the dialect's own; a typed engine has but one kind, and folds no name in them.
+  if (t.tipo == TipoToken::NombreCitado && palabras_.tipado) return palabras_.citado(contenido(t));
   if (!t.literal()) return t.texto.toString();
   const Literal& l = literales_[literalDe_[i]];
   if (l.ligado && !conLiterales) return palabras_.parametro.toString() + QString::number(++parametro);
@@ -118,7 +120,10 @@ QString Edicion::texto(bool conLiterales) const {
   };
   for (size_t i = 0; i < tokens_.size(); ++i) {
     cambiar(i);
-    sale += sql_.mid(hasta, tokens_[i].ini - hasta);
+    const QStringView entre = sql_.mid(hasta, tokens_[i].ini - hasta);
+    // Comments nest there.
+    if (palabras_.tipado && (entre.contains(u"--") || entre.contains(u"/*"))) sale += u' ';
+    else sale += entre;
     sale += ediciones_[i].antes;
     const QString nuevo = deToken(static_cast<int>(i), conLiterales, parametro);
     if (sale.endsWith(u'\'') && nuevo.startsWith(u'\'')) sale += u' ';  // two texts side by side would become one

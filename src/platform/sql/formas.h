@@ -14,6 +14,7 @@ struct FormaEscrita {
   std::vector<int> fijos;       // literals that stay in the text, in their order
   std::vector<Columna> salida;  // empty when the columns can't be told
   QString tablaNueva;           // SELECT ... INTO
+  QString serie;                // the table whose highest number it asks for
   Tope tope;
   bool cambiaEsquema = false;
 };

@@ -2,237 +2,100 @@
 
 #include <libpq-fe.h>
 
-#include <QDeadlineTimer>
-#include <condition_variable>
-#include <mutex>
-#include <thread>
-
-#include "platform/sql/funciones_sqlite.h"
-
-#ifdef Q_OS_WIN
-#include <winsock2.h>
-#include <ws2tcpip.h>
-#else
-#include <netdb.h>
-#include <netinet/in.h>
-#include <poll.h>
-#include <sys/socket.h>
-#endif
+#include "platform/sql/catalogo_postgres.h"
+#include "platform/sql/errores_postgres.h"
+#include "platform/sql/filas_postgres.h"
+#include "platform/sql/tope.h"
 
 namespace {
 
-const QString kPuerto = QStringLiteral("5432");
+constexpr qint64 kReposo_ms = 10'000;  // a firewall may have forgotten a connection that was silent for longer
+constexpr int kEsquema = 0;            // nothing tells that another program has changed the tables, but its errors
 
-// A socket is ready, or the time has passed.
-bool esperarSocket(int socket, bool leer, int espera_ms) {
-#ifdef Q_OS_WIN
-  WSAPOLLFD uno{static_cast<SOCKET>(socket), static_cast<SHORT>(leer ? POLLRDNORM : POLLWRNORM), 0};
-  return WSAPoll(&uno, 1, espera_ms) != 0;
-#else
-  pollfd uno{socket, static_cast<short>(leer ? POLLIN : POLLOUT), 0};
-  return ::poll(&uno, 1, espera_ms) != 0;
-#endif
+constexpr int kFaltanArgumentos = 201;
+
+constexpr unsigned kInt8 = 20, kTexto = 25, kFecha = 1114, kNumeric = 1700;
+
+ErrorBD perdidaEnTransaccion() {
+  return {kErrorGeneral, 0, QStringLiteral("Se perdió la conexión con el servidor en medio de la operación.")};
 }
 
-// "host[:port]", the host of IPv6 figures in brackets.
-void partirServidor(const QString& servidor, QString& nombre, QString& puerto) {
-  puerto = kPuerto;
-  const qsizetype corchete = servidor.startsWith(u'[') ? servidor.indexOf(u']') : -1;
-  const qsizetype dosPuntos = servidor.indexOf(u':', qMax<qsizetype>(corchete, 0));
-  nombre = servidor.left(dosPuntos);
-  if (corchete > 0) nombre = servidor.mid(1, corchete - 1);
-  if (dosPuntos >= 0) puerto = servidor.mid(dosPuntos + 1);
-}
-
-struct Busqueda {
-  std::mutex cerrojo;
-  std::condition_variable aviso;
-  bool lista = false;
-  QByteArrayList direcciones;
-};
-
-QByteArrayList direccionesDe(const QByteArray& nombre, int banderas) {
-  QByteArrayList lista;
-  addrinfo pista{};
-  pista.ai_socktype = SOCK_STREAM;
-  pista.ai_flags = banderas;
-  addrinfo* halladas = nullptr;
-  if (::getaddrinfo(nombre.constData(), nullptr, &pista, &halladas) != 0) return lista;
-  for (const addrinfo* a = halladas; a; a = a->ai_next) {
-    char texto[NI_MAXHOST];
-    if (::getnameinfo(a->ai_addr, static_cast<socklen_t>(a->ai_addrlen), texto, sizeof texto, nullptr, 0,
-                      NI_NUMERICHOST) == 0) {
-      lista << QByteArray(texto);
-    }
+// Errors that a statement gives whose shape was learnt from tables that have changed since.
+bool deTablasCambiadas(const QByteArray& codigo) {
+  for (const char* c : {"0A000", "26000", "42P01", "42703", "42883", "42804", "42P18", "42P21", "42P22"}) {
+    if (codigo == c) return true;
   }
-  ::freeaddrinfo(halladas);
-  return lista;
+  return false;
 }
 
-// The addresses of a name. The system's look-up has no time limit of its own, so it runs beside; one that comes too
-// late finds nobody and is thrown away. Nothing when the time has passed.
-std::optional<QByteArrayList> buscarHost(const QByteArray& nombre, const QDeadlineTimer& plazo) {
-  if (const auto cifras = direccionesDe(nombre, AI_NUMERICHOST); !cifras.isEmpty()) return cifras;
-  const auto busqueda = std::make_shared<Busqueda>();
-  std::thread([busqueda, nombre] {
-    QByteArrayList halladas = direccionesDe(nombre, 0);
-    const std::lock_guard guarda(busqueda->cerrojo);
-    busqueda->direcciones = std::move(halladas);
-    busqueda->lista = true;
-    busqueda->aviso.notify_one();
-  }).detach();
-  std::unique_lock guarda(busqueda->cerrojo);
-  const auto queda = std::chrono::milliseconds(plazo.remainingTime());
-  if (!busqueda->aviso.wait_for(guarda, queda, [&] { return busqueda->lista; })) return {};
-  return busqueda->direcciones;
-}
+PasoPg sentencia(const QByteArray& texto) { return {.texto = texto}; }
 
-ErrorBD sinTiempo(const QString& servidor) {
-  return {kErrorTiempo, 0, QStringLiteral("El servidor '%1' no responde.").arg(servidor)};
-}
-
-QString palabrasDe(const PGconn* c) { return QString::fromUtf8(PQerrorMessage(c)).trimmed(); }
-
-// Begins to connect; the connection to be polled, or one whose status is bad.
-PGconn* empezar(const CadenaConexion& c, const QByteArray& nombre, const QByteArray& puerto,
-                const QByteArrayList& direcciones) {
-  QByteArrayList nombres, puertos;
-  for (qsizetype i = 0; i < direcciones.size(); ++i) {
-    nombres << nombre;
-    puertos << puerto;
+std::optional<QByteArray> enTexto(const QVariant& v) {
+  switch (v.typeId()) {
+    case QMetaType::UnknownType: return {};
+    case QMetaType::LongLong: return QByteArray::number(v.toLongLong());
+    case QMetaType::Double: return QByteArray::number(v.toDouble(), 'g', QLocale::FloatingPointShortest);
+    default: return v.toString().toUtf8();
   }
-  // clang-format off
-  const QList<std::pair<const char*, QByteArray>> opciones{
-      {"host", nombres.join(',')},       {"hostaddr", direcciones.join(',')}, {"port", puertos.join(',')},
-      {"dbname", c.catalogo.toUtf8()},   {"user", c.usuario.toUtf8()},        {"password", c.clave.toUtf8()},
-      {"client_encoding", "UTF8"},       {"options", "-c DateStyle=ISO"},     {"application_name", "TarvoPos"},
-      {"gssencmode", "disable"},         {"tcp_user_timeout", "20000"},       {"keepalives_idle", "10"},
-      {"keepalives_interval", "5"},      {"keepalives_count", "2"},
-  };
-  // clang-format on
-  std::vector<const char*> claves, valores;
-  for (const auto& [clave, valor] : opciones) {
-    claves.push_back(clave);
-    valores.push_back(valor.constData());
-  }
-  claves.push_back(nullptr);
-  valores.push_back(nullptr);
-  return PQconnectStartParams(claves.data(), valores.data(), 0);
-}
-
-std::optional<ErrorBD> acabar(PGconn* c, const QString& servidor, const QDeadlineTimer& plazo) {
-  PostgresPollingStatusType paso = PQstatus(c) == CONNECTION_BAD ? PGRES_POLLING_FAILED : PGRES_POLLING_WRITING;
-  while (paso != PGRES_POLLING_OK) {
-    if (paso == PGRES_POLLING_FAILED) {
-      return ErrorBD{kErrorGeneral, 0,
-                     QStringLiteral("No se pudo conectar al servidor '%1': %2").arg(servidor, palabrasDe(c))};
-    }
-    const int queda = static_cast<int>(plazo.remainingTime());
-    if (queda <= 0 || !esperarSocket(PQsocket(c), paso == PGRES_POLLING_READING, queda)) return sinTiempo(servidor);
-    paso = PQconnectPoll(c);
-  }
-  return {};
-}
-
-enum TipoPostgres : Oid {
-  kBool = 16,
-  kInt8 = 20,
-  kInt2 = 21,
-  kInt4 = 23,
-  kFloat4 = 700,
-  kFloat8 = 701,
-  kDate = 1082,
-  kTimestamp = 1114,
-  kTimestampTz = 1184,
-  kNumeric = 1700
-};
-
-QVariant celdaDe(const PGresult* r, int fila, int columna) {
-  if (PQgetisnull(r, fila, columna)) return {};
-  const QString texto = QString::fromUtf8(PQgetvalue(r, fila, columna));
-  switch (PQftype(r, columna)) {
-    case kBool: return static_cast<qint64>(texto == u"t");
-    case kInt2:
-    case kInt4:
-    case kInt8: return texto.toLongLong();
-    case kFloat4:
-    case kFloat8:
-    case kNumeric: return texto.toDouble();
-    case kDate:
-    case kTimestamp:
-    case kTimestampTz:
-      if (const auto instante = leerInstante(texto.left(19))) return *instante;
-      return texto;
-    default: return texto;
-  }
-}
-
-void llenarDe(const PGresult* r, Recordset& rs) {
-  const int columnas = PQnfields(r);
-  QStringList campos;
-  for (int i = 0; i < columnas; ++i) campos << QString::fromUtf8(PQfname(r, i));
-  std::vector<std::vector<QVariant>> filas(static_cast<size_t>(PQntuples(r)));
-  for (int f = 0; f < PQntuples(r); ++f) {
-    for (int i = 0; i < columnas; ++i) filas[static_cast<size_t>(f)].push_back(celdaDe(r, f, i));
-  }
-  rs.llenar(campos, std::move(filas));
-}
-
-ErrorBD errorDe(const PGconn* c, const PGresult* r) {
-  const char* estado = PQresultErrorField(r, PG_DIAG_SQLSTATE);
-  const char* mensaje = PQresultErrorField(r, PG_DIAG_MESSAGE_PRIMARY);
-  const QString palabras = mensaje ? QString::fromUtf8(mensaje) : palabrasDe(c);
-  if (estado && qstrcmp(estado, "23505") == 0) return {kErrorSentencia, kNativoClaveDuplicada, palabras};
-  if (PQstatus(c) == CONNECTION_BAD || !estado) {
-    return {kErrorGeneral, 0, QStringLiteral("Se perdió la conexión con el servidor: ") + palabras};
-  }
-  return {kErrorSentencia, 1, palabras};
 }
 
 }  // namespace
 
-std::unique_ptr<MotorPostgres> MotorPostgres::abrir(const CadenaConexion& cadena, int espera_ms, ErrorBD& error) {
-  const QDeadlineTimer plazo(espera_ms);
-  QString nombre, puerto;
-  partirServidor(cadena.servidor, nombre, puerto);
-  const auto direcciones = buscarHost(nombre.toUtf8(), plazo);
-  if (!direcciones) {
-    error = sinTiempo(cadena.servidor);
-    return {};
+struct PreparadaPostgres {
+  ~PreparadaPostgres() {
+    if (hecha) *sobrantes << nombre;
   }
-  if (direcciones->isEmpty()) {
-    error = {kErrorGeneral, 0, QStringLiteral("No se encuentra el servidor '%1'.").arg(cadena.servidor)};
-    return {};
-  }
-  std::unique_ptr<MotorPostgres> motor(
-      new MotorPostgres(empezar(cadena, nombre.toUtf8(), puerto.toUtf8(), *direcciones)));
-  if (const auto e = acabar(motor->conexion_, cadena.servidor, plazo)) {
-    error = *e;
-    return {};
-  }
-  return motor;
+  std::shared_ptr<const FormaEscrita> forma;
+  std::vector<unsigned> tipos;  // of the bound literals
+  QByteArray nombre;
+  bool hecha = false;  // the server has it
+  std::shared_ptr<QByteArrayList> sobrantes;
+};
+
+MotorPostgres::MotorPostgres(const CadenaConexion& cadena, int espera_ms, std::shared_ptr<MemoriaDeFormas> memoria)
+    : cadena_(cadena),
+      espera_ms_(espera_ms),
+      memoria_(std::move(memoria)),
+      camino_(Dialecto::TSql, kPalabrasPostgres, memoria_) {
+  catalogo_ =
+      std::make_unique<CatalogoPostgres>([this](const QByteArray& consulta, const QByteArray& nombre, Recordset& rs) {
+        PasoPg paso{.texto = consulta, .tipos = {kTexto}, .valores = {nombre}};
+        std::vector<ResultadoPg> r;
+        if (canal_->pedir({paso}, r)) return false;
+        LlenarDe(r[0].get(), {}, 0, rs);
+        return true;
+      });
 }
 
-MotorPostgres::~MotorPostgres() { PQfinish(conexion_); }
+MotorPostgres::~MotorPostgres() = default;
 
-std::optional<ErrorBD> MotorPostgres::directa(const QString& sql, Recordset* rs, qint64* afectadas) {
-  const std::unique_ptr<PGresult, decltype(&PQclear)> r(PQexec(conexion_, sql.toUtf8().constData()), &PQclear);
-  const ExecStatusType estado = PQresultStatus(r.get());
-  if (estado != PGRES_TUPLES_OK && estado != PGRES_COMMAND_OK) return errorDe(conexion_, r.get());
-  if (rs) llenarDe(r.get(), *rs);
-  if (afectadas) *afectadas = estado == PGRES_COMMAND_OK ? QByteArray(PQcmdTuples(r.get())).toLongLong() : 0;
+std::unique_ptr<MotorPostgres> MotorPostgres::abrir(const CadenaConexion& cadena, int espera_ms, ErrorBD& error,
+                                                    std::shared_ptr<MemoriaDeFormas> memoria) {
+  std::unique_ptr<MotorPostgres> m(new MotorPostgres(cadena, espera_ms, std::move(memoria)));
+  m->canal_ = CanalPostgres::abrir(cadena, espera_ms, error);
+  if (!m->canal_) return {};
+  return m;
+}
+
+std::optional<ErrorBD> MotorPostgres::reabrir() {
+  ErrorBD error;
+  auto canal = CanalPostgres::abrir(cadena_, espera_ms_, error);
+  if (!canal) return error;
+  formas_.vaciar();
+  sobrantes_->clear();
+  canal_ = std::move(canal);
   return {};
 }
 
-std::optional<ErrorBD> MotorPostgres::correr(const QString& sql, Recordset* rs, qint64* afectadas) {
-  const bool dentro = PQtransactionStatus(conexion_) == PQTRANS_INTRANS;
-  if (dentro) {
-    if (auto e = directa(QStringLiteral("SAVEPOINT sentencia"))) return e;
-  }
-  auto error = directa(sql, rs, afectadas);
-  if (dentro && error) directa(QStringLiteral("ROLLBACK TO sentencia"));
-  if (dentro) directa(QStringLiteral("RELEASE sentencia"));
-  return error;
+// A connection that was cut is opened anew, once, and never in the middle of a transaction. One that was left for its
+// silence stays so.
+std::optional<ErrorBD> MotorPostgres::listo() {
+  std::vector<ResultadoPg> r;
+  if (canal_->abandonada()) return canal_->pedir({}, r);
+  if (!canal_->perdida() && !abierta_ && canal_->callada_ms() > kReposo_ms) (void)canal_->pedir({sentencia({})}, r);
+  if (!canal_->perdida()) return {};
+  if (abierta_) return perdidaEnTransaccion();
+  return reabrir();
 }
 
 std::optional<ErrorBD> MotorPostgres::consultar(const QString& sql, Recordset& rs) {
@@ -244,12 +107,268 @@ std::optional<ErrorBD> MotorPostgres::ejecutar(const QString& sql, qint64* afect
   return correr(sql, nullptr, afectadas);
 }
 
-std::optional<ErrorBD> MotorPostgres::iniciar() {
-  if (PQtransactionStatus(conexion_) != PQTRANS_IDLE) {
-    return ErrorBD{kErrorSentencia, 1, QStringLiteral("Ya hay una transacción abierta.")};
-  }
-  return directa(QStringLiteral("BEGIN"));
+std::optional<ErrorBD> MotorPostgres::correr(const QString& sql, Recordset* rs, qint64* afectadas) {
+  if (auto e = listo()) return e;
+  if (const auto llamada = leerLlamada(sql)) return llamar(*llamada, rs);
+  return correrSentencia(sql, rs, afectadas);
 }
 
-std::optional<ErrorBD> MotorPostgres::confirmar() { return directa(QStringLiteral("COMMIT")); }
-std::optional<ErrorBD> MotorPostgres::deshacer() { return directa(QStringLiteral("ROLLBACK")); }
+// BEGIN, COMMIT and ROLLBACK as statements.
+std::optional<ErrorBD> MotorPostgres::transaccion(const SentenciaLeida& s, bool& esUna) {
+  size_t i = 1;
+  const auto& t = s.tokens;
+  if (t.size() > 1 && (t[1].es(u"TRAN") || t[1].es(u"TRANSACTION"))) ++i;
+  while (i + 1 < t.size() && t[i].op(u";")) ++i;
+  esUna = t[i].tipo == TipoToken::Fin && (t[0].es(u"BEGIN") || t[0].es(u"COMMIT") || t[0].es(u"ROLLBACK"));
+  if (!esUna) return {};
+  if (t[0].es(u"BEGIN")) return iniciar();
+  if (!porIniciar_ && !abierta_) {
+    return ErrorBD{kErrorSentencia, 1, QStringLiteral("No hay ninguna transacción abierta.")};
+  }
+  return t[0].es(u"COMMIT") ? confirmar() : deshacer();
+}
+
+std::optional<ErrorBD> MotorPostgres::correrSentencia(const QString& sql, Recordset* rs, qint64* afectadas) {
+  SentenciaLeida s(sql, Dialecto::TSql);
+  if (auto e = camino_.reconocer(s)) return e;
+  bool esTransaccion = false;
+  if (auto e = transaccion(s, esTransaccion); esTransaccion) return e;
+  for (bool otraVez = false;; otraVez = true) {
+    std::optional<ErrorBD> error;
+    bool vieja = false;
+    const auto p = preparada(s, vieja, error);
+    if (!p) return error;
+    error = correrPreparada(s, *p, rs, afectadas);
+    if (!error) {
+      formas_.guardar(s.forma, s.sql, s.tokens, p->forma->fijos, p);
+      if (p->forma->cambiaEsquema) olvidarEsquema();
+      return {};
+    }
+    if (otraVez) return error;
+    if (canal_->perdida()) {
+      // What a lost connection had begun is undone there, and a query may be asked again.
+      const bool lee = s.tokens[0].es(u"SELECT") && p->forma->tablaNueva.isEmpty();
+      if (canal_->abandonada() || !(porIniciar_ || (lee && !abierta_)) || reabrir()) return error;
+    } else {
+      if (!vieja || !deTablasCambiadas(canal_->codigo())) return error;
+      olvidarEsquema();
+    }
+  }
+}
+
+void MotorPostgres::olvidarEsquema() {
+  catalogo_->olvidar();
+  formas_.vaciar();
+  rutinas_.clear();
+  if (memoria_) memoria_->alDia(-1);
+  cambiada_ = abierta_;
+}
+
+std::shared_ptr<PreparadaPostgres> MotorPostgres::preparada(const SentenciaLeida& s, bool& vieja,
+                                                            std::optional<ErrorBD>& error) {
+  vieja = true;
+  if (auto p = formas_.buscar(s.forma, s.sql, s.tokens)) return p;
+  const int esquema = cambiada_ ? -1 : kEsquema;
+  vieja = memoria_ && esquema >= 0 && memoria_->alDia(esquema).buscar(s.forma, s.sql, s.tokens);
+  auto p = std::make_shared<PreparadaPostgres>();
+  p->forma = camino_.escribir(s, esquema, *catalogo_, error);
+  if (!p->forma) return {};
+  p->sobrantes = sobrantes_;
+  return p;
+}
+
+// The steps of a statement that is not the server's yet stand before it in the same message.
+std::optional<ErrorBD> MotorPostgres::correrPreparada(const SentenciaLeida& s, PreparadaPostgres& p, Recordset* rs,
+                                                      qint64* afectadas) {
+  std::vector<QVariant> valores;
+  if (auto e = camino_.valores(*p.forma, s, valores)) return e;
+  std::vector<unsigned> tipos;
+  for (const Literal& l : p.forma->literales) {
+    if (!l.ligado) continue;
+    const QVariant& v = valores[tipos.size()];
+    const bool numero = v.typeId() == QMetaType::LongLong || v.typeId() == QMetaType::Double;
+    unsigned tipo = v.typeId() == QMetaType::LongLong ? kInt8 : numero ? kNumeric : kTexto;
+    const bool fecha = l.lectura == Lectura::FechaDiaMes;
+    if (fecha) tipo = kFecha;
+    // A text beside a number was whole before, or is now.
+    if (p.hecha && tipo == kInt8 && p.tipos[tipos.size()] == kNumeric) tipo = kNumeric;
+    if (!numero && v.toString().contains(QChar(0))) {
+      return ErrorBD{kErrorSentencia, 1, QStringLiteral("La sentencia contiene un carácter nulo.")};
+    }
+    tipos.push_back(tipo);
+  }
+  std::vector<PasoPg> pasos;
+  if (p.hecha && tipos != p.tipos) {
+    *sobrantes_ << p.nombre;
+    p.hecha = false;
+  }
+  for (const QByteArray& nombre : std::exchange(*sobrantes_, {})) pasos.push_back(sentencia("DEALLOCATE " + nombre));
+  const bool dentro = porIniciar_ || abierta_;
+  if (dentro && !p.forma->serie.isEmpty()) {
+    pasos.push_back({.texto = "SELECT pg_advisory_xact_lock(hashtextextended($1, 5))",
+                     .tipos = {kTexto},
+                     .valores = {p.forma->serie.toLower().toUtf8()}});
+  }
+  if (!p.hecha) {
+    p.tipos = tipos;
+    p.nombre = 't' + QByteArray::number(++preparadas_);
+    QByteArray texto = p.forma->texto;
+    if (!p.forma->tablaNueva.isEmpty()) {
+      texto = "CREATE TABLE " + kPalabrasPostgres.citado(p.forma->tablaNueva).toUtf8() + " AS " + texto;
+    }
+    pasos.push_back({.clase = PasoPg::Preparar, .nombre = p.nombre, .texto = texto, .tipos = tipos});
+  }
+  PasoPg principal{.clase = PasoPg::Ejecutar, .nombre = p.nombre};
+  for (const QVariant& v : valores) principal.valores.push_back(enTexto(v));
+  pasos.push_back(principal);
+  std::vector<ResultadoPg> r;
+  if (auto e = pedir(pasos, r)) {
+    p.hecha = false;
+    return e;
+  }
+  p.hecha = true;
+  const pg_result* filas = r.back().get();
+  const bool conFilas = PQresultStatus(filas) == PGRES_TUPLES_OK;
+  if (afectadas) *afectadas = conFilas ? 0 : QByteArray(PQcmdTuples(const_cast<pg_result*>(filas))).toLongLong();
+  if (!rs || !conFilas) return {};
+  LlenarDe(filas, p.forma->salida, p.forma->tope.agregadas, *rs);
+  if (!p.forma->tope.vale()) return {};
+  return DejarTope(*p.forma, Dialecto::TSql, *rs, [&](const QByteArray& texto) -> std::optional<ErrorBD> {
+    if (auto e = pedir({{.texto = texto, .tipos = tipos, .valores = principal.valores}}, r)) return e;
+    LlenarDe(r.back().get(), p.forma->salida, p.forma->tope.agregadas, *rs);
+    return {};
+  });
+}
+
+std::optional<ErrorBD> MotorPostgres::pedir(std::vector<PasoPg> pasos, std::vector<ResultadoPg>& resultados) {
+  const bool primera = porIniciar_, luego = abierta_;
+  if (primera) pasos.insert(pasos.begin(), sentencia("BEGIN"));
+  if (luego) {
+    pasos.insert(pasos.begin(), sentencia("SAVEPOINT sentencia"));
+    pasos.push_back(sentencia("RELEASE sentencia"));
+  }
+  auto error = canal_->pedir(pasos, resultados);
+  if (error) {
+    if (!canal_->perdida()) tomarAtras(primera);
+    return error;
+  }
+  if (primera) {
+    porIniciar_ = false;
+    abierta_ = true;
+  }
+  if (luego) resultados.pop_back();
+  return {};
+}
+
+// Before the first statement there was nothing.
+void MotorPostgres::tomarAtras(bool primera) {
+  const QByteArray codigo = canal_->codigo();
+  std::vector<ResultadoPg> r;
+  if (primera) (void)canal_->pedir({sentencia("ROLLBACK")}, r);
+  else if (abierta_) (void)canal_->pedir({sentencia("ROLLBACK TO sentencia"), sentencia("RELEASE sentencia")}, r);
+  canal_->recordar(codigo);
+}
+
+// A procedure, or a function that gives rows; the functions of the dialect are neither.
+std::optional<ErrorBD> MotorPostgres::buscarRutina(const QString& nombre, Rutina& rutina) {
+  const QString clave = nombre.toLower();
+  if (const auto r = rutinas_.constFind(clave); r != rutinas_.constEnd()) {
+    rutina = *r;
+    return {};
+  }
+  PasoPg paso{.texto = "SELECT prokind, pronargs FROM pg_proc WHERE pronamespace = to_regnamespace('dbo') AND "
+                       "proname = $1 AND (prokind = 'p' OR proretset)",
+              .tipos = {kTexto},
+              .valores = {clave.toUtf8()}};
+  std::vector<ResultadoPg> r;
+  if (auto e = canal_->pedir({paso}, r)) return e;
+  Recordset rs;
+  LlenarDe(r[0].get(), {}, 0, rs);
+  if (rs.Eof()) {
+    return ErrorBD{kErrorSentencia, 2812,
+                   QStringLiteral("No se encuentra el procedimiento almacenado '%1'.").arg(nombre)};
+  }
+  rutina = {rs[0].toString().at(0).toLatin1(), rs[1].toInt()};
+  rutinas_.insert(clave, rutina);
+  return {};
+}
+
+// The server finds the types of what is passed by those that the procedure takes.
+std::optional<ErrorBD> MotorPostgres::llamar(const Llamada& llamada, Recordset* rs) {
+  if (llamada.error) return llamada.error;
+  Rutina rutina;
+  if (auto e = buscarRutina(llamada.nombre, rutina)) return e;
+  if (rutina.argumentos != llamada.argumentos.size()) {
+    return ErrorBD{kErrorSentencia, kFaltanArgumentos,
+                   QStringLiteral("El procedimiento %1 lleva %2 argumentos y recibió %3.")
+                       .arg(llamada.nombre.toLower())
+                       .arg(rutina.argumentos)
+                       .arg(llamada.argumentos.size())};
+  }
+  PasoPg paso;
+  QByteArrayList lugares;
+  for (const QVariant& v : llamada.argumentos) {
+    lugares << '$' + QByteArray::number(lugares.size() + 1);
+    paso.tipos.push_back(0);
+    paso.valores.push_back(enTexto(v));
+    if (v.toString().contains(QChar(0))) {
+      return ErrorBD{kErrorSentencia, 1, QStringLiteral("La sentencia contiene un carácter nulo.")};
+    }
+  }
+  paso.texto = (rutina.clase == 'p' ? "CALL dbo." : "SELECT * FROM dbo.") +
+               kPalabrasPostgres.citado(llamada.nombre).toUtf8() + '(' + lugares.join(',') + ')';
+  std::vector<ResultadoPg> r;
+  if (auto e = pedir({paso}, r)) return e;
+  if (rs && rutina.clase == 'f') LlenarDe(r.back().get(), {}, 0, *rs);
+  return {};
+}
+
+std::optional<ErrorBD> MotorPostgres::iniciar() {
+  if (porIniciar_ || abierta_) {
+    return ErrorBD{kErrorSentencia, 1, QStringLiteral("Ya hay una transacción abierta.")};
+  }
+  if (auto e = listo()) return e;
+  porIniciar_ = true;
+  return {};
+}
+
+std::optional<ErrorBD> MotorPostgres::confirmar() {
+  if (!abierta_) {
+    porIniciar_ = false;
+    return {};
+  }
+  std::vector<ResultadoPg> r;
+  auto error = canal_->pedir({sentencia("COMMIT")}, r);
+  if (!error || !canal_->enTransaccion()) abierta_ = cambiada_ = canal_->enTransaccion();
+  return error;
+}
+
+// The server itself undoes what a lost connection had begun.
+std::optional<ErrorBD> MotorPostgres::deshacer() {
+  porIniciar_ = false;
+  if (!std::exchange(abierta_, false)) return {};
+  std::vector<ResultadoPg> r;
+  const auto error = canal_->pedir({sentencia("ROLLBACK")}, r);
+  if (std::exchange(cambiada_, false)) olvidarEsquema();
+  return canal_->perdida() || canal_->abandonada() ? std::nullopt : error;
+}
+
+QString MotorPostgres::traducir(const QString& sql) {
+  if (leerLlamada(sql)) return sql;
+  return camino_.traducir(sql, *catalogo_);
+}
+
+std::optional<ErrorBD> MotorPostgres::crudo(const QString& guion, Recordset* rs) {
+  if (auto e = listo()) return e;
+  ResultadoPg ultimo(nullptr, &PQclear);
+  if (auto e = canal_->guion(guion, ultimo)) {
+    if (!canal_->perdida() && canal_->enTransaccion()) {
+      ResultadoPg nada(nullptr, &PQclear);
+      (void)canal_->guion(QStringLiteral("ROLLBACK"), nada);
+    }
+    return e;
+  }
+  if (rs) rs->llenar({}, {});
+  if (rs && ultimo && PQresultStatus(ultimo.get()) == PGRES_TUPLES_OK) LlenarDe(ultimo.get(), {}, 0, *rs);
+  return {};
+}

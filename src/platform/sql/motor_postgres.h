@@ -1,31 +1,70 @@
 #pragma once
-#include "platform/sql/cadena_conexion.h"
+#include "platform/sql/camino.h"
+#include "platform/sql/canal_postgres.h"
 #include "platform/sql/motor.h"
+#include "platform/sql/procedimientos.h"
 
-struct pg_conn;
+// A statement of a shape as the server has it prepared.
+struct PreparadaPostgres;
 
-// A PostgreSQL server. Statements go to it as they are: what it does not understand comes back as its own error.
+// A PostgreSQL server under Transact-SQL. Its database has the schema dbo with the dialect's functions.
 class MotorPostgres final : public Motor {
  public:
   // Opens within `espera_ms`, looking the host's name up included; `error.numero` is kErrorTiempo when that time passes
-  // without an answer. A server that goes silent later fails a statement after some twenty seconds.
-  static std::unique_ptr<MotorPostgres> abrir(const CadenaConexion& cadena, int espera_ms, ErrorBD& error);
+  // without an answer. Below twenty seconds each statement has that time, too, and a connection that broke it is left;
+  // else a statement takes what it takes, as long as the server opens its door. `memoria` is what other connections to
+  // the database have learnt, and may be null.
+  static std::unique_ptr<MotorPostgres> abrir(const CadenaConexion& cadena, int espera_ms, ErrorBD& error,
+                                              std::shared_ptr<MemoriaDeFormas> memoria = {});
   ~MotorPostgres() override;
   MotorPostgres(const MotorPostgres&) = delete;
   MotorPostgres& operator=(const MotorPostgres&) = delete;
 
   std::optional<ErrorBD> consultar(const QString& sql, Recordset& rs) override;
   std::optional<ErrorBD> ejecutar(const QString& sql, qint64* afectadas) override;
+  // Asks the server nothing: a transaction begins with its first statement, in the same message.
   std::optional<ErrorBD> iniciar() override;
   std::optional<ErrorBD> confirmar() override;
   std::optional<ErrorBD> deshacer() override;
-  QString traducir(const QString& sql) override { return sql; }
+  QString traducir(const QString& sql) override;
+
+  // A script in the server's own language, one or several statements, outside of iniciar() and confirmar(); one that
+  // fails leaves what it began undone. `rs` gets the rows of the last.
+  [[nodiscard]] std::optional<ErrorBD> crudo(const QString& guion, Recordset* rs = nullptr);
 
  private:
-  explicit MotorPostgres(pg_conn* conexion) : conexion_(conexion) {}
-  // A failed statement takes only itself back, also inside a transaction.
+  struct Pedido;
+  MotorPostgres(const CadenaConexion& cadena, int espera_ms, std::shared_ptr<MemoriaDeFormas> memoria);
+  std::optional<ErrorBD> listo();
+  std::optional<ErrorBD> reabrir();
   std::optional<ErrorBD> correr(const QString& sql, Recordset* rs, qint64* afectadas);
-  std::optional<ErrorBD> directa(const QString& sql, Recordset* rs = nullptr, qint64* afectadas = nullptr);
+  std::optional<ErrorBD> correrSentencia(const QString& sql, Recordset* rs, qint64* afectadas);
+  std::optional<ErrorBD> correrPreparada(const SentenciaLeida& s, PreparadaPostgres& p, Recordset* rs,
+                                         qint64* afectadas);
+  std::optional<ErrorBD> llamar(const Llamada& llamada, Recordset* rs);
+  std::optional<ErrorBD> transaccion(const SentenciaLeida& s, bool& esUna);
+  // Runs the steps within the transaction at hand; a step that fails takes only these back.
+  std::optional<ErrorBD> pedir(std::vector<PasoPg> pasos, std::vector<ResultadoPg>& resultados);
+  void tomarAtras(bool primera);
+  std::shared_ptr<PreparadaPostgres> preparada(const SentenciaLeida& s, bool& vieja, std::optional<ErrorBD>& error);
+  void olvidarEsquema();
+  struct Rutina {
+    char clase = 0;  // 'f' gives rows, 'p' gives none; 0 for none of that name
+    qsizetype argumentos = 0;
+  };
+  std::optional<ErrorBD> buscarRutina(const QString& nombre, Rutina& rutina);
 
-  pg_conn* conexion_;
+  CadenaConexion cadena_;
+  int espera_ms_;
+  std::shared_ptr<MemoriaDeFormas> memoria_;
+  Camino camino_;
+  std::unique_ptr<CanalPostgres> canal_;
+  std::unique_ptr<Catalogo> catalogo_;
+  std::shared_ptr<QByteArrayList> sobrantes_ = std::make_shared<QByteArrayList>();  // prepared, and no longer kept
+  Formas<PreparadaPostgres> formas_{300};
+  QHash<QString, Rutina> rutinas_;  // procedures, by their names in lower case
+  int preparadas_ = 0;
+  bool porIniciar_ = false;  // a transaction that the server has not heard of yet
+  bool abierta_ = false;     // one that it has
+  bool cambiada_ = false;    // ... and in which tables were made or changed
 };

@@ -1,10 +1,7 @@
 // What a prepared statement takes and gives.
-#include <algorithm>
-#include <cmath>
-
-#include "platform/sql/comparacion.h"
 #include "platform/sql/errores_sqlite.h"
 #include "platform/sql/motor_sqlite.h"
+#include "platform/sql/tope.h"
 
 namespace {
 
@@ -105,44 +102,17 @@ std::optional<ErrorBD> MotorSqlite::recorrer(Preparada& p, Recordset* rs, qint64
   return {};
 }
 
-// Reads what TOP leaves: whether a row equals the last one is seen by one more, and only then all are read.
 std::optional<ErrorBD> MotorSqlite::recorrerTope(Preparada& p, const SentenciaLeida& s, Recordset& rs) {
-  const Tope& t = p.forma->tope;
-  const int columnas = static_cast<int>(p.fechas.size()), visibles = columnas - t.agregadas;
-  const bool seSabe = static_cast<int>(p.forma->salida.size()) == visibles;
-  const auto iguales = [&](qsizetype a, qsizetype b) {
-    return std::all_of(t.claves.begin(), t.claves.end(), [&](int k) {
-      if (k >= 0 && !seSabe) return false;
-      const int columna = k >= 0 ? k : visibles - 1 - k;
-      const QVariant x = Recordset::Fila(rs, a)[columna], y = Recordset::Fila(rs, b)[columna];
-      if (x.typeId() != QMetaType::QString || y.typeId() != QMetaType::QString) return x == y;
-      return compararTextosSql(x.toString(), y.toString(), entorno_.dialecto == Dialecto::TSql) == 0;
-    });
-  };
-  auto error = recorrer(p, &rs, nullptr);
-  if (!error && t.empates && t.filas > 0 && rs.RecordCount() > t.filas && iguales(t.filas - 1, t.filas)) {
+  if (auto e = recorrer(p, &rs, nullptr)) return e;
+  return DejarTope(*p.forma, entorno_.dialecto, rs, [&](const QByteArray& texto) -> std::optional<ErrorBD> {
     Preparada todas;
     todas.forma = p.forma;
     todas.fechas = p.fechas;
     todas.campos = p.campos;
-    const int rc = compilar(p.forma->texto.left(p.forma->texto.lastIndexOf(t.limite.toUtf8())), 0, todas.sentencia);
-    if (rc != SQLITE_OK) return errorDe(base_, rc);
-    error = ligar(todas, s);
-    if (!error) error = recorrer(todas, &rs, nullptr);
-  }
-  if (error) return error;
-  const double parte = std::ceil(static_cast<double>(rs.RecordCount()) * std::clamp(t.porciento, 0.0, 100.0) / 100);
-  qsizetype quedan = std::min<qsizetype>(rs.RecordCount(), t.filas >= 0 ? t.filas : static_cast<qsizetype>(parte));
-  while (t.empates && quedan > 0 && quedan < rs.RecordCount() && iguales(quedan - 1, quedan)) ++quedan;
-  std::vector<std::vector<QVariant>> filas;
-  for (const auto& fila : rs) {
-    if (static_cast<qsizetype>(filas.size()) == quedan) break;
-    std::vector<QVariant> de;
-    for (int i = 0; i < visibles; ++i) de.push_back(fila[i]);
-    filas.push_back(std::move(de));
-  }
-  rs.llenar(p.campos.mid(0, visibles), std::move(filas));
-  return {};
+    if (const int rc = compilar(texto, 0, todas.sentencia); rc != SQLITE_OK) return errorDe(base_, rc);
+    auto error = ligar(todas, s);
+    return error ? error : recorrer(todas, &rs, nullptr);
+  });
 }
 
 // SELECT ... INTO: a table with the types of the list, then its rows; both or neither.

@@ -2,6 +2,7 @@
 #include <QHash>
 
 #include "platform/sql/cadena_conexion.h"
+#include "platform/sql/motor_odbc.h"
 #include "platform/sql/motor_postgres.h"
 #include "platform/sql/motor_sqlite.h"
 
@@ -21,13 +22,11 @@ class MotoresDelSistema final : public Motores {
       case TipoMotor::Embebido:
         return MotorSqlite::abrir(QDir(carpeta_).filePath(c.archivo), Dialecto::TSql, espera_ms, opciones_,
                                   memoriaDe(cadena), error);
-      case TipoMotor::Postgres: return MotorPostgres::abrir(c, espera_ms, error);
+      case TipoMotor::Postgres: return MotorPostgres::abrir(c, espera_ms, error, memoriaDe(cadena));
       case TipoMotor::SqlServer: break;
     }
-    error = {kErrorGeneral, 0,
-             c.servidor.isEmpty()
-                 ? QStringLiteral("La cadena de conexión no nombra ningún servidor.")
-                 : QStringLiteral("Este programa no tiene conector para el servidor '%1'.").arg(c.servidor)};
+    if (!c.servidor.isEmpty()) return MotorOdbc::abrir(c, espera_ms, opciones_.interrumpir, error);
+    error = {kErrorGeneral, 0, QStringLiteral("La cadena de conexión no nombra ningún servidor.")};
     return {};
   }
 

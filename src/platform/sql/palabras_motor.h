@@ -23,6 +23,16 @@ struct PalabrasMotor {
   QString (*literal)(const QVariant& valor);  // a qint64, double or text as it stands in a statement
   QString (*citado)(QString nombre);          // a name as it stands
   QStringView (*tipo)(Tipo tipo);             // how a column of that type is declared; empty for none
+  // Of an engine that knows types, not values: it wants one type where the dialects mix them, names as it folds them,
+  // and a column of texts compares there as the dialects do, whatever stands beside it.
+  bool tipado = false;
+  QStringView funciones{};   // before the name of a function of the dialects or of a server
+  QStringView divisor{};     // before what must not be zero, where the engine itself doesn't mind
+  QStringView recursiva{};   // behind WITH
+  QStringView empieza{};     // LIKE as a call, where an index may find what the pattern begins with
+  QStringView sumaEntera{};  // behind a sum of whole numbers, which is one
+  QString (*declarado)(const QString& tipo) = nullptr;  // a type as the dialect declares it, in capitals; "" keeps it
 };
 
 extern const PalabrasMotor kPalabrasSqlite;
+extern const PalabrasMotor kPalabrasPostgres;

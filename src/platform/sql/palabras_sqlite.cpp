@@ -45,4 +45,5 @@ const PalabrasMotor kPalabrasSqlite = {
     .literal = literal,
     .citado = citado,
     .tipo = tipo,
+    .divisor = u"tp_divisor(",
 };

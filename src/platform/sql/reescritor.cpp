@@ -15,7 +15,11 @@ Reescritura Reescritor::correr() {
     r.error = ErrorBD{kErrorSentencia, 0, QStringLiteral("La sentencia espera valores que no se han dado.")};
     return r;
   }
-  if (jet_) separarSignos();
+  if (jet_ || m_.tipado) separarSignos();
+  if (const QString ajeno = m_.tipado ? signoAjeno() : QString(); !ajeno.isEmpty()) {
+    r.error = ErrorBD{kErrorSentencia, 0, QStringLiteral("Sintaxis incorrecta cerca de '%1'.").arg(ajeno)};
+    return r;
+  }
   if (es(u"WITH")) {
     if (jet_) {
       r.error = ErrorBD{kErrorSentencia, 0, QStringLiteral("La sentencia no puede empezar con WITH.")};
@@ -43,6 +47,7 @@ Reescritura Reescritor::correr() {
   } else {
     if (!jet_ && tk(1).es(u"TRAN")) e_.reemplazar(1, QStringLiteral("TRANSACTION"));
     r.cambiaEsquema = es(u"CREATE") || es(u"ALTER") || es(u"DROP");
+    if (!jet_ && m_.declarado && r.cambiaEsquema) crear();
     return r;
   }
   if (!error_.isEmpty()) {
@@ -57,19 +62,40 @@ Reescritura Reescritor::correr() {
     r.error = ErrorBD{kErrorSentencia, 0, QStringLiteral("No hay tablas temporales: '%1'.").arg(tablaNueva_)};
   }
   r.tablaNueva = tablaNueva_;
+  r.serie = serie_;
   r.tope = tope_;
   return r;
 }
 
+void Reescritor::nombrar(int token) {
+  static constexpr QStringView kReservadas[] = {
+      u"ADD",     u"ALL",    u"ALTER",       u"AND",        u"AS",         u"BETWEEN", u"CASE",     u"CHECK",
+      u"COLLATE", u"COMMIT", u"CREATE",      u"CONSTRAINT", u"DEFAULT",    u"DELETE",  u"DISTINCT", u"DROP",
+      u"ELSE",    u"ESCAPE", u"EXISTS",      u"FOREIGN",    u"FROM",       u"GROUP",   u"HAVING",   u"IN",
+      u"INDEX",   u"INSERT", u"INTO",        u"IS",         u"JOIN",       u"LIKE",    u"NOT",      u"NULL",
+      u"ON",      u"OR",     u"ORDER",       u"PRIMARY",    u"REFERENCES", u"SELECT",  u"SET",      u"TABLE",
+      u"THEN",    u"TO",     u"TRANSACTION", u"UNION",      u"UNIQUE",     u"UPDATE",  u"USING",    u"VALUES",
+      u"WHEN",    u"WHERE",  u"LIMIT",       u"RETURNING",  u"ISNULL",     u"NOTNULL", u"TOP"};
+  if (!m_.tipado || tk(token).tipo != TipoToken::Nombre) return;
+  const bool ajena = tk(token).texto[0] == u'#' || std::any_of(std::begin(kReservadas), std::end(kReservadas),
+                                                               [&](QStringView r) { return tk(token).es(r); });
+  if (ajena) malEscrita(token);
+  e_.reemplazar(token, m_.citado(tk(token).texto.toString()));
+}
+
 // WITH name [(columns)] AS (SELECT ...), ...: tables that the statement behind them names.
 void Reescritor::comunes() {
+  if (!m_.recursiva.isEmpty()) e_.despues(p_, m_.recursiva.toString());
   ++p_;
   do {
     const QString nombre = contenido(tk(p_)).toLower();
-    ++p_;
+    nombrar(p_++);
     std::vector<Columna> columnas;
     if (comeOp(u"(")) {
-      for (; !fin() && !comeOp(u")"); comeOp(u",")) columnas.push_back({contenido(tk(p_++))});
+      for (; !fin() && !comeOp(u")"); comeOp(u",")) {
+        columnas.push_back({contenido(tk(p_))});
+        nombrar(p_++);
+      }
     }
     come(u"AS");
     if (!comeOp(u"(")) return;
@@ -112,13 +138,29 @@ bool Reescritor::pideParametros() const {
   return false;
 }
 
-// Two signs in a row begin a comment in the engine, and would take the rest of the statement away.
+// Two signs in a row begin a comment in the engine, and would take the rest of the statement away; or they are one
+// operator of its own.
 void Reescritor::separarSignos() {
+  static constexpr QStringView kSignos = u"+-*/<>=~!%&|";
   for (int i = 0; tk(i).tipo != TipoToken::Fin; ++i) {
     const bool juntos = tk(i).ini + tk(i).largo == tk(i + 1).ini;
     const bool comentario = (tk(i).op(u"-") && tk(i + 1).op(u"-")) || (tk(i).op(u"/") && tk(i + 1).op(u"*"));
-    if (juntos && comentario) e_.despues(i, QStringLiteral(" "));
+    const bool signos = m_.tipado && tk(i).tipo == TipoToken::Operador && tk(i + 1).tipo == TipoToken::Operador &&
+                        kSignos.contains(tk(i).texto[0]) && kSignos.contains(tk(i + 1).texto[0]);
+    if (juntos && (comentario || signos)) e_.despues(i, QStringLiteral(" "));
   }
+}
+
+// An operator that means something to the engine and nothing to the dialect; "" for none.
+QString Reescritor::signoAjeno() const {
+  for (int i = 0; tk(i).tipo != TipoToken::Fin; ++i) {
+    const Token& t = tk(i);
+    if (t.tipo != TipoToken::Operador) continue;
+    const bool tras = i > 0 && (tk(i - 1).literal() || tk(i - 1).tipo == TipoToken::NombreCitado || tk(i - 1).op(u")"));
+    const bool conocido = QStringView(u"(),.;*+-/%=<>&|~!").contains(t.texto[0]) && !(t.op(u"~") && tras);
+    if (!conocido) return t.texto.toString();
+  }
+  return {};
 }
 
 // SELECT ... [UNION [ALL] SELECT ...] [ORDER BY ...], and the closing parenthesis stays for the caller.
@@ -156,6 +198,7 @@ std::vector<Columna> Reescritor::nucleo(const std::vector<Columna>* destino, con
   const bool conTope = leerTope(tope);
   const int lista = p_;
   const int desde = buscarDesde(p_);
+  if (desde == lista) malEscrita(desde);
   // The columns of the first SELECT say how the rows of all are told apart.
   for (int i = desde, abiertos = 0; !distinto && tk(i).tipo != TipoToken::Fin && abiertos >= 0; ++i) {
     if (tk(i).op(u"(")) ++abiertos;
@@ -168,6 +211,8 @@ std::vector<Columna> Reescritor::nucleo(const std::vector<Columna>* destino, con
   ambito().primera = primera;
   std::vector<Columna> salida;
   nucleoCompleto(lista, desde, salida, destino);
+  const auto& de = ambito().fuentes;
+  if (maximo_ && ambitos_.size() == 2 && de.size() == 1 && !ambito().agrupado) serie_ = de[0].tabla;
   if (conTope && p_ > lista) ponerTope(tope, ini, lista, desde);
   ambitos_.pop_back();
   return salida;
@@ -269,7 +314,7 @@ std::vector<Columna> Reescritor::columnasDeInsercion(const Tabla* tabla) {
       }
     }
     columnas.push_back(std::move(c));
-    ++p_;
+    nombrar(p_++);
     comeOp(u",");
   }
   comeOp(u")");

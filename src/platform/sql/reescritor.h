@@ -43,6 +43,7 @@ class Reescritor {
     std::vector<Fuente> fuentes;
     bool ligable = false;   // a literal here is bound
     bool distinto = false;  // the list is of a SELECT DISTINCT
+    bool agrupado = false;  // it has a GROUP BY
     const std::vector<Columna>* primera =
         nullptr;                  // columns of the first SELECT of its UNION; null for the first itself
     int orden = -1;               // where its ORDER BY begins ...
@@ -59,6 +60,7 @@ class Reescritor {
   };
 
   // Sentences (reescritor.cpp)
+  QString signoAjeno() const;
   bool pideParametros() const;
   bool ajusteDeSesion() const;
   void separarSignos();
@@ -90,6 +92,10 @@ class Reescritor {
   const Fuente* fuenteDeColumna(int i) const;
   void borrarFilas();
 
+  // CREATE TABLE (reescritor_tablas.cpp)
+  void crear();
+  void declaracion();
+
   // FROM (reescritor_fuentes.cpp)
   void fuentes();
   void fuente();
@@ -120,6 +126,9 @@ class Reescritor {
   // Functions (funciones_dialecto.cpp)
   Nodo llamada(int ini);
   void argumentos(int nombre, std::vector<Nodo>& args, bool distintos);
+  void unTipo(int nombre, const ReglaFuncion* regla, std::vector<Nodo>& args);
+  Nodo siNo(int nombre, const std::vector<Nodo>& args, Nodo n);
+  void ventana();
   Nodo eleccion(int nombre, const std::vector<Nodo>& args, Nodo n);
   Nodo convertir(int ini);
   Nodo moldear(int ini);
@@ -145,6 +154,7 @@ class Reescritor {
   void haciaFecha(Nodo& otro);
   void fechaComoNumero(Nodo& n);
   void unNumeroUnTexto(Nodo& texto);
+  void unValor(Nodo& texto);
   Nodo sumar(Nodo a, int op, Nodo b);
   void comoTexto(const Nodo& n);
   void asignar(const Columna& destino, Nodo& n);
@@ -152,8 +162,10 @@ class Reescritor {
   bool asciiLiteral(const Nodo& n) const;
   bool esCodigo(const Nodo& n) const;
   bool porVariantes(const Nodo& columna, const Nodo& literal);
+  bool empieza(const Nodo& columna, const Nodo& patron) const;
   QString tramoDePatron(const Nodo& columna, const Nodo& patron);
   const Columna* columna(const QString& alias, const QString& nombre) const;
+  bool esAjena(const QString& alias, const QString& nombre) const;
 
   Ambito& ambito() { return ambitos_.back(); }
   const Ambito& ambito() const { return ambitos_.back(); }
@@ -168,6 +180,13 @@ class Reescritor {
     if (tk(p_).tipo != TipoToken::Fin) ++p_;
     return true;
   }
+  // What a typed engine might read in a way of its own is no statement of the dialect.
+  void malEscrita(int token) {
+    if (m_.tipado && error_.isEmpty())
+      error_ = QStringLiteral("Sintaxis incorrecta cerca de '%1'.").arg(tk(token).texto);
+  }
+  // A name as a typed engine takes it, whatever its words are; the dialect's own stay no names.
+  void nombrar(int token);
   // A literal is bound only where its scope says so: elsewhere the engine matches expressions by their text.
   void ligar(int token);
 
@@ -181,6 +200,8 @@ class Reescritor {
   bool rendido_ = false;
   QString error_;                                    // why the statement must not run
   QString tablaNueva_;                               // of SELECT ... INTO
+  bool maximo_ = false;                              // the outermost SELECT asks for a MAX
+  QString serie_;                                    // ... of this table
   Tope tope_;                                        // of the outermost SELECT
   std::map<QString, std::vector<Columna>> comunes_;  // named by WITH, in lower case
   std::deque<Ambito> ambitos_;

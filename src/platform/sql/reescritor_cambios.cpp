@@ -103,6 +103,7 @@ QStringList Reescritor::asignaciones(const Fuente* destino, bool junta) {
     }
     if (!tk(p_).nombre() || !tk(p_ + 1).op(u"=")) break;
     const QString col = contenido(tk(p_));
+    nombrar(p_);
     if (junta) {
       e_.borrar(p_);
       e_.borrar(p_ + 1);
@@ -112,7 +113,10 @@ QStringList Reescritor::asignaciones(const Fuente* destino, bool junta) {
     if (valor.vacio()) continue;
     for (size_t i = 0; destino && i < destino->columnas.size(); ++i) {
       const Columna& c = destino->columnas[i];
-      if (c.nombre.compare(col, Qt::CaseInsensitive) == 0) asignar(c, valor);
+      if (c.nombre.compare(col, Qt::CaseInsensitive) != 0) continue;
+      asignar(c, valor);
+      if (junta && m_.tipado && valor.tipo == Tipo::Nulo)
+        e_.despues(valor.fin - 1, QStringLiteral("::") + m_.tipo(c.tipo).toString());
     }
     if (!junta) continue;
     const QString v = QStringLiteral("v%1").arg(pone.size() + 1);

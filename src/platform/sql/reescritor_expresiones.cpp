@@ -94,7 +94,7 @@ Nodo Reescritor::binario(Nodo izq, int op, int prec) {
   }
   Nodo der = expresion(prec + 1);
   const Nodo logico{izq.ini, p_, der.vacio() ? Tipo::Desconocido : Tipo::Logico};
-  if (der.vacio()) return logico;
+  if (der.vacio()) return malEscrita(p_), logico;
   switch (prec) {
     case kO:
     case kY:
@@ -117,6 +117,7 @@ Nodo Reescritor::binario(Nodo izq, int op, int prec) {
   for (Nodo* lado : {&izq, &der}) {
     comoNumero(*lado);
     fechaComoNumero(*lado);
+    if (m_.tipado) unValor(*lado);
   }
   switch (prec) {
     case kModulo: return llamadaEntre(izq, op, u"tp_resto", Tipo::Entero);
@@ -154,8 +155,10 @@ Nodo Reescritor::predicado(Nodo izq, int op) {
   } else if (come(u"BETWEEN")) {
     Nodo desde = expresion(kUnir);
     comparar(izq, desde, true);
+    if (desde.vacio() || !es(u"AND")) malEscrita(p_);
     if (come(u"AND")) {
       Nodo hasta = expresion(kUnir);
+      if (hasta.vacio()) malEscrita(p_);
       comparar(izq, hasta, true);
     }
   } else if (come(u"IN")) {
@@ -163,15 +166,17 @@ Nodo Reescritor::predicado(Nodo izq, int op) {
   } else if (come(u"LIKE")) {
     const int signo = p_ - 1;
     const Nodo patron = expresion(kUnir);
-    if (patron.vacio()) return {izq.ini, p_, Tipo::Logico};
-    if (izq.tipo == Tipo::Fecha) comoTexto(izq);
+    if (patron.vacio()) return malEscrita(p_), Nodo{izq.ini, p_, Tipo::Logico};
+    if (izq.tipo == Tipo::Fecha || (m_.tipado && izq.tipo != Tipo::Texto)) comoTexto(izq);
     const QString tramo = negado || es(u"ESCAPE") ? QString() : tramoDePatron(izq, patron);
-    if (es(u"ESCAPE")) {
+    const bool conEscape = es(u"ESCAPE");
+    if (conEscape) {
       e_.reemplazar(p_, QStringLiteral(","));
       ++p_;
       expresion(kUnir);
     }
-    e_.antes(izq.ini, tramo + (negado ? m_.noParece : m_.parece).toString());
+    const bool porIndice = !m_.empieza.isEmpty() && !negado && !conEscape && empieza(izq, patron);
+    e_.antes(izq.ini, tramo + (negado ? m_.noParece : porIndice ? m_.empieza : m_.parece).toString());
     if (negado) e_.borrar(op);
     e_.reemplazar(signo, QStringLiteral(","));
     e_.despues(p_ - 1, negado || !tramo.isEmpty() ? QStringLiteral("))") : QStringLiteral(")"));
@@ -199,7 +204,7 @@ bool Reescritor::alinear(Nodo& sujeto, std::vector<Nodo>& valores) {
 
 Nodo Reescritor::enLista(Nodo izq, int op) {
   Nodo n{izq.ini, p_, Tipo::Logico};
-  if (!comeOp(u"(")) return n;
+  if (!comeOp(u"(")) return malEscrita(p_), n;
   if (es(u"SELECT") || tk(p_).op(u"(")) {
     const int dentro = p_;
     const std::vector<Columna> de = seleccion();
@@ -272,6 +277,7 @@ Nodo Reescritor::parentesis() {
     n.tipo = dentro.tipo;
     n.literal = dentro.literal;
     n.nombre = dentro.nombre;
+    if (tk(p_).op(u",")) malEscrita(p_);  // rows are no values
     while (comeOp(u",")) expresion();
   }
   if (!comeOp(u")")) {
@@ -325,6 +331,9 @@ Nodo Reescritor::nombreOLlamada() {
     n.ini = ini;
     return n;
   }
+  if (llama && m_.tipado) e_.reemplazar(ultimo, m_.funciones.toString() + m_.citado(contenido(tk(ultimo))));
+  else nombrar(ultimo);
+  if (!llama && ultimo > ini) nombrar(ultimo - 2);
   ++p_;
   Nodo n{ini, p_, Tipo::Desconocido, true};
   n.nombre = contenido(tk(ultimo));
@@ -333,6 +342,8 @@ Nodo Reescritor::nombreOLlamada() {
     n.tipo = c->tipo;
     n.columna = c->real;
     n.sinCaso = c->sinCaso;
+  } else if (m_.tipado && esAjena(alias, n.nombre)) {
+    malEscrita(ultimo);
   }
   return n;
 }

@@ -22,6 +22,7 @@ QString Reescritor::nombreDeTabla() {
   if (!jet_) {
     for (int i = p_; i < ultimo; ++i) e_.borrar(i);
   }
+  nombrar(ultimo);
   p_ = ultimo + 1;
   return contenido(tk(ultimo));
 }
@@ -31,6 +32,7 @@ QString Reescritor::aliasDeFuente(bool enCambio) {
   const bool conAs = come(u"AS");
   if (!tk(p_).nombre() || (!conAs && finDeExpresion(p_))) return {};
   if (!conAs && enCambio && m_.asEnCambios) e_.antes(p_, QStringLiteral("AS "));
+  nombrar(p_);
   return contenido(tk(p_++));
 }
 

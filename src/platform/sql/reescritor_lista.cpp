@@ -18,6 +18,7 @@ void Reescritor::listaDeSalida(int fin, std::vector<Columna>& salida, const std:
       ++p_;
     } else if (tk(p_).nombre() && tk(p_ + 1).op(u".") && tk(p_ + 2).op(u"*")) {
       todasLasColumnas(contenido(tk(p_)), salida);
+      nombrar(p_);
       p_ += 3;
     } else {
       unaColumna(fin, salida, destino);
@@ -47,6 +48,12 @@ void Reescritor::unaColumna(int fin, std::vector<Columna>& salida, const std::ve
   if (destino && salida.size() < destino->size()) asignar((*destino)[salida.size()], n);
   comoNumero(n);
   Columna c{n.nombre, n.tipo, n.sinCaso, n.columna};
+  if (es(u"OVER") && tk(p_ + 1).op(u"(")) {
+    ventana();
+    n.fin = p_;
+  }
+  // What is put in order by its name or its place takes its comparison along.
+  if (m_.tipado && n.tipo == Tipo::Texto && !n.columna && n.literal < 0) colacion(n);
   if (ambito().distinto && pideColacion(n)) {
     colacion(n);
     const bool conNombre = alias >= 0 || es(u"AS") || (tk(p_).nombre() && !finDeExpresion(p_));
@@ -57,8 +64,13 @@ void Reescritor::unaColumna(int fin, std::vector<Columna>& salida, const std::ve
     e_.borrar(alias);
     e_.borrar(alias + 1);
     e_.despues(n.fin - 1, QStringLiteral(" AS ") + m_.citado(c.nombre));
-  } else if (come(u"AS") || tk(p_).nombre() || tk(p_).tipo == TipoToken::Texto) {
-    if (p_ < fin) c.nombre = contenido(tk(p_++));
+  } else if (const bool conAs = come(u"AS"); conAs || tk(p_).nombre() || tk(p_).tipo == TipoToken::Texto) {
+    if (conAs && (p_ >= fin || !(tk(p_).nombre() || tk(p_).tipo == TipoToken::Texto))) malEscrita(p_);
+    if (p_ < fin) {
+      nombrar(p_);
+      if (m_.tipado) e_.reemplazar(p_, (conAs ? QString() : QStringLiteral("AS ")) + m_.citado(contenido(tk(p_))));
+      c.nombre = contenido(tk(p_++));
+    }
   }
   salida.push_back(std::move(c));
 }
@@ -86,6 +98,7 @@ const Columna* Reescritor::columnaDeOrden(const Nodo& n, const std::vector<Colum
 void Reescritor::ordenYGrupo(const std::vector<Columna>& salida) {
   const bool orden = es(u"ORDER");
   if (orden) ambito().orden = p_;
+  else ambito().agrupado = true;
   const std::vector<Columna>* primera = ambito().primera;
   std::vector<Clave> claves;
   ++p_;
@@ -97,8 +110,10 @@ void Reescritor::ordenYGrupo(const std::vector<Columna>& salida) {
     if (orden) comoNumero(n);
     const Columna* c = orden ? columnaDeOrden(n, primera ? *primera : salida) : nullptr;
     claves.push_back({c && !primera ? static_cast<int>(c - salida.data()) : -1, n.ini, n.fin});
-    const bool pide = c ? c->tipo == Tipo::Texto : orden ? n.tipo == Tipo::Texto && n.literal < 0 : pideColacion(n);
-    if (pide) e_.despues(n.fin - 1, m_.colacion.toString());
+    bool pide = c ? c->tipo == Tipo::Texto : orden ? n.tipo == Tipo::Texto && n.literal < 0 : pideColacion(n);
+    if (m_.tipado) pide = pide && orden && !c && !(n.columna && n.sinCaso);
+    if (pide && m_.tipado) colacion(n);
+    else if (pide) e_.despues(n.fin - 1, m_.colacion.toString());
     const bool baja = !come(u"ASC") && come(u"DESC");
     if (orden) e_.despues(p_ - 1, (baja ? m_.nulosBaja : m_.nulosSube).toString());
   } while (comeOp(u","));
@@ -114,7 +129,8 @@ void Reescritor::ponerTope(Tope tope, int ini, int lista, int desde) {
   if (a.primera || sigueOtro) {  // of one SELECT among several; the last one's ORDER BY is of all
     if (porciento) error_ = kSoloFuera;
     e_.antes(ini, QStringLiteral("SELECT * FROM ("));
-    e_.despues((a.orden > lista && !sigueOtro ? a.orden : p_) - 1, limite + u')');
+    e_.despues((a.orden > lista && !sigueOtro ? a.orden : p_) - 1,
+               limite + u')' + m_.sinNombre.toString() + (m_.sinNombre.isEmpty() ? QString() : QString::number(ini)));
     return;
   }
   const bool fuera = std::any_of(a.claves.begin(), a.claves.end(), [](const Clave& k) { return k.columna < 0; });

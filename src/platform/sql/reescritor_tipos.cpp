@@ -15,6 +15,19 @@ const Columna* Reescritor::columna(const QString& alias, const QString& nombre) 
   return nullptr;
 }
 
+// A name that is no column: a typed engine gives a whole row for a table's, and has columns of its own in every one.
+bool Reescritor::esAjena(const QString& alias, const QString& nombre) const {
+  for (const QStringView propia : {u"ctid", u"xmin", u"xmax", u"cmin", u"cmax", u"tableoid"}) {
+    if (nombre.compare(propia, Qt::CaseInsensitive) == 0) return true;
+  }
+  for (const Ambito& a : ambitos_) {
+    for (const Fuente& f : a.fuentes) {
+      if (alias.isEmpty() && f.alias.compare(nombre, Qt::CaseInsensitive) == 0) return true;
+    }
+  }
+  return false;
+}
+
 Tipo Reescritor::comun(Tipo a, Tipo b) const {
   if (a == b || b == Tipo::Nulo) return a;
   if (a == Tipo::Nulo) return b;
@@ -22,6 +35,7 @@ Tipo Reescritor::comun(Tipo a, Tipo b) const {
 }
 
 bool Reescritor::asciiLiteral(const Nodo& n) const {
+  if (m_.tipado) return true;
   if (n.literal < 0) return false;
   for (const QChar c : tk(n.literal).texto) {
     if (c.unicode() >= 0x80) return false;
@@ -31,6 +45,7 @@ bool Reescritor::asciiLiteral(const Nodo& n) const {
 
 void Reescritor::colacion(const Nodo& n) {
   const QString c = m_.colacion.toString();
+  if (m_.tipado && n.tipo != Tipo::Texto) return;  // numbers have none there
   if (n.primario) e_.despues(n.fin - 1, c);
   else e_.envolver(n.ini, n.fin, QStringLiteral("("), QStringLiteral(")") + c);
 }
@@ -46,9 +61,10 @@ void Reescritor::comoNumero(Nodo& n) {
 // The engine gives Null for a division by zero, the dialects an error. A number that stands there says what it is; it
 // stays in the statement, since one of the same shape may have a zero.
 void Reescritor::divisor(const Nodo& n) {
+  if (m_.divisor.isEmpty()) return;
   if (n.literal >= 0) e_.literal(n.literal)->ligado = false;
   if (n.literal >= 0 && leerNumero(contenido(tk(n.literal))).toDouble() != 0) return;
-  e_.envolver(n.ini, n.fin, QStringLiteral("tp_divisor("));
+  e_.envolver(n.ini, n.fin, m_.divisor.toString());
 }
 
 // Beside a number a date is its day, counted from the dialect's day 0, and the time of the day as a fraction.
@@ -90,6 +106,14 @@ void Reescritor::comparar(Nodo& a, Nodo& b, bool orden) {
 void Reescritor::compararTextos(Nodo& a, Nodo& b, bool orden) {
   sinFinales(a);
   sinFinales(b);
+  if (m_.tipado) {
+    for (const Nodo* n : {&a, &b}) {
+      if (n->tipo == Tipo::Texto && !n->columna && n->literal < 0)
+        e_.envolver(n->ini, n->fin, QStringLiteral("rtrim("));
+    }
+    if ((a.columna && a.sinCaso) || (b.columna && b.sinCaso)) return;
+    return colacion(b.tipo == Tipo::Texto ? b : a);
+  }
   const bool literalLlano = (a.columna && asciiLiteral(b)) || (b.columna && asciiLiteral(a));
   const bool sinCaso = (a.columna && a.sinCaso) || (!a.columna && b.sinCaso);  // the engine takes the left column's own
   if (!orden && sinCaso && (literalLlano || (esCodigo(a) && esCodigo(b)))) return;
@@ -107,7 +131,7 @@ bool Reescritor::porVariantes(const Nodo& columna, const Nodo& literal) {
   const int op = columna.fin;
   const bool igual = tk(op).op(u"=");
   const bool seguidos = literal.literal == op + 1 && literal.ini == op + 1 && literal.fin == op + 2;
-  if (!columna.columna || !columna.sinCaso || !seguidos) return false;
+  if (m_.tipado || !columna.columna || !columna.sinCaso || !seguidos) return false;
   if (!igual && !tk(op).op(u"<>") && !tk(op).op(u"!=")) return false;
   Literal& l = *e_.literal(literal.literal);
   QStringList lista;
@@ -121,10 +145,18 @@ bool Reescritor::porVariantes(const Nodo& columna, const Nodo& literal) {
   return true;
 }
 
+// Whether the pattern begins with letters, which the shape's key tells, and an index can find them.
+bool Reescritor::empieza(const Nodo& columna, const Nodo& patron) const {
+  if (!columna.columna || !columna.sinCaso || patron.literal < 0) return false;
+  const QString todo = contenido(tk(patron.literal));
+  return !todo.isEmpty() && !QStringView(u"%*_?#[").contains(todo[0]);
+}
+
 // A pattern that begins with plain letters lies between two texts, which an index finds: that condition, to stand
 // before the pattern's own; "" where there is none.
 QString Reescritor::tramoDePatron(const Nodo& columna, const Nodo& patron) {
-  if (!columna.columna || !columna.sinCaso || patron.literal < 0 || patron.fin != patron.ini + 1) return {};
+  if (m_.tipado || !columna.columna || !columna.sinCaso || patron.literal < 0 || patron.fin != patron.ini + 1)
+    return {};
   Literal& l = *e_.literal(patron.literal);
   const QString todo = leerLiteral(tk(patron.literal), l.lectura, e_.dialecto()).valor.toString();
   const QString inicio = inicioLlano(todo, e_.dialecto());
@@ -137,6 +169,7 @@ QString Reescritor::tramoDePatron(const Nodo& columna, const Nodo& patron) {
 
 // Columns that hold codes, which have no Ñ: by their names, c... and numbers that stand as texts, n...
 bool Reescritor::esCodigo(const Nodo& n) const {
+  if (m_.tipado) return n.columna && n.sinCaso;
   const QChar inicial = n.nombre.isEmpty() ? QChar() : n.nombre[0].toLower();
   return n.columna && n.sinCaso && (inicial == u'c' || inicial == u'n');
 }
@@ -144,6 +177,7 @@ bool Reescritor::esCodigo(const Nodo& n) const {
 // To tell texts apart or to find the highest: NOCASE knows no Ñ. Codes, whose columns are named c..., have none, and an
 // index serves them.
 bool Reescritor::pideColacion(const Nodo& n) const {
+  if (m_.tipado) return false;
   return n.tipo == Tipo::Texto && n.literal < 0 && !(n.sinCaso && n.nombre.startsWith(u'c', Qt::CaseInsensitive));
 }
 
@@ -162,6 +196,14 @@ void Reescritor::haciaFecha(Nodo& otro) {
 void Reescritor::unNumeroUnTexto(Nodo& texto) {
   if (texto.literal >= 0) e_.literal(texto.literal)->lectura = Lectura::NumeroEstricto;
   else e_.envolver(texto.ini, texto.fin, QStringLiteral("tp_num("));
+  texto.tipo = Tipo::Numero;
+}
+
+// A text that is reckoned with.
+void Reescritor::unValor(Nodo& texto) {
+  if (texto.tipo != Tipo::Texto) return;
+  if (texto.literal >= 0) e_.literal(texto.literal)->lectura = Lectura::NumeroEstricto;
+  else e_.envolver(texto.ini, texto.fin, QStringLiteral("tp_valor("));
   texto.tipo = Tipo::Numero;
 }
 
@@ -184,6 +226,13 @@ Nodo Reescritor::sumar(Nodo a, int op, Nodo b) {
     if (mas) e_.reemplazar(op, QStringLiteral("||"));
     n.tipo = Tipo::Texto;
     return n;
+  }
+  if (m_.tipado) {
+    for (Nodo* lado : {&a, &b}) {
+      const Nodo& otro = lado == &a ? b : a;
+      if (lado->tipo == Tipo::Texto && otro.tipo != Tipo::Fecha) unValor(*lado);
+      else if (lado->tipo == Tipo::Texto) haciaFecha(*lado);
+    }
   }
   if (a.tipo == Tipo::Fecha && b.tipo == Tipo::Fecha && !mas) {
     e_.envolver(n.ini, n.fin, QStringLiteral("tp_dias("));

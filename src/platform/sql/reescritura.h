@@ -21,6 +21,7 @@ struct Reescritura {
   std::vector<Columna> salida;  // columns of the result; empty when they can't be told
   bool cambiaEsquema = false;   // CREATE, ALTER, DROP: what is known of tables is stale afterwards
   QString tablaNueva;           // SELECT ... INTO: the table that its rows go to
+  QString serie;                // SELECT MAX(...): the table whose highest number it asks for, perhaps to draw the next
   Tope tope;
   std::optional<ErrorBD> error;  // the statement must not run
 };

@@ -41,18 +41,22 @@ LineaEstado::LineaEstado(QWidget* padre) : QFrame(padre) {
   const struct { QLabel*& rotulo; const char* nombre; } rotulos[] = {
       {caja_, "lblEstadoCaja"},       {turno_, "lblEstadoTurno"},       {usuario_, "lblEstadoUsuario"},
       {tc_, "lblEstadoTC"},           {central_, "lblEstadoCentral"},   {clientes_, "lblEstadoClientes"},
-      {papel_, "lblEstadoPapel"},
+      {aviso_, "lblEstadoAviso"},     {papel_, "lblEstadoPapel"},
   };
   // clang-format on
   for (const auto& r : rotulos) {
-    r.rotulo = &r.rotulo == &papel_ ? new RotuloQueSeAcorta : new QLabel;
+    const bool cabeLoQueSobra = &r.rotulo == &papel_ || &r.rotulo == &aviso_;
+    r.rotulo = cabeLoQueSobra ? new RotuloQueSeAcorta : new QLabel;
     r.rotulo->setObjectName(QLatin1String(r.nombre));
     r.rotulo->setTextFormat(Qt::PlainText);
     fila->addWidget(r.rotulo);
   }
-  // The last paper takes what is left; a long printer's name must not widen the window.
+  aviso_->setProperty("papel", "alto");
+  aviso_->hide();
+  // A warning and the last paper take what is left; a long one must not widen the window.
   papel_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   fila->setStretchFactor(papel_, 1);
+  fila->setStretchFactor(aviso_, 3);
 }
 
 void LineaEstado::mostrar(const DatosEstado& d) {
@@ -62,6 +66,9 @@ void LineaEstado::mostrar(const DatosEstado& d) {
   tc_->setText(d.tipoCambio.isEmpty() ? QStringLiteral("Sin T.C.") : QStringLiteral("T.C. ") + d.tipoCambio);
   conexion(central_, QStringLiteral("Central"), d.central);
   conexion(clientes_, QStringLiteral("Clientes"), d.clientes);
+  aviso_->setText(d.aviso);
+  aviso_->setToolTip(d.aviso);
+  aviso_->setVisible(!d.aviso.isEmpty());
   papel_->setText(d.papel);
   papel_->setToolTip(d.papel);
 }

@@ -15,5 +15,5 @@ class LineaEstado final : public QFrame {
   void mostrar(const DatosEstado& datos);
 
  private:
-  QLabel *caja_, *turno_, *usuario_, *tc_, *central_, *clientes_, *papel_;
+  QLabel *caja_, *turno_, *usuario_, *tc_, *central_, *clientes_, *aviso_, *papel_;
 };

@@ -1,13 +1,13 @@
-# Each "## name" begins on an empty central database, at 22:15 of 24/11/2026. A statement a line; behind it, indented, its
-# answer: cells by |, rows by /. Without an answer it must run; (nada) is no row.
+# Each "## name" begins on an empty central database; a moment of just now reads as <ahora>. A statement a line; behind
+# it, indented, its answer: cells by |, rows by /. Without an answer it must run; (nada) is no row.
 
 ## each closing has a head of its own
 exec spr_insertar_cabecera_z1 '00001', -1
   1
 exec SPR_Insertar_Cabecera_Z1 '00002', -2
   2
-SELECT idZ1, cCajaCodi, nidEstado, dFecha FROM TCABECERAZ1
-  1|00001|-1|<2026-11-24 22:15:00>/2|00002|-2|<2026-11-24 22:15:00>
+SELECT idZ1, cCajaCodi, nidEstado, dFecha FROM TCABECERAZ1 ORDER BY 1
+  1|00001|-1|<ahora>/2|00002|-2|<ahora>
 
 ## a closing that is begun again drops what it left
 exec spr_insertar_cabecera_z1 '00001', -1
@@ -19,9 +19,9 @@ exec spr_insertar_cabecera_z1 '00001', -2
 INSERT INTO TDETALLEZ1 (nidZ1) VALUES (1), (1), (2), (3)
 exec spr_insertar_cabecera_z1 '00001', -1
   4
-SELECT idZ1, cCajaCodi, nidEstado FROM TCABECERAZ1
+SELECT idZ1, cCajaCodi, nidEstado FROM TCABECERAZ1 ORDER BY 1
   2|00002|-1/3|00001|-2/4|00001|-1
-SELECT nidZ1 FROM TDETALLEZ1
+SELECT nidZ1 FROM TDETALLEZ1 ORDER BY 1
   2/3
 
 ## detail is grouped and averaged
@@ -30,12 +30,12 @@ INSERT INTO TDETALLEZ1 (nidZ1, cCajaCodi, dOperFech, cAlmaCode, cdocTipo, cProdC
 INSERT INTO TDETALLEZ1 (nidZ1, cCajaCodi, dOperFech, cAlmaCode, cdocTipo, cProdCode, nProdCant, nMonto) VALUES (1,'00001','2026-11-24 12:00:00','01',NULL,'000102',-1,-5), (2,'00001','2026-11-24 10:00:00','01','02','000101',9,9)
 exec spr_promediar_montos_z1 1
   (nada)
-SELECT DISTINCT cProdCode, nPrecioProm FROM TDETALLEZ1 WHERE nidZ1 = 1
+SELECT DISTINCT cProdCode, nPrecioProm FROM TDETALLEZ1 WHERE nidZ1 = 1 ORDER BY 1
   000101|11.25/000102|Null
 exec spr_agrupar_z1 1
   (nada)
-SELECT nidZ1, cdocTipo, cProdCode, nProdCant, nMonto FROM TDETALLEZ1
-  1|02|000101|3|33/1|01|000101|1|12/1|Null|000102|0|0/2|02|000101|9|9
+SELECT nidZ1, cdocTipo, cProdCode, nProdCant, nMonto FROM TDETALLEZ1 ORDER BY 1, 3, 2
+  1|01|000101|1|12/1|02|000101|3|33/1|Null|000102|0|0/2|02|000101|9|9
 
 ## cleaning takes one day of one till
 INSERT INTO Operacion (cOperID, cCajaCodi, dOperFech) VALUES (1,'00001','2026-11-23 23:59:59'), (2,'00001','2026-11-24 00:00:00'), (3,'00001','2026-11-24 23:59:59'), (4,'00001','2026-11-25 00:00:00')
@@ -91,11 +91,11 @@ exec usp_Log_Saldos '20261024', 'x', '*', '', 0, 0, '01'
 exec sp_send_cdosysmail 'a', 'b;c', 'Error', 'Detalle'
   (nada)
 SELECT * FROM CorreoSalida
-  <2026-11-24 22:15:00>|a|b;c|Error|Detalle
+  <ahora>|a|b;c|Error|Detalle
 exec spr_inserta_sincronizacion '00001'
   (nada)
 SELECT * FROM SincronizacionCaja
-  00001|<2026-11-24 22:15:00>
+  00001|<ahora>
 exec spr_agrupar_z1
   error: El procedimiento spr_agrupar_z1 lleva 1 argumentos y recibió 0.
 # No rate, no answer.
@@ -104,3 +104,12 @@ SELECT dbo.fnRetornarIGV()
 INSERT INTO parametro (cCodParam, nmonto1) VALUES ('IGV', 18)
 SELECT dbo.fnRetornarIGV()
   0.18
+
+## blanks at the end and case of a text do not count
+INSERT INTO Venta01 (cCodVta, TipoDoc, cSerieDoc, NroDoc, cClienteCode, IdLocal, DscCliente, TotVta, TotVtaUSD, cCodMoneda, cCodTipoCredito) VALUES (1,'0a','F1','000001','5',1,'ANA',100,33,'n','x')
+INSERT INTO Pagos (TipoDoc, cSerieDoc, NroDoc, Monto, Moneda, nTipoCambio) VALUES ('0A','f1 ','000001 ',10,'e ',3), ('0a ','F1','000001',3,'N',3)
+INSERT INTO TipoCredito VALUES ('X ','30 DIAS')
+exec usp_sel_ListadoDocumentosPendientesPago '0A  '
+  0a|F1|000001|Null|SUR|ANA|5|1|SOLES|100|33|67|22
+exec usp_sel_ListadoDocumentosPendientesNC '0A '
+  1|Null|0a|F1|000001|5|1|SUR|ANA|Null|100|33|n|30 DIAS|Null

@@ -1,4 +1,4 @@
--- Central database, embedded engine.
+-- Central database, for every engine, in the language of platform/sql/esquema.h.
 
 -- Catalogue
 CREATE TABLE UnidadMedida (
@@ -11,26 +11,26 @@ CREATE TABLE Articulo (
   vDscartic TEXT,
   cCodCatal TEXT,
   vDscartCt TEXT,
-  bSwActivo INTEGER DEFAULT 0,
-  bswensamb INTEGER DEFAULT 0,
-  bswCtrlStck INTEGER DEFAULT 0,
-  cFlagCanje INTEGER DEFAULT 0,
+  bSwActivo SMALLINT DEFAULT 0,
+  bswensamb SMALLINT DEFAULT 0,
+  bswCtrlStck SMALLINT DEFAULT 0,
+  cFlagCanje SMALLINT DEFAULT 0,
   nPtosxItem INTEGER DEFAULT 0,
-  nFlagServ INTEGER DEFAULT 0,
+  nFlagServ SMALLINT DEFAULT 0,
   cUndSalida TEXT,
-  bFlagDetracc INTEGER DEFAULT 0,
-  bFlagVenta INTEGER DEFAULT 1,
-  bFlagDesc INTEGER DEFAULT 0,
+  bFlagDetracc SMALLINT DEFAULT 0,
+  bFlagVenta SMALLINT DEFAULT 1,
+  bFlagDesc SMALLINT DEFAULT 0,
   cCodProve TEXT,
   CCODLINEA TEXT,
   dFechCrea DATETIME,
   dFechModi DATETIME
 );
 CREATE TABLE ArticuloPrecioVenta (
-  cCodArtic TEXT NOT NULL, nNumItem INTEGER NOT NULL, nPrecioVtaNew REAL DEFAULT 0, PRIMARY KEY (cCodArtic, nNumItem)
+  cCodArtic TEXT NOT NULL, nNumItem INTEGER NOT NULL, nPrecioVtaNew NUMERIC(18,6) DEFAULT 0, PRIMARY KEY (cCodArtic, nNumItem)
 );
 CREATE TABLE Almacen (cCodAlmac TEXT NOT NULL PRIMARY KEY, vDscAlmac TEXT);
-CREATE TABLE parametro (cCodParam TEXT NOT NULL PRIMARY KEY, nmonto1 REAL, vtexto1 TEXT);
+CREATE TABLE parametro (cCodParam TEXT NOT NULL PRIMARY KEY, nmonto1 NUMERIC(18,6), vtexto1 TEXT);
 
 -- Customers and cards, from where the desks pull them
 CREATE TABLE Cliente (
@@ -53,14 +53,14 @@ CREATE TABLE Tarjeta (
   cClieCode INTEGER,
   IdLocal INTEGER NOT NULL DEFAULT 0,
   nTarjNumb TEXT NOT NULL,
-  cTarjActi INTEGER DEFAULT 1,
+  cTarjActi SMALLINT DEFAULT 1,
   dEmisDate DATETIME, dCaduDate DATETIME,
   sUserDesc TEXT,
   dUltOper DATETIME,
   dFechCrea DATETIME, dFechModi DATETIME,
   PRIMARY KEY (nTarjNumb, IdLocal)
 );
-CREATE TABLE local (idlocal INTEGER PRIMARY KEY, dsclocal TEXT, Activo INTEGER DEFAULT 0);
+CREATE TABLE local (idlocal INTEGER PRIMARY KEY, dsclocal TEXT, Activo SMALLINT DEFAULT 0);
 
 -- Credit accounts
 CREATE TABLE TipoCredito (cCodTipoCredito TEXT NOT NULL PRIMARY KEY, vDscTipoCredito TEXT);
@@ -77,21 +77,21 @@ CREATE TABLE Venta01 (
   IdLocal INTEGER,
   DscCliente TEXT,
   NroRuc TEXT,
-  ValorVta REAL DEFAULT 0,
-  Igv REAL DEFAULT 0,
-  Serv REAL DEFAULT 0,
-  TotVta REAL DEFAULT 0,
-  nPorcIGV REAL DEFAULT 0,
-  TotVtaUSD REAL DEFAULT 0,
+  ValorVta NUMERIC(18,6) DEFAULT 0,
+  Igv NUMERIC(18,6) DEFAULT 0,
+  Serv NUMERIC(18,6) DEFAULT 0,
+  TotVta NUMERIC(18,6) DEFAULT 0,
+  nPorcIGV NUMERIC(18,6) DEFAULT 0,
+  TotVtaUSD NUMERIC(18,6) DEFAULT 0,
   cCodMoneda TEXT,
-  nTipoCambio REAL DEFAULT 0,
+  nTipoCambio NUMERIC(18,6) DEFAULT 0,
   cCodTipoCredito TEXT,
   fechaemision DATETIME,
   FechaAnulacion DATETIME,
   FechaVencimiento DATETIME,
   cCodCabVtaRef TEXT,
-  bTieneDetraccion INTEGER DEFAULT 0,
-  bLiquidado INTEGER DEFAULT 0
+  bTieneDetraccion SMALLINT DEFAULT 0,
+  bLiquidado SMALLINT DEFAULT 0
 );
 CREATE INDEX Venta01_serie ON Venta01 (cSerieDoc, NroDoc);
 CREATE INDEX Venta01_caja ON Venta01 (cCodCaja, TipoDoc, NroDoc);
@@ -100,10 +100,10 @@ CREATE TABLE Venta02 (
   NroItem INTEGER NOT NULL,
   cCodartic TEXT,
   sProdDscCrta TEXT,
-  nPrecioOrig REAL DEFAULT 0,
-  nQtdVendida REAL DEFAULT 0,
-  nDescuento REAL DEFAULT 0,
-  nServicio REAL DEFAULT 0,
+  nPrecioOrig NUMERIC(18,6) DEFAULT 0,
+  nQtdVendida NUMERIC(18,6) DEFAULT 0,
+  nDescuento NUMERIC(18,6) DEFAULT 0,
+  nServicio NUMERIC(18,6) DEFAULT 0,
   PRIMARY KEY (cCodVta, NroItem)
 );
 CREATE TABLE Pagos (
@@ -116,9 +116,9 @@ CREATE TABLE Pagos (
   NroItem INTEGER,
   FormaPago TEXT,
   FechaPago DATETIME,
-  Monto REAL DEFAULT 0,
+  Monto NUMERIC(18,6) DEFAULT 0,
   Moneda TEXT,
-  nTipoCambio REAL DEFAULT 0,
+  nTipoCambio NUMERIC(18,6) DEFAULT 0,
   IdTarjeta TEXT,
   IdBanco TEXT,
   NroCtaBancaria TEXT,
@@ -127,7 +127,7 @@ CREATE TABLE Pagos (
   NroDepositoDetraccion TEXT,
   cClieCode INTEGER,
   idLocal INTEGER,
-  bEsPagoDetraccion INTEGER DEFAULT 0,
+  bEsPagoDetraccion SMALLINT DEFAULT 0,
   FechaAnulacion DATETIME
 );
 CREATE INDEX Pagos_recibo ON Pagos (cSerieDocPago, NroDocPago);
@@ -136,15 +136,15 @@ CREATE INDEX Pagos_cliente ON Pagos (cClieCode, idLocal);
 CREATE TABLE Detraccion (
   SerieDoc TEXT,
   NroDoc TEXT,
-  MontoDetracc REAL DEFAULT 0,
-  PorcDetracc REAL DEFAULT 0,
+  MontoDetracc NUMERIC(18,6) DEFAULT 0,
+  PorcDetracc NUMERIC(18,6) DEFAULT 0,
   Estado TEXT,
   Observaciones TEXT
 );
 CREATE INDEX Detraccion_documento ON Detraccion (SerieDoc, NroDoc);
 -- Documents that the accounts have posted: what stands here is not taken up a second time.
 CREATE TABLE Cuentacte (
-  cSerieDoc TEXT, cNroDoc TEXT, cCodCaja TEXT, cTipoDoc TEXT, dFecha DATETIME, nMonto REAL DEFAULT 0
+  cSerieDoc TEXT, cNroDoc TEXT, cCodCaja TEXT, cTipoDoc TEXT, dFecha DATETIME, nMonto NUMERIC(18,6) DEFAULT 0
 );
 CREATE INDEX Cuentacte_documento ON Cuentacte (cSerieDoc, cNroDoc, cCodCaja);
 
@@ -156,17 +156,17 @@ CREATE TABLE Operacion (
   nTarjNumb TEXT,
   cAlmaCode TEXT,
   cProdCode TEXT,
-  nProdCant REAL DEFAULT 0,
-  nProdPrecUnit REAL DEFAULT 0,
-  nMontoSoles REAL DEFAULT 0,
-  nMontoDolares REAL DEFAULT 0,
-  nVueltoDolares REAL DEFAULT 0,
+  nProdCant NUMERIC(18,6) DEFAULT 0,
+  nProdPrecUnit NUMERIC(18,6) DEFAULT 0,
+  nMontoSoles NUMERIC(18,6) DEFAULT 0,
+  nMontoDolares NUMERIC(18,6) DEFAULT 0,
+  nVueltoDolares NUMERIC(18,6) DEFAULT 0,
   dOperFech DATETIME,
   cOperTipo INTEGER DEFAULT 0,
   cCajaCodi TEXT NOT NULL,
   cTurnoCodi TEXT,
-  nDscto REAL DEFAULT 0,
-  nServicio REAL DEFAULT 0,
+  nDscto NUMERIC(18,6) DEFAULT 0,
+  nServicio NUMERIC(18,6) DEFAULT 0,
   cDocTipo TEXT,
   cDocSerie TEXT,
   cDocCodigo TEXT,
@@ -174,8 +174,8 @@ CREATE TABLE Operacion (
   cEmisor TEXT,
   cSupervisor TEXT,
   cOperCodeAnula INTEGER DEFAULT 0,
-  cOperFlagAnula INTEGER DEFAULT 0,
-  cOperFlagAbierto INTEGER DEFAULT 1,
+  cOperFlagAnula SMALLINT DEFAULT 0,
+  cOperFlagAbierto SMALLINT DEFAULT 1,
   cFlagSincronizacion TEXT DEFAULT '0',
   IdLocal INTEGER,
   cCodiCLie TEXT,
@@ -192,12 +192,12 @@ CREATE TABLE OperacionParalela (
   dOperFech DATETIME,
   nTarjNumb TEXT,
   nMoneda INTEGER DEFAULT 0,
-  nMontoSoles REAL DEFAULT 0,
-  nMontoDolares REAL DEFAULT 0,
-  nEfectivoSoles REAL DEFAULT 0,
-  nEfectivoDolares REAL DEFAULT 0,
-  nVueltoSoles REAL DEFAULT 0,
-  nVueltoDolares REAL DEFAULT 0,
+  nMontoSoles NUMERIC(18,6) DEFAULT 0,
+  nMontoDolares NUMERIC(18,6) DEFAULT 0,
+  nEfectivoSoles NUMERIC(18,6) DEFAULT 0,
+  nEfectivoDolares NUMERIC(18,6) DEFAULT 0,
+  nVueltoSoles NUMERIC(18,6) DEFAULT 0,
+  nVueltoDolares NUMERIC(18,6) DEFAULT 0,
   sGlosa TEXT,
   cEstado TEXT,
   cTurnoCodi TEXT,
@@ -205,7 +205,7 @@ CREATE TABLE OperacionParalela (
   cFlagSincronizacion TEXT DEFAULT '0',
   cOperCodeRela INTEGER DEFAULT 0,
   cOperCodeAnul INTEGER DEFAULT 0,
-  cOperFlagAbierto INTEGER DEFAULT 1,
+  cOperFlagAbierto SMALLINT DEFAULT 1,
   cDocSerie TEXT,
   cDocCodigo TEXT,
   cDocTipo TEXT,
@@ -221,18 +221,18 @@ CREATE TABLE OperacionParalelaProducto (
   nItem INTEGER,
   cAlmaCode TEXT,
   cProdCode TEXT,
-  nProdCant REAL DEFAULT 0,
-  nProdPrecUnit REAL DEFAULT 0,
-  nDscto REAL DEFAULT 0,
-  nServicio REAL DEFAULT 0,
+  nProdCant NUMERIC(18,6) DEFAULT 0,
+  nProdPrecUnit NUMERIC(18,6) DEFAULT 0,
+  nDscto NUMERIC(18,6) DEFAULT 0,
+  nServicio NUMERIC(18,6) DEFAULT 0,
   cSupervisor TEXT
 );
 CREATE INDEX OperacionParalelaProducto_codigo ON OperacionParalelaProducto (cCajaCodi, cOperCode);
 CREATE TABLE CabeceraZ (
   IdZ INTEGER NOT NULL,
   Caja TEXT NOT NULL,
-  CantidadTotal REAL DEFAULT 0,
-  MontoTotal REAL DEFAULT 0,
+  CantidadTotal NUMERIC(18,6) DEFAULT 0,
+  MontoTotal NUMERIC(18,6) DEFAULT 0,
   Fecha DATETIME,
   RangoTKBOL TEXT,
   RangoTKFAC TEXT,
@@ -245,7 +245,7 @@ CREATE TABLE CabeceraZ (
   PRIMARY KEY (IdZ, Caja)
 );
 CREATE TABLE DetalleZ (
-  IdZ INTEGER NOT NULL, Caja TEXT NOT NULL, nItem INTEGER, CodProd INTEGER, DscProd TEXT, Cantidad REAL DEFAULT 0
+  IdZ INTEGER NOT NULL, Caja TEXT NOT NULL, nItem INTEGER, CodProd INTEGER, DscProd TEXT, Cantidad NUMERIC(18,6) DEFAULT 0
 );
 CREATE INDEX DetalleZ_id ON DetalleZ (IdZ, Caja);
 -- nidEstado: -1 a closing runs, -2 made by a synchronisation, 0 the closing has ended.
@@ -260,9 +260,9 @@ CREATE TABLE TDETALLEZ1 (
   cAlmaCode TEXT,
   cdocTipo TEXT,
   cProdCode TEXT,
-  nProdCant REAL DEFAULT 0,
-  nMonto REAL DEFAULT 0,
-  nPrecioProm REAL
+  nProdCant NUMERIC(18,6) DEFAULT 0,
+  nMonto NUMERIC(18,6) DEFAULT 0,
+  nPrecioProm NUMERIC(18,6)
 );
 CREATE INDEX TDETALLEZ1_id ON TDETALLEZ1 (nidZ1);
 CREATE TABLE SincronizacionCaja (cCajaCodi TEXT, dFecha DATETIME);
@@ -275,12 +275,12 @@ CREATE TABLE ZANKEBMOVIVNTA (
   cDocTipo TEXT,
   cDocSerie TEXT,
   cProdCode TEXT,
-  nCantidad REAL DEFAULT 0,
-  nMonto REAL DEFAULT 0
+  nCantidad NUMERIC(18,6) DEFAULT 0,
+  nMonto NUMERIC(18,6) DEFAULT 0
 );
 CREATE INDEX ZANKEBMOVIVNTA_fecha ON ZANKEBMOVIVNTA (dFecha);
 CREATE TABLE SaldoArticulo (
-  cCodAlmac TEXT NOT NULL, cCodArtic TEXT NOT NULL, dFecha DATETIME NOT NULL, nSaldo REAL DEFAULT 0,
+  cCodAlmac TEXT NOT NULL, cCodArtic TEXT NOT NULL, dFecha DATETIME NOT NULL, nSaldo NUMERIC(18,6) DEFAULT 0,
   PRIMARY KEY (cCodAlmac, cCodArtic, dFecha)
 );
 

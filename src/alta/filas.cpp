@@ -1,4 +1,4 @@
-#include "admin/filas.h"
+#include "alta/filas.h"
 
 #include <QStringList>
 

@@ -1,9 +1,9 @@
-#include "admin/crear_servidor.h"
+#include "alta/crear_servidor.h"
 
 #include <QDir>
 
-#include "admin/filas.h"
-#include "platform/sql/cadena_conexion.h"
+#include "alta/filas.h"
+#include "postgres/base_postgres.h"
 
 QStringList FilasDelCentral(const QString& almacen) {
   QStringList s;
@@ -50,4 +50,11 @@ std::optional<QString> ArchivoDeServidor(const QString& servidor, const QString&
   const CadenaConexion c = leerCadenaConexion(QStringLiteral("Data Source=") + servidor);
   if (c.tipo != TipoMotor::Embebido || c.archivo.isEmpty()) return {};
   return QDir(carpeta).absoluteFilePath(c.archivo);
+}
+
+std::optional<CadenaConexion> ServidorDePalabras(const QString& palabras, BaseServidor base) {
+  CadenaConexion supuestos;
+  supuestos.usuario = QStringLiteral("tarvopos");
+  supuestos.catalogo = base == BaseServidor::Central ? QStringLiteral("central") : QStringLiteral("cliente");
+  return leerServidorPostgres(palabras, supuestos);
 }

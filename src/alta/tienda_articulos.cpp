@@ -1,4 +1,4 @@
-#include "admin/tienda_articulos.h"
+#include "alta/tienda_articulos.h"
 
 namespace {
 

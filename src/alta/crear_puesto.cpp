@@ -1,18 +1,19 @@
-#include "admin/crear_puesto.h"
+#include "alta/crear_puesto.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QRandomGenerator>
 
-#include "admin/crear_servidor.h"
-#include "admin/filas.h"
-#include "admin/tienda_demo.h"
+#include "alta/crear_servidor.h"
+#include "alta/filas.h"
+#include "alta/tienda_demo.h"
 #include "foundation/acceso.h"
 #include "foundation/clave.h"
 #include "platform/io/archivo.h"
 #include "platform/sql/crear_sqlite.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
+#include "postgres/base_postgres.h"
 #include "servidores.h"
 #include "store/codigos.h"
 #include "store/numeracion.h"
@@ -28,15 +29,44 @@ struct Ajuste {
   QString valor;
 };
 
+// A PostgreSQL server with what was told beside its name.
+std::optional<CadenaConexion> postgresDe(const QString& palabras, const AccesoServidor& acceso, BaseServidor base) {
+  auto c = ServidorDePalabras(palabras, base);
+  if (!c) return {};
+  if (!acceso.base.isEmpty()) c->catalogo = acceso.base;
+  if (!acceso.usuario.isEmpty()) c->usuario = acceso.usuario;
+  if (!acceso.clave.isEmpty()) c->clave = acceso.clave;
+  return c;
+}
+
+// What the settings say of a server; another kind than PostgreSQL bears no user in its name.
+CadenaConexion enAjustes(const DatosPuesto& d, BaseServidor base) {
+  const bool central = base == BaseServidor::Central;
+  const QString& palabras = central ? d.central : d.cliente;
+  const AccesoServidor& acceso = central ? d.accesoCentral : d.accesoCliente;
+  if (auto c = postgresDe(palabras, acceso, base)) {
+    c->servidor.prepend(QStringLiteral("postgres:"));
+    return *c;
+  }
+  CadenaConexion c;
+  c.servidor = palabras;
+  c.usuario = acceso.usuario;
+  c.clave = acceso.clave;
+  c.catalogo = !acceso.base.isEmpty() ? acceso.base : central ? QStringLiteral("central") : QStringLiteral("cliente");
+  return c;
+}
+
 // Every setting, once: the file and the row of Configuracion are both made of this list.
 std::vector<Ajuste> ajustes(const DatosPuesto& d) {
   const QString serie = SerieInicial(TipoDocumento::Boleta, d.caja);
   const QString cero = QStringLiteral("0");
+  const CadenaConexion central = enAjustes(d, BaseServidor::Central);
+  const CadenaConexion cliente = enAjustes(d, BaseServidor::Cliente);
   return {
-      {"INICIO", "UserName", {}},
-      {"INICIO", "PassWord", {}},
-      {"INICIO", "DataBase", QStringLiteral("central")},
-      {"INICIO", "DataServer", d.central},
+      {"INICIO", "UserName", central.usuario},
+      {"INICIO", "PassWord", central.clave},
+      {"INICIO", "DataBase", central.catalogo},
+      {"INICIO", "DataServer", central.servidor},
       {"INICIO", "RutaBDCliente", {}},
       {"PARAMETROS", "Caja", d.caja},
       {"PARAMETROS", "Almacen", d.almacen},
@@ -55,10 +85,10 @@ std::vector<Ajuste> ajustes(const DatosPuesto& d) {
       {"PARAMETROS", "PRINTER", QStringLiteral("EPSON")},
       {"PARAMETROS", "PuertoPrinter", QStringLiteral("LPT1")},
       {"PARAMETROS", "nIGV", {}},
-      {"SQLServer", "ServidorSQL", d.cliente},
-      {"SQLServer", "UserSQL", {}},
-      {"SQLServer", "PwdUserSQL", {}},
-      {"SQLServer", "BaseDatosSQL", QStringLiteral("cliente")},
+      {"SQLServer", "ServidorSQL", cliente.servidor},
+      {"SQLServer", "UserSQL", cliente.usuario},
+      {"SQLServer", "PwdUserSQL", cliente.clave},
+      {"SQLServer", "BaseDatosSQL", cliente.catalogo},
       {"SQLServer", "IdionaSQLServer", QStringLiteral("ENGLISH")},
   };
 }
@@ -134,8 +164,16 @@ std::optional<QString> revisar(const DatosPuesto& d) {
   if (!EsNumerico(d.servicio) || d.servicio.contains(u',') || Val(d.servicio) < 0 || Val(d.servicio) > 100) {
     return QStringLiteral("El porcentaje de servicio es un número de 0 a 100.");
   }
+  for (const QString& texto : {d.accesoCentral.base, d.accesoCentral.usuario, d.accesoCentral.clave,
+                               d.accesoCliente.base, d.accesoCliente.usuario, d.accesoCliente.clave}) {
+    // They stand in a connection string and in a line of the settings.
+    if (texto.contains(u';') || texto.contains(u'\n') || texto.size() > 254) {
+      return QStringLiteral("Base, usuario y clave de un servidor no pueden llevar punto y coma.");
+    }
+  }
   for (const QString& servidor : {d.central, d.cliente}) {
-    if (servidor.trimmed().isEmpty() || servidor.contains(u';') || servidor == u"sqlite:") {
+    const bool ilegible = servidor.startsWith(u"postgres:") && !ServidorDePalabras(servidor, BaseServidor::Central);
+    if (servidor.trimmed().isEmpty() || servidor.contains(u';') || servidor == u"sqlite:" || ilegible) {
       return QStringLiteral("El nombre de servidor «%1» no es válido.").arg(servidor);
     }
   }
@@ -196,11 +234,24 @@ class Obra {
   QStringList hechos_, carpetas_;  // the innermost folder first
 };
 
-std::optional<QString> servidorQueFalta(Obra& obra, const QString& servidor, const QString& carpeta,
-                                        const QStringList& sentencias) {
-  const auto archivo = ArchivoDeServidor(servidor, carpeta);
-  if (!archivo || QFileInfo::exists(*archivo)) return {};
-  return obra.base(*archivo, sentencias);
+std::optional<QString> servidorQueFalta(Obra& obra, const DatosPuesto& d, BaseServidor base, const QStringList& filas,
+                                        QStringList& hecho) {
+  const bool central = base == BaseServidor::Central;
+  const QString& servidor = central ? d.central : d.cliente;
+  if (const auto archivo = ArchivoDeServidor(servidor, d.carpeta)) {
+    if (QFileInfo::exists(*archivo)) return {};
+    return obra.base(*archivo, tablasDelServidor(base, LenguajeMotor::Sqlite) + filas);
+  }
+  const auto c = postgresDe(servidor, central ? d.accesoCentral : d.accesoCliente, base);
+  if (!c) return {};
+  const ResultadoBase r = CrearBasePostgres(*c, base, filas);
+  if (r.fin == FinBase::Fallo) return r.palabras;
+  if (r.fin == FinBase::Hecha) {
+    hecho << QStringLiteral("Base de datos %1 creada en el servidor %2.").arg(c->catalogo, c->servidor);
+  } else if (r.fin == FinBase::Lejos) {
+    hecho << QStringLiteral("Aviso: no se pudo entrar en el servidor %1: %2").arg(c->servidor, r.palabras);
+  }
+  return {};
 }
 
 }  // namespace
@@ -212,6 +263,11 @@ QString ClaveAlAzar() {
   return clave;
 }
 
+QString CadenaDelServidor(const DatosPuesto& d, BaseServidor base) {
+  const CadenaConexion c = enAjustes(d, base);
+  return cadenaDeServidor(c.usuario, c.clave, c.catalogo, c.servidor);
+}
+
 QStringList AvisosDePuesto(const DatosPuesto& d) {
   QStringList avisos;
   if (d.caja.size() > 2 && Val(d.caja) > 99) {
@@ -219,8 +275,9 @@ QStringList AvisosDePuesto(const DatosPuesto& d) {
                              "ninguna otra caja puede terminar igual.")
                   .arg(SerieInicial(TipoDocumento::Boleta, d.caja));
   }
-  for (const QString& servidor : {d.central, d.cliente}) {
-    if (ArchivoDeServidor(servidor, d.carpeta)) continue;
+  for (const auto& [servidor, acceso] : {std::pair(d.central, d.accesoCentral), {d.cliente, d.accesoCliente}}) {
+    if (ArchivoDeServidor(servidor, d.carpeta) || ServidorDePalabras(servidor, BaseServidor::Central)) continue;
+    if (!acceso.usuario.isEmpty()) continue;
     avisos << QStringLiteral("Aviso: el servidor %1 no se crea aquí; escriba su usuario y su clave en KEB.cfg y en la "
                              "tabla Configuracion.")
                   .arg(servidor);
@@ -228,18 +285,19 @@ QStringList AvisosDePuesto(const DatosPuesto& d) {
   return avisos;
 }
 
-std::optional<QString> CrearPuesto(const DatosPuesto& d) {
+std::optional<QString> CrearPuesto(const DatosPuesto& d, QStringList* hecho) {
   if (auto error = revisar(d)) return error;
+  QStringList propio;
+  QStringList& dicho = hecho ? *hecho : propio;
   Obra obra;
   if (auto error = obra.carpeta(d.carpeta)) return error;
-  QStringList central = tablasDelCentral() + FilasDelCentral(d.almacen);
-  QStringList cliente = tablasDelCliente() + FilasDelCliente();
+  QStringList central = FilasDelCentral(d.almacen), cliente = FilasDelCliente();
   if (d.demo) {
     central += TiendaDelCentral(d.ahora);
     cliente += TiendaDelCliente(d.ahora);
   }
-  if (auto error = servidorQueFalta(obra, d.central, d.carpeta, central)) return error;
-  if (auto error = servidorQueFalta(obra, d.cliente, d.carpeta, cliente)) return error;
+  if (auto e = servidorQueFalta(obra, d, BaseServidor::Central, central, dicho)) return e;
+  if (auto e = servidorQueFalta(obra, d, BaseServidor::Cliente, cliente, dicho)) return e;
   const QDir carpeta(d.carpeta);
   if (auto error = obra.archivo(carpeta.filePath(kAjustes), textoDeAjustes(d))) return error;
   // The store comes last: a folder that holds it holds all the rest.

@@ -1,9 +1,9 @@
-#include "admin/tienda_demo.h"
+#include "alta/tienda_demo.h"
 
 #include <QSet>
 
-#include "admin/filas.h"
-#include "admin/tienda_articulos.h"
+#include "alta/filas.h"
+#include "alta/tienda_articulos.h"
 #include "foundation/acceso.h"
 #include "foundation/clave.h"
 #include "platform/text/texto.h"

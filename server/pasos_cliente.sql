@@ -1,0 +1,2 @@
+-- Steps from each version of the client tables to the next, in the language of cliente.sql. A line "== N" begins the
+-- one that makes version N; version 1 is made by the program itself. Released steps never change.

@@ -1,0 +1,121 @@
+#include <QElapsedTimer>
+
+#include "platform/sql_banco_postgres.h"
+
+namespace {
+
+const QStringList kTabla = {u8("CREATE TABLE t (id int PRIMARY KEY, nom varchar(20), f datetime)")};
+
+QString ejecuta(Preguntas& b, const char* sql) {
+  const auto e = b.cnn.ejecutar(Sql::crudo(u8(sql)));
+  return e ? e->descripcion : QString();
+}
+
+// What ends the connections that a firewall or a restart would end.
+void cortar(const BancoPostgres& b) {
+  ASSERT_TRUE(ServidorPostgres::uno().correr(
+      u8("postgres"),
+      QStringLiteral("SELECT pg_terminate_backend(pid, 5000) FROM pg_stat_activity WHERE datname = '%1'").arg(b.base)));
+}
+
+TEST(MotorPostgres, TransactionsHoldTogether) {
+  BancoPostgres b(kTabla);
+  ASSERT_FALSE(b.cnn.iniciar());
+  EXPECT_TRUE(b.cnn.iniciar()) << "no transaction inside another";
+  EXPECT_NE(QString(), ejecuta(b, "INSERT INTO nada VALUES (1)")) << "the first of it fails";
+  EXPECT_EQ(QString(), ejecuta(b, "INSERT INTO t VALUES (1,'a',NULL)"));
+  const auto doble = b.cnn.ejecutar(Sql::crudo(u8("INSERT INTO t VALUES (1,'b',NULL)")));
+  ASSERT_TRUE(doble);
+  EXPECT_TRUE(doble->claveDuplicada());
+  EXPECT_EQ("1", b.respuesta("SELECT COUNT(*) FROM t")) << "a failed statement takes only itself back";
+  ASSERT_FALSE(b.cnn.deshacer());
+  EXPECT_EQ("0", b.respuesta("SELECT COUNT(*) FROM t"));
+  EXPECT_EQ("error: No hay ninguna transacción abierta.", b.respuesta("COMMIT"));
+  ASSERT_FALSE(b.cnn.iniciar());
+  ASSERT_FALSE(b.cnn.confirmar()) << "an empty one";
+  ASSERT_FALSE(b.cnn.iniciar());
+  EXPECT_EQ(QString(), ejecuta(b, "SELECT id, nom INTO t2 FROM t"));
+  ASSERT_FALSE(b.cnn.deshacer());
+  EXPECT_TRUE(b.respuesta("SELECT COUNT(*) FROM t2").startsWith(u"error")) << "a table that was taken back";
+  ASSERT_FALSE(b.cnn.iniciar());
+  EXPECT_EQ(QString(), ejecuta(b, "INSERT INTO t VALUES (2,'b','24/11/2026')"));
+  ASSERT_FALSE(b.cnn.confirmar());
+  cortar(b);
+  EXPECT_EQ("2|b|<2026-11-24 00:00:00>", b.respuesta("SELECT * FROM t"));
+}
+
+TEST(MotorPostgres, ACutConnectionIsOpenedAnewOutsideOfTransactions) {
+  BancoPostgres b(kTabla);
+  EXPECT_EQ(QString(), ejecuta(b, "INSERT INTO t VALUES (1,'a',NULL)"));
+  cortar(b);
+  EXPECT_EQ(QString(), ejecuta(b, "INSERT INTO t VALUES (2,'a',NULL)"));
+  ASSERT_FALSE(b.cnn.iniciar());
+  cortar(b);
+  EXPECT_EQ(QString(), ejecuta(b, "INSERT INTO t VALUES (3,'a',NULL)")) << "nothing of it was there yet";
+  cortar(b);
+  EXPECT_NE(QString(), ejecuta(b, "INSERT INTO t VALUES (4,'a',NULL)"));
+  EXPECT_NE(QString(), ejecuta(b, "INSERT INTO t VALUES (5,'a',NULL)")) << "nor the next one, outside of it";
+  EXPECT_TRUE(b.cnn.confirmar());
+  ASSERT_FALSE(b.cnn.deshacer());
+  EXPECT_EQ("1/2", b.respuesta("SELECT id FROM t ORDER BY id"));
+}
+
+TEST(MotorPostgres, ASaleWaitsNoLongerThanItsTime) {
+  constexpr int kVenta_ms = 1000;
+  BancoPostgres b(kTabla, u8("CREATE FUNCTION dbo.dormir() RETURNS int LANGUAGE sql AS 'SELECT 1 FROM pg_sleep(6)'"));
+  EXPECT_EQ(QString(), ejecuta(b, "INSERT INTO t VALUES (1,'a',NULL)"));
+  Conexion venta;
+  ASSERT_FALSE(venta.abrir(*b.motores, b.cadena, kVenta_ms));
+  ASSERT_FALSE(b.cnn.iniciar());
+  EXPECT_EQ(QString(), ejecuta(b, "UPDATE t SET nom = 'b'"));
+  QElapsedTimer reloj;
+  reloj.start();
+  auto e = venta.ejecutar(Sql::crudo(u8("UPDATE t SET nom = 'c'")));
+  ASSERT_TRUE(e) << "locked";
+  EXPECT_EQ(kErrorGeneral, e->numero) << e->descripcion.toStdString();
+  EXPECT_LT(reloj.elapsed(), kVenta_ms + 500);
+  ASSERT_FALSE(b.cnn.confirmar());
+  EXPECT_FALSE(venta.ejecutar(Sql::crudo(u8("UPDATE t SET nom = 'c'")))) << "and goes on";
+  Recordset rs;
+  reloj.start();
+  for (int i = 0; i < 3; ++i) {
+    e = venta.consultar(Sql::crudo(u8("SELECT dbo.dormir()")), rs);
+    ASSERT_TRUE(e) << "silent";
+    EXPECT_EQ(kErrorTiempo, e->numero) << e->descripcion.toStdString();
+  }
+  EXPECT_LT(reloj.elapsed(), kVenta_ms + 500) << "once, not at each statement";
+}
+
+// Two desks that draw a number by MAX + 1 get it one after the other.
+TEST(MotorPostgres, TheHighestNumberIsAskedForByOneAtATime) {
+  BancoPostgres a(kTabla);
+  Conexion b;
+  ASSERT_FALSE(b.abrir(*a.motores, a.cadena, 500));
+  const Sql pide = Sql::crudo(u8("SELECT ISNULL(MAX(id),0) + 1 AS n FROM dbo.t WHERE nom = 'x'"));
+  Recordset rs;
+  ASSERT_FALSE(a.cnn.iniciar());
+  ASSERT_FALSE(b.iniciar());
+  ASSERT_FALSE(a.cnn.consultar(pide, rs));
+  EXPECT_EQ(1, rs[0].toInt());
+  EXPECT_TRUE(b.consultar(pide, rs)) << "another draws";
+  EXPECT_EQ(QString(), ejecuta(a, "INSERT INTO t VALUES (1,'x',NULL)"));
+  ASSERT_FALSE(a.cnn.confirmar());
+  ASSERT_FALSE(b.consultar(pide, rs));
+  EXPECT_EQ(2, rs[0].toInt());
+  EXPECT_FALSE(a.cnn.consultar(pide, rs)) << "who only looks waits for nobody";
+}
+
+TEST(MotorPostgres, SeesTablesThatAnotherProgramChanged) {
+  BancoPostgres b(kTabla);
+  EXPECT_EQ(QString(), ejecuta(b, "INSERT INTO t VALUES (1,'a',NULL)"));
+  EXPECT_EQ("1|a|Null", b.respuesta("SELECT * FROM t WHERE id = 1"));
+  ASSERT_TRUE(ServidorPostgres::uno().correr(b.base, u8("ALTER TABLE dbo.t ADD m numeric(9,2) DEFAULT 5.50")));
+  EXPECT_EQ("1|a|Null|5.5", b.respuesta("SELECT * FROM t WHERE id = 1"));
+  ASSERT_TRUE(ServidorPostgres::uno().correr(b.base, u8("DROP TABLE dbo.t")));
+  EXPECT_TRUE(b.respuesta("SELECT * FROM t WHERE id = 1").startsWith(u"error"));
+  EXPECT_EQ(QString(), ejecuta(b, "CREATE TABLE t (id varchar(5), n int IDENTITY(1,1), f datetime DEFAULT GETDATE())"));
+  EXPECT_EQ(QString(), ejecuta(b, "INSERT INTO t (id) VALUES ('001 ')"));
+  EXPECT_EQ("001|1|<2026-11-24 17:05:30>", b.respuesta("SELECT * FROM t WHERE id = 1"));
+}
+
+}  // namespace
