@@ -102,7 +102,8 @@ std::vector<Sql> SentenciasPago(const Puesto& p, const PagoCredito& pago) {
 
 std::vector<Sql> SentenciasConsumo(const Puesto& p, const EstadoDocumento& d, qint64 codigoNota, double soles) {
   const Sql cabe = FormatearSQL(
-      u" AND TotVta - ISNULL((SELECT SUM(c.nMonto) FROM ConsumoVenta c WHERE c.cCodVta = $ AND c.bAnulado = 0),0) >= $"_sql,
+      u" AND TotVta - ISNULL((SELECT SUM(c.nMonto) FROM ConsumoVenta c WHERE c.cCodVta = $ AND c.bAnulado = 0),0)"
+      " >= $"_sql,
       {d.cCodVta, Redondear(soles - 0.0005, 4)});
   return {exigir(d, cabe, 0),
           FormatearSQL(u"INSERT INTO ConsumoVenta (cCodVta, cCajaCodi, cOperCode, dFecha, nMonto, bAnulado)"

@@ -71,8 +71,8 @@ TEST(Facturas, NumbersAreOneRunADesk) {
   e.p.persona().espera(q("se asignará el 42 al documento"));
   EXPECT_EQ(q("hecho"), e.facturar(0, "1"));
   e.p.ejecuta(q("UPDATE Config_Documento SET nDocCodigo = 1234567, cSerieDoc = '' WHERE cTipoDoc = '02'"));
-  e.enCentral(
-      "INSERT INTO Venta01 (cCodVta, TipoDoc, cSerieDoc, NroDoc, cCodCaja) VALUES (90, '02', '001', '1234567', '00001')");
+  e.enCentral("INSERT INTO Venta01 (cCodVta, TipoDoc, cSerieDoc, NroDoc, cCodCaja) "
+              "VALUES (90, '02', '001', '1234567', '00001')");
   EXPECT_EQ(q("hecho"), e.facturar(1, "1"));
   EXPECT_EQ(q("1|01|001|000001\n2|02|001|000002\n3|01|001|000042\n90|02|001|1234567\n91|02|001|1234568"),
             e.central("SELECT cCodVta, TipoDoc, cSerieDoc, NroDoc FROM Venta01 ORDER BY cCodVta"));

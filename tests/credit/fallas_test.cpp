@@ -47,7 +47,8 @@ QString anular(Credito& e, ModoAnular modo, const char* serie) {
 
 // clang-format off
 const Escena kEscenas[] = {
-    {"Fade", [](Credito& e) { e.cliente(0); e.linea(e.v.factura.rejilla, "807", "9"); e.linea(e.v.factura.rejilla, "102", "1"); },
+    {"Fade", [](Credito& e) {
+       e.cliente(0); e.linea(e.v.factura.rejilla, "807", "9"); e.linea(e.v.factura.rejilla, "102", "1"); },
      [](Credito& e) { return e.facturar(); }},
     {"Pade", [](Credito& e) { (void)e.facturar(1, "10"); e.cargarPago("02", "000001"); },
      [](Credito& e) { return e.pagar(0, 1, "10"); }},
@@ -65,7 +66,8 @@ const Escena kEscenas[] = {
        (void)e.pagar(0, 0, "100"); e.v.liquidacion.txtTXL = QStringLiteral("1");
        (void)AgregarDocumentoLQ(e.p, e.v.liquidacion); },
      [](Credito& e) { return comoTexto(GrabarLiquidacion(e.p, e.v)); }},
-    {"AnulaPago", [](Credito& e) { (void)e.facturar(1, "10"); e.cargarPago("02", "000001"); (void)e.pagar(0, 0, "40"); },
+    {"AnulaPago", [](Credito& e) {
+       (void)e.facturar(1, "10"); e.cargarPago("02", "000001"); (void)e.pagar(0, 0, "40"); },
      [](Credito& e) { return anular(e, ModoAnular::PADE, "PA1"); }},
     {"AnulaBade", [](Credito& e) { (void)e.facturar(1, "10"); },
      [](Credito& e) { return anular(e, ModoAnular::BADE, "001"); }},

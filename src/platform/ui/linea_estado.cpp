@@ -55,7 +55,7 @@ LineaEstado::LineaEstado(QWidget* padre) : QFrame(padre) {
     fila->addWidget(r.rotulo);
   }
   // A line of its own, there only while something is wrong.
-  aviso_ = new QLabel;
+  aviso_ = new RotuloQueSeAcorta;
   aviso_->setObjectName(QStringLiteral("lblEstadoAviso"));
   aviso_->setTextFormat(Qt::PlainText);
   aviso_->setProperty("papel", "alto");
@@ -75,6 +75,7 @@ void LineaEstado::mostrar(const DatosEstado& d) {
   conexion(central_, QStringLiteral("Central"), d.central);
   conexion(clientes_, QStringLiteral("Clientes"), d.clientes);
   aviso_->setText(d.aviso);
+  aviso_->setToolTip(d.aviso);
   aviso_->setVisible(!d.aviso.isEmpty());
   papel_->setText(d.papel);
   papel_->setToolTip(d.papel);

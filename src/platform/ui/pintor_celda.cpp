@@ -54,5 +54,5 @@ void pintarVacio(QWidget* donde, const QString& texto) {
   if (texto.isEmpty()) return;
   QPainter p(donde);
   p.setPen(QColor(tema::kTintaSuave));
-  p.drawText(donde->rect().adjusted(16, 16, -16, -16), Qt::AlignCenter | Qt::TextWordWrap, texto);
+  p.drawText(donde->rect().adjusted(16, 0, -16, 0), Qt::AlignCenter | Qt::TextWordWrap, texto);
 }
