@@ -104,7 +104,30 @@ TEST(Envio, OnPostgresToo) {
     EXPECT_TRUE(sincronizar(*caja).bien);
     EXPECT_TRUE(sincronizar(*caja).bien);
   }
-  EXPECT_EQ(limpia.todoElCentral(), p.todoElCentral());
+  const QString esperado = limpia.todoElCentral();
+  EXPECT_EQ(esperado, p.todoElCentral());
+  // Killed at some of its statements: another till each time.
+  for (int n = 4; n < 60; n += 7) {
+    PlanFallas plan;
+    plan.cuenta = {};
+    plan.catalogo = false;
+    plan.morir = [] { throw Muerto(); };
+    CajaConDias muere([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
+    muere.ses.psCaja = QString::number(10000 + n);
+    muere.conCentral(p.ses.psConexionCentral);
+    muere.diaCorto(kDia);
+    plan.armar(n, Falla::unaVez, Muerte::despues);
+    try {
+      (void)sincronizar(muere);
+    } catch (const Muerto&) {
+    }
+    plan.armar(0);
+    plan.apagar(false);
+    abrirAlmacen(muere);
+    muere.poCnnCentral.cerrar();
+    EXPECT_TRUE(sincronizar(muere).bien);
+    ASSERT_EQ(esperado, muere.todoElCentral()) << n;
+  }
 }
 
 // Many rows go in batches: the same rows, marks and lines as one by one.
