@@ -64,7 +64,8 @@ class Base {
   }
   // Every row of the tables that version 0 had.
   QStringList contenido() const {
-    static const QString kNuevas = QStringLiteral("('Diario_Acto', 'DetalleEnviado', 'ParalelaEnviada')");
+    static const QString kNuevas =
+        QStringLiteral("('Diario_Acto', 'DetalleEnviado', 'ParalelaEnviada', 'ConsumoVenta')");
     QStringList todo;
     for (const QString& t :
          filas(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT IN ") + kNuevas +
