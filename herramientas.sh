@@ -4,6 +4,7 @@ PAQUETES_PROGRAMA=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev lib
   libxlsxwriter-dev fonts-dejavu-core)
 PAQUETES_PRUEBAS=(libgtest-dev librapidcheck-dev libbenchmark-dev sqlite3 clang-format-14 postgresql libsqliteodbc
   odbc-postgresql)
+PAQUETES_INSTALACION=(debootstrap xvfb xdotool sqlite3)
 PAQUETES_PAQUETE=(cmark-gfm dpkg-dev file)
 
 # Installs the Debian packages that are missing; nothing when all are there.

@@ -1,5 +1,6 @@
 # One manual as a page: TEXTO (markdown) to PAGINA (HTML), by CMARK.
 execute_process(COMMAND ${CMARK} -e table -t html ${TEXTO} OUTPUT_VARIABLE cuerpo COMMAND_ERROR_IS_FATAL ANY)
+string(REPLACE ".md\"" ".html\"" cuerpo "${cuerpo}")
 # Each heading gets the name by which links of the text find it.
 string(REGEX MATCHALL "<h[123]>[^<]*</h[123]>" titulos "${cuerpo}")
 foreach(titulo ${titulos})

@@ -29,17 +29,30 @@ struct Ajuste {
   QString valor;
 };
 
-// What the settings say of a server; its name bears user and base when it is told in PostgreSQL's words.
-CadenaConexion enAjustes(const QString& palabras, const AccesoServidor& acceso, BaseServidor base) {
-  if (auto c = ServidorDePalabras(palabras, base)) {
+// A PostgreSQL server with what was told beside its name.
+std::optional<CadenaConexion> postgresDe(const QString& palabras, const AccesoServidor& acceso, BaseServidor base) {
+  auto c = ServidorDePalabras(palabras, base);
+  if (!c) return {};
+  if (!acceso.base.isEmpty()) c->catalogo = acceso.base;
+  if (!acceso.usuario.isEmpty()) c->usuario = acceso.usuario;
+  if (!acceso.clave.isEmpty()) c->clave = acceso.clave;
+  return c;
+}
+
+// What the settings say of a server; another kind than PostgreSQL bears no user in its name.
+CadenaConexion enAjustes(const DatosPuesto& d, BaseServidor base) {
+  const bool central = base == BaseServidor::Central;
+  const QString& palabras = central ? d.central : d.cliente;
+  const AccesoServidor& acceso = central ? d.accesoCentral : d.accesoCliente;
+  if (auto c = postgresDe(palabras, acceso, base)) {
     c->servidor.prepend(QStringLiteral("postgres:"));
     return *c;
   }
   CadenaConexion c;
   c.servidor = palabras;
-  c.catalogo = acceso.base;
   c.usuario = acceso.usuario;
   c.clave = acceso.clave;
+  c.catalogo = !acceso.base.isEmpty() ? acceso.base : central ? QStringLiteral("central") : QStringLiteral("cliente");
   return c;
 }
 
@@ -47,8 +60,8 @@ CadenaConexion enAjustes(const QString& palabras, const AccesoServidor& acceso, 
 std::vector<Ajuste> ajustes(const DatosPuesto& d) {
   const QString serie = SerieInicial(TipoDocumento::Boleta, d.caja);
   const QString cero = QStringLiteral("0");
-  const CadenaConexion central = enAjustes(d.central, d.accesoCentral, BaseServidor::Central);
-  const CadenaConexion cliente = enAjustes(d.cliente, d.accesoCliente, BaseServidor::Cliente);
+  const CadenaConexion central = enAjustes(d, BaseServidor::Central);
+  const CadenaConexion cliente = enAjustes(d, BaseServidor::Cliente);
   return {
       {"INICIO", "UserName", central.usuario},
       {"INICIO", "PassWord", central.clave},
@@ -158,9 +171,8 @@ std::optional<QString> revisar(const DatosPuesto& d) {
       return QStringLiteral("Base, usuario y clave de un servidor no pueden llevar punto y coma.");
     }
   }
-  for (const auto& [servidor, acceso] : {std::pair(d.central, d.accesoCentral), {d.cliente, d.accesoCliente}}) {
-    const bool ilegible = servidor.startsWith(u"postgres:") && acceso.usuario.isEmpty() &&
-                          !ServidorDePalabras(servidor, BaseServidor::Central);
+  for (const QString& servidor : {d.central, d.cliente}) {
+    const bool ilegible = servidor.startsWith(u"postgres:") && !ServidorDePalabras(servidor, BaseServidor::Central);
     if (servidor.trimmed().isEmpty() || servidor.contains(u';') || servidor == u"sqlite:" || ilegible) {
       return QStringLiteral("El nombre de servidor «%1» no es válido.").arg(servidor);
     }
@@ -222,13 +234,15 @@ class Obra {
   QStringList hechos_, carpetas_;  // the innermost folder first
 };
 
-std::optional<QString> servidorQueFalta(Obra& obra, const QString& servidor, BaseServidor base, const QString& carpeta,
-                                        const QStringList& filas, QStringList& hecho) {
-  if (const auto archivo = ArchivoDeServidor(servidor, carpeta)) {
+std::optional<QString> servidorQueFalta(Obra& obra, const DatosPuesto& d, BaseServidor base, const QStringList& filas,
+                                        QStringList& hecho) {
+  const bool central = base == BaseServidor::Central;
+  const QString& servidor = central ? d.central : d.cliente;
+  if (const auto archivo = ArchivoDeServidor(servidor, d.carpeta)) {
     if (QFileInfo::exists(*archivo)) return {};
     return obra.base(*archivo, tablasDelServidor(base, LenguajeMotor::Sqlite) + filas);
   }
-  const auto c = ServidorDePalabras(servidor, base);
+  const auto c = postgresDe(servidor, central ? d.accesoCentral : d.accesoCliente, base);
   if (!c) return {};
   const ResultadoBase r = CrearBasePostgres(*c, base, filas);
   if (r.fin == FinBase::Fallo) return r.palabras;
@@ -249,6 +263,11 @@ QString ClaveAlAzar() {
   return clave;
 }
 
+QString CadenaDelServidor(const DatosPuesto& d, BaseServidor base) {
+  const CadenaConexion c = enAjustes(d, base);
+  return cadenaDeServidor(c.usuario, c.clave, c.catalogo, c.servidor);
+}
+
 QStringList AvisosDePuesto(const DatosPuesto& d) {
   QStringList avisos;
   if (d.caja.size() > 2 && Val(d.caja) > 99) {
@@ -257,8 +276,8 @@ QStringList AvisosDePuesto(const DatosPuesto& d) {
                   .arg(SerieInicial(TipoDocumento::Boleta, d.caja));
   }
   for (const auto& [servidor, acceso] : {std::pair(d.central, d.accesoCentral), {d.cliente, d.accesoCliente}}) {
-    const bool sinAcceso = acceso.usuario.isEmpty() && !ServidorDePalabras(servidor, BaseServidor::Central);
-    if (ArchivoDeServidor(servidor, d.carpeta) || !sinAcceso) continue;
+    if (ArchivoDeServidor(servidor, d.carpeta) || ServidorDePalabras(servidor, BaseServidor::Central)) continue;
+    if (!acceso.usuario.isEmpty()) continue;
     avisos << QStringLiteral("Aviso: el servidor %1 no se crea aquí; escriba su usuario y su clave en KEB.cfg y en la "
                              "tabla Configuracion.")
                   .arg(servidor);
@@ -277,8 +296,8 @@ std::optional<QString> CrearPuesto(const DatosPuesto& d, QStringList* hecho) {
     central += TiendaDelCentral(d.ahora);
     cliente += TiendaDelCliente(d.ahora);
   }
-  if (auto e = servidorQueFalta(obra, d.central, BaseServidor::Central, d.carpeta, central, dicho)) return e;
-  if (auto e = servidorQueFalta(obra, d.cliente, BaseServidor::Cliente, d.carpeta, cliente, dicho)) return e;
+  if (auto e = servidorQueFalta(obra, d, BaseServidor::Central, central, dicho)) return e;
+  if (auto e = servidorQueFalta(obra, d, BaseServidor::Cliente, cliente, dicho)) return e;
   const QDir carpeta(d.carpeta);
   if (auto error = obra.archivo(carpeta.filePath(kAjustes), textoDeAjustes(d))) return error;
   // The store comes last: a folder that holds it holds all the rest.

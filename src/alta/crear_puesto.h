@@ -4,7 +4,9 @@
 #include <QStringList>
 #include <optional>
 
-// How a server that is none of this machine's files is entered.
+#include "servidores.h"
+
+// How a server that is none of this machine's files is entered; what is blank stands in its name, or is the usual.
 struct AccesoServidor {
   QString base, usuario, clave;
 };
@@ -16,7 +18,7 @@ struct DatosPuesto {
   QString servicio = QStringLiteral("10");  // percentage
   QString central = QStringLiteral("sqlite:central.db");
   QString cliente = QStringLiteral("sqlite:cliente.db");
-  AccesoServidor accesoCentral{QStringLiteral("central"), {}, {}}, accesoCliente{QStringLiteral("cliente"), {}, {}};
+  AccesoServidor accesoCentral, accesoCliente;
   QString usuario = QStringLiteral("SUPERVISOR");
   QString clave;      // of that user; must not be empty
   bool demo = false;  // fills the store, and servers that are made, with the demo shop
@@ -28,6 +30,9 @@ struct DatosPuesto {
 // The folder is made when missing. Gives Spanish words of a failure; then every file made by this call is gone again. A
 // folder that holds a store or settings already is refused.
 std::optional<QString> CrearPuesto(const DatosPuesto& d, QStringList* hecho = nullptr);
+
+// The connection string of a server as the new desk will open it.
+QString CadenaDelServidor(const DatosPuesto& d, BaseServidor base);
 
 // What the caller should tell the person about these data, in Spanish; no failure.
 QStringList AvisosDePuesto(const DatosPuesto& d);

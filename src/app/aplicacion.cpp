@@ -142,6 +142,8 @@ void Aplicacion::Interno::contarRotura(const QString& que) {
 Aplicacion::Aplicacion(Motores& motores, Puertos& puertos, Reloj& reloj, Mensajes& mensajes, Salida& salida,
                        const Rutas& rutas) {
   tema::aplicar(*qApp);
+  QApplication::setWindowIcon(QIcon(tema::logo(256)));
+  QApplication::setDesktopFileName(QStringLiteral("tarvopos"));
   d_ = std::make_unique<Interno>(motores, puertos, reloj, mensajes, salida, rutas);
   if (CicloVentanas* c = ciclo()) c->alRomper = [this](const QString& que) { d_->contarRotura(que); };
 }

@@ -101,8 +101,8 @@ void ponerServidoresAlDia(Puesto& p) {
                  pasosDelServidor(base, LenguajeMotor::Sqlite));
     } else if (const QString falta = RevisarBasePostgres(servidor, base); !falta.isEmpty()) {
       TerminarArranque(p,
-                       QStringLiteral("La base de datos del servidor no es la que este programa necesita. Quien lo "
-                                      "instaló la pone al día con «tarvopos-admin actualizar»."),
+                       QStringLiteral("El servidor de la tienda no tiene las tablas que esta caja necesita. Pida a "
+                                      "quien instaló el programa que lo ponga al día; las ventas están a salvo."),
                        falta);
     }
   }
@@ -127,7 +127,8 @@ void seguirSinCentral(Puesto& p, bool aceptado) {
 // False when the central database is away. One that has no rate to tell leaves the last one.
 bool leerIGV(Puesto& p) {
   Conexion central;
-  if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral)) return false;
+  // One that has just been waited for is not waited for again.
+  if (p.ses.bCentralCaida || !p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral)) return false;
   Recordset rs;
   if (p.poDBAdmin.EjecutarConsulta(central, u"select nmonto1 from parametro where cCodParam='IGV'"_sql, rs) &&
       !rs.Eof()) {

@@ -7,7 +7,6 @@
 #include "alta/crear_puesto.h"
 #include "alta/crear_servidor.h"
 #include "foundation/puesto.h"
-#include "platform/sql/cadena_conexion.h"
 #include "platform/text/texto.h"
 
 namespace {
@@ -28,13 +27,11 @@ DatosPuesto datosEscritos(const Puesto& p, const PrimerInicio& v) {
   return d;
 }
 
-QString estadoDe(Puesto& p, const QString& servidor, const AccesoServidor& a) {
-  const auto archivo = ArchivoDeServidor(servidor, p.rutas.programa);
+QString estadoDe(Puesto& p, const DatosPuesto& d, BaseServidor base) {
+  const auto archivo = ArchivoDeServidor(base == BaseServidor::Central ? d.central : d.cliente, d.carpeta);
   if (archivo && !QFileInfo::exists(*archivo)) return QStringLiteral("se creará en esta computadora.");
   Conexion cnn;
-  if (p.poDBAdmin.AbrirBD(cnn, cadenaDeServidor(a.usuario, a.clave, a.base, servidor))) {
-    return QStringLiteral("responde.");
-  }
+  if (p.poDBAdmin.AbrirBD(cnn, CadenaDelServidor(d, base))) return QStringLiteral("responde.");
   return QStringLiteral("no responde: ") + p.poDBAdmin.ultimoFallo();
 }
 
@@ -70,12 +67,13 @@ bool CrearPrimerPuesto(Puesto& p, const PrimerInicio& v, QString& foco) {
     return false;
   }
   const DatosPuesto d = datosEscritos(p, v);
-  if (const auto error = CrearPuesto(d)) {
+  QStringList dicho;
+  if (const auto error = CrearPuesto(d, &dicho)) {
     foco.clear();
     p.mensajes.mostrar(*error);
     return false;
   }
-  for (const QString& aviso : AvisosDePuesto(d)) p.mensajes.mostrar(aviso);
+  for (const QString& aviso : dicho + AvisosDePuesto(d)) p.mensajes.mostrar(aviso);
   if (!v.chkAutoarranque) return true;
   if (const auto error = PonerAutoarranque(QCoreApplication::applicationFilePath(), p.rutas.programa)) {
     p.mensajes.mostrar(QStringLiteral("La caja quedó lista, pero no se abrirá sola: ") + *error);
@@ -87,5 +85,5 @@ void ProbarServidores(Puesto& p, const PrimerInicio& v) {
   const DatosPuesto d = datosEscritos(p, v);
   p.mensajes.mostrar(
       QStringLiteral("Servidor central %1: %2\nServidor de clientes %3: %4")
-          .arg(d.central, estadoDe(p, d.central, d.accesoCentral), d.cliente, estadoDe(p, d.cliente, d.accesoCliente)));
+          .arg(d.central, estadoDe(p, d, BaseServidor::Central), d.cliente, estadoDe(p, d, BaseServidor::Cliente)));
 }

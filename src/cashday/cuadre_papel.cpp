@@ -72,7 +72,7 @@ std::optional<ErrorBD> guardarLineas(Puesto& p, const QStringList& lineas) {
 }
 
 void imprimirZ1(Puesto& p, const Cuadre& v) {
-  const QStringList lineas = lineasDe(v, kLadoZ1, QStringLiteral("CUADRE CAJA Z1"));
+  const QStringList lineas = lineasDe(v, kLadoZ1, p.ses.textosPapel.TituloCuadreZ1);
   if (const auto error = guardarLineas(p, lineas)) {
     p.mensajes.mostrar(QStringLiteral("No se pudo guardar el CUADRE CAJA Z1, por eso no se imprime: ") +
                        error->descripcion);
@@ -96,7 +96,7 @@ void imprimirPrincipal(Puesto& p, const Cuadre& v) {
       if (!Recortar(linea).isEmpty()) cabecera += centrada(linea, Espacios(kMitad)) + kFin;
     }
   }
-  ImprimirDocumento(p, papel(p, cabecera, lineasDe(v, kLadoZ, QStringLiteral("CUADRE CAJA")), kImpresoraPrincipal),
+  ImprimirDocumento(p, papel(p, cabecera, lineasDe(v, kLadoZ, p.ses.textosPapel.TituloCuadre), kImpresoraPrincipal),
                     kImpresoraPrincipal, QStringLiteral("Cuadre"));
 }
 

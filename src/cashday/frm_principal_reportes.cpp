@@ -1,17 +1,29 @@
+#include <QVBoxLayout>
+
 #include "cashday/frm_principal.h"
 #include "cashday/libro_x1.h"
 #include "cashday/reporte_paralelo.h"
 #include "cashday/reportes.h"
+#include "foundation/acceso.h"
 #include "foundation/puesto.h"
+#include "platform/text/numero.h"
+#include "platform/ui/campo.h"
 #include "platform/ui/teclas.h"
 
-// Five reports have no place in the menus: a supervisor's keys.
+// Five reports have no place in the menus: a supervisor's keys, which he sees below the buttons.
 void frmPrincipal::crearTeclas() {
   auto* teclas = new TablaTeclas(this);
   for (int n = kReporteOC; n <= kReporteLIQPAD; ++n) {
     const auto tecla = static_cast<Qt::Key>(Qt::Key_F1 + n - kReporteOC);
-    teclas->agregar({Qt::CTRL | tecla, acto([this, n] { reporteParalelo(n); }), {}});
+    const QString indicio = RotuloEntrada(EntradasOperaciones(), n).section(u' ', 1);
+    teclas->agregar({Qt::CTRL | tecla, acto([this, n] { reporteParalelo(n); }), indicio});
   }
+  if (Val(p_.ses.psPerfilUsuario) != kPerfilSupervisor) return;
+  auto* indicios = nuevoTexto(QStringLiteral("Reportes: ") + teclas->indicios(), QStringLiteral("suave"));
+  indicios->setObjectName(QStringLiteral("lblIndicios"));
+  indicios->setAlignment(Qt::AlignCenter);
+  auto* columna = static_cast<QVBoxLayout*>(centralWidget()->layout());
+  columna->insertWidget(columna->count() - 1, indicios);
 }
 
 void frmPrincipal::reporte(int n, ResultadoReporte (*imprimir)(Puesto&, const PedidoReporte&)) {

@@ -13,7 +13,9 @@ Lista* nuevaLista(ModoAnular modo) {
   const QStringList titulos = TitulosDetalle(modo);
   for (const QString& t : titulos) {
     const bool importe = t.startsWith(QStringLiteral("Tot")) || t == u"Monto";
-    columnas.push_back({t, t == u"Cliente" ? 0.3 : 0.7 / static_cast<double>(titulos.size() - 1), importe});
+    // What is long takes more than its share.
+    const double fraccion = t == u"Cliente" ? 0.26 : t == u"FechaEmision" ? 0.16 : t == u"Local" ? 0.08 : 0.125;
+    columnas.push_back({t, fraccion, importe});
   }
   return new Lista(QStringLiteral("dgdDetalle"), columnas);
 }

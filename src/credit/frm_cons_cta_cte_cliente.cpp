@@ -72,7 +72,7 @@ void frmConsCtaCteCliente::crearArbol() {
                            QStringLiteral("Fecha"), QStringLiteral("Moneda"), QStringLiteral("Vta Soles"),
                            QStringLiteral("Vta USD"), QStringLiteral("Pag Sol"), QStringLiteral("Pag USD"),
                            QStringLiteral("Deuda · Estado")});
-  const int anchos[kColumnas] = {225, 125, 104, 76, 90, 84, 90, 84, 104};
+  const int anchos[kColumnas] = {250, 104, 106, 76, 86, 78, 86, 78, 117};
   for (int c = 0; c < kColumnas; ++c) arbol_->setColumnWidth(c, anchos[c]);
   cuerpo()->addWidget(arbol_, 1);
   connect(arbol_, &QTreeWidget::itemExpanded, this, &frmConsCtaCteCliente::abrir);

@@ -70,7 +70,8 @@ void frmDocumentosPendientes::filtrar() {
   filas.reserve(filas_.size());
   for (const int n : filas_) filas.push_back({CeldasPendientes(d_, n), n, true});
   lista_->llenar(std::move(filas));
-  cuenta_->setText(QStringLiteral("%1 documentos").arg(filas_.size()));
+  cuenta_->setText(filas_.size() == 1 ? QStringLiteral("1 documento")
+                                      : QStringLiteral("%1 documentos").arg(filas_.size()));
 }
 
 bool frmDocumentosPendientes::alEntrar(QWidget* campo) {

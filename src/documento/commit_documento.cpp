@@ -81,6 +81,7 @@ bool ImprimirTicket(Puesto& p, CommitDocumento& c) {
   t.caja = p.ses.psCaja;
   t.turno = c.turno.isEmpty() ? p.ses.psTurno : c.turno;
   t.correlativo = CorrelativoImpresion(p, impresora);
+  t.lema = p.ses.textosPapel.Lema;
   ImprimirDocumento(p, TextoTicket(t), impresora);
   return true;
 }

@@ -97,7 +97,7 @@ QString caja(const DatosTicket& t) {
 
 QString correlativo(const DatosTicket& t) { return QStringLiteral("         Correlativo: ") + t.correlativo; }
 
-QString lemaTicket(const DatosTicket& t) { return EsParalela(t.clase) ? QString() : Lema(); }
+QString lemaTicket(const DatosTicket& t) { return EsParalela(t.clase) ? QString() : LineaLema(t.lema); }
 
 }  // namespace
 
@@ -129,7 +129,7 @@ QString PalabraDolares(double tipoCambio) {
   return QStringLiteral("U$(TC: ") + Formatear(tipoCambio, u"###,##0.00") + QStringLiteral(")");
 }
 
-QString Lema() { return kFin + kFin + Espacios(3) + QStringLiteral("...LA FINCA ALDEBRA ES EL LUGAR!!!"); }
+QString LineaLema(const QString& lema) { return kFin + kFin + Espacios(3) + lema; }
 
 QString LineaTotal(const RenglonTotal& r) {
   if (r.llano) return r.etiqueta + r.valor + kFin;

@@ -8,6 +8,7 @@
 
 #include "documento/clase.h"
 #include "documento/linea.h"
+#include "foundation/textos_papel.h"
 
 // 39 dashes, without a line end.
 QString Separador();
@@ -26,8 +27,8 @@ QString NumeroImpreso(const QString& serie, const QString& numero, int digitos =
 QString NumeroConMarca(const QString& serie, const QString& numero, const QString& marca);
 // "U$(TC: 3.50)", the word of a sale that took dollars.
 QString PalabraDolares(double tipoCambio);
-// The slogan that ends a sale's paper, two line ends in front.
-QString Lema();
+// The slogan of the shop that ends a sale's paper, two line ends in front.
+QString LineaLema(const QString& lema);
 
 // A line of the totals. The value is a finished text.
 struct RenglonTotal {
@@ -84,6 +85,7 @@ struct DatosTicket {
   QDateTime momento;
   QString supervisor;  // "" when nothing had to be authorised
   QString usuario, caja, turno, correlativo;
+  QString lema = TextosPapel().Lema;
 };
 
 // The whole ticket. An item that prints nothing brings no line end either.

@@ -165,6 +165,7 @@ void LeerConfiguracion(Puesto& p) {
                          .arg(p.ses.psPorcServ));
   }
   Sesion& s = p.ses;
+  s.textosPapel = LeerTextosPapel(s.psArchivoCfg);
   s.psConexionCentral = cadenaDeServidor(s.psUserName, s.psPassWord, s.psDataBase, s.psDataServer);
   leer(p, kServidorCliente);
   fijarIdioma(p);

@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <array>
 
+#include "foundation/textos_papel.h"
+
 struct Sesion {
   // Connections
   bool pbClienteConectado = false;  // poCnnCliente is open now
@@ -48,6 +50,7 @@ struct Sesion {
   QString psSerieImpresora, psSerieImpresoraAlterna;
   QString psPuertoPrint;
   QStringList psCabeceraImpresion;
+  TextosPapel textosPapel;
   QString impresoraActual;  // device name that SeleccionarImpresora chose last
   QString ultimoPapel;      // printer and correlative of the last paper, for the status line
 

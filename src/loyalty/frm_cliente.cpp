@@ -54,7 +54,7 @@ frmCliente::frmCliente(Puesto& p, BuscadorClientes& pantallas, QWidget* padre)
       Qt::ALT | Qt::Key_F, [this] { fotografiar(); }, QStringLiteral("fotografiar"));
   tecla(Qt::ALT | Qt::Key_C, [this] { reject(); });
   indicio(QStringLiteral("Esc salir sin guardar"));
-  resize(1000, 700);
+  resize(1000, 660);
 
   CargarClienteNuevo(p_, v_);
   mostrar();
@@ -88,10 +88,8 @@ frmCliente::ControlesLugar frmCliente::lugar(Panel* panel, const QString& nombre
   enlaces_.texto(c.otro, datos.otro);
   fila->addWidget(c.lista, 1);
   fila->addWidget(c.otro, 1);
-  auto* etiqueta = nuevoTexto(rotulo);
-  etiqueta->setBuddy(c.lista);
-  panel->agregar({}, etiqueta);
-  panel->agregar({}, juntos);
+  juntos->setFocusProxy(c.lista);  // for the caption's letter
+  panel->agregar(rotulo, juntos);
   connect(c.lista, &QComboBox::currentIndexChanged, this, [this, lista = c.lista, elegir](int n) {
     if (n >= 0) (this->*elegir)(lista->itemData(n).toInt());
   });
@@ -250,7 +248,10 @@ void frmCliente::tick() {
     case TickFoto::Lista:
       v_.foto = ruta;
       lblFoto_->setText(QFileInfo(ruta).fileName());
-      imgFoto_->setPixmap(QPixmap(ruta).scaled(kFoto, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+      // A file that is no picture is kept all the same.
+      if (const QPixmap foto(ruta); !foto.isNull()) {
+        imgFoto_->setPixmap(foto.scaled(kFoto, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+      }
       break;
   }
   timer_.reset();

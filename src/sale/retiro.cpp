@@ -24,6 +24,10 @@ QString centrada(const QString& linea) {
   return Derecha(Espacios(kMargenCabecera) + linea, static_cast<int>(linea.size() / 2) + kMargenCabecera);
 }
 
+QString alInicio(const QString& texto, int ancho) {
+  return texto + Espacios(std::max(0, ancho - static_cast<int>(texto.size())));
+}
+
 bool grabar(Puesto& p, double importe, qint64 codigo, const QDateTime& momento) {
   const Sql sql =
       FormatearSQL(u"INSERT INTO OPERACION (cOperCode, cUserDesc, nProdCant, nProdPrecUnit, dOperFech, cOperTipo, "
@@ -50,15 +54,15 @@ std::optional<bool> VerificaSaldo(Puesto& p, double importe) {
   return saldo > 0 && saldo >= importe;
 }
 
-DocumentoImpreso ReciboRetiro(const QStringList& cabecera, double importe, const QString& usuario, qint64 codigo,
-                              const QDateTime& momento) {
+DocumentoImpreso ReciboRetiro(const TextosPapel& textos, const QStringList& cabecera, double importe,
+                              const QString& usuario, qint64 codigo, const QDateTime& momento) {
   QString arriba;
-  for (const QString& linea : cabecera) {
+  for (const QString& linea : QStringList{textos.Tienda} + cabecera) {
     if (!Recortar(linea).isEmpty()) arriba += centrada(linea) + kFinLinea;
   }
   return {arriba + kFinLinea + kFinLinea,
           Espacios(6) + FormatearFecha(momento, u"DD/MM/YYYY (DDD)"),
-          {QStringLiteral("PAGO     ") + kFinLinea +
+          {alInicio(textos.TituloRetiro, 9) + kFinLinea +
                Derecha(Espacios(14) + u'*' + Formatear(importe, u"###,###,##0.00"), 15),
            kPuntosMonto, true},
           QStringLiteral(" "),
@@ -81,7 +85,8 @@ bool Retirar(Puesto& p, const QString& txtMonto) {
   if (!CodigoOperacion(p, false, codigo) || !CargarCabeceraImpresion(p)) return false;
   const QDateTime momento = p.reloj.now();
   if (!grabar(p, importe, codigo, momento)) return false;
-  ImprimirPorControlador(p, ReciboRetiro(p.ses.psCabeceraImpresion, importe, p.ses.psUsuario, codigo, momento));
+  ImprimirPorControlador(
+      p, ReciboRetiro(p.ses.textosPapel, p.ses.psCabeceraImpresion, importe, p.ses.psUsuario, codigo, momento));
   p.mensajes.mostrar(QStringLiteral("Se ha registrado un retiro por ") + txtMonto + u'.');
   return true;
 }

@@ -6,6 +6,7 @@
 #include <optional>
 
 struct DocumentoImpreso;
+struct TextosPapel;
 struct Puesto;
 
 // What txtMonto shows once it was left: mask "###,###,###,##0.00", blank or unreadable text as zero.
@@ -15,8 +16,8 @@ QString MontoRetiro(const QString& texto);
 std::optional<bool> VerificaSaldo(Puesto& p, double monto);
 
 // The receipt, part by part as the driver takes it; the amount stands out.
-DocumentoImpreso ReciboRetiro(const QStringList& cabecera, double monto, const QString& usuario, qint64 codigo,
-                              const QDateTime& momento);
+DocumentoImpreso ReciboRetiro(const TextosPapel& textos, const QStringList& cabecera, double monto,
+                              const QString& usuario, qint64 codigo, const QDateTime& momento);
 
 // Asks, stores the row, prints the receipt on the current printer and says so. A shortage only warns.
 //   Returns  false when the cashier said no, or when a statement failed: its box has been shown and neither row nor

@@ -28,8 +28,8 @@ std::vector<Sql> FilasDeParalela(const Puesto& p, const DocumentoGuardado& t, qi
 std::vector<Sql> FilasDeLiquidacion(qint64 liquidacion) {
   const Sql suya = FormatearSQL(u"cOpercode= $ AND cOperFlagAbierto=1 AND cDocTipo = '$'"_sql,
                                 {liquidacion, Texto(Codigo(TipoDocumento::LIQPAD))});
-  // Only what is settled: a voided note stays voided. The link of a note of a billing document counts in other codes and
-  // may look the same.
+  // Only what is settled: a voided note stays voided. The link of a note of a billing document counts in other codes
+  // and may look the same.
   return {FormatearSQL(u"UPDATE OperacionParalela SET cEstado= '1', cOperCodeRela=0 "
                        "WHERE cOperTipo <> $ AND cOpercodeRela= $ AND cEstado = '2'"_sql,
                        {Codigo(TipoOperacion::OC), liquidacion}) +

@@ -101,7 +101,7 @@ QString textoVenta(Puesto& p, PantallaTransaccion& v) {
   SumasVenta s;
   const QString articulos = lineas(p, t, s);
   return BloqueCabecera(p) + cliente(p, t) + palabras(v) + articulos + totales(p, t, s) + puntos(p, v, s.total) +
-         cierre(t) + Lema();
+         cierre(t) + LineaLema(p.ses.textosPapel.Lema);
 }
 
 }  // namespace

@@ -74,7 +74,7 @@ TEST(ReporteStock, PrintsTheWarehouseOfTheDesk) {
   }
   p.ejecuta(u8("INSERT INTO Cabecera_Impresion VALUES (1, 'EL MOLLE'), (2, ' ')"));
   ReporteStock(p);
-  EXPECT_EQ(u8("              EL MOLLE\n---------------------------------------\n          LISTADO DE SALDOS\n"
+  EXPECT_EQ(u8("                EL MOLLE\n---------------------------------------\n          LISTADO DE SALDOS\n"
                "---------------------------------------\nFecha Inicio: 24/10/2026\nFecha Fin   : 24/11/2026\n"
                "Almacen     : CENTRAL\n\nCodigo      Descripcion    UM  Cantidad\n"
                "000101  ARROZ CON PATO A  DOC  7.5\n000102  CUY               UND  -2\n"

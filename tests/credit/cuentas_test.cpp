@@ -127,7 +127,7 @@ TEST(Cuenta, OfOneCustomerOnPaper) {
                "  PA1-000052 23/11/2026       US$ 40.00\n  Saldo                       US$ 60.00\n"
                "---------------------------------------\nDEUDA EN SOLES               S/. 200.00\n"
                "DEUDA EN DOLARES              US$ 60.00\n"),
-            PapelCuenta(c.e.p, v).remove(u'\r').section(u8("\n"), -18));
+            PapelCuenta(c.e.p, v).remove(u'\r').section(u8("\n"), -17));
 }
 
 TEST(Consulta, ByKindStateAndDays) {

@@ -83,6 +83,17 @@ TEST(Configuracion, ADeskWhoseStoreWasReplacedGetsItsSettingsFromTheFile) {
             p.filas(QStringLiteral("SELECT UserName, Caja, Almacen, PorcServ FROM Configuracion")));
 }
 
+TEST(Configuracion, TheWordsOfThePapersAreTheShopsOrTheOldOnes) {
+  PuestoPrueba p;
+  enArchivo(p, "PAPELES", "Lema", QString(60, u'Ñ'));
+  enArchivo(p, "PAPELES", "Tienda", QStringLiteral("BODEGA EL SOL"));
+  enArchivo(p, "PAPELES", "TituloRetiro", QString());
+  LeerConfiguracion(p);
+  const TextosPapel& t = p.ses.textosPapel;
+  EXPECT_EQ(QString(39, u'Ñ'), t.Lema);
+  EXPECT_EQ(QStringLiteral("BODEGA EL SOL|PAGO|CUADRE CAJA"), t.Tienda + u'|' + t.TituloRetiro + u'|' + t.TituloCuadre);
+}
+
 TEST(Configuracion, AFileThatCannotBeWrittenIsToldAndTheTableKeepsTheValue) {
   PuestoPrueba p;
   QFile::remove(p.ses.psArchivoCfg);

@@ -61,13 +61,18 @@ mount --bind /tmp/.X11-unix "$raiz/tmp/.X11-unix"
 export DISPLAY=$pantalla
 
 # --- a person before the screen
-como_cajera() { chroot --userspec=cajera "$raiz" env -i HOME=/home/cajera USER=cajera PATH=/usr/bin:/bin LC_ALL=C.UTF-8 "DISPLAY=$pantalla" "$@"; }
+cajera=(chroot --userspec=cajera "$raiz" env -i HOME=/home/cajera USER=cajera PATH=/usr/bin:/bin LC_ALL=C.UTF-8
+  "DISPLAY=$pantalla")
 abrir() {
-  como_cajera tarvopos >"$obra/tarvopos.log" 2>&1 &
+  "${cajera[@]}" tarvopos >"$obra/tarvopos.log" 2>&1 &
   till=$!
   procesos+=("$till")
 }
-foto() { [ -z "$imagenes" ] || { mkdir -p "$imagenes"; xwd -root -silent 2>/dev/null | convert xwd:- "$imagenes/$1.png" 2>/dev/null || true; }; }
+foto() {
+  [ -n "$imagenes" ] && command -v import >/dev/null || return 0
+  mkdir -p "$imagenes"
+  import -window root "$imagenes/$1.png" || true
+}
 # Waits for the window of that title and gives it the keyboard, which no window manager does here.
 ventana() {
   local v i
@@ -106,7 +111,7 @@ wait "$till" 2>/dev/null || true
 
 paso "Ajustes: una ticketera que es un archivo, un artículo, el tipo de cambio"
 printf '[PUERTOS]\r\nLPT1=/home/cajera/papel.prn\r\n[IMPRESORAS]\r\nTicketera=LPT1\r\n' >>"$puesto/KEB.cfg"
-como_cajera tarvopos-admin sql --puesto /home/cajera/.local/share/TarvoPos --base local >"$obra/sql.log" <<SQL
+"${cajera[@]}" tarvopos-admin sql --puesto /home/cajera/.local/share/TarvoPos --base local >"$obra/sql.log" <<SQL
 UPDATE Configuracion SET sImpresora='Ticketera', sImpresoraAlterna='Ticketera', nFlagCortaPapel=1, nFlagCortaPapelALT=1
 INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit) VALUES ('01', 206, 'QUESO FRESCO', 'QUESO FRESCO', 12.50)
 INSERT INTO Tipo_Cambio (dTipoCambFech, nTipoCambMont) VALUES (DATE(), 3.75)
@@ -116,7 +121,7 @@ SQL
 entrar() {
   abrir
   ventana '^Nombre y Password de Usuario$'
-  escribir SUPERVISOR; teclas Tab; escribir secreta; teclas Return
+  teclas alt+u; escribir SUPERVISOR; teclas alt+p; escribir secreta; teclas Return
 }
 
 paso "Abre la caja y vende un ticket"
@@ -136,7 +141,11 @@ sleep 2
 foto vendido
 grep -aq 'QUESO FRESCO' "$casa/papel.prn" || fallo "el ticket no llegó al puerto"
 grep -aq '12.50' "$casa/papel.prn" || fallo "el ticket no lleva el importe"
-dato() { sqlite3 "$puesto/TarvoPos.mdb" "$1"; }
+# Read from a copy: nobody but the cashier's user touches the store itself.
+dato() {
+  rm -rf "$obra/copia" && mkdir "$obra/copia" && cp "$puesto"/TarvoPos.mdb* "$obra/copia"
+  sqlite3 "$obra/copia/TarvoPos.mdb" "$1"
+}
 [ "$(dato "SELECT count(*) FROM Operacion WHERE cOperTipo IN (1,2,3,4) AND cProdCode = 206 AND cDocCodigo = 1")" = 1 ] || fallo "la venta no está guardada"
 [ "$(ls -d "$puesto"/respaldos/*-apertura | wc -l)" = 1 ] || fallo "no hay copia de la apertura"
 cerrar

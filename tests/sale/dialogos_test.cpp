@@ -162,7 +162,7 @@ TEST(Retiro, TheReceiptIsThePaperWeExpect) {
       {"sin_cabecera.txt", {}, 0, "ANA", 12}};
   for (const auto& c : kCasos) {
     SCOPED_TRACE(c.papel);
-    const DocumentoImpreso recibo = ReciboRetiro(c.cabecera, c.monto, q(c.usuario), c.codigo, momento);
+    const DocumentoImpreso recibo = ReciboRetiro({}, c.cabecera, c.monto, q(c.usuario), c.codigo, momento);
     EXPECT_TRUE(recibo.partes[2].puntos == 9 && recibo.partes[2].negrita);
     const QString texto = recibo.textos().join(u'\n');
     EXPECT_EQ(leerGolden(q("retiros/") + q(c.papel)).replace("\r\n", "\n"), AUnByte(texto).replace("\r\n",

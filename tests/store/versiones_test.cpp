@@ -64,7 +64,7 @@ class Base {
   }
   // Every row of the tables that version 0 had.
   QStringList contenido() const {
-    static const QString kNuevas = QStringLiteral("('Diario_Acto')");
+    static const QString kNuevas = QStringLiteral("('Diario_Acto', 'ConsumoVenta')");
     QStringList todo;
     for (const QString& t :
          filas(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT IN ") + kNuevas +

@@ -20,3 +20,6 @@ INSERT INTO Cliente (cClieCode, sClieApel, sClieName, sClieAddr, cDepaCode, cPro
 INSERT INTO Tarjeta (cClieCode, nTarjNumb, cTarjActi, dEmisDate, dCaduDate, sUserDesc, IdLocal,dUltOper) VALUES (900,'00000900',1,'2026/11/24 00:00:00','2026/11/24 00:00:00','ana',1,'2026/11/24 17:05:30')
 Update Tarjeta SET dCaduDate=dateadd(day, -1, (dateadd(year, 1, dEmisDate) )), bFlagSincro=0,dUltOper='2026/11/24 17:05:30' where ntarjnumb='00000900' AND IdLocal=1
 UPDATE Cliente    SET dUltTDate = '11/24/2026',        cTranCode = 2 WHERE cClieCode = 5   AND IdLocal = 1
+UPDATE local SET Activo = Activo WHERE idlocal = 1
+SELECT sClieApel, sClieName FROM Cliente WHERE sClieApel LIKE 'M__ _Z' AND sClieName LIKE 'R_S_'
+INSERT INTO Tarjeta (cClieCode, nTarjNumb, cTarjActi, dEmisDate, dCaduDate, sUserDesc, IdLocal, dUltOper, bFlagSincro) VALUES (987, '00000987', 1, convert(datetime,'2026-11-24 00:00:00',120), convert(datetime,'2027-11-23 00:00:00',120), 'CAJERO', 1, convert(datetime,'2026-11-24 10:30:15',120), 0)

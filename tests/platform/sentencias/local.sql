@@ -314,3 +314,7 @@ UPDATE Usuario SET sUserPass = 'x', cPerfCode = 2, sUserApel = 'Ñahui', sUserNa
  UPDATE configuracionTeclado     SET cProdCode = 0, cTeclFlagAsig='0'  where cProdCode IN (SELECT cProdCode FROM Producto WHERE nActivo =0) 
  Select nActivo from producto where cProdCode=12
  UPDATE producto  SET nActivo = 1,  sProdDesc = 'x',  sProdDescCrta = 'x',  cCodCatalogo = 'x'  WHERE cProdCode = 12
+ SELECT o.cOperCode, d.nProdCant, d.nProdPrecUnit, d.nDscto, (SELECT MIN(c.sTeclDesc) FROM ConfiguracionTeclado c WHERE c.cProdCode = d.cProdCode) AS sTeclDesc FROM OperacionParalela o INNER JOIN OperacionParalelaProducto d ON d.cOperCode = o.cOperCode WHERE o.cOperTipo + 0 = 20    and o.cOperCode > 3  AND TRIM(o.cEstado) <> '0' ORDER BY o.cOperCode
+ SELECT o.cOperCode, o.nEfectivoSoles - o.nVueltoSoles AS nSoles, (SELECT SUM(t.nMontoSoles + t.nProdPrecUnit) FROM Operacion t WHERE t.cOperCode = o.cOperCode AND t.cOperTipo = 2 AND t.cDocTipo = o.cDocTipo AND t.cOperFlagAnula = 0) AS nTarjetas FROM OperacionParalela o WHERE o.cOperTipo + 0 = 24 ORDER BY o.cOperCode
+SELECT SUM(o.nMontoDolares - o.nVueltoDolares) AS TOTAL FROM Operacion o WHERE o.cOperTipo in (1)    and o.cOperId > 3  AND (o.cDocTipo in ('01', '02') OR o.cOperCode NOT in (SELECT x.cOperCode FROM (SELECT o.cOperCode FROM OperacionParalela o WHERE o.cOperCodeAnul <> 0    and o.cOperCode > 3 ) x))
+ SELECT * FROM OperacionParalela WHERE dOperFech >= #11/17/2026# AND dOperFech < #11/25/2026# AND cOperTipo + 0 <> 30 AND cOperTipo + 0 = 22 AND TRIM(cEstado) = '1' ORDER BY dOperFech, cOperCode
