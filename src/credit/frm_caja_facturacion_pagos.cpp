@@ -12,7 +12,7 @@ frmCajaFacturacionPagos::frmCajaFacturacionPagos(Puesto& p, PantallasCredito& pa
       p_(p),
       pantallas_(pantallas) {
   InicioFacturacion(p_, v_);
-  cuerpo()->setContentsMargins(10, 8, 10, 6);
+  cuerpo()->setContentsMargins(6, 8, 6, 6);
   pestanas_ = new QTabWidget;
   pestanas_->setObjectName(QStringLiteral("SSTab1"));
   const ContextoCredito c{p_,

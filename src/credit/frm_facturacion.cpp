@@ -16,7 +16,7 @@ class PestanaFacturacion final : public PestanaCredito {
         tipo_(c, QStringLiteral("cboTipoDocumento"), v_.cboTipoDocumento),
         moneda_(c, QStringLiteral("cboMoneda"), v_.cboMoneda) {
     auto* v = new QVBoxLayout(this);
-    v->setContentsMargins(6, 6, 6, 6);
+    v->setContentsMargins(4, 6, 4, 6);
     v->setSpacing(6);
     v->addWidget(nuevoCliente());
     auto* fila = new QHBoxLayout;
@@ -113,7 +113,7 @@ class PestanaFacturacion final : public PestanaCredito {
   QWidget* nuevoCredito() {
     auto* panel = nuevoPanelCredito(QStringLiteral("Datos del Credito"), 2);
     Campo* ruc = panel->campo(QStringLiteral("txtRUC"), QStringLiteral("&RUC Cliente:"));
-    ruc->setMinimumWidth(130);
+    ruc->setMinimumWidth(118);
     ruc->filtro = [](QChar tecla) { return FiltrarTecla(tecla, {ClaseTecla::Digitos}); };
     c_.enlaces.texto(ruc, v_.txtRUC);
     panel->agregar(QStringLiteral("Credito a:"), credito_.control());

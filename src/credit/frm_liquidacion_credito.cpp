@@ -38,7 +38,7 @@ class PestanaLiquidacion final : public PestanaCredito {
   explicit PestanaLiquidacion(const ContextoCredito& c)
       : PestanaCredito(c), v_(c.v.liquidacion), tipo_(c, QStringLiteral("cboTipoDocumento3"), v_.cboTipoDocumento3) {
     auto* v = new QVBoxLayout(this);
-    v->setContentsMargins(6, 6, 6, 6);
+    v->setContentsMargins(4, 6, 4, 6);
     v->setSpacing(6);
     v->addWidget(nuevoDocumento());
     v->addWidget(nuevaLista(0, "Sin documento: F6 para buscar", "Total FADE/BADE (S/.):", "txtTotalPA", v_.txtTotalPA),

@@ -26,7 +26,7 @@ class PestanaNota final : public PestanaCredito {
           v_.cboTipoDocumento2 = elegido;
         }) {
     auto* v = new QVBoxLayout(this);
-    v->setContentsMargins(6, 6, 6, 6);
+    v->setContentsMargins(4, 6, 4, 6);
     v->setSpacing(6);
     v->addWidget(nuevoDocumento());
     v->addWidget(nuevasLineas(), 2);
@@ -61,16 +61,15 @@ class PestanaNota final : public PestanaCredito {
 
  private:
   QWidget* nuevoDocumento() {
-    auto* panel = nuevoPanelCredito(QStringLiteral("Datos de la Boleta/Factura"), 4);
+    auto* panel = nuevoPanelCredito(QStringLiteral("Datos de la Boleta/Factura"), 3);
     panel->agregar(QStringLiteral("Tipo Doc:"), tipo_.control());
     auto* busca = nuevoBoton(QStringLiteral("cmdBuscarDocumentoNC"), QStringLiteral("Buscar (F6)"));
     panel->agregar({}, busca);
     rotulo(panel, "lblNroDocumentoNC", u"Nro Documento:", v_.lblNroDocumentoNC);
-    rotulo(panel, "lblFecEmisionNC", u"F. de Emision:", v_.lblFecEmisionNC);
     rotulo(panel, "lblClienteNC", u"Cliente:", v_.lblClienteNC);
     rotulo(panel, "lblLocalNC", u"Local:", v_.lblLocalNC);
+    rotulo(panel, "lblFecEmisionNC", u"F. de Emision:", v_.lblFecEmisionNC);
     rotulo(panel, "lblCreditoaNC", u"Credito a:", v_.lblCreditoaNC);
-    panel->saltar();
     importe(panel, "txtMontoDocumento", u"Monto Documento:", v_.txtMontoDocumento);
     importe(panel, "txtMontoPorConsumirDocumento", u"Monto Por Consumir:", v_.txtMontoPorConsumirDocumento);
     connect(busca, &QPushButton::clicked, this, [this] { buscarDocumento(); });

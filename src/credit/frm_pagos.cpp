@@ -29,7 +29,7 @@ class PestanaPagos final : public PestanaCredito {
         tarjeta_(c, QStringLiteral("dcbTarjeta"), v_.dcbTarjeta),
         moneda_(c, QStringLiteral("cboMoneda1"), v_.cboMoneda1) {
     auto* v = new QVBoxLayout(this);
-    v->setContentsMargins(6, 6, 6, 6);
+    v->setContentsMargins(4, 6, 4, 6);
     v->setSpacing(6);
     auto* fila = new QHBoxLayout;
     fila->setSpacing(8);
@@ -38,6 +38,12 @@ class PestanaPagos final : public PestanaCredito {
     v->addLayout(fila);
     v->addWidget(nuevosPagos(), 1);
     v->addWidget(nuevoRegistro());
+    // A line of its own: with large amounts it is as long as the screen.
+    auto* ultimo = nuevoTexto({}, QStringLiteral("bien"));
+    ultimo->setObjectName(QStringLiteral("lblNuevoSaldo"));
+    ultimo->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    c.enlaces.rotulo(ultimo, v_.ultimo);
+    v->addWidget(ultimo);
     v->addLayout(nuevosBotones());
   }
 
@@ -190,13 +196,10 @@ class PestanaPagos final : public PestanaCredito {
   }
   QHBoxLayout* nuevosBotones() {
     auto* fila = new QHBoxLayout;
-    auto* ultimo = nuevoTexto({}, QStringLiteral("bien"));
-    ultimo->setObjectName(QStringLiteral("lblNuevoSaldo"));
-    c_.enlaces.rotulo(ultimo, v_.ultimo);
     auto* nuevo = nuevoBoton(QStringLiteral("cmdBoton(0)"), QStringLiteral("&Nuevo"));
     auto* graba = nuevoBoton(QStringLiteral("cmdBoton(3)"), QStringLiteral("&Grabar"), QStringLiteral("principal"));
     auto* copia = nuevoBoton(QStringLiteral("cmdReimprimirRecibo"), QStringLiteral("Reimprimir (F9)"));
-    fila->addWidget(ultimo, 1);
+    fila->addStretch(1);
     for (QPushButton* b : {graba, nuevo, copia}) fila->addWidget(b);
     connect(nuevo, &QPushButton::clicked, this, [this] {
       c_.con([this] {

@@ -17,8 +17,10 @@ ListaCredito::ListaCredito(const ContextoCredito& c, const QString& nombre, int&
     : lista_(new QComboBox), indice_(indice) {
   lista_->setObjectName(nombre);
   // A long entry must not widen the screen; the open list shows it whole.
-  lista_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  lista_->setMinimumContentsLength(8);
+  if (nombre.startsWith(u"dcb")) {
+    lista_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    lista_->setMinimumContentsLength(3);
+  }
   lista_->view()->setMinimumWidth(260);
   QObject::connect(lista_, &QComboBox::currentIndexChanged, lista_,
                    [con = c.con, &indice, alCambiar = std::move(alCambiar)](int n) {
@@ -48,7 +50,7 @@ QStringList TextosDe(const std::vector<Referencia>& lista) {
 
 Panel* nuevoPanelCredito(const QString& titulo, int pares) {
   auto* panel = new Panel(titulo, pares);
-  panel->layout()->setContentsMargins(12, 6, 12, 8);
+  panel->layout()->setContentsMargins(8, 6, 8, 8);
   if (auto* g = panel->findChild<QGridLayout*>()) {
     g->setHorizontalSpacing(2 * tema::kPaso);
     g->setVerticalSpacing(tema::kPaso);
