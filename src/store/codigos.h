@@ -23,6 +23,10 @@ enum class TipoOperacion {
   ReporteParalelas = 30
 };
 
+// Parallel rows that are no document: what the repair of the numbers left, and the marks of reports.
+inline constexpr std::initializer_list<TipoOperacion> kSinDocumento = {TipoOperacion::Ninguno,
+                                                                       TipoOperacion::ReporteParalelas};
+
 // The type of a document, cDocTipo: two digits as text.
 enum class TipoDocumento { Factura = 1, Boleta = 2, OC = 10, NC = 11, PADE = 12, PADV = 13, LIQPAD = 14 };
 

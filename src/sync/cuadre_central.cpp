@@ -85,10 +85,10 @@ class Cuadre {
       todo.push_back(
           FormatearSQL(
               u"SELECT cDocSerie, cDocCodigo, dOperFech, cOperCode, nMontoSoles AS total, cOperCodeRela, cEstado "
-              "AS estado FROM $ WHERE cOperFlagAbierto = 0 AND cOperTipo <> 0 AND cOperCodeAnul = 0 AND NOT "
+              "AS estado FROM $ WHERE cOperFlagAbierto = 0 AND NOT cOperTipo IN ($) AND cOperCodeAnul = 0 AND NOT "
               "cOperCode IN (SELECT cOperCodeAnul FROM OperacionParalela) AND NOT cOperCode IN (SELECT "
               "cOperCodeAnul FROM OperacionParalela_Historico) AND"_sql,
-              {cabeza}) +
+              {cabeza, Codigos(kSinDocumento)}) +
           dias);
       todo.push_back(
           FormatearSQL(

@@ -71,7 +71,7 @@ bool Envio::prepararCotejo(bool paralelas) {
   Recordset nuevas, marcadas, alla;
   if (!p_.poDBAdmin.EjecutarConsulta(
           p_.poCnnLocal,
-          cerradas + (paralelas ? u" AND "_sql + kParalelaPorEnviar
+          cerradas + (paralelas ? u" AND "_sql + ParalelaPorEnviar()
                                 : Sql(u" AND cProdCode <> 0 AND cFlagSincronizacion = '0'"_sql)),
           nuevas)) {
     return false;
@@ -119,7 +119,7 @@ bool Envio::faltaDetalle() {
          hay(FormatearSQL(
                  u"SELECT COUNT(*) FROM OperacionParalela WHERE cOperFlagAbierto = 0 AND cOperCodeAnul = 0 AND "
                  "cOperCode <= $ AND $"_sql,
-                 {finP_, kParalelaPorEnviar}),
+                 {finP_, ParalelaPorEnviar()}),
              u"cOperCode"_sql, true);
 }
 

@@ -2,14 +2,19 @@
 // The parts of one sending.
 #include <QSet>
 
+#include "store/codigos.h"
 #include "sync/cotejo.h"
 #include "sync/detalle_enviado.h"
 #include "sync/fila_central.h"
 #include "sync/pasada.h"
 
 // Not marked, or marked by the screen that issued it before it was ever sent.
-inline constexpr LiteralSql kParalelaPorEnviar =
-    u"(cFlagSincronizacion = '0' OR NOT cOperCode IN (SELECT cOperCode FROM ParalelaEnviada))"_sql;
+inline Sql ParalelaPorEnviar() {
+  return FormatearSQL(
+      u"(NOT cOperTipo IN ($) AND (cFlagSincronizacion = '0' OR NOT cOperCode IN (SELECT cOperCode FROM "
+      "ParalelaEnviada)))"_sql,
+      {Codigos(kSinDocumento)});
+}
 
 class Envio {
  public:

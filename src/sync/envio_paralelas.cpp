@@ -154,23 +154,24 @@ std::vector<FinFila> Envio::loteParalelas(const Filas& filas) {
 }
 
 FinPasada Envio::paralelas() {
-  Sql cuales = kParalelaPorEnviar;
+  Sql cuales = ParalelaPorEnviar();
   const Sql rangos = rangosPendientes(true, u"cOperCode"_sql);
   if (cotejarP_ && !rangos.vacia()) cuales = FormatearSQL(u"($ OR $)"_sql, {cuales, rangos});
   // What the repair of the numbers has left came from there.
-  return Recorrer(p_, pantalla_,
-                  {.origen = p_.poCnnLocal,
-                   .palabras = kPalabras,
-                   .pagina =
-                       [&](const Recordset::Fila* u) {
-                         return FormatearSQL(
-                             u" SELECT TOP $ * FROM OperacionParalela WHERE cOperFlagAbierto= 0  AND cOperCodeAnul = 0 "
-                             " AND cOperCode > $ AND cOperCode <= $ AND cOperTipo <> 0 AND $ AND NOT cOperCode in "
-                             " (Select cOperCodeAnul from operacionParalela )  ORDER BY cOpercode"_sql,
-                             {kFilasPorPagina, u ? codigoDe(*u) : 0, finP_, cuales});
-                       },
-                   .fila = [this](const Recordset::Fila& f) { return paralela(f); },
-                   .lote = [this](const Filas& filas) { return loteParalelas(filas); }});
+  return Recorrer(
+      p_, pantalla_,
+      {.origen = p_.poCnnLocal,
+       .palabras = kPalabras,
+       .pagina =
+           [&](const Recordset::Fila* u) {
+             return FormatearSQL(
+                 u" SELECT TOP $ * FROM OperacionParalela WHERE cOperFlagAbierto= 0  AND cOperCodeAnul = 0 "
+                 " AND cOperCode > $ AND cOperCode <= $ AND NOT cOperTipo IN ($) AND $ AND NOT cOperCode in "
+                 " (Select cOperCodeAnul from operacionParalela )  ORDER BY cOpercode"_sql,
+                 {kFilasPorPagina, u ? codigoDe(*u) : 0, finP_, Codigos(kSinDocumento), cuales});
+           },
+       .fila = [this](const Recordset::Fila& f) { return paralela(f); },
+       .lote = [this](const Filas& filas) { return loteParalelas(filas); }});
 }
 
 // One that the centre does not hold after all is sent anew by the next run.

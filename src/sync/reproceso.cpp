@@ -70,9 +70,9 @@ class Reproceso {
 
   bool leer() {
     const auto sinAnuladas = [](LiteralSql tabla) {
-      return FormatearSQL(u" AND cOperCodeAnul = 0 AND cOperTipo <> 0 AND NOT cOperCode in  (Select cOperCodeAnul from "
-                          "$ )"_sql,
-                          {tabla});
+      return FormatearSQL(u" AND cOperCodeAnul = 0 AND NOT cOperTipo IN ($) AND NOT cOperCode in  (Select "
+                          "cOperCodeAnul from $ )"_sql,
+                          {Codigos(kSinDocumento), tabla});
     };
     const Sql deArticulo = u" AND cProdCode <> 0"_sql;
     const bool bien =

@@ -363,6 +363,8 @@ void Jornada::liquidacion(Caja& c) {
     e.filas = {f};
   } else {
     p.dinero.vueltoSoles = -diferencia;
+    f.linea.precio = diferencia;
+    if (diferencia < 0) e.filas = {f};
   }
   p.estado = 2;
   e.paralela = p;
