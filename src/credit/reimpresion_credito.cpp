@@ -14,7 +14,7 @@ bool aviso(Puesto& p, const QString& texto) {
 }
 
 // A document that stands; false when there is none, which has been told.
-bool leerDocumento(Puesto& p, Conexion& central, const Sql& donde, const QString& nombre, EstadoDocumento& documento) {
+bool leerParaCopia(Puesto& p, Conexion& central, const Sql& donde, const QString& nombre, EstadoDocumento& documento) {
   std::optional<EstadoDocumento> e;
   if (const auto error = LeerEstado(central, donde, e)) return aviso(p, error->descripcion);
   if (!e) return aviso(p, QStringLiteral("No existe ") + nombre + u'.');
@@ -22,7 +22,7 @@ bool leerDocumento(Puesto& p, Conexion& central, const Sql& donde, const QString
   return true;
 }
 
-LineaDocumento lineaDe(const Recordset::Fila& f) {
+LineaDocumento lineaDeCopia(const Recordset::Fila& f) {
   LineaDocumento l;
   l.cProdCode = static_cast<int>(AEntero(Val(LimpiarNulo(f[u"cCodartic"]))));
   l.descripcion = LimpiarNulo(f[u"sProdDscCrta"]);
@@ -47,7 +47,7 @@ bool leerLineas(Puesto& p, Conexion& central, qint64 cCodVta, FacturaCredito& f)
   f.igv = Numero(cabeza[u"Igv"]);
   f.servicio = Numero(cabeza[u"Serv"]);
   f.detraccion.afecta = Numero(cabeza[u"bTieneDetraccion"]) != 0;
-  for (const auto& l : lineas) f.lineas.push_back(lineaDe(l));
+  for (const auto& l : lineas) f.lineas.push_back(lineaDeCopia(l));
   return true;
 }
 
@@ -99,7 +99,7 @@ bool ReimprimirFactura(Puesto& p, DocCredito doc, const QString& serie, const QS
   if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return false;
   const QString escrito = NumeroEscrito(AEntero(Val(numero)));
   EstadoDocumento e;
-  if (!leerDocumento(p, central, DeNumero(doc, serie, escrito), PalabraDe(doc) + u' ' + serie + u'-' + escrito, e)) {
+  if (!leerParaCopia(p, central, DeNumero(doc, serie, escrito), PalabraDe(doc) + u' ' + serie + u'-' + escrito, e)) {
     return false;
   }
   if (e.anulado) return aviso(p, e.palabras());
@@ -131,7 +131,7 @@ bool ReimprimirRecibo(Puesto& p, const QString& serie, const QString& numero) {
     return aviso(p, QStringLiteral("El recibo ") + nombre + QStringLiteral(" fue anulado."));
   ReciboCredito r;
   const auto doc = DocCreditoDe(LimpiarNulo(rs[u"TipoDoc"])).value_or(DocCredito::FADE);
-  if (!leerDocumento(p, central, DeNumero(doc, LimpiarNulo(rs[u"cSerieDoc"]), LimpiarNulo(rs[u"NroDoc"])),
+  if (!leerParaCopia(p, central, DeNumero(doc, LimpiarNulo(rs[u"cSerieDoc"]), LimpiarNulo(rs[u"NroDoc"])),
                      QStringLiteral("el documento del recibo ") + nombre, r.documento)) {
     return false;
   }
