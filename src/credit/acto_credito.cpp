@@ -2,7 +2,7 @@
 
 #include "foundation/puesto.h"
 
-ErrorBD ErrorDeRechazo(const QString& palabras) { return {kErrorGeneral, 0, palabras}; }
+ErrorBD RechazoDelActo(const QString& palabras) { return {kErrorGeneral, 0, palabras}; }
 
 // Anew each time: one that was left open may be dead.
 bool AbrirCentralDelActo(Puesto& p) {

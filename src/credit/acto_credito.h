@@ -8,7 +8,7 @@
 struct Puesto;
 
 // A reason that the database doesn't know, as the act's error.
-ErrorBD ErrorDeRechazo(const QString& palabras);
+ErrorBD RechazoDelActo(const QString& palabras);
 
 // Opens the central database for an act. When it is away the box has been shown.
 [[nodiscard]] bool AbrirCentralDelActo(Puesto& p);

@@ -54,11 +54,11 @@ std::optional<ErrorBD> preparar(Anulacion& a, ActoDoble& acto) {
   if (auto error = central.ejecutar(SentenciaBloqueo(donde))) return error;
   std::optional<EstadoDocumento> d;
   if (auto error = LeerEstado(central, donde, d)) return error;
-  if (!d) return ErrorDeRechazo(QStringLiteral("Documento no existe o no es válido"));
+  if (!d) return RechazoDelActo(QStringLiteral("Documento no existe o no es válido"));
   if (!a.v.pago) {
     if (auto error = LeerVida(central, *d, a.vida)) return error;
     const QString rechazo = RechazoDocumento(*d, a.vida);
-    if (!rechazo.isEmpty()) return ErrorDeRechazo(rechazo);
+    if (!rechazo.isEmpty()) return RechazoDelActo(rechazo);
     acto.nombre = QStringLiteral("anula %1").arg(d->nombre());
     acto.enServidor = SentenciasAnularDocumento(*d);
     return {};
@@ -66,7 +66,7 @@ std::optional<ErrorBD> preparar(Anulacion& a, ActoDoble& acto) {
   std::optional<PagoGuardado> pago;
   if (auto error = LeerPago(central, a.v.pago->serie, a.v.pago->numero, pago)) return error;
   const QString rechazo = pago ? RechazoPago(*d, *pago) : QStringLiteral("Documento no existe o no es válido");
-  if (!rechazo.isEmpty()) return ErrorDeRechazo(rechazo);
+  if (!rechazo.isEmpty()) return RechazoDelActo(rechazo);
   if (auto error = BuscarPagoAqui(a.p, *pago, a.fila)) return error;
   acto.nombre = QStringLiteral("anula pago %1-%2").arg(pago->serie, pago->numero);
   acto.enServidor = SentenciasAnularPago(*d, *pago);

@@ -55,7 +55,7 @@ class PestanaPagos final : public PestanaCredito {
     tarjeta_.mostrar(TextosDe(c_.v.referencias.tarjetas));
     moneda_.mostrar(kMonedas);
     moneda_.control()->setEnabled(!v_.chkEsDetraccion);
-    const CamposForma campos = CamposDeForma(c_.v);
+    const CamposForma campos = CamposDelPago(c_.v);
     for (QWidget* w : deBanco_) w->setVisible(campos.banco);
     for (QWidget* w : deTarjeta_) w->setVisible(campos.tarjeta);
     for (QWidget* w : deCertificado_) w->setVisible(campos.certificado);

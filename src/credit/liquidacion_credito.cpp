@@ -89,7 +89,7 @@ double suma(const std::vector<LineaLQ>& lista) {
 }
 
 // The document and its notes, over one connection; false when there is nothing to add, which has been told.
-bool leerVenta(Puesto& p, qint64 codigo, EstadoDocumento& documento, std::vector<LineaLQ>& notas) {
+bool leerConNotas(Puesto& p, qint64 codigo, EstadoDocumento& documento, std::vector<LineaLQ>& notas) {
   Conexion central;
   if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true) ||
       !LeerAbierto(p, central, DeCodigo(codigo), documento)) {
@@ -146,7 +146,7 @@ std::optional<QString> AgregarDocumentoLQ(Puesto& p, TabLiquidacion& v) {
   }
   EstadoDocumento e;
   std::vector<LineaLQ> notas;
-  if (!leerVenta(p, codigo, e, notas)) return campo;
+  if (!leerConNotas(p, codigo, e, notas)) return campo;
   v.cboTipoDocumento3 = e.doc == DocCredito::FADE ? 0 : 1;
   v.lvwTX[0].push_back(documentoDe(e));
   v.lvwTX[1].insert(v.lvwTX[1].end(), notas.begin(), notas.end());

@@ -89,7 +89,7 @@ std::optional<ErrorBD> preparar(Puesto& p, Liquidacion& l, ActoDoble& acto) {
   EstadoDocumento e;
   if (auto error = LeerBloqueado(central, DeCodigo(l.cCodVta), e)) return error;
   if (e.saldoPropio() != 0 || Redondear(e.pagado - l.pagado, 2) != 0 || e.consumido != l.consumido) {
-    return ErrorDeRechazo(QStringLiteral("Otra caja cambió los pagos o el consumo del documento ") + e.nombre() +
+    return RechazoDelActo(QStringLiteral("Otra caja cambió los pagos o el consumo del documento ") + e.nombre() +
                           QStringLiteral("; vuelva a elegirlo."));
   }
   l.papel.documento = e;
@@ -101,7 +101,7 @@ std::optional<ErrorBD> preparar(Puesto& p, Liquidacion& l, ActoDoble& acto) {
   return {};
 }
 
-void papelDelCommit(Puesto& p, const Liquidacion& l) {
+void entregarVuelto(Puesto& p, const Liquidacion& l) {
   const EfectivoDocumento& e = l.papel.efectivo;
   CommitDocumento cajon;
   if (e.soles > 0 || e.dolares > 0 || e.vueltoSoles > 0) (void)AbrirCajon(p, cajon);
@@ -125,7 +125,7 @@ std::optional<QString> GrabarLiquidacion(Puesto& p, CajaFacturacionPagos& todo) 
       HacerActo(p, QStringLiteral("La liquidación"), [&](ActoDoble& acto) { return preparar(p, l, acto); });
   if (fin == FinCredito::Nada) return QString();
   AvisarCorreccion(p, l.numero);
-  if (fin == FinCredito::Hecho) papelDelCommit(p, l);
+  if (fin == FinCredito::Hecho) entregarVuelto(p, l);
   LimpiarLiquidacion(v);
   return {};
 }

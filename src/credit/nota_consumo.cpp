@@ -26,7 +26,7 @@ void mostrarDocumento(TabNota& v, const DocumentoPorConsumir& d, const EstadoDoc
   v.txtMontoPorConsumirDocumento = Formatear(e.porConsumir(), kImporte);
 }
 
-LineaVendida lineaDeNota(const Recordset::Fila& f) {
+LineaVendida lineaVendida(const Recordset::Fila& f) {
   return {LimpiarNulo(f[u"cCodArtic"]), LimpiarNulo(f[u"sProdDscCrta"]), Numero(f[u"nQtdVendida"]),
           Numero(f[u"nPrecioOrig"]), Numero(f[u"nDescuento"])};
 }
@@ -47,7 +47,7 @@ bool leer(Puesto& p, TabNota& v, const DocumentoPorConsumir& d) {
     return false;
   }
   p.poDBAdmin.CerrarBD(central);
-  for (const auto& f : lineas) v.lineas.push_back(lineaDeNota(f));
+  for (const auto& f : lineas) v.lineas.push_back(lineaVendida(f));
   mostrarDocumento(v, d, e);
   return true;
 }
@@ -80,7 +80,7 @@ std::optional<ErrorBD> preparar(Puesto& p, qint64 cCodVta, Nota& n, ActoDoble& a
   Conexion& central = p.poCnnCentral;
   EstadoDocumento e;
   if (auto error = LeerBloqueado(central, DeCodigo(cCodVta), e)) return error;
-  if (n.papel.total > e.porConsumir()) return ErrorDeRechazo(noPuedeConsumir(Formatear(e.porConsumir(), kImporte)));
+  if (n.papel.total > e.porConsumir()) return RechazoDelActo(noPuedeConsumir(Formatear(e.porConsumir(), kImporte)));
   n.papel.documento = e;
   if (auto error = TomarNumeroParalelo(p, central, TipoDocumento::NC, n.numero)) return error;
   n.papel.numero = n.numero.documento;

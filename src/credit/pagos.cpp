@@ -93,7 +93,7 @@ void CargarPagos(Puesto& p, TabPagos& v, const DocumentoPorPagar& documento) {
   else LimpiarPagos(p, v);
 }
 
-CamposForma CamposDeForma(const CajaFacturacionPagos& v) {
+CamposForma CamposDelPago(const CajaFacturacionPagos& v) {
   const QString forma = CodigoElegido(v.referencias.formas, v.pago.dcbFormaPago);
   return {forma == u"02", forma == u"03", forma == u"04"};
 }
@@ -104,7 +104,7 @@ void CambiarForma(CajaFacturacionPagos& v) {
   t.txtNroCuenta.clear();
   t.txtMontoSoles.clear();
   t.txtMontoDolares.clear();
-  const CamposForma campos = CamposDeForma(v);
+  const CamposForma campos = CamposDelPago(v);
   if (!campos.banco) t.dcbBanco = -1;
   if (!campos.tarjeta) t.dcbTarjeta = -1;
 }

@@ -20,7 +20,7 @@ void CambiarMontoPago(const Puesto& p, TabPagos& v);
 struct CamposForma {
   bool tarjeta = false, certificado = false, banco = false;
 };
-CamposForma CamposDeForma(const CajaFacturacionPagos& v);
+CamposForma CamposDelPago(const CajaFacturacionPagos& v);
 // Whether the amount of that currency can be typed.
 [[nodiscard]] bool MontoEditable(const TabPagos& v, bool enDolares);
 

@@ -34,7 +34,7 @@ double saldoPropio(const TabPagos& v) { return LeerImporte(v.enDolares ? v.lblSa
 // The checks in front of the act; nothing when all is well.
 std::optional<QString> validar(Puesto& p, const CajaFacturacionPagos& todo) {
   const TabPagos& v = todo.pago;
-  const CamposForma forma = CamposDeForma(todo);
+  const CamposForma forma = CamposDelPago(todo);
   const bool dolares = v.cboMoneda1 == 1;
   const QString& monto = dolares ? v.txtMontoDolares : v.txtMontoSoles;
   const char* campoMonto = dolares ? "txtMontoDolares" : "txtMontoSoles";
@@ -64,7 +64,7 @@ std::optional<QString> validar(Puesto& p, const CajaFacturacionPagos& todo) {
 
 PagoCredito tomar(const Puesto& p, const CajaFacturacionPagos& todo) {
   const TabPagos& v = todo.pago;
-  const CamposForma forma = CamposDeForma(todo);
+  const CamposForma forma = CamposDelPago(todo);
   PagoCredito pago;
   pago.forma = CodigoElegido(todo.referencias.formas, v.dcbFormaPago);
   pago.fecha = *FechaTecleada(v.DTPFechaPago);
@@ -83,7 +83,7 @@ PagoCredito tomar(const Puesto& p, const CajaFacturacionPagos& todo) {
 }
 
 // '01' is cash, all others a voucher.
-ClaseDocumento claseDelPago(const PagoCredito& pago) {
+ClaseDocumento claseDelRecibo(const PagoCredito& pago) {
   return pago.forma == u"01" ? ClaseDocumento::PADE : ClaseDocumento::PADV;
 }
 
@@ -98,7 +98,7 @@ bool buscarRepetido(Puesto& p, const TabPagos& v, const PagoCredito& pago, QStri
           FormatearSQL(
               u"SELECT cDocSerie, cDocCodigo FROM OperacionParalela WHERE dOperFech = '$' AND cOperTipo = $"
               " AND sGlosa = '$' AND nMoneda = $ AND nMontoSoles = $ AND nMontoDolares = $ AND cEstado <> '0'"_sql,
-              {Texto(esteMinuto(p)), Codigo(DatosDe(claseDelPago(pago)).operacion), Texto(kGlosaPago),
+              {Texto(esteMinuto(p)), Codigo(DatosDe(claseDelRecibo(pago)).operacion), Texto(kGlosaPago),
                pago.enDolares ? 2 : 1, pago.importe.soles, pago.importe.dolares}),
           suyos)) {
     return false;
@@ -131,7 +131,7 @@ bool repetirPago(Puesto& p, const TabPagos& v, const PagoCredito& pago) {
 
 // The parallel row of the payment.
 Sql sentenciaRecibo(const Puesto& p, const PagoCredito& pago) {
-  const ClaseDocumento clase = claseDelPago(pago);
+  const ClaseDocumento clase = claseDelRecibo(pago);
   const DatosOperacion o = OperacionDe(p, pago.documento, pago.recibo, DatosDe(clase).operacion);
   DatosParalela d;
   d.moneda = pago.enDolares ? 2 : 1;
@@ -151,18 +151,18 @@ std::optional<ErrorBD> preparar(Puesto& p, const TabPagos& v, PagoCredito& pago,
   EstadoDocumento e;
   if (auto error = LeerBloqueado(central, donde, e)) return error;
   if (!Cabe(e, pago.importe)) {
-    return ErrorDeRechazo(QStringLiteral("El monto a pagar no debe ser mayor que el saldo") +
+    return RechazoDelActo(QStringLiteral("El monto a pagar no debe ser mayor que el saldo") +
                           QStringLiteral(": ahora es de S/. ") + Formatear(e.saldo(), u"0.00") +
                           QStringLiteral(" (US$ ") + Formatear(e.saldoUSD(), u"0.00") + QStringLiteral(")."));
   }
   if (pago.esDetraccion && !e.detraccion) {
-    return ErrorDeRechazo(QStringLiteral("La detracción de este documento ya no está pendiente."));
+    return RechazoDelActo(QStringLiteral("La detracción de este documento ya no está pendiente."));
   }
   if (pago.esDetraccion && Redondear(*e.detraccion, 2) != pago.importe.soles) {
-    return ErrorDeRechazo(QStringLiteral("El monto de la detracción cambió; vuelva a elegir el documento."));
+    return RechazoDelActo(QStringLiteral("El monto de la detracción cambió; vuelva a elegir el documento."));
   }
   pago.documento = e;
-  if (auto error = TomarNumeroParalelo(p, central, *DatosDe(claseDelPago(pago)).documento, pago.recibo)) return error;
+  if (auto error = TomarNumeroParalelo(p, central, *DatosDe(claseDelRecibo(pago)).documento, pago.recibo)) return error;
   acto.nombre =
       QStringLiteral("pago ") + pago.recibo.documento.serie + u'-' + NumeroEscrito(pago.recibo.documento.numero);
   acto.enLocal = {pago.recibo.guardar, sentenciaRecibo(p, pago)};
@@ -181,9 +181,9 @@ EstadoDocumento despues(const Puesto& p, const PagoCredito& pago) {
   return e;
 }
 
-void imprimirPago(Puesto& p, const PagoCredito& pago, double saldo) {
+void entregarRecibo(Puesto& p, const PagoCredito& pago, double saldo) {
   ReciboCredito r;
-  r.pade = claseDelPago(pago) == ClaseDocumento::PADE;
+  r.pade = claseDelRecibo(pago) == ClaseDocumento::PADE;
   r.numero = pago.recibo.documento;
   r.enDolares = pago.enDolares;
   r.importe = pago.importe;
@@ -209,7 +209,7 @@ std::optional<QString> GrabarPago(Puesto& p, CajaFacturacionPagos& v) {
   if (fin == FinCredito::Nada) return QString();
   AvisarCorreccion(p, pago.recibo);
   const EstadoDocumento e = despues(p, pago);
-  if (fin == FinCredito::Hecho) imprimirPago(p, pago, e.saldo());
+  if (fin == FinCredito::Hecho) entregarRecibo(p, pago, e.saldo());
   LimpiarPagos(p, v.pago);
   const NumeroDocumento& recibo = pago.recibo.documento;
   v.pago.ultimo = QStringLiteral("Recibo ") + recibo.serie + u'-' + NumeroEscrito(recibo.numero) +

@@ -15,7 +15,7 @@ void ponerCopia(CommitDocumento& c, const std::optional<DatosCopia>& copia) {
   c.totales.push_back({QStringLiteral(" COPIA"), {}, false, true});
 }
 
-void imprimirPapel(Puesto& p, CommitDocumento& c) { (void)ImprimirTicket(p, c); }
+void mandarAlPapel(Puesto& p, CommitDocumento& c) { (void)ImprimirTicket(p, c); }
 
 CommitDocumento paralelo(ClaseDocumento clase, const EstadoDocumento& d, const NumeroDocumento& numero) {
   CommitDocumento c;
@@ -56,7 +56,7 @@ void ImprimirFactura(Puesto& p, const FacturaCredito& f, const std::optional<Dat
     c.totales.push_back(Total(QStringLiteral(" Monto S/."), f.detraccion.monto));
   }
   ponerCopia(c, copia);
-  imprimirPapel(p, c);
+  mandarAlPapel(p, c);
 }
 
 void ImprimirRecibo(Puesto& p, const ReciboCredito& r, const std::optional<DatosCopia>& copia) {
@@ -69,7 +69,7 @@ void ImprimirRecibo(Puesto& p, const ReciboCredito& r, const std::optional<Datos
   if (r.saldo) c.totales.push_back(Total(QStringLiteral("  Saldo x pagar (S/) "), *r.saldo));
   c.totales.push_back(llano(QStringLiteral("  Ref: ") + r.documento.nombre()));
   ponerCopia(c, copia);
-  imprimirPapel(p, c);
+  mandarAlPapel(p, c);
 }
 
 void ImprimirNota(Puesto& p, const NotaCredito& n) {
@@ -79,7 +79,7 @@ void ImprimirNota(Puesto& p, const NotaCredito& n) {
   CifrasParalela x;
   x.total = n.total;
   c.totales = TotalesParalela(c.clase, x);
-  imprimirPapel(p, c);
+  mandarAlPapel(p, c);
 }
 
 void ImprimirLiquidacion(Puesto& p, const LiquidacionCredito& l) {
@@ -92,5 +92,5 @@ void ImprimirLiquidacion(Puesto& p, const LiquidacionCredito& l) {
   x.total = l.diferencia;
   x.efectivo = l.efectivo;
   c.totales = TotalesParalela(c.clase, x);
-  imprimirPapel(p, c);
+  mandarAlPapel(p, c);
 }

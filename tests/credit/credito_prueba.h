@@ -149,7 +149,6 @@ struct Credito {
     EXPECT_TRUE(p.poDBAdmin.AbrirBD(c, p.ses.psConexionCentral));
     p.ejecuta(c, QString::fromUtf8(sql));
   }
-  QString papel(const char* puerto) { return QString::fromLatin1(impreso(puerto)); }
   QByteArray impreso(const char* puerto) { return p.papeles().papel[QString::fromLatin1(puerto)]; }
   QString local(const char* sql) { return p.filas(QString::fromUtf8(sql)); }
 };
