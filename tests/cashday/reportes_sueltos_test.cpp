@@ -66,7 +66,7 @@ TEST(ReporteStock, PrintsTheWarehouseOfTheDesk) {
   p.abrirCentral();
   for (const char* sql : {"INSERT INTO Almacen VALUES ('01', 'CENTRAL')",
                           "INSERT INTO Articulo (cCodartic, vDscartic, cUndSalida, bSwActivo) VALUES "
-                          "('000101', 'ARROZ CON PATO A LA NORTEÑA', 'DOCENA', 1), ('000102', 'CUY', 'UND', 1)",
+                          "('000101', 'ARROZ CON PATO A LA NORTEÑA', 'DOCENA', 0), ('000102', 'CUY', 'UND', 0)",
                           "INSERT INTO SaldoArticulo VALUES ('01', '000101', '2026-11-01', 10.5)",
                           "INSERT INTO ZANKEBMOVIVNTA (dFecha, cAlmaCode, cProdCode, nCantidad) VALUES "
                           "('2026-11-20', '01', '000101', 3), ('2026-11-20', '01', '000102', 2)"}) {

@@ -73,7 +73,7 @@ TEST(BasePostgres, IsBroughtUpToDate) {
       for (const QString& s : paso) {
         const QString tabla = s.section(u' ', 2, 2);
         if (s.startsWith(u"CREATE TABLE")) servidor().crudo(c, QStringLiteral("DROP TABLE ") + tabla);
-        if (s.startsWith(u"CREATE INDEX")) servidor().crudo(c, QStringLiteral("DROP INDEX dbo.") + tabla);
+        if (s.startsWith(u"CREATE INDEX")) servidor().crudo(c, QStringLiteral("DROP INDEX IF EXISTS dbo.") + tabla);
       }
     }
     servidor().crudo(c, u8("UPDATE dbo.version_tablas SET version = 0"));

@@ -34,11 +34,12 @@ struct NotaEnDosSitios {
            u'/' + p.filas(c, q("SELECT cCajaCodi, bAnulado FROM ConsumoVenta ORDER BY cCajaCodi")) + u'/' +
            p.filas(q("SELECT cActo FROM Diario_Acto"));
   }
-  bool anular() {
+  DocumentoGuardado nota() {
     DocumentoGuardado t;
     EXPECT_EQ(LecturaDocumento::Leida, LeerDocumento(p, 4, true, t));
-    return AnularConsumo(p, t);
+    return t;
   }
+  bool anular() { return AnularConsumo(p, nota()); }
 };
 
 const char* const kAntes = "4|1|0|REF. SIST. LOGISTICA/00001|0\n00002|0/";
@@ -70,8 +71,9 @@ TEST(Consumo, WithEachStatementFailing) {
     plan.catalogo = false;
     NotaEnDosSitios nota([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
     nota.p.persona().dejaPasar();
+    const DocumentoGuardado t = nota.nota();
     plan.armar(n);
-    (void)nota.anular();
+    (void)AnularConsumo(nota.p, t);
     const bool tocado = plan.van() >= n;
     plan.armar(0);
     Conexion central;
