@@ -145,6 +145,7 @@ class PestanaLiquidacion final : public PestanaCredito {
     for (auto [nombre, etiqueta, texto] : {std::tuple("txtVueltoSolesLQ", "Vuelto:  S/.", &v_.txtVueltoSolesLQ),
                                            {"txtVueltoDolaresLQ", "US$", &v_.txtVueltoDolaresLQ}}) {
       Campo* campo = panel->fijo(QString::fromLatin1(nombre), QString::fromLatin1(etiqueta));
+      campo->setMinimumWidth(112);
       campo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
       c_.enlaces.texto(campo, *texto);
     }

@@ -188,13 +188,15 @@ TEST_F(ArranqueTest, AStoreThatAnotherProgramHoldsEndsTheStartAtTheFirstBox) {
 TEST_F(ArranqueTest, ANewerStoreOrServerEndsTheStart) {
   for (const QString& cadena : {p.ses.psConexionCentral, p.ses.psConexionCliente, QString()}) {
     Conexion c = cadena.isEmpty() ? Conexion() : abrir(cadena);
-    p.ejecuta(cadena.isEmpty() ? p.poCnnLocal : c, QStringLiteral("PRAGMA user_version = 99"));
+    Conexion& base = cadena.isEmpty() ? p.poCnnLocal : c;
+    const QString version = p.filas(base, QStringLiteral("PRAGMA user_version"));
+    p.ejecuta(base, QStringLiteral("PRAGMA user_version = 99"));
     c.cerrar();
     p.persona().espera(QStringLiteral("es de la versión 99, más nueva que este programa"));
     arrancaYTermina();
     if (cadena.isEmpty()) continue;
     c = abrir(cadena);
-    p.ejecuta(c, QStringLiteral("PRAGMA user_version = 1"));
+    p.ejecuta(c, QStringLiteral("PRAGMA user_version = ") + version);
     abrirLocal();
   }
 }
