@@ -91,7 +91,7 @@ class PestanaFacturacion final : public PestanaCredito {
                                        .local = QStringLiteral("&Local:"),
                                        .con = [con = c_.con](const std::function<void()>& accion) { con(accion); }});
     cliente_.txtTarjeta->setFixedWidth(110);
-    cliente_.txtNombres->setMinimumWidth(150);
+    cliente_.txtNombres->setMinimumWidth(110);
     panel->ensanchar(cliente_.txtNombres);
     cliente_.txtLocal->setFixedWidth(48);
     auto* busca = nuevoBoton(QStringLiteral("txtBuscaCliente"), QStringLiteral("Buscar (F2)"));
