@@ -31,6 +31,8 @@ QString comparable(const QString& texto) {
         desde = m.capturedEnd();
       }
       l = nueva + l.mid(desde);
+      // By the server's own clock, which stands at nine.
+      if (l.contains(u"SincronizacionCaja")) l = l.section(QStringLiteral(" dfecha="), 0, 0);
     }
     std::sort(lineas.begin() + 1, lineas.end());
     bloques << lineas.join(u'\n');
@@ -69,7 +71,14 @@ TEST_P(Dia, LeavesTheSameOnPostgres) {
   dejaSusFilasYSuPapel(GetParam(), PuestoDeObra(dia + QStringLiteral(" 21:00:00")), comparable);
 }
 
-INSTANTIATE_TEST_SUITE_P(Dias, Dia, testing::ValuesIn(obrasDe(kDias)),
+// What only takes the pictures is no day.
+std::vector<QString> dias() {
+  std::vector<QString> todas = obrasDe(kDias);
+  std::erase(todas, QStringLiteral("pantallas"));
+  return todas;
+}
+
+INSTANTIATE_TEST_SUITE_P(Dias, Dia, testing::ValuesIn(dias()),
                          [](const auto& obra) { return obra.param.toStdString(); });
 
 const QByteArray kHastaLaVenta =
