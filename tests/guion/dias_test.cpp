@@ -32,7 +32,8 @@ QString comparable(const QString& texto) {
       }
       l = nueva + l.mid(desde);
       // By the server's own clock, which stands at nine.
-      if (l.contains(u"SincronizacionCaja")) l = l.section(QStringLiteral(" dfecha="), 0, 0);
+      if (l.contains(u"SincronizacionCaja") || l.contains(u"TCABECERAZ1"))
+        l = l.section(QStringLiteral(" dfecha="), 0, 0);
     }
     std::sort(lineas.begin() + 1, lineas.end());
     bloques << lineas.join(u'\n');
