@@ -39,14 +39,15 @@ bool ejecutar(Puesto& p, const std::vector<Sql>& sentencias) {
   return false;
 }
 
-// Parallel documents with their lines; one whose last state the centre does not know yet stays.
+// Parallel documents with their lines; one whose last state the centre does not know yet stays. The marks of reports,
+// which are never sent, go once they are closed.
 std::vector<Sql> moverParalelas(QDate limite) {
   const Sql cuales = FormatearSQL(
-      u"cFlagSincronizacion ='1' AND dOperFech < $ AND  not(cEstado='1') AND not (cDocTipo in($)) "
+      u"((cFlagSincronizacion ='1' AND dOperFech < $ AND  not(cEstado='1') AND not (cDocTipo in($)) "
       "AND cOperCode IN (SELECT o.cOperCode FROM OPERACIONPARALELA o INNER JOIN ParalelaEnviada e ON e.cOperCode = "
       "o.cOperCode WHERE o.cEstado = e.cEstado AND o.cOperCodeRela = e.cOperCodeRela AND o.cOperCodeAnul = "
-      "e.cOperCodeAnul)"_sql,
-      {limite, Codigos({TipoDocumento::PADE, TipoDocumento::PADV})});
+      "e.cOperCodeAnul)) OR (cOperTipo = $ AND cOperFlagAbierto = 0 AND dOperFech < $))"_sql,
+      {limite, Codigos({TipoDocumento::PADE, TipoDocumento::PADV}), Codigo(TipoOperacion::ReporteParalelas), limite});
   const Sql suyos = u"(SELECT cOpercode FROM OPERACIONPARALELA WHERE "_sql + cuales + u") "_sql;
   return {
       u"INSERT INTO OPERACIONPARALELAPRODUCTOHIST SELECT * FROM  OPERACIONPARALELAPRODUCTO WHERE cOperCode IN "_sql +

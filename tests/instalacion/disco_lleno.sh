@@ -6,13 +6,13 @@
 #   disco_lleno.sh PATH/tarvopos-admin
 set -euo pipefail
 admin=$(realpath "$1")
+. "$(dirname "$0")/comun.sh"
 [ "$(id -u)" -eq 0 ] || { echo "No se probó el disco lleno: hace falta ser root" >&2; exit 77; }
 obra=$(mktemp -d)
 disco=$obra/disco
 mkdir "$disco" "$obra/usb"
 mount -t tmpfs -o size=64m tmpfs "$disco" || { rm -rf "$obra"; echo "No se probó el disco lleno: no hay tmpfs" >&2; exit 77; }
 trap 'umount -l "$disco"; rm -rf --one-file-system "$obra"' EXIT
-fallo() { echo "FALLO: $1" >&2; cat "$obra/salida" >&2; exit 1; }
 puesto=$disco/caja
 
 "$admin" crear-puesto "$puesto" --demo >"$obra/salida"
@@ -23,20 +23,7 @@ dejar() {
   libre=$(($(df --output=avail -B1 "$disco" | tail -1) - $1))
   if [ "$libre" -gt 0 ]; then head -c "$libre" /dev/zero >"$disco/relleno" 2>/dev/null || true; fi
 }
-tocar() { QT_QPA_PLATFORM=offscreen "$admin" guion - --puesto "$puesto" >"$obra/salida" 2>&1 || fallo "el guion no terminó"; }
 dato() { sqlite3 "$puesto/TarvoPos.mdb" "$1"; }
-entrar='inicia
-espera frmPassword
-escribe txtUsuario CAJERO
-escribe txtPassword caja
-tecla Enter
-espera frmPrincipal'
-vender='clic mnuOperaciones_Hijo(4)
-espera frmCajaRegistradoraFull
-celda TDBGrid1 1 1 206
-tecla Ctrl+Enter
-tecla Esc
-espera frmPrincipal'
 
 dejar 10000000
 tocar <<GUION

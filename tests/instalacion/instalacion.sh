@@ -31,12 +31,12 @@ debootstrap --variant=minbase bookworm "$raiz" >"$obra/debootstrap.log" 2>&1 || 
 mount --bind /dev "$raiz/dev"; mount -t devpts devpts "$raiz/dev/pts"; mount -t proc proc "$raiz/proc"
 dpkg-deb -R "$nuevo" "$obra/antes"
 sed -i 's/^Version: .*/Version: 0.9.0/' "$obra/antes/DEBIAN/control"
-dpkg-deb --root-owner-group -b "$obra/antes" "$raiz/root/tarvopos_0.9.0.deb" >/dev/null
-cp "$nuevo" "$raiz/root/tarvopos_nuevo.deb"
+dpkg-deb --root-owner-group -b "$obra/antes" "$raiz/srv/tarvopos_0.9.0.deb" >/dev/null
+cp "$nuevo" "$raiz/srv/tarvopos_nuevo.deb"
 en_raiz() { chroot "$raiz" env LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive "$@"; }
 
 paso "Instala la versión anterior, con lo que ella pide y nada más"
-en_raiz apt-get install -y -qq --no-install-recommends /root/tarvopos_0.9.0.deb >"$obra/apt.log" 2>&1 ||
+en_raiz apt-get install -y -qq --no-install-recommends /srv/tarvopos_0.9.0.deb >"$obra/apt.log" 2>&1 ||
   { tail -20 "$obra/apt.log"; fallo "apt no pudo instalar"; }
 version() { en_raiz dpkg-query -W -f='${Version}' tarvopos; }
 [ "$(version)" = 0.9.0 ] || fallo "no quedó instalada"
@@ -154,7 +154,7 @@ contenido() { dato .dump | sha256sum; sha256sum <"$casa/papel.prn"; sha256sum <"
 contenido >"$obra/antes.txt"
 
 paso "Actualiza"
-en_raiz apt-get install -y -qq --no-install-recommends /root/tarvopos_nuevo.deb >"$obra/apt.log" 2>&1 || { tail -20 "$obra/apt.log"; fallo "apt no pudo actualizar"; }
+en_raiz apt-get install -y -qq --no-install-recommends /srv/tarvopos_nuevo.deb >"$obra/apt.log" 2>&1 || { tail -20 "$obra/apt.log"; fallo "apt no pudo actualizar"; }
 [ "$(version)" = "$(dpkg-deb -f "$nuevo" Version)" ] || fallo "no se actualizó"
 contenido | cmp - "$obra/antes.txt" || fallo "la actualización tocó la caja"
 entrar

@@ -5,26 +5,13 @@
 #   recuperar.sh PATH/tarvopos-admin
 set -euo pipefail
 admin=$(realpath "$1")
+. "$(dirname "$0")/comun.sh"
 obra=$(mktemp -d)
 trap 'rm -rf "$obra"' EXIT
 puesto=$obra/caja
 mkdir "$obra/usb" "$puesto"
-fallo() { echo "FALLO: $1" >&2; cat "$obra/salida" >&2; exit 1; }
 sql() { "$admin" sql --puesto "$puesto" --base "$1" >"$obra/sql" && ! grep -q '"error"' "$obra/sql" || { cat "$obra/sql"; exit 1; }; }
-tocar() { QT_QPA_PLATFORM=offscreen "$admin" guion - --puesto "$puesto" >"$obra/salida" 2>&1 || fallo "el guion no terminó"; }
 ultimo() { sqlite3 "$puesto/TarvoPos.mdb" "SELECT max(cDocCodigo) FROM Operacion WHERE cDocTipo = '02' AND cProdCode = 206"; }
-entrar='inicia
-espera frmPassword
-escribe txtUsuario CAJERO
-escribe txtPassword caja
-tecla Enter
-espera frmPrincipal'
-vender='clic mnuOperaciones_Hijo(4)
-espera frmCajaRegistradoraFull
-celda TDBGrid1 1 1 206
-tecla Ctrl+Enter
-tecla Esc
-espera frmPrincipal'
 
 # The central server lies outside the desk's folder, as another machine's would.
 "$admin" crear-puesto "$puesto" --demo >"$obra/salida"

@@ -42,10 +42,15 @@ class CajaVieja : public CajaConDias {
 TEST(Depuracion, MovesWhatIsSentAndOlderThanEightDays) {
   CajaVieja p;
   p.ejecuta(q("UPDATE Operacion SET cFlagSincronizacion = '0' WHERE cOperCode = 21 AND cProdCode = 206"));
+  for (const auto& [codigo, dia] : {std::pair("8", "23"), {"9", "14"}}) {  // the mark of a report is never sent
+    p.ejecuta(q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, dOperFech, cEstado, cOperFlagAbierto, "
+                "cFlagSincronizacion) VALUES (%1, 30, '%2/11/2026', '1', 0, '0')")
+                  .arg(q(codigo), q(dia)));
+  }
   EXPECT_TRUE(p.depurar());
   // The boletas of the 14th with their money, of the 15th the sent lines alone; facturas and mirrors stay.
   EXPECT_EQ(q("11|0|02\n11|101|02\n11|206|02\n13|303|02\n21|101|02\n23|303|02\n-\n"
-              "11\n13\n14\n15\n24\n25\n-\n11|101\n11|206\n13|206\n14|101\n24|101\n-\n60\n-\n49\n-\n39\n-\n"),
+              "9\n11\n13\n14\n15\n24\n25\n-\n11|101\n11|206\n13|206\n14|101\n24|101\n-\n60\n-\n50\n-\n39\n-\n"),
             p.resumen());
   const QString antes = p.resumen();
   EXPECT_TRUE(p.depurar());

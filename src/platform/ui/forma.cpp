@@ -138,6 +138,12 @@ void Forma::keyPressEvent(QKeyEvent* e) {
   }
 }
 
+// Of the screen's size in any case: without a window manager nobody else makes it so.
+void Forma::maximizar() {
+  setGeometry(screen()->availableGeometry());
+  setWindowState(windowState() | Qt::WindowMaximized);
+}
+
 // Not smaller than its content needs, not larger than the screen, whole on it.
 void Forma::caberEnPantalla() {
   if (isMaximized()) return;

@@ -27,7 +27,7 @@ class Forma : public QDialog {
   QVBoxLayout* cuerpo() { return cuerpo_; }
   // Opens over all the screen that there is: a register. Other screens open in their own size, or in what there is
   // where that is less.
-  void maximizar() { setWindowState(windowState() | Qt::WindowMaximized); }
+  void maximizar();
   // A widget over the whole width below the content (the status line).
   void ponerPie(QWidget* pie);
 

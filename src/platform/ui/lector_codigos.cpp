@@ -111,8 +111,7 @@ bool LectorCodigos::alTerminar(const QKeyEvent& e, bool seguida) {
   trasCodigo_ = limpia_ = false;
   const QString leido = codigo();
   if (!seguida || !esFin(e) || leido.size() < kMinimo || !admite_(leido)) {
-    soltar();
-    return false;
+    return soltarCon(e);
   }
   retenidas_.clear();
   ++turno_;
@@ -143,6 +142,14 @@ void LectorCodigos::soltar() {
     if (!ventana) return;
     QApplication::sendEvent(foco ? foco : ventana.data(), t.get());
   }
+}
+
+// The key that ended a run goes behind it, to wherever the digits have moved the keyboard.
+bool LectorCodigos::soltarCon(const QKeyEvent& e) {
+  if (retenidas_.empty()) return false;
+  retenidas_.emplace_back(e.clone());
+  soltar();
+  return true;
 }
 
 QString LectorCodigos::codigo() const {

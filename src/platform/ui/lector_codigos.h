@@ -39,6 +39,7 @@ class LectorCodigos final : public QObject {
   bool alTerminar(const QKeyEvent& e, bool seguida);
   void retener(const QKeyEvent& e);
   void soltar();
+  bool soltarCon(const QKeyEvent& e);
   QString codigo() const;
 
   QWidget* ventana_;
