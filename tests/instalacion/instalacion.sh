@@ -118,6 +118,13 @@ INSERT INTO Tipo_Cambio (dTipoCambFech, nTipoCambMont) VALUES (DATE(), 3.75)
 SQL
 ! grep -q error "$obra/sql.log" || { cat "$obra/sql.log"; fallo "ajustes"; }
 
+# The start took it out of sale, since the centre doesn't know it.
+poner_a_la_venta() {
+  echo "UPDATE Producto SET nActivo = 1 WHERE cProdCode = 206" |
+    "${cajera[@]}" tarvopos-admin sql --puesto /home/cajera/.local/share/TarvoPos --base local | grep -q '"afectadas":1' ||
+    fallo "no se pudo poner el artículo a la venta"
+}
+
 entrar() {
   abrir
   ventana '^Nombre y Password de Usuario$'
@@ -132,7 +139,7 @@ ventana '^Control de Caja Registradora'; teclas Return
 ventana 'Apertura de Caja'; escribir 100; teclas alt+g
 ventana '^TarvoPos$'; teclas Return
 sin_ventana 'Apertura de Caja'
-ventana '^Control de Caja Registradora'; foto caja-abierta; teclas Return
+ventana '^Control de Caja Registradora'; foto caja-abierta; poner_a_la_venta; teclas Return
 ventana 'Versión Full|Caja Registradora.*[Ff]ull|FULL'
 teclas alt+d; escribir 206; teclas Return
 foto venta
@@ -159,7 +166,7 @@ en_raiz apt-get install -y -qq --no-install-recommends /srv/tarvopos_nuevo.deb >
 contenido | cmp - "$obra/antes.txt" || fallo "la actualización tocó la caja"
 entrar
 ventana '^TarvoPos$'; teclas Return
-ventana '^Control de Caja Registradora'; foto actualizada; teclas Return
+ventana '^Control de Caja Registradora'; foto actualizada; poner_a_la_venta; teclas Return
 ventana 'Versión Full|Caja Registradora.*[Ff]ull|FULL'
 teclas alt+d; escribir 206; teclas Return ctrl+Return
 sleep 2
