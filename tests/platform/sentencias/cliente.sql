@@ -23,3 +23,7 @@ UPDATE Cliente    SET dUltTDate = '11/24/2026',        cTranCode = 2 WHERE cClie
 UPDATE local SET Activo = Activo WHERE idlocal = 1
 SELECT sClieApel, sClieName FROM Cliente WHERE sClieApel LIKE 'M__ _Z' AND sClieName LIKE 'R_S_'
 INSERT INTO Tarjeta (cClieCode, nTarjNumb, cTarjActi, dEmisDate, dCaduDate, sUserDesc, IdLocal, dUltOper, bFlagSincro) VALUES (987, '00000987', 1, convert(datetime,'2026-11-24 00:00:00',120), convert(datetime,'2027-11-23 00:00:00',120), 'CAJERO', 1, convert(datetime,'2026-11-24 10:30:15',120), 0)
+UPDATE Cliente    SET dUltTDate = CONVERT(DATETIME,'11/24/2026',101),        cTranCode = 1  WHERE cClieCode = 5   AND IdLocal = 1
+SELECT cClieCode, IdLocal FROM Tarjeta WHERE nTarjNumb = '00000005' AND IdLocal = 1 ORDER BY IdLocal
+SELECT COUNT(*) AS nCuenta FROM Acumulacion_Punto where cDocTipo='02' and cDocSerie='001' and cDocCodigo=1 and cClieCode=5 and IdLocal=1
+ UPDATE Cliente    SET nPuntCant = ISNULL(nPuntCant,0) + 3  WHERE cClieCode = 5    AND IdLocal = 1
