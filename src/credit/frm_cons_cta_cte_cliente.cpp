@@ -69,12 +69,13 @@ void frmConsCtaCteCliente::crearArbol() {
   arbol_ = new QTreeWidget;
   arbol_->setObjectName(QStringLiteral("MSHFlexGrid2"));
   arbol_->setUniformRowHeights(true);
-  arbol_->setHeaderLabels({QStringLiteral("Cliente · Documento · Pago"), QStringLiteral("Local · Credito · Forma Pago"),
+  arbol_->setHeaderLabels({QStringLiteral("Cliente\nDocumento · Pago"), QStringLiteral("Local · Credito\nForma Pago"),
                            QStringLiteral("Fecha"), QStringLiteral("Moneda"), QStringLiteral("Vta Soles"),
                            QStringLiteral("Vta USD"), QStringLiteral("Pag Sol"), QStringLiteral("Pag USD"),
-                           QStringLiteral("Deuda · Estado")});
-  const int anchos[kColumnas] = {250, 104, 106, 76, 86, 78, 86, 78, 117};
+                           QStringLiteral("Deuda\nEstado")});
+  const int anchos[kColumnas] = {180, 150, 108, 80, 96, 88, 84, 88, 92};
   for (int c = 0; c < kColumnas; ++c) arbol_->setColumnWidth(c, anchos[c]);
+  arbol_->header()->setMinimumHeight(2 * QFontMetrics(arbol_->header()->font()).lineSpacing() + tema::px(12));
   cuerpo()->addWidget(arbol_, 1);
   connect(arbol_, &QTreeWidget::itemExpanded, this, &frmConsCtaCteCliente::abrir);
 }

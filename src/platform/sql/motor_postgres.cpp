@@ -52,9 +52,11 @@ struct PreparadaPostgres {
   std::shared_ptr<QByteArrayList> sobrantes;
 };
 
-MotorPostgres::MotorPostgres(const CadenaConexion& cadena, int espera_ms, std::shared_ptr<MemoriaDeFormas> memoria)
+MotorPostgres::MotorPostgres(const CadenaConexion& cadena, int espera_ms, std::shared_ptr<MemoriaDeFormas> memoria,
+                             const AvisoEspera& alEsperar)
     : cadena_(cadena),
       espera_ms_(espera_ms),
+      alEsperar_(alEsperar),
       memoria_(std::move(memoria)),
       camino_(Dialecto::TSql, kPalabrasPostgres, memoria_) {
   catalogo_ =
@@ -70,16 +72,17 @@ MotorPostgres::MotorPostgres(const CadenaConexion& cadena, int espera_ms, std::s
 MotorPostgres::~MotorPostgres() = default;
 
 std::unique_ptr<MotorPostgres> MotorPostgres::abrir(const CadenaConexion& cadena, int espera_ms, ErrorBD& error,
-                                                    std::shared_ptr<MemoriaDeFormas> memoria) {
-  std::unique_ptr<MotorPostgres> m(new MotorPostgres(cadena, espera_ms, std::move(memoria)));
-  m->canal_ = CanalPostgres::abrir(cadena, espera_ms, error);
+                                                    std::shared_ptr<MemoriaDeFormas> memoria,
+                                                    const AvisoEspera& alEsperar) {
+  std::unique_ptr<MotorPostgres> m(new MotorPostgres(cadena, espera_ms, std::move(memoria), alEsperar));
+  m->canal_ = CanalPostgres::abrir(cadena, espera_ms, error, alEsperar);
   if (!m->canal_) return {};
   return m;
 }
 
 std::optional<ErrorBD> MotorPostgres::reabrir() {
   ErrorBD error;
-  auto canal = CanalPostgres::abrir(cadena_, espera_ms_, error);
+  auto canal = CanalPostgres::abrir(cadena_, espera_ms_, error, alEsperar_);
   if (!canal) return error;
   formas_.vaciar();
   sobrantes_->clear();
