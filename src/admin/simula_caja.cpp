@@ -172,8 +172,7 @@ void CajaSimulada::abrir() {
   FrmApertura v;
   v.txtimporsoles = QString::number(azar_.entre(0, 30) * 10);
   v.TxtImporDolares = QString::number(azar_.entre(0, 5) * 10);
-  if (!AbrirCaja(*p_, v).hecha) return diferencia(q("la caja no abre: ") + persona_.cajas.join(u'/'));
-  RespaldarSesion(*p_, MotivoRespaldo::Apertura);
+  if (!AbrirCaja(*p_, v).hecha) diferencia(q("la caja no abre: ") + persona_.cajas.join(u'/'));
 }
 
 // Closed on this day, though the book has not seen it.
