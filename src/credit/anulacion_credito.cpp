@@ -71,7 +71,7 @@ std::optional<ErrorBD> preparar(Anulacion& a, ActoDoble& acto) {
   acto.nombre = QStringLiteral("anula pago %1-%2").arg(pago->serie, pago->numero);
   acto.enServidor = SentenciasAnularPago(*d, *pago);
   if (!a.fila || !a.fila->seAnula) return {};
-  return SentenciasAnularPagoAqui(a.p, *a.fila, acto.enLocal);
+  return SentenciasAnularPagoAqui(a.p, *a.fila, acto);
 }
 
 bool rechazar(Puesto& p, const QString& palabras) {
@@ -119,6 +119,7 @@ bool CargarDocumentoAnular(Puesto& p, AnularTransaccionCtaCte& v) {
     p.mensajes.mostrar(QStringLiteral("Valor de Numero no válido"), kMensaje);
     return true;
   }
+  const Ocupado ocupado(p.mensajes, QStringLiteral("Leyendo el documento…"));
   if (!AbrirCentralDelActo(p)) return true;
   std::optional<EstadoDocumento> d;
   std::optional<PagoGuardado> pago;

@@ -2,6 +2,7 @@
 // has opened, and sales that a fault or a kill interrupts at one step after the other. What they wrote is compared with
 // the file beside them; what they left, with the store, read through the support console, and the paper.
 #include <gtest/gtest.h>
+#include <QDir>
 #include <QFile>
 #include <numeric>
 
@@ -61,10 +62,15 @@ TEST(Caja, EveryScreenIsSeenWhole) {
   for (const QString& medida : medidas) {
     SCOPED_TRACE(qPrintable(medida));
     const PuestoDeObra p;
-    const QString dice = p.admin({"guion", QStringLiteral(TARVOPOS_FUENTES "/guiones/pantallas.guion"), "--puesto",
-                                  p.ruta(), "--salida", p.ruta(), "--pantalla", medida});
-    EXPECT_TRUE(dice.endsWith(u"[estado 0]\n"));
-    EXPECT_EQ(QStringList(), dice.split(u'\n').filter(QStringLiteral("falta|")));
+    const QString nueva = p.ruta() + QStringLiteral("/nueva");
+    ASSERT_TRUE(QDir().mkdir(nueva));
+    for (const auto& [obra, puesto] :
+         {std::pair(QStringLiteral("pantallas"), p.ruta()), std::pair(QStringLiteral("pantallas_inicio"), nueva)}) {
+      const QString dice = p.admin({"guion", QStringLiteral(TARVOPOS_FUENTES "/guiones/") + obra + ".guion", "--puesto",
+                                    puesto, "--salida", p.ruta(), "--pantalla", medida});
+      EXPECT_TRUE(dice.endsWith(u"[estado 0]\n")) << qPrintable(dice);
+      EXPECT_EQ(QStringList(), dice.split(u'\n').filter(QStringLiteral("falta|")));
+    }
   }
 }
 
@@ -152,8 +158,8 @@ TEST_P(Registradoras, AKillAtAnyStepLeavesADeskThatStartsAndSellsOn) {
 }
 
 // Beside NAME.guion and NAME.salida, each only where a play needs it: NAME.antes, statements that come before it;
-// NAME.filas, a query and its rows in turn; NAME.papel, how the paper of LPT1 begins; NAME.renglones, "N:LINE" for a
-// line that stands N times on all paper.
+// NAME.filas, a query and its rows in turn; NAME.papel, how the paper of LPT1 begins, NAME.papel_alterna, that of LPT2;
+// NAME.renglones, "N:LINE" for a line that stands N times on all paper.
 class ObraDeCaja : public testing::TestWithParam<QString> {
  protected:
   QStringList lineas(const char* clase) const {
@@ -170,9 +176,11 @@ TEST_P(ObraDeCaja, LeavesWhatStandsBesideIt) {
   ASSERT_EQ(filas.size() % 2, 0);
   for (qsizetype i = 0; i < filas.size(); i += 2)
     EXPECT_EQ(filas[i + 1], p.filas(filas[i])) << qUtf8Printable(filas[i]);
-  const QString papel =
-      lineas(".papel").isEmpty() ? QString() : leerTexto(kPruebas + u'/' + GetParam() + QStringLiteral(".papel"));
-  EXPECT_EQ(papel, p.papel().left(papel.size()));
+  for (const auto& [clase, puerto] : {std::pair(".papel", "LPT1"), {".papel_alterna", "LPT2"}}) {
+    const QString archivo = kPruebas + u'/' + GetParam() + QLatin1String(clase);
+    const QString papel = QFile::exists(archivo) ? leerTexto(archivo) : QString();
+    EXPECT_EQ("", primeraDiferencia(papel, p.papel(QLatin1String(puerto)).left(papel.size()))) << clase;
+  }
   for (const QString& r : lineas(".renglones")) {
     EXPECT_EQ(r.section(u':', 0, 0).toInt(), renglones.count(r.section(u':', 1))) << qUtf8Printable(r);
   }
