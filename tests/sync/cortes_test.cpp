@@ -66,7 +66,7 @@ class Puestos {
   void empezarDeNuevo() {
     plan.armar(0);
     plan.apagar(false);
-    if (servidor_) servidor_->cable.cortarEn(0, Corte::antes);
+    if (servidor_) servidor_->cable.arreglar();
     cerrar();
     seguir();
   }
@@ -81,7 +81,7 @@ class Puestos {
     Cable cable{ServidorPrueba::uno().servidor()};
   };
   QString cadena(const CadenaConexion& c) const {
-    return cadenaDeServidor(c.usuario, c.clave, c.catalogo, servidor_->cable.servidor());
+    return cadenaDeServidor(c.usuario, c.clave, c.catalogo, q("postgres:") + servidor_->cable.servidor());
   }
   // For each table of the servers that a desk writes.
   void enServidor(const QString& porTabla, const QString& antes = {}) {
@@ -183,16 +183,19 @@ const Escena kEscenas[] = {
 };
 // clang-format on
 
-enum class Modo { Falla, MuereAntes, MuereDespues, CaeServidor, CorteAntes, CorteDespues };
+enum class Modo { Falla, MuereAntes, MuereDespues, CaeServidor, CorteAntes, CorteEnCamino, CorteDespues };
 
-bool corta(Modo m) { return m == Modo::CorteAntes || m == Modo::CorteDespues; }
+bool corta(Modo m) { return m >= Modo::CorteAntes; }
 
 // One act with the fault at its n-th step; false when it was over before.
 bool conFalla(Puestos& e, const Escena& escena, Modo modo, int n) {
   const Muerte muerte = modo == Modo::MuereAntes     ? Muerte::antes
                         : modo == Modo::MuereDespues ? Muerte::despues
                                                      : Muerte::no;
-  if (corta(modo)) e.cable().cortarEn(n, modo == Modo::CorteAntes ? Corte::antes : Corte::despues);
+  const Cable::Corte corte = modo == Modo::CorteAntes      ? Cable::Corte::Antes
+                             : modo == Modo::CorteEnCamino ? Cable::Corte::EnCamino
+                                                           : Cable::Corte::Despues;
+  if (corta(modo)) e.cable().cortar(n, corte, false);
   else e.plan.armar(n, modo == Modo::CaeServidor ? Falla::desdeAhi : Falla::unaVez, muerte);
   try {
     escena.hacer(e);
@@ -216,7 +219,7 @@ TEST_P(Cortes, TheNextRunEndsAsAnUndisturbedOne) {
   escena.hacer(e);
   const QString esperado = escena.historia(e);
   const std::vector<Modo> embebido{Modo::Falla, Modo::MuereAntes, Modo::MuereDespues, Modo::CaeServidor},
-      deServidor{Modo::MuereAntes, Modo::MuereDespues, Modo::CorteAntes, Modo::CorteDespues};
+      deServidor{Modo::MuereAntes, Modo::MuereDespues, Modo::CorteAntes, Modo::CorteEnCamino, Modo::CorteDespues};
   int vez = 0;
   for (const Modo modo : postgres ? deServidor : embebido) {
     // A server alone goes away: the store's statements do not count.

@@ -78,7 +78,6 @@ SELECT p.cClieCode, p.idLocal, SUM(CASE p.Moneda WHEN 'E' THEN p.Monto * p.nTipo
 SELECT p.idpago, p.cSerieDocPago, (SELECT vDscTipoPago FROM tipoformapago t WHERE t.cCodTipoPago = p.FormaPago) AS Forma FROM Pagos p WHERE p.cSerieDocPago='PA1' AND CONVERT(INT,p.NroDocPago)=33
 UPDATE Venta01 SET bLiquidado = bLiquidado / (CASE WHEN FechaAnulacion IS NULL AND bLiquidado = 0 AND (SELECT COUNT(*) FROM Pagos x WHERE x.TipoDoc = '01' AND x.cSerieDoc = '012' AND x.NroDoc = '000033' AND x.FechaAnulacion IS NULL) = 0 THEN 1 ELSE 0 END), FechaAnulacion = getdate() WHERE cCodVta = 987
 UPDATE Pagos SET NroItem = NroItem / (CASE WHEN FechaAnulacion IS NULL AND (SELECT MAX(x.bLiquidado) FROM Venta01 x WHERE x.TipoDoc = '01' AND x.cSerieDoc = '012' AND x.NroDoc = '000033') = 0 THEN 1 ELSE 0 END), FechaAnulacion = getdate() WHERE idpago = 987
-<<<<<<< HEAD
 SELECT idZ1 FROM TCABECERAZ1 WHERE nidEstado = -1 AND cCajaCodi = '00001'
 SELECT MAX(dOperFech) AS dUltima FROM Operacion WHERE cCajaCodi='00001'
 SELECT dOperFech, cOperCode, cDocTipo, cDocSerie, cDocCodigo, cOperTipo, nMontoSoles, nMontoDolares FROM OperacionParalela WHERE cCajaCodi = '00001' AND dOperFech >= CONVERT(DATETIME,'2026-11-20 09:02:00',120) AND dOperFech <= CONVERT(DATETIME,'2026-11-20 09:03:00',120)
@@ -117,7 +116,6 @@ SELECT MAX(dFechModi) AS dUltima FROM Cliente
 SELECT MAX(dFechCrea) AS dUltima FROM Tarjeta
 SELECT MAX(dFechModi) AS dUltima FROM Tarjeta
  SELECT TOP 2000 * FROM Tarjeta WHERE dFechModi > CONVERT(DATETIME, '20261124',112) and dFechCrea <= CONVERT(DATETIME, '20261124',112) ORDER BY nTarjNumb, IdLocal
-=======
 DELETE FROM operacionparalelaproducto WHERE cOperCOde IN (1) AND cCajaCodi = '00001'
 INSERT INTO CabeceraZ(IdZ,Caja,CantidadTotal,MontoTotal,Fecha,RangoTKBOL,RangoTKFAC,CodigoRep,cOperIdIni,cOperIdFin,cOperIdPIni,cOperIdPFin) VALUES (1,'00001',4,117,CONVERT(DATETIME,'2026-11-20 00:00:00',120),'TICKET','TICKET','Código',0,1,0,2)
 INSERT INTO ConsumoVenta (cCodVta, cCajaCodi, cOperCode, dFecha, nMonto, bAnulado) VALUES (1,'00001',1,'20261124 10:30:15',30,0)
@@ -200,4 +198,3 @@ UPDATE Venta01 SET bLiquidado = bLiquidado WHERE TipoDoc = '02' AND cSerieDoc = 
 UPDATE Venta01 SET bLiquidado = bLiquidado / (CASE WHEN FechaAnulacion IS NULL AND bLiquidado = 0 AND (SELECT COUNT(*) FROM Pagos x WHERE x.TipoDoc = '02' AND x.cSerieDoc = '001' AND x.NroDoc = '000001' AND x.FechaAnulacion IS NULL) = 0 AND (SELECT COUNT(*) FROM ConsumoVenta c WHERE c.cCodVta = 1 AND c.bAnulado = 0) = 0 THEN 1 ELSE 0 END), FechaAnulacion = getdate() WHERE cCodVta = 1
  INSERT INTO OperacionParalelaProducto (cCajaCodi, cOpercode , cAlmaCode, cProdCode, nProdCant, nProdPrecUnit, nDscto, nServicio, nitem, cSupervisor) VALUES ('00001', 11, '01', '000101', 1, 38, 0, 0, 0, ''), ('00001', 11, '01', '000206', 2, 9.5, 0, 0, 0, '')
 INSERT INTO TDETALLEZ1(nidZ1,cCajaCodi,dOperFech,cAlmaCode,cdocTipo,cProdCode,nProdCant,nMonto) VALUES (1,'00001',CONVERT(DATETIME,'2026-11-20 09:01:00',120),'01','10','000101',1,38), (1,'00001',CONVERT(DATETIME,'2026-11-20 09:01:00',120),'01','10','000206',2,19)
->>>>>>> main
