@@ -77,7 +77,8 @@ FinPasada PasadasDeMaestros::pasada(const Maestro& m, const Sql& donde, bool nue
                    .sePuedeDetener = true,
                    .pagina = origen,
                    .fila = una,
-                   .lote = EnUnaTransaccion(p_.poCnnLocal, una)});
+                   .lote = EnUnaTransaccion(p_.poCnnLocal, una),
+                   .filasPorLote = kFilasPorPagina});
 }
 
 bool PasadasDeMaestros::haySuyas(LiteralSql tabla, bool elMismoDia, bool& creadas, bool& cambiadas) {

@@ -115,7 +115,8 @@ FinPasada PasadasDeMaestros::articulosNuevos(const Maestro& m) {
                            leidos = true;
                          }
                          return enLote(filas);
-                       }});
+                       },
+                   .filasPorLote = kFilasPorPagina});
 }
 
 FinPasada PasadasDeMaestros::articulos(Surtido& surtido) {

@@ -2,6 +2,7 @@
 // it, a server that goes away there, or the wire to it cut before or behind an exchange: the next run ends as an
 // undisturbed one, on the embedded servers and on PostgreSQL. Some points of each; all of them in the long run.
 #include <QFile>
+#include <QThread>
 
 #include "apoyo/cable.h"
 #include "apoyo/servidor_prueba.h"
@@ -68,6 +69,8 @@ class Puestos {
     plan.apagar(false);
     if (servidor_) servidor_->cable.arreglar();
     cerrar();
+    // What was on its way when the wire was cut has come to its end there.
+    while (servidor_ && sesiones() > 0) QThread::msleep(5);
     seguir();
   }
 
@@ -95,6 +98,13 @@ class Puestos {
       for (const QString& t : tablas) todo += porTabla.arg(t);
       ServidorPrueba::uno().crudo(base, todo);
     }
+  }
+  int sesiones() {
+    return ServidorPrueba::uno()
+        .crudo(servidor_->central, q("SELECT count(*) FROM pg_stat_activity WHERE datname IN ('%1', '%2') AND pid <> "
+                                     "pg_backend_pid()")
+                                       .arg(servidor_->central.catalogo, servidor_->cliente.catalogo))[0]
+        .toInt();
   }
   void cerrar() {
     for (Conexion* c : {&p.poCnnLocal, &p.poCnnCentral, &p.poCnnCliente}) c->cerrar();
