@@ -160,7 +160,8 @@ void Traida(benchmark::State& estado) {
             "nProdPrecUnit, cCodCatalogo) SELECT '01', CAST(cCodartic AS INTEGER), vDscartic, vDscartCt, (SELECT "
             "nPrecioVtaNew FROM c.ArticuloPrecioVenta p WHERE p.cCodArtic = a.cCodartic), cCodCatal FROM c.Articulo a; "
             "INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, sClieAddr, cDistCode, cProvCode, "
-            "cDepaCode, sClieTelf, sClieMail, dNacmDate, dUltTDate, cTranCode, nPuntCant, nTickCant, sClieRout, sDistDesc, "
+            "cDepaCode, sClieTelf, sClieMail, dNacmDate, dUltTDate, cTranCode, nPuntCant, nTickCant, sClieRout, "
+            "sDistDesc, "
             "sProvDesc, sDepaDesc, iTipo, cSincroFlag) SELECT cClieCode, IdLocal, sClieApel, sClieName, sClieAddr, "
             "cDistCode, cProvCode, cDepaCode, sClieTelf, sClieMail, dNacmDate, dUltTDate, cTranCode, nPuntCant, "
             "nTickCant, sClieRout, sDistDesc, sProvDesc, sDepaDesc, iTipo, 1 FROM c.Cliente; COMMIT")
