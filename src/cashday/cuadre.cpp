@@ -82,15 +82,16 @@ struct Adelantos {
   double soles = 0, dolares = 0;
 };
 
-// The active ones of a kind, their cash received.
+// The active ones of a kind, their cash received. The payment of a billing document has its amount in both currencies.
 bool adelantosActivos(Puesto& p, TipoOperacion tipo, Adelantos& suma) {
   Recordset rs;
   if (!consultar(
           p,
-          FormatearSQL(u" SELECT Sum(nEfectivosoles) as PADS, Sum(nEfectivoDolares) as PADD FROM "
+          FormatearSQL(u" SELECT Sum(IIF(sGlosa = '$' AND nMoneda = 2, 0, nEfectivosoles)) as PADS,"
+                       " Sum(IIF(sGlosa = '$' AND nMoneda = 1, 0, nEfectivoDolares)) as PADD FROM "
                        "OperacionParalela  WHERE cOperTipo in ($) and cOperFlagAbierto=1 and cEstado in ('1') and "
                        "cOpercodeAnul=0"_sql,
-                       {Codigo(tipo)}),
+                       {Texto(kGlosaPago), Texto(kGlosaPago), Codigo(tipo)}),
           rs))
     return false;
   suma = {Numero(rs[u"PADS"]), Numero(rs[u"PADD"])};

@@ -71,7 +71,7 @@ std::optional<ErrorBD> preparar(Anulacion& a, ActoDoble& acto) {
   acto.nombre = QStringLiteral("anula pago %1-%2").arg(pago->serie, pago->numero);
   acto.enServidor = SentenciasAnularPago(*d, *pago);
   if (!a.fila || !a.fila->seAnula) return {};
-  return SentenciasAnularPagoAqui(a.p, *a.fila, acto.enLocal);
+  return SentenciasAnularPagoAqui(a.p, *a.fila, acto);
 }
 
 bool rechazar(Puesto& p, const QString& palabras) {

@@ -139,13 +139,15 @@ std::optional<ErrorBD> BuscarPagoAqui(Puesto& p, const PagoGuardado& pago, std::
   return {};
 }
 
-std::optional<ErrorBD> SentenciasAnularPagoAqui(Puesto& p, const TomadaAqui& fila, std::vector<Sql>& sentencias) {
+std::optional<ErrorBD> SentenciasAnularPagoAqui(Puesto& p, const TomadaAqui& fila, ActoDoble& acto) {
   Recordset rs;
   if (auto error = p.poCnnLocal.consultar(u"SELECT MAX(cOperCode) AS maximo FROM OperacionParalela"_sql, rs)) {
     return error;
   }
-  sentencias = SentenciasAnularParalela(p, fila.tipo, fila.codigo, AEntero(Numero(rs[0])) + 1,
-                                        FormatearFecha(p.reloj.now(), u"DD/MM/YYYY hh:mm"));
+  const qint64 codigo = AEntero(Numero(rs[0])) + 1;
+  acto.enLocal =
+      SentenciasAnularParalela(p, fila.tipo, fila.codigo, codigo, FormatearFecha(p.reloj.now(), u"DD/MM/YYYY hh:mm"));
+  acto.deshacer = SentenciasDevolverParalela(fila.codigo, codigo);
   return {};
 }
 

@@ -35,8 +35,8 @@ struct TomadaAqui {
 // Nothing when this desk has none, or not just one.
 [[nodiscard]] std::optional<ErrorBD> BuscarPagoAqui(Puesto& p, const PagoGuardado& pago,
                                                     std::optional<TomadaAqui>& fila);
-[[nodiscard]] std::optional<ErrorBD> SentenciasAnularPagoAqui(Puesto& p, const TomadaAqui& fila,
-                                                              std::vector<Sql>& sentencias);
+// What the store takes of the void, and how it is taken back.
+[[nodiscard]] std::optional<ErrorBD> SentenciasAnularPagoAqui(Puesto& p, const TomadaAqui& fila, ActoDoble& acto);
 
 // The desk whose receipts carry that series.
 QString CajaDeRecibo(const QString& serie);

@@ -37,8 +37,6 @@ std::optional<ErrorBD> LeerEstado(Conexion& central, const Sql& donde, std::opti
       " (SELECT SUM(CASE WHEN p.Moneda = 'E' THEN p.Monto WHEN p.nTipoCambio > 0 THEN p.Monto / p.nTipoCambio"
       " ELSE 0 END) FROM Pagos p WHERE p.TipoDoc = v.TipoDoc AND p.cSerieDoc = v.cSerieDoc AND p.NroDoc = v.NroDoc"
       " AND p.FechaAnulacion IS NULL) AS PagUSD,"
-      " (SELECT MAX(CAST(p.NroItem AS INT)) FROM Pagos p WHERE p.TipoDoc = v.TipoDoc"
-      " AND p.cSerieDoc = v.cSerieDoc AND p.NroDoc = v.NroDoc) AS Items,"
       " (SELECT SUM(c.nMonto) FROM ConsumoVenta c WHERE c.cCodVta = v.cCodVta AND c.bAnulado = 0) AS Consumido,"
       " (SELECT MAX(d.MontoDetracc) FROM Detraccion d WHERE d.SerieDoc = v.cSerieDoc AND d.NroDoc = v.NroDoc"
       " AND d.Estado = 'P' AND v.TipoDoc = '01') AS Detraccion"
@@ -65,7 +63,6 @@ std::optional<ErrorBD> LeerEstado(Conexion& central, const Sql& donde, std::opti
   e.liquidado = Numero(rs[u"bLiquidado"]) != 0;
   e.pagado = Numero(rs[u"PagSol"]);
   e.pagadoUSD = Numero(rs[u"PagUSD"]);
-  e.pagos = static_cast<int>(AEntero(Numero(rs[u"Items"])));
   e.consumido = Redondear(Numero(rs[u"Consumido"]), 2);
   if (!rs[u"Detraccion"].isNull()) e.detraccion = Redondear(Numero(rs[u"Detraccion"]), 2);
   estado = e;

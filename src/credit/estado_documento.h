@@ -20,7 +20,6 @@ struct EstadoDocumento {
   double total = 0, totalUSD = 0;
   bool anulado = false, liquidado = false;
   double pagado = 0, pagadoUSD = 0;  // of the payments that stand, at their own rates, not rounded
-  int pagos = 0;                     // the highest NroItem
   double consumido = 0;
   std::optional<double> detraccion;  // the amount of one that is pending
 

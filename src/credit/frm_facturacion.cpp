@@ -1,5 +1,10 @@
 // The tab "Facturacion".
 #include "credit/facturacion.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
 #include "credit/frm_pestana_credito.h"
 #include "foundation/puesto.h"
 #include "foundation/rutinas.h"

@@ -1,5 +1,8 @@
 // The tab "Liquidacion".
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 #include "credit/frm_pestana_credito.h"
 #include "credit/liquidacion_credito.h"

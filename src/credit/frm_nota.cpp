@@ -1,5 +1,8 @@
 // The tab "Nota de Consumo".
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 #include "credit/frm_pestana_credito.h"
 #include "credit/nota_consumo.h"

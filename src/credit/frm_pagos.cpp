@@ -1,6 +1,10 @@
 // The tab "Pagos a Cuenta".
 #include <QCheckBox>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 #include "credit/frm_pestana_credito.h"
 #include "credit/pagos.h"

@@ -2,8 +2,12 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QFrame>
 #include <QGridLayout>
+#include <QHBoxLayout>
+#include <QPushButton>
 #include <QSignalBlocker>
+#include <QVBoxLayout>
 
 #include "documento/frm_lineas.h"
 #include "foundation/puesto.h"

@@ -1,5 +1,7 @@
 #include "credit/pagos.h"
 
+#include <utility>
+
 #include "credit/acto_credito.h"
 #include "credit/detraccion.h"
 #include "credit/estado_documento.h"
@@ -88,10 +90,9 @@ std::optional<QString> BuscarDocumentoPago(Puesto& p, CajaFacturacionPagos& v, P
   return v.pago.documento ? QStringLiteral("dcbFormaPago") : QStringLiteral("cboTipoDocumento1");
 }
 
-void CargarPagos(Puesto& p, TabPagos& v, const DocumentoPorPagar& documento) {
-  const DocumentoPorPagar d = documento;  // may be the tab's own
+void CargarPagos(Puesto& p, TabPagos& v, DocumentoPorPagar documento) {
   LimpiarPagos(p, v);
-  if (leer(p, v, d)) v.documento = d;
+  if (leer(p, v, documento)) v.documento = std::move(documento);
   else LimpiarPagos(p, v);
 }
 

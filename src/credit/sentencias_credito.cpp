@@ -20,6 +20,23 @@ Sql exigir(const EstadoDocumento& d, const Sql& condicion, int liquidado) {
          DeCodigo(d.cCodVta);
 }
 
+// What is left to pay of it in its own currency, not rounded, and what was consumed, read where the statement runs.
+Sql saldo(const EstadoDocumento& d) {
+  return FormatearSQL(
+      u"$ - ISNULL((SELECT SUM($) FROM Pagos p WHERE p.TipoDoc = '$' AND p.cSerieDoc = '$' AND p.NroDoc = '$'"
+      " AND p.FechaAnulacion IS NULL),0)"_sql,
+      {d.enDolares ? u"TotVtaUSD"_sql : u"TotVta"_sql,
+       d.enDolares ? u"CASE WHEN p.Moneda = 'E' THEN p.Monto WHEN p.nTipoCambio > 0 THEN p.Monto / p.nTipoCambio"
+                     " ELSE 0 END"_sql
+                   : u"CASE p.Moneda WHEN 'E' THEN p.Monto * p.nTipoCambio ELSE p.Monto END"_sql,
+       Texto(Codigo(d.doc)), Texto(d.serie), Texto(d.numero)});
+}
+
+Sql consumido(const EstadoDocumento& d) {
+  return FormatearSQL(
+      u"ISNULL((SELECT SUM(c.nMonto) FROM ConsumoVenta c WHERE c.cCodVta = $ AND c.bAnulado = 0),0)"_sql, {d.cCodVta});
+}
+
 Sql linea(const Puesto& p, const FacturaCredito& f, const Sql& donde, size_t i) {
   const LineaDocumento& l = f.lineas[i];
   return FormatearSQL(u"INSERT INTO Venta02 (cCodVta, NroItem, cCodartic, sProdDscCrta, nPrecioOrig, nQtdVendida,"
@@ -71,28 +88,39 @@ std::vector<Sql> SentenciasFactura(const Puesto& p, const FacturaCredito& f) {
 std::vector<Sql> SentenciasPago(const Puesto& p, const PagoCredito& pago) {
   const EstadoDocumento& d = pago.documento;
   // What the others have paid meanwhile counts too, should the act be finished later.
-  const Sql cabe = FormatearSQL(
-      u" AND $ - ISNULL((SELECT SUM($) FROM Pagos p WHERE p.TipoDoc = '$' AND p.cSerieDoc = '$' AND p.NroDoc = '$'"
-      " AND p.FechaAnulacion IS NULL),0) >= $"_sql,
-      {d.enDolares ? u"TotVtaUSD"_sql : u"TotVta"_sql,
-       d.enDolares ? u"CASE WHEN p.Moneda = 'E' THEN p.Monto WHEN p.nTipoCambio > 0 THEN p.Monto / p.nTipoCambio"
-                     " ELSE 0 END"_sql
-                   : u"CASE p.Moneda WHEN 'E' THEN p.Monto * p.nTipoCambio ELSE p.Monto END"_sql,
-       Texto(Codigo(d.doc)), Texto(d.serie), Texto(d.numero),
-       // Half a cent for sums that were not rounded.
-       Redondear((d.enDolares ? pago.importe.dolares : pago.importe.soles) - 0.0055, 4)});
+  const Sql cabe =
+      FormatearSQL(u" AND $ >= $"_sql,
+                   // Half a cent for sums that were not rounded.
+                   {saldo(d), Redondear((d.enDolares ? pago.importe.dolares : pago.importe.soles) - 0.0055, 4)});
   const NumeroDocumento& recibo = pago.recibo.documento;
   std::vector<Sql> s{exigir(d, cabe, 0)};
   s.push_back(FormatearSQL(
       u"INSERT INTO PAGOS (cSerieDocPago, NroDocPago, TipoDoc, cSerieDoc, NroDoc, NroItem, FormaPago, FechaPago, Monto,"
       " Moneda, nTipoCambio, IdTarjeta, IdBanco, NroCtaBancaria, NroOperacion, NroCertificadoRetencion,"
       " NroDepositoDetraccion, cClieCode, idLocal, bEsPagoDetraccion)"
-      " VALUES ('$','$','$','$','$',$,'$','$',$,'$',$,'$','$','$','$','$',Null,$,$,$)"_sql,
-      {Texto(recibo.serie), Texto(NumeroEscrito(recibo.numero)), Texto(Codigo(d.doc)), Texto(d.serie), Texto(d.numero),
-       d.pagos + 1, Texto(pago.forma), Texto(dia(pago.fecha)),
-       pago.enDolares ? pago.importe.dolares : pago.importe.soles, Texto(QString(pago.enDolares ? u'E' : u'N')),
-       p.ses.pnTipoCambio, oNulo(pago.tarjeta), oNulo(pago.banco), oNulo(pago.cuenta), oNulo(pago.operacion),
-       oNulo(pago.certificado), Val(d.tarjeta), d.idLocal, pago.esDetraccion}));
+      " SELECT '$','$','$','$','$',isnull(max(CAST(NroItem AS INT)),0) + 1,'$',CONVERT(DATETIME,'$',112),$,'$',$,'$',"
+      "'$','$','$','$',Null,$,$,$ FROM Pagos WHERE TipoDoc = '$' AND cSerieDoc = '$' AND NroDoc = '$'"_sql,
+      {Texto(recibo.serie),
+       Texto(NumeroEscrito(recibo.numero)),
+       Texto(Codigo(d.doc)),
+       Texto(d.serie),
+       Texto(d.numero),
+       Texto(pago.forma),
+       Texto(dia(pago.fecha)),
+       pago.enDolares ? pago.importe.dolares : pago.importe.soles,
+       Texto(QString(pago.enDolares ? u'E' : u'N')),
+       p.ses.pnTipoCambio,
+       oNulo(pago.tarjeta),
+       oNulo(pago.banco),
+       oNulo(pago.cuenta),
+       oNulo(pago.operacion),
+       oNulo(pago.certificado),
+       Val(d.tarjeta),
+       d.idLocal,
+       pago.esDetraccion,
+       Texto(Codigo(d.doc)),
+       Texto(d.serie),
+       Texto(d.numero)}));
   if (pago.esDetraccion) {
     s.push_back(FormatearSQL(u"UPDATE DETRACCION SET Estado='C' WHERE SerieDoc='$' AND NroDoc='$' AND Estado='P'"_sql,
                              {Texto(d.serie), Texto(d.numero)}));
@@ -101,10 +129,7 @@ std::vector<Sql> SentenciasPago(const Puesto& p, const PagoCredito& pago) {
 }
 
 std::vector<Sql> SentenciasConsumo(const Puesto& p, const EstadoDocumento& d, qint64 codigoNota, double soles) {
-  const Sql cabe = FormatearSQL(
-      u" AND TotVta - ISNULL((SELECT SUM(c.nMonto) FROM ConsumoVenta c WHERE c.cCodVta = $ AND c.bAnulado = 0),0)"
-      " >= $"_sql,
-      {d.cCodVta, Redondear(soles - 0.0005, 4)});
+  const Sql cabe = FormatearSQL(u" AND TotVta - $ >= $"_sql, {consumido(d), Redondear(soles - 0.0005, 4)});
   return {exigir(d, cabe, 0),
           FormatearSQL(u"INSERT INTO ConsumoVenta (cCodVta, cCajaCodi, cOperCode, dFecha, nMonto, bAnulado)"
                        " VALUES ($,'$',$,'$',$,0)"_sql,
@@ -112,4 +137,11 @@ std::vector<Sql> SentenciasConsumo(const Puesto& p, const EstadoDocumento& d, qi
                         Texto(FormatearFecha(p.reloj.now(), u"yyyymmdd hh:nn:ss")), soles})};
 }
 
-std::vector<Sql> SentenciasLiquidacion(const EstadoDocumento& d) { return {exigir(d, {}, 1)}; }
+std::vector<Sql> SentenciasLiquidacion(const EstadoDocumento& d) {
+  // As it was weighed: paid, and nothing consumed beyond it.
+  return {exigir(
+      d,
+      FormatearSQL(u" AND $ BETWEEN -0.0055 AND 0.0055 AND $ BETWEEN $ AND $"_sql,
+                   {saldo(d), consumido(d), Redondear(d.consumido - 0.0005, 4), Redondear(d.consumido + 0.0005, 4)}),
+      1)};
+}

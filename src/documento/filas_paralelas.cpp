@@ -91,6 +91,12 @@ std::vector<Sql> SentenciasAnularParalela(const Puesto& p, TipoOperacion tipo, q
                        {anulada, Codigos({TipoDocumento::OC, TipoDocumento::LIQPAD})})};
 }
 
+std::vector<Sql> SentenciasDevolverParalela(qint64 anulada, qint64 codigo) {
+  return {FormatearSQL(u"DELETE FROM OperacionParalela WHERE cOperCode = $"_sql, {codigo}),
+          FormatearSQL(u"UPDATE OperacionParalela SET cEstado = '1', cOperCodeAnul = 0 WHERE cOperCode = $"_sql,
+                       {anulada})};
+}
+
 bool GrabarParalela(Puesto& p, const DatosOperacion& o, const DatosParalela& d) {
   return ejecutar(p, SentenciaParalela(p, o, d));
 }

@@ -25,6 +25,8 @@ Sql SentenciaCerrarParalela(qint64 codigo, qint64 liquidacion = 0);
 // its money taken out of Operacion. `fecha` is "DD/MM/YYYY hh:mm".
 std::vector<Sql> SentenciasAnularParalela(const Puesto& p, TipoOperacion tipo, qint64 anulada, qint64 codigo,
                                           const QString& fecha);
+// Takes that back, of a document without money in Operacion.
+std::vector<Sql> SentenciasDevolverParalela(qint64 anulada, qint64 codigo);
 
 // The same run at once. Each gives false when the store could not be written or read, and then the box has been shown.
 

@@ -82,11 +82,16 @@ Error buscar(Conexion& cnn, const FilaActo& a, bool& esta) {
 // A statement that this database will never take, as against one that could not be tried.
 bool rechazada(const ErrorBD& error) { return error.numero == kErrorSentencia; }
 
+// An act that was taken back, and how the person is told.
+struct Deshecho {
+  QString nombre, palabras;
+};
+
 // The rows that acts with one server have left, in the store or in that server.
 class Restos {
  public:
-  // `deshechos` gets the names of those that are taken back.
-  Restos(Puesto& p, ServidorActo servidor, Conexion& cnn, std::vector<QString>& deshechos)
+  // `deshechos` gets those that are taken back.
+  Restos(Puesto& p, ServidorActo servidor, Conexion& cnn, std::vector<Deshecho>& deshechos)
       : p_(p), servidor_(servidor), cnn_(cnn), deshechos_(deshechos) {}
 
   bool terminar() {
@@ -120,11 +125,16 @@ class Restos {
     bool esta = false;
     if (buscar(segunda, a, esta)) return false;
     if (!esta) {
+      // The mark goes first: the half may be on its way yet, in a connection that broke; a second mark waits for it.
+      bool llego = false;
       const auto error = EnTransaccion(segunda, [&]() -> Error {
-        if (auto e = EjecutarTodas(segunda, a.termina)) return e;
-        return segunda.ejecutar(sentenciaHecho(p_, a, servidor_));
+        if (auto e = segunda.ejecutar(sentenciaHecho(p_, a, servidor_))) {
+          llego = e->claveDuplicada();
+          return e;
+        }
+        return EjecutarTodas(segunda, a.termina);
       });
-      if (error) return rechazada(*error) && deshacer(a, primera, *error);
+      if (error && !llego) return rechazada(*error) && deshacer(a, primera, *error);
     }
     if (primera.ejecutar(sentenciaBorrar(a))) return false;
     return !segunda.ejecutar(sentenciaBorrar(a));
@@ -139,27 +149,32 @@ class Restos {
                                             donde(a));
     });
     if (error) return false;
-    if (sePuede) deshechos_.push_back(a.nombre);
     const QString palabras = QStringLiteral("«%1» con el servidor %2 ").arg(a.nombre, nombreDe(servidor_)) +
                              (sePuede ? QStringLiteral("se deshizo: ") : QStringLiteral("quedó a medias: ")) +
                              porque.descripcion;
     p_.registro.RegistrarErrorLog(palabras);
-    if (!sePuede) p_.mensajes.mostrar(palabras + QStringLiteral("\nAvise a soporte."));
+    if (sePuede) deshechos_.push_back({a.nombre, palabras});
+    else p_.mensajes.mostrar(palabras + QStringLiteral("\nAvise a soporte."));
     return true;
   }
 
   Puesto& p_;
   const ServidorActo servidor_;
   Conexion& cnn_;
-  std::vector<QString>& deshechos_;
+  std::vector<Deshecho>& deshechos_;
 };
 
-bool terminarRestos(Puesto& p, ServidorActo servidor, Conexion& cnn, std::vector<QString>& deshechos) {
+bool terminarRestos(Puesto& p, ServidorActo servidor, Conexion& cnn, std::vector<Deshecho>& deshechos) {
   // What is finished inside somebody else's transaction could be undone with it.
   const bool bien =
       !p.poCnnLocal.enTransaccion() && !cnn.enTransaccion() && Restos(p, servidor, cnn, deshechos).terminar();
   porMirar(p, servidor) = !bien;
   return bien;
+}
+
+// Who thought that they would stand has to know.
+void contarDeshechos(Puesto& p, const std::vector<Deshecho>& deshechos) {
+  for (const Deshecho& d : deshechos) p.mensajes.mostrar(d.palabras);
 }
 
 // One act on its way.
@@ -204,6 +219,8 @@ class Marcha {
       if (!error) error = acto_.preparar(acto_);
     }
     fila_ = {p_.ses.psCaja, acto_.nombre, kPendiente, localPrimero_ ? acto_.enServidor : acto_.enLocal, acto_.deshacer};
+    // Where the first half is nothing, there is nothing to take back but its row.
+    if (deLaPrimera().empty()) fila_.deshace = {sentenciaBorrar(fila_)};
     return error;
   }
 
@@ -259,10 +276,21 @@ class Marcha {
 
   // A connection that broke in its commit is opened once more to look.
   Error mirarPrimera(bool& esta) {
-    auto error = buscar(primera(), fila_, esta);
+    auto error = localPrimero_ ? buscar(primera(), fila_, esta) : mirarServidor(esta);
     if (!error || localPrimero_) return error;
     if (!p_.poDBAdmin.AbrirBD(servidor_, cadenaDe(p_, acto_.servidor), false, kEspera)) return error;
-    return buscar(servidor_, fila_, esta);
+    return mirarServidor(esta);
+  }
+
+  // The commit may be on its way there yet: a second row of its name waits for it, and is not kept.
+  Error mirarServidor(bool& esta) {
+    const ErrorBD ninguno;
+    const auto error = EnTransaccion(servidor_, [&]() -> Error {
+      auto e = servidor_.ejecutar(sentenciaHecho(p_, fila_, acto_.servidor));
+      esta = e && e->claveDuplicada();
+      return e ? e : ninguno;
+    });
+    return !error || esta || error->numero == ninguno.numero ? Error() : error;
   }
 
   ResultadoActo dudar(const ErrorBD& error) {
@@ -272,10 +300,12 @@ class Marcha {
 
   // The first half stands; the other one gets its second chance at once.
   ResultadoActo terminar(const ErrorBD& porque) {
-    std::vector<QString> deshechos;
+    std::vector<Deshecho> deshechos;
     bool sigue = true;
     const bool bien = terminarRestos(p_, acto_.servidor, servidor_, deshechos);
-    if (std::find(deshechos.begin(), deshechos.end(), acto_.nombre) != deshechos.end()) return {FinActo::Nada, porque};
+    const bool nada = std::erase_if(deshechos, [this](const Deshecho& d) { return d.nombre == acto_.nombre; }) > 0;
+    contarDeshechos(p_, deshechos);
+    if (nada) return {FinActo::Nada, porque};
     if (bien && !buscar(primera(), fila_, sigue) && !sigue) return {FinActo::Entero, {}};
     porMirar(p_, acto_.servidor) = true;
     return {FinActo::Pendiente, porque};
@@ -297,11 +327,20 @@ class Marcha {
 
 }  // namespace
 
-ResultadoActo EjecutarActo(Puesto& p, const ActoDoble& acto) { return Marcha(p, acto).hacer(); }
+ResultadoActo EjecutarActo(Puesto& p, const ActoDoble& acto) {
+  ResultadoActo r = Marcha(p, acto).hacer();
+  for (int vez = 1; r.fin == FinActo::Nada && r.error.repetible() && vez < kVecesDelNudo; ++vez) {
+    DejarPasarNudo(vez);
+    r = Marcha(p, acto).hacer();
+  }
+  return r;
+}
 
 bool TerminarActos(Puesto& p, ServidorActo servidor, Conexion& cnn) {
-  std::vector<QString> deshechos;
-  return terminarRestos(p, servidor, cnn, deshechos);
+  std::vector<Deshecho> deshechos;
+  const bool bien = terminarRestos(p, servidor, cnn, deshechos);
+  contarDeshechos(p, deshechos);
+  return bien;
 }
 
 void MirarActos(Puesto& p, Conexion& cnn, const QString& cadena) {

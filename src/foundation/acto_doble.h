@@ -26,13 +26,13 @@ struct ActoDoble {
   std::vector<Sql> enLocal,
       enServidor;  // each in the dialect of its database; they must not depend on a later state of it
   // Takes back the half that was committed first, should the other database refuse its own for good. Without it such an
-  // act stays in Diario_Acto, refused, and is told.
+  // act stays in Diario_Acto, refused, and is told; a first half without statements needs none.
   std::vector<Sql> deshacer;
   // LocalPrimero alone: with the server away the local half stands, and the other one waits for the server.
   bool puedeEsperar = false;
   // Runs inside both transactions before any of the statements, which it may still make, like the name: what it reads
   // there under a lock of its own holds till the commits. An error that it gives ends the act with nothing done. It
-  // must show nothing.
+  // must show nothing, and may be called again: a server that broke a knot of locks with the act has undone all of it.
   std::function<std::optional<ErrorBD>(ActoDoble&)> preparar = {};
 };
 
@@ -53,7 +53,7 @@ struct ResultadoActo {
 [[nodiscard]] ResultadoActo EjecutarActo(Puesto& p, const ActoDoble& acto);
 
 // Finishes what earlier acts have left between the store and that server, open in `cnn`. True when nothing is left to
-// do. An act that a database refuses for good is taken back or, if it can't be, told once in a box; both are logged.
+// do. An act that a database refuses for good is taken back, or left if it can't be; both are logged and told in a box.
 [[nodiscard]] bool TerminarActos(Puesto& p, ServidorActo servidor, Conexion& cnn);
 
 // At each opening of a database: TerminarActos, if it is a server that has not been looked at since something was left.

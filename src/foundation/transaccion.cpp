@@ -4,16 +4,12 @@
 #include <QThread>
 #include <algorithm>
 
-namespace {
-constexpr int kVeces = 20;  // a knot of locks in a row is rare; so many are a fault
-constexpr int kPausaMayor_ms = 160;
-
-// Two that begin again at once make the same knot again: each waits a time of its own, up to 4, 8, 16 ... ms.
-void dejarPasar(int vez) {
+// Up to 4, 8, 16 ... ms.
+void DejarPasarNudo(int vez) {
+  constexpr int kPausaMayor_ms = 160;
   const int tope = std::min(2 << std::min(vez, 10), kPausaMayor_ms);
   QThread::msleep(QRandomGenerator::global()->bounded(1, tope + 1));
 }
-}  // namespace
 
 std::optional<ErrorBD> EnTransaccion(Conexion& cnn, const std::function<std::optional<ErrorBD>()>& pasos) {
   auto error = cnn.iniciar();
@@ -41,8 +37,8 @@ std::optional<ErrorBD> EjecutarTodas(Conexion& cnn, const std::vector<Sql>& sent
 
 std::optional<ErrorBD> EjecutarJuntas(Conexion& cnn, const std::vector<Sql>& sentencias, Sql* laQueFallo) {
   std::optional<ErrorBD> error;
-  for (int vez = 0; vez < kVeces; ++vez) {
-    if (vez > 0) dejarPasar(vez);
+  for (int vez = 0; vez < kVecesDelNudo; ++vez) {
+    if (vez > 0) DejarPasarNudo(vez);
     if (laQueFallo) *laQueFallo = Sql();
     error = EnTransaccion(cnn, [&] { return EjecutarTodas(cnn, sentencias, laQueFallo); });
     if (!error || !error->repetible()) break;

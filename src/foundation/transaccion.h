@@ -16,6 +16,11 @@
 [[nodiscard]] std::optional<ErrorBD> EjecutarTodas(Conexion& cnn, const std::vector<Sql>& sentencias,
                                                    Sql* laQueFallo = nullptr);
 
+// An act is begun again so often at most when a server has broken a knot of locks with it; before the n-th time, from 1
+// on, it waits a time of its own: two that begin again at once make the same knot again.
+constexpr int kVecesDelNudo = 20;
+void DejarPasarNudo(int vez);
+
 // The same as one transaction, begun again when a server has broken a knot of locks with it. `laQueFallo` gets no
 // statement when it could not begin or end.
 [[nodiscard]] std::optional<ErrorBD> EjecutarJuntas(Conexion& cnn, const std::vector<Sql>& sentencias,

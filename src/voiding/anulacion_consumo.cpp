@@ -1,5 +1,6 @@
 #include "voiding/anulacion_consumo.h"
 
+#include "documento/filas_paralelas.h"
 #include "foundation/acto_doble.h"
 #include "foundation/puesto.h"
 #include "platform/text/fecha.h"
@@ -21,8 +22,9 @@ std::optional<ErrorBD> preparar(Puesto& p, const DocumentoGuardado& nota, ActoDo
   if (auto error = p.poCnnLocal.consultar(u"SELECT MAX(cOperCode) AS maximo FROM OperacionParalela"_sql, rs)) {
     return error;
   }
-  acto.enLocal =
-      FilasDeParalela(p, nota, AEntero(Numero(rs[u"maximo"])) + 1, FormatearFecha(p.reloj.now(), u"DD/MM/YYYY hh:mm"));
+  const qint64 codigo = AEntero(Numero(rs[u"maximo"])) + 1;
+  acto.enLocal = FilasDeParalela(p, nota, codigo, FormatearFecha(p.reloj.now(), u"DD/MM/YYYY hh:mm"));
+  acto.deshacer = SentenciasDevolverParalela(nota.codigo, codigo);
   // Settled meanwhile, should the act be finished later, it fails.
   acto.enServidor = {
       u"UPDATE Venta01 SET bLiquidado = 0 / (CASE WHEN bLiquidado = 0 THEN 1 ELSE 0 END)"_sql + documento,
@@ -42,11 +44,15 @@ bool AnularConsumo(Puesto& p, const DocumentoGuardado& nota) {
   const ResultadoActo r = EjecutarActo(p, acto);
   p.poDBAdmin.CerrarBD(p.poCnnCentral);
   if (r.fin == FinActo::Entero) return true;
-  if (r.fin != FinActo::Nada) {
+  if (r.fin == FinActo::Pendiente) {
     p.registro.RegistrarErrorLog(acto.nombre + QStringLiteral(" quedó por completar en la central: ") +
                                  r.error.descripcion);
     return true;  // it stands here, and follows there
   }
-  p.mensajes.mostrar(r.error.descripcion);
+  // The store did not answer in its commit, and not when it was asked about it.
+  p.mensajes.mostrar(r.fin == FinActo::EnDuda
+                         ? r.error.descripcion +
+                               QStringLiteral("\nRevise si la nota quedó anulada antes de anularla otra vez.")
+                         : r.error.descripcion);
   return false;
 }

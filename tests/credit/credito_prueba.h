@@ -1,6 +1,7 @@
 #pragma once
 // A desk with the billing screen, its central rows and the screens that it opens, for the tests.
 #include "apoyo/puesto_prueba.h"
+#include "apoyo/servidor_prueba.h"
 #include "credit/facturacion.h"
 #include "credit/liquidacion_credito.h"
 #include "credit/nota_consumo.h"
@@ -8,6 +9,7 @@
 #include "credit/papel_credito.h"
 #include "documento/lineas.h"
 #include "platform/text/numero.h"
+#include "postgres/base_postgres.h"
 
 class PantallasCreditoGuion : public PantallasCredito {
  public:
@@ -58,13 +60,45 @@ inline void llenarServidores(PuestoPrueba& p) {
                                     "VALUES (70, 1, '00000007', 1, '20301231')"));
 }
 
+enum class EnMotor { Embebido, Postgres };
+
+// The two servers of a desk on the test program's PostgreSQL, whose clock stands with the desk's. All tests of a
+// program share them, and each begins with empty tables.
+struct ServidoresCredito {
+  CadenaConexion central, cliente;
+};
+inline std::optional<ServidoresCredito> servidoresEn(EnMotor motor) {
+  if (motor == EnMotor::Embebido) return {};
+  ServidorPrueba& servidor = ServidorPrueba::uno();
+  static const ServidoresCredito suyos = [&servidor] {
+    const QStringList reloj{QStringLiteral(
+        "CREATE OR REPLACE FUNCTION dbo.tp_ahora() RETURNS timestamp LANGUAGE sql STABLE AS $$ SELECT timestamp "
+        "'2026-11-24 10:30:15' $$")};
+    return ServidoresCredito{servidor.base(BaseServidor::Central, reloj), servidor.base(BaseServidor::Cliente, reloj)};
+  }();
+  const QString vacia = QStringLiteral(
+      "DROP SCHEMA IF EXISTS guarda CASCADE; DO $$ DECLARE t text; BEGIN FOR t IN SELECT relname FROM pg_class WHERE "
+      "relnamespace = 'dbo'::regnamespace AND relkind = 'r' AND relname <> 'version_tablas' LOOP "
+      "EXECUTE 'DELETE FROM dbo.' || t; END LOOP; END $$");
+  servidor.crudo(suyos.central, vacia);
+  servidor.crudo(suyos.cliente, vacia);
+  return suyos;
+}
+
 struct Credito {
+  std::optional<ServidoresCredito> servidores;  // embedded ones without
   PuestoPrueba p;
   PantallasCreditoGuion pantallas;
   CajaFacturacionPagos v;
 
-  explicit Credito(const Envolver& envolver = {}) : p(envolver) {
-    llenarServidores(p);
+  // With `llenos` another desk has filled the servers.
+  explicit Credito(const Envolver& envolver = {}, const std::optional<ServidoresCredito>& en = {}, bool llenos = false)
+      : servidores(en), p(envolver) {
+    if (en) {
+      p.ses.psConexionCentral = cadenaDe(en->central);
+      p.ses.psConexionCliente = cadenaDe(en->cliente);
+    }
+    if (!llenos) llenarServidores(p);
     p.articulo(101, QStringLiteral("CAFE"), 10);
     p.articulo(102, QStringLiteral("ARROZ CON PATO"), 38, true);
     p.articulo(807, QStringLiteral("SACO"), 92);
@@ -94,12 +128,15 @@ struct Credito {
     return facturar();
   }
 
-  void cargarPago(const char* tipoDoc, const char* numero) {
+  void cargarPago(const QString& tipoDoc, const QString& serie, const QString& numero) {
     DocumentoPorPagar d;
-    d.TipoDoc = QString::fromUtf8(tipoDoc);
-    d.cSerieDoc = QStringLiteral("001");
-    d.NroDoc = QString::fromUtf8(numero);
+    d.TipoDoc = tipoDoc;
+    d.cSerieDoc = serie;
+    d.NroDoc = numero;
     CargarPagos(p, v.pago, d);
+  }
+  void cargarPago(const char* tipoDoc, const char* numero) {
+    cargarPago(QString::fromUtf8(tipoDoc), QStringLiteral("001"), QString::fromUtf8(numero));
   }
   // `forma` counts from 0 in the order of the codes; the currency too.
   QString pagar(int forma, int moneda, const char* monto) {
@@ -148,6 +185,15 @@ struct Credito {
     Conexion c;
     EXPECT_TRUE(p.poDBAdmin.AbrirBD(c, p.ses.psConexionCentral));
     p.ejecuta(c, QString::fromUtf8(sql));
+  }
+  void enCliente(const char* sql) {
+    Conexion c;
+    EXPECT_TRUE(p.poDBAdmin.AbrirBD(c, p.ses.psConexionCliente));
+    p.ejecuta(c, QString::fromUtf8(sql));
+  }
+  void abrirAlmacen() {
+    EXPECT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnLocal,
+                                    QStringLiteral("driver={Microsoft Access Driver (*.mdb)};DBQ=") + p.ses.psRutaBD));
   }
   QByteArray impreso(const char* puerto) { return p.papeles().papel[QString::fromLatin1(puerto)]; }
   QString local(const char* sql) { return p.filas(QString::fromUtf8(sql)); }
