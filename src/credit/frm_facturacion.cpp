@@ -2,6 +2,7 @@
 #include "credit/facturacion.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -70,18 +71,24 @@ class PestanaFacturacion final : public PestanaCredito {
     window()->activateWindow();
   }
   void reimprimir() override {
-    const auto doc = DocCreditoDe(v_.cboTipoDocumento);
+    // The tab is empty behind a commit: the copy asked for then is that of the last document.
+    const auto doc = v_.cboTipoDocumento < 0 ? v_.docUltimo : DocCreditoDe(v_.cboTipoDocumento);
     if (!doc) {
       c_.p.mensajes.mostrar(QStringLiteral("Debe elegir un tipo de documento...!"), QStringLiteral("Mensaje"));
       c_.enfocar(QStringLiteral("cboTipoDocumento"));
       return;
     }
-    pedirCopia(QStringLiteral("Número de la ") + PalabraDe(*doc) + QStringLiteral(" (serie-número):"),
-               v_.ultimo.section(u' ', 2), [&](const QString& serie, const QString& numero) {
-                 return ReimprimirFactura(c_.p, *doc, serie, numero);
-               });
+    pedirCopia(
+        QStringLiteral("Número de la ") + PalabraDe(*doc) + QStringLiteral(" (serie-número):"),
+        doc == v_.docUltimo ? v_.ultimo.section(u' ', 2) : QString(),
+        [&](const QString& serie, const QString& numero) { return ReimprimirFactura(c_.p, *doc, serie, numero); });
   }
   bool alEntrar(QWidget* campo) override {
+    // Behind the currency come the articles, not the button that voids.
+    if (campo == moneda_.control()) {
+      c_.enfocar(QStringLiteral("TDGFacturacion"));
+      return true;
+    }
     if (!cliente_.buscaDesde(campo)) return false;
     ResultadoTarjeta r{};
     c_.con([&] { r = BuscaTarjeta(c_.p, v_, c_.pantallas); });

@@ -15,18 +15,18 @@
 namespace {
 
 std::vector<ColumnaLista> columnasDe(int lista) {
-  std::vector<ColumnaLista> columnas{{QStringLiteral("TX"), 0.08},
-                                     {QStringLiteral("Tipo"), 0.08},
-                                     {QStringLiteral("Doc"), 0.15},
-                                     {QStringLiteral("Tarjeta"), 0.12},
-                                     {QStringLiteral("Total(S/.)"), 0.12, true, ColumnaLista::Numero},
-                                     {QStringLiteral("Fecha"), 0.12, false, ColumnaLista::Fecha}};
+  std::vector<ColumnaLista> columnas{{QStringLiteral("TX"), 0.07},
+                                     {QStringLiteral("Tipo"), 0.07},
+                                     {QStringLiteral("Doc"), 0.12},
+                                     {QStringLiteral("Tarjeta"), 0.11},
+                                     {QStringLiteral("Total(S/.)"), 0.11, true, ColumnaLista::Numero},
+                                     {QStringLiteral("Fecha"), 0.11, false, ColumnaLista::Fecha}};
   if (lista == 1) {
     columnas.push_back({QStringLiteral("FADE/BADE"), 0.14});
     return columnas;
   }
   columnas.push_back({QStringLiteral("Monto Orig."), 0.13, true});
-  columnas.push_back({QStringLiteral("Cliente - Glosa"), 0.2});
+  columnas.push_back({QStringLiteral("Cliente - Glosa"), 0.28});
   return columnas;
 }
 

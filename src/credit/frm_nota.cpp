@@ -70,12 +70,13 @@ class PestanaNota final : public PestanaCredito {
     auto* busca = nuevoBoton(QStringLiteral("cmdBuscarDocumentoNC"), QStringLiteral("Buscar (F6)"));
     panel->agregar({}, busca);
     rotulo(panel, "lblNroDocumentoNC", u"Nro Documento:", v_.lblNroDocumentoNC);
-    rotulo(panel, "lblClienteNC", u"Cliente:", v_.lblClienteNC);
-    rotulo(panel, "lblLocalNC", u"Local:", v_.lblLocalNC);
     rotulo(panel, "lblFecEmisionNC", u"F. de Emision:", v_.lblFecEmisionNC);
-    rotulo(panel, "lblCreditoaNC", u"Credito a:", v_.lblCreditoaNC);
     importe(panel, "txtMontoDocumento", u"Monto Documento:", v_.txtMontoDocumento);
     importe(panel, "txtMontoPorConsumirDocumento", u"Monto Por Consumir:", v_.txtMontoPorConsumirDocumento);
+    agregarFilaDeTextos(panel, c_.enlaces,
+                        {{"lblLocalNC", u"Local:", v_.lblLocalNC},
+                         {"lblCreditoaNC", u"Credito a:", v_.lblCreditoaNC},
+                         {"lblClienteNC", u"Cliente:", v_.lblClienteNC}});
     connect(busca, &QPushButton::clicked, this, [this] { buscarDocumento(); });
     return panel;
   }

@@ -106,15 +106,16 @@ class PestanaPagos final : public PestanaCredito {
     auto* busca = nuevoBoton(QStringLiteral("cmdBuscarDocumento"), QStringLiteral("Buscar (F6)"));
     panel->agregar({}, busca);
     panel->saltar();
-    rotulo(panel, QStringLiteral("lblNroDocumento2"), QStringLiteral("Nro Documento:"), v_.lblNroDocumento2);
-    rotulo(panel, QStringLiteral("lblMoneda"), QStringLiteral("Moneda:"), v_.lblMoneda);
-    panel->saltar();
     lblDetraccion_ =
         nuevoTexto(QStringLiteral("(*) El documento registra pago de detracción pendiente"), QStringLiteral("cuidado"));
     lblDetraccion_->setObjectName(QStringLiteral("lblDetraccion"));
     panel->agregar({}, lblDetraccion_);
     actualizar_ = nuevoBoton(QStringLiteral("cmdActualizarDetracc"), QStringLiteral("Actualizar Pago Detracc."));
     panel->agregar({}, actualizar_);
+    agregarFilaDeTextos(panel, c_.enlaces,
+                        {{"lblNroDocumento2", u"Nro Documento:", v_.lblNroDocumento2},
+                         {"lblMoneda", u"Moneda:", v_.lblMoneda},
+                         {"lblCliente", u"Cliente:", v_.lblCliente}});
     connect(busca, &QPushButton::clicked, this, [this] { buscarDocumento(); });
     connect(actualizar_, &QPushButton::clicked, this, [this] {
       c_.con([this] { ActualizarDetraccion(c_.p, v_); });
@@ -151,8 +152,10 @@ class PestanaPagos final : public PestanaCredito {
   QWidget* nuevoRegistro() {
     auto* panel = nuevoPanelCredito(QStringLiteral("Registro de Pago:"), 3);
     Campo* fecha = panel->campo(QStringLiteral("DTPFechaPago"), QStringLiteral("Fecha de Pago:"));
+    fecha->setFixedWidth(120);
     c_.enlaces.texto(fecha, v_.DTPFechaPago);
     panel->agregar(QStringLiteral("Forma de Pago:"), forma_.control());
+    panel->ensanchar(forma_.control());
     panel->agregar(QStringLiteral("Moneda:"), moneda_.control());
     panel->saltar();
     soles_ =
@@ -218,9 +221,6 @@ class PestanaPagos final : public PestanaCredito {
     return fila;
   }
 
-  void rotulo(Panel* panel, const QString& nombre, const QString& etiqueta, const QString& texto) {
-    agregarRotulo(panel, nombre, etiqueta, c_.enlaces, texto);
-  }
   void mostrarPagos() {
     std::vector<FilaLista> filas;
     for (const PagoHecho& g : v_.dgdPagos) {

@@ -5,6 +5,7 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -70,6 +71,26 @@ void agregarRotulo(Panel* panel, const QString& nombre, const QString& etiqueta,
   l->setMinimumWidth(84);
   enlaces.rotulo(l, texto);
   panel->agregar(etiqueta, l);
+}
+
+void agregarFilaDeTextos(Panel* panel, Enlaces& enlaces, std::initializer_list<TextoDeFila> textos) {
+  auto* fila = new QWidget;
+  auto* h = new QHBoxLayout(fila);
+  h->setContentsMargins(0, 0, 0, 0);
+  h->setSpacing(2 * tema::kPaso);
+  for (const TextoDeFila* t = textos.begin(); t != textos.end(); ++t) {
+    const bool ultimo = t + 1 == textos.end();
+    auto* l = nuevoTexto({});
+    l->setObjectName(QString::fromLatin1(t->nombre));
+    l->setTextFormat(Qt::PlainText);
+    if (ultimo) l->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    else l->setMinimumWidth(84);
+    enlaces.rotulo(l, t->texto);
+    h->addWidget(nuevoTexto(QString::fromUtf16(t->etiqueta)));
+    h->addWidget(l, ultimo ? 1 : 0);
+    if (!ultimo) h->addSpacing(3 * tema::kPaso);
+  }
+  static_cast<QVBoxLayout*>(panel->layout())->addWidget(fila);
 }
 
 Campo* campoImporte(Panel* panel, const QString& nombre, const QString& etiqueta, Enlaces& enlaces, QString& texto) {
@@ -183,7 +204,7 @@ void PestanaCredito::pedirCopia(const QString& pregunta, const QString& porDefec
     c_.p.mensajes.mostrar(QStringLiteral("Escriba la serie, un guion y el número: 001-000012"));
     return;
   }
-  const CursorEspera espera;
+  const Ocupado ocupado(c_.p.mensajes, QStringLiteral("Imprimiendo la copia…"));
   (void)imprimir(Recortar(numero->left(guion)), Recortar(numero->mid(guion + 1)));
 }
 

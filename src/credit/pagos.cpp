@@ -43,6 +43,7 @@ void mostrarEstado(TabPagos& v, const EstadoDocumento& e) {
   v.detraccion = e.detraccion;
   v.lblNroDocumento2 = e.serie + u'-' + e.numero;
   v.lblMoneda = e.enDolares ? QStringLiteral("DOLARES") : QStringLiteral("SOLES");
+  v.lblCliente = e.cliente;
   v.lblSaldoSoles = Formatear(e.saldo(), kImporte);
   v.lblSaldoDolares = Formatear(e.saldoUSD(), kImporte);
   v.cboTipoDocumento1 = e.doc == DocCredito::FADE ? 0 : 1;
@@ -50,6 +51,7 @@ void mostrarEstado(TabPagos& v, const EstadoDocumento& e) {
 }
 
 bool leer(Puesto& p, TabPagos& v, const DocumentoPorPagar& d) {
+  const Ocupado ocupado(p.mensajes, QStringLiteral("Leyendo el documento…"));
   Conexion central;
   if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return false;
   const auto doc = DocCreditoDe(d.TipoDoc).value_or(DocCredito::FADE);

@@ -158,8 +158,8 @@ TEST_P(Registradoras, AKillAtAnyStepLeavesADeskThatStartsAndSellsOn) {
 }
 
 // Beside NAME.guion and NAME.salida, each only where a play needs it: NAME.antes, statements that come before it;
-// NAME.filas, a query and its rows in turn; NAME.papel, how the paper of LPT1 begins; NAME.renglones, "N:LINE" for a
-// line that stands N times on all paper.
+// NAME.filas, a query and its rows in turn; NAME.papel, how the paper of LPT1 begins, NAME.papel_alterna, that of LPT2;
+// NAME.renglones, "N:LINE" for a line that stands N times on all paper.
 class ObraDeCaja : public testing::TestWithParam<QString> {
  protected:
   QStringList lineas(const char* clase) const {
@@ -176,9 +176,11 @@ TEST_P(ObraDeCaja, LeavesWhatStandsBesideIt) {
   ASSERT_EQ(filas.size() % 2, 0);
   for (qsizetype i = 0; i < filas.size(); i += 2)
     EXPECT_EQ(filas[i + 1], p.filas(filas[i])) << qUtf8Printable(filas[i]);
-  const QString papel =
-      lineas(".papel").isEmpty() ? QString() : leerTexto(kPruebas + u'/' + GetParam() + QStringLiteral(".papel"));
-  EXPECT_EQ(papel, p.papel().left(papel.size()));
+  for (const auto& [clase, puerto] : {std::pair(".papel", "LPT1"), {".papel_alterna", "LPT2"}}) {
+    const QString archivo = kPruebas + u'/' + GetParam() + QLatin1String(clase);
+    const QString papel = QFile::exists(archivo) ? leerTexto(archivo) : QString();
+    EXPECT_EQ("", primeraDiferencia(papel, p.papel(QLatin1String(puerto)).left(papel.size()))) << clase;
+  }
   for (const QString& r : lineas(".renglones")) {
     EXPECT_EQ(r.section(u':', 0, 0).toInt(), renglones.count(r.section(u':', 1))) << qUtf8Printable(r);
   }

@@ -108,7 +108,9 @@ TEST(Odbc, HoldsItsTimes) {
   c.servidor = u8("127.0.0.1:") + mudo.cadena().section(u':', -1);
   c.usuario = c.clave = c.catalogo = u8("x");
   QStringList dicho;
-  const auto motores = motoresDelSistema({}, {{}, {}, {}, [&](const QString& que, int) { dicho += que; }});
+  OpcionesMotores opciones;
+  opciones.alEsperar = [&](const QString& que, int) { dicho += que; };
+  const auto motores = motoresDelSistema({}, opciones);
   Conexion cnn;
   QElapsedTimer reloj;
   reloj.start();

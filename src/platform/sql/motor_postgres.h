@@ -69,6 +69,7 @@ class MotorPostgres final : public Motor {
   Formas<PreparadaPostgres> formas_{300};
   QHash<QString, Rutina> rutinas_;  // procedures, by their names in lower case
   int preparadas_ = 0;
+  bool puntos_ = false;      // the server has the savepoints prepared
   bool porIniciar_ = false;  // a transaction that the server has not heard of yet
   bool abierta_ = false;     // one that it has
   bool cambiada_ = false;    // ... and in which tables were made or changed
