@@ -6,6 +6,7 @@
 #   instalacion.sh PACKAGE.deb [PICTURES]
 set -euo pipefail
 nuevo=$(realpath "$1")
+fuentes=$(realpath "$(dirname "$0")/../..")
 imagenes=${2:-}
 
 faltar() { echo "No se probó la instalación: $1" >&2; exit 77; }
@@ -145,6 +146,23 @@ sleep 2
 [ "$(dato "SELECT max(cDocCodigo) FROM Operacion")" = 2 ] || fallo "el segundo ticket no sigue al primero"
 cerrar
 contenido >"$obra/antes.txt"
+
+paso "Una caja que dejó un programa de antes de las versiones"
+vieja=$casa/vieja
+"${cajera[@]}" tarvopos-admin crear-puesto /home/cajera/vieja --demo >"$obra/vieja.log"
+for base in puesto:TarvoPos.mdb central:central.db cliente:cliente.db; do
+  rm -f "$vieja/${base#*:}"*
+  { echo 'PRAGMA journal_mode=WAL;'; cat "$fuentes/tests/store/version0/${base%:*}.sql"; } | sqlite3 "$vieja/${base#*:}" >/dev/null
+done
+chown -R --reference="$casa" "$vieja"
+filas_viejas() { sqlite3 "$vieja/TarvoPos.mdb" "SELECT COUNT(*), MAX(cOperCode), TOTAL(nProdCant) FROM Operacion"; }
+antes=$(filas_viejas)
+printf 'inicia\nespera frmPassword\n' |
+  "${cajera[@]}" QT_QPA_PLATFORM=offscreen tarvopos-admin guion - --puesto /home/cajera/vieja >"$obra/vieja.log" ||
+  { cat "$obra/vieja.log"; fallo "la caja vieja no abre"; }
+grep -q 'TarvoPos.mdb.* se actualizó de la versión 0 a la ' "$obra/vieja.log" || { cat "$obra/vieja.log"; fallo "no dice que actualizó la caja"; }
+[ "$(filas_viejas)" = "$antes" ] || fallo "la actualización cambió las ventas de la caja vieja"
+"${cajera[@]}" tarvopos-admin verificar /home/cajera/vieja >"$obra/vieja.log" || { cat "$obra/vieja.log"; fallo "la caja vieja no quedó sana"; }
 
 paso "Quita el paquete"
 en_raiz dpkg -L tarvopos | while read -r f; do [ -f "$raiz$f" ] && echo "$raiz$f"; done >"$obra/archivos.txt"

@@ -98,7 +98,11 @@ TEST(Busy, ABoxIsNotAnsweredByWhatWasPressedBeforeIt) {
   v.trabajo = [&] {
     const Ocupado ocupado(mensajes, QStringLiteral("Cerrando…"));
     pulsarMientras(v.boton, Qt::Key_Return);
-    reloj.unaVez(200, &v, [] { tecla(Qt::Key_Escape); });
+    reloj.unaVez(200, &v, [&] {
+      const Ocupado dentro(mensajes, QStringLiteral("Esperando al servidor…"));
+      EXPECT_EQ(nullptr, QApplication::activeModalWidget()->findChild<QLabel*>("lblOcupado")) << "it must be read";
+      tecla(Qt::Key_Escape);
+    });
     si = mensajes.preguntar(QStringLiteral("¿Seguro?"));
   };
   tecla(Qt::Key_Return);
