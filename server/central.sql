@@ -26,9 +26,12 @@ CREATE TABLE Articulo (
   dFechCrea DATETIME,
   dFechModi DATETIME
 );
+CREATE INDEX Articulo_creado ON Articulo (dFechCrea);
+CREATE INDEX Articulo_cambiado ON Articulo (dFechModi);
 CREATE TABLE ArticuloPrecioVenta (
   cCodArtic TEXT NOT NULL, nNumItem INTEGER NOT NULL, nPrecioVtaNew NUMERIC(18,6) DEFAULT 0, PRIMARY KEY (cCodArtic, nNumItem)
 );
+CREATE INDEX ArticuloPrecioVenta_ultimo ON ArticuloPrecioVenta (cCodArtic, nNumItem, nPrecioVtaNew);
 CREATE TABLE Almacen (cCodAlmac TEXT NOT NULL PRIMARY KEY, vDscAlmac TEXT);
 CREATE TABLE parametro (cCodParam TEXT NOT NULL PRIMARY KEY, nmonto1 NUMERIC(18,6), vtexto1 TEXT);
 
@@ -49,6 +52,8 @@ CREATE TABLE Cliente (
   dFechCrea DATETIME, dFechModi DATETIME,
   PRIMARY KEY (cClieCode, IdLocal)
 );
+CREATE INDEX Cliente_creado ON Cliente (dFechCrea);
+CREATE INDEX Cliente_cambiado ON Cliente (dFechModi);
 CREATE TABLE Tarjeta (
   cClieCode INTEGER,
   IdLocal INTEGER NOT NULL DEFAULT 0,
@@ -60,6 +65,8 @@ CREATE TABLE Tarjeta (
   dFechCrea DATETIME, dFechModi DATETIME,
   PRIMARY KEY (nTarjNumb, IdLocal)
 );
+CREATE INDEX Tarjeta_creada ON Tarjeta (dFechCrea);
+CREATE INDEX Tarjeta_cambiada ON Tarjeta (dFechModi);
 CREATE TABLE local (idlocal INTEGER PRIMARY KEY, dsclocal TEXT, Activo SMALLINT DEFAULT 0);
 
 -- Credit accounts

@@ -18,6 +18,15 @@ CREATE TABLE ConsumoVenta (
 CREATE INDEX ConsumoVenta_documento ON ConsumoVenta (cCodVta);
 CREATE INDEX ConsumoVenta_nota ON ConsumoVenta (cCajaCodi, cOperCode);
 
-== 3
+== 4
 CREATE INDEX Venta01_cliente ON Venta01 (cClienteCode, IdLocal, FechaAnulacion);
 CREATE INDEX Venta01_abierto ON Venta01 (bLiquidado, TipoDoc, FechaAnulacion);
+
+== 5
+CREATE INDEX Articulo_creado ON Articulo (dFechCrea);
+CREATE INDEX Articulo_cambiado ON Articulo (dFechModi);
+CREATE INDEX ArticuloPrecioVenta_ultimo ON ArticuloPrecioVenta (cCodArtic, nNumItem, nPrecioVtaNew);
+CREATE INDEX Cliente_creado ON Cliente (dFechCrea);
+CREATE INDEX Cliente_cambiado ON Cliente (dFechModi);
+CREATE INDEX Tarjeta_creada ON Tarjeta (dFechCrea);
+CREATE INDEX Tarjeta_cambiada ON Tarjeta (dFechModi);

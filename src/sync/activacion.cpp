@@ -14,16 +14,16 @@ qint64 codigoDe(const Recordset::Fila& f) { return AEntero(Numero(f[0])); }
 
 class Activacion {
  public:
-  Activacion(Puesto& p, FrmUpdt& pantalla) : p_(p), pantalla_(pantalla) {}
+  Activacion(Puesto& p, FrmUpdt& pantalla, const Surtido& surtido) : p_(p), pantalla_(pantalla), surtido_(surtido) {}
 
   FinPasada todo() {
     pantalla_.InsertaLinea(QStringLiteral("Desactivando / Activando Articulos"));
-    FinPasada fin = idos();
+    FinPasada fin = surtido_.idos.empty() ? FinPasada::Bien : idos();
     if (fin == FinPasada::Bien && !liberarTeclas(u"IN (SELECT cProdCode FROM Producto WHERE nActivo =0) "_sql)) {
       fin = FinPasada::Mal;
     }
-    if (fin == FinPasada::Bien) fin = fueraDeVenta();
-    if (fin == FinPasada::Bien) fin = vueltos();
+    if (fin == FinPasada::Bien && !surtido_.fueraDeVenta.empty()) fin = fueraDeVenta();
+    if (fin == FinPasada::Bien && !surtido_.vueltos.empty()) fin = vueltos();
     if (fin == FinPasada::Bien) pantalla_.AumentaBarra(10);
     return fin;
   }
@@ -147,6 +147,7 @@ class Activacion {
 
   Puesto& p_;
   FrmUpdt& pantalla_;
+  const Surtido& surtido_;
   const Palabras inhabilita_{QStringLiteral("Se inhabilitó Artículo de código: "),
                              QStringLiteral("No se pudo inhabilitar Artículo de código: ")};
   const Palabras habilita_{QStringLiteral("Se habilitó Artículo de código: "),
@@ -155,4 +156,6 @@ class Activacion {
 
 }  // namespace
 
-FinPasada ActivarArticulos(Puesto& p, FrmUpdt& pantalla) { return Activacion(p, pantalla).todo(); }
+FinPasada ActivarArticulos(Puesto& p, FrmUpdt& pantalla, const Surtido& surtido) {
+  return Activacion(p, pantalla, surtido).todo();
+}

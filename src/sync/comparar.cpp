@@ -214,6 +214,8 @@ void CompararTotalesSerie(Puesto& p, QDate dia) {
 
 void CompararUltimoCierre(Puesto& p) {
   const std::vector<QDate> dias = diasCerrados(p);
+  if (dias.empty()) return;
+  const Ocupado ocupado(p.mensajes, QStringLiteral("Comparando las ventas con el servidor central…"));
   for (const QDate dia : dias) {
     for (const auto uno :
          {CompararCorrelativos, CompararSumaProductos, CompararCantidadProductos, CompararTotalesSerie}) {

@@ -2,7 +2,7 @@
 
 #include "foundation/puesto.h"
 #include "foundation/transaccion.h"
-#include "platform/text/fecha.h"
+#include "platform/text/numero.h"
 #include "store/codigos.h"
 #include "sync/updt.h"
 
@@ -31,6 +31,20 @@ bool leerLimite(Puesto& p, LiteralSql tabla, QDate& limite) {
   return true;
 }
 
+// Rows behind the first Z that waits stay: its sending looks them up here.
+bool leerEnviadas(Puesto& p, Sql& operaciones, Sql& paralelas) {
+  Recordset rs;
+  if (!p.poDBAdmin.EjecutarConsulta(
+          p.poCnnLocal,
+          u"SELECT MIN(cOperIdIni) AS nIni, MIN(cOperIdPIni) AS nIniP FROM CabeceraZ WHERE bFlagSincro = 0"_sql, rs)) {
+    return false;
+  }
+  if (rs[u"nIni"].isNull()) return true;
+  operaciones = FormatearSQL(u" AND cOperID <= $"_sql, {AEntero(Numero(rs[u"nIni"]))});
+  paralelas = FormatearSQL(u" AND cOperCode <= $"_sql, {AEntero(Numero(rs[u"nIniP"]))});
+  return true;
+}
+
 bool ejecutar(Puesto& p, const std::vector<Sql>& sentencias) {
   Sql laQueFallo;
   const auto error = EjecutarJuntas(p.poCnnLocal, sentencias, &laQueFallo);
@@ -41,13 +55,14 @@ bool ejecutar(Puesto& p, const std::vector<Sql>& sentencias) {
 
 // Parallel documents with their lines; one whose last state the centre does not know yet stays. The marks of reports,
 // which are never sent, go once they are closed.
-std::vector<Sql> moverParalelas(QDate limite) {
+std::vector<Sql> moverParalelas(QDate limite, const Sql& enviadas) {
   const Sql cuales = FormatearSQL(
       u"((cFlagSincronizacion ='1' AND dOperFech < $ AND  not(cEstado='1') AND not (cDocTipo in($)) "
       "AND cOperCode IN (SELECT o.cOperCode FROM OPERACIONPARALELA o INNER JOIN ParalelaEnviada e ON e.cOperCode = "
       "o.cOperCode WHERE o.cEstado = e.cEstado AND o.cOperCodeRela = e.cOperCodeRela AND o.cOperCodeAnul = "
-      "e.cOperCodeAnul)) OR (cOperTipo = $ AND cOperFlagAbierto = 0 AND dOperFech < $))"_sql,
-      {limite, Codigos({TipoDocumento::PADE, TipoDocumento::PADV}), Codigo(TipoOperacion::ReporteParalelas), limite});
+      "e.cOperCodeAnul)$) OR (cOperTipo = $ AND cOperFlagAbierto = 0 AND dOperFech < $))"_sql,
+      {limite, Codigos({TipoDocumento::PADE, TipoDocumento::PADV}), enviadas, Codigo(TipoOperacion::ReporteParalelas),
+       limite});
   const Sql suyos = u"(SELECT cOpercode FROM OPERACIONPARALELA WHERE "_sql + cuales + u") "_sql;
   return {
       u"INSERT INTO OPERACIONPARALELAPRODUCTOHIST SELECT * FROM  OPERACIONPARALELAPRODUCTO WHERE cOperCode IN "_sql +
@@ -61,7 +76,7 @@ std::vector<Sql> moverParalelas(QDate limite) {
 
 // Lines, and the money beside them: that of a sale once no line of it waits, that of a parallel document once it has
 // gone itself.
-std::vector<Sql> moverOperaciones(QDate limite) {
+std::vector<Sql> moverOperaciones(QDate limite, const Sql& enviadas) {
   const Sql lineas =
       FormatearSQL(u"cFlagSincronizacion ='1' AND cDoctipo<>'01' AND dOperFech < $ AND cProdCode <> 0"_sql, {limite});
   const Sql dinero = FormatearSQL(
@@ -73,8 +88,8 @@ std::vector<Sql> moverOperaciones(QDate limite) {
            {TipoDocumento::OC, TipoDocumento::NC, TipoDocumento::PADE, TipoDocumento::PADV, TipoDocumento::LIQPAD})});
   std::vector<Sql> todo;
   for (const Sql& cuales : {lineas, dinero}) {
-    todo.push_back(u"INSERT INTO OPERACION_HISTORICO   SELECT  * FROM OPERACION WHERE "_sql + cuales);
-    todo.push_back(u"DELETE FROM OPERACION WHERE "_sql + cuales);
+    todo.push_back(u"INSERT INTO OPERACION_HISTORICO   SELECT  * FROM OPERACION WHERE "_sql + cuales + enviadas);
+    todo.push_back(u"DELETE FROM OPERACION WHERE "_sql + cuales + enviadas);
   }
   return todo;
 }
@@ -118,10 +133,12 @@ Sql SalvoLaUltimaParalela(LiteralSql tabla) {
 bool DepurarHistoria(Puesto& p, FrmUpdt& pantalla) {
   pantalla.InsertaLinea(QStringLiteral("Depurando transacciones Historicas"));
   QDate limite, limiteParalelas;
+  Sql operaciones, paralelas;
+  if (!leerEnviadas(p, operaciones, paralelas)) return false;
   if (!leerLimite(p, u"OPERACION"_sql, limite) || !leerLimite(p, u"OPERACIONPARALELA"_sql, limiteParalelas)) {
     return false;
   }
   pantalla.InsertaLinea(QStringLiteral("Eliminando operaciones Históricas"));
-  return ejecutar(p, moverParalelas(limiteParalelas)) && ejecutar(p, moverOperaciones(limite)) &&
-         ejecutar(p, olvidar());
+  return ejecutar(p, moverParalelas(limiteParalelas, paralelas)) &&
+         ejecutar(p, moverOperaciones(limite, operaciones)) && ejecutar(p, olvidar());
 }

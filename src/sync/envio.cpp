@@ -76,6 +76,7 @@ bool Envio::prepararCotejo(bool paralelas) {
           nuevas)) {
     return false;
   }
+  if (!paralelas) quedaban_ = entero(nuevas[u"nFilas"]) > 0;
   const Sql rangos = rangosPendientes(paralelas, clave);
   if (!rangos.vacia() && !p_.poDBAdmin.EjecutarConsulta(
                              p_.poCnnLocal, cerradas + u" AND cFlagSincronizacion = '1' AND "_sql + rangos, marcadas)) {

@@ -66,7 +66,7 @@ class Envio {
   bool enviarZ();
   Error unZ(const Recordset::Fila& f, std::vector<Sql>& alFinal);
   Error renumerar(const Recordset::Fila& f, qint64 nuevo);
-  void contabilizar(const Recordset& cabeceras);
+  Error contabilizar();
 
   Puesto& p_;
   FrmUpdt& pantalla_;
@@ -75,6 +75,7 @@ class Envio {
   qint64 fin_ = 0, finP_ = 0;             // the last row that a Z has closed
   bool cotejar_ = false, cotejarP_ = false;
   Cotejo cotejo_, cotejoP_;
+  bool quedaban_ = false;  // rows of operations that were not there when the run began
   bool cabecera_ = false;  // psIdZ1 heads the detail of this run
   QHash<QString, ClienteTarjeta> clientes_;
 };

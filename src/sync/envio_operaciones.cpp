@@ -114,18 +114,13 @@ Envio::Error Envio::enviarLote(const Filas& filas, std::vector<FinFila>& fines, 
     if (cabecera_ && !tieneDetalle) detalles.push_back(TuplaDetalleZ1(f, f, p_.ses.psIdZ1, p_.ses.psCaja));
     fines.push_back({Suerte::Hecha, codigoDe(f)});
   }
-  if (!tuplas.empty()) {
-    if (auto e = p_.poCnnCentral.ejecutar(kCabezaOperacion + UnirSql(tuplas, u", "_sql))) return e;
-  }
+  if (auto e = InsertarTuplas(p_.poCnnCentral, kCabezaOperacion, tuplas)) return e;
   if (auto e = p_.poCnnLocal.iniciar()) return e;
   if (auto e = p_.poCnnLocal.ejecutar(u"UPDATE OPERACION SET cFlagSincronizacion = '1' WHERE cOperId IN ("_sql +
                                       UnirSql(ids, u", "_sql) + u")"_sql)) {
     return e;
   }
-  if (!detalles.empty()) {
-    if (auto e = p_.poCnnCentral.ejecutar(kCabezaDetalleZ1 + UnirSql(detalles, u", "_sql))) return e;
-  }
-  return {};
+  return InsertarTuplas(p_.poCnnCentral, kCabezaDetalleZ1, detalles);
 }
 
 FinPasada Envio::operaciones() {

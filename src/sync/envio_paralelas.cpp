@@ -73,7 +73,7 @@ Envio::Error Envio::enviarParalelas(const Filas& filas, const std::vector<bool>&
     documentos.push_back(TuplaParalela(filas[i], {p_.ses.psCaja, c, u"'0'"_sql}));
   }
   if (documentos.empty()) return {};
-  if (auto e = p_.poCnnCentral.ejecutar(kCabezaParalela + UnirSql(documentos, u", "_sql))) return e;
+  if (auto e = InsertarTuplas(p_.poCnnCentral, kCabezaParalela, documentos)) return e;
   const Sql codigos = codigosDe(filas, estaban);
   if (auto e = p_.poCnnLocal.consultar(u" SELECT * FROM OperacionParalelaProducto WHERE cOperCode IN ("_sql + codigos +
                                            u") and cProdCode <> 0  ORDER BY cOperCode"_sql,
@@ -96,8 +96,8 @@ Envio::Error Envio::enviarParalelas(const Filas& filas, const std::vector<bool>&
         std::find_if(filas.begin(), filas.end(), [codigo](const auto& f) { return codigoDe(f) == codigo; });
     if (cabecera_ && !tieneDetalle) detalles.push_back(TuplaDetalleZ1(l, *suyo, p_.ses.psIdZ1, p_.ses.psCaja));
   }
-  if (auto e = p_.poCnnCentral.ejecutar(kCabezaLineaParalela + UnirSql(tuplas, u", "_sql))) return e;
-  if (!detalles.empty() && p_.poCnnCentral.ejecutar(kCabezaDetalleZ1 + UnirSql(detalles, u", "_sql))) {
+  if (auto e = InsertarTuplas(p_.poCnnCentral, kCabezaLineaParalela, tuplas)) return e;
+  if (InsertarTuplas(p_.poCnnCentral, kCabezaDetalleZ1, detalles)) {
     p_.registro.RegistrarErrorLog(QStringLiteral("Sincronizar - TDETALLEZ1 de la operacion Paralela de Codigo: ") +
                                   QString::number(codigoDe(filas[0])));
   }

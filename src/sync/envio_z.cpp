@@ -67,18 +67,25 @@ Envio::Error Envio::unZ(const Recordset::Fila& f, std::vector<Sql>& alFinal) {
   return {};
 }
 
-// The fiscal documents of a Z that has gone up whole, posted to the accounts.
-void Envio::contabilizar(const Recordset& cabeceras) {
+// The fiscal documents of each Z that has gone up whole are posted to the accounts, before it counts as sent; the last
+// ones are looked at again, since a row that the centre refused may have gone up later. A posting that is refused does
+// not hold the Z.
+Envio::Error Envio::contabilizar() {
+  Recordset cabeceras, rs;
+  if (auto e = p_.poCnnLocal.consultar(u"SELECT Caja, cOperIdIni, cOperIdFin FROM CabeceraZ WHERE bFlagSincro = 0 OR "
+                                       "IdZ > (SELECT MAX(IdZ) FROM CabeceraZ) - 8 ORDER BY IdZ"_sql,
+                                       cabeceras)) {
+    return e;
+  }
   for (const auto& f : cabeceras) {
-    Recordset rs;
-    const Sql suyas = FormatearSQL(
-        u" FROM Operacion WHERE cOperFlagAbierto = 0 AND cProdCode <> 0 AND cOperID > $ AND cOperID <= $"_sql,
-        {entero(f[u"cOperIdIni"]), entero(f[u"cOperIdFin"])});
-    if (p_.poCnnLocal.consultar(u"SELECT COUNT(*)"_sql + suyas + u" AND cFlagSincronizacion <> '1'"_sql, rs) ||
-        entero(rs[0]) > 0 || p_.poCnnLocal.consultar(u"SELECT MIN(dOperFech), MAX(dOperFech)"_sql + suyas, rs) ||
-        rs[0].isNull()) {
-      continue;
+    if (auto e = p_.poCnnLocal.consultar(
+            FormatearSQL(u"SELECT SUM(IIF(cFlagSincronizacion = '1', 0, 1)), MIN(dOperFech), MAX(dOperFech) FROM "
+                         "Operacion WHERE cOperFlagAbierto = 0 AND cProdCode <> 0 AND cOperID > $ AND cOperID <= $"_sql,
+                         {entero(f[u"cOperIdIni"]), entero(f[u"cOperIdFin"])}),
+            rs)) {
+      return e;
     }
+    if (entero(rs[0]) > 0 || rs[1].isNull()) continue;
     if (const auto error = p_.poCnnCentral.ejecutar(FormatearSQL(
             u"INSERT INTO Cuentacte (cSerieDoc, cNroDoc, cCodCaja, cTipoDoc, dFecha, nMonto) SELECT o.cDocSerie, "
             "o.cDocCodigo, o.cCajaCodi, o.cDocTipo, MIN(o.dOperFech), SUM(o.nProdCant * o.nProdPrecUnit * (1 + "
@@ -88,10 +95,12 @@ void Envio::contabilizar(const Recordset& cabeceras) {
             "c.cNroDoc = "
             "o.cDocCodigo AND c.cCodCaja = o.cCajaCodi) GROUP BY o.cDocSerie, o.cDocCodigo, o.cCajaCodi, "
             "o.cDocTipo"_sql,
-            {texto(f, u"Caja"), MomentoCentral(rs[0]), MomentoCentral(rs[1])}))) {
+            {texto(f, u"Caja"), MomentoCentral(rs[1]), MomentoCentral(rs[2])}))) {
+      if (error->numero != kErrorSentencia) return error;
       p_.registro.RegistrarErrorLog(QStringLiteral("Sincronizar - Cuentacte: ") + error->descripcion);
     }
   }
+  return {};
 }
 
 bool Envio::enviarZ() {
@@ -116,7 +125,11 @@ bool Envio::enviarZ() {
     if (auto e = renumerar(f, std::max(entero(aqui[0]), entero(maximo[0])) + 1)) return fallo(*e);
   }
   if (!p_.poDBAdmin.EjecutarConsulta(p_.poCnnLocal, pendientes, rs)) return false;
-  if (rs.Eof()) return true;
+  if (rs.Eof()) {
+    if (!quedaban_) return true;
+    const auto error = contabilizar();
+    return error ? fallo(*error) : true;
+  }
   std::vector<Sql> alFinal;
   if (const auto error = EnTransaccion(p_.poCnnCentral, [&]() -> Error {
         for (const auto& f : rs) {
@@ -126,9 +139,9 @@ bool Envio::enviarZ() {
       })) {
     return fallo(*error);
   }
+  if (const auto error = contabilizar()) return fallo(*error);
   alFinal.push_back(u"UPDATE CabeceraZ SET bFlagSincro=1 WHERE bFlagSincro=0"_sql);
   alFinal.push_back(u"UPDATE DetalleZ SET bFlagSincro=1 WHERE bFlagSincro=0"_sql);
   if (const auto error = EjecutarJuntas(p_.poCnnLocal, alFinal)) return fallo(*error);
-  contabilizar(rs);
   return true;
 }

@@ -115,3 +115,14 @@ Sql TuplaDetalleZ1(const Recordset::Fila& linea, const Recordset::Fila& document
                        texto(documento, u"cDocTipo"), articulo(linea), numero(linea, u"nProdCant"),
                        bruto + bruto * numero(linea, u"nDscto") / 100});
 }
+
+std::optional<ErrorBD> InsertarTuplas(Conexion& central, LiteralSql cabeza, const std::vector<Sql>& tuplas) {
+  constexpr size_t kPorSentencia = 20;
+  for (size_t i = 0; i < tuplas.size(); i += kPorSentencia) {
+    const std::vector<Sql> unas(
+        tuplas.begin() + static_cast<std::ptrdiff_t>(i),
+        tuplas.begin() + static_cast<std::ptrdiff_t>(std::min(i + kPorSentencia, tuplas.size())));
+    if (auto e = central.ejecutar(cabeza + UnirSql(unas, u", "_sql))) return e;
+  }
+  return {};
+}

@@ -77,15 +77,39 @@ FinPasada PasadasDeMaestros::pasada(const Maestro& m, const Sql& donde, bool nue
                    .sePuedeDetener = true,
                    .pagina = origen,
                    .fila = una,
-                   .lote = EnUnaTransaccion(p_.poCnnLocal, una)});
+                   .lote = EnUnaTransaccion(p_.poCnnLocal, una),
+                   .filasPorLote = kFilasPorPagina});
 }
 
-FinPasada PasadasDeMaestros::dosPasadas(const Maestro& m, const Sql& nuevas, const Sql& cambiadas) {
+bool PasadasDeMaestros::haySuyas(LiteralSql tabla, bool elMismoDia, bool& creadas, bool& cambiadas) {
+  creadas = cambiadas = true;
+  if (marca_.isEmpty()) return true;
+  const QDateTime marca = QDate::fromString(marca_, QStringLiteral("yyyyMMdd")).startOfDay();
+  const auto hay = [&](LiteralSql columna, bool& si) {
+    Recordset rs;
+    if (!p_.poDBAdmin.EjecutarConsulta(p_.poCnnCentral,
+                                       FormatearSQL(u"SELECT MAX($) AS dUltima FROM $"_sql, {columna, tabla}), rs)) {
+      return false;
+    }
+    const QDateTime ultima = rs[u"dUltima"].toDateTime();
+    si = ultima.isValid() && (elMismoDia ? ultima >= marca : ultima > marca);
+    return true;
+  };
+  return hay(u"dFechCrea"_sql, creadas) && hay(u"dFechModi"_sql, cambiadas);
+}
+
+FinPasada PasadasDeMaestros::dosPasadas(const Maestro& m, LiteralSql tabla) {
+  bool creadas = true, cambiadas = true;
+  if (!haySuyas(tabla, false, creadas, cambiadas)) return FinPasada::Mal;
+  if (marca_.isEmpty()) cambiadas = false;
   tomadas_.clear();
-  FinPasada fin = pasada(m, nuevas, true);
-  if (fin != FinPasada::Bien) return fin;
-  if (!marca_.isEmpty()) return pasada(m, cambiadas, false);
-  pantalla_.AumentaBarra(m.barra);
+  FinPasada fin = FinPasada::Bien;
+  for (const bool nuevas : {true, false}) {
+    if (fin != FinPasada::Bien) return fin;
+    if (nuevas ? creadas : cambiadas)
+      fin = pasada(m, ConMarca(marca_, nuevas ? kCreadas : kCambiadas, nuevas ? 1 : 2), nuevas);
+    else pantalla_.AumentaBarra(m.barra);
+  }
   return fin;
 }
 
@@ -113,7 +137,7 @@ FinPasada PasadasDeMaestros::unidades() {
             return FormatearSQL(u" UPDATE UNIDADMEDIDA SET vDscundmd = '$', vDscCrta = '$' WHERE cUndmedid = '$'"_sql,
                                 {texto(f, u"vDscundmd"), texto(f, u"vDscCrta"), texto(f, u"cUndmedid")});
           }};
-  return dosPasadas(m, ConMarca(marca_, kCreadas), ConMarca(marca_, kCambiadas, 2));
+  return dosPasadas(m, u"UnidadMedida"_sql);
 }
 
 void PasadasDeMaestros::quitarSinLocal(LiteralSql tabla, LiteralSql clave, LiteralSql condicion) {
@@ -167,7 +191,7 @@ FinPasada PasadasDeMaestros::clientes() {
                 "iTipo = $ WHERE cClieCode = $ AND IdLocal = $"_sql,
                 v);
           }};
-  const FinPasada fin = dosPasadas(m, ConMarca(marca_, kCreadas), ConMarca(marca_, kCambiadas, 2));
+  const FinPasada fin = dosPasadas(m, u"Cliente"_sql);
   if (fin == FinPasada::Bien) quitarSinLocal(u"Cliente"_sql, u"cClieCode"_sql, u" AND cSincroFlag <> 0"_sql);
   return fin;
 }
@@ -207,7 +231,7 @@ FinPasada PasadasDeMaestros::tarjetas() {
                                 {numero(f, u"cClieCode"), numero(f, u"cTarjActi"), dia(f, u"dEmisDate"),
                                  texto(f, u"sUserDesc"), Texto(ahora), texto(f, u"nTarjNumb"), entero(f[u"IdLocal"])});
           }};
-  const FinPasada fin = dosPasadas(m, ConMarca(marca_, kCreadas), ConMarca(marca_, kCambiadas, 2));
+  const FinPasada fin = dosPasadas(m, u"Tarjeta"_sql);
   if (fin == FinPasada::Bien) quitarSinLocal(u"Tarjeta"_sql, u"nTarjNumb"_sql, u""_sql);
   return fin;
 }
@@ -216,9 +240,10 @@ QString CodigoCentral(qint64 codigo) { return Rellenar(QString::number(codigo), 
 
 FinPasada TraerMaestros(Puesto& p, FrmUpdt& pantalla, const QString& marca) {
   PasadasDeMaestros m(p, pantalla, marca);
+  Surtido surtido;
   FinPasada fin = m.unidades();
-  if (fin == FinPasada::Bien) fin = m.articulos();
-  if (fin == FinPasada::Bien) fin = ActivarArticulos(p, pantalla);
+  if (fin == FinPasada::Bien) fin = m.articulos(surtido);
+  if (fin == FinPasada::Bien) fin = ActivarArticulos(p, pantalla, surtido);
   if (fin == FinPasada::Bien) fin = m.clientes();
   if (fin == FinPasada::Bien) fin = m.tarjetas();
   return fin;

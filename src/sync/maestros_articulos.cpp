@@ -115,17 +115,22 @@ FinPasada PasadasDeMaestros::articulosNuevos(const Maestro& m) {
                            leidos = true;
                          }
                          return enLote(filas);
-                       }});
+                       },
+                   .filasPorLote = kFilasPorPagina});
 }
 
-FinPasada PasadasDeMaestros::articulos() {
+FinPasada PasadasDeMaestros::articulos(Surtido& surtido) {
   pantalla_.InsertaLinea(QStringLiteral("Sincronizando Articulos"));
   tomadas_.clear();
   Maestro m = maestroArticulos();
-  FinPasada fin = articulosNuevos(m);
+  bool creadas = true, cambiadas = true;
+  if (!haySuyas(u"Articulo"_sql, true, creadas, cambiadas)) return FinPasada::Mal;
+  FinPasada fin = FinPasada::Bien;
+  if (creadas || cambiadas) fin = articulosNuevos(m);
+  else pantalla_.AumentaBarra(m.barra);
   if (fin != FinPasada::Bien) return fin;
   const int barra = std::exchange(m.barra, 0);
-  if (!marca_.isEmpty()) {
+  if (!marca_.isEmpty() && cambiadas) {
     fin =
         pasada(m,
                ConMarca(marca_,
@@ -134,38 +139,21 @@ FinPasada PasadasDeMaestros::articulos() {
                         2) +
                    kEnVenta,
                false);
-    if (fin == FinPasada::Bien) fin = precios(m);
   }
+  if (fin == FinPasada::Bien && !CompararSurtido(p_, surtido)) fin = FinPasada::Mal;
+  if (fin == FinPasada::Bien && !marca_.isEmpty()) fin = precios(m, surtido);
   if (fin == FinPasada::Bien) pantalla_.AumentaBarra(barra);
   return fin;
 }
 
-// A price may have moved without its article: all prices are compared, and an article whose price differs is taken as
-// changed.
-FinPasada PasadasDeMaestros::precios(const Maestro& m) {
-  Recordset rs;
-  if (!p_.poDBAdmin.EjecutarConsulta(p_.poCnnLocal, u"SELECT cProdCode, nProdPrecUnit FROM Producto"_sql, rs)) {
-    return FinPasada::Mal;
-  }
-  QHash<qint64, double> precio;
-  for (const auto& f : rs) precio.insert(AEntero(Numero(f[0])), Numero(f[1]));
-  if (!p_.poDBAdmin.EjecutarConsulta(
-          p_.poCnnCentral,
-          u"SELECT A.cCodartic, V.nPrecioVtaNew FROM Articulo A INNER JOIN (SELECT B.cCodArtic, MAX(B.nNumItem) AS "
-          "nItem "
-          "FROM ArticuloPrecioVenta B GROUP BY B.cCodArtic) U ON U.cCodArtic = A.cCodartic INNER JOIN "
-          "ArticuloPrecioVenta V ON V.cCodArtic = U.cCodArtic AND V.nNumItem = U.nItem WHERE A.bFlagVenta = 1 AND NOT "
-          "A.bFlagDesc = 1"_sql,
-          rs)) {
-    return FinPasada::Mal;
-  }
-  for (const auto& f : rs) {
-    const auto aqui = precio.constFind(numeroDeArticulo(f));
-    if (aqui == precio.constEnd() || Redondear(*aqui - Numero(f[1]), 4) == 0 || tomadas_.contains(m.clave(f))) continue;
+// A price may have moved without its article: an article whose price differs is taken as changed.
+FinPasada PasadasDeMaestros::precios(const Maestro& m, const Surtido& surtido) {
+  for (const Surtido::Precio& uno : surtido.precios) {
+    if (tomadas_.contains(uno.codigo)) continue;
     if (pantalla_.detener()) return FinPasada::Detenida;
-    const auto error = ejecutar(FormatearSQL(u" UPDATE PRODUCTO SET nProdPrecUnit = $ WHERE cProdCode = $"_sql,
-                                             {Numero(f[1]), numeroDeArticulo(f)}));
-    pantalla_.InsertaLinea((error ? m.actualiza.mal : m.actualiza.bien) + m.codigo(f));
+    const auto error = ejecutar(
+        FormatearSQL(u" UPDATE PRODUCTO SET nProdPrecUnit = $ WHERE cProdCode = $"_sql, {uno.precio, uno.producto}));
+    pantalla_.InsertaLinea((error ? m.actualiza.mal : m.actualiza.bien) + uno.codigo);
   }
   return FinPasada::Bien;
 }

@@ -22,7 +22,7 @@ class Marcha {
     Filas filas;
     for (const auto& f : rs) {
       filas.push_back(f);
-      if (enLotes && static_cast<qsizetype>(filas.size()) < kFilasPorLote) continue;
+      if (enLotes && static_cast<qsizetype>(filas.size()) < pasada_.filasPorLote) continue;
       const FinPasada fin = entregar(filas, enLotes);
       if (fin != FinPasada::Bien) return fin;
       filas.clear();

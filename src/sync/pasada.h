@@ -40,12 +40,12 @@ struct Pasada {
   // The batched way: all of them with one result each, or nothing at all changed and an empty list, and then they are
   // taken one by one. Without it they always are.
   std::function<std::vector<FinFila>(const Filas&)> lote = {};
+  qsizetype filasPorLote = 250;
 };
 
 // Rows of one page of a source, and the fewest that go the batched way.
 constexpr int kFilasPorPagina = 2000;
 constexpr qsizetype kFilasParaLote = 40;
-constexpr qsizetype kFilasPorLote = 250;
 
 enum class FinPasada { Bien, Mal, Detenida };
 

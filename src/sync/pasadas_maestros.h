@@ -4,6 +4,7 @@
 
 #include "foundation/puesto.h"
 #include "sync/maestros.h"
+#include "sync/surtido.h"
 
 // One table of the pull: what tells its rows apart and how a row is stored.
 struct Maestro {
@@ -28,13 +29,16 @@ class PasadasDeMaestros {
   PasadasDeMaestros(Puesto& p, FrmUpdt& pantalla, const QString& marca) : p_(p), pantalla_(pantalla), marca_(marca) {}
 
   FinPasada unidades();
-  FinPasada articulos();
+  FinPasada articulos(Surtido& surtido);
   FinPasada clientes();
   FinPasada tarjetas();
 
  private:
-  // New rows, then changed ones; `nuevas` and `cambiadas` are their conditions.
-  FinPasada dosPasadas(const Maestro& m, const Sql& nuevas, const Sql& cambiadas);
+  // New rows of `tabla`, then its changed ones.
+  FinPasada dosPasadas(const Maestro& m, LiteralSql tabla);
+  // Whether the newest row and change of `tabla` lie behind the watermark, `elMismoDia` or on its day: a pass
+  // that can't have a row is left out. Both without a watermark. False when they can't be read.
+  bool haySuyas(LiteralSql tabla, bool elMismoDia, bool& creadas, bool& cambiadas);
   FinPasada pasada(const Maestro& m, const Sql& donde, bool nuevas);
   FinPasada articulosNuevos(const Maestro& m);
   FinFila nueva(const Maestro& m, const Recordset::Fila& f);
@@ -44,7 +48,7 @@ class PasadasDeMaestros {
   Sql filaArticulo(const Recordset::Fila& f) const;
   Sql cambioArticulo(const Recordset::Fila& f) const;
   Maestro maestroArticulos();
-  FinPasada precios(const Maestro& m);
+  FinPasada precios(const Maestro& m, const Surtido& surtido);
   // Copies from before customers came with their site give way to those with one.
   void quitarSinLocal(LiteralSql tabla, LiteralSql clave, LiteralSql condicion);
 

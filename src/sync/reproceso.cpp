@@ -260,7 +260,10 @@ class Reproceso {
 }  // namespace
 
 void SincronizarFecha(Puesto& p, FrmUpdt& pantalla) {
-  if (!p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral, true)) return;
+  {
+    const Ocupado ocupado(p.mensajes, QStringLiteral("Buscando el servidor central…"));
+    if (!p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral, true)) return;
+  }
   const auto texto = p.mensajes.pedir(QStringLiteral("Ingrese una fecha"), QStringLiteral("Fecha de Sincronizacion"),
                                       QStringLiteral("19/07/1979"));
   if (!texto) return;

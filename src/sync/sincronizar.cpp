@@ -10,7 +10,9 @@
 
 namespace {
 
+// The screen comes once the databases are open; a server that lets the desk wait is told of before.
 bool abrirCentral(Puesto& p, FrmUpdt& pantalla) {
+  const Ocupado ocupado(p.mensajes, QStringLiteral("Buscando el servidor central…"));
   if (p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral)) return true;
   pantalla.porque =
       QStringLiteral("El servidor central no responde. La caja sigue trabajando; lo pendiente se enviará en la próxima "

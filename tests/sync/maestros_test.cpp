@@ -7,33 +7,7 @@ namespace {
 
 class Tienda : public CajaConDias {
  public:
-  explicit Tienda(const Envolver& envolver = {}) : CajaConDias(envolver) {
-    for (const char* sql :
-         {"INSERT INTO UnidadMedida VALUES ('UND', 'UNIDAD', 'UND.', '20261101', '20261101')",
-          "INSERT INTO LINEA VALUES ('01', 'QUESOS')", "INSERT INTO Proveedor VALUES ('P1', 'GRANJA D''ORO')",
-          "INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, iTipo, nPuntCant, dFechCrea, dFechModi) "
-          "VALUES "
-          "(5, 1, 'O''HIGGINS', 'ANA', 1, 20, '20261101', '20261101')",
-          "INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, iTipo, dFechCrea, dFechModi) VALUES (5, 2, 'RÍOS', 2, "
-          "'20261101', '20261101')",
-          "INSERT INTO Tarjeta (cClieCode, IdLocal, nTarjNumb, dEmisDate, dFechCrea, dFechModi) VALUES (5, 1, "
-          "'00000005', "
-          "'20261102', '20261101', '20261101')"}) {
-      ejecuta(central(), q(sql));
-    }
-    articulo("000101", "QUESO", 38);
-    articulo("000206", "AGUA", 3);
-    articulo("1234567", "LARGO", 1);
-    articulo("00X", "NO ES NUMERO", 1);
-  }
-  void articulo(const char* codigo, const char* nombre, double precio) {
-    ejecuta(central(), q("INSERT INTO Articulo (cCodartic, vDscartic, cCodCatal, vDscartCt, cCodProve, CCODLINEA, "
-                         "nFlagServ, dFechCrea, dFechModi) VALUES ('%1', '%2', 'C%1', '%2', 'P1', '01', 1, '20261101', "
-                         "'20261101')")
-                           .arg(q(codigo), q(nombre)));
-    ejecuta(central(), q("INSERT INTO ArticuloPrecioVenta VALUES ('%1', 1, 0.5)").arg(q(codigo)));
-    ejecuta(central(), q("INSERT INTO ArticuloPrecioVenta VALUES ('%1', 2, %2)").arg(q(codigo)).arg(precio));
-  }
+  Tienda() { maestros(*this); }
   // With `sql` run there before.
   QStringList traer(std::initializer_list<const char*> sql = {}) {
     for (const char* s : sql) ejecuta(central(), q(s));
@@ -74,7 +48,7 @@ TEST(Maestros, AFirstLoadAndADayBehindIt) {
   // The next day: all kinds of change, each once.
   p.elReloj().ahora = p.elReloj().ahora.addDays(1);
   p.ejecuta(q("INSERT INTO ConfiguracionTeclado (cTeclCode, cTeclFlagAsig, cProdCode) VALUES (1, '1', 206)"));
-  p.articulo("000301", "NUEVO", 9);
+  cambiosDeMaestros(p);
   // clang-format off
   EXPECT_EQ((QStringList{q("Se actualizó UM de código: UND"),
                          q("Se insertó Artículo de código: 000301"), q("No se pudo insertar Artículo de código: 00X"),
@@ -82,17 +56,7 @@ TEST(Maestros, AFirstLoadAndADayBehindIt) {
                          q("Se inhabilitó Artículo de código: 206"),
                          q("Se insertó Cliente de código: 6"), q("Se actualizó Cliente de código: 5"),
                          q("Se actualió Tarjeta de número: 00000005")}),
-            p.traer({"UPDATE UnidadMedida SET vDscundmd = 'UNIDADES', dFechModi = '20261125'",
-                     "UPDATE Articulo SET dFechCrea = '2026-11-25 08:00', dFechModi = '2026-11-25 09:00' WHERE "
-                     "cCodartic IN "
-                     "('000301', '00X')",
-                     "INSERT INTO ArticuloPrecioVenta VALUES ('000101', 3, 40)",  // its article did not change
-                     "DELETE FROM Articulo WHERE cCodartic = '000206'",
-                     "INSERT INTO Cliente (cClieCode, IdLocal, iTipo, dFechCrea, dFechModi) VALUES (6, 1, 1, "
-                     "'2026-11-25 "
-                     "08:00', '2026-11-25 09:00')",
-                     "UPDATE Cliente SET sClieApel = 'PAZ', dFechModi = '20261125' WHERE IdLocal = 2",
-                     "UPDATE Tarjeta SET cTarjActi = 0, dFechModi = '20261125'"}));
+            p.traer());
   // clang-format on
   EXPECT_EQ(q("1|0|0"), p.filas(q("SELECT cTeclCode, cTeclFlagAsig, cProdCode FROM ConfiguracionTeclado")));
   EXPECT_EQ(q("40|1"), p.filas(q("SELECT nProdPrecUnit, nActivo FROM Producto WHERE cProdCode = 101")));
@@ -113,36 +77,8 @@ TEST(Maestros, AFirstLoadAndADayBehindIt) {
   EXPECT_TRUE(p.productos().startsWith(q("101|DE VUELTA|40|1|1|")));
 }
 
-// Stopped between two rows, or with a statement that fails or a death at any point: the watermark stays, and the next
-// run
-// ends as an undisturbed one.
-TEST(Maestros, APullThatWasCutOffIsDoneAgain) {
-  Tienda limpia;
-  limpia.ejecuta(q("UPDATE Sincronizacion SET dFechSincro = Null"));
-  limpia.traer();
-  const QString clientes = q("SELECT cClieCode, IdLocal, sClieApel FROM Cliente ORDER BY 1, 2");
-  for (int caso = 2; caso < 2 * 60; ++caso) {
-    PlanFallas plan;
-    plan.cuenta = {};
-    plan.catalogo = false;
-    plan.morir = [] { throw Muerto(); };
-    Tienda p([&plan](Motores& m) { return std::make_unique<MotoresConFallas>(m, plan); });
-    p.ejecuta(q("UPDATE Sincronizacion SET dFechSincro = Null"));
-    plan.armar(caso / 2, Falla::unaVez, caso % 2 ? Muerte::despues : Muerte::no);
-    try {
-      (void)sincronizar(p, true);
-    } catch (const Muerto&) {
-    }
-    plan.armar(0);
-    plan.apagar(false);
-    SCOPED_TRACE(caso);
-    abrirAlmacen(p);
-    p.poCnnCentral.cerrar();
-    p.ejecuta(q("UPDATE Sincronizacion SET dFechSincro = Null"));  // a row that failed is not tried again by itself
-    EXPECT_TRUE(sincronizar(p, true).bien);
-    ASSERT_EQ(limpia.productos(), p.productos());
-    ASSERT_EQ(limpia.filas(clientes), p.filas(clientes));
-  }
+// Stopped between two rows: what came stays, and so does the watermark.
+TEST(Maestros, APullThatIsStopped) {
   Tienda p;
   FrmUpdt v(p);
   v.detener = [&v] { return v.lineas > 3; };

@@ -164,6 +164,18 @@ class CajaConDias : public PuestoPrueba {
     }
     return todo;
   }
+  // What has moved to the history, and how much has not.
+  QString viejas() {
+    QString todo;
+    for (const char* sql : {"SELECT cOperCode, cProdCode, cDocTipo FROM Operacion_Historico ORDER BY 1, 2",
+                            "SELECT cOperCode FROM OperacionParalela_Historico ORDER BY 1",
+                            "SELECT cOperCode, cProdCode FROM OperacionParalelaProductoHist ORDER BY 1, 2",
+                            "SELECT COUNT(*) FROM Operacion", "SELECT COUNT(*) FROM OperacionParalela",
+                            "SELECT COUNT(*) FROM OperacionParalelaProducto"}) {
+      todo += filas(q(sql)) + q("\n-\n");
+    }
+    return todo;
+  }
   // From now on its central database is that one.
   void conCentral(const QString& cadena) {
     poCnnCentral.cerrar();
@@ -180,5 +192,51 @@ class CajaConDias : public PuestoPrueba {
            u'/' + filas(q("SELECT COUNT(*) FROM CabeceraZ WHERE bFlagSincro = 0"));
   }
 };
+
+// An article there with its line, its supplier and its price, which is its second one.
+inline void articuloCentral(CajaConDias& p, const char* codigo, const char* nombre, double precio) {
+  p.ejecuta(p.central(),
+            q("INSERT INTO Articulo (cCodartic, vDscartic, cCodCatal, vDscartCt, cCodProve, CCODLINEA, nFlagServ, "
+              "dFechCrea, dFechModi) VALUES ('%1', '%2', 'C%1', '%2', 'P1', '01', 1, '20261101', '20261101')")
+                .arg(q(codigo), q(nombre)));
+  p.ejecuta(p.central(), q("INSERT INTO ArticuloPrecioVenta VALUES ('%1', 1, 0.5)").arg(q(codigo)));
+  p.ejecuta(p.central(), q("INSERT INTO ArticuloPrecioVenta VALUES ('%1', 2, %2)").arg(q(codigo)).arg(precio));
+}
+
+// What a centre has for its desks; two customers share a code, one article's code is no number.
+inline void maestros(CajaConDias& p) {
+  for (const char* sql :
+       {"INSERT INTO UnidadMedida VALUES ('UND', 'UNIDAD', 'UND.', '20261101', '20261101')",
+        "INSERT INTO LINEA VALUES ('01', 'QUESOS')", "INSERT INTO Proveedor VALUES ('P1', 'GRANJA D''ORO')",
+        "INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, iTipo, nPuntCant, dFechCrea, dFechModi) VALUES "
+        "(5, 1, 'O''HIGGINS', 'ANA', 1, 20, '20261101', '20261101')",
+        "INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, iTipo, dFechCrea, dFechModi) VALUES (5, 2, 'RÍOS', 2, "
+        "'20261101', '20261101')",
+        "INSERT INTO Tarjeta (cClieCode, IdLocal, nTarjNumb, dEmisDate, dFechCrea, dFechModi) VALUES (5, 1, "
+        "'00000005', '20261102', '20261101', '20261101')"}) {
+    p.ejecuta(p.central(), q(sql));
+  }
+  articuloCentral(p, "000101", "QUESO", 38);
+  articuloCentral(p, "000206", "AGUA", 3);
+  articuloCentral(p, "1234567", "LARGO", 1);
+  articuloCentral(p, "00X", "NO ES NUMERO", 1);
+}
+
+// The next day there: all kinds of change.
+inline void cambiosDeMaestros(CajaConDias& p) {
+  articuloCentral(p, "000301", "NUEVO", 9);
+  for (const char* sql :
+       {"UPDATE UnidadMedida SET vDscundmd = 'UNIDADES', dFechModi = '20261125'",
+        "UPDATE Articulo SET dFechCrea = '2026-11-25 08:00', dFechModi = '2026-11-25 09:00' WHERE cCodartic IN "
+        "('000301', '00X')",
+        "INSERT INTO ArticuloPrecioVenta VALUES ('000101', 3, 40)",  // its article did not change
+        "DELETE FROM Articulo WHERE cCodartic = '000206'",
+        "INSERT INTO Cliente (cClieCode, IdLocal, iTipo, dFechCrea, dFechModi) VALUES (6, 1, 1, '2026-11-25 08:00', "
+        "'2026-11-25 09:00')",
+        "UPDATE Cliente SET sClieApel = 'PAZ', dFechModi = '20261125' WHERE IdLocal = 2",
+        "UPDATE Tarjeta SET cTarjActi = 0, dFechModi = '20261125'"}) {
+    p.ejecuta(p.central(), q(sql));
+  }
+}
 
 }  // namespace prueba_sync

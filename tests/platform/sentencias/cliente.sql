@@ -23,6 +23,10 @@ UPDATE Cliente    SET dUltTDate = '11/24/2026',        cTranCode = 2 WHERE cClie
 UPDATE local SET Activo = Activo WHERE idlocal = 1
 SELECT sClieApel, sClieName FROM Cliente WHERE sClieApel LIKE 'M__ _Z' AND sClieName LIKE 'R_S_'
 INSERT INTO Tarjeta (cClieCode, nTarjNumb, cTarjActi, dEmisDate, dCaduDate, sUserDesc, IdLocal, dUltOper, bFlagSincro) VALUES (987, '00000987', 1, convert(datetime,'2026-11-24 00:00:00',120), convert(datetime,'2027-11-23 00:00:00',120), 'CAJERO', 1, convert(datetime,'2026-11-24 10:30:15',120), 0)
+UPDATE Cliente    SET dUltTDate = CONVERT(DATETIME,'11/24/2026',101),        cTranCode = 1  WHERE cClieCode = 5   AND IdLocal = 1
+SELECT cClieCode, IdLocal FROM Tarjeta WHERE nTarjNumb = '00000005' AND IdLocal = 1 ORDER BY IdLocal
+SELECT COUNT(*) AS nCuenta FROM Acumulacion_Punto where cDocTipo='02' and cDocSerie='001' and cDocCodigo=1 and cClieCode=5 and IdLocal=1
+ UPDATE Cliente    SET nPuntCant = ISNULL(nPuntCant,0) + 3  WHERE cClieCode = 5    AND IdLocal = 1
 DELETE FROM Diario_Acto WHERE cCajaCodi = '00001' AND cActo = 'cliente 1 8'
 INSERT INTO Cliente (cClieCode, sClieApel, sClieName, sClieAddr, cDepaCode, cProvCode, cDistCode, sDepaDesc, sProvDesc, sDistDesc, sClieTelf, sClieMail, dNacmDate, dUltTDate, cTranCode, sClieRout, iTipo, IdLocal, nPuntCant, bFlagSincro) VALUES (9, 'MUÑOZ IBÁÑEZ', 'PILAR', '', 15, 1, 1, '', '', '', '', '', Null, convert(datetime,'2026-11-24 00:00:00',120), 1, '', 1, 1, 0, 0)
 INSERT INTO Cliente (cClieCode, sClieApel, sClieName, sClieAddr, cDepaCode, cProvCode, cDistCode, sDepaDesc, sProvDesc, sDistDesc, sClieTelf, sClieMail, dNacmDate, dUltTDate, cTranCode, sClieRout, iTipo, IdLocal, nPuntCant, bFlagSincro) VALUES (8, 'O''BRIEN PAZ', 'ANA MARÍA', 'JR. LUNA 123', 15, 1, 999, '', '', 'EL MOLLE', '555-0142', 'Ana@molle.pe', convert(datetime,'1990-03-05 00:00:00',120), convert(datetime,'2026-11-24 00:00:00',120), 1, '/tmp/qt_temp-nqkEst/puesto/Fotos/cli007.jpg', 2, 1, 0, 0)
