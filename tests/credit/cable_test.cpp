@@ -54,7 +54,7 @@ TEST_P(ActosConElCableCortado, LeaveOneStory) {
       }
       comprobarHistoria(e, escena, pantalla, antes, despues, fin);
     }
-    EXPECT_GT(n, 6);
+    EXPECT_GT(n, 6) << palabra;
   }
 }
 
