@@ -116,8 +116,13 @@ void Duelo::aprender(Acto acto, const QString& preparar) {
   piso_ = std::make_unique<Piso>(primera, segunda, gemela_.path(), log, conDisco_);
   for (int i = 0; i < 2; ++i) {
     piso_->preparar(preparar_);
-    piso_->acto();
+    pisar();
   }
+}
+
+void Duelo::pisar() {
+  piso_->acto();
+  if (servidor_) servidor_();
 }
 
 void Duelo::medir(benchmark::State& estado, const QStringList& consultas) {
@@ -131,7 +136,7 @@ void Duelo::medir(benchmark::State& estado, const QStringList& consultas) {
     primero = !primero;
     if (primero) mio();
     piso_->preparar(preparar_);
-    delPiso.tomar([this] { piso_->acto(); });
+    delPiso.tomar([this] { pisar(); });
     if (!primero) mio();
     estado.SetIterationTime(nuestros.pared.back() / 1e6);
   }

@@ -31,6 +31,9 @@ class Duelo {
   // twice too.
   void aprender(Acto acto, const QString& preparar = {});
 
+  // What the floor does on a server beside the tape, which holds none of it, at each act.
+  void conServidor(std::function<void()> f) { servidor_ = std::move(f); }
+
   // All turns of `estado`, with the medians of both and their quotient; an error when the two leave other rows in the
   // store, by these queries.
   void medir(benchmark::State& estado, const QStringList& consultas);
@@ -39,6 +42,7 @@ class Duelo {
   std::vector<Evento> grabar();
   void abrirLocal();
   void nuestro() { acto_(*p_); }
+  void pisar();
   bool iguales(const QStringList& consultas);
 
   PuestoPrueba& base_;
@@ -49,5 +53,6 @@ class Duelo {
   std::unique_ptr<Puesto> p_;
   std::unique_ptr<Piso> piso_;
   Acto acto_;
+  std::function<void()> servidor_;
   QString preparar_;
 };

@@ -88,7 +88,7 @@ std::optional<QString> PuertosGrabados::copiar(const QString& archivo, const QSt
 
 std::unique_ptr<Motor> MotoresGrabados::abrir(const QString& cadena, int espera_ms, ErrorBD& error) {
   auto motor = reales_.abrir(cadena, espera_ms, error);
-  if (!motor) return motor;
+  if (!motor || leerCadenaConexion(cadena).tipo == TipoMotor::Postgres) return motor;
   QString& base = bases_[cadena];
   if (base.isEmpty()) base = QFileInfo(leerCadenaConexion(cadena).archivo).fileName();
   return std::make_unique<MotorGrabado>(std::move(motor), base, *this);

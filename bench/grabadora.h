@@ -18,7 +18,7 @@ struct Evento {
   QString archivo;  // that file
 };
 
-// Stands between a desk and its engines while `grabando` is on.
+// Stands between a desk and its engines while `grabando` is on. What goes to a PostgreSQL server is not on the tape.
 class MotoresGrabados final : public Motores {
  public:
   explicit MotoresGrabados(Motores& reales) : reales_(reales) {}

@@ -10,3 +10,12 @@ BEGIN
 EXCEPTION WHEN insufficient_privilege OR undefined_file OR feature_not_supported OR undefined_object THEN
   NULL;
 END $$;
+-- The accounts: the payments of a document by its codes without case, and the newest document of each customer.
+DO $$
+BEGIN
+  IF to_regclass('dbo.pagos') IS NOT NULL THEN
+    CREATE INDEX IF NOT EXISTS pagos_exacto ON dbo.pagos (lower(nrodoc COLLATE "C"), lower(cseriedoc COLLATE "C"));
+    CREATE INDEX IF NOT EXISTS venta01_ultima ON dbo.venta01 (cclientecode, idlocal, ccodvta)
+      WHERE fechaanulacion IS NULL;
+  END IF;
+END $$;

@@ -8,7 +8,7 @@ BEGIN
       'proc_instante', 'proc_dia', 'spr_bloquear_serie', 'spr_insertar_cabecera_z1', 'spr_promediar_montos_z1', 'spr_agrupar_z1',
       'spr_inserta_sincronizacion', 'spr_limpiar_caja_dia', 'zankebmovivnta_reprocesa',
       'usp_sel_listadodocumentospendientespago', 'usp_sel_listadodocumentospendientesnc', 'usp_sel_ctactexcliente',
-      'usp_log_saldos', 'sp_send_cdosysmail', 'fnretornarigv', 'proc_cuentas', 'proc_movimientos') LOOP
+      'usp_log_saldos', 'sp_send_cdosysmail', 'fnretornarigv', 'proc_cuentas', 'proc_pagado', 'proc_movimientos') LOOP
     EXECUTE 'DROP ROUTINE ' || r.firma;
   END LOOP;
 END $$;
@@ -149,22 +149,16 @@ BEGIN
   CALL dbo.proc_movimientos(dbo.proc_dia(p_dia), '');
 END $$;
 
--- The documents that were not voided, and what is left to pay of each: what payments that were not voided have brought,
--- in both currencies.
-CREATE FUNCTION dbo.proc_cuentas()
-RETURNS TABLE (venta dbo.venta01, nombrelocal text, nombremoneda text, restante numeric, restanteusd numeric)
-LANGUAGE sql STABLE AS $$
-  WITH pagado AS (
-    SELECT tipodoc, cseriedoc, nrodoc,
-      SUM(CASE WHEN moneda = 'E' THEN monto * ntipocambio ELSE monto END) AS soles,
-      SUM(CASE WHEN moneda = 'E' THEN monto ELSE monto / NULLIF(ntipocambio, 0) END) AS dolares
-    FROM dbo.pagos WHERE fechaanulacion IS NULL GROUP BY tipodoc, cseriedoc, nrodoc)
-  SELECT v, CASE v.idlocal WHEN 1 THEN 'SUR' WHEN 2 THEN 'NORTE' END,
-    CASE WHEN v.ccodmoneda = 'E' THEN 'DOLARES' ELSE 'SOLES' END,
-    round(v.totvta - coalesce(p.soles, 0), 2), round(v.totvtausd - coalesce(p.dolares, 0), 2)
-  FROM dbo.venta01 v
-  LEFT JOIN pagado p ON p.tipodoc = v.tipodoc AND p.cseriedoc = v.cseriedoc AND p.nrodoc = v.nrodoc
-  WHERE v.fechaanulacion IS NULL;
+-- What the payments of a document that were not voided have brought, in both currencies: one row, Null for none. Codes of
+-- documents are plain letters and figures: the index over them without case answers quicker than that of their collation.
+CREATE FUNCTION dbo.proc_pagado(p_tipo text, p_serie text, p_numero text)
+RETURNS TABLE (soles numeric, dolares numeric) LANGUAGE sql STABLE AS $$
+  SELECT SUM(CASE WHEN lower(p.moneda COLLATE "C") = 'e' THEN p.monto * p.ntipocambio ELSE p.monto END),
+    SUM(CASE WHEN lower(p.moneda COLLATE "C") = 'e' THEN p.monto ELSE p.monto / NULLIF(p.ntipocambio, 0) END)
+  FROM dbo.pagos p
+  WHERE lower(p.nrodoc COLLATE "C") = lower(p_numero COLLATE "C")
+    AND lower(p.cseriedoc COLLATE "C") = lower(p_serie COLLATE "C")
+    AND lower(p.tipodoc COLLATE "C") = lower(p_tipo COLLATE "C") AND p.fechaanulacion IS NULL;
 $$;
 
 -- Open documents that still take a payment, a deposit of their detraction, or the void of a payment: those with a balance
@@ -173,16 +167,16 @@ CREATE FUNCTION dbo.usp_sel_listadodocumentospendientespago(p_tipo text)
 RETURNS TABLE ("TipoDoc" text, "cSerieDoc" text, "NroDoc" text, "fechaemision" timestamp, "NombreLocal" text,
   "DscCliente" text, "cClienteCode" text, "IdLocal" bigint, "Moneda" text, "TotVta" numeric, "TotVtaUSD" numeric,
   "Restante" numeric, "RestanteUSD" numeric) LANGUAGE sql STABLE AS $$
-  SELECT (venta).tipodoc, (venta).cseriedoc, (venta).nrodoc, (venta).fechaemision, nombrelocal, (venta).dsccliente,
-    (venta).cclientecode, (venta).idlocal, nombremoneda, (venta).totvta, (venta).totvtausd, restante, restanteusd
-  FROM dbo.proc_cuentas()
-  WHERE (venta).tipodoc = rtrim(p_tipo) AND (venta).bliquidado = 0
-    AND (CASE WHEN (venta).ccodmoneda = 'E' THEN restanteusd ELSE restante END > 0
-      OR EXISTS (SELECT 1 FROM dbo.pagos p WHERE p.tipodoc = (venta).tipodoc AND p.cseriedoc = (venta).cseriedoc
-        AND p.nrodoc = (venta).nrodoc AND p.fechaanulacion IS NULL)
-      OR ((venta).tipodoc = '01' AND EXISTS (SELECT 1 FROM dbo.detraccion d WHERE d.seriedoc = (venta).cseriedoc
-        AND d.nrodoc = (venta).nrodoc AND d.estado = 'P')))
-  ORDER BY (venta).fechaemision, (venta).cseriedoc, (venta).nrodoc;
+  SELECT v.tipodoc, v.cseriedoc, v.nrodoc, v.fechaemision, CASE v.idlocal WHEN 1 THEN 'SUR' WHEN 2 THEN 'NORTE' END,
+    v.dsccliente, v.cclientecode, v.idlocal, CASE WHEN v.ccodmoneda = 'E' THEN 'DOLARES' ELSE 'SOLES' END,
+    v.totvta, v.totvtausd, round(v.totvta - coalesce(p.soles, 0), 2), round(v.totvtausd - coalesce(p.dolares, 0), 2)
+  FROM dbo.venta01 v CROSS JOIN LATERAL dbo.proc_pagado(v.tipodoc, v.cseriedoc, v.nrodoc) p
+  WHERE v.tipodoc = rtrim(p_tipo) AND v.fechaanulacion IS NULL AND v.bliquidado = 0
+    AND (p.soles IS NOT NULL
+      OR round(CASE WHEN v.ccodmoneda = 'E' THEN v.totvtausd ELSE v.totvta END, 2) > 0
+      OR (v.tipodoc COLLATE "C" = '01' AND EXISTS (SELECT 1 FROM dbo.detraccion d WHERE d.seriedoc = v.cseriedoc
+        AND d.nrodoc = v.nrodoc AND d.estado = 'P')))
+  ORDER BY v.fechaemision, v.cseriedoc COLLATE "C", v.nrodoc COLLATE "C";
 $$;
 
 -- Open for consumption: neither voided nor settled.
@@ -195,20 +189,20 @@ RETURNS TABLE ("cCodVta" bigint, "cCodCaja" text, "TipoDoc" text, "cSerieDoc" te
     v.ccodmoneda, t.vdsctipocredito, v.fechaemision
   FROM dbo.venta01 v LEFT JOIN dbo.tipocredito t ON t.ccodtipocredito = v.ccodtipocredito
   WHERE v.tipodoc = rtrim(p_tipo) AND v.fechaanulacion IS NULL AND v.bliquidado = 0
-  ORDER BY v.fechaemision, v.cseriedoc, v.nrodoc;
+  ORDER BY v.fechaemision, v.cseriedoc COLLATE "C", v.nrodoc COLLATE "C";
 $$;
 
 CREATE FUNCTION dbo.usp_sel_ctactexcliente(p_tarjeta bigint, p_local bigint)
 RETURNS TABLE ("Codigo" bigint, "TipoDoc" text, "Documento" text, "Serie" text, "Numero" text, "Fec Emision" timestamp,
   "Moneda" text, "Total Vta" numeric, "Total Vta USD" numeric, "M. Restante" numeric, "M. Restante USD" numeric)
 LANGUAGE sql STABLE AS $$
-  SELECT (venta).ccodvta, (venta).tipodoc, CASE WHEN (venta).tipodoc = '01' THEN 'FACTURA' ELSE 'BOLETA' END,
-    (venta).cseriedoc, (venta).nrodoc, (venta).fechaemision, nombremoneda, (venta).totvta, (venta).totvtausd, restante,
-    restanteusd
-  FROM dbo.proc_cuentas()
-  WHERE (venta).idlocal = p_local AND coalesce(substring((venta).cclientecode COLLATE "C" from '^ *(\d+)')::numeric, 0)
-    = p_tarjeta
-  ORDER BY (venta).fechaemision, (venta).cseriedoc, (venta).nrodoc;
+  SELECT v.ccodvta, v.tipodoc, CASE WHEN v.tipodoc = '01' THEN 'FACTURA' ELSE 'BOLETA' END, v.cseriedoc, v.nrodoc,
+    v.fechaemision, CASE WHEN v.ccodmoneda = 'E' THEN 'DOLARES' ELSE 'SOLES' END, v.totvta, v.totvtausd,
+    round(v.totvta - coalesce(p.soles, 0), 2), round(v.totvtausd - coalesce(p.dolares, 0), 2)
+  FROM dbo.venta01 v CROSS JOIN LATERAL dbo.proc_pagado(v.tipodoc, v.cseriedoc, v.nrodoc) p
+  WHERE v.cclientecode IN (lpad(p_tarjeta::text, greatest(8, length(p_tarjeta::text)), '0'), p_tarjeta::text)
+    AND v.idlocal = p_local AND v.fechaanulacion IS NULL
+  ORDER BY v.fechaemision, v.cseriedoc COLLATE "C", v.nrodoc COLLATE "C";
 $$;
 
 -- The last count of each article up to the end date, and what was sold behind it, from the start date on where nobody

@@ -91,7 +91,9 @@ const Recordset& PagosDe(Puesto& p, ConsultaCtaCteCliente& v, int documento) {
 
 QString CeldaCuenta(const QVariant& valor) {
   if (valor.userType() == QMetaType::QDateTime) return dia(valor);
-  if (valor.userType() == QMetaType::Double) return dinero(valor.toDouble());
+  // What the lists show of numbers are amounts; a server may give a round one as a whole number.
+  const int tipo = valor.userType();
+  if (tipo == QMetaType::Double || tipo == QMetaType::LongLong) return dinero(valor.toDouble());
   return LimpiarNulo(valor);
 }
 

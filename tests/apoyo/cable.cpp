@@ -90,7 +90,8 @@ void Cable::correr() {
   const auto pasar = [&](Hilo& h, bool delPuesto) {
     const ssize_t n = ::recv(delPuesto ? h.puesto : h.servidor, trozo.data(), static_cast<size_t>(trozo.size()), 0);
     if (n <= 0) return false;
-    if (delPuesto && !h.pregunta) {
+    const bool adios = delPuesto && n == 5 && trozo[0] == 'X';  // nobody answers that
+    if (delPuesto && !h.pregunta && !adios) {
       h.pregunta = true;
       const bool toca = ++viajes_ == corteEn_;
       if (toca && corte_ == Corte::Antes) {

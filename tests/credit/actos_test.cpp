@@ -371,7 +371,7 @@ TEST(Actos, WithoutPaperAndWithoutTheCentre) {
   e.cliente(1);
   e.linea(e.v.factura.rejilla, "101", "1");
   const QString central = e.p.ses.psConexionCentral;
-  e.p.ses.psConexionCentral.replace(q("central"), q("otra"));
+  e.p.ses.psConexionCentral = q("Provider=SQLOLEDB.1;Data Source=sqlite:/no/hay.db");
   e.p.persona().espera(q("No se pudo conectar a la BD de Logistica"));
   EXPECT_EQ(QString(), e.facturar());
   e.p.ses.psConexionCentral = central;

@@ -1,5 +1,7 @@
 #pragma once
 // A desk with the billing screen, its central rows and the screens that it opens, for the tests.
+#include <gtest/gtest.h>
+
 #include "apoyo/puesto_prueba.h"
 #include "apoyo/servidor_prueba.h"
 #include "credit/facturacion.h"
@@ -85,6 +87,11 @@ inline std::optional<ServidoresCredito> servidoresEn(EnMotor motor) {
   return suyos;
 }
 
+// That of this run: the same tests are run once on each.
+inline EnMotor motorDeHoy() {
+  return qEnvironmentVariable("TARVOPOS_PRUEBA_MOTOR") == u"postgres" ? EnMotor::Postgres : EnMotor::Embebido;
+}
+
 struct Credito {
   std::optional<ServidoresCredito> servidores;  // embedded ones without
   PuestoPrueba p;
@@ -92,7 +99,8 @@ struct Credito {
   CajaFacturacionPagos v;
 
   // With `llenos` another desk has filled the servers.
-  explicit Credito(const Envolver& envolver = {}, const std::optional<ServidoresCredito>& en = {}, bool llenos = false)
+  explicit Credito(const Envolver& envolver = {},
+                   const std::optional<ServidoresCredito>& en = servidoresEn(motorDeHoy()), bool llenos = false)
       : servidores(en), p(envolver) {
     if (en) {
       p.ses.psConexionCentral = cadenaDe(en->central);

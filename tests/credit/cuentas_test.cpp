@@ -119,6 +119,7 @@ TEST(Cuenta, OfOneCustomerOnPaper) {
   ConsultarCuenta(c.e.p, v);
   EXPECT_EQ(2, PagosDe(c.e.p, v, 0).RecordCount()) << "voided ones show on the screen";
   EXPECT_EQ(u8("B NACION"), CeldaCuenta(PagosDe(c.e.p, v, 1)[4]));
+  EXPECT_EQ(u8("40.00"), CeldaCuenta(PagosDe(c.e.p, v, 1)[5]));
   EXPECT_EQ(u8("           ESTADO DE CUENTA\n           24/11/2026 10:30\n"
                "---------------------------------------\nCliente: MUÑOZ ROSA\nTarjeta: 1   Local: 1\n"
                "---------------------------------------\nFADE 001-000101 20/11/2026   S/. 300.00\n"

@@ -136,7 +136,8 @@ inline QString historia(Credito& e) {
 }
 
 // The next start: nothing of the old connections lives, and both servers are looked at.
-inline void empezarDeNuevo(Credito& e) {
+inline void empezarDeNuevo(Credito& e, const Sesion& sesion) {
+  e.p.ses = sesion;
   for (Conexion* c : {&e.p.poCnnLocal, &e.p.poCnnCentral, &e.p.poCnnCliente}) c->cerrar();
   e.abrirAlmacen();
   Conexion central, cliente;

@@ -61,7 +61,7 @@ TEST_P(ActosConFallas, LeaveOneStory) {
     SCOPED_TRACE(qPrintable(plan.sentencias.value(n - 1)));
     plan.armar(0);
     plan.apagar(false);
-    empezarDeNuevo(e);
+    empezarDeNuevo(e, reposo.sesion);
     if (!tocado) break;
     comprobarHistoria(e, escena, pantalla, antes, despues, fin);
   }

@@ -7,7 +7,9 @@
 
 class Reposo {
  public:
-  explicit Reposo(Credito& e) : e_(e) {
+  const Sesion sesion;  // as it begins
+
+  explicit Reposo(Credito& e) : sesion(e.p.ses), e_(e) {
     cerrar();
     for (const char* nombre : {"TarvoPos.mdb", "central.db", "cliente.db"}) {
       QFile f(e.p.rutas.enPrograma(QString::fromLatin1(nombre)));
