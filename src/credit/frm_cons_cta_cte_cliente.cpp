@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -74,7 +75,7 @@ void frmConsCtaCteCliente::crearArbol() {
                            QStringLiteral("Fecha"), QStringLiteral("Moneda"), QStringLiteral("Vta\nSoles"),
                            QStringLiteral("Vta\nUSD"), QStringLiteral("Pag\nSol"), QStringLiteral("Pag\nUSD"),
                            QStringLiteral("Deuda\nEstado")});
-  arbol_->header()->setFixedHeight(tema::px(46));
+  arbol_->header()->setMinimumHeight(2 * QFontMetrics(arbol_->header()->font()).lineSpacing() + tema::px(12));
   const int anchos[kColumnas] = {228, 140, 106, 78, 88, 78, 88, 78, 94};
   for (int c = 0; c < kColumnas; ++c) arbol_->setColumnWidth(c, anchos[c]);
   for (int c = kVtaSoles; c <= kEstado; ++c)

@@ -1,6 +1,7 @@
 #include "credit/frm_consulta_cta_cte_cliente.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 

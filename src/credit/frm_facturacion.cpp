@@ -2,6 +2,7 @@
 #include "credit/facturacion.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -9,6 +10,7 @@
 #include "foundation/puesto.h"
 #include "foundation/rutinas.h"
 #include "loyalty/frm_cliente_documento.h"
+#include "platform/ui/tema.h"
 
 namespace {
 
@@ -21,8 +23,8 @@ class PestanaFacturacion final : public PestanaCredito {
         tipo_(c, QStringLiteral("cboTipoDocumento"), v_.cboTipoDocumento),
         moneda_(c, QStringLiteral("cboMoneda"), v_.cboMoneda) {
     auto* v = new QVBoxLayout(this);
-    v->setContentsMargins(4, 6, 4, 6);
-    v->setSpacing(6);
+    v->setContentsMargins(4, tema::px(6), 4, tema::px(6));
+    v->setSpacing(tema::px(6));
     v->addWidget(nuevoCliente());
     auto* fila = new QHBoxLayout;
     fila->setSpacing(8);

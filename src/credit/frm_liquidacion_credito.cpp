@@ -10,6 +10,7 @@
 #include "foundation/puesto.h"
 #include "foundation/rutinas.h"
 #include "platform/ui/lista.h"
+#include "platform/ui/tema.h"
 
 namespace {
 
@@ -41,8 +42,8 @@ class PestanaLiquidacion final : public PestanaCredito {
   explicit PestanaLiquidacion(const ContextoCredito& c)
       : PestanaCredito(c), v_(c.v.liquidacion), tipo_(c, QStringLiteral("cboTipoDocumento3"), v_.cboTipoDocumento3) {
     auto* v = new QVBoxLayout(this);
-    v->setContentsMargins(4, 6, 4, 6);
-    v->setSpacing(6);
+    v->setContentsMargins(4, tema::px(6), 4, tema::px(6));
+    v->setSpacing(tema::px(6));
     v->addWidget(nuevoDocumento());
     v->addWidget(nuevaLista(0, "Sin documento: F6 para buscar", "Total FADE/BADE (S/.):", "txtTotalPA", v_.txtTotalPA),
                  2);

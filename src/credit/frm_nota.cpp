@@ -9,6 +9,7 @@
 #include "foundation/puesto.h"
 #include "platform/text/numero.h"
 #include "platform/ui/lista.h"
+#include "platform/ui/tema.h"
 
 namespace {
 
@@ -29,8 +30,8 @@ class PestanaNota final : public PestanaCredito {
           v_.cboTipoDocumento2 = elegido;
         }) {
     auto* v = new QVBoxLayout(this);
-    v->setContentsMargins(4, 6, 4, 6);
-    v->setSpacing(6);
+    v->setContentsMargins(4, tema::px(6), 4, tema::px(6));
+    v->setSpacing(tema::px(6));
     v->addWidget(nuevoDocumento());
     v->addWidget(nuevasLineas(), 2);
     v->addWidget(nuevoConsumo(), 3);
@@ -83,6 +84,7 @@ class PestanaNota final : public PestanaCredito {
     auto* panel = nuevoPanelCredito(QStringLiteral("Artículos del documento: Enter lo pasa a la nota"), 1);
     lineas_ = new Lista(QStringLiteral("lvwLineas"), columnasLineas());
     lineas_->textoVacio = QStringLiteral("Elija el documento");
+    lineas_->setMinimumHeight(tema::px(64));
     panel->agregar({}, lineas_);
     connect(lineas_, &Lista::elegida, this, [this](int linea) { tomarLinea(linea); });
     return panel;

@@ -10,6 +10,7 @@
 #include "credit/pagos.h"
 #include "foundation/puesto.h"
 #include "platform/ui/lista.h"
+#include "platform/ui/tema.h"
 
 namespace {
 
@@ -33,8 +34,8 @@ class PestanaPagos final : public PestanaCredito {
         tarjeta_(c, QStringLiteral("dcbTarjeta"), v_.dcbTarjeta),
         moneda_(c, QStringLiteral("cboMoneda1"), v_.cboMoneda1) {
     auto* v = new QVBoxLayout(this);
-    v->setContentsMargins(4, 6, 4, 6);
-    v->setSpacing(6);
+    v->setContentsMargins(4, tema::px(6), 4, tema::px(6));
+    v->setSpacing(tema::px(6));
     auto* fila = new QHBoxLayout;
     fila->setSpacing(8);
     fila->addWidget(nuevoDocumento(), 1);
@@ -181,7 +182,7 @@ class PestanaPagos final : public PestanaCredito {
     auto* fila = new QWidget;
     auto* h = new QHBoxLayout(fila);
     h->setContentsMargins(0, 0, 0, 0);
-    fila->setMinimumHeight(34);
+    fila->setMinimumHeight(tema::px(34));
     const auto poner = [h](std::vector<QWidget*>& grupo, const char* nombre, const char16_t* etiqueta, QWidget* w) {
       auto* l = nuevoTexto(QString::fromUtf16(etiqueta));
       l->setObjectName(QString::fromLatin1(nombre));

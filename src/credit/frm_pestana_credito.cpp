@@ -5,6 +5,7 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -54,10 +55,10 @@ QStringList TextosDe(const std::vector<Referencia>& lista) {
 
 Panel* nuevoPanelCredito(const QString& titulo, int pares) {
   auto* panel = new Panel(titulo, pares);
-  panel->layout()->setContentsMargins(8, 6, 8, 8);
+  panel->layout()->setContentsMargins(8, tema::px(6), 8, tema::px(8));
   if (auto* g = panel->findChild<QGridLayout*>()) {
     g->setHorizontalSpacing(2 * tema::kPaso);
-    g->setVerticalSpacing(tema::kPaso);
+    g->setVerticalSpacing(tema::px(tema::kPaso));
   }
   return panel;
 }
@@ -126,8 +127,9 @@ DetalleLineas::DetalleLineas(const ContextoCredito& c, const QString& nombre, co
     : c_(c), l_(l), alCambiar_(std::move(alCambiar)), rejilla_(nuevaRejillaLineas(nombre, c.p, l)) {
   auto* v = new QVBoxLayout(this);
   v->setContentsMargins(0, 0, 0, 0);
-  v->setSpacing(6);
+  v->setSpacing(tema::px(6));
   rejilla_->textoVacio = QStringLiteral("Sin artículos: F5 para agregar");
+  rejilla_->setMinimumHeight(tema::px(80));  // its titles and a line
   rejilla_->salir = [this](int f, int col, QString& texto) { return salirCelda(f, col, texto); };
   rejilla_->pulsar = [this](int fila, int) { buscarArticulo(fila); };
   v->addWidget(rejilla_, 1);

@@ -2,6 +2,7 @@
 // has opened, and sales that a fault or a kill interrupts at one step after the other. What they wrote is compared with
 // the file beside them; what they left, with the store, read through the support console, and the paper.
 #include <gtest/gtest.h>
+#include <QDir>
 #include <QFile>
 #include <numeric>
 
@@ -88,10 +89,15 @@ TEST(Caja, EveryScreenIsSeenWhole) {
   for (const QString& medida : medidas) {
     SCOPED_TRACE(qPrintable(medida));
     const PuestoDeObra p;
-    const QString dice = p.admin({"guion", QStringLiteral(TARVOPOS_FUENTES "/guiones/pantallas.guion"), "--puesto",
-                                  p.ruta(), "--salida", p.ruta(), "--pantalla", medida});
-    EXPECT_TRUE(dice.endsWith(u"[estado 0]\n"));
-    EXPECT_EQ(QStringList(), dice.split(u'\n').filter(QStringLiteral("falta|")));
+    const QString nueva = p.ruta() + QStringLiteral("/nueva");
+    ASSERT_TRUE(QDir().mkdir(nueva));
+    for (const auto& [obra, puesto] :
+         {std::pair(QStringLiteral("pantallas"), p.ruta()), std::pair(QStringLiteral("pantallas_inicio"), nueva)}) {
+      const QString dice = p.admin({"guion", QStringLiteral(TARVOPOS_FUENTES "/guiones/") + obra + ".guion", "--puesto",
+                                    puesto, "--salida", p.ruta(), "--pantalla", medida});
+      EXPECT_TRUE(dice.endsWith(u"[estado 0]\n")) << qPrintable(dice);
+      EXPECT_EQ(QStringList(), dice.split(u'\n').filter(QStringLiteral("falta|")));
+    }
   }
 }
 

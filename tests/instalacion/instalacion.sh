@@ -22,7 +22,7 @@ recoger() {
   rm -rf --one-file-system "$obra"
 }
 trap recoger EXIT
-fallo() { echo "FALLO: $1" >&2; exit 1; }
+. "$(dirname "$0")/persona.sh"
 paso() { echo "== $1"; }
 
 # --- the root, the older package and the screen
@@ -52,13 +52,9 @@ en_raiz useradd -m cajera
 casa=$raiz/home/cajera
 puesto=$casa/.local/share/TarvoPos
 
-pantalla=:$((90 + RANDOM % 400))
-Xvfb "$pantalla" -screen 0 1024x768x24 -nolisten tcp -ac >"$obra/xvfb.log" 2>&1 &
-procesos+=($!)
+encender_pantalla
 mkdir -p "$raiz/tmp/.X11-unix"
-sleep 2
 mount --bind /tmp/.X11-unix "$raiz/tmp/.X11-unix"
-export DISPLAY=$pantalla
 
 # --- a person before the screen
 cajera=(chroot --userspec=cajera "$raiz" env -i HOME=/home/cajera USER=cajera PATH=/usr/bin:/bin LC_ALL=C.UTF-8
@@ -68,30 +64,6 @@ abrir() {
   till=$!
   procesos+=("$till")
 }
-foto() {
-  [ -n "$imagenes" ] && command -v import >/dev/null || return 0
-  mkdir -p "$imagenes"
-  import -window root "$imagenes/$1.png" || true
-}
-# Waits for the window of that title and gives it the keyboard, which no window manager does here.
-ventana() {
-  local v i
-  for i in $(seq 100); do
-    v=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -1) || true
-    if [ -n "$v" ]; then
-      xdotool windowfocus --sync "$v" 2>/dev/null || true
-      sleep 0.5
-      return 0
-    fi
-    sleep 0.2
-  done
-  foto "sin-$1"
-  cat "$obra/tarvopos.log" >&2
-  fallo "no apareció la ventana «$1»"
-}
-teclas() { xdotool key --delay 60 "$@"; sleep 0.3; }
-escribir() { xdotool type --delay 40 "$1"; sleep 0.2; }
-sin_ventana() { for _ in $(seq 60); do xdotool search --onlyvisible --name "$1" >/dev/null 2>&1 || return 0; sleep 0.2; done; fallo "sigue la ventana «$1»"; }
 cerrar() { kill "$till" 2>/dev/null || true; wait "$till" 2>/dev/null || true; }
 
 paso "Primer inicio: crea la caja"

@@ -107,7 +107,10 @@ TEST(Odbc, HoldsItsTimes) {
   CadenaConexion c;
   c.servidor = u8("127.0.0.1:") + mudo.cadena().section(u':', -1);
   c.usuario = c.clave = c.catalogo = u8("x");
-  const auto motores = motoresDelSistema({});
+  QStringList dicho;
+  OpcionesMotores opciones;
+  opciones.alEsperar = [&](const QString& que, int) { dicho += que; };
+  const auto motores = motoresDelSistema({}, opciones);
   Conexion cnn;
   QElapsedTimer reloj;
   reloj.start();
@@ -115,6 +118,9 @@ TEST(Odbc, HoldsItsTimes) {
   ASSERT_TRUE(e);
   EXPECT_EQ(kErrorTiempo, e->numero) << e->descripcion.toStdString();
   EXPECT_LT(reloj.elapsed(), 2000);
+  ASSERT_GT(dicho.size(), 5);
+  EXPECT_EQ(u8("Esperando al servidor…"), dicho[0]) << "a driver's words, password and all, are no name";
+  EXPECT_EQ(QString(), dicho.back());
 
   ASSERT_FALSE(cnn.abrir(*motores, porOdbc(base()), 1000));
   reloj.restart();

@@ -72,6 +72,23 @@ TEST(Busy, SaysWhatIsDoneAndDropsWhatIsPressedMeanwhile) {
   EXPECT_EQ(2, v.pulsado) << "what comes behind it counts";
 }
 
+TEST(Busy, TheStepThatBeganLastHasTheWordInWhateverOrderTheyEnd) {
+  struct : Mensajes {
+    QString dice;
+    void mostrar(const QString&, const QString&, Icono) override {}
+    bool preguntar(const QString&, const QString&, bool) override { return false; }
+    std::optional<QString> pedir(const QString&, const QString&, const QString&) override { return {}; }
+    void mostrarOcupado(const QString& que) override { dice = que; }
+  } m;
+  std::optional<Ocupado> uno(std::in_place, m, QStringLiteral("uno")), dos(std::in_place, m, QStringLiteral("dos"));
+  uno->ahora(QStringLiteral("uno, más"));
+  EXPECT_EQ("dos", m.dice);
+  uno.reset();
+  EXPECT_EQ("dos", m.dice);
+  dos.reset();
+  EXPECT_EQ("", m.dice);
+}
+
 TEST(Busy, ABoxIsNotAnsweredByWhatWasPressedBeforeIt) {
   Lenta v;
   MensajesVentana mensajes;

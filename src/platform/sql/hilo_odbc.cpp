@@ -257,7 +257,11 @@ struct HiloOdbc::Cola {
   bool fin = false;
 };
 
-HiloOdbc::HiloOdbc() : cola_(std::make_shared<Cola>()), sesion_(std::make_shared<SesionOdbc>()) {
+HiloOdbc::HiloOdbc(AvisoEspera alEsperar, QString que)
+    : alEsperar_(std::move(alEsperar)),
+      que_(std::move(que)),
+      cola_(std::make_shared<Cola>()),
+      sesion_(std::make_shared<SesionOdbc>()) {
   std::thread([cola = cola_, sesion = sesion_]() mutable {
     for (;;) {
       std::function<void()> tarea;
@@ -290,20 +294,23 @@ RespuestaOdbc HiloOdbc::hacer(std::function<RespuestaOdbc(SesionOdbc&)> tarea, i
     cola_->aviso.notify_one();
   }
   // A driver that keeps its own time is a little late.
-  const QDeadlineTimer plazo(espera_ms + kTramo_ms * 4);
   bool cancelada = false;
-  while (futuro.wait_for(std::chrono::milliseconds(kTramo_ms)) != std::future_status::ready) {
-    if (interrumpir && !cancelada && interrumpir()) {
-      cancelada = true;
-      sesion_->cancelar();
+  const bool responde = EsperarAvisando(alEsperar_, que_, espera_ms + kTramo_ms * 4, [&](int ms) {
+    for (const QDeadlineTimer plazo(ms);;) {
+      const qint64 tramo = std::min<qint64>(plazo.remainingTime(), kTramo_ms);
+      if (futuro.wait_for(std::chrono::milliseconds(tramo)) == std::future_status::ready) return true;
+      if (interrumpir && !cancelada && interrumpir()) {
+        cancelada = true;
+        sesion_->cancelar();
+      }
+      if (plazo.hasExpired()) return false;
     }
-    if (!plazo.hasExpired()) continue;
-    RespuestaOdbc r;
-    r.error = ErrorBD{kErrorTiempo, 0, QStringLiteral("El servidor no responde.")};
-    r.perdida = true;
-    return r;
-  }
-  return futuro.get();
+  });
+  if (responde) return futuro.get();
+  RespuestaOdbc r;
+  r.error = ErrorBD{kErrorTiempo, 0, QStringLiteral("El servidor no responde.")};
+  r.perdida = true;
+  return r;
 }
 
 RespuestaOdbc HiloOdbc::conectar(const QString& cadena, int espera_ms) {

@@ -54,11 +54,13 @@ void CartelOcupado::mostrar(const QString& que) {
     DescartarPulsaciones();
     return;
   }
+  QWidget* ventana = ventanaDelante();
+  const bool yaLoDice = ventana && ventana->property("diceQueHace").toBool();
+  if (yaLoDice && !puesto_) return;
   if (!puesto_) QApplication::setOverrideCursor(Qt::WaitCursor);
   puesto_ = true;
-  QWidget* ventana = ventanaDelante();
   if (cartel_ && cartel_->parentWidget() != ventana) delete cartel_;
-  if (!ventana) return;
+  if (!ventana || yaLoDice) return;
   if (!cartel_) {
     cartel_ = nuevoTexto({}, QStringLiteral("ocupado"), ventana);
     cartel_->setObjectName(QStringLiteral("lblOcupado"));
