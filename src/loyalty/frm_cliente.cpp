@@ -88,7 +88,8 @@ frmCliente::ControlesLugar frmCliente::lugar(Panel* panel, const QString& nombre
   enlaces_.texto(c.otro, datos.otro);
   fila->addWidget(c.lista, 1);
   fila->addWidget(c.otro, 1);
-  juntos->setFocusProxy(c.lista);  // for the caption's letter
+  juntos->setFocusProxy(c.lista);  // for the caption's letter, which leads to what can have the keyboard alone
+  juntos->setFocusPolicy(Qt::ClickFocus);
   panel->agregar(rotulo, juntos);
   connect(c.lista, &QComboBox::currentIndexChanged, this, [this, lista = c.lista, elegir](int n) {
     if (n >= 0) (this->*elegir)(lista->itemData(n).toInt());

@@ -91,6 +91,16 @@ TEST_F(Liquidacion, DocumentsOfBillingHaveNoPlaceHere) {
   }
 }
 
+// Nothing came in, 60.00 - 18.00 go out: the drawer's row is there all the same.
+TEST_F(Liquidacion, ChangeLeavesTheDrawerWithoutCash) {
+  agrega(0, "10");
+  EXPECT_EQ(q("60.00 18.00 -42.00 42.00"), cifras());
+  PulsarBoton(p, v, pantallas, 2);
+  EXPECT_EQ(q("15|1|0|1|-42|0|14"),
+            p.filas(q("SELECT cOperCode, cOperTipo, cProdCode, nProdCant, nProdPrecUnit, nMontoSoles, cDocTipo FROM "
+                      "Operacion")));
+}
+
 TEST_F(Liquidacion, ADifferenceNeedsItsCash) {
   agrega(0, "9");
   p.persona().espera(q("No se puede registrar la operacion si el vuelto es negativo"));

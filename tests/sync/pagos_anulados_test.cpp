@@ -54,4 +54,18 @@ TEST(RecibosAnulados, FollowWhatAnotherDeskHasVoided) {
   EXPECT_EQ(esperado, p.filas(q(estados)));
 }
 
+// The mark of a report on parallel documents is no document: it stays here.
+TEST(Envio, LeavesTheMarksOfReportsHere) {
+  CajaConDias p;
+  p.diaCorto(q("23/11/2026"));
+  p.ejecuta(q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, dOperFech, sGlosa, cEstado, cCajaCodi, "
+              "cFlagSincronizacion, cOperCodeAnul, cOperFlagAbierto) VALUES (3, 30, '23/11/2026 09:05', 'O/C', '1', "
+              "'00001', '0', 0, 0)"));
+  EXPECT_TRUE(sincronizar(p).bien);
+  Conexion central;
+  ASSERT_TRUE(p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral));
+  const QString alla = p.filas(central, q("SELECT cOperTipo FROM OperacionParalela ORDER BY cOperTipo"));
+  EXPECT_TRUE(alla.contains(q("20")) && !alla.contains(q("30"))) << alla.toStdString();
+}
+
 }  // namespace

@@ -51,6 +51,16 @@ TEST(Consumo, IsVoidedInBothPlaces) {
   EXPECT_EQ(q(kDespues), n.historia());
 }
 
+// Neither the mark of a report nor what isn't there is a document that could be voided.
+TEST(Consumo, TheMarkOfAReportIsNoDocument) {
+  NotaEnDosSitios e;
+  e.p.ejecuta(q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, sGlosa, cEstado, cOperFlagAbierto) "
+                "VALUES (5, 30, 'O/C', '1', 1)"));
+  DocumentoGuardado t;
+  EXPECT_EQ(LeerDocumento(e.p, 99, true, t), LeerDocumento(e.p, 5, true, t));
+  EXPECT_NE(LecturaDocumento::Leida, LeerDocumento(e.p, 5, true, t));
+}
+
 TEST(Consumo, OfASettledDocumentStays) {
   NotaEnDosSitios n;
   n.enCentral("UPDATE Venta01 SET bLiquidado = 1");
