@@ -40,6 +40,8 @@ void frmCajaFacturacionPagos::nuevasTeclas() {
   tecla(
       Qt::Key_F2, [this] { hojas_[0]->isVisible() ? hojas_[0]->buscarDocumento() : verPestana(0); },
       QStringLiteral("cliente"));
+  tecla(Qt::Key_F3, [this] { actual().registrarCliente(); });
+  tecla(Qt::Key_F8, [this] { actual().actualizarDetraccion(); });
   tecla(
       Qt::Key_F5,
       [this] {

@@ -50,7 +50,7 @@ frmConsultaCtaCteCliente::frmConsultaCtaCteCliente(Puesto& p, BuscadorClientes& 
       "dgdPagos",
       {QStringLiteral("Serie"), QStringLiteral("Numero"), QStringLiteral("Fecha"), QStringLiteral("Forma de Pago"),
        QStringLiteral("Documento"), QStringLiteral("Monto"), QStringLiteral("Moneda"), QStringLiteral("Anulado")},
-      {0.08, 0.1, 0.12, 0.18, 0.18, 0.12, 0.1, 0.12}, {false, false, false, false, false, true, false, false});
+      {0.06, 0.085, 0.115, 0.225, 0.215, 0.1, 0.09, 0.11}, {false, false, false, false, false, true, false, false});
   cuerpo()->addWidget(pagos_, 2);
   connect(consulta, &QPushButton::clicked, this, &frmConsultaCtaCteCliente::consultar);
   connect(busca, &QPushButton::clicked, this, &frmConsultaCtaCteCliente::buscarCliente);

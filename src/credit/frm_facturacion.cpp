@@ -83,6 +83,11 @@ class PestanaFacturacion final : public PestanaCredito {
         doc == v_.docUltimo ? v_.ultimo.section(u' ', 2) : QString(),
         [&](const QString& serie, const QString& numero) { return ReimprimirFactura(c_.p, *doc, serie, numero); });
   }
+  void registrarCliente() override {
+    const auto elegida = c_.pantallas.nuevoCliente();
+    window()->activateWindow();
+    if (elegida) tomar(*elegida);
+  }
   bool alEntrar(QWidget* campo) override {
     // Behind the currency come the articles, not the button that voids.
     if (campo == moneda_.control()) {
@@ -108,7 +113,7 @@ class PestanaFacturacion final : public PestanaCredito {
     panel->ensanchar(cliente_.txtNombres);
     cliente_.txtLocal->setFixedWidth(48);
     auto* busca = nuevoBoton(QStringLiteral("txtBuscaCliente"), QStringLiteral("Buscar (F2)"));
-    auto* nuevo = nuevoBoton(QStringLiteral("cmdNuevoCliente"), QStringLiteral("Nuevo Cliente"));
+    auto* nuevo = nuevoBoton(QStringLiteral("cmdNuevoCliente"), QStringLiteral("Nuevo Cliente (F3)"));
     auto* botones = new QWidget;
     auto* h = new QHBoxLayout(botones);
     h->setContentsMargins(0, 0, 0, 0);
@@ -116,11 +121,7 @@ class PestanaFacturacion final : public PestanaCredito {
     h->addWidget(nuevo);
     panel->agregar({}, botones);
     connect(busca, &QPushButton::clicked, this, [this] { buscarDocumento(); });
-    connect(nuevo, &QPushButton::clicked, this, [this] {
-      const auto elegida = c_.pantallas.nuevoCliente();
-      window()->activateWindow();
-      if (elegida) tomar(*elegida);
-    });
+    connect(nuevo, &QPushButton::clicked, this, [this] { registrarCliente(); });
     return panel;
   }
   QWidget* nuevoCredito() {

@@ -99,6 +99,13 @@ class PestanaPagos final : public PestanaCredito {
                [this](const QString& serie, const QString& numero) { return ReimprimirRecibo(c_.p, serie, numero); });
   }
 
+  void actualizarDetraccion() override {
+    if (!v_.lblDetraccion) return;
+    c_.con([this] { ActualizarDetraccion(c_.p, v_); });
+    window()->activateWindow();
+    c_.enfocar(primerControl());
+  }
+
  private:
   QWidget* nuevoDocumento() {
     auto* panel = nuevoPanelCredito(QStringLiteral("Datos de la Boleta/Factura"), 3);
@@ -110,17 +117,14 @@ class PestanaPagos final : public PestanaCredito {
         nuevoTexto(QStringLiteral("(*) El documento registra pago de detracción pendiente"), QStringLiteral("cuidado"));
     lblDetraccion_->setObjectName(QStringLiteral("lblDetraccion"));
     panel->agregar({}, lblDetraccion_);
-    actualizar_ = nuevoBoton(QStringLiteral("cmdActualizarDetracc"), QStringLiteral("Actualizar Pago Detracc."));
+    actualizar_ = nuevoBoton(QStringLiteral("cmdActualizarDetracc"), QStringLiteral("Actualizar Pago Detracc. (F8)"));
     panel->agregar({}, actualizar_);
     agregarFilaDeTextos(panel, c_.enlaces,
                         {{"lblNroDocumento2", u"Nro Documento:", v_.lblNroDocumento2},
                          {"lblMoneda", u"Moneda:", v_.lblMoneda},
                          {"lblCliente", u"Cliente:", v_.lblCliente}});
     connect(busca, &QPushButton::clicked, this, [this] { buscarDocumento(); });
-    connect(actualizar_, &QPushButton::clicked, this, [this] {
-      c_.con([this] { ActualizarDetraccion(c_.p, v_); });
-      window()->activateWindow();
-    });
+    connect(actualizar_, &QPushButton::clicked, this, [this] { actualizarDetraccion(); });
     return panel;
   }
   QWidget* nuevoSaldo() {

@@ -94,6 +94,8 @@ class PestanaCredito : public QWidget {
   virtual void buscarDocumento() {}
   virtual void anular() {}
   virtual void reimprimir() {}
+  virtual void registrarCliente() {}
+  virtual void actualizarDetraccion() {}
   virtual DetalleLineas* detalle() { return nullptr; }
   // Enter on a field that has a way of its own. True: dealt with.
   virtual bool alEntrar(QWidget*) { return false; }

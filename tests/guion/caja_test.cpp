@@ -40,6 +40,33 @@ TEST(Caja, ARefusalToGoOnWithoutTheCentralDatabaseHarmsNothing) {
       << "the next start works";
 }
 
+// "Ver Reporte" gives the statement on the alternate printer and as a PDF, whose place is told.
+TEST(Caja, AStatementIsPrintedAndKept) {
+  const PuestoDeObra p(abierto());
+  const QString dicho = p.tocaLineas(
+      "reloj 24/11/2026 09:00:00\ninicia\nespera frmPassword\nescribe txtPassword caja\ntecla Enter\n"
+      "espera frmPrincipal\ntecla Ctrl+F\nespera frmCajaFacturacionPagos\ntecla 1\ntecla Enter\ntecla Enter\n"
+      "tecla Down\ntecla Enter\ntecla Enter\ntecla Down 2\ncelda TDGFacturacion 1 1 209\ntecla Ctrl+Enter\n"
+      "tecla Esc\nespera frmPrincipal\ntecla Ctrl+E\nespera frmConsultaCtaCteCliente\nescribe txtTarjeta 1\n"
+      "tecla Enter\ntecla Alt+R\n");
+  const QString pdf = p.ruta() + QStringLiteral("/Temp/EstadoCuenta_00000001_24112026.pdf");
+  EXPECT_TRUE(dicho.contains(QStringLiteral("El estado de cuenta quedó guardado en:\\n") + pdf))
+      << qUtf8Printable(dicho);
+  QFile f(pdf);
+  ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(f.readAll().startsWith("%PDF-"));
+  const QString raya = QString(39, u'-') + u'\n';
+  EXPECT_TRUE(p.papel(QStringLiteral("LPT2"))
+                  .endsWith(QStringLiteral("           ESTADO DE CUENTA\n           24/11/2026 09:00\n") + raya +
+                            QStringLiteral("Cliente: MUÑOZ IBÁÑEZ ROSA ELENA\nTarjeta: 00000001   Local: 1\n") + raya +
+                            QStringLiteral("BADE 001-000001 24/11/2026    S/. 45.00\n"
+                                           "  Saldo                       S/. 45.00\n") +
+                            raya +
+                            QStringLiteral("DEUDA EN SOLES                S/. 45.00\n"
+                                           "DEUDA EN DOLARES               US$ 0.00\n")))
+      << qUtf8Printable(p.papel(QStringLiteral("LPT2")));
+}
+
 // A register: the play up to the commit of a first sale, what takes that sale off the screen and types another, with
 // article 101, and a field that is empty once a sale is over.
 struct RegistradoraDePrueba {

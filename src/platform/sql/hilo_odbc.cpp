@@ -22,7 +22,8 @@ static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "texts go to the library as 
 namespace {
 
 constexpr int kTramo_ms = 50;
-constexpr SQLSMALLINT kTipoHora = -154;  // a time of SQL Server, which no standard type stands for
+constexpr SQLINTEGER kVictima = 1205, kSinCerrojo = 1222;  // SQL Server's: a knot of locks; a lock not had in time
+constexpr SQLSMALLINT kTipoHora = -154;                    // a time of SQL Server, which no standard type stands for
 
 SQLWCHAR* ancho(QString& t) { return reinterpret_cast<SQLWCHAR*>(t.data()); }
 bool bien(SQLRETURN r) { return r == SQL_SUCCESS || r == SQL_SUCCESS_WITH_INFO; }
@@ -49,12 +50,11 @@ RespuestaOdbc errorDe(SQLSMALLINT clase, SQLHANDLE mango) {
     if (s == u"23505" || nativo == 2601 || nativo == 2627) {
       e.numero = kErrorSentencia;
       nativo = kNativoClaveDuplicada;
-    } else if (s == u"HYT00" || s == u"HYT01") {
+    } else if (s == u"HYT00" || s == u"HYT01" || nativo == kSinCerrojo) {
       e.numero = kErrorTiempo;
     } else if (s.startsWith(u"08")) {
-      e.descripcion.prepend(QStringLiteral("Se perdió la conexión con el servidor: "));
       r.perdida = true;
-    } else if (s == u"40001" || s == u"40P01") {
+    } else if (s == u"40001" || s == u"40P01" || nativo == kVictima) {
       nativo = kNativoNudo;
     } else if (clase == SQL_HANDLE_STMT) {
       e.numero = kErrorSentencia;
@@ -136,9 +136,14 @@ class SesionOdbc {
     if (!bien(SQLAllocHandle(SQL_HANDLE_DBC, entorno_, &conexion_))) return errorDe(SQL_HANDLE_ENV, entorno_);
     espera_s_ = static_cast<SQLULEN>((espera_ms + 999) / 1000);
     SQLSetConnectAttrW(conexion_, SQL_ATTR_LOGIN_TIMEOUT, valor(espera_s_), 0);
+    const QDeadlineTimer plazo(espera_ms);
     const SQLRETURN r = SQLDriverConnectW(conexion_, nullptr, ancho(cadena), static_cast<SQLSMALLINT>(cadena.size()),
                                           nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
-    if (!bien(r)) return errorDe(SQL_HANDLE_DBC, conexion_);
+    if (!bien(r)) {
+      RespuestaOdbc respuesta = errorDe(SQL_HANDLE_DBC, conexion_);
+      if (plazo.hasExpired()) respuesta.error->numero = kErrorTiempo;  // some drivers call silence a refusal
+      return respuesta;
+    }
     SQLWCHAR nombre[128] = {};
     SQLSMALLINT largo = 0;
     SQLGetInfoW(conexion_, SQL_DBMS_NAME, nombre, sizeof nombre, &largo);
@@ -166,7 +171,11 @@ class SesionOdbc {
       en_curso_ = nullptr;
     }
     SQLFreeHandle(SQL_HANDLE_STMT, s);
-    if (respuesta.error && !respuesta.perdida) respuesta.perdida = muerta();
+    if (respuesta.error && respuesta.perdida) {
+      respuesta.error->descripcion.prepend(QStringLiteral("Se perdió la conexión con el servidor: "));
+    } else if (respuesta.error) {
+      respuesta.perdida = muerta();
+    }
     return respuesta;
   }
 

@@ -487,4 +487,8 @@ SELECT x.id FROM x4 x WHERE x.sNom = N'pérez ñáñez í ' AND x.id < 5
   2
 SELECT id FROM x4 WHERE sNom IN ('muñoz', sNom) ORDER BY id
   1/2/3/4/5/6
+SELECT (id, 0) FROM x4
+  error
+SELECT ( ~ ( id ) , 0 ) FROM x4
+  error
 DROP TABLE x4
