@@ -120,8 +120,7 @@ void CajaSimulada::acto(int n) {
     for (const auto& [acto, peso] : pesos) b.insert(b.end(), static_cast<size_t>(peso), acto);
     return b;
   }();
-  PrincipalDelDia menu(*p_);
-  RevisarEntreActos(*p_, menu);  // the main window's timer
+  latir();
   // The first is a sale: a day without one can't be closed.
   if (n == 1) return venta();
   (this->*azar_.de(bolsa))();

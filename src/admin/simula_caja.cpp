@@ -25,10 +25,16 @@ QString celda(const QVariant& v) { return v.typeId() == QMetaType::Double ? Text
 constexpr int kMinutosPorActo = 11;
 constexpr int kDiasEntreClaves = 10;  // a password is slow on purpose, and no simulation of its own
 
+const PasosArranque kPasos{EnviarPendientesCliente, [](Puesto& p) {
+                             FrmUpdt pantalla(p);
+                             Sincronizar(p, pantalla);
+                           }};
+
 class MenuSimulado final : public PrincipalDelDia {
  public:
   explicit MenuSimulado(Puesto& p) : PrincipalDelDia(p), suyo_(p) {}
   void respaldar(MotivoRespaldo motivo) override { RespaldarSesion(suyo_, motivo); }
+  void contactarCentral() override { (void)ContactarCentral(suyo_, kPasos); }
 
  private:
   Puesto& suyo_;
@@ -127,10 +133,7 @@ bool CajaSimulada::darClave() {
 
 bool CajaSimulada::entrar() {
   try {
-    Arrancar(*p_, {EnviarPendientesCliente, [](Puesto& p) {
-                     FrmUpdt pantalla(p);
-                     Sincronizar(p, pantalla);
-                   }});
+    Arrancar(*p_, kPasos);
     const bool entro = dia_ % kDiasEntreClaves != 1 || darClave();
     p_->ses.psUsuario = q("CAJERO");
     p_->ses.psPerfilUsuario = q("2");
@@ -162,6 +165,12 @@ void CajaSimulada::registrarCambio() {
   if (!CargarTipoCambio(*p_, ModoDetalle::Nuevo, {}, v)) return;
   v.txtTC = q("3.%1").arg(70 + dia_ % 10);
   (void)GuardarTipoCambio(*p_, v);
+}
+
+// What the main window's timer does between acts.
+void CajaSimulada::latir() {
+  MenuSimulado menu(*p_);
+  RevisarEntreActos(*p_, menu);
 }
 
 void CajaSimulada::abrir() {
@@ -302,6 +311,7 @@ int CajaSimulada::jugar(int dia) {
   return libro_.cierres.contains(dia) ? kBien : kFallo;
 }
 
+// Points of a card that two customers hold wait on for its site, which only they could tell.
 int CajaSimulada::sincronizarTodo(int dia) {
   dia_ = dia;
   (void)libro_.leer();
@@ -310,8 +320,8 @@ int CajaSimulada::sincronizarTodo(int dia) {
     if (!arrancar(false)) return kFallo;
     const QString faltan =
         filas(u"SELECT COUNT(*), (SELECT COUNT(*) FROM CabeceraZ WHERE bFlagSincro = 0), (SELECT COUNT(*) FROM "
-              "Acumulacion_Punto WHERE cSincroFlag = 0) FROM Operacion WHERE cProdCode <> 0 AND cOperFlagAbierto = 0 "
-              "AND cFlagSincronizacion <> '1'"_sql)
+              "Acumulacion_Punto WHERE cSincroFlag = 0 AND IdLocal <> 0) FROM Operacion WHERE cProdCode <> 0 AND "
+              "cOperFlagAbierto = 0 AND cFlagSincronizacion <> '1'"_sql)
             .value(0);
     p_.reset();
     if (faltan == u"0|0|0") return kBien;

@@ -6,6 +6,7 @@
 
 #include "admin/azar.h"
 #include "admin/fallas.h"
+#include "admin/puesto_mudo.h"
 #include "admin/simula_alambre.h"
 #include "admin/simula_libro.h"
 #include "cashday/principal.h"
@@ -15,38 +16,6 @@
 
 class PantallasDelDia;
 struct PantallaTransaccion;
-
-// Stands still between acts; day and minute follow from the act.
-class RelojSimulado final : public Reloj {
- public:
-  QDateTime ahora;
-  QDateTime now() const override { return ahora; }
-  void dormir(int) override {}
-  std::shared_ptr<void> cada(int, std::function<void()>) override { return {}; }
-};
-
-// Says yes to every question, and keeps what it was shown.
-class PersonaSimulada final : public Mensajes {
- public:
-  QStringList cajas;
-  void mostrar(const QString& texto, const QString&, Icono) override { cajas << texto; }
-  bool preguntar(const QString& texto, const QString&, bool) override {
-    cajas << texto;
-    return true;
-  }
-  std::optional<QString> pedir(const QString& texto, const QString&, const QString& porDefecto) override {
-    cajas << texto;
-    return porDefecto;
-  }
-};
-
-struct ProgramaTerminado {
-  int estado = 0;
-};
-class SalidaSimulada final : public Salida {
- public:
-  [[noreturn]] void terminar(int estado) override { throw ProgramaTerminado{estado}; }
-};
 
 // A line that is keyed; cents, `dscto` a signed percentage.
 struct RenglonTecleado {
@@ -79,6 +48,7 @@ class CajaSimulada {
   void cerrar();
   bool cerrado();
   void registrarCambio();
+  void latir();
   void restaurar(int acto, int perdido);
   void restaurarAlAmanecer();
   bool armar(int acto, int sentencias, int viajes);
@@ -120,9 +90,9 @@ class CajaSimulada {
   int dia_ = 0, acto_ = 0;
   Azar azar_{0};
   LibroCaja libro_;
-  RelojSimulado reloj_;
-  PersonaSimulada persona_;
-  SalidaSimulada salida_;
+  RelojParado reloj_;
+  PersonaQueAsiente persona_;
+  SalidaComoExcepcion salida_;
   Fallas fallas_;
   Alambre alambre_;
   PuertosSistema puertos_;

@@ -2,6 +2,7 @@
 // The shop of a simulation: its folder with the server, the databases and the desks; its days; what happens at the
 // centre meanwhile.
 #include <QProcess>
+#include <functional>
 #include <memory>
 
 #include "admin/simula_cotejo.h"
@@ -19,7 +20,14 @@ class TiendaSimulada {
   [[nodiscard]] Fallo jugar(int dia);
   // Every desk once more without faults, then the proof.
   [[nodiscard]] Fallo terminar(ResultadoCotejo& r);
+  // Each desk in a process of its own, with those words more, until all have ended; `entretanto` is asked until it has
+  // given true.
+  [[nodiscard]] Fallo todas(const QStringList& mas, int dia, const std::function<bool()>& entretanto);
+  // Rows of all desks at the centre, and the knots of locks that its server has broken.
+  [[nodiscard]] Fallo contarEnviadas(qint64& filas, qint64& nudos);
   const PlanSimulacion& plan() const { return plan_; }
+  // The server writes to the disk as a shop's does.
+  bool conDisco = false;
 
  private:
   Fallo arrancarServidor();
@@ -27,7 +35,6 @@ class TiendaSimulada {
   Fallo hacerBases();
   Fallo abrir(Conexion& cnn, bool central);
   Fallo cambiarMaestros(int dia);
-  Fallo todas(const QStringList& mas, int dia);
   QStringList ordenDe(int caja, int dia, const QStringList& mas) const;
 
   PlanSimulacion plan_;

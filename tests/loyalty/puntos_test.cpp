@@ -120,6 +120,9 @@ TEST(Puntos, AVoidTakesBackWhatWasSentAndDropsWhatWaits) {
   EnviarPendientesCliente(p);
   EXPECT_EQ(QString(), p.enCliente(kFilas));
   EXPECT_EQ(q("20\n0\n70"), p.enCliente(kSaldos));
+  // Of a sale that died before its points have come there is nothing to take back.
+  Extorna_puntos(p, kTarjeta, 29.9, 1, segunda);
+  EXPECT_EQ(q("20\n0\n70"), p.enCliente(kSaldos));
 }
 
 TEST(Puntos, ALockedClientDatabaseCountsAsAway) {
