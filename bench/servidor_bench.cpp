@@ -111,8 +111,10 @@ void medir(benchmark::State& estado, const std::function<void(int)>& nuestro, co
     llano(2 * i + 1);
   }
   for (auto _ : estado) {
-    a.push_back(tiempo(nuestro, 2 * i));
+    const bool primero = i % 2 == 0;  // who comes second finds the machine awake
+    if (primero) a.push_back(tiempo(nuestro, 2 * i));
     b.push_back(tiempo(llano, 2 * i + 1));
+    if (!primero) a.push_back(tiempo(nuestro, 2 * i));
     ++i;
   }
   const double x = mediana(a), y = mediana(b);
