@@ -3,7 +3,7 @@
 PAQUETES_PROGRAMA=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl1-mesa-dev libsqlite3-dev libpq-dev unixodbc-dev libsodium-dev
   libxlsxwriter-dev fonts-dejavu-core)
 PAQUETES_PRUEBAS=(libgtest-dev librapidcheck-dev libbenchmark-dev sqlite3 clang-format-14 postgresql libsqliteodbc
-  odbc-postgresql)
+  odbc-postgresql tdsodbc)
 PAQUETES_INSTALACION=(debootstrap xvfb xdotool sqlite3)
 PAQUETES_PAQUETE=(cmark-gfm dpkg-dev file)
 

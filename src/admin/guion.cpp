@@ -38,13 +38,13 @@ int tocarGuion(const OpcionesGuion& o, EscritorGuion& escritor, const std::funct
     return kMalUso;
   }
   RelojGuion reloj;
+  CartelOcupado cartel;
+  PersonaDeGuion persona(escritor);
+  persona.alOcuparse = [&cartel](const QString& que) { cartel.mostrar(que); };
   EntornoSistema entorno(carpeta, [&reloj] { return reloj.now(); });
   Fallas fallas;
   MotoresConFallas motores(*entorno.motores, fallas);
   PuertosConFallas puertos(*entorno.puertos, fallas);
-  PersonaDeGuion persona(escritor);
-  CartelOcupado cartel;
-  persona.alOcuparse = [&cartel](const QString& que) { cartel.mostrar(que); };
   entorno.avisarEsperas(persona);
   SalidaGuion salida(escritor);
   EscenaGuion escena{escritor, persona, reloj, fallas, QDir(o.salida).absolutePath(), {}};

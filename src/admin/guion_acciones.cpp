@@ -12,6 +12,7 @@
 #include "admin/guion_controles.h"
 #include "admin/guion_revisa.h"
 #include "admin/guion_teclas.h"
+#include "platform/io/reloj_sistema.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 
@@ -259,28 +260,47 @@ std::deque<PasoGuion> AccionesGuion::captura(const Accion& a) {
   if (nombre.contains(u'/') || nombre.contains(u'\\') || nombre.startsWith(u'.')) {
     throw ErrorGuion{QStringLiteral("«%1» no sirve como nombre de archivo").arg(nombre)};
   }
-  return uno([this, nombre] {
-    QWidget* pantalla = e_.pantallas.activa();
-    if (!pantalla) throw ErrorGuion{QStringLiteral("no hay ninguna pantalla; falta «inicia»")};
-    const QString archivo = e_.carpetaCapturas + u'/' + nombre + QStringLiteral(".png");
-    QPixmap foto = pantalla->grab();
-    if (QWidget* menu = QApplication::activePopupWidget()) {  // an open menu or list is a window of its own
-      QPainter(&foto).drawPixmap(pantalla->mapFromGlobal(menu->mapToGlobal(QPoint())), menu->grab());
-    }
-    if (!QDir().mkpath(e_.carpetaCapturas) || !foto.save(archivo, "PNG")) {
-      throw ErrorGuion{QStringLiteral("no se pudo escribir %1").arg(archivo)};
-    }
+  if (a.argumentos.size() == 1) return uno([this, nombre] { fotografiar(nombre); });
+  return uno([this, nombre, pantalla = a.arg(1)] {
+    // The last picture stays: what the screen had come to when it went.
+    vigia_ = RelojSistema().cada(1, [this, nombre, pantalla, vista = false]() mutable {
+      const bool esta = e_.pantallas.nombreActiva().compare(pantalla, Qt::CaseInsensitive) == 0;
+      if (!esta && vista) return vigia_.reset();
+      if (!esta) return;
+      try {
+        fotografiar(nombre);
+        if (!vista) revisarPantalla();
+      } catch (const ErrorGuion& e) {
+        e_.escritor.linea(QStringLiteral("falta|") + pantalla + u'|' + e.texto);
+      }
+      vista = true;
+    });
   });
 }
 
+void AccionesGuion::fotografiar(const QString& nombre) {
+  QWidget* pantalla = e_.pantallas.activa();
+  if (!pantalla) throw ErrorGuion{QStringLiteral("no hay ninguna pantalla; falta «inicia»")};
+  const QString archivo = e_.carpetaCapturas + u'/' + nombre + QStringLiteral(".png");
+  QPixmap foto = pantalla->grab();
+  if (QWidget* menu = QApplication::activePopupWidget()) {  // an open menu or list is a window of its own
+    QPainter(&foto).drawPixmap(pantalla->mapFromGlobal(menu->mapToGlobal(QPoint())), menu->grab());
+  }
+  if (!QDir().mkpath(e_.carpetaCapturas) || !foto.save(archivo, "PNG")) {
+    throw ErrorGuion{QStringLiteral("no se pudo escribir %1").arg(archivo)};
+  }
+}
+
 std::deque<PasoGuion> AccionesGuion::revisa(const Accion&) {
-  return uno([this] {
-    const QWidget* pantalla = e_.pantallas.activa();
-    if (!pantalla) throw ErrorGuion{QStringLiteral("no hay ninguna pantalla; falta «inicia»")};
-    for (const QString& f : faltasDePantalla(*pantalla)) {
-      e_.escritor.linea(QStringLiteral("falta|") + pantalla->objectName() + u'|' + f);
-    }
-  });
+  return uno([this] { revisarPantalla(); });
+}
+
+void AccionesGuion::revisarPantalla() {
+  const QWidget* pantalla = e_.pantallas.activa();
+  if (!pantalla) throw ErrorGuion{QStringLiteral("no hay ninguna pantalla; falta «inicia»")};
+  for (const QString& f : faltasDePantalla(*pantalla)) {
+    e_.escritor.linea(QStringLiteral("falta|") + pantalla->objectName() + u'|' + f);
+  }
 }
 
 std::deque<PasoGuion> AccionesGuion::caeVuelve(const Accion& a) {

@@ -79,7 +79,11 @@ class AccionesGuion {
   void anadirTecla(std::deque<PasoGuion>& pasos, const TeclaGuion& t, std::optional<int> ms = {});
   void anadirTexto(std::deque<PasoGuion>& pasos, QString texto);
 
+  void fotografiar(const QString& nombre);
+  void revisarPantalla();
+
   EscenaGuion& e_;
+  std::shared_ptr<void> vigia_;  // of a screen that comes and goes within one action
   std::optional<int> ritmo_ms_;  // without it keys carry no time, as from hands
   quint64 momento_ms_ = 1;       // of the last key that carried one
 };

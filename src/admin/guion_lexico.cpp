@@ -33,7 +33,7 @@ const FormaAccion kAcciones[] = {
     {u"lee", 1, 1, false, u"lee CONTROL"},
     {u"foco", 0, 0, false, u"foco"},
     {u"estado", 1, 1, false, u"estado CONTROL"},
-    {u"captura", 1, 1, false, u"captura NOMBRE"},
+    {u"captura", 1, 2, false, u"captura NOMBRE [PANTALLA]"},
     {u"revisa", 0, 0, false, u"revisa"},
     {u"cae", 1, 2, true, u"cae central | cae cliente | cae puerto NOMBRE"},
     {u"vuelve", 1, 2, true, u"vuelve central | vuelve cliente | vuelve puerto NOMBRE"},

@@ -56,10 +56,7 @@ bool accionAlcanzable(const QAction& a, bool (*puede)(const QAction&), bool enPa
 
 QString textoDeWidget(const QWidget& w) {
   if (auto* l = qobject_cast<const QLineEdit*>(&w)) return l->text();
-  // A blank that no line breaks at reads as a blank, and what only keeps a line together as nothing.
-  if (auto* l = qobject_cast<const QLabel*>(&w)) {
-    return QString(l->text()).replace(QChar::Nbsp, u' ').remove(QChar(0x2060));
-  }
+  if (auto* l = qobject_cast<const QLabel*>(&w)) return l->text();
   if (auto* c = qobject_cast<const QComboBox*>(&w)) return c->currentText();
   if (auto* b = qobject_cast<const QCheckBox*>(&w)) return b->isChecked() ? QStringLiteral("si") : QStringLiteral("no");
   if (auto* b = qobject_cast<const QRadioButton*>(&w)) {

@@ -91,7 +91,8 @@ QStringList titulosCortados(const QWidget& w) {
     letra.setBold(true);
     for (int n = 0; n < h->count(); ++n) {
       const QString titulo = h->model()->headerData(n, Qt::Horizontal).toString();
-      if (h->isSectionHidden(n) || QFontMetrics(letra).horizontalAdvance(titulo) + 8 <= h->sectionSize(n)) continue;
+      const int pide = QFontMetrics(letra).size(0, titulo).width();
+      if (h->isSectionHidden(n) || pide + 8 <= h->sectionSize(n)) continue;
       r << QStringLiteral("%1: el título «%2» no cabe").arg(nombreDe(w), titulo);
     }
   }
@@ -147,8 +148,14 @@ QStringList faltasDePantalla(const QWidget& pantalla) {
                        qobject_cast<const QStackedWidget*>(w->parentWidget());  // what doesn't fit is scrolled to
     if (corre) {
       if (w->height() < 2 * QFontMetrics(w->font()).height()) r << nombreDe(*w) + QStringLiteral(": apretado");
-    } else if (w->width() < minimo.width() || w->height() < minimo.height())
-      r << nombreDe(*w) + QStringLiteral(": apretado");
+    } else if (w->width() < minimo.width() || w->height() < minimo.height()) {
+      r << QStringLiteral("%1: apretado, mide %2 x %3 y pide %4 x %5")
+               .arg(nombreDe(*w))
+               .arg(w->width())
+               .arg(w->height())
+               .arg(minimo.width())
+               .arg(minimo.height());
+    }
     if (cortado(*w)) r << nombreDe(*w) + QStringLiteral(": texto cortado");
     r << titulosCortados(*w) << pisados(*w);
   }

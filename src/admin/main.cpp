@@ -5,6 +5,7 @@
 #include "admin/guion.h"
 #include "admin/guion_lexico.h"
 #include "admin/ordenes.h"
+#include "admin/simula.h"
 #include "foundation/version.h"
 #include "platform/io/senales.h"
 
@@ -44,6 +45,11 @@ constexpr Orden kOrdenes[] = {
     {u"comparar", u"DIR [--desde dd/mm/aaaa] [--hasta dd/mm/aaaa]",
      u"compara las operaciones cerradas de un puesto con las de la base central, serie por serie y día por día",
      ordenComparar},
+    {u"simular", u"[--puestos N] [--dias D] [--semilla S] [--dir DIR] [--servidor S] [--operaciones N] "
+     "[--fallas F,...] [--envio FILAS]",
+     u"N cajas, cada una un proceso, pasan D días sobre un PostgreSQL con las fallas que decide la semilla; al final "
+     "compara caja, centro y papel; con --envio mide cuántas filas por segundo recibe el centro de todas a la vez",
+     ordenSimular},
     {u"sql", u"--puesto DIR --base local|central|cliente [--traducir]",
      u"lee sentencias de la entrada, una por línea, y responde cada una con una línea JSON", ordenSql},
     {u"guion", u"ARCHIVO --puesto DIR [--salida DIR]",

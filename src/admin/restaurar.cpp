@@ -6,15 +6,19 @@
 #include <QFileInfo>
 
 #include "admin/consola_sql.h"
-#include "foundation/db_admin.h"
+#include "admin/puesto_mudo.h"
+#include "foundation/cfg_admin.h"
+#include "foundation/puesto.h"
 #include "foundation/respaldo.h"
 #include "platform/io/archivo.h"
 #include "platform/io/cerrojo.h"
 #include "platform/io/perfil.h"
+#include "platform/io/puertos_sistema.h"
 #include "platform/sql/base_sqlite.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "servidores.h"
+#include "store/numeracion.h"
 #include "store/tablas.h"
 
 namespace {
@@ -206,6 +210,8 @@ class Restauracion {
     Conexion central;
     if (const auto f = AbrirBase(*motores, carpeta_.path(), BasePuesto::Central, central)) {
       dicho_ << QStringLiteral("El servidor central no responde, así que no se comparó con él: ") + *f;
+      dicho_ << QStringLiteral(
+          "No venda hasta que la caja haya arrancado con él: podría repetir números que ya tiene.");
       return;
     }
     const Texto caja(cajaDe(carpeta_.filePath(kAjustes)));
@@ -222,6 +228,7 @@ class Restauracion {
         cifra(FormatearSQL(u"select isnull(max(cast(cDocCodigo as int)),0) as maximo from operacion where "
                            "cCajaCodi='$' and cDocTipo in ('01','02')"_sql,
                            {caja})));
+    numerarPorElCentro(*motores);
     if (codigo <= codigo_ && numero <= numero_) {
       dicho_ << QStringLiteral("El servidor central no tiene nada de esta caja que falte en la copia.");
       return;
@@ -231,6 +238,23 @@ class Restauracion {
                              "numeración sigue desde la del servidor.")
                   .arg(std::max(codigo, codigo_))
                   .arg(std::max(numero, numero_));
+  }
+
+  // At once, so that a start without it meets none of its numbers and codes.
+  void numerarPorElCentro(Motores& motores) {
+    RelojParado reloj;
+    reloj.ahora = pedido_.ahora;
+    PersonaQueAsiente persona;
+    SalidaComoExcepcion salida;
+    PuertosSistema puertos(carpeta_.path());
+    Puesto p(motores, puertos, reloj, persona, salida, rutasDe(carpeta_.path()));
+    p.ses.psArchivoCfg = p.rutas.enPrograma(kAjustes);
+    if (!p.poDBAdmin.AbrirBD(p.poCnnLocal, QStringLiteral("driver={Microsoft Access Driver (*.mdb)};DBQ=") +
+                                               p.rutas.enPrograma(kAlmacen))) {
+      return;
+    }
+    LeerConfiguracion(p);
+    if (RepararNumeracion(p) && RepararNumeracionParalela(p)) RepararCodigos(p);
   }
 
   const PedidoRestaurar& pedido_;

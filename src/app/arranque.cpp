@@ -24,6 +24,7 @@ namespace {
 const QString kPARAMETROS = QStringLiteral("PARAMETROS"), kIGV = QStringLiteral("nIGV");
 const QString kRestaurar =
     QStringLiteral(" Restaure la última copia de respaldo como dice el manual, o llame a quien instaló el programa.");
+constexpr int kDiasDeRegistro = 90;  // of the daily logs
 
 void prepararCarpetas(Puesto& p) {
   p.ses.psRutaBD = p.rutas.enPrograma(QStringLiteral("TarvoPos.mdb"));
@@ -214,6 +215,7 @@ void Arrancar(Puesto& p, const PasosArranque& pasos) {
   if (!p.ses.bSinCentral && !repararNumeros(p)) seguirSinCentral(p, aceptado);
   leerImpresorasYTurno(p);
   sincronizarAlInicio(p, pasos);
+  p.registro.BorrarViejos(kDiasDeRegistro);
   RevisarDisco(p);
 }
 

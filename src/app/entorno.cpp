@@ -1,7 +1,9 @@
 #include "app/entorno.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
+#include <QObject>
 #include <QStandardPaths>
 #include <cstdio>
 #include <cstdlib>
@@ -18,6 +20,34 @@ constexpr int kAvisoEspera_ms = 400;  // painted before half a second has gone
 
 }  // namespace
 
+// One act is all that happens between two events: many short waits of it are a long one to who stands before it.
+class EntornoSistema::Signo {
+ public:
+  explicit Signo(Mensajes& persona) : persona_(persona) {}
+
+  void esperar(const QString& que, int ms) {
+    if (que.isEmpty()) return;
+    if (!acto_) {
+      acto_ = QDeadlineTimer(kAvisoEspera_ms - ms);
+      RelojSistema().unaVez(0, &contexto_, [this] {
+        acto_.reset();
+        ocupado_.reset();
+      });
+    }
+    if (!acto_->hasExpired() || (ocupado_ && que == dicho_)) return;
+    if (ocupado_) ocupado_->ahora(que);
+    else ocupado_.emplace(persona_, que);
+    dicho_ = que;
+  }
+
+ private:
+  Mensajes& persona_;
+  QObject contexto_;
+  std::optional<QDeadlineTimer> acto_;  // of the one that waits, past once it is to be told
+  std::optional<Ocupado> ocupado_;
+  QString dicho_;
+};
+
 void SalidaSistema::terminar(int estado) {
   std::fflush(nullptr);
   std::_Exit(estado);
@@ -26,7 +56,10 @@ void SalidaSistema::terminar(int estado) {
 EntornoSistema::EntornoSistema(const QString& carpeta, std::function<QDateTime()> ahora)
     : rutas(rutasDe(carpeta)),
       impresoras(std::make_unique<ImpresorasQt>()),
-      motores(motoresDelSistema(rutas.programa, {std::move(ahora), procedimientosDeServidores(), {}})),
+      motores(motoresDelSistema(rutas.programa, {std::move(ahora),
+                                                 procedimientosDeServidores(),
+                                                 {},
+                                                 [this](const QString& que, int ms) { signo_->esperar(que, ms); }})),
       puertos(std::make_unique<PuertosSistema>(rutas.programa, impresoras.get())),
       reloj(std::make_unique<RelojSistema>()),
       mensajes(std::make_unique<MensajesVentana>()),
@@ -35,10 +68,8 @@ EntornoSistema::EntornoSistema(const QString& carpeta, std::function<QDateTime()
 }
 
 void EntornoSistema::avisarEsperas(Mensajes& persona) {
-  puertos->alEsperar = [&persona, ocupado = std::make_shared<std::optional<Ocupado>>()](const QString& que, int ms) {
-    if (que.isEmpty()) ocupado->reset();
-    else if (ms >= kAvisoEspera_ms && !*ocupado) ocupado->emplace(persona, que);
-  };
+  signo_ = std::make_unique<Signo>(persona);
+  puertos->alEsperar = [this](const QString& que, int ms) { signo_->esperar(que, ms); };
 }
 
 EntornoSistema::~EntornoSistema() = default;

@@ -25,8 +25,8 @@ struct EntornoSistema {
   explicit EntornoSistema(const QString& carpeta, std::function<QDateTime()> ahora = {});
   ~EntornoSistema();
 
-  // Says to that person, who outlives the desk, when a printer makes the desk wait for half a second. At first it is
-  // `mensajes`.
+  // Says to that person, who outlives the desk, when printers and servers make an act wait for half a second, until it
+  // ends or shows a box. At first it is `mensajes`.
   void avisarEsperas(Mensajes& persona);
 
   Rutas rutas;
@@ -36,6 +36,10 @@ struct EntornoSistema {
   std::unique_ptr<Reloj> reloj;
   std::unique_ptr<Mensajes> mensajes;
   std::unique_ptr<Salida> salida;
+
+ private:
+  class Signo;
+  std::unique_ptr<Signo> signo_;
 };
 
 // The desk's folder: TARVOPOS_HOME; else, of a program that the system's packages installed, TarvoPos in the user's own

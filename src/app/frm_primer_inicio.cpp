@@ -53,7 +53,9 @@ frmPrimerInicio::frmPrimerInicio(Puesto& p, std::function<void()> hecho, std::fu
   enlaces_.mostrar();
   // A wrapped sentence tells its height late, and the panels would be squeezed for it.
   for (Panel* panel : findChildren<Panel*>()) panel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  resize(860, sizeHint().height());
+  for (QWidget* w : findChildren<QWidget*>()) w->ensurePolished();
+  layout()->activate();
+  resize(860, layout()->totalHeightForWidth(860));
   findChild<QWidget*>(QStringLiteral("txtCaja"))->setFocus();
 }
 

@@ -23,10 +23,11 @@ frmTipoCambioLista::frmTipoCambioLista(Puesto& p, QWidget* padre)
                             nuevaLista(), padre) {
   std::vector<FilaTipoCambio> filas;
   if (LeerTiposCambio(p, filas)) llenarCon(filas, filaLista);
-  int hoy = lista().filas() - 1;  // the latest day, unless one is noted ahead
-  const QString fecha = FormatearFecha(p.reloj.now(), u"dd/mm/yyyy");
-  for (int n = 0; n < lista().filas(); ++n)
-    if (lista().fila(n).clave == fecha) hoy = n;
+  int hoy = 0;  // or the latest day before; others may be noted ahead
+  for (int n = 0; n < lista().filas(); ++n) {
+    const auto fecha = LeerFecha(lista().fila(n).clave.toString());
+    if (fecha && fecha->date() <= p.reloj.now().date()) hoy = n;
+  }
   lista().elegir(hoy);
 }
 

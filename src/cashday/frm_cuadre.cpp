@@ -184,6 +184,7 @@ QWidget* frmCuadre::nuevosProductos() {
   todo->addWidget(panel);
   auto* acepta = nuevoBoton(QStringLiteral("cmdCuadraProductos"), QStringLiteral("Aceptar"));
   todo->addLayout(filaBotones({acepta}));
+  panel->ensanchar(txtProductosNombre_);
 
   std::vector<FilaLista> filas;
   filas.reserve(v_.lvwProductos.size());

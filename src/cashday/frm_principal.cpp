@@ -140,8 +140,11 @@ void frmPrincipal::crearMenus() {
   ventaFutura_->setShortcut(Qt::CTRL | Qt::Key_F);
   demas_.push_back(
       suelta(futura, "mnuConsCtaCte", QStringLiteral("Consultas"), [this] { pantallas_.cuentasDeClientes(); }));
+  demas_.back()->setShortcut(Qt::CTRL | Qt::Key_K);
   demas_.push_back(suelta(futura, "mnuConsCtaCteCliente", QStringLiteral("Estado de Cuenta por Cliente"),
                           [this] { pantallas_.cuentaDeCliente(); }));
+  demas_.back()->setShortcut(Qt::CTRL | Qt::Key_E);
+  operaciones_[kConsultaOP]->setShortcut(Qt::CTRL | Qt::Key_O);
   demas_.push_back(
       suelta(nullptr, "mnuAcercaDe", QStringLiteral("Acerca de..."), [this] { frmAcercaDe(this).exec(); }));
   suelta(nullptr, "mnuSalir", QStringLiteral("&Salir"), [this] { p_.salida.terminar(0); });

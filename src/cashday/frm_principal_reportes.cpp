@@ -8,6 +8,7 @@
 #include "foundation/puesto.h"
 #include "platform/text/numero.h"
 #include "platform/ui/campo.h"
+#include "platform/ui/indicios.h"
 #include "platform/ui/teclas.h"
 
 // Five reports have no place in the menus: a supervisor's keys, which he sees below the buttons.
@@ -19,7 +20,8 @@ void frmPrincipal::crearTeclas() {
     teclas->agregar({Qt::CTRL | tecla, acto([this, n] { reporteParalelo(n); }), indicio});
   }
   if (Val(p_.ses.psPerfilUsuario) != kPerfilSupervisor) return;
-  auto* indicios = nuevoTexto(QStringLiteral("Reportes: ") + teclas->indicios(), QStringLiteral("suave"));
+  auto* indicios =
+      nuevoTexto(QStringLiteral("Reportes: ") + teclas->indicios().join(Indicios::kEntre), QStringLiteral("suave"));
   indicios->setObjectName(QStringLiteral("lblIndicios"));
   indicios->setAlignment(Qt::AlignCenter);
   auto* columna = static_cast<QVBoxLayout*>(centralWidget()->layout());

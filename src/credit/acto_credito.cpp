@@ -19,7 +19,10 @@ FinCredito HacerActo(Puesto& p, const QString& que, const std::function<std::opt
   acto.servidor = ServidorActo::Central;
   acto.orden = ActoDoble::LocalPrimero;
   acto.preparar = preparar;
-  const ResultadoActo r = EjecutarActo(p, acto);
+  const ResultadoActo r = [&] {
+    const Ocupado ocupado(p.mensajes, QStringLiteral("Grabando en esta caja y en la central…"));
+    return EjecutarActo(p, acto);
+  }();
   CerrarCentral(p);
   switch (r.fin) {
     case FinActo::Entero: return FinCredito::Hecho;

@@ -119,6 +119,7 @@ bool CargarDocumentoAnular(Puesto& p, AnularTransaccionCtaCte& v) {
     p.mensajes.mostrar(QStringLiteral("Valor de Numero no válido"), kMensaje);
     return true;
   }
+  const Ocupado ocupado(p.mensajes, QStringLiteral("Leyendo el documento…"));
   if (!AbrirCentralDelActo(p)) return true;
   std::optional<EstadoDocumento> d;
   std::optional<PagoGuardado> pago;

@@ -132,6 +132,7 @@ std::optional<QString> GrabarFactura(Puesto& p, CajaFacturacionPagos& v, Pantall
   (f.doc == DocCredito::FADE ? p.ses.psSerieFactura : p.ses.psSerieBoleta) = f.serie;
   if (fin == FinCredito::Hecho) ImprimirFactura(p, f);
   LimpiarFactura(p, v.factura);
+  v.factura.docUltimo = f.doc;
   v.factura.ultimo = QStringLiteral("Último: ") + PalabraDe(f.doc) + u' ' + f.serie + u'-' + NumeroEscrito(f.numero);
   return {};
 }

@@ -51,6 +51,7 @@ void InicioFacturacion(Puesto& p, CajaFacturacionPagos& v) {
   LimpiarPagos(p, v.pago);
   LimpiarNota(v.nota);
   LimpiarLiquidacion(v.liquidacion);
+  const Ocupado ocupado(p.mensajes, QStringLiteral("Leyendo la base de datos central…"));
   Conexion central;
   if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return;
   if (leerReferencias(p, central, v)) (void)CerrarNotasLiquidadas(p, central);

@@ -26,7 +26,8 @@ struct TabFacturacion : ClienteDocumento {
   QString txtRUC, DTPFechaEmision;  // dd/mm/yyyy
   int dcbTipoCredito = -1, cboTipoDocumento = -1, cboMoneda = 0;
   QString lblNroDocumento;
-  QString ultimo;         // tells of the document that was issued last
+  QString ultimo;  // tells of the document that was issued last
+  std::optional<DocCredito> docUltimo;
   RejillaLineas rejilla;  // TDGFacturacion
   QString txtSoles, txtDolares;
 };
@@ -42,7 +43,7 @@ struct TabPagos {
   bool enDolares = false;
   std::optional<double> detraccion;  // the amount of one that is pending
   QString cuentaDetraccion;
-  QString lblNroDocumento2, lblMoneda, lblSaldoSoles, lblSaldoDolares;
+  QString lblNroDocumento2, lblMoneda, lblCliente, lblSaldoSoles, lblSaldoDolares;
   bool lblDetraccion = false;  // shown, and cmdActualizarDetracc with it
   std::vector<PagoHecho> dgdPagos;
   QString DTPFechaPago;

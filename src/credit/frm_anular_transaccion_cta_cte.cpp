@@ -14,7 +14,7 @@ Lista* nuevaLista(ModoAnular modo) {
   for (const QString& t : titulos) {
     const bool importe = t.startsWith(QStringLiteral("Tot")) || t == u"Monto";
     // What is long takes more than its share.
-    const double fraccion = t == u"Cliente" ? 0.26 : t == u"FechaEmision" ? 0.16 : t == u"Local" ? 0.08 : 0.125;
+    const double fraccion = t == u"Cliente" ? 0.3 : t == u"FechaEmision" ? 0.15 : t == u"Local" ? 0.075 : 0.12;
     columnas.push_back({t, fraccion, importe});
   }
   return new Lista(QStringLiteral("dgdDetalle"), columnas);

@@ -6,13 +6,14 @@
 #include "foundation/puesto.h"
 #include "foundation/rutinas.h"
 #include "platform/ui/linea_estado.h"
+#include "platform/ui/tema.h"
 
 frmCajaFacturacionPagos::frmCajaFacturacionPagos(Puesto& p, PantallasCredito& pantallas, QWidget* padre)
     : Forma(QStringLiteral("frmCajaFacturacionPagos"), QStringLiteral("Modulo de Venta Futura"), padre),
       p_(p),
       pantallas_(pantallas) {
   InicioFacturacion(p_, v_);
-  cuerpo()->setContentsMargins(6, 8, 6, 6);
+  cuerpo()->setContentsMargins(6, tema::px(8), 6, tema::px(6));
   pestanas_ = new QTabWidget;
   pestanas_->setObjectName(QStringLiteral("SSTab1"));
   const ContextoCredito c{p_,
@@ -39,6 +40,8 @@ void frmCajaFacturacionPagos::nuevasTeclas() {
   tecla(
       Qt::Key_F2, [this] { hojas_[0]->isVisible() ? hojas_[0]->buscarDocumento() : verPestana(0); },
       QStringLiteral("cliente"));
+  tecla(Qt::Key_F3, [this] { actual().registrarCliente(); });
+  tecla(Qt::Key_F8, [this] { actual().actualizarDetraccion(); });
   tecla(
       Qt::Key_F5,
       [this] {

@@ -2,6 +2,8 @@
 
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -31,8 +33,9 @@ QTreeWidgetItem* nuevaFila(int banda, const QStringList& celdas, bool conHijos) 
   auto* fila = new QTreeWidgetItem(celdas);
   for (int c = 0; c < kColumnas; ++c) {
     fila->setBackground(c, tema::banda(banda));
-    if (c >= kVtaSoles && c <= kPagUSD) fila->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
+    if (c >= kVtaSoles) fila->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
   }
+  fila->setSizeHint(kNombre, QSize(0, tema::px(tema::kAltoFila)));  // of every row: they are all alike
   fila->setChildIndicatorPolicy(conHijos ? QTreeWidgetItem::ShowIndicator : QTreeWidgetItem::DontShowIndicator);
   return fila;
 }
@@ -68,12 +71,15 @@ void frmConsCtaCteCliente::crearArbol() {
   arbol_ = new QTreeWidget;
   arbol_->setObjectName(QStringLiteral("MSHFlexGrid2"));
   arbol_->setUniformRowHeights(true);
-  arbol_->setHeaderLabels({QStringLiteral("Cliente · Documento · Pago"), QStringLiteral("Local · Credito · Forma Pago"),
-                           QStringLiteral("Fecha"), QStringLiteral("Moneda"), QStringLiteral("Vta Soles"),
-                           QStringLiteral("Vta USD"), QStringLiteral("Pag Sol"), QStringLiteral("Pag USD"),
-                           QStringLiteral("Deuda · Estado")});
-  const int anchos[kColumnas] = {250, 104, 106, 76, 86, 78, 86, 78, 117};
+  arbol_->setHeaderLabels({QStringLiteral("Cliente\nDocumento · Pago"), QStringLiteral("Local · Credito\nForma Pago"),
+                           QStringLiteral("Fecha"), QStringLiteral("Moneda"), QStringLiteral("Vta\nSoles"),
+                           QStringLiteral("Vta\nUSD"), QStringLiteral("Pag\nSol"), QStringLiteral("Pag\nUSD"),
+                           QStringLiteral("Deuda\nEstado")});
+  arbol_->header()->setMinimumHeight(2 * QFontMetrics(arbol_->header()->font()).lineSpacing() + tema::px(12));
+  const int anchos[kColumnas] = {228, 140, 106, 78, 88, 78, 88, 78, 94};
   for (int c = 0; c < kColumnas; ++c) arbol_->setColumnWidth(c, anchos[c]);
+  for (int c = kVtaSoles; c <= kEstado; ++c)
+    arbol_->headerItem()->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
   cuerpo()->addWidget(arbol_, 1);
   connect(arbol_, &QTreeWidget::itemExpanded, this, &frmConsCtaCteCliente::abrir);
 }
@@ -88,7 +94,7 @@ bool frmConsCtaCteCliente::leer(const std::function<ErrorCuentas(Conexion&)>& le
 }
 
 void frmConsCtaCteCliente::llenar() {
-  const CursorEspera espera;
+  const Ocupado ocupado(p_.mensajes, QStringLiteral("Leyendo las cuentas…"));
   const bool leido = leer([this](Conexion& central) -> ErrorCuentas {
     if (auto error = LeerCuentas(central, cuentas_)) return error;
     return LeerTotales(central, cuentas_, 0, kTanda);
@@ -131,7 +137,6 @@ void frmConsCtaCteCliente::mostrarTotales(size_t desde, size_t hasta) {
     fila->setText(kVtaSoles, dinero(cuentas_[n].ventas));
     fila->setText(kPagSol, dinero(cuentas_[n].pagos));
     fila->setText(kEstado, dinero(cuentas_[n].deuda()));
-    fila->setTextAlignment(kEstado, Qt::AlignRight | Qt::AlignVCenter);
   }
   barra_->setValue(static_cast<int>(conTotales_));
   barra_->setVisible(conTotales_ < cuentas_.size());
@@ -139,7 +144,7 @@ void frmConsCtaCteCliente::mostrarTotales(size_t desde, size_t hasta) {
 
 void frmConsCtaCteCliente::abrir(QTreeWidgetItem* fila) {
   if (fila->data(0, kCargada).toBool()) return;
-  const CursorEspera espera;
+  const Ocupado ocupado(p_.mensajes, QStringLiteral("Leyendo la cuenta…"));
   if (fila->parent()) abrirDocumento(fila);
   else abrirCliente(fila, fila->data(0, kLugar).toULongLong());
 }

@@ -1,9 +1,11 @@
 #include "credit/frm_consulta_cta_cte_cliente.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "foundation/puesto.h"
 #include "platform/ui/lista.h"
 
 namespace {
@@ -39,7 +41,7 @@ frmConsultaCtaCteCliente::frmConsultaCtaCteCliente(Puesto& p, BuscadorClientes& 
                  {QStringLiteral("Documento"), QStringLiteral("Serie"), QStringLiteral("Numero"),
                   QStringLiteral("Fec Emision"), QStringLiteral("Moneda"), QStringLiteral("Total Vta"),
                   QStringLiteral("Total Vta USD"), QStringLiteral("M. Restante"), QStringLiteral("M. Restante USD")},
-                 {0.11, 0.06, 0.09, 0.12, 0.1, 0.11, 0.14, 0.12, 0.15},
+                 {0.11, 0.06, 0.085, 0.12, 0.095, 0.105, 0.14, 0.12, 0.165},
                  {false, false, false, false, false, true, true, true, true});
   documentos_->textoVacio = QStringLiteral("Escriba una tarjeta y pulse Enter, y luego Consultar");
   cuerpo()->addWidget(documentos_, 3);
@@ -48,13 +50,13 @@ frmConsultaCtaCteCliente::frmConsultaCtaCteCliente(Puesto& p, BuscadorClientes& 
       "dgdPagos",
       {QStringLiteral("Serie"), QStringLiteral("Numero"), QStringLiteral("Fecha"), QStringLiteral("Forma de Pago"),
        QStringLiteral("Documento"), QStringLiteral("Monto"), QStringLiteral("Moneda"), QStringLiteral("Anulado")},
-      {0.08, 0.1, 0.12, 0.18, 0.18, 0.12, 0.1, 0.12}, {false, false, false, false, false, true, false, false});
+      {0.06, 0.085, 0.115, 0.225, 0.215, 0.1, 0.09, 0.11}, {false, false, false, false, false, true, false, false});
   cuerpo()->addWidget(pagos_, 2);
   connect(consulta, &QPushButton::clicked, this, &frmConsultaCtaCteCliente::consultar);
   connect(busca, &QPushButton::clicked, this, &frmConsultaCtaCteCliente::buscarCliente);
   connect(salir, &QPushButton::clicked, this, &QDialog::reject);
   connect(imprimir_, &QPushButton::clicked, this, [this] {
-    const CursorEspera espera;
+    const Ocupado ocupado(p_.mensajes, QStringLiteral("Imprimiendo el estado de cuenta…"));
     VerReporteCuenta(p_, v_);
   });
   connect(documentos_, &Lista::cambioActual, this, [this] { mostrarPagos(); });
@@ -80,6 +82,9 @@ void frmConsultaCtaCteCliente::crearCliente() {
   pedido.local = QStringLiteral("&Local:");
   pedido.con = [this](const std::function<void()>& accion) { con(accion); };
   cliente_ = nuevosControlesCliente(panel, enlaces_, p_, v_.cliente, pantallas_, pedido);
+  cliente_.txtTarjeta->setFixedWidth(120);
+  cliente_.txtLocal->setFixedWidth(56);
+  panel->ensanchar(cliente_.txtNombres);
   cuerpo()->addWidget(panel);
 }
 
@@ -115,7 +120,7 @@ void frmConsultaCtaCteCliente::buscarCliente() {
 }
 
 void frmConsultaCtaCteCliente::consultar() {
-  const CursorEspera espera;
+  const Ocupado ocupado(p_.mensajes, QStringLiteral("Leyendo la cuenta…"));
   con([this] { ConsultarCuenta(p_, v_); });
   documentos_->textoVacio = QStringLiteral("Sin documentos");
   std::vector<FilaLista> filas;

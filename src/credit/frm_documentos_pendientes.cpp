@@ -1,21 +1,31 @@
 #include "credit/frm_documentos_pendientes.h"
 
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "foundation/puesto.h"
 #include "platform/ui/lista.h"
 #include "platform/ui/tema.h"
 
 namespace {
 
+// Ten columns fit on the screen only with titles of two lines.
+QString enDosRenglones(QString titulo) {
+  const qsizetype blanco = titulo.lastIndexOf(u' ');
+  return blanco < 0 ? titulo : titulo.replace(blanco, 1, u'\n');
+}
+
 Lista* nuevaLista(const ClasePendientes& clase, const Recordset& rs) {
   std::vector<ColumnaLista> columnas;
   for (const ColumnaPendientes& c : clase.columnas) {
     const bool importe = c.clase == ColumnaPendientes::Importe;
-    columnas.push_back({c.titulo.isEmpty() ? rs.campos().value(c.posicion) : c.titulo, c.fraccion, importe,
+    const QString titulo = c.titulo.isEmpty() ? rs.campos().value(c.posicion) : c.titulo;
+    columnas.push_back({enDosRenglones(titulo), c.fraccion, importe,
                         importe                               ? ColumnaLista::Numero
                         : c.clase == ColumnaPendientes::Fecha ? ColumnaLista::Fecha
                                                               : ColumnaLista::Texto});
@@ -28,7 +38,7 @@ Lista* nuevaLista(const ClasePendientes& clase, const Recordset& rs) {
 frmDocumentosPendientes::frmDocumentosPendientes(Puesto& p, PendientesDe para, DocCredito doc, QWidget* padre)
     : Forma(ClaseDe(para).pantalla, ClaseDe(para).titulo, padre) {
   {
-    const CursorEspera espera;
+    const Ocupado ocupado(p.mensajes, QStringLiteral("Buscando los documentos…"));
     d_ = LeerPendientes(p, para, doc);
   }
   auto* fila = new QHBoxLayout;
@@ -40,6 +50,7 @@ frmDocumentosPendientes::frmDocumentosPendientes(Puesto& p, PendientesDe para, D
   fila->addWidget(txtCliente_, 1);
   cuerpo()->addLayout(fila);
   lista_ = nuevaLista(ClaseDe(para), d_.rs);
+  lista_->horizontalHeader()->setFixedHeight(tema::px(46));
   lista_->textoVacio = QStringLiteral("Sin documentos pendientes");
   cuerpo()->addWidget(lista_, 1);
   cuenta_ = nuevoTexto({}, QStringLiteral("suave"));

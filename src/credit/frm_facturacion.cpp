@@ -1,9 +1,16 @@
 // The tab "Facturacion".
 #include "credit/facturacion.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
 #include "credit/frm_pestana_credito.h"
 #include "foundation/puesto.h"
 #include "foundation/rutinas.h"
 #include "loyalty/frm_cliente_documento.h"
+#include "platform/ui/tema.h"
 
 namespace {
 
@@ -16,8 +23,8 @@ class PestanaFacturacion final : public PestanaCredito {
         tipo_(c, QStringLiteral("cboTipoDocumento"), v_.cboTipoDocumento),
         moneda_(c, QStringLiteral("cboMoneda"), v_.cboMoneda) {
     auto* v = new QVBoxLayout(this);
-    v->setContentsMargins(4, 6, 4, 6);
-    v->setSpacing(6);
+    v->setContentsMargins(4, tema::px(6), 4, tema::px(6));
+    v->setSpacing(tema::px(6));
     v->addWidget(nuevoCliente());
     auto* fila = new QHBoxLayout;
     fila->setSpacing(8);
@@ -64,18 +71,29 @@ class PestanaFacturacion final : public PestanaCredito {
     window()->activateWindow();
   }
   void reimprimir() override {
-    const auto doc = DocCreditoDe(v_.cboTipoDocumento);
+    // The tab is empty behind a commit: the copy asked for then is that of the last document.
+    const auto doc = v_.cboTipoDocumento < 0 ? v_.docUltimo : DocCreditoDe(v_.cboTipoDocumento);
     if (!doc) {
       c_.p.mensajes.mostrar(QStringLiteral("Debe elegir un tipo de documento...!"), QStringLiteral("Mensaje"));
       c_.enfocar(QStringLiteral("cboTipoDocumento"));
       return;
     }
-    pedirCopia(QStringLiteral("Número de la ") + PalabraDe(*doc) + QStringLiteral(" (serie-número):"),
-               v_.ultimo.section(u' ', 2), [&](const QString& serie, const QString& numero) {
-                 return ReimprimirFactura(c_.p, *doc, serie, numero);
-               });
+    pedirCopia(
+        QStringLiteral("Número de la ") + PalabraDe(*doc) + QStringLiteral(" (serie-número):"),
+        doc == v_.docUltimo ? v_.ultimo.section(u' ', 2) : QString(),
+        [&](const QString& serie, const QString& numero) { return ReimprimirFactura(c_.p, *doc, serie, numero); });
+  }
+  void registrarCliente() override {
+    const auto elegida = c_.pantallas.nuevoCliente();
+    window()->activateWindow();
+    if (elegida) tomar(*elegida);
   }
   bool alEntrar(QWidget* campo) override {
+    // Behind the currency come the articles, not the button that voids.
+    if (campo == moneda_.control()) {
+      c_.enfocar(QStringLiteral("TDGFacturacion"));
+      return true;
+    }
     if (!cliente_.buscaDesde(campo)) return false;
     ResultadoTarjeta r{};
     c_.con([&] { r = BuscaTarjeta(c_.p, v_, c_.pantallas); });
@@ -95,7 +113,7 @@ class PestanaFacturacion final : public PestanaCredito {
     panel->ensanchar(cliente_.txtNombres);
     cliente_.txtLocal->setFixedWidth(48);
     auto* busca = nuevoBoton(QStringLiteral("txtBuscaCliente"), QStringLiteral("Buscar (F2)"));
-    auto* nuevo = nuevoBoton(QStringLiteral("cmdNuevoCliente"), QStringLiteral("Nuevo Cliente"));
+    auto* nuevo = nuevoBoton(QStringLiteral("cmdNuevoCliente"), QStringLiteral("Nuevo Cliente (F3)"));
     auto* botones = new QWidget;
     auto* h = new QHBoxLayout(botones);
     h->setContentsMargins(0, 0, 0, 0);
@@ -103,11 +121,7 @@ class PestanaFacturacion final : public PestanaCredito {
     h->addWidget(nuevo);
     panel->agregar({}, botones);
     connect(busca, &QPushButton::clicked, this, [this] { buscarDocumento(); });
-    connect(nuevo, &QPushButton::clicked, this, [this] {
-      const auto elegida = c_.pantallas.nuevoCliente();
-      window()->activateWindow();
-      if (elegida) tomar(*elegida);
-    });
+    connect(nuevo, &QPushButton::clicked, this, [this] { registrarCliente(); });
     return panel;
   }
   QWidget* nuevoCredito() {

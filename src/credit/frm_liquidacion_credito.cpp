@@ -1,5 +1,8 @@
 // The tab "Liquidacion".
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 #include "credit/frm_pestana_credito.h"
 #include "credit/liquidacion_credito.h"
@@ -7,22 +10,23 @@
 #include "foundation/puesto.h"
 #include "foundation/rutinas.h"
 #include "platform/ui/lista.h"
+#include "platform/ui/tema.h"
 
 namespace {
 
 std::vector<ColumnaLista> columnasDe(int lista) {
-  std::vector<ColumnaLista> columnas{{QStringLiteral("TX"), 0.08},
-                                     {QStringLiteral("Tipo"), 0.08},
-                                     {QStringLiteral("Doc"), 0.15},
-                                     {QStringLiteral("Tarjeta"), 0.12},
-                                     {QStringLiteral("Total(S/.)"), 0.12, true, ColumnaLista::Numero},
-                                     {QStringLiteral("Fecha"), 0.12, false, ColumnaLista::Fecha}};
+  std::vector<ColumnaLista> columnas{{QStringLiteral("TX"), 0.07},
+                                     {QStringLiteral("Tipo"), 0.07},
+                                     {QStringLiteral("Doc"), 0.12},
+                                     {QStringLiteral("Tarjeta"), 0.11},
+                                     {QStringLiteral("Total(S/.)"), 0.11, true, ColumnaLista::Numero},
+                                     {QStringLiteral("Fecha"), 0.11, false, ColumnaLista::Fecha}};
   if (lista == 1) {
     columnas.push_back({QStringLiteral("FADE/BADE"), 0.14});
     return columnas;
   }
   columnas.push_back({QStringLiteral("Monto Orig."), 0.13, true});
-  columnas.push_back({QStringLiteral("Cliente - Glosa"), 0.2});
+  columnas.push_back({QStringLiteral("Cliente - Glosa"), 0.28});
   return columnas;
 }
 
@@ -38,8 +42,8 @@ class PestanaLiquidacion final : public PestanaCredito {
   explicit PestanaLiquidacion(const ContextoCredito& c)
       : PestanaCredito(c), v_(c.v.liquidacion), tipo_(c, QStringLiteral("cboTipoDocumento3"), v_.cboTipoDocumento3) {
     auto* v = new QVBoxLayout(this);
-    v->setContentsMargins(4, 6, 4, 6);
-    v->setSpacing(6);
+    v->setContentsMargins(4, tema::px(6), 4, tema::px(6));
+    v->setSpacing(tema::px(6));
     v->addWidget(nuevoDocumento());
     v->addWidget(nuevaLista(0, "Sin documento: F6 para buscar", "Total FADE/BADE (S/.):", "txtTotalPA", v_.txtTotalPA),
                  2);

@@ -1,11 +1,15 @@
 // The tab "Nota de Consumo".
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 #include "credit/frm_pestana_credito.h"
 #include "credit/nota_consumo.h"
 #include "foundation/puesto.h"
 #include "platform/text/numero.h"
 #include "platform/ui/lista.h"
+#include "platform/ui/tema.h"
 
 namespace {
 
@@ -26,8 +30,8 @@ class PestanaNota final : public PestanaCredito {
           v_.cboTipoDocumento2 = elegido;
         }) {
     auto* v = new QVBoxLayout(this);
-    v->setContentsMargins(4, 6, 4, 6);
-    v->setSpacing(6);
+    v->setContentsMargins(4, tema::px(6), 4, tema::px(6));
+    v->setSpacing(tema::px(6));
     v->addWidget(nuevoDocumento());
     v->addWidget(nuevasLineas(), 2);
     v->addWidget(nuevoConsumo(), 3);
@@ -66,12 +70,13 @@ class PestanaNota final : public PestanaCredito {
     auto* busca = nuevoBoton(QStringLiteral("cmdBuscarDocumentoNC"), QStringLiteral("Buscar (F6)"));
     panel->agregar({}, busca);
     rotulo(panel, "lblNroDocumentoNC", u"Nro Documento:", v_.lblNroDocumentoNC);
-    rotulo(panel, "lblClienteNC", u"Cliente:", v_.lblClienteNC);
-    rotulo(panel, "lblLocalNC", u"Local:", v_.lblLocalNC);
     rotulo(panel, "lblFecEmisionNC", u"F. de Emision:", v_.lblFecEmisionNC);
-    rotulo(panel, "lblCreditoaNC", u"Credito a:", v_.lblCreditoaNC);
     importe(panel, "txtMontoDocumento", u"Monto Documento:", v_.txtMontoDocumento);
     importe(panel, "txtMontoPorConsumirDocumento", u"Monto Por Consumir:", v_.txtMontoPorConsumirDocumento);
+    agregarFilaDeTextos(panel, c_.enlaces,
+                        {{"lblLocalNC", u"Local:", v_.lblLocalNC},
+                         {"lblCreditoaNC", u"Credito a:", v_.lblCreditoaNC},
+                         {"lblClienteNC", u"Cliente:", v_.lblClienteNC}});
     connect(busca, &QPushButton::clicked, this, [this] { buscarDocumento(); });
     return panel;
   }
@@ -79,6 +84,7 @@ class PestanaNota final : public PestanaCredito {
     auto* panel = nuevoPanelCredito(QStringLiteral("Artículos del documento: Enter lo pasa a la nota"), 1);
     lineas_ = new Lista(QStringLiteral("lvwLineas"), columnasLineas());
     lineas_->textoVacio = QStringLiteral("Elija el documento");
+    lineas_->setMinimumHeight(tema::px(64));
     panel->agregar({}, lineas_);
     connect(lineas_, &Lista::elegida, this, [this](int linea) { tomarLinea(linea); });
     return panel;

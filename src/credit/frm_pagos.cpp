@@ -1,11 +1,16 @@
 // The tab "Pagos a Cuenta".
 #include <QCheckBox>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 #include "credit/frm_pestana_credito.h"
 #include "credit/pagos.h"
 #include "foundation/puesto.h"
 #include "platform/ui/lista.h"
+#include "platform/ui/tema.h"
 
 namespace {
 
@@ -29,8 +34,8 @@ class PestanaPagos final : public PestanaCredito {
         tarjeta_(c, QStringLiteral("dcbTarjeta"), v_.dcbTarjeta),
         moneda_(c, QStringLiteral("cboMoneda1"), v_.cboMoneda1) {
     auto* v = new QVBoxLayout(this);
-    v->setContentsMargins(4, 6, 4, 6);
-    v->setSpacing(6);
+    v->setContentsMargins(4, tema::px(6), 4, tema::px(6));
+    v->setSpacing(tema::px(6));
     auto* fila = new QHBoxLayout;
     fila->setSpacing(8);
     fila->addWidget(nuevoDocumento(), 1);
@@ -94,6 +99,13 @@ class PestanaPagos final : public PestanaCredito {
                [this](const QString& serie, const QString& numero) { return ReimprimirRecibo(c_.p, serie, numero); });
   }
 
+  void actualizarDetraccion() override {
+    if (!v_.lblDetraccion) return;
+    c_.con([this] { ActualizarDetraccion(c_.p, v_); });
+    window()->activateWindow();
+    c_.enfocar(primerControl());
+  }
+
  private:
   QWidget* nuevoDocumento() {
     auto* panel = nuevoPanelCredito(QStringLiteral("Datos de la Boleta/Factura"), 3);
@@ -101,20 +113,18 @@ class PestanaPagos final : public PestanaCredito {
     auto* busca = nuevoBoton(QStringLiteral("cmdBuscarDocumento"), QStringLiteral("Buscar (F6)"));
     panel->agregar({}, busca);
     panel->saltar();
-    rotulo(panel, QStringLiteral("lblNroDocumento2"), QStringLiteral("Nro Documento:"), v_.lblNroDocumento2);
-    rotulo(panel, QStringLiteral("lblMoneda"), QStringLiteral("Moneda:"), v_.lblMoneda);
-    panel->saltar();
     lblDetraccion_ =
         nuevoTexto(QStringLiteral("(*) El documento registra pago de detracción pendiente"), QStringLiteral("cuidado"));
     lblDetraccion_->setObjectName(QStringLiteral("lblDetraccion"));
     panel->agregar({}, lblDetraccion_);
-    actualizar_ = nuevoBoton(QStringLiteral("cmdActualizarDetracc"), QStringLiteral("Actualizar Pago Detracc."));
+    actualizar_ = nuevoBoton(QStringLiteral("cmdActualizarDetracc"), QStringLiteral("Actualizar Pago Detracc. (F8)"));
     panel->agregar({}, actualizar_);
+    agregarFilaDeTextos(panel, c_.enlaces,
+                        {{"lblNroDocumento2", u"Nro Documento:", v_.lblNroDocumento2},
+                         {"lblMoneda", u"Moneda:", v_.lblMoneda},
+                         {"lblCliente", u"Cliente:", v_.lblCliente}});
     connect(busca, &QPushButton::clicked, this, [this] { buscarDocumento(); });
-    connect(actualizar_, &QPushButton::clicked, this, [this] {
-      c_.con([this] { ActualizarDetraccion(c_.p, v_); });
-      window()->activateWindow();
-    });
+    connect(actualizar_, &QPushButton::clicked, this, [this] { actualizarDetraccion(); });
     return panel;
   }
   QWidget* nuevoSaldo() {
@@ -146,8 +156,10 @@ class PestanaPagos final : public PestanaCredito {
   QWidget* nuevoRegistro() {
     auto* panel = nuevoPanelCredito(QStringLiteral("Registro de Pago:"), 3);
     Campo* fecha = panel->campo(QStringLiteral("DTPFechaPago"), QStringLiteral("Fecha de Pago:"));
+    fecha->setFixedWidth(120);
     c_.enlaces.texto(fecha, v_.DTPFechaPago);
     panel->agregar(QStringLiteral("Forma de Pago:"), forma_.control());
+    panel->ensanchar(forma_.control());
     panel->agregar(QStringLiteral("Moneda:"), moneda_.control());
     panel->saltar();
     soles_ =
@@ -170,7 +182,7 @@ class PestanaPagos final : public PestanaCredito {
     auto* fila = new QWidget;
     auto* h = new QHBoxLayout(fila);
     h->setContentsMargins(0, 0, 0, 0);
-    fila->setMinimumHeight(34);
+    fila->setMinimumHeight(tema::px(34));
     const auto poner = [h](std::vector<QWidget*>& grupo, const char* nombre, const char16_t* etiqueta, QWidget* w) {
       auto* l = nuevoTexto(QString::fromUtf16(etiqueta));
       l->setObjectName(QString::fromLatin1(nombre));
@@ -213,9 +225,6 @@ class PestanaPagos final : public PestanaCredito {
     return fila;
   }
 
-  void rotulo(Panel* panel, const QString& nombre, const QString& etiqueta, const QString& texto) {
-    agregarRotulo(panel, nombre, etiqueta, c_.enlaces, texto);
-  }
   void mostrarPagos() {
     std::vector<FilaLista> filas;
     for (const PagoHecho& g : v_.dgdPagos) {

@@ -2,8 +2,13 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QFrame>
 #include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
 #include <QSignalBlocker>
+#include <QVBoxLayout>
 
 #include "documento/frm_lineas.h"
 #include "foundation/puesto.h"
@@ -50,10 +55,10 @@ QStringList TextosDe(const std::vector<Referencia>& lista) {
 
 Panel* nuevoPanelCredito(const QString& titulo, int pares) {
   auto* panel = new Panel(titulo, pares);
-  panel->layout()->setContentsMargins(8, 6, 8, 8);
+  panel->layout()->setContentsMargins(8, tema::px(6), 8, tema::px(8));
   if (auto* g = panel->findChild<QGridLayout*>()) {
     g->setHorizontalSpacing(2 * tema::kPaso);
-    g->setVerticalSpacing(tema::kPaso);
+    g->setVerticalSpacing(tema::px(tema::kPaso));
   }
   return panel;
 }
@@ -66,6 +71,26 @@ void agregarRotulo(Panel* panel, const QString& nombre, const QString& etiqueta,
   l->setMinimumWidth(84);
   enlaces.rotulo(l, texto);
   panel->agregar(etiqueta, l);
+}
+
+void agregarFilaDeTextos(Panel* panel, Enlaces& enlaces, std::initializer_list<TextoDeFila> textos) {
+  auto* fila = new QWidget;
+  auto* h = new QHBoxLayout(fila);
+  h->setContentsMargins(0, 0, 0, 0);
+  h->setSpacing(2 * tema::kPaso);
+  for (const TextoDeFila* t = textos.begin(); t != textos.end(); ++t) {
+    const bool ultimo = t + 1 == textos.end();
+    auto* l = nuevoTexto({});
+    l->setObjectName(QString::fromLatin1(t->nombre));
+    l->setTextFormat(Qt::PlainText);
+    if (ultimo) l->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    else l->setMinimumWidth(84);
+    enlaces.rotulo(l, t->texto);
+    h->addWidget(nuevoTexto(QString::fromUtf16(t->etiqueta)));
+    h->addWidget(l, ultimo ? 1 : 0);
+    if (!ultimo) h->addSpacing(3 * tema::kPaso);
+  }
+  static_cast<QVBoxLayout*>(panel->layout())->addWidget(fila);
 }
 
 Campo* campoImporte(Panel* panel, const QString& nombre, const QString& etiqueta, Enlaces& enlaces, QString& texto) {
@@ -102,8 +127,9 @@ DetalleLineas::DetalleLineas(const ContextoCredito& c, const QString& nombre, co
     : c_(c), l_(l), alCambiar_(std::move(alCambiar)), rejilla_(nuevaRejillaLineas(nombre, c.p, l)) {
   auto* v = new QVBoxLayout(this);
   v->setContentsMargins(0, 0, 0, 0);
-  v->setSpacing(6);
+  v->setSpacing(tema::px(6));
   rejilla_->textoVacio = QStringLiteral("Sin artículos: F5 para agregar");
+  rejilla_->setMinimumHeight(tema::px(80));  // its titles and a line
   rejilla_->salir = [this](int f, int col, QString& texto) { return salirCelda(f, col, texto); };
   rejilla_->pulsar = [this](int fila, int) { buscarArticulo(fila); };
   v->addWidget(rejilla_, 1);
@@ -178,7 +204,7 @@ void PestanaCredito::pedirCopia(const QString& pregunta, const QString& porDefec
     c_.p.mensajes.mostrar(QStringLiteral("Escriba la serie, un guion y el número: 001-000012"));
     return;
   }
-  const CursorEspera espera;
+  const Ocupado ocupado(c_.p.mensajes, QStringLiteral("Imprimiendo la copia…"));
   (void)imprimir(Recortar(numero->left(guion)), Recortar(numero->mid(guion + 1)));
 }
 

@@ -40,6 +40,14 @@ inline const QStringList kMonedas{QStringLiteral("SOLES"), QStringLiteral("DOLAR
 void agregarRotulo(Panel* panel, const QString& nombre, const QString& etiqueta, Enlaces& enlaces,
                    const QString& texto);
 
+// A row over the whole width of a card, with texts of that kind: {name, caption, text}. The last one takes the rest.
+struct TextoDeFila {
+  const char* nombre;
+  const char16_t* etiqueta;
+  const QString& texto;
+};
+void agregarFilaDeTextos(Panel* panel, Enlaces& enlaces, std::initializer_list<TextoDeFila> textos);
+
 // A card with less room around than a panel takes by itself: four of them stand on a tab.
 Panel* nuevoPanelCredito(const QString& titulo, int pares);
 Campo* campoImporte(Panel* panel, const QString& nombre, const QString& etiqueta, Enlaces& enlaces, QString& texto);
@@ -86,6 +94,8 @@ class PestanaCredito : public QWidget {
   virtual void buscarDocumento() {}
   virtual void anular() {}
   virtual void reimprimir() {}
+  virtual void registrarCliente() {}
+  virtual void actualizarDetraccion() {}
   virtual DetalleLineas* detalle() { return nullptr; }
   // Enter on a field that has a way of its own. True: dealt with.
   virtual bool alEntrar(QWidget*) { return false; }

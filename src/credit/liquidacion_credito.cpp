@@ -90,6 +90,7 @@ double suma(const std::vector<LineaLQ>& lista) {
 
 // The document and its notes, over one connection; false when there is nothing to add, which has been told.
 bool leerConNotas(Puesto& p, qint64 codigo, EstadoDocumento& documento, std::vector<LineaLQ>& notas) {
+  const Ocupado ocupado(p.mensajes, QStringLiteral("Leyendo el documento…"));
   Conexion central;
   if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true) ||
       !LeerAbierto(p, central, DeCodigo(codigo), documento)) {

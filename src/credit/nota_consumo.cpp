@@ -33,6 +33,7 @@ LineaVendida lineaVendida(const Recordset::Fila& f) {
 
 // The document with its lines, over one connection; false when it can't be had, and the box has been shown.
 bool leer(Puesto& p, TabNota& v, const DocumentoPorConsumir& d) {
+  const Ocupado ocupado(p.mensajes, QStringLiteral("Leyendo el documento…"));
   Conexion central;
   if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return false;
   EstadoDocumento e;

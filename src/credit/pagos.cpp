@@ -1,5 +1,7 @@
 #include "credit/pagos.h"
 
+#include <utility>
+
 #include "credit/acto_credito.h"
 #include "credit/detraccion.h"
 #include "credit/estado_documento.h"
@@ -41,6 +43,7 @@ void mostrarEstado(TabPagos& v, const EstadoDocumento& e) {
   v.detraccion = e.detraccion;
   v.lblNroDocumento2 = e.serie + u'-' + e.numero;
   v.lblMoneda = e.enDolares ? QStringLiteral("DOLARES") : QStringLiteral("SOLES");
+  v.lblCliente = e.cliente;
   v.lblSaldoSoles = Formatear(e.saldo(), kImporte);
   v.lblSaldoDolares = Formatear(e.saldoUSD(), kImporte);
   v.cboTipoDocumento1 = e.doc == DocCredito::FADE ? 0 : 1;
@@ -48,6 +51,7 @@ void mostrarEstado(TabPagos& v, const EstadoDocumento& e) {
 }
 
 bool leer(Puesto& p, TabPagos& v, const DocumentoPorPagar& d) {
+  const Ocupado ocupado(p.mensajes, QStringLiteral("Leyendo el documento…"));
   Conexion central;
   if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return false;
   const auto doc = DocCreditoDe(d.TipoDoc).value_or(DocCredito::FADE);
@@ -86,10 +90,9 @@ std::optional<QString> BuscarDocumentoPago(Puesto& p, CajaFacturacionPagos& v, P
   return v.pago.documento ? QStringLiteral("dcbFormaPago") : QStringLiteral("cboTipoDocumento1");
 }
 
-void CargarPagos(Puesto& p, TabPagos& v, const DocumentoPorPagar& documento) {
-  const DocumentoPorPagar d = documento;  // may be the tab's own
+void CargarPagos(Puesto& p, TabPagos& v, DocumentoPorPagar documento) {
   LimpiarPagos(p, v);
-  if (leer(p, v, d)) v.documento = d;
+  if (leer(p, v, documento)) v.documento = std::move(documento);
   else LimpiarPagos(p, v);
 }
 

@@ -9,7 +9,7 @@ std::optional<QString> BuscarDocumentoPago(Puesto& p, CajaFacturacionPagos& v, P
 
 // Payments, balances and detraction of the document, as they are now. Without the central database the tab is empty
 // and the box has been shown.
-void CargarPagos(Puesto& p, TabPagos& v, const DocumentoPorPagar& documento);
+void CargarPagos(Puesto& p, TabPagos& v, DocumentoPorPagar documento);
 
 // What follows a choice in dcbFormaPago, dcbBanco and cboMoneda1, and a change of the amount in its currency.
 void CambiarForma(CajaFacturacionPagos& v);

@@ -10,6 +10,7 @@ namespace {
 void ponerCopia(CommitDocumento& c, const std::optional<DatosCopia>& copia) {
   if (!copia) return;
   c.momentoImpreso = copia->momento;
+  c.sinHora = copia->momento.time() == QTime(0, 0);
   c.usuario = copia->usuario;
   c.turno = copia->turno;
   c.totales.push_back({QStringLiteral(" COPIA"), {}, false, true});

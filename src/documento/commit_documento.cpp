@@ -76,6 +76,7 @@ bool ImprimirTicket(Puesto& p, CommitDocumento& c) {
   t.totales = c.totales;
   t.puntos = c.puntos;
   t.momento = c.momentoImpreso.value_or(p.reloj.now());
+  t.sinHora = c.sinHora;
   t.supervisor = c.supervisor;
   t.usuario = c.usuario.isEmpty() ? p.ses.psUsuario : c.usuario;
   t.caja = p.ses.psCaja;

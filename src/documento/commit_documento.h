@@ -22,6 +22,7 @@ struct CommitDocumento {
   std::vector<RenglonTotal> totales;
   std::optional<PuntosTicket> puntos;
   std::optional<QDateTime> momentoImpreso;  // of a copy, that of its document; else the present one
+  bool sinHora = false;                     // the document keeps its day only
   QString usuario, turno;                   // of a copy as well; "" for those of the session
 
   double total = 0;  // soles: the figure that earns points

@@ -4,7 +4,9 @@
 #include "platform/text/numero.h"
 
 bool PreguntarDesmesura(Puesto& p, int cantidad, double importe) {
-  return p.mensajes.preguntar(QStringLiteral("La línea queda en %1 unidades por S/. %2.\n¿Es correcto?")
-                                  .arg(Formatear(cantidad, u"###,###,##0"), Formatear(importe, u"###,###,###,##0.00")),
+  const QString unidades =
+      cantidad == 1 ? QStringLiteral("1 unidad") : Formatear(cantidad, u"###,###,##0") + QStringLiteral(" unidades");
+  return p.mensajes.preguntar(QStringLiteral("La línea queda en %1 por S/. %2.\n¿Es correcto?")
+                                  .arg(unidades, Formatear(importe, u"###,###,###,##0.00")),
                               Mensajes::kTitulo, false);
 }

@@ -83,7 +83,7 @@ QString cantidad(const DatosTicket& t) {
 QString puntos(const DatosTicket& t) { return t.puntos ? LineasPuntos(*t.puntos) : QString(); }
 
 QString momento(const DatosTicket& t) {
-  return Espacios(9) + FormatearFecha(t.momento, u"(DDD) DD/MM/YYYY ") + FormatearFecha(t.momento, u"hh:mm") + kFin;
+  return Espacios(9) + FormatearFecha(t.momento, t.sinHora ? u"(DDD) DD/MM/YYYY" : u"(DDD) DD/MM/YYYY hh:mm") + kFin;
 }
 
 QString supervisor(const DatosTicket& t) {

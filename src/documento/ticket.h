@@ -83,7 +83,8 @@ struct DatosTicket {
   // Close
   std::optional<PuntosTicket> puntos;
   QDateTime momento;
-  QString supervisor;  // "" when nothing had to be authorised
+  bool sinHora = false;  // only its day is known
+  QString supervisor;    // "" when nothing had to be authorised
   QString usuario, caja, turno, correlativo;
   QString lema = TextosPapel().Lema;
 };

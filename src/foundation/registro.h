@@ -11,6 +11,8 @@ class Registro {
   void RegistrarErrorLog(const QString& texto);
   // Imp_yyyymmdd.log: the way of each paper to its printer.
   void RegistrarImpresion(const QString& texto);
+  // Takes away the desk's daily logs, those of the synchronisation too, of more than `dias` days ago by their names.
+  void BorrarViejos(int dias);
 
  private:
   void agregar(const QString& tronco, const QString& texto);

@@ -120,6 +120,7 @@ void frmCliente::crearDatos() {
   panel->setObjectName(QStringLiteral("datos"));
   Campo* tarjeta = texto(panel, QStringLiteral("txtTarjeta"), QStringLiteral("Nuevo Nro. &Tarjeta"), v_.txtTarjeta);
   tarjeta->filtro = [](QChar t) { return t.isDigit() ? t : QChar(); };
+  panel->findChild<QLabel*>()->setMinimumWidth(tema::px(164));
   txtApellidos_ = texto(panel, QStringLiteral("txtApellidos"), QStringLiteral("Ape&llidos"), v_.txtApellidos);
   txtNombres_ = texto(panel, QStringLiteral("txtNombres"), QStringLiteral("&Nombres"), v_.txtNombres);
   texto(panel, QStringLiteral("txtDireccion"), QStringLiteral("&Dirección"), v_.txtDireccion);

@@ -4,6 +4,7 @@
 
 #include "documento/tarjeta.h"
 #include "foundation/puesto.h"
+#include "foundation/transaccion.h"
 #include "loyalty/acumulacion.h"
 #include "loyalty/cliente_bd.h"
 #include "platform/text/fecha.h"
@@ -133,7 +134,16 @@ bool extornar(Puesto& p, const QString& tarjeta, double total, int idLocal, cons
   const Sql resta = FormatearSQL(u" Update Cliente set  nPuntCant= (nPuntCant - $)  Where cClieCode=$ AND IdLocal = $"
                                  " AND iTipo=$"_sql,
                                  {CalcularPuntos(p, total), Cifras(cliente), idLocal, kClienteConPuntos});
-  return EjecutarEnCliente(p, {borra, resta}) == ResultadoCliente::Hecho;
+  // A sale that died before its points have come gives none back.
+  const auto quitar = [&](Sql& laQueFallo) -> std::optional<ErrorBD> {
+    qint64 borradas = 0;
+    if (auto e = p.poCnnCliente.ejecutar(borra, &borradas)) {
+      laQueFallo = borra;
+      return e;
+    }
+    return borradas == 0 ? std::nullopt : EjecutarTodas(p.poCnnCliente, {resta}, &laQueFallo);
+  };
+  return ActuarEnCliente(p, quitar) == ResultadoCliente::Hecho;
 }
 
 }  // namespace

@@ -37,9 +37,9 @@ QWidget* frmCajaRegistradoraFull::nuevaCabecera() {
   h->setContentsMargins(0, 0, 0, 0);
   h->setSpacing(8);
   auto* caja = new Panel(QStringLiteral("Datos de la Caja"), 3);
-  fijo(caja, QStringLiteral("txtCajero"), {}, 108, v_.txtCajero);
-  fijo(caja, QStringLiteral("txtCaja"), QStringLiteral("Caja:"), 78, v_.txtCaja);
-  fijo(caja, QStringLiteral("txtTurno"), QStringLiteral("Turno:"), 50, v_.txtTurno);
+  fijo(caja, QStringLiteral("txtCajero"), {}, 98, v_.txtCajero);
+  fijo(caja, QStringLiteral("txtCaja"), QStringLiteral("Caja:"), 74, v_.txtCaja);
+  fijo(caja, QStringLiteral("txtTurno"), QStringLiteral("Turno:"), 46, v_.txtTurno);
   apretar(caja);
   h->addWidget(caja);
 
@@ -52,7 +52,7 @@ QWidget* frmCajaRegistradoraFull::nuevaCabecera() {
   cboTipoVenta_->installEventFilter(this);
   venta->agregar(QStringLiteral("Tip&o:"), cboTipoVenta_);
   txtRUC_ = venta->campo(QStringLiteral("txtRUC"), QStringLiteral("&RUC:"));
-  txtRUC_->setMinimumWidth(tema::px(130));
+  txtRUC_->setMinimumWidth(tema::px(140));
   txtRUC_->filtro = soloDigitos;
   enlaces_.texto(txtRUC_, v_.txtRUC);
   fijo(venta, QStringLiteral("txtTC"), QStringLiteral("T.C.:"), 58, v_.txtTC);

@@ -83,7 +83,9 @@ struct Reparacion {
   bool paralela;
 };
 
-// The number in use here for a series and its document type; of several rows the one with the highest number.
+// The number in use here for a series and its document type; of several rows the one with the highest number. A desk
+// that has never sold anything has none: its first sale is checked by itself. One that has was put back from a copy
+// older than the first document of the series.
 bool numeroLocal(Puesto& p, const QString& serie, qint64& numero, QString& tipo) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
@@ -95,11 +97,14 @@ bool numeroLocal(Puesto& p, const QString& serie, qint64& numero, QString& tipo)
   numero = 0;
   for (const auto& fila : rs) {
     const qint64 uno = AEntero(Numero(fila[u"nDocCodigo"]));
-    if (uno <= numero) continue;
+    if (uno < numero || (uno == numero && !tipo.isEmpty())) continue;
     numero = uno;
     tipo = LimpiarNulo(fila[u"cTipoDoc"]);
   }
-  return numero > 0;
+  if (numero > 0 || rs.RecordCount() == 0) return numero > 0;
+  qint64 ventas = 0, paralelas = 0;
+  return consultarMaximo(p, u"cOperCode"_sql, false, {}, ventas) &&
+         consultarMaximo(p, u"cOperCode"_sql, true, {}, paralelas) && ventas + paralelas > 0;
 }
 
 bool codigoDeReparacion(Puesto& p, const Reparacion& r, const QString& serie, qint64& codigo) {

@@ -145,7 +145,7 @@ void CompararCorrelativos(Puesto& p, QDate dia) {
   }
   // A day without documents is quiet.
   if (cifra[0] < 0 || cifra[0] + cifra[1] == cifra[2]) return;
-  const QString serie = suyas.last();
+  const QString& serie = suyas.last();
   alarma(p, QStringLiteral("Error Comparativo RegVta Correlativos SQL - Caja: ") + etiquetaDeCaja(suyas),
          QStringLiteral("Error en correlativo SQL Tipo Doc: ") + serie,
          QStringLiteral("Error en correlativo SQL para el Tipo Doc: ") + serie +

@@ -33,6 +33,7 @@ class Sincronizando {
 
 frmUpdt::frmUpdt(Puesto& p, FrmUpdt& v, QWidget* padre)
     : Forma(QStringLiteral("frmUpdt"), QStringLiteral("Sincronización"), padre), p_(p), v_(v) {
+  setProperty("diceQueHace", true);
   setModal(true);
   label1_ = nuevoTexto(v.Label1, QStringLiteral("titulo"));
   label1_->setObjectName(QStringLiteral("Label1"));

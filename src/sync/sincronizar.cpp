@@ -5,6 +5,7 @@
 #include "sync/depuracion.h"
 #include "sync/envio.h"
 #include "sync/maestros.h"
+#include "sync/pagos_anulados.h"
 #include "sync/updt.h"
 
 namespace {
@@ -56,7 +57,8 @@ bool pasos(Puesto& p, FrmUpdt& pantalla) {
     pantalla.sePuedeDetener = false;
     if (fin != FinPasada::Bien) return false;
   }
-  return EnviarOperaciones(p, pantalla) == FinPasada::Bien && DepurarHistoria(p, pantalla) && moverMarca(p);
+  return AnularRecibosAnulados(p, pantalla) && EnviarOperaciones(p, pantalla) == FinPasada::Bien &&
+         DepurarHistoria(p, pantalla) && moverMarca(p);
 }
 
 }  // namespace

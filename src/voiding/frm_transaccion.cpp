@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -20,6 +21,12 @@ frmTransaccion::frmTransaccion(Puesto& p, const QString& nombre, const QString& 
   auto* izquierda = new QVBoxLayout;
   crearBusqueda();
   izquierda->addWidget(panel_);
+  izquierda->addStretch();
+  // What has become of the document is seen across the counter, however long its text is.
+  anulada_ = nuevoTexto(QStringLiteral("ANULADA"), QStringLiteral("anulada"));
+  anulada_->setObjectName(QStringLiteral("lblAnulada"));
+  anulada_->setAlignment(Qt::AlignCenter);
+  izquierda->addWidget(anulada_);
   izquierda->addStretch();
   accion_ = nuevoBoton(boton, rotulo, QStringLiteral("principal"));
   auto* salir = nuevoBoton(QStringLiteral("cmdSalir"), QStringLiteral("&Salir"));
@@ -80,6 +87,7 @@ void frmTransaccion::mostrar() {
   const QSignalBlocker sinAviso(chkAlterno_);
   chkAlterno_->setChecked(v_.chkAlterno);
   QString texto = v_.txtTexto;
+  anulada_->setVisible(texto.contains(QStringLiteral("TRANSACCION ANULADA")));
   txtTexto_->setPlainText(texto.replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
   const bool teniaTeclado = accion_->hasFocus();
   accion_->setEnabled(v_.accion);

@@ -38,5 +38,6 @@ class frmTransaccion : public Forma {
   Campo *txtTransaccion_, *txtSerie_, *txtNumero_;
   QCheckBox* chkAlterno_;
   QPushButton *accion_, *buscar_;
+  QLabel* anulada_;
   QPlainTextEdit* txtTexto_;
 };

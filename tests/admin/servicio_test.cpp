@@ -122,7 +122,8 @@ TEST_F(Restaurar, WhatTheCentreHoldsBeyondTheCopyIsToldAndItsFileStays) {
   EXPECT_EQ("", texto(restaura(copia, "p")));
   EXPECT_TRUE(todo().contains(u8("hasta la operación 2 y el documento 121"))) << texto(todo());
   EXPECT_TRUE(todo().contains(u8("central.db se quedó como estaba"))) << texto(todo());
-  EXPECT_EQ("1", texto(filas(mdb(), "SELECT group_concat(cOperCode) FROM Operacion")));
+  EXPECT_EQ("1:120,2:121", texto(filas(mdb(), "SELECT group_concat(cOperCode || ':' || cDocCodigo) FROM Operacion")))
+      << "the number goes on from there, also when the desk starts without it";
   EXPECT_EQ("1,2", texto(filas(en("p/respaldos/antes-de-restaurar-20261125-210000/TarvoPos.mdb"),
                                "SELECT group_concat(cOperCode) FROM Operacion")))
       << "what stood there is set aside";

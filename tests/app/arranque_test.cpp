@@ -89,6 +89,18 @@ TEST_F(ArranqueTest, TheSessionIsReadAndTheStepsOfOtherRoomsAreCalled) {
   EXPECT_FALSE(p.ses.pbClienteConectado);
 }
 
+TEST_F(ArranqueTest, DailyLogsOfThreeMonthsAreKept) {
+  const QStringList viejos{QStringLiteral("Err_20250101.log"), QStringLiteral("Imp_20250101.log"),
+                           QStringLiteral("Sincro_20250101.log")};
+  const QString hoy = p.reloj.now().date().addDays(-90).toString(QStringLiteral("yyyyMMdd"));
+  const QStringList quedan{QStringLiteral("Err_%1.log").arg(hoy), QStringLiteral("Err_nota.log"),
+                           QStringLiteral("Imp_20259999.log"), QStringLiteral("Otro_20250101.log")};
+  for (const QString& f : viejos + quedan) ASSERT_TRUE(QFile(p.ruta() + u'/' + f).open(QIODevice::WriteOnly));
+  arrancar();
+  for (const QString& f : viejos) EXPECT_FALSE(QFile::exists(p.ruta() + u'/' + f)) << qPrintable(f);
+  for (const QString& f : quedan) EXPECT_TRUE(QFile::exists(p.ruta() + u'/' + f)) << qPrintable(f);
+}
+
 TEST_F(ArranqueTest, OnlyAFinishedOrUnknownClosingIsReset) {
   const struct { const char *guardado, *queda; } kCasos[] = {{"6", "0"}, {"3", "3"}, {"Null", "0"}, {"0", "0"}};
   for (const auto& c : kCasos) {

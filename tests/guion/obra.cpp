@@ -22,7 +22,7 @@ QString tocar(const QString& programa, const QStringList& argumentos, const QByt
   p.start(programa, argumentos);
   p.write(entrada);
   p.closeWriteChannel();
-  const bool acaba = p.waitForFinished(60'000);
+  const bool acaba = p.waitForFinished(300'000);
   QString escrito = QString::fromUtf8(p.readAllStandardOutput());
   if (!acaba) {
     p.kill();

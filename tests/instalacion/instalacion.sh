@@ -6,6 +6,7 @@
 #   instalacion.sh PACKAGE.deb [PICTURES]
 set -euo pipefail
 nuevo=$(realpath "$1")
+fuentes=$(realpath "$(dirname "$0")/../..")
 imagenes=${2:-}
 
 faltar() { echo "No se probó la instalación: $1" >&2; exit 77; }
@@ -22,7 +23,7 @@ recoger() {
   rm -rf --one-file-system "$obra"
 }
 trap recoger EXIT
-fallo() { echo "FALLO: $1" >&2; exit 1; }
+. "$(dirname "$0")/persona.sh"
 paso() { echo "== $1"; }
 
 # --- the root, the older package and the screen
@@ -52,13 +53,9 @@ en_raiz useradd -m cajera
 casa=$raiz/home/cajera
 puesto=$casa/.local/share/TarvoPos
 
-pantalla=:$((90 + RANDOM % 400))
-Xvfb "$pantalla" -screen 0 1024x768x24 -nolisten tcp -ac >"$obra/xvfb.log" 2>&1 &
-procesos+=($!)
+encender_pantalla
 mkdir -p "$raiz/tmp/.X11-unix"
-sleep 2
 mount --bind /tmp/.X11-unix "$raiz/tmp/.X11-unix"
-export DISPLAY=$pantalla
 
 # --- a person before the screen
 cajera=(chroot --userspec=cajera "$raiz" env -i HOME=/home/cajera USER=cajera PATH=/usr/bin:/bin LC_ALL=C.UTF-8
@@ -68,30 +65,6 @@ abrir() {
   till=$!
   procesos+=("$till")
 }
-foto() {
-  [ -n "$imagenes" ] && command -v import >/dev/null || return 0
-  mkdir -p "$imagenes"
-  import -window root "$imagenes/$1.png" || true
-}
-# Waits for the window of that title and gives it the keyboard, which no window manager does here.
-ventana() {
-  local v i
-  for i in $(seq 100); do
-    v=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -1) || true
-    if [ -n "$v" ]; then
-      xdotool windowfocus --sync "$v" 2>/dev/null || true
-      sleep 0.5
-      return 0
-    fi
-    sleep 0.2
-  done
-  foto "sin-$1"
-  cat "$obra/tarvopos.log" >&2
-  fallo "no apareció la ventana «$1»"
-}
-teclas() { xdotool key --delay 60 "$@"; sleep 0.3; }
-escribir() { xdotool type --delay 40 "$1"; sleep 0.2; }
-sin_ventana() { for _ in $(seq 60); do xdotool search --onlyvisible --name "$1" >/dev/null 2>&1 || return 0; sleep 0.2; done; fallo "sigue la ventana «$1»"; }
 cerrar() { kill "$till" 2>/dev/null || true; wait "$till" 2>/dev/null || true; }
 
 paso "Primer inicio: crea la caja"
@@ -173,6 +146,23 @@ sleep 2
 [ "$(dato "SELECT max(cDocCodigo) FROM Operacion")" = 2 ] || fallo "el segundo ticket no sigue al primero"
 cerrar
 contenido >"$obra/antes.txt"
+
+paso "Una caja que dejó un programa de antes de las versiones"
+vieja=$casa/vieja
+"${cajera[@]}" tarvopos-admin crear-puesto /home/cajera/vieja --demo >"$obra/vieja.log"
+for base in puesto:TarvoPos.mdb central:central.db cliente:cliente.db; do
+  rm -f "$vieja/${base#*:}"*
+  { echo 'PRAGMA journal_mode=WAL;'; cat "$fuentes/tests/store/version0/${base%:*}.sql"; } | sqlite3 "$vieja/${base#*:}" >/dev/null
+done
+chown -R --reference="$casa" "$vieja"
+filas_viejas() { sqlite3 "$vieja/TarvoPos.mdb" "SELECT COUNT(*), MAX(cOperCode), TOTAL(nProdCant) FROM Operacion"; }
+antes=$(filas_viejas)
+printf 'inicia\nespera frmPassword\n' |
+  "${cajera[@]}" QT_QPA_PLATFORM=offscreen tarvopos-admin guion - --puesto /home/cajera/vieja >"$obra/vieja.log" ||
+  { cat "$obra/vieja.log"; fallo "la caja vieja no abre"; }
+grep -q 'TarvoPos.mdb.* se actualizó de la versión 0 a la ' "$obra/vieja.log" || { cat "$obra/vieja.log"; fallo "no dice que actualizó la caja"; }
+[ "$(filas_viejas)" = "$antes" ] || fallo "la actualización cambió las ventas de la caja vieja"
+"${cajera[@]}" tarvopos-admin verificar /home/cajera/vieja >"$obra/vieja.log" || { cat "$obra/vieja.log"; fallo "la caja vieja no quedó sana"; }
 
 paso "Quita el paquete"
 en_raiz dpkg -L tarvopos | while read -r f; do [ -f "$raiz$f" ] && echo "$raiz$f"; done >"$obra/archivos.txt"

@@ -1,10 +1,10 @@
 // What is done beside selling: the day's opening and closing, voids, reports, servers that go and come.
+#include "admin/pantallas_mudas.h"
 #include "cashday/apertura.h"
 #include "cashday/cierre.h"
 #include "cashday/reportes.h"
 #include "cashday/turno.h"
 #include "jornada.h"
-#include "pantallas_dia.h"
 #include "platform/text/texto.h"
 #include "sale/retiro.h"
 #include "voiding/anulacion.h"

@@ -1,10 +1,10 @@
 // What the cashier sells: sales and documents of both registers.
 #include <algorithm>
 
+#include "admin/pantallas_mudas.h"
 #include "alta/tienda_articulos.h"
 #include "cashday/tipo_cambio.h"
 #include "jornada.h"
-#include "pantallas_dia.h"
 #include "platform/text/texto.h"
 #include "sale/caja_full_adelanto.h"
 #include "sale/caja_full_liquidacion.h"

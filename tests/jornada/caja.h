@@ -1,6 +1,7 @@
 #pragma once
 // A desk of the shop's day: its folder and paper, which outlive its program, and the program that runs on them.
 #include "admin/fallas.h"
+#include "admin/puesto_mudo.h"
 #include "apoyo/puesto_prueba.h"
 #include "cashday/principal.h"
 #include "libro.h"
@@ -9,21 +10,6 @@ namespace jornada {
 
 // Thrown where a kill strikes.
 struct ProgramaMuerto {};
-
-// Says yes to every question, and keeps what it was shown.
-class PersonaDelDia final : public Mensajes {
- public:
-  QStringList cajas;
-  void mostrar(const QString& texto, const QString&, Icono) override { cajas << texto; }
-  bool preguntar(const QString& texto, const QString&, bool) override {
-    cajas << texto;
-    return true;
-  }
-  std::optional<QString> pedir(const QString& texto, const QString&, const QString& d) override {
-    cajas << texto;
-    return d;
-  }
-};
 
 // The folder of a day: two desks beside their central and their client database, all new.
 class Tienda {
@@ -55,7 +41,7 @@ class Caja {
   const int numero;
   Tienda& tienda;
   Fallas fallas;
-  PersonaDelDia persona;
+  PersonaQueAsiente persona;
   PuertosRegistro papel;
   Principal ventana;
   Libro libro;

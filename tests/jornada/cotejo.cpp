@@ -1,9 +1,9 @@
 // What the book is held against.
+#include "admin/pantallas_mudas.h"
 #include "admin/verificar.h"
 #include "alta/tienda_articulos.h"
 #include "cashday/cuadre.h"
 #include "jornada.h"
-#include "pantallas_dia.h"
 #include "platform/text/texto.h"
 #include "sync/cuadre_central.h"
 

@@ -4,9 +4,11 @@
 #include <set>
 #include <stdexcept>
 
-#include "azar.h"
+#include "admin/azar.h"
 #include "caja.h"
 #include "sale/caja_full.h"
+
+class PantallasDelDia;
 
 namespace jornada {
 
@@ -59,7 +61,7 @@ class Jornada {
   void liquidacion(Caja& c);
   CajaRegistradoraFull& pantalla(Caja& c);
   std::vector<Renglon> teclear(Caja& c, CajaRegistradoraFull& v, bool conDescuento);
-  QString cliente(Caja& c, CajaRegistradoraFull& v, class PantallasDelDia& otras);
+  QString cliente(Caja& c, CajaRegistradoraFull& v, PantallasDelDia& otras);
   Dinero cobrar(Caja& c, CajaRegistradoraFull& v, Centimos total);
   void documentoDeLiquidacion(Caja& c, int codigo, const std::vector<Renglon>& lineas, bool conTarjeta);
   Centimos cambio() const;

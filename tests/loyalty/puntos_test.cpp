@@ -120,6 +120,9 @@ TEST(Puntos, AVoidTakesBackWhatWasSentAndDropsWhatWaits) {
   EnviarPendientesCliente(p);
   EXPECT_EQ(QString(), p.enCliente(kFilas));
   EXPECT_EQ(q("20\n0\n70"), p.enCliente(kSaldos));
+  // Of a sale that died before its points have come there is nothing to take back.
+  Extorna_puntos(p, kTarjeta, 29.9, 1, segunda);
+  EXPECT_EQ(q("20\n0\n70"), p.enCliente(kSaldos));
 }
 
 TEST(Puntos, ALockedClientDatabaseCountsAsAway) {
@@ -131,9 +134,9 @@ TEST(Puntos, ALockedClientDatabaseCountsAsAway) {
   QElapsedTimer reloj;
   reloj.start();
   AcumularPuntos(p, kTarjeta, kBoleta, 29.9, 1, kMomento);
-  EXPECT_LT(reloj.restart(), 2000);
+  EXPECT_LT(reloj.restart(), 5'000);
   AcumularPuntos(p, kTarjeta, kOtra, 40, 1, kMomento);
-  EXPECT_LT(reloj.elapsed(), 500);  // left alone for a while
+  EXPECT_LT(reloj.elapsed(), 1'000);  // left alone for a while
   EXPECT_EQ(q("5|1|30|2|02|33|1\n5|2|40|4|02|34|1"), p.filas(kFilas));
   p.elReloj().ahora = p.elReloj().ahora.addSecs(60);
   ASSERT_TRUE(ConectarCliente(p, false));

@@ -73,7 +73,7 @@ TEST(MotorPostgres, ASaleWaitsNoLongerThanItsTime) {
   auto e = venta.ejecutar(Sql::crudo(u8("UPDATE t SET nom = 'c'")));
   ASSERT_TRUE(e) << "locked";
   EXPECT_EQ(kErrorTiempo, e->numero) << e->descripcion.toStdString();
-  EXPECT_LT(reloj.elapsed(), kVenta_ms + 500);
+  EXPECT_LT(reloj.elapsed(), 2 * kVenta_ms);
   ASSERT_FALSE(b.cnn.confirmar());
   EXPECT_FALSE(venta.ejecutar(Sql::crudo(u8("UPDATE t SET nom = 'c'")))) << "and goes on";
   Recordset rs;
@@ -83,7 +83,7 @@ TEST(MotorPostgres, ASaleWaitsNoLongerThanItsTime) {
     ASSERT_TRUE(e) << "silent";
     EXPECT_EQ(kErrorTiempo, e->numero) << e->descripcion.toStdString();
   }
-  EXPECT_LT(reloj.elapsed(), kVenta_ms + 500) << "once, not at each statement";
+  EXPECT_LT(reloj.elapsed(), 2 * kVenta_ms) << "once, not at each statement";
 }
 
 TEST(MotorPostgres, AStatementTooLargeLeavesTheConnectionWell) {
@@ -107,6 +107,19 @@ TEST(MotorPostgres, AForgottenJoinEndsAndTheConnectionGoesOn) {
   EXPECT_EQ("La consulta da demasiadas filas.", e->descripcion);
   ASSERT_FALSE(b.cnn.confirmar());
   EXPECT_EQ("1", b.respuesta("SELECT COUNT(*) FROM t"));
+}
+
+// Parts of a table number their rows each for itself.
+TEST(MotorPostgres, AChangeByAJoinFindsItsRowsInAPartedTable) {
+  BancoPostgres b({}, u8("CREATE TABLE dbo.p (k int, v int) PARTITION BY LIST (k);"
+                         "CREATE TABLE dbo.p1 PARTITION OF dbo.p FOR VALUES IN (1);"
+                         "CREATE TABLE dbo.p2 PARTITION OF dbo.p FOR VALUES IN (2);"
+                         "CREATE TABLE dbo.q (k int, n int);"
+                         "INSERT INTO dbo.p VALUES (1, 10), (2, 20); INSERT INTO dbo.q VALUES (1, 5), (2, 7)"));
+  EXPECT_EQ(QString(), ejecuta(b, "UPDATE p SET v = p.v + q.n FROM p, q WHERE q.k = p.k AND q.n = 5"));
+  EXPECT_EQ("1|15/2|20", b.respuesta("SELECT k, v FROM p ORDER BY k"));
+  EXPECT_EQ(QString(), ejecuta(b, "DELETE FROM p FROM p, q WHERE q.k = p.k AND q.n = 7"));
+  EXPECT_EQ("1|15", b.respuesta("SELECT k, v FROM p ORDER BY k"));
 }
 
 // Two desks that draw a number by MAX + 1 get it one after the other.

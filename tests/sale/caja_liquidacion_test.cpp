@@ -4,6 +4,7 @@
 #include "apoyo/golden.h"
 #include "sale/caja_full_liquidacion.h"
 
+#include "sale/buscador.h"
 #include "sale/caja_full_adelanto.h"
 #include "venta_prueba.h"
 
@@ -61,6 +62,33 @@ TEST_F(Liquidacion, TheTwoListsAndTheirDifference) {
   agrega(0, "9");
   EliminarTX(p, v, 1, 1);
   EXPECT_EQ(q("10 9 / 13 12 /"), listas());
+}
+
+// A payment of a billing document and a note on one are not the register's: left out of its lists, refused when typed.
+TEST_F(Liquidacion, DocumentsOfBillingHaveNoPlaceHere) {
+  for (const char* fila : {"50, 22, 0, 'PAGO REF. SIST. LOGISTICA'", "51, 21, 9, 'REF. SIST. LOGISTICA'"}) {
+    p.ejecuta(q("INSERT INTO OperacionParalela (cOperCode, cOperTipo, cOperCodeRela, sGlosa, nMontoSoles, nMoneda, "
+                "cEstado, cDocSerie, cDocCodigo) VALUES (%1, 70, 1, '1', 'PA1', 1)")
+                  .arg(q(fila)));
+  }
+  const QString aviso = q("Este documento es de Venta Futura: no se usa en la caja registradora.");
+  for (const auto& [lista, codigo] : {std::pair(0, "50"), {1, "50"}, {0, "51"}, {1, "51"}}) {
+    p.persona().espera(aviso);
+    EXPECT_TRUE(agrega(lista, codigo)) << lista << ' ' << codigo;
+  }
+  EXPECT_FALSE(agrega(0, "9"));
+  EXPECT_EQ(q("9 / 11 12 /"), listas()) << "the note on billing document 9 is not that of advance payment 9";
+  p.persona().espera(aviso);
+  EXPECT_TRUE(SalirAdelanto(p, v, q("50")));
+  EXPECT_EQ(QString(), v.txtPADE + v.txtTX);
+  for (const TipoBusqueda tipo :
+       {TipoBusqueda::PagoAdelantado, TipoBusqueda::Liquidacion0, TipoBusqueda::Liquidacion1}) {
+    Busqueda b;
+    b.tipo = tipo;
+    InicioBusqueda(p, b);
+    EXPECT_FALSE(b.filas.empty());
+    for (const auto& f : b.filas) EXPECT_LT(f.documento.codigo, 50);
+  }
 }
 
 TEST_F(Liquidacion, ADifferenceNeedsItsCash) {

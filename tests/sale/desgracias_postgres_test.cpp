@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <csignal>
 
+#include "apoyo/motores_con_gancho.h"
 #include "apoyo/servidor_prueba.h"
 #include "loyalty/cliente_bd.h"
 #include "loyalty/pendientes.h"
@@ -14,49 +15,6 @@
 namespace {
 
 QString q(const char* s) { return QString::fromUtf8(s); }
-
-// Calls `antes` before each thing that is asked of a server.
-class MotorConGancho final : public Motor {
- public:
-  MotorConGancho(std::unique_ptr<Motor> real, const std::function<void()>& antes)
-      : real_(std::move(real)), antes_(antes) {}
-  std::optional<ErrorBD> consultar(const QString& sql, Recordset& rs) override {
-    antes_();
-    return real_->consultar(sql, rs);
-  }
-  std::optional<ErrorBD> ejecutar(const QString& sql, qint64* n) override {
-    antes_();
-    return real_->ejecutar(sql, n);
-  }
-  std::optional<ErrorBD> iniciar() override {
-    antes_();
-    return real_->iniciar();
-  }
-  std::optional<ErrorBD> confirmar() override {
-    antes_();
-    return real_->confirmar();
-  }
-  std::optional<ErrorBD> deshacer() override { return real_->deshacer(); }
-  QString traducir(const QString& sql) override { return real_->traducir(sql); }
-
- private:
-  std::unique_ptr<Motor> real_;
-  const std::function<void()>& antes_;
-};
-
-class MotoresConGancho final : public Motores {
- public:
-  explicit MotoresConGancho(Motores& reales, const std::function<void()>& antes) : reales_(reales), antes_(antes) {}
-  std::unique_ptr<Motor> abrir(const QString& cadena, int espera_ms, ErrorBD& error) override {
-    auto m = reales_.abrir(cadena, espera_ms, error);
-    if (!m || !cadena.contains(u"postgres:")) return m;
-    return std::make_unique<MotorConGancho>(std::move(m), antes_);
-  }
-
- private:
-  Motores& reales_;
-  const std::function<void()>& antes_;
-};
 
 ServidorPrueba& servidor() { return ServidorPrueba::uno(); }
 

@@ -148,4 +148,15 @@ TEST(Reparacion, ANewDeskIsLeftAlone) {
   EXPECT_EQ(q("0"), p.filas(q("SELECT COUNT(*) FROM Operacion")));
 }
 
+// Its series of orders was begun behind the copy: the number that stands at the centre does not come again.
+TEST(Reparacion, ACopyOlderThanASeriesTakesItsNumberUp) {
+  PuestoPrueba p;
+  abrirCentral(p);
+  p.ejecuta(q("INSERT INTO Operacion (cOperCode, cDocTipo, cDocSerie, cDocCodigo) VALUES (5,'02','001',5)"));
+  p.ejecuta(p.poCnnCentral, q("INSERT INTO operacionparalela (cOperCode, cCajaCodi, CDocSerie, cDoccodigo) "
+                              "VALUES (8,'00001','OC1','000001')"));
+  EXPECT_TRUE(RepararNumeracionParalela(p));
+  EXPECT_EQ(q("OC1-2"), reservar(p, "10"));
+}
+
 }  // namespace

@@ -1,4 +1,5 @@
 #include "platform/ui/forma.h"
+#include "platform/ui/indicios.h"
 
 #include <gtest/gtest.h>
 
@@ -74,10 +75,21 @@ TEST(Forma, KeysOfTheTableComeBeforeMnemonics) {
   QKeyEvent repetida(QEvent::KeyPress, Qt::Key_F2, Qt::NoModifier, QString(), true);
   QApplication::sendEvent(v.boton, &repetida);
   EXPECT_EQ(1, v.f2) << "a key that is held down acts once";
-  EXPECT_TRUE(control<QLabel>(v, "lblIndicios")
-                  ->text()
-                  .contains(QStringLiteral("F2\u00A0cliente\u00A0\u00A0·\u00A0 Supr\u00A0borrar")))
-      << "no line begins with the sign";
+}
+
+// A row holds whole hints, and the sign stands between two of them only: never at the end of a row.
+TEST(Forma, HintsBreakBetweenTwoOfThem) {
+  Indicios indicios;
+  indicios.poner({QStringLiteral("F2 cliente"), QStringLiteral("F5 artículo"), QStringLiteral("Supr borrar")});
+  EXPECT_EQ("F2 cliente  ·  F5 artículo  ·  Supr borrar", indicios.text());
+  const QFontMetrics m = indicios.fontMetrics();
+  const auto renglones = [&](const QString& cabe) {
+    return indicios.heightForWidth(m.horizontalAdvance(cabe)) / m.lineSpacing();
+  };
+  EXPECT_EQ(1, renglones(indicios.text()));
+  EXPECT_EQ(2, renglones(QStringLiteral("F2 cliente  ·  F5 artículo")));
+  EXPECT_EQ(2, renglones(QStringLiteral("F2 cliente  ·  F5 artículo  ·")));
+  EXPECT_EQ(3, renglones(QStringLiteral("F2 cliente  ·  ")));
 }
 
 TEST(Forma, EscClosesWhatMayBeClosed) {

@@ -72,6 +72,23 @@ TEST(Busy, SaysWhatIsDoneAndDropsWhatIsPressedMeanwhile) {
   EXPECT_EQ(2, v.pulsado) << "what comes behind it counts";
 }
 
+TEST(Busy, TheStepThatBeganLastHasTheWordInWhateverOrderTheyEnd) {
+  struct : Mensajes {
+    QString dice;
+    void mostrar(const QString&, const QString&, Icono) override {}
+    bool preguntar(const QString&, const QString&, bool) override { return false; }
+    std::optional<QString> pedir(const QString&, const QString&, const QString&) override { return {}; }
+    void mostrarOcupado(const QString& que) override { dice = que; }
+  } m;
+  std::optional<Ocupado> uno(std::in_place, m, QStringLiteral("uno")), dos(std::in_place, m, QStringLiteral("dos"));
+  uno->ahora(QStringLiteral("uno, más"));
+  EXPECT_EQ("dos", m.dice);
+  uno.reset();
+  EXPECT_EQ("dos", m.dice);
+  dos.reset();
+  EXPECT_EQ("", m.dice);
+}
+
 TEST(Busy, ABoxIsNotAnsweredByWhatWasPressedBeforeIt) {
   Lenta v;
   MensajesVentana mensajes;
@@ -81,7 +98,11 @@ TEST(Busy, ABoxIsNotAnsweredByWhatWasPressedBeforeIt) {
   v.trabajo = [&] {
     const Ocupado ocupado(mensajes, QStringLiteral("Cerrando…"));
     pulsarMientras(v.boton, Qt::Key_Return);
-    reloj.unaVez(200, &v, [] { tecla(Qt::Key_Escape); });
+    reloj.unaVez(200, &v, [&] {
+      const Ocupado dentro(mensajes, QStringLiteral("Esperando al servidor…"));
+      EXPECT_EQ(nullptr, QApplication::activeModalWidget()->findChild<QLabel*>("lblOcupado")) << "it must be read";
+      tecla(Qt::Key_Escape);
+    });
     si = mensajes.preguntar(QStringLiteral("¿Seguro?"));
   };
   tecla(Qt::Key_Return);

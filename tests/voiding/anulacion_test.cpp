@@ -198,6 +198,8 @@ TEST(Anulacion, AnAdvancePaymentIsStampedInThePaymentRegisterAndPointsGoBack) {
   p.ejecuta(p.poCnnCliente, q("INSERT INTO Cliente (cClieCode, IdLocal, iTipo, nPuntCant) VALUES (7, 2, 1, 40)"));
   p.ejecuta(p.poCnnCliente, q("INSERT INTO Cliente (cClieCode, IdLocal, iTipo, nPuntCant) VALUES (7, 1, 1, 90)"));
   p.ejecuta(p.poCnnCliente, q("INSERT INTO Tarjeta (cClieCode, IdLocal, nTarjNumb) VALUES (7, 2, '00000007')"));
+  p.ejecuta(p.poCnnCliente, q("INSERT INTO Acumulacion_Punto (cClieCode, IdLocal, cAcumCode, nPuntCant, cDocTipo, "
+                              "cDocSerie, cDocCodigo) VALUES (7, 2, 1, 3, '02', '001', 1)"));
   p.anular(1);
   ASSERT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnCliente, p.ses.psConexionCliente));
   EXPECT_EQ(q("90\n37"), p.filas(p.poCnnCliente, q("SELECT nPuntCant FROM Cliente ORDER BY IdLocal")));

@@ -1,6 +1,9 @@
 #pragma once
 #include <QString>
 #include <optional>
+#include <vector>
+
+class Ocupado;
 
 enum class Icono { Informacion, Pregunta, Aviso, Critico };
 
@@ -25,25 +28,32 @@ class Mensajes {
 
  private:
   friend class Ocupado;
-  QString haciendo_;
+  std::vector<const Ocupado*> ocupados_;  // the last one has the word
 };
 
-// A long step, for as long as it lives: a report, a closing, a printer or a server that makes the desk wait. One within
-// another has the word until it ends.
+// A long step, for as long as it lives: a report, a closing, a printer or a server that makes the desk wait. The one
+// that began last has the word until it ends, in whatever order they end.
 class Ocupado {
  public:
-  Ocupado(Mensajes& mensajes, const QString& que) : mensajes_(mensajes), antes_(mensajes.haciendo_) { ahora(que); }
-  ~Ocupado() { ahora(antes_); }
+  Ocupado(Mensajes& mensajes, const QString& que) : mensajes_(mensajes) {
+    mensajes_.ocupados_.push_back(this);
+    ahora(que);
+  }
+  ~Ocupado() {
+    std::erase(mensajes_.ocupados_, this);
+    decir();
+  }
   Ocupado(const Ocupado&) = delete;
   Ocupado& operator=(const Ocupado&) = delete;
 
   // The step has come to this; "" while it waits for the person.
   void ahora(const QString& que) {
-    mensajes_.haciendo_ = que;
-    mensajes_.mostrarOcupado(que);
+    que_ = que;
+    decir();
   }
 
  private:
+  void decir() { mensajes_.mostrarOcupado(mensajes_.ocupados_.empty() ? QString() : mensajes_.ocupados_.back()->que_); }
   Mensajes& mensajes_;
-  QString antes_;
+  QString que_;
 };

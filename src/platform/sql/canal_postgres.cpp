@@ -23,6 +23,8 @@ namespace {
 
 constexpr int kEsperaNormal_ms = 20'000;  // who waits as long is no sale
 
+QString esperandoA(const QString& servidor) { return QStringLiteral("Esperando al servidor %1…").arg(servidor); }
+
 // A socket is ready, or the time has passed.
 bool esperarSocket(int socket, bool leer, bool escribir, int espera_ms) {
 #ifdef Q_OS_WIN
@@ -74,7 +76,8 @@ QByteArrayList direccionesDe(const QByteArray& nombre, int banderas) {
 
 // The addresses of a name. The system's look-up has no time limit of its own, so it runs beside; one that comes too
 // late finds nobody and is thrown away. Nothing when the time has passed.
-std::optional<QByteArrayList> buscarHost(const QByteArray& nombre, const QDeadlineTimer& plazo) {
+std::optional<QByteArrayList> buscarHost(const QByteArray& nombre, const QDeadlineTimer& plazo,
+                                         const AvisoEspera& alEsperar, const QString& que) {
   if (const auto cifras = direccionesDe(nombre, AI_NUMERICHOST); !cifras.isEmpty()) return cifras;
   const auto busqueda = std::make_shared<Busqueda>();
   std::thread([busqueda, nombre] {
@@ -85,8 +88,10 @@ std::optional<QByteArrayList> buscarHost(const QByteArray& nombre, const QDeadli
     busqueda->aviso.notify_one();
   }).detach();
   std::unique_lock guarda(busqueda->cerrojo);
-  const auto queda = std::chrono::milliseconds(plazo.remainingTime());
-  if (!busqueda->aviso.wait_for(guarda, queda, [&] { return busqueda->lista; })) return {};
+  const bool hallado = EsperarAvisando(alEsperar, que, static_cast<int>(plazo.remainingTime()), [&](int ms) {
+    return busqueda->aviso.wait_for(guarda, std::chrono::milliseconds(ms), [&] { return busqueda->lista; });
+  });
+  if (!hallado) return {};
   return busqueda->direcciones;
 }
 
@@ -131,7 +136,8 @@ PGconn* empezar(const CadenaConexion& c, const QByteArray& nombre, const QByteAr
   return PQconnectStartParams(claves.data(), valores.data(), 0);
 }
 
-std::optional<ErrorBD> acabar(PGconn* c, const QString& servidor, const QDeadlineTimer& plazo) {
+std::optional<ErrorBD> acabar(PGconn* c, const QString& servidor, const QDeadlineTimer& plazo,
+                              const AvisoEspera& alEsperar) {
   PostgresPollingStatusType paso = PQstatus(c) == CONNECTION_BAD ? PGRES_POLLING_FAILED : PGRES_POLLING_WRITING;
   while (paso != PGRES_POLLING_OK) {
     if (paso == PGRES_POLLING_FAILED) {
@@ -139,8 +145,11 @@ std::optional<ErrorBD> acabar(PGconn* c, const QString& servidor, const QDeadlin
                      QStringLiteral("No se pudo conectar al servidor '%1': %2").arg(servidor, palabrasDe(c))};
     }
     const int queda = static_cast<int>(plazo.remainingTime());
-    if (queda <= 0 || !esperarSocket(PQsocket(c), paso == PGRES_POLLING_READING, paso != PGRES_POLLING_READING, queda))
+    const bool leer = paso == PGRES_POLLING_READING;
+    if (queda <= 0 || !EsperarAvisando(alEsperar, esperandoA(servidor), queda,
+                                       [&](int ms) { return esperarSocket(PQsocket(c), leer, !leer, ms); })) {
       return sinTiempo(servidor);
+    }
     paso = PQconnectPoll(c);
   }
   return {};
@@ -150,11 +159,12 @@ ResultadoPg propio(PGresult* r) { return ResultadoPg(r, &PQclear); }
 
 }  // namespace
 
-std::unique_ptr<CanalPostgres> CanalPostgres::abrir(const CadenaConexion& cadena, int espera_ms, ErrorBD& error) {
+std::unique_ptr<CanalPostgres> CanalPostgres::abrir(const CadenaConexion& cadena, int espera_ms, ErrorBD& error,
+                                                    const AvisoEspera& alEsperar) {
   const QDeadlineTimer plazo(espera_ms);
   QString nombre, puerto;
   partirServidor(cadena.servidor, nombre, puerto);
-  const auto direcciones = buscarHost(nombre.toUtf8(), plazo);
+  const auto direcciones = buscarHost(nombre.toUtf8(), plazo, alEsperar, esperandoA(cadena.servidor));
   if (!direcciones) {
     error = sinTiempo(cadena.servidor);
     return {};
@@ -163,9 +173,9 @@ std::unique_ptr<CanalPostgres> CanalPostgres::abrir(const CadenaConexion& cadena
     error = {kErrorGeneral, 0, QStringLiteral("No se encuentra el servidor '%1'.").arg(cadena.servidor)};
     return {};
   }
-  std::unique_ptr<CanalPostgres> canal(new CanalPostgres(cadena, espera_ms));
+  std::unique_ptr<CanalPostgres> canal(new CanalPostgres(cadena, espera_ms, alEsperar));
   canal->conexion_ = empezar(cadena, nombre.toUtf8(), puerto.toUtf8(), *direcciones, espera_ms);
-  if (const auto e = acabar(canal->conexion_, cadena.servidor, plazo)) {
+  if (const auto e = acabar(canal->conexion_, cadena.servidor, plazo, alEsperar)) {
     error = *e;
     return {};
   }
@@ -193,7 +203,7 @@ bool CanalPostgres::perdida() {
 // Whoever waits long asks at times whether the server still opens its door.
 bool CanalPostgres::sigueVivo() const {
   ErrorBD error;
-  const auto otro = abrir(cadena_, kEsperaNormal_ms / 2, error);
+  const auto otro = abrir(cadena_, kEsperaNormal_ms / 2, error, alEsperar_);
   return otro || error.numero != kErrorTiempo;
 }
 
@@ -204,7 +214,8 @@ ErrorBD CanalPostgres::abandonar() {
 
 std::optional<ErrorBD> CanalPostgres::listo(bool escribir, QDeadlineTimer& plazo) {
   const bool venta = espera_ms_ < kEsperaNormal_ms;
-  while (!esperarSocket(PQsocket(conexion_), true, escribir, static_cast<int>(plazo.remainingTime()))) {
+  const auto listo = [&](int ms) { return esperarSocket(PQsocket(conexion_), true, escribir, ms); };
+  while (!EsperarAvisando(alEsperar_, esperandoA(cadena_.servidor), static_cast<int>(plazo.remainingTime()), listo)) {
     if (venta || !sigueVivo()) return abandonar();
     plazo.setRemainingTime(kEsperaNormal_ms / 2);
   }

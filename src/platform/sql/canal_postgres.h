@@ -9,6 +9,7 @@
 #include <optional>
 #include <vector>
 
+#include "platform/io/espera.h"
 #include "platform/sql/cadena_conexion.h"
 #include "platform/sql/error_bd.h"
 
@@ -32,8 +33,9 @@ struct PasoPg {
 class CanalPostgres {
  public:
   // Opens within `espera_ms`, looking the host's name up included; `error.numero` is kErrorTiempo when that time passes
-  // without an answer.
-  static std::unique_ptr<CanalPostgres> abrir(const CadenaConexion& cadena, int espera_ms, ErrorBD& error);
+  // without an answer. `alEsperar` is told while the server is silent, here and later.
+  static std::unique_ptr<CanalPostgres> abrir(const CadenaConexion& cadena, int espera_ms, ErrorBD& error,
+                                              const AvisoEspera& alEsperar = {});
   ~CanalPostgres();
   CanalPostgres(const CanalPostgres&) = delete;
   CanalPostgres& operator=(const CanalPostgres&) = delete;
@@ -60,7 +62,8 @@ class CanalPostgres {
   qint64 callada_ms() const { return reposo_.elapsed(); }
 
  private:
-  CanalPostgres(const CadenaConexion& cadena, int espera_ms) : cadena_(cadena), espera_ms_(espera_ms) {}
+  CanalPostgres(const CadenaConexion& cadena, int espera_ms, const AvisoEspera& alEsperar)
+      : cadena_(cadena), espera_ms_(espera_ms), alEsperar_(alEsperar) {}
   bool enviar(const PasoPg& paso);
   std::optional<ErrorBD> vaciar(QDeadlineTimer& plazo);
   std::optional<ErrorBD> listo(bool escribir, QDeadlineTimer& plazo);
@@ -73,6 +76,7 @@ class CanalPostgres {
 
   CadenaConexion cadena_;
   int espera_ms_;
+  AvisoEspera alEsperar_;
   pg_conn* conexion_ = nullptr;
   bool abandonada_ = false;
   size_t fallado_ = 0;

@@ -92,14 +92,22 @@ bool pareceSql(QStringView texto, QStringView patron, Dialecto dialecto, QChar e
 }
 
 QStringList variantesDeCaso(const QString& texto) {
+  QStringList v = iniciosDeCaso(texto);
+  if (v[0].size() < texto.size()) v.clear();
+  return v;
+}
+
+QStringList iniciosDeCaso(const QString& texto) {
   constexpr qsizetype kVariantes = 8;
+  constexpr char16_t kOtrosAlfabetos = 0x180;  // where a letter may have more than two forms
   QStringList v{texto};
-  for (qsizetype i = 0; i < texto.size(); ++i) {
+  qsizetype i = 0;
+  for (; i < texto.size(); ++i) {
     const QChar c = texto[i], baja = c.toLower(), alta = c.toUpper();
     if (c.unicode() < 0x80) continue;
-    if (c.isSurrogate() || c.toCaseFolded() != baja || baja.unicode() < 0x80) return {};
+    if (c.unicode() >= kOtrosAlfabetos || c.toCaseFolded() != baja || qMin(baja, alta).unicode() < 0x80) break;
     if (alta == baja) continue;
-    if (v.size() == kVariantes) return {};
+    if (v.size() == kVariantes) break;
     const qsizetype n = v.size();
     for (qsizetype k = 0; k < n; ++k) {
       QString otra = v[k];
@@ -107,12 +115,13 @@ QStringList variantesDeCaso(const QString& texto) {
       v << otra;
     }
   }
+  for (QString& t : v) t.truncate(i);
   return v;
 }
 
-QString inicioLlano(const QString& patron, Dialecto dialecto) {
+QString inicioFijo(const QString& patron, Dialecto dialecto) {
   const QStringView especiales = dialecto == Dialecto::Jet ? QStringView(u"%*_?#[") : QStringView(u"%_[");
   qsizetype n = 0;
-  while (n < patron.size() && patron[n].unicode() < 0x80 && !especiales.contains(patron[n])) ++n;
+  while (n < patron.size() && !especiales.contains(patron[n])) ++n;
   return patron.left(n);
 }

@@ -13,8 +13,11 @@ int compararTextosSql(QString a, QString b, bool sinFinales);
 // case of ASCII finds what equals it. None for more than three such letters, or one whose case has other forms.
 QStringList variantesDeCaso(const QString& texto);
 
-// The plain ASCII with which all texts begin that are like `patron`, case aside.
-QString inicioLlano(const QString& patron, Dialecto dialecto);
+// The same of as much of the text's beginning as has so few; one empty text where it has none.
+QStringList iniciosDeCaso(const QString& texto);
+
+// What all texts begin with that are like `patron`, case aside.
+QString inicioFijo(const QString& patron, Dialecto dialecto);
 
 // Whether `texto` is like `patron`: % and _, [a-z]; in Jet also *, ? and # (a digit). Case does not count.
 bool pareceSql(QStringView texto, QStringView patron, Dialecto dialecto, QChar escape = QChar());

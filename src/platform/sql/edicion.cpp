@@ -49,6 +49,18 @@ ValorLiteral fechaDe(const QString& texto, OrdenFecha orden, Dialecto dialecto) 
   return {{}, noCoincide(texto, u"una fecha")};
 }
 
+// Whole numbers of few figures, which nearly all are, by themselves.
+std::optional<qint64> cifrasSolas(QStringView t) {
+  constexpr qsizetype kSeguras = 18;
+  if (t.isEmpty() || t.size() > kSeguras) return {};
+  qint64 n = 0;
+  for (const QChar c : t) {
+    if (c < u'0' || c > u'9') return {};
+    n = n * 10 + (c.unicode() - u'0');
+  }
+  return n;
+}
+
 ValorLiteral numeroDe(const QString& texto, Dialecto dialecto) {
   const QVariant n = leerNumero(texto);
   if (n.isValid()) return {n, {}};
@@ -73,6 +85,7 @@ QVariant leerNumero(const QString& texto) {
 ValorLiteral leerLiteral(const Token& token, Lectura lectura, Dialecto dialecto) {
   if (token.tipo == TipoToken::Fecha) return fechaDe(contenido(token), OrdenFecha::MesDia, dialecto);
   if (token.tipo == TipoToken::Numero) {
+    if (const auto entero = cifrasSolas(token.texto)) return {*entero, {}};
     const QVariant n = leerNumero(token.texto.toString());
     return n.isValid() ? ValorLiteral{n, {}} : ValorLiteral{{}, noCoincide(token.texto.toString(), u"un número")};
   }

@@ -2,6 +2,7 @@
 
 #include <libpq-fe.h>
 
+#include <charconv>
 #include <cmath>
 
 #include "platform/sql/instante.h"
@@ -40,9 +41,15 @@ QVariant fecha(const char* t, int largo) {
   return QDateTime(d, h);
 }
 
+template <class T>
+T leido(const char* t, int largo) {
+  T n = 0;
+  std::from_chars(t, t + largo, n);
+  return n;
+}
+
 // A number that the embedded engine would hold whole if it is.
-QVariant numero(const QByteArray& t, bool real) {
-  const double x = t.toDouble();
+QVariant numero(double x, bool real) {
   constexpr double kExacto = 9e15;
   if (real || std::fabs(x) > kExacto || x != std::trunc(x)) return x;
   return static_cast<qint64>(x);
@@ -52,16 +59,15 @@ QVariant celda(const PGresult* r, int fila, int columna, Oid tipo, Tipo sabido) 
   if (PQgetisnull(r, fila, columna) != 0) return {};
   const char* t = PQgetvalue(r, fila, columna);
   const int largo = PQgetlength(r, fila, columna);
-  const QByteArray bytes = QByteArray::fromRawData(t, largo);
   switch (tipo) {
     case kBool: return static_cast<qint64>(t[0] == 't');
     case kInt2:
     case kInt4:
     case kInt8:
-    case kOid: return bytes.toLongLong();
+    case kOid: return leido<qint64>(t, largo);
     case kFloat4:
-    case kFloat8: return bytes.toDouble();
-    case kNumeric: return numero(bytes, sabido == Tipo::Real);
+    case kFloat8: return leido<double>(t, largo);
+    case kNumeric: return numero(leido<double>(t, largo), sabido == Tipo::Real);
     case kDate:
     case kTimestamp:
     case kTimestampTz: return fecha(t, largo);
@@ -71,11 +77,24 @@ QVariant celda(const PGresult* r, int fila, int columna, Oid tipo, Tipo sabido) 
 
 }  // namespace
 
+std::optional<QByteArray> enTexto(const QVariant& v) {
+  switch (v.typeId()) {
+    case QMetaType::UnknownType: return {};
+    case QMetaType::LongLong: {
+      char cifras[24];
+      return QByteArray(cifras, std::to_chars(cifras, std::end(cifras), v.toLongLong()).ptr - cifras);
+    }
+    case QMetaType::Double: return QByteArray::number(v.toDouble(), 'g', QLocale::FloatingPointShortest);
+    default: return v.toString().toUtf8();
+  }
+}
+
 void FilasPostgres::mirarColumnas(const PGresult* r) {
   const int columnas = PQnfields(r);
-  const bool conTipos = static_cast<int>(salida_.size()) == columnas - agregadas_;
+  const int sabidas = salida_ ? static_cast<int>(salida_->size()) : 0;
+  const bool conTipos = sabidas == columnas - agregadas_;
   for (int i = 0; i < columnas; ++i) {
-    const Columna* c = conTipos && i < static_cast<int>(salida_.size()) ? &salida_[static_cast<size_t>(i)] : nullptr;
+    const Columna* c = conTipos && i < sabidas ? &(*salida_)[static_cast<size_t>(i)] : nullptr;
     campos_ << (c ? c->nombre : QString::fromUtf8(PQfname(r, i)));
     tipos_.emplace_back(PQftype(r, i), c ? c->tipo : Tipo::Desconocido);
   }

@@ -1,5 +1,7 @@
 #include "platform/sql/formas.h"
 
+#include <algorithm>
+
 namespace {
 
 // What of a literal decides the rewriting: its kind, and for a text whether NOCASE reaches all of its letters.
@@ -24,23 +26,25 @@ QChar marca(const Token& t) {
 }  // namespace
 
 QString ClaveDeForma(QStringView sql, const std::vector<Token>& tokens, const std::vector<int>& fijos) {
-  QString k;
-  k.reserve(sql.size() + 16);
+  QString k(sql.size() + 2 * static_cast<qsizetype>(tokens.size()), Qt::Uninitialized);
+  QChar* fin = k.data();
+  const auto pegar = [&fin](QStringView t) { fin = std::copy(t.begin(), t.end(), fin); };
   qsizetype hasta = 0;
   int n = 0;
   size_t f = 0;
   for (const Token& t : tokens) {
     if (!t.literal()) continue;
-    k += sql.mid(hasta, t.ini - hasta);
-    k += QChar(1);
-    k += marca(t);
+    pegar(sql.mid(hasta, t.ini - hasta));
+    *fin++ = QChar(1);
+    *fin++ = marca(t);
     if (f < fijos.size() && fijos[f] == n) {
-      k += t.texto;
+      pegar(t.texto);
       ++f;
     }
     ++n;
     hasta = t.ini + t.largo;
   }
-  k += sql.mid(hasta);
+  pegar(sql.mid(hasta));
+  k.truncate(fin - k.constData());
   return k;
 }

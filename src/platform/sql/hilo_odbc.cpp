@@ -22,7 +22,8 @@ static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "texts go to the library as 
 namespace {
 
 constexpr int kTramo_ms = 50;
-constexpr SQLSMALLINT kTipoHora = -154;  // a time of SQL Server, which no standard type stands for
+constexpr SQLINTEGER kVictima = 1205, kSinCerrojo = 1222;  // SQL Server's: a knot of locks; a lock not had in time
+constexpr SQLSMALLINT kTipoHora = -154;                    // a time of SQL Server, which no standard type stands for
 
 SQLWCHAR* ancho(QString& t) { return reinterpret_cast<SQLWCHAR*>(t.data()); }
 bool bien(SQLRETURN r) { return r == SQL_SUCCESS || r == SQL_SUCCESS_WITH_INFO; }
@@ -49,12 +50,11 @@ RespuestaOdbc errorDe(SQLSMALLINT clase, SQLHANDLE mango) {
     if (s == u"23505" || nativo == 2601 || nativo == 2627) {
       e.numero = kErrorSentencia;
       nativo = kNativoClaveDuplicada;
-    } else if (s == u"HYT00" || s == u"HYT01") {
+    } else if (s == u"HYT00" || s == u"HYT01" || nativo == kSinCerrojo) {
       e.numero = kErrorTiempo;
     } else if (s.startsWith(u"08")) {
-      e.descripcion.prepend(QStringLiteral("Se perdió la conexión con el servidor: "));
       r.perdida = true;
-    } else if (s == u"40001" || s == u"40P01") {
+    } else if (s == u"40001" || s == u"40P01" || nativo == kVictima) {
       nativo = kNativoNudo;
     } else if (clase == SQL_HANDLE_STMT) {
       e.numero = kErrorSentencia;
@@ -136,9 +136,14 @@ class SesionOdbc {
     if (!bien(SQLAllocHandle(SQL_HANDLE_DBC, entorno_, &conexion_))) return errorDe(SQL_HANDLE_ENV, entorno_);
     espera_s_ = static_cast<SQLULEN>((espera_ms + 999) / 1000);
     SQLSetConnectAttrW(conexion_, SQL_ATTR_LOGIN_TIMEOUT, valor(espera_s_), 0);
+    const QDeadlineTimer plazo(espera_ms);
     const SQLRETURN r = SQLDriverConnectW(conexion_, nullptr, ancho(cadena), static_cast<SQLSMALLINT>(cadena.size()),
                                           nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
-    if (!bien(r)) return errorDe(SQL_HANDLE_DBC, conexion_);
+    if (!bien(r)) {
+      RespuestaOdbc respuesta = errorDe(SQL_HANDLE_DBC, conexion_);
+      if (plazo.hasExpired()) respuesta.error->numero = kErrorTiempo;  // some drivers call silence a refusal
+      return respuesta;
+    }
     SQLWCHAR nombre[128] = {};
     SQLSMALLINT largo = 0;
     SQLGetInfoW(conexion_, SQL_DBMS_NAME, nombre, sizeof nombre, &largo);
@@ -166,7 +171,11 @@ class SesionOdbc {
       en_curso_ = nullptr;
     }
     SQLFreeHandle(SQL_HANDLE_STMT, s);
-    if (respuesta.error && !respuesta.perdida) respuesta.perdida = muerta();
+    if (respuesta.error && respuesta.perdida) {
+      respuesta.error->descripcion.prepend(QStringLiteral("Se perdió la conexión con el servidor: "));
+    } else if (respuesta.error) {
+      respuesta.perdida = muerta();
+    }
     return respuesta;
   }
 
@@ -257,7 +266,11 @@ struct HiloOdbc::Cola {
   bool fin = false;
 };
 
-HiloOdbc::HiloOdbc() : cola_(std::make_shared<Cola>()), sesion_(std::make_shared<SesionOdbc>()) {
+HiloOdbc::HiloOdbc(AvisoEspera alEsperar, QString que)
+    : alEsperar_(std::move(alEsperar)),
+      que_(std::move(que)),
+      cola_(std::make_shared<Cola>()),
+      sesion_(std::make_shared<SesionOdbc>()) {
   std::thread([cola = cola_, sesion = sesion_]() mutable {
     for (;;) {
       std::function<void()> tarea;
@@ -290,20 +303,23 @@ RespuestaOdbc HiloOdbc::hacer(std::function<RespuestaOdbc(SesionOdbc&)> tarea, i
     cola_->aviso.notify_one();
   }
   // A driver that keeps its own time is a little late.
-  const QDeadlineTimer plazo(espera_ms + kTramo_ms * 4);
   bool cancelada = false;
-  while (futuro.wait_for(std::chrono::milliseconds(kTramo_ms)) != std::future_status::ready) {
-    if (interrumpir && !cancelada && interrumpir()) {
-      cancelada = true;
-      sesion_->cancelar();
+  const bool responde = EsperarAvisando(alEsperar_, que_, espera_ms + kTramo_ms * 4, [&](int ms) {
+    for (const QDeadlineTimer plazo(ms);;) {
+      const qint64 tramo = std::min<qint64>(plazo.remainingTime(), kTramo_ms);
+      if (futuro.wait_for(std::chrono::milliseconds(tramo)) == std::future_status::ready) return true;
+      if (interrumpir && !cancelada && interrumpir()) {
+        cancelada = true;
+        sesion_->cancelar();
+      }
+      if (plazo.hasExpired()) return false;
     }
-    if (!plazo.hasExpired()) continue;
-    RespuestaOdbc r;
-    r.error = ErrorBD{kErrorTiempo, 0, QStringLiteral("El servidor no responde.")};
-    r.perdida = true;
-    return r;
-  }
-  return futuro.get();
+  });
+  if (responde) return futuro.get();
+  RespuestaOdbc r;
+  r.error = ErrorBD{kErrorTiempo, 0, QStringLiteral("El servidor no responde.")};
+  r.perdida = true;
+  return r;
 }
 
 RespuestaOdbc HiloOdbc::conectar(const QString& cadena, int espera_ms) {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <vector>
 
+#include "platform/io/espera.h"
 #include "platform/sql/error_bd.h"
 
 struct RespuestaOdbc {
@@ -22,7 +23,8 @@ class SesionOdbc;
 
 class HiloOdbc {
  public:
-  HiloOdbc();
+  // `alEsperar` is told `que` while the driver keeps silent.
+  HiloOdbc(AvisoEspera alEsperar, QString que);
   // Does not wait for a driver that hangs: the thread closes the connection and ends when it can.
   ~HiloOdbc();
   HiloOdbc(const HiloOdbc&) = delete;
@@ -40,6 +42,8 @@ class HiloOdbc {
   RespuestaOdbc hacer(std::function<RespuestaOdbc(SesionOdbc&)> tarea, int espera_ms,
                       const std::function<bool()>& interrumpir = {});
 
+  AvisoEspera alEsperar_;
+  QString que_;
   std::shared_ptr<Cola> cola_;
   std::shared_ptr<SesionOdbc> sesion_;
 };

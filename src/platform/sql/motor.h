@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 
+#include "platform/io/espera.h"
 #include "platform/sql/error_bd.h"
 #include "platform/sql/recordset.h"
 
@@ -44,6 +45,7 @@ struct OpcionesMotores {
   std::function<QDateTime()> ahora;  // what NOW(), DATE() and GETDATE() tell; the machine's time when not given
   std::shared_ptr<const Procedimientos> procedimientos;  // of the embedded servers
   std::function<bool()> interrumpir;                     // asked while a statement runs; true stops it with an error
+  AvisoEspera alEsperar = {};                            // told while a server beyond the machine is silent
 };
 
 // The engines of the machine. `carpeta` is the program folder, where embedded servers ("sqlite:name") lie.

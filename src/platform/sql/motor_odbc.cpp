@@ -55,14 +55,14 @@ QString cadenaOdbc(const CadenaConexion& c, const QStringList& dsn) {
   return palabras.join(u';') + u';';
 }
 
-MotorOdbc::MotorOdbc(const CadenaConexion& cadena, int espera_ms, std::function<bool()> interrumpir)
-    : cadena_(cadena), espera_ms_(espera_ms), interrumpir_(std::move(interrumpir)) {}
+MotorOdbc::MotorOdbc(const CadenaConexion& cadena, int espera_ms, const OpcionesMotores& opciones)
+    : cadena_(cadena), espera_ms_(espera_ms), interrumpir_(opciones.interrumpir), alEsperar_(opciones.alEsperar) {}
 
 MotorOdbc::~MotorOdbc() = default;
 
 std::unique_ptr<MotorOdbc> MotorOdbc::abrir(const CadenaConexion& cadena, int espera_ms,
-                                            std::function<bool()> interrumpir, ErrorBD& error) {
-  std::unique_ptr<MotorOdbc> m(new MotorOdbc(cadena, espera_ms, std::move(interrumpir)));
+                                            const OpcionesMotores& opciones, ErrorBD& error) {
+  std::unique_ptr<MotorOdbc> m(new MotorOdbc(cadena, espera_ms, opciones));
   if (const auto e = m->conectar()) {
     error = *e;
     return {};
@@ -71,7 +71,9 @@ std::unique_ptr<MotorOdbc> MotorOdbc::abrir(const CadenaConexion& cadena, int es
 }
 
 std::optional<ErrorBD> MotorOdbc::conectar() {
-  hilo_ = std::make_unique<HiloOdbc>();
+  // The words of a driver are no name.
+  const QString nombre = cadena_.servidor.contains(u'=') ? QString() : u' ' + cadena_.servidor;
+  hilo_ = std::make_unique<HiloOdbc>(alEsperar_, QStringLiteral("Esperando al servidor%1…").arg(nombre));
   RespuestaOdbc r = hilo_->conectar(cadenaOdbc(cadena_, fuentesOdbc()), espera_ms_);
   descanso_.setRemainingTime(kDescanso_ms);
   if (!r.error) return {};

@@ -18,9 +18,9 @@ QString cadenaOdbc(const CadenaConexion& cadena, const QStringList& dsn);
 class MotorOdbc final : public Motor {
  public:
   // Opens within `espera_ms`; each statement has the same time. `error.numero` is kErrorTiempo when it passes.
-  // `interrumpir` is asked while a statement runs and may be empty.
-  static std::unique_ptr<MotorOdbc> abrir(const CadenaConexion& cadena, int espera_ms,
-                                          std::function<bool()> interrumpir, ErrorBD& error);
+  // Of the options `interrumpir` and `alEsperar` count.
+  static std::unique_ptr<MotorOdbc> abrir(const CadenaConexion& cadena, int espera_ms, const OpcionesMotores& opciones,
+                                          ErrorBD& error);
   ~MotorOdbc() override;
   MotorOdbc(const MotorOdbc&) = delete;
   MotorOdbc& operator=(const MotorOdbc&) = delete;
@@ -33,7 +33,7 @@ class MotorOdbc final : public Motor {
   QString traducir(const QString& sql) override { return sql; }
 
  private:
-  MotorOdbc(const CadenaConexion& cadena, int espera_ms, std::function<bool()> interrumpir);
+  MotorOdbc(const CadenaConexion& cadena, int espera_ms, const OpcionesMotores& opciones);
   std::optional<ErrorBD> conectar();
   std::optional<ErrorBD> lista();
   std::optional<ErrorBD> correr(const QString& sql, RespuestaOdbc& respuesta);
@@ -43,6 +43,7 @@ class MotorOdbc final : public Motor {
   CadenaConexion cadena_;
   int espera_ms_;
   std::function<bool()> interrumpir_;
+  AvisoEspera alEsperar_;
   std::unique_ptr<HiloOdbc> hilo_;  // none while the connection is lost
   bool enTransaccion_ = false;
   bool abandonada_ = false;  // left for its silence: whoever holds it must not wait for it at each statement

@@ -11,8 +11,9 @@ namespace {
 constexpr qint64 kReposo_ms = 10'000;  // a firewall may have forgotten a connection that was silent for longer
 constexpr int kEsquema = 0;            // nothing tells that another program has changed the tables, but its errors
 
-constexpr int kFaltanArgumentos = 201;
 constexpr size_t kValoresMaximos = 65535;  // of a message of the server
+
+const QByteArray kPone = "pone", kSuelta = "suelta";  // the savepoint before and behind a statement, prepared
 
 constexpr unsigned kInt8 = 20, kTexto = 25, kFecha = 1114, kNumeric = 1700;
 
@@ -30,15 +31,6 @@ bool deTablasCambiadas(const QByteArray& codigo) {
 
 PasoPg sentencia(const QByteArray& texto) { return {.texto = texto}; }
 
-std::optional<QByteArray> enTexto(const QVariant& v) {
-  switch (v.typeId()) {
-    case QMetaType::UnknownType: return {};
-    case QMetaType::LongLong: return QByteArray::number(v.toLongLong());
-    case QMetaType::Double: return QByteArray::number(v.toDouble(), 'g', QLocale::FloatingPointShortest);
-    default: return v.toString().toUtf8();
-  }
-}
-
 }  // namespace
 
 struct PreparadaPostgres {
@@ -52,9 +44,11 @@ struct PreparadaPostgres {
   std::shared_ptr<QByteArrayList> sobrantes;
 };
 
-MotorPostgres::MotorPostgres(const CadenaConexion& cadena, int espera_ms, std::shared_ptr<MemoriaDeFormas> memoria)
+MotorPostgres::MotorPostgres(const CadenaConexion& cadena, int espera_ms, std::shared_ptr<MemoriaDeFormas> memoria,
+                             const AvisoEspera& alEsperar)
     : cadena_(cadena),
       espera_ms_(espera_ms),
+      alEsperar_(alEsperar),
       memoria_(std::move(memoria)),
       camino_(Dialecto::TSql, kPalabrasPostgres, memoria_) {
   catalogo_ =
@@ -70,19 +64,21 @@ MotorPostgres::MotorPostgres(const CadenaConexion& cadena, int espera_ms, std::s
 MotorPostgres::~MotorPostgres() = default;
 
 std::unique_ptr<MotorPostgres> MotorPostgres::abrir(const CadenaConexion& cadena, int espera_ms, ErrorBD& error,
-                                                    std::shared_ptr<MemoriaDeFormas> memoria) {
-  std::unique_ptr<MotorPostgres> m(new MotorPostgres(cadena, espera_ms, std::move(memoria)));
-  m->canal_ = CanalPostgres::abrir(cadena, espera_ms, error);
+                                                    std::shared_ptr<MemoriaDeFormas> memoria,
+                                                    const AvisoEspera& alEsperar) {
+  std::unique_ptr<MotorPostgres> m(new MotorPostgres(cadena, espera_ms, std::move(memoria), alEsperar));
+  m->canal_ = CanalPostgres::abrir(cadena, espera_ms, error, alEsperar);
   if (!m->canal_) return {};
   return m;
 }
 
 std::optional<ErrorBD> MotorPostgres::reabrir() {
   ErrorBD error;
-  auto canal = CanalPostgres::abrir(cadena_, espera_ms_, error);
+  auto canal = CanalPostgres::abrir(cadena_, espera_ms_, error, alEsperar_);
   if (!canal) return error;
   formas_.vaciar();
   sobrantes_->clear();
+  puntos_ = false;
   canal_ = std::move(canal);
   return {};
 }
@@ -92,8 +88,12 @@ std::optional<ErrorBD> MotorPostgres::reabrir() {
 std::optional<ErrorBD> MotorPostgres::listo() {
   std::vector<ResultadoPg> r;
   if (canal_->abandonada()) return canal_->pedir({}, r);
-  if (!canal_->perdida() && !abierta_ && canal_->callada_ms() > kReposo_ms) (void)canal_->pedir({sentencia({})}, r);
-  if (!canal_->perdida()) return {};
+  bool perdida = canal_->perdida();
+  if (!perdida && !abierta_ && canal_->callada_ms() > kReposo_ms) {
+    (void)canal_->pedir({sentencia({})}, r);
+    perdida = canal_->perdida();
+  }
+  if (!perdida) return {};
   if (abierta_) return perdidaEnTransaccion();
   return reabrir();
 }
@@ -135,12 +135,14 @@ std::optional<ErrorBD> MotorPostgres::correrSentencia(const QString& sql, Record
   if (auto e = transaccion(s, esTransaccion); esTransaccion) return e;
   for (bool otraVez = false;; otraVez = true) {
     std::optional<ErrorBD> error;
-    bool vieja = false;
-    const auto p = preparada(s, vieja, error);
+    bool vieja = true;
+    auto p = formas_.buscar(s.forma, s.sql, s.tokens);
+    const bool sabida = p != nullptr;
+    if (!sabida) p = preparada(s, vieja, error);
     if (!p) return error;
     error = correrPreparada(s, *p, rs, afectadas);
     if (!error) {
-      formas_.guardar(s.forma, s.sql, s.tokens, p->forma->fijos, p);
+      if (!sabida) formas_.guardar(s.forma, s.sql, s.tokens, p->forma->fijos, p);
       if (p->forma->cambiaEsquema) olvidarEsquema();
       return {};
     }
@@ -168,8 +170,6 @@ void MotorPostgres::olvidarEsquema() {
 
 std::shared_ptr<PreparadaPostgres> MotorPostgres::preparada(const SentenciaLeida& s, bool& vieja,
                                                             std::optional<ErrorBD>& error) {
-  vieja = true;
-  if (auto p = formas_.buscar(s.forma, s.sql, s.tokens)) return p;
   const int esquema = cambiada_ ? -1 : kEsquema;
   vieja = memoria_ && esquema >= 0 && memoria_->alDia(esquema).buscar(s.forma, s.sql, s.tokens);
   auto p = std::make_shared<PreparadaPostgres>();
@@ -188,13 +188,14 @@ std::optional<ErrorBD> MotorPostgres::correrPreparada(const SentenciaLeida& s, P
     return ErrorBD{kErrorSentencia, 1, QStringLiteral("La sentencia tiene demasiados valores.")};
   }
   std::vector<unsigned> tipos;
+  tipos.reserve(valores.size());
   for (const Literal& l : p.forma->literales) {
     if (!l.ligado) continue;
     const QVariant& v = valores[tipos.size()];
-    const bool numero = v.typeId() == QMetaType::LongLong || v.typeId() == QMetaType::Double;
-    unsigned tipo = v.typeId() == QMetaType::LongLong ? kInt8 : numero ? kNumeric : kTexto;
-    const bool fecha = l.lectura == Lectura::FechaDiaMes;
-    if (fecha) tipo = kFecha;
+    const int clase = v.typeId();
+    const bool numero = clase == QMetaType::LongLong || clase == QMetaType::Double;
+    unsigned tipo = clase == QMetaType::LongLong ? kInt8 : numero ? kNumeric : kTexto;
+    if (l.lectura == Lectura::FechaDiaMes) tipo = kFecha;
     // A text beside a number was whole before, or is now.
     if (p.hecha && tipo == kInt8 && p.tipos[tipos.size()] == kNumeric) tipo = kNumeric;
     if (!numero && v.toString().contains(QChar(0))) {
@@ -219,20 +220,25 @@ std::optional<ErrorBD> MotorPostgres::correrPreparada(const SentenciaLeida& s, P
     texto = "CREATE TABLE " + kPalabrasPostgres.citado(p.forma->tablaNueva).toUtf8() + " AS " + texto;
   }
   // What is not prepared is planned for its values.
-  PasoPg principal{.texto = texto, .tipos = tipos};
-  if (!p.forma->conPatron) {
+  PasoPg principal;
+  if (p.forma->conPatron) {
+    principal.texto = texto;
+    principal.tipos = tipos;
+  } else {
     if (!p.hecha) {
       p.tipos = tipos;
       p.nombre = 't' + QByteArray::number(++preparadas_);
       pasos.push_back({.clase = PasoPg::Preparar, .nombre = p.nombre, .texto = texto, .tipos = tipos});
     }
-    principal = {.clase = PasoPg::Ejecutar, .nombre = p.nombre};
+    principal.clase = PasoPg::Ejecutar;
+    principal.nombre = p.nombre;
   }
+  principal.valores.reserve(valores.size());
   for (const QVariant& v : valores) principal.valores.push_back(enTexto(v));
-  pasos.push_back(principal);
+  pasos.push_back(std::move(principal));
   std::vector<ResultadoPg> r;
-  FilasPostgres tomadas(p.forma->salida, p.forma->tope.agregadas);
-  if (auto e = pedir(pasos, r, &tomadas)) {
+  FilasPostgres tomadas(&p.forma->salida, p.forma->tope.agregadas);
+  if (auto e = pedir(std::move(pasos), r, &tomadas)) {
     p.hecha = false;
     return e;
   }
@@ -244,8 +250,10 @@ std::optional<ErrorBD> MotorPostgres::correrPreparada(const SentenciaLeida& s, P
   tomadas.dejar(filas, *rs);
   if (!p.forma->tope.vale()) return {};
   return DejarTope(*p.forma, Dialecto::TSql, *rs, [&](const QByteArray& sinTope) -> std::optional<ErrorBD> {
-    if (auto e = pedir({{.texto = sinTope, .tipos = tipos, .valores = principal.valores}}, r)) return e;
-    FilasPostgres(p.forma->salida, p.forma->tope.agregadas).dejar(r.back().get(), *rs);
+    PasoPg paso{.texto = sinTope, .tipos = tipos};
+    for (const QVariant& v : valores) paso.valores.push_back(enTexto(v));
+    if (auto e = pedir({std::move(paso)}, r)) return e;
+    FilasPostgres(&p.forma->salida, p.forma->tope.agregadas).dejar(r.back().get(), *rs);
     return {};
   });
 }
@@ -253,15 +261,21 @@ std::optional<ErrorBD> MotorPostgres::correrPreparada(const SentenciaLeida& s, P
 std::optional<ErrorBD> MotorPostgres::pedir(std::vector<PasoPg> pasos, std::vector<ResultadoPg>& resultados,
                                             FilasPostgres* filas) {
   const bool primera = porIniciar_, luego = abierta_;
+  const bool aprende = luego && !puntos_;
   if (primera) pasos.insert(pasos.begin(), sentencia("BEGIN"));
   if (luego) {
-    pasos.insert(pasos.begin(), sentencia("SAVEPOINT sentencia"));
-    pasos.push_back(sentencia("RELEASE sentencia"));
+    pasos.insert(pasos.begin(), {.clase = PasoPg::Ejecutar, .nombre = kPone});
+    pasos.push_back({.clase = PasoPg::Ejecutar, .nombre = kSuelta});
+  }
+  if (aprende) {
+    pasos.insert(pasos.begin(), {{.clase = PasoPg::Preparar, .nombre = kPone, .texto = "SAVEPOINT sentencia"},
+                                 {.clase = PasoPg::Preparar, .nombre = kSuelta, .texto = "RELEASE sentencia"}});
   }
   const size_t principal = pasos.size() - (luego ? 2 : 1);
   TomarFilas tomar;
   if (filas) tomar = [filas](const pg_result* r) { return filas->tomar(r); };
   auto error = canal_->pedir(pasos, resultados, principal, tomar);
+  if (aprende) puntos_ = !error || canal_->fallado() > 1;
   if (error) {
     if (!canal_->perdida()) tomarAtras(primera);
     return error;
@@ -281,60 +295,6 @@ void MotorPostgres::tomarAtras(bool primera) {
   if (primera) (void)canal_->pedir({sentencia("ROLLBACK")}, r);
   else if (abierta_) (void)canal_->pedir({sentencia("ROLLBACK TO sentencia"), sentencia("RELEASE sentencia")}, r);
   canal_->recordar(codigo);
-}
-
-// A procedure, or a function that gives rows; the functions of the dialect are neither.
-std::optional<ErrorBD> MotorPostgres::buscarRutina(const QString& nombre, Rutina& rutina) {
-  const QString clave = nombre.toLower();
-  if (const auto r = rutinas_.constFind(clave); r != rutinas_.constEnd()) {
-    rutina = *r;
-    return {};
-  }
-  PasoPg paso{.texto = "SELECT prokind, pronargs FROM pg_proc WHERE pronamespace = to_regnamespace('dbo') AND "
-                       "proname = $1 AND (prokind = 'p' OR proretset)",
-              .tipos = {kTexto},
-              .valores = {clave.toUtf8()}};
-  std::vector<ResultadoPg> r;
-  if (auto e = canal_->pedir({paso}, r)) return e;
-  Recordset rs;
-  FilasPostgres().dejar(r[0].get(), rs);
-  if (rs.Eof()) {
-    return ErrorBD{kErrorSentencia, 2812,
-                   QStringLiteral("No se encuentra el procedimiento almacenado '%1'.").arg(nombre)};
-  }
-  rutina = {rs[0].toString().at(0).toLatin1(), rs[1].toInt()};
-  rutinas_.insert(clave, rutina);
-  return {};
-}
-
-// The server finds the types of what is passed by those that the procedure takes.
-std::optional<ErrorBD> MotorPostgres::llamar(const Llamada& llamada, Recordset* rs) {
-  if (llamada.error) return llamada.error;
-  Rutina rutina;
-  if (auto e = buscarRutina(llamada.nombre, rutina)) return e;
-  if (rutina.argumentos != llamada.argumentos.size()) {
-    return ErrorBD{kErrorSentencia, kFaltanArgumentos,
-                   QStringLiteral("El procedimiento %1 lleva %2 argumentos y recibió %3.")
-                       .arg(llamada.nombre.toLower())
-                       .arg(rutina.argumentos)
-                       .arg(llamada.argumentos.size())};
-  }
-  PasoPg paso;
-  QByteArrayList lugares;
-  for (const QVariant& v : llamada.argumentos) {
-    lugares << '$' + QByteArray::number(lugares.size() + 1);
-    paso.tipos.push_back(0);
-    paso.valores.push_back(enTexto(v));
-    if (v.toString().contains(QChar(0))) {
-      return ErrorBD{kErrorSentencia, 1, QStringLiteral("La sentencia contiene un carácter nulo.")};
-    }
-  }
-  paso.texto = (rutina.clase == 'p' ? "CALL dbo." : "SELECT * FROM dbo.") +
-               kPalabrasPostgres.citado(llamada.nombre).toUtf8() + '(' + lugares.join(',') + ')';
-  std::vector<ResultadoPg> r;
-  if (auto e = pedir({paso}, r)) return e;
-  if (rs && rutina.clase == 'f') FilasPostgres().dejar(r.back().get(), *rs);
-  return {};
 }
 
 std::optional<ErrorBD> MotorPostgres::iniciar() {

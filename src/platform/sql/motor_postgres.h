@@ -14,9 +14,10 @@ class MotorPostgres final : public Motor {
   // Opens within `espera_ms`, looking the host's name up included; `error.numero` is kErrorTiempo when that time passes
   // without an answer. Below twenty seconds each statement has that time, too, and a connection that broke it is left;
   // else a statement takes what it takes, as long as the server opens its door. `memoria` is what other connections to
-  // the database have learnt, and may be null.
+  // the database have learnt, and may be null. `alEsperar` is told while the server is silent.
   static std::unique_ptr<MotorPostgres> abrir(const CadenaConexion& cadena, int espera_ms, ErrorBD& error,
-                                              std::shared_ptr<MemoriaDeFormas> memoria = {});
+                                              std::shared_ptr<MemoriaDeFormas> memoria = {},
+                                              const AvisoEspera& alEsperar = {});
   ~MotorPostgres() override;
   MotorPostgres(const MotorPostgres&) = delete;
   MotorPostgres& operator=(const MotorPostgres&) = delete;
@@ -35,7 +36,8 @@ class MotorPostgres final : public Motor {
 
  private:
   struct Pedido;
-  MotorPostgres(const CadenaConexion& cadena, int espera_ms, std::shared_ptr<MemoriaDeFormas> memoria);
+  MotorPostgres(const CadenaConexion& cadena, int espera_ms, std::shared_ptr<MemoriaDeFormas> memoria,
+                const AvisoEspera& alEsperar);
   std::optional<ErrorBD> listo();
   std::optional<ErrorBD> reabrir();
   std::optional<ErrorBD> correr(const QString& sql, Recordset* rs, qint64* afectadas);
@@ -58,6 +60,7 @@ class MotorPostgres final : public Motor {
 
   CadenaConexion cadena_;
   int espera_ms_;
+  AvisoEspera alEsperar_;
   std::shared_ptr<MemoriaDeFormas> memoria_;
   Camino camino_;
   std::unique_ptr<CanalPostgres> canal_;
@@ -66,6 +69,7 @@ class MotorPostgres final : public Motor {
   Formas<PreparadaPostgres> formas_{300};
   QHash<QString, Rutina> rutinas_;  // procedures, by their names in lower case
   int preparadas_ = 0;
+  bool puntos_ = false;      // the server has the savepoints prepared
   bool porIniciar_ = false;  // a transaction that the server has not heard of yet
   bool abierta_ = false;     // one that it has
   bool cambiada_ = false;    // ... and in which tables were made or changed

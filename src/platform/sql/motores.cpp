@@ -22,10 +22,11 @@ class MotoresDelSistema final : public Motores {
       case TipoMotor::Embebido:
         return MotorSqlite::abrir(QDir(carpeta_).filePath(c.archivo), Dialecto::TSql, espera_ms, opciones_,
                                   memoriaDe(cadena), error);
-      case TipoMotor::Postgres: return MotorPostgres::abrir(c, espera_ms, error, memoriaDe(cadena));
+      case TipoMotor::Postgres:
+        return MotorPostgres::abrir(c, espera_ms, error, memoriaDe(cadena), opciones_.alEsperar);
       case TipoMotor::SqlServer: break;
     }
-    if (!c.servidor.isEmpty()) return MotorOdbc::abrir(c, espera_ms, opciones_.interrumpir, error);
+    if (!c.servidor.isEmpty()) return MotorOdbc::abrir(c, espera_ms, opciones_, error);
     error = {kErrorGeneral, 0, QStringLiteral("La cadena de conexión no nombra ningún servidor.")};
     return {};
   }

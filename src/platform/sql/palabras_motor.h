@@ -10,7 +10,7 @@ struct PalabrasMotor {
   QStringView colacion;   // behind an expression: it compares as the dialects do
   QStringView suelta;     // before a column that no index of another comparison may serve
   QStringView parametro;  // a bound literal; its number follows
-  QStringView fila;       // the column that tells the rows of a table apart
+  QStringView fila;       // the column that tells the rows of a table apart ...
   QStringView nulosSube;  // behind a rising key of ORDER BY, where Nulls come first
   QStringView nulosBaja;  // behind a falling one, where they come last
   QStringView sinNombre;  // the name of a query between tables that has none; empty where it needs none
@@ -26,6 +26,7 @@ struct PalabrasMotor {
   // Of an engine that knows types, not values: it wants one type where the dialects mix them, names as it folds them,
   // and a column of texts compares there as the dialects do, whatever stands beside it.
   bool tipado = false;
+  QStringView parte{};       // ... within this one, where a table may be several; empty where none is
   QStringView funciones{};   // before the name of a function of the dialects or of a server
   QStringView divisor{};     // before what must not be zero, where the engine itself doesn't mind
   QStringView recursiva{};   // behind WITH

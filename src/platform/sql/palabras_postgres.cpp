@@ -64,6 +64,7 @@ const PalabrasMotor kPalabrasPostgres = {
     .citado = citado,
     .tipo = tipo,
     .tipado = true,
+    .parte = u"tableoid",
     .funciones = u"dbo.",
     .divisor = {},
     .recursiva = u" RECURSIVE",

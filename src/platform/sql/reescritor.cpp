@@ -294,7 +294,8 @@ void Reescritor::insertar() {
   if (come(u"VALUES")) {
     filasDeValores(columnas);
   } else if (es(u"SELECT") || tk(p_).op(u"(")) {
-    seleccion(&columnas);
+    const size_t dadas = seleccion(&columnas).size();
+    if (dadas > 0 && dadas < columnas.size()) malEscrita(p_ - 1);
   }
 }
 
@@ -328,12 +329,14 @@ void Reescritor::filasDeValores(const std::vector<Columna>& columnas) {
   do {
     if (!comeOp(u"(")) return;
     ambito().ligable = true;
-    for (size_t i = 0; !fin() && !tk(p_).op(u")"); ++i) {
+    size_t i = 0;
+    for (; !fin() && !tk(p_).op(u")"); ++i) {
       Nodo n = expresion();
       if (n.vacio()) malEscrita(p_++);
       else if (i < columnas.size()) asignar(columnas[i], n);
       comeOp(u",");
     }
+    if (i < columnas.size()) malEscrita(p_);  // a typed engine would fill the rest
     comeOp(u")");
   } while (comeOp(u","));
 }

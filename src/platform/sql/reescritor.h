@@ -87,6 +87,7 @@ class Reescritor {
   // Changes of rows (reescritor_cambios.cpp)
   void actualizar();
   bool fuentesDeCambio(int ini, const QString& nombre);
+  QList<QStringView> columnasDeFila() const;
   QStringList asignaciones(const Fuente* destino, bool junta);
   const Fuente* fuenteLlamada(const QString& nombre) const;
   const Fuente* fuenteDeColumna(int i) const;
@@ -166,6 +167,7 @@ class Reescritor {
   bool listaPorVariantes(const Nodo& columna, const std::vector<Nodo>& valores);
   void porInicio(const Nodo& columna, const Nodo& literal);
   bool empieza(const Nodo& columna, const Nodo& patron) const;
+  QString tramoDe(const QString& columna, const QString& inicio) const;
   QString tramoDePatron(const Nodo& columna, const Nodo& patron);
   const Columna* columna(const QString& alias, const QString& nombre) const;
   bool esAjena(const QString& alias, const QString& nombre) const;

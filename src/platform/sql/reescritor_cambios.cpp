@@ -50,6 +50,13 @@ bool Reescritor::fuentesDeCambio(int ini, const QString& nombre) {
   return false;
 }
 
+// What tells a row of a table from all others.
+QList<QStringView> Reescritor::columnasDeFila() const {
+  QList<QStringView> columnas{m_.fila};
+  if (!m_.parte.isEmpty()) columnas.prepend(m_.parte);
+  return columnas;
+}
+
 void Reescritor::actualizar() {
   const int verbo = p_++;
   ambitos_.emplace_back();
@@ -76,10 +83,15 @@ void Reescritor::actualizar() {
   clausulas();
   if (!junta || rendido_) return;
 
-  e_.reemplazar(verbo, QStringLiteral("UPDATE %1 SET %2 FROM (SELECT %3.%4 AS fila,")
-                           .arg(m_.citado(elegida.tabla), pone.join(u','), m_.citado(elegida.alias), m_.fila));
-  const QString cierra =
-      QStringLiteral(") AS tp_cambio WHERE %1.%2 = tp_cambio.fila").arg(m_.citado(elegida.tabla), m_.fila);
+  QString busca, cierra;
+  for (const QStringView columna : columnasDeFila()) {
+    busca += QStringLiteral("%1.%2 AS fila_%2,").arg(m_.citado(elegida.alias), columna);
+    cierra += QStringLiteral("%1 %2.%3 = tp_cambio.fila_%3")
+                  .arg(cierra.isEmpty() ? QStringLiteral(") AS tp_cambio WHERE") : QStringLiteral(" AND"),
+                       m_.citado(elegida.tabla), columna);
+  }
+  e_.reemplazar(
+      verbo, QStringLiteral("UPDATE %1 SET %2 FROM (SELECT %3").arg(m_.citado(elegida.tabla), pone.join(u','), busca));
   const bool sinMas = p_ - 1 == ultima;  // no WHERE: what closes it stands behind the tables that were moved
   if (jet_) {
     e_.antes(ini, QStringLiteral(" FROM "));
@@ -161,8 +173,13 @@ void Reescritor::borrarFilas() {
   fuentes();
   const Fuente* f = fuenteLlamada(pedida);
   if (!f || f->tabla.isEmpty()) return;
-  e_.reemplazar(verbo, QStringLiteral("DELETE FROM %1 WHERE %3 IN (SELECT %2.%3")
-                           .arg(m_.citado(f->tabla), m_.citado(f->alias), m_.fila));
+  QStringList una, otra;
+  for (const QStringView columna : columnasDeFila()) {
+    una << columna.toString();
+    otra << m_.citado(f->alias) + u'.' + columna.toString();
+  }
+  e_.reemplazar(verbo, QStringLiteral("DELETE FROM %1 WHERE (%2) IN (SELECT %3")
+                           .arg(m_.citado(f->tabla), una.join(u','), otra.join(u',')));
   for (int i = ini; i < tablas - 1; ++i) {  // all but the FROM that leads the tables
     if (!jet_) e_.borrar(i);
   }

@@ -284,7 +284,12 @@ Nodo Reescritor::parentesis() {
     while (comeOp(u",")) expresion();
   }
   if (!comeOp(u")")) {
+    const int desde = p_;
     hastaCerrar();
+    for (int i = desde, hondo = 0; i < p_; ++i) {
+      hondo += tk(i).op(u"(") ? 1 : tk(i).op(u")") ? -1 : 0;
+      if (hondo == 0 && tk(i).op(u",")) malEscrita(i);
+    }
   }
   n.fin = p_ > ini ? p_ : ini + 1;
   n.primario = true;

@@ -175,36 +175,42 @@ bool Reescritor::listaPorVariantes(const Nodo& columna, const std::vector<Nodo>&
   return true;
 }
 
-// Of a text with many letters beyond ASCII the plain beginning is what an index finds.
+// What lies between texts that begin so, which an index finds: a condition to stand before the exact one, with a
+// parenthesis that is closed behind that; "" where a text begins with nothing of use.
+QString Reescritor::tramoDe(const QString& columna, const QString& inicio) const {
+  const QStringList inicios = iniciosDeCaso(inicio);
+  if (inicios[0].isEmpty()) return {};
+  QStringList tramos;
+  for (const QString& i : inicios) {
+    tramos << QStringLiteral("%1 >= %2 AND %1 < %3")
+                  .arg(columna, m_.literal(i), m_.literal(i + QString::fromUcs4(U"\U0010FFFF", 1)));
+  }
+  const QString todos = tramos.join(QStringLiteral(" OR "));
+  return u'(' + (tramos.size() == 1 ? todos : u'(' + todos + u')') + QStringLiteral(" AND ");
+}
+
+// Of a text with many letters beyond ASCII an index finds the beginning.
 void Reescritor::porInicio(const Nodo& columna, const Nodo& literal) {
   if (!columna.columna || !columna.sinCaso || literal.literal < 0 || literal.fin != literal.ini + 1) return;
   Literal& l = *e_.literal(literal.literal);
-  const QString todo = leerLiteral(tk(literal.literal), l.lectura, e_.dialecto()).valor.toString();
-  qsizetype n = 0;
-  while (n < todo.size() && todo[n].unicode() < 0x80) ++n;
-  if (n == 0) return;
-  l.ligado = false;
   QString c;  // as it stands in the statement, without what was just put before it
   for (int i = columna.ini; i < columna.fin; ++i) c += tk(i).texto;
-  e_.antes(columna.ini,
-           QStringLiteral("(%1 >= %2 AND %1 < %3 AND ")
-               .arg(c, m_.literal(todo.left(n)), m_.literal(todo.left(n) + QString::fromUcs4(U"\U0010FFFF", 1))));
+  const QString tramo = tramoDe(c, leerLiteral(tk(literal.literal), l.lectura, e_.dialecto()).valor.toString());
+  if (tramo.isEmpty()) return;
+  l.ligado = false;
+  e_.antes(columna.ini, tramo);
   e_.despues(literal.fin - 1, QStringLiteral(")"));
 }
 
-// A pattern that begins with plain letters lies between two texts, which an index finds: that condition, to stand
-// before the pattern's own; "" where there is none.
+// The same of a pattern.
 QString Reescritor::tramoDePatron(const Nodo& columna, const Nodo& patron) {
   if (m_.tipado || !columna.columna || !columna.sinCaso || patron.literal < 0 || patron.fin != patron.ini + 1)
     return {};
   Literal& l = *e_.literal(patron.literal);
   const QString todo = leerLiteral(tk(patron.literal), l.lectura, e_.dialecto()).valor.toString();
-  const QString inicio = inicioLlano(todo, e_.dialecto());
-  if (inicio.isEmpty()) return {};
-  l.ligado = false;
-  const QString c = e_.trozo(columna.ini, columna.fin);
-  return QStringLiteral("(%1 >= %2 AND %1 < %3 AND ")
-      .arg(c, m_.literal(inicio), m_.literal(inicio + QString::fromUcs4(U"\U0010FFFF", 1)));
+  const QString tramo = tramoDe(e_.trozo(columna.ini, columna.fin), inicioFijo(todo, e_.dialecto()));
+  if (!tramo.isEmpty()) l.ligado = false;
+  return tramo;
 }
 
 // Columns that hold codes, which have no Ñ: by their names, c... and numbers that stand as texts, n...

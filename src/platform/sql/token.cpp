@@ -1,10 +1,25 @@
 #include "platform/sql/token.h"
 
+#include <array>
+
 namespace {
 
-bool esLetra(QChar c) { return c.isLetter() || c == u'_' || c == u'@' || c == u'$' || c.isSurrogate(); }
-bool esDigito(QChar c) { return c >= u'0' && c <= u'9'; }
-bool sigueNombre(QChar c) { return esLetra(c) || esDigito(c); }
+// Most signs are ASCII, and told by one look.
+enum : quint8 { kLetra = 1, kDigito = 2, kBlanco = 4 };
+constexpr auto kClases = [] {
+  std::array<quint8, 128> clases{};
+  for (char c = 'a'; c <= 'z'; ++c) clases[static_cast<size_t>(c)] = clases[static_cast<size_t>(c - 32)] = kLetra;
+  for (const char c : {'_', '@', '$'}) clases[static_cast<size_t>(c)] = kLetra;
+  for (char c = '0'; c <= '9'; ++c) clases[static_cast<size_t>(c)] = kDigito;
+  for (const char c : {' ', '\t', '\n', '\v', '\f', '\r'}) clases[static_cast<size_t>(c)] = kBlanco;
+  return clases;
+}();
+bool esDe(QChar c, int clases) { return (kClases[c.unicode()] & clases) != 0; }
+bool ascii(QChar c) { return c.unicode() < kClases.size(); }
+bool esLetra(QChar c) { return ascii(c) ? esDe(c, kLetra) : c.isLetter() || c.isSurrogate(); }
+bool esDigito(QChar c) { return ascii(c) && esDe(c, kDigito); }
+bool esBlanco(QChar c) { return ascii(c) ? esDe(c, kBlanco) : c.isSpace(); }
+bool sigueNombre(QChar c) { return ascii(c) ? esDe(c, kLetra | kDigito) : esLetra(c); }
 
 // The operators of two signs.
 bool esPar(QChar a, QChar b) {
@@ -34,7 +49,7 @@ class Lector {
   // Blanks and, where the dialect has them, comments. False at the end.
   bool saltar() {
     while (i_ < s_.size()) {
-      if (s_[i_].isSpace()) {
+      if (esBlanco(s_[i_])) {
         ++i_;
       } else if (!jet_ && s_[i_] == u'-' && en(i_ + 1) == u'-') {
         const qsizetype fin = s_.indexOf(u'\n', i_);

@@ -127,6 +127,8 @@ QPushButton* nuevoBoton(const QString& nombre, const QString& rotulo, const QStr
 QLabel* nuevoTexto(const QString& texto, const QString& papel, QWidget* padre) {
   auto* l = new QLabel(texto, padre);
   if (!papel.isEmpty()) l->setProperty("papel", papel);
+  // A marked letter stands apart from its neighbours, which takes more room than the label asks for.
+  if (texto.contains(u'&')) l->setContentsMargins(0, 0, 3, 0);
   return l;
 }
 

@@ -54,11 +54,15 @@ void CartelOcupado::mostrar(const QString& que) {
     DescartarPulsaciones();
     return;
   }
+  QWidget* ventana = ventanaDelante();
+  const bool yaLoDice = ventana && ventana->property("diceQueHace").toBool();
+  const bool caja = ventana && ventana->objectName() == u"caja";  // it waits for the person, and must be read
+  if (!puesto_ && (yaLoDice || caja)) return;
+  if (caja) ventana = cartel_ ? cartel_->parentWidget() : nullptr;
   if (!puesto_) QApplication::setOverrideCursor(Qt::WaitCursor);
   puesto_ = true;
-  QWidget* ventana = ventanaDelante();
   if (cartel_ && cartel_->parentWidget() != ventana) delete cartel_;
-  if (!ventana) return;
+  if (!ventana || yaLoDice) return;
   if (!cartel_) {
     cartel_ = nuevoTexto({}, QStringLiteral("ocupado"), ventana);
     cartel_->setObjectName(QStringLiteral("lblOcupado"));
@@ -66,8 +70,12 @@ void CartelOcupado::mostrar(const QString& que) {
     cartel_->setAlignment(Qt::AlignCenter);
   }
   cartel_->setText(que);
+  cartel_->setWordWrap(false);
   cartel_->adjustSize();
-  cartel_->resize(qMin(cartel_->width(), ventana->width()), cartel_->height());
+  if (const int cabe = ventana->width(); cartel_->width() > cabe) {
+    cartel_->setWordWrap(true);
+    cartel_->resize(cabe, cartel_->heightForWidth(cabe));
+  }
   cartel_->move((ventana->width() - cartel_->width()) / 2, (ventana->height() - cartel_->height()) / 3);
   cartel_->show();
   cartel_->raise();

@@ -5,7 +5,8 @@
 class QLabel;
 
 // Says over the window in front what a long step is doing. The window is painted whole first, since the screen that
-// closed over it may have left its picture there. Runs no events.
+// closed over it may have left its picture there. A window with the property "diceQueHace" says it itself and takes the
+// keys of who waits. Runs no events.
 class CartelOcupado {
  public:
   CartelOcupado() = default;

@@ -8,13 +8,8 @@
 #include <utility>
 
 #include "platform/ui/anillo_foco.h"
+#include "platform/ui/indicios.h"
 #include "platform/ui/tema.h"
-
-namespace {
-
-const QString kEntreIndicios = QStringLiteral("  ·  ");
-
-}  // namespace
 
 Forma::Forma(const QString& nombre, const QString& titulo, QWidget* padre)
     : QDialog(padre), teclas_(new TablaTeclas(this)) {
@@ -31,9 +26,8 @@ Forma::Forma(const QString& nombre, const QString& titulo, QWidget* padre)
   tira_->setProperty("papel", "indicios");
   auto* enTira = new QVBoxLayout(tira_);
   enTira->setContentsMargins(16, tema::px(4), 16, tema::px(4));
-  indicios_ = new QLabel;
+  indicios_ = new Indicios;
   indicios_->setObjectName(QStringLiteral("lblIndicios"));
-  indicios_->setWordWrap(true);
   enTira->addWidget(indicios_);
   tira_->hide();
   todo_->addWidget(tira_);
@@ -49,18 +43,13 @@ void Forma::tecla(QKeyCombination combinacion, std::function<void()> accion, con
 }
 
 void Forma::indicio(const QString& texto) {
-  notas_ << texto;
+  notas_ += texto.split(Indicios::kEntre);
   escribirIndicios();
 }
 
 void Forma::escribirIndicios() {
-  QStringList partes = notas_;
-  if (const QString t = teclas_->indicios(); !t.isEmpty()) partes.prepend(t);
-  // A line ends behind the sign between two hints and nowhere else.
-  QString texto = partes.join(kEntreIndicios);
-  const QString junto = QString(texto).replace(u' ', QChar::Nbsp).replace(u'/', QStringLiteral("/\u2060"));
-  indicios_->setText(QString(junto).replace(QString(kEntreIndicios).replace(u' ', QChar::Nbsp),
-                                            QStringLiteral("\u00A0\u00A0·\u00A0 ")));
+  const QStringList partes = teclas_->indicios() + notas_;
+  indicios_->poner(partes);
   tira_->setVisible(!partes.isEmpty());
 }
 

@@ -7,7 +7,7 @@
 #include "platform/ui/campo.h"
 #include "platform/ui/teclas.h"
 
-class QLabel;
+class Indicios;
 class QVBoxLayout;
 
 // A screen: its object name is the screen's name. Enter on a field leaves it for the next one in tab order, Enter on
@@ -34,7 +34,8 @@ class Forma : public QDialog {
   // A key of the whole screen; see EntradaTecla. `indicio` stands in the hint strip.
   void tecla(QKeyCombination combinacion, std::function<void()> accion, const QString& indicio = {},
              bool tambienEscribiendo = false);
-  // A note in the hint strip for a key that a control handles itself, or for a mnemonic.
+  // A note in the hint strip for a key that a control handles itself, or for a mnemonic; several are parted by the sign
+  // of Indicios.
   void indicio(const QString& texto);
 
   // What tells that a comma was typed for a point. From now on no amount of the screen is left with one: the words come
@@ -60,7 +61,7 @@ class Forma : public QDialog {
   TablaTeclas* teclas_;
   QVBoxLayout *todo_, *cuerpo_;
   QFrame* tira_;
-  QLabel* indicios_;
+  Indicios* indicios_;
   QStringList notas_;
   std::function<void()> avisarComa_;
 };

@@ -36,7 +36,7 @@ LineaEstado::LineaEstado(QWidget* padre) : QFrame(padre) {
   setObjectName(QStringLiteral("lineaEstado"));
   setProperty("papel", "estado");
   auto* lineas = new QVBoxLayout(this);
-  lineas->setContentsMargins(16, 6, 16, 6);
+  lineas->setContentsMargins(16, tema::px(6), 16, tema::px(6));
   lineas->setSpacing(2);
   auto* fila = new QHBoxLayout;
   fila->setSpacing(20);

@@ -57,7 +57,7 @@ void preparar(QMessageBox& caja, const QString& texto, const QString& titulo) {
   caja.setObjectName(QStringLiteral("caja"));
   caja.setWindowTitle(titulo);
   caja.setTextFormat(Qt::PlainText);
-  caja.setText(texto);
+  caja.setText(QString(texto).replace(QStringLiteral("S/. "), QStringLiteral("S/.\u00A0")));  // stays with its amount
   new AnilloFoco(&caja);
 }
 

@@ -50,9 +50,10 @@ void PintorCelda::paint(QPainter* p, const QStyleOptionViewItem& o, const QModel
   p->restore();
 }
 
-void pintarVacio(QWidget* donde, const QString& texto) {
-  if (texto.isEmpty()) return;
+void pintarVacio(QWidget* donde, const QString& texto, int desde) {
+  const QRect lugar = donde->rect().adjusted(16, desde, -16, 0);
+  if (texto.isEmpty() || lugar.height() < donde->fontMetrics().height()) return;
   QPainter p(donde);
   p.setPen(QColor(tema::kTintaSuave));
-  p.drawText(donde->rect().adjusted(16, 0, -16, 0), Qt::AlignCenter | Qt::TextWordWrap, texto);
+  p.drawText(lugar, Qt::AlignCenter | Qt::TextWordWrap, texto);
 }

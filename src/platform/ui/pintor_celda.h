@@ -12,5 +12,5 @@ class PintorCelda final : public QStyledItemDelegate {
   void paint(QPainter* p, const QStyleOptionViewItem& opcion, const QModelIndex& celda) const override;
 };
 
-// The words in the middle of an empty grid.
-void pintarVacio(QWidget* donde, const QString& texto);
+// The words in the middle of an empty grid, below `desde`, where they have room.
+void pintarVacio(QWidget* donde, const QString& texto, int desde = 0);

@@ -267,7 +267,7 @@ void Rejilla::focusOutEvent(QFocusEvent* e) {
 
 void Rejilla::paintEvent(QPaintEvent* e) {
   QTableView::paintEvent(e);
-  if (vacia()) pintarVacio(viewport(), textoVacio);
+  if (vacia()) pintarVacio(viewport(), textoVacio, modelo_->rowCount() > 0 ? rowHeight(0) : 0);
   if (!currentIndex().isValid() || !(hasFocus() || (editor_ && editor_->hasFocus()))) return;
   QPainter p(viewport());
   p.setPen(QPen(QColor(tema::kFoco), tema::kAnilloFoco, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));

@@ -42,11 +42,11 @@ TablaTeclas::TablaTeclas(QWidget* ventana) : QObject(ventana), ventana_(ventana)
 
 void TablaTeclas::agregar(EntradaTecla entrada) { entradas_.push_back(std::move(entrada)); }
 
-QString TablaTeclas::indicios() const {
+QStringList TablaTeclas::indicios() const {
   QStringList partes;
   for (const auto& e : entradas_)
     if (!e.indicio.isEmpty()) partes << nombreTecla(e.tecla) + u' ' + e.indicio;
-  return partes.join(QStringLiteral("  ·  "));
+  return partes;
 }
 
 const EntradaTecla* TablaTeclas::buscar(const QKeyEvent& e, const QWidget& foco) const {

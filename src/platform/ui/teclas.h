@@ -26,8 +26,8 @@ class TablaTeclas final : public QObject {
   explicit TablaTeclas(QWidget* ventana);
 
   void agregar(EntradaTecla entrada);
-  // "F2 cliente · F5 artículo", in the order of the table.
-  QString indicios() const;
+  // "F2 cliente", "F5 artículo", in the order of the table.
+  QStringList indicios() const;
 
   bool eventFilter(QObject* objeto, QEvent* evento) override;
 

@@ -82,6 +82,7 @@ QToolButton:disabled { color: @lineaCampo; }
 QLabel { background: transparent; }
 QLabel:disabled { color: @fijo; }
 QLabel[papel="titular"] { font-size: 28pt; font-weight: 600; }
+QLabel[papel="anulada"] { font-size: 28pt; font-weight: 600; color: @alto; }
 QLabel[papel="titulo"] { font-size: 12pt; font-weight: 600; }
 QLabel[papel="sentencia"] { font-size: 12pt; color: @tinta; }
 QLabel[papel="suave"] { font-size: 11pt; color: @tintaSuave; }

@@ -487,4 +487,12 @@ SELECT x.id FROM x4 x WHERE x.sNom = N'pérez ñáñez í ' AND x.id < 5
   2
 SELECT id FROM x4 WHERE sNom IN ('muñoz', sNom) ORDER BY id
   1/2/3/4/5/6
+INSERT INTO x4 VALUES (99)
+  error
+INSERT INTO x4 SELECT 99
+  error
+SELECT (id, 0) FROM x4
+  error
+SELECT ( ~ ( id ) , 0 ) FROM x4
+  error
 DROP TABLE x4

@@ -2,14 +2,13 @@
 // The screens beside a register and the main window: the real routines behind them, used as the day says.
 #include "cashday/cuadre.h"
 #include "cashday/pantallas_principal.h"
+#include "cashday/principal.h"
 #include "sale/pago_efectivo.h"
 #include "sale/pantallas_venta.h"
 #include "sale/voucher.h"
 #include "sync/sincronizar.h"
 #include "sync/updt.h"
 #include "voiding/pantallas_anulacion.h"
-
-namespace jornada {
 
 class PantallasDelDia final : public PantallasVenta {
  public:
@@ -49,7 +48,7 @@ struct AnulacionDelDia final : PantallasAnulacion {
   std::optional<QString> autorizar(const QString&) override { return QStringLiteral("SUPERVISOR"); }
 };
 
-class PrincipalDelDia final : public PantallasPrincipal {
+class PrincipalDelDia : public PantallasPrincipal {
  public:
   explicit PrincipalDelDia(Puesto& p) : p_(p) {}
   bool rearranca = false;
@@ -79,5 +78,3 @@ class PrincipalDelDia final : public PantallasPrincipal {
  private:
   Puesto& p_;
 };
-
-}  // namespace jornada

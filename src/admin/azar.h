@@ -1,9 +1,8 @@
 #pragma once
-// The numbers that decide a day. The same seed gives the same day on every machine, so none of the library's own.
+// The numbers that decide a day out of a seed. The same seed gives the same day on every machine, so none of the
+// library's own.
 #include <cstdint>
 #include <vector>
-
-namespace jornada {
 
 class Azar {
  public:
@@ -27,5 +26,3 @@ class Azar {
   }
   std::uint64_t estado_;
 };
-
-}  // namespace jornada
