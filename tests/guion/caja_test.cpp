@@ -234,13 +234,8 @@ TEST_P(ObraEnPostgres, LeavesTheSame) {
   dejaLoQueEstaASuLado(p);
 }
 
-std::vector<QString> obrasDeCredito() {
-  std::vector<QString> obras = obrasSinApertura();
-  std::erase_if(obras, [](const QString& o) { return !o.contains(u"credito") && o != u"cliente_nuevo"; });
-  return obras;
-}
-
-INSTANTIATE_TEST_SUITE_P(Pruebas, ObraEnPostgres, testing::ValuesIn(obrasDeCredito()),
+INSTANTIATE_TEST_SUITE_P(Pruebas, ObraEnPostgres,
+                         testing::Values(QStringLiteral("anula_credito"), QStringLiteral("cliente_nuevo")),
                          [](const auto& obra) { return obra.param.toStdString(); });
 
 }  // namespace
