@@ -102,6 +102,7 @@ FinPasada PasadasDeMaestros::dosPasadas(const Maestro& m, LiteralSql tabla) {
   bool creadas = true, cambiadas = true;
   if (!haySuyas(tabla, false, creadas, cambiadas)) return FinPasada::Mal;
   if (marca_.isEmpty()) cambiadas = false;
+  vinieron_ = creadas || cambiadas;
   tomadas_.clear();
   FinPasada fin = FinPasada::Bien;
   for (const bool nuevas : {true, false}) {
@@ -192,7 +193,8 @@ FinPasada PasadasDeMaestros::clientes() {
                 v);
           }};
   const FinPasada fin = dosPasadas(m, u"Cliente"_sql);
-  if (fin == FinPasada::Bien) quitarSinLocal(u"Cliente"_sql, u"cClieCode"_sql, u" AND cSincroFlag <> 0"_sql);
+  if (fin == FinPasada::Bien && vinieron_)
+    quitarSinLocal(u"Cliente"_sql, u"cClieCode"_sql, u" AND cSincroFlag <> 0"_sql);
   return fin;
 }
 
@@ -232,7 +234,7 @@ FinPasada PasadasDeMaestros::tarjetas() {
                                  texto(f, u"sUserDesc"), Texto(ahora), texto(f, u"nTarjNumb"), entero(f[u"IdLocal"])});
           }};
   const FinPasada fin = dosPasadas(m, u"Tarjeta"_sql);
-  if (fin == FinPasada::Bien) quitarSinLocal(u"Tarjeta"_sql, u"nTarjNumb"_sql, u""_sql);
+  if (fin == FinPasada::Bien && vinieron_) quitarSinLocal(u"Tarjeta"_sql, u"nTarjNumb"_sql, u""_sql);
   return fin;
 }
 

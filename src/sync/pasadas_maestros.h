@@ -55,6 +55,7 @@ class PasadasDeMaestros {
   Puesto& p_;
   FrmUpdt& pantalla_;
   const QString marca_;
+  bool vinieron_ = false;  // rows of the table under way may have come
   QSet<QString> tomadas_;  // new ones of this pass: what was made and changed on one day is taken once
 };
 
