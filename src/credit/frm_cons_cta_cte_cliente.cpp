@@ -76,7 +76,7 @@ void frmConsCtaCteCliente::crearArbol() {
                            QStringLiteral("Vta\nUSD"), QStringLiteral("Pag\nSol"), QStringLiteral("Pag\nUSD"),
                            QStringLiteral("Deuda\nEstado")});
   arbol_->header()->setMinimumHeight(2 * QFontMetrics(arbol_->header()->font()).lineSpacing() + tema::px(12));
-  const int anchos[kColumnas] = {222, 140, 106, 84, 88, 78, 88, 78, 94};
+  const int anchos[kColumnas] = {218, 140, 106, 88, 88, 78, 88, 78, 94};
   for (int c = 0; c < kColumnas; ++c) arbol_->setColumnWidth(c, anchos[c]);
   for (int c = kVtaSoles; c <= kEstado; ++c)
     arbol_->headerItem()->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
