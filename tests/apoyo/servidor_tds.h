@@ -1,6 +1,6 @@
 #pragma once
-// As much of a SQL Server as its driver takes for one: it lets anybody in, says that every statement is done, fails those
-// that name an error ("error 2627"), and is silent to one that says "calla" and from there on.
+// As much of a SQL Server as its driver takes for one: it lets anybody in, says that every statement is done, fails
+// those that name an error ("error 2627"), and is silent to one that says "calla" and from there on.
 #include <atomic>
 #include <thread>
 

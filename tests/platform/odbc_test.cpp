@@ -151,8 +151,8 @@ TEST(Odbc, SaysWhyItCannotOpen) {
   }
 }
 
-// The driver that a SQL Server is reached by, against nobody, against one that is silent, and against as much of a server
-// as it takes for one.
+// The driver that a SQL Server is reached by, against nobody, against one that is silent, and against as much of a
+// server as it takes for one.
 TEST(Odbc, TheDriverOfSqlServerTellsAndHoldsItsTimes) {
   const auto motores = motoresDelSistema({});
   Conexion cnn;
