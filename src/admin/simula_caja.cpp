@@ -301,6 +301,8 @@ int CajaSimulada::jugar(int dia) {
         restaurar(siguiente, dia);
         if (!arrancar(false)) return kFallo;
         abrir();
+        venta();  // what was sold before is gone, and a day without a sale can't be closed
+        continue;
       }
       acto(siguiente);
     }

@@ -222,13 +222,14 @@ TiendaSimulada::Fallo TiendaSimulada::todas(const QStringList& mas, int dia, con
         ++vivas;
         continue;
       }
+      const bool empezo = m.proceso->error() != QProcess::FailedToStart;
       const bool murio = m.proceso->exitStatus() == QProcess::CrashExit;
       const int estado = m.proceso->exitCode();
       m.proceso.reset();
-      if (murio && m.veces < kVeces) {
+      if (murio && empezo && m.veces < kVeces) {
         ++vivas;
         lanzar(n);
-      } else if (murio || estado != kBien) {
+      } else if (murio || !empezo || estado != kBien) {
         fallo = q("La caja %1 no terminó el día %2.").arg(plan_.codigo(n)).arg(dia);
       }
     }

@@ -3,6 +3,7 @@
 #include <QFile>
 
 #include "foundation/puesto.h"
+#include "foundation/transaccion.h"
 #include "platform/io/archivo.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -283,7 +284,45 @@ bool GuardarUltimaOperacion(Puesto& p, TipoDocumento tipo, qint64 codigo, qint64
 
 bool RepararNumeracion(Puesto& p) { return reparar(p, {u"operacion"_sql, false}); }
 
+namespace {
+
+// Documents that are open here, as they were last sent, and no more at the centre: the store was put back from a copy
+// older than what settled or voided them.
+void seguirEstados(Puesto& p) {
+  Recordset abiertas, alla;
+  if (p.poCnnLocal.consultar(
+          u"SELECT o.cOperCode FROM OperacionParalela o INNER JOIN ParalelaEnviada e ON e.cOperCode = "
+          "o.cOperCode WHERE o.cEstado = '1' AND e.cEstado = '1' AND o.cFlagSincronizacion = '1' AND "
+          "o.cOperCodeRela = e.cOperCodeRela AND o.cOperCodeAnul = 0"_sql,
+          abiertas) ||
+      abiertas.Eof()) {
+    return;
+  }
+  std::vector<Sql> codigos;
+  for (const auto& f : abiertas) codigos.push_back(FormatearSQL(u"$"_sql, {AEntero(Numero(f[0]))}));
+  if (p.poCnnCentral.consultar(
+          FormatearSQL(
+              u"SELECT cOperCode, cEstado, cOperCodeRela, cOperCodeAnul FROM operacionparalela WHERE cCajaCodi = '$' "
+              "AND cEstado <> '1' AND cOperCode IN ($)"_sql,
+              {Texto(p.ses.psCaja), UnirSql(codigos, u", "_sql)}),
+          alla)) {
+    return;
+  }
+  for (const auto& f : alla) {
+    std::vector<Sql> cambios;
+    for (const LiteralSql tabla : {u"OperacionParalela"_sql, u"ParalelaEnviada"_sql}) {
+      cambios.push_back(FormatearSQL(
+          u"UPDATE $ SET cEstado = '$', cOperCodeRela = $, cOperCodeAnul = $ WHERE cOperCode = $"_sql,
+          {tabla, Texto(LimpiarNulo(f[1])), AEntero(Numero(f[2])), AEntero(Numero(f[3])), AEntero(Numero(f[0]))}));
+    }
+    (void)EjecutarJuntas(p.poCnnLocal, cambios);  // the next start tries again
+  }
+}
+
+}  // namespace
+
 void RepararCodigos(Puesto& p) {
+  seguirEstados(p);
   const auto central = [&p](const Sql& tabla, qint64& maximo) {
     Recordset rs;
     if (!p.poCnnCentral.abierta() ||

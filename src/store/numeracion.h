@@ -65,6 +65,7 @@ void AvisarNumeroCorregido(Puesto& p, TipoDocumento tipo, const QString& log, qi
 [[nodiscard]] bool RepararNumeracionParalela(Puesto& p);
 
 // Behind them: operation codes and the numbers of Z rows go above what the central database, open, holds of this desk,
-// by marker rows as well. A store that was lost or put back from an older copy then never meets its own past there. One
+// by marker rows as well; documents that are open here and settled or voided there take that state. A store that was
+// lost or put back from an older copy then never meets its own past there. One
 // that can't be read changes nothing; the next start tries again.
 void RepararCodigos(Puesto& p);

@@ -132,6 +132,22 @@ TEST(Envio, StatesFollow) {
   EXPECT_EQ(q("11|0\n12|1\n13|1"), p.enCentral("SELECT cOperCode, cEstado FROM OperacionParalela ORDER BY 1"));
 }
 
+// A store put back from a copy older than a liquidation does not offer its documents a second time.
+TEST(Envio, ARestoredStoreTakesUpWhatWasSettled) {
+  CajaConDias p;
+  p.dia(kDia, 10);
+  EXPECT_TRUE(sincronizar(p).bien);
+  p.ejecuta(p.central(), q("UPDATE OperacionParalela SET cEstado = '2', cOperCodeRela = 40 WHERE cOperCode = 12"));
+  p.ejecuta(q("UPDATE OperacionParalela SET cOperCodeRela = 9 WHERE cOperCode = 13"));  // not sent yet: its own
+  p.ejecuta(p.central(), q("UPDATE OperacionParalela SET cEstado = '2' WHERE cOperCode = 13"));
+  RepararCodigos(p);
+  EXPECT_EQ(q("12|2|40\n13|1|9"), p.filas(q("SELECT cOperCode, cEstado, cOperCodeRela FROM OperacionParalela WHERE "
+                                            "cOperCode IN (12, 13) ORDER BY 1")));
+  EXPECT_TRUE(sincronizar(p).bien);
+  EXPECT_EQ(q("12|2|40\n13|1|9"), p.enCentral("SELECT cOperCode, cEstado, cOperCodeRela FROM OperacionParalela WHERE "
+                                              "cOperCode IN (12, 13) ORDER BY 1"));
+}
+
 // A closing that has written its detail leaves none to the synchronisation; a row that it did not reach has its own.
 TEST(Envio, TheDetailOfARowIsWrittenOnce) {
   CajaConDias p;
