@@ -163,7 +163,7 @@ FinPasada PasadasDeMaestros::clientes() {
       .detras =
           [](const auto& f) {
             const qint64 c = entero(f[u"cClieCode"]);
-            return FormatearSQL(u"(cClieCode > $ OR (cClieCode = $ AND IdLocal > $))"_sql,
+            return FormatearSQL(u"(cClieCode >= $ AND (cClieCode > $ OR IdLocal > $))"_sql,
                                 {c, c, entero(f[u"IdLocal"])});
           },
       .codigo = [](const auto& f) { return LimpiarNulo(f[u"cClieCode"]); },
@@ -212,7 +212,7 @@ FinPasada PasadasDeMaestros::tarjetas() {
       .detras =
           [](const auto& f) {
             const Texto n = texto(f, u"nTarjNumb");
-            return FormatearSQL(u"(nTarjNumb > '$' OR (nTarjNumb = '$' AND IdLocal > $))"_sql,
+            return FormatearSQL(u"(nTarjNumb >= '$' AND (nTarjNumb > '$' OR IdLocal > $))"_sql,
                                 {n, n, entero(f[u"IdLocal"])});
           },
       .codigo = [](const auto& f) { return LimpiarNulo(f[u"nTarjNumb"]); },

@@ -12,7 +12,8 @@ struct Maestro {
   LiteralSql orden;
   Palabras inserta, actualiza;
   int barra;
-  std::function<Sql(const Recordset::Fila&)> detras;                // the rows behind that one
+  // The rows behind that one, as a range of the key: what OR leads apart is read and sorted anew for each page.
+  std::function<Sql(const Recordset::Fila&)> detras;
   std::function<QString(const Recordset::Fila&)> codigo, clave;     // as the log names it; as it is told apart
   std::function<Sql(const Recordset::Fila&)> insertar, actualizar;  // empty for a row whose code is no number
 };

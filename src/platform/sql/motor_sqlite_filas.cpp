@@ -44,6 +44,21 @@ QVariant celda(sqlite3_stmt* s, int i, bool fecha) {
   return QString::fromUtf8(t, largo);
 }
 
+int ligarTexto(sqlite3_stmt* s, int i, const QString& t) {
+  // Nearly all are short and plain: no text of its own for the engine to copy.
+  constexpr qsizetype kCorto = 64;
+  char corto[kCorto];
+  qsizetype n = 0;
+  if (t.size() <= kCorto) {
+    for (const QChar* c = t.constData(); n < t.size() && c[n].unicode() < 0x80; ++n) {
+      corto[n] = static_cast<char>(c[n].unicode());
+    }
+  }
+  if (n == t.size()) return sqlite3_bind_text(s, i, corto, static_cast<int>(n), SQLITE_TRANSIENT);
+  const QByteArray u = t.toUtf8();
+  return sqlite3_bind_text(s, i, u.constData(), static_cast<int>(u.size()), SQLITE_TRANSIENT);
+}
+
 }  // namespace
 
 int ligarValor(sqlite3_stmt* s, int i, const QVariant& v) {
@@ -57,6 +72,7 @@ int ligarValor(sqlite3_stmt* s, int i, const QVariant& v) {
       const QByteArray u = v.toDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toUtf8();
       return sqlite3_bind_text(s, i, u.constData(), static_cast<int>(u.size()), SQLITE_TRANSIENT);
     }
+    case QMetaType::QString: return ligarTexto(s, i, *static_cast<const QString*>(v.constData()));
     default: {
       const QByteArray u = v.toString().toUtf8();
       return sqlite3_bind_text(s, i, u.constData(), static_cast<int>(u.size()), SQLITE_TRANSIENT);

@@ -2,7 +2,8 @@
 
 int Recordset::columna(QStringView nombre) const {
   for (int i = 0; i < campos_.size(); ++i) {
-    if (nombre.compare(campos_[i], Qt::CaseInsensitive) == 0) return i;
+    // Names of other lengths, nearly all, are told apart by that.
+    if (nombre.size() == campos_[i].size() && nombre.compare(campos_[i], Qt::CaseInsensitive) == 0) return i;
   }
   return -1;
 }
