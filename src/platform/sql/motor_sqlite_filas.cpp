@@ -91,6 +91,56 @@ std::optional<ErrorBD> MotorSqlite::ligar(Preparada& p, const SentenciaLeida& s)
   return {};
 }
 
+class RepetidaSqlite final : public Repetida {
+ public:
+  RepetidaSqlite(sqlite3* base, std::shared_ptr<Preparada> p, Dialecto dialecto)
+      : base_(base), p_(std::move(p)), dialecto_(dialecto) {}
+
+  std::optional<ErrorBD> correr(const std::vector<QVariant>& valores) override {
+    const std::vector<Literal>& literales = p_->forma->literales;
+    if (valores.size() != literales.size()) {
+      return ErrorBD{kErrorSentencia, 0, QStringLiteral("La sentencia tiene otro número de valores.")};
+    }
+    int rc = SQLITE_OK;
+    for (size_t i = 0; rc == SQLITE_OK && i < valores.size(); ++i) {
+      const QVariant& v = valores[i];
+      if (literales[i].lectura == Lectura::TalCual || v.isNull()) {
+        rc = ligarValor(p_->sentencia, static_cast<int>(i) + 1, v);
+        continue;
+      }
+      const QString citado = u'\'' + v.toString().replace(u'\'', QLatin1String("''")) + u'\'';
+      Token t;
+      t.tipo = TipoToken::Texto;
+      t.texto = citado;
+      const ValorLiteral leido = leerLiteral(t, literales[i].lectura, dialecto_);
+      if (leido.error) return leido.error;
+      rc = ligarValor(p_->sentencia, static_cast<int>(i) + 1, leido.valor);
+    }
+    if (rc == SQLITE_OK) rc = sqlite3_step(p_->sentencia);
+    std::optional<ErrorBD> error;
+    if (rc != SQLITE_DONE) error = errorDe(base_, rc);
+    sqlite3_reset(p_->sentencia);
+    return error;
+  }
+
+ private:
+  sqlite3* base_;
+  std::shared_ptr<Preparada> p_;
+  Dialecto dialecto_;
+};
+
+std::unique_ptr<Repetida> MotorSqlite::repetir(const QString& sql) {
+  SentenciaLeida s(sql, entorno_.dialecto);
+  if (entorno_.dialecto == Dialecto::TSql && leerLlamada(sql)) return {};
+  if (camino_.reconocer(s)) return {};
+  std::optional<ErrorBD> error;
+  const std::shared_ptr<Preparada> p = preparada(s, error);
+  const bool deUnaForma = p && p->forma->fijos.empty() && p->forma->tablaNueva.isEmpty() && !p->forma->cambiaEsquema &&
+                          sqlite3_column_count(p->sentencia) == 0 && !sqlite3_stmt_readonly(p->sentencia);
+  if (!deUnaForma) return {};
+  return std::make_unique<RepetidaSqlite>(base_, p, entorno_.dialecto);
+}
+
 // Reads all rows and finishes the statement, whatever comes of it: one left open would hold back later commits.
 std::optional<ErrorBD> MotorSqlite::recorrer(Preparada& p, Recordset* rs, qint64* afectadas) {
   std::vector<std::vector<QVariant>> filas;
