@@ -95,17 +95,16 @@ TEST(Maestros, ManyRowsAtOnceAreTheSameRows) {
     Tienda p;
     p.ejecuta(q("UPDATE Sincronizacion SET dFechSincro = Null"));
     p.ejecuta(q("INSERT INTO Cliente (cClieCode, IdLocal, sClieApel) VALUES (1030, 1, 'YA ESTABA')"));
-    for (
-        const char* sql :
-        {"INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, sClieTelf, dNacmDate, nPuntCant, iTipo) "
-         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 60) SELECT 1000 + i, 1, "
-         "CASE i % 4 WHEN 0 THEN NULL WHEN 1 THEN ' D''ORO ' WHEN 2 THEN 'Ñandú €' ELSE '$5 {x} ' || char(64976) END, "
-         "'N' || i, i * 1111111, CASE WHEN i % 3 = 0 THEN NULL ELSE datetime('1950-01-01', '+' || i || ' months') "
-         "END, CASE i % 5 WHEN 0 THEN NULL WHEN 1 THEN -i ELSE i / 8.0 END, i % 2 FROM n",
-         "INSERT INTO Articulo (cCodartic, vDscartic, bSwActivo, cFlagCanje, nPtosxItem, dFechCrea) "
-         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 60) SELECT CASE i WHEN 7 THEN "
-         "'00Y' ELSE printf('%06d', 2000 + i) END, 'ART ''' || i, i % 2, i % 3, i / 4.0, '2026-01-05' FROM n",
-         "INSERT INTO ArticuloPrecioVenta SELECT cCodartic, 1, rowid / 7.0 FROM Articulo WHERE vDscartic LIKE 'ART%'"}) {
+    for (const char* sql :
+         {"INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, sClieTelf, dNacmDate, nPuntCant, iTipo) "
+          "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 60) SELECT 1000 + i, 1, "
+          "CASE i % 4 WHEN 0 THEN NULL WHEN 1 THEN ' D''ORO ' WHEN 2 THEN 'Ñandú €' ELSE '$5 {x} ' || char(64976) END, "
+          "'N' || i, i * 1111111, CASE WHEN i % 3 = 0 THEN NULL ELSE datetime('1950-01-01', '+' || i || ' months') "
+          "END, CASE i % 5 WHEN 0 THEN NULL WHEN 1 THEN -i ELSE i / 8.0 END, i % 2 FROM n",
+          "INSERT INTO Articulo (cCodartic, vDscartic, bSwActivo, cFlagCanje, nPtosxItem, dFechCrea) "
+          "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 60) SELECT CASE i WHEN 7 THEN "
+          "'00Y' ELSE printf('%06d', 2000 + i) END, 'ART ''' || i, i % 2, i % 3, i / 4.0, '2026-01-05' FROM n",
+          "INSERT INTO ArticuloPrecioVenta SELECT cCodartic, 1, rowid/7.0 FROM Articulo WHERE vDscartic LIKE 'ART%'"}) {
       p.ejecuta(p.central(), q(sql));
     }
     FrmUpdt v(p);
