@@ -77,17 +77,18 @@ struct Tienda : PuestoPrueba {
   }
 };
 
+sqlite3_stmt* preparar(sqlite3* db, const QByteArray& sql) {
+  sqlite3_stmt* s = nullptr;
+  if (sqlite3_prepare_v2(db, sql.constData(), -1, &s, nullptr) != SQLITE_OK)
+    romper("the floor", QLatin1String(sqlite3_errmsg(db)));
+  return s;
+}
+
 // The round trips of a row on the bare engine: two questions and the row there, the mark here, a commit on each side.
 Tiempo pisoDeEnvio(Tienda& t, qint64 n) {
   QString error;
   const BaseSqlite local = AbrirSqlite(t.ses.psRutaBD, SQLITE_OPEN_READWRITE, error),
                    central = AbrirSqlite(t.central(), SQLITE_OPEN_READWRITE, error);
-  const auto preparar = [](sqlite3* db, const char* sql) {
-    sqlite3_stmt* s = nullptr;
-    if (sqlite3_prepare_v2(db, sql, -1, &s, nullptr) != SQLITE_OK)
-      romper("the floor", QLatin1String(sqlite3_errmsg(db)));
-    return s;
-  };
   const auto correr = [](sqlite3_stmt* s) {
     while (sqlite3_step(s) == SQLITE_ROW) {
     }
@@ -147,26 +148,44 @@ void Envio(benchmark::State& estado) {
   }
 }
 
+// What is read there goes in here, in one transaction: the two databases stand on two machines.
+Tiempo pisoDeTraida(Tienda& t) {
+  QString error;
+  const BaseSqlite local = AbrirSqlite(t.ses.psRutaBD, SQLITE_OPEN_READWRITE, error),
+                   central = AbrirSqlite(t.central(), SQLITE_OPEN_READWRITE, error);
+  const QByteArray cliente =
+      "cClieCode, IdLocal, sClieApel, sClieName, sClieAddr, cDistCode, cProvCode, cDepaCode, sClieTelf, sClieMail, "
+      "dNacmDate, dUltTDate, cTranCode, nPuntCant, nTickCant, sClieRout, sDistDesc, sProvDesc, sDepaDesc, iTipo";
+  const std::pair<QByteArray, QByteArray> copias[] = {
+      {"SELECT '01', CAST(cCodartic AS INTEGER), vDscartic, vDscartCt, (SELECT nPrecioVtaNew FROM ArticuloPrecioVenta "
+       "p WHERE p.cCodArtic = a.cCodartic), cCodCatal FROM Articulo a",
+       "INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, cCodCatalogo) VALUES "
+       "(?, ?, ?, ?, ?, ?)"},
+      {"SELECT " + cliente + " FROM Cliente",
+       "INSERT INTO Cliente (" + cliente + ", cSincroFlag) VALUES (" + QByteArray("?, ").repeated(20) + "1)"}};
+  return cronometrar([&] {
+    sqlite3_exec(local.get(), "PRAGMA synchronous=FULL; BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
+    for (const auto& [lee, pone] : copias) {
+      sqlite3_stmt *de = preparar(central.get(), lee), *a = preparar(local.get(), pone);
+      while (sqlite3_step(de) == SQLITE_ROW) {
+        for (int i = 0; i < sqlite3_column_count(de); ++i) sqlite3_bind_value(a, i + 1, sqlite3_column_value(de, i));
+        sqlite3_step(a);
+        if (sqlite3_reset(a) != SQLITE_OK) romper("the copy", QLatin1String(sqlite3_errmsg(local.get())));
+      }
+      sqlite3_finalize(de);
+      sqlite3_finalize(a);
+    }
+    sqlite3_exec(local.get(), "COMMIT", nullptr, nullptr, nullptr);
+  });
+}
+
 // A first load beside a plain copy of the same columns, and the day behind it, when nothing has changed.
 void Traida(benchmark::State& estado) {
   for (auto _ : estado) {
     Tienda t, copia;
     for (Tienda* x : {&t, &copia}) x->maestros(filas(50'000), filas(200'000));
     copia.poCnnLocal.cerrar();
-    const Tiempo suelo = cronometrar([&] {
-      correrEn(
-          copia.ses.psRutaBD,
-          q("ATTACH '%1' AS c; BEGIN; INSERT INTO Producto (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, "
-            "nProdPrecUnit, cCodCatalogo) SELECT '01', CAST(cCodartic AS INTEGER), vDscartic, vDscartCt, (SELECT "
-            "nPrecioVtaNew FROM c.ArticuloPrecioVenta p WHERE p.cCodArtic = a.cCodartic), cCodCatal FROM c.Articulo a; "
-            "INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, sClieAddr, cDistCode, cProvCode, "
-            "cDepaCode, sClieTelf, sClieMail, dNacmDate, dUltTDate, cTranCode, nPuntCant, nTickCant, sClieRout, "
-            "sDistDesc, "
-            "sProvDesc, sDepaDesc, iTipo, cSincroFlag) SELECT cClieCode, IdLocal, sClieApel, sClieName, sClieAddr, "
-            "cDistCode, cProvCode, cDepaCode, sClieTelf, sClieMail, dNacmDate, dUltTDate, cTranCode, nPuntCant, "
-            "nTickCant, sClieRout, sDistDesc, sProvDesc, sDepaDesc, iTipo, 1 FROM c.Cliente; COMMIT")
-              .arg(copia.central()));
-    });
+    const Tiempo suelo = pisoDeTraida(copia);
     const Tiempo primera = t.sincronizar(true), vacia = t.sincronizar(true);
     rusage uso{};
     getrusage(RUSAGE_SELF, &uso);

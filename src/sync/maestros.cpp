@@ -25,6 +25,12 @@ constexpr LiteralSql kCreadas = u" where dFechCrea > CONVERT(DATETIME, '$',112)"
 constexpr LiteralSql kCambiadas =
     u" WHERE dFechModi > CONVERT(DATETIME, '$',112) and dFechCrea <= CONVERT(DATETIME, '$',112)"_sql;
 
+constexpr LiteralSql kNuevoCliente =
+    u" INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, sClieAddr, cDistCode, cProvCode, "
+    "cDepaCode, sClieTelf, sClieMail, dNacmDate, dUltTDate, cTranCode, nPuntCant, nTickCant, sClieRout, "
+    "sDistDesc, sProvDesc, sDepaDesc, iTipo, cSincroFlag) VALUES ($, $, '$', '$', '$', $, $, $, '$', '$', "
+    "'$', '$', $, $, $, '$', '$', '$', '$', $, 1)"_sql;
+
 std::vector<Valor> valoresCliente(const Recordset::Fila& f) {
   return {texto(f, u"sClieApel"),  texto(f, u"sClieName"),  texto(f, u"sClieAddr"),  numero(f, u"cDistCode"),
           numero(f, u"cProvCode"), numero(f, u"cDepaCode"), texto(f, u"sClieTelf"),  texto(f, u"sClieMail"),
@@ -48,6 +54,10 @@ Sql PaginaDeMaestro(const Maestro& m, const Sql& donde, const Recordset::Fila* u
 
 FinFila PasadasDeMaestros::nueva(const Maestro& m, const Recordset::Fila& f) {
   const QString codigo = m.codigo(f);
+  if (directas_ && directas_->tomar(f)) {
+    if (!marca_.isEmpty()) tomadas_.insert(m.clave(f));
+    return {Suerte::Hecha, codigo, &m.inserta};
+  }
   const Sql sql = m.insertar(f);
   if (sql.vacia()) return {Suerte::Fallo, codigo, &m.inserta};
   const auto error = ejecutar(sql);
@@ -77,7 +87,7 @@ FinPasada PasadasDeMaestros::pasada(const Maestro& m, const Sql& donde, bool nue
                    .sePuedeDetener = true,
                    .pagina = origen,
                    .fila = una,
-                   .lote = EnUnaTransaccion(p_.poCnnLocal, una),
+                   .lote = nuevas ? loteDeNuevas(m, una) : EnUnaTransaccion(p_.poCnnLocal, una),
                    .filasPorLote = kFilasPorPagina});
 }
 
@@ -163,7 +173,7 @@ FinPasada PasadasDeMaestros::clientes() {
       .detras =
           [](const auto& f) {
             const qint64 c = entero(f[u"cClieCode"]);
-            return FormatearSQL(u"(cClieCode > $ OR (cClieCode = $ AND IdLocal > $))"_sql,
+            return FormatearSQL(u"(cClieCode >= $ AND (cClieCode > $ OR IdLocal > $))"_sql,
                                 {c, c, entero(f[u"IdLocal"])});
           },
       .codigo = [](const auto& f) { return LimpiarNulo(f[u"cClieCode"]); },
@@ -173,12 +183,7 @@ FinPasada PasadasDeMaestros::clientes() {
             std::vector<Valor> v = par(f);
             const std::vector<Valor> resto = valoresCliente(f);
             v.insert(v.end(), resto.begin(), resto.end());
-            return FormatearSQL(
-                u" INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, sClieAddr, cDistCode, cProvCode, "
-                "cDepaCode, sClieTelf, sClieMail, dNacmDate, dUltTDate, cTranCode, nPuntCant, nTickCant, sClieRout, "
-                "sDistDesc, sProvDesc, sDepaDesc, iTipo, cSincroFlag) VALUES ($, $, '$', '$', '$', $, $, $, '$', '$', "
-                "'$', '$', $, $, $, '$', '$', '$', '$', $, 1)"_sql,
-                v);
+            return FormatearSQL(kNuevoCliente, v);
           },
       .actualizar =
           [par](const auto& f) {
@@ -191,7 +196,15 @@ FinPasada PasadasDeMaestros::clientes() {
                 "nPuntCant = $, nTickCant = $, sClieRout = '$', sDistDesc = '$', sProvDesc = '$', sDepaDesc = '$', "
                 "iTipo = $ WHERE cClieCode = $ AND IdLocal = $"_sql,
                 v);
-          }};
+          },
+      .plantilla = kNuevoCliente,
+      .campos = {{Lee::Entero, u"cClieCode"}, {Lee::Entero, u"IdLocal"},   {Lee::Texto, u"sClieApel"},
+                 {Lee::Texto, u"sClieName"},  {Lee::Texto, u"sClieAddr"},  {Lee::Numero, u"cDistCode"},
+                 {Lee::Numero, u"cProvCode"}, {Lee::Numero, u"cDepaCode"}, {Lee::Texto, u"sClieTelf"},
+                 {Lee::Texto, u"sClieMail"},  {Lee::Dia, u"dNacmDate"},    {Lee::Dia, u"dUltTDate"},
+                 {Lee::Numero, u"cTranCode"}, {Lee::Numero, u"nPuntCant"}, {Lee::Numero, u"nTickCant"},
+                 {Lee::Texto, u"sClieRout"},  {Lee::Texto, u"sDistDesc"},  {Lee::Texto, u"sProvDesc"},
+                 {Lee::Texto, u"sDepaDesc"},  {Lee::Numero, u"iTipo"},     {Lee::Fijo, {}, 1}}};
   const FinPasada fin = dosPasadas(m, u"Cliente"_sql);
   if (fin == FinPasada::Bien && vinieron_)
     quitarSinLocal(u"Cliente"_sql, u"cClieCode"_sql, u" AND cSincroFlag <> 0"_sql);
@@ -212,7 +225,7 @@ FinPasada PasadasDeMaestros::tarjetas() {
       .detras =
           [](const auto& f) {
             const Texto n = texto(f, u"nTarjNumb");
-            return FormatearSQL(u"(nTarjNumb > '$' OR (nTarjNumb = '$' AND IdLocal > $))"_sql,
+            return FormatearSQL(u"(nTarjNumb >= '$' AND (nTarjNumb > '$' OR IdLocal > $))"_sql,
                                 {n, n, entero(f[u"IdLocal"])});
           },
       .codigo = [](const auto& f) { return LimpiarNulo(f[u"nTarjNumb"]); },

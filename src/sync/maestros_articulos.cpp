@@ -18,27 +18,28 @@ constexpr LiteralSql kArticulo =
     " FROM Articulo A LEFT JOIN Proveedor P ON A.cCodProve = P.cCodProve"_sql;
 constexpr LiteralSql kEnVenta = u"   AND bFlagVenta = 1   AND NOT bFlagDesc = 1"_sql;
 
-// The number of a code of the central database; -1 for one that is none.
-qint64 numeroDeArticulo(const Recordset::Fila& f) {
-  const QString codigo = LimpiarNulo(f[u"cCodartic"]);
-  return EsNumerico(codigo) ? AEntero(Val(codigo)) : -1;
-}
+constexpr LiteralSql kNuevoArticulo =
+    u" INSERT INTO PRODUCTO (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, cProdEstd, vDescProv, "
+    "cFlagCanje, nPuntos, cFlagServicio, cUndSalida, cCodCatalogo, sDescLinea,cFlagDetracc, nActivo)"
+    " VALUES ('$', $, '$', '$', $, $, '$', $, $, $, '$', '$', '$', $, 1)"_sql;
 
 // Bits of the server, whichever way its engine gives them.
 int bit(const Recordset::Fila& f, QStringView campo) { return Numero(f[campo]) != 0 ? 1 : 0; }
 
 }  // namespace
 
+qint64 NumeroDeArticulo(const QVariant& codigo) {
+  const QString t = LimpiarNulo(codigo);
+  return EsNumerico(t) ? AEntero(Val(t)) : -1;
+}
+
 Sql PasadasDeMaestros::filaArticulo(const Recordset::Fila& f) const {
-  return FormatearSQL(
-      u" INSERT INTO PRODUCTO (cAlmaCode, cProdCode, sProdDesc, sProdDescCrta, nProdPrecUnit, cProdEstd, vDescProv, "
-      "cFlagCanje, nPuntos, cFlagServicio, cUndSalida, cCodCatalogo, sDescLinea,cFlagDetracc, nActivo)"
-      " VALUES ('$', $, '$', '$', $, $, '$', $, $, $, '$', '$', '$', $, 1)"_sql,
-      {Texto(p_.ses.psAlmacen), numeroDeArticulo(f), TextoDeCampo(f, u"vDscartic"), TextoDeCampo(f, u"vDscartCt"),
-       NumeroDeCampo(f, u"nCostoArt"), 1 - bit(f, u"bSwActivo"), TextoDeCampo(f, u"vRazSocPrv"),
-       NumeroDeCampo(f, u"cFlagCanje"), NumeroDeCampo(f, u"nPtosxItem"), bit(f, u"nFlagServ"),
-       TextoDeCampo(f, u"cUndSalida"), TextoDeCampo(f, u"cCodCatal"), TextoDeCampo(f, u"Linea"),
-       bit(f, u"bFlagDetracc")});
+  return FormatearSQL(kNuevoArticulo,
+                      {Texto(p_.ses.psAlmacen), NumeroDeArticulo(f[u"cCodartic"]), TextoDeCampo(f, u"vDscartic"),
+                       TextoDeCampo(f, u"vDscartCt"), NumeroDeCampo(f, u"nCostoArt"), 1 - bit(f, u"bSwActivo"),
+                       TextoDeCampo(f, u"vRazSocPrv"), NumeroDeCampo(f, u"cFlagCanje"), NumeroDeCampo(f, u"nPtosxItem"),
+                       bit(f, u"nFlagServ"), TextoDeCampo(f, u"cUndSalida"), TextoDeCampo(f, u"cCodCatal"),
+                       TextoDeCampo(f, u"Linea"), bit(f, u"bFlagDetracc")});
 }
 
 Sql PasadasDeMaestros::cambioArticulo(const Recordset::Fila& f) const {
@@ -49,7 +50,8 @@ Sql PasadasDeMaestros::cambioArticulo(const Recordset::Fila& f) const {
       {TextoDeCampo(f, u"vDscartic"), TextoDeCampo(f, u"vDscartCt"), NumeroDeCampo(f, u"nCostoArt"),
        1 - bit(f, u"bSwActivo"), TextoDeCampo(f, u"vRazSocPrv"), NumeroDeCampo(f, u"cFlagCanje"),
        NumeroDeCampo(f, u"nPtosxItem"), bit(f, u"nFlagServ"), TextoDeCampo(f, u"cUndSalida"),
-       TextoDeCampo(f, u"cCodCatal"), TextoDeCampo(f, u"Linea"), bit(f, u"bFlagDetracc"), numeroDeArticulo(f)});
+       TextoDeCampo(f, u"cCodCatal"), TextoDeCampo(f, u"Linea"), bit(f, u"bFlagDetracc"),
+       NumeroDeArticulo(f[u"cCodartic"])});
 }
 
 bool PasadasDeMaestros::articuloExiste(qint64 codigo, bool& existe) {
@@ -65,7 +67,7 @@ bool PasadasDeMaestros::articuloExiste(qint64 codigo, bool& existe) {
 Maestro PasadasDeMaestros::maestroArticulos() {
   const auto codigo = [](const Recordset::Fila& f) { return LimpiarNulo(f[u"cCodartic"]); };
   const auto siEsNumero = [](const Recordset::Fila& f, const Sql& sql) {
-    return numeroDeArticulo(f) < 0 ? Sql() : sql;
+    return NumeroDeArticulo(f[u"cCodartic"]) < 0 ? Sql() : sql;
   };
   return {
       .columnas = kArticulo,
@@ -79,7 +81,23 @@ Maestro PasadasDeMaestros::maestroArticulos() {
       .codigo = codigo,
       .clave = codigo,
       .insertar = [this, siEsNumero](const auto& f) { return siEsNumero(f, filaArticulo(f)); },
-      .actualizar = [this, siEsNumero](const auto& f) { return siEsNumero(f, cambioArticulo(f)); }};
+      .actualizar = [this, siEsNumero](const auto& f) { return siEsNumero(f, cambioArticulo(f)); },
+      .plantilla = kNuevoArticulo,
+      .campos = {{Lee::Fijo, {}, LimpiarNulo(p_.ses.psAlmacen)},
+                 {Lee::Codigo, u"cCodartic"},
+                 {Lee::Texto, u"vDscartic"},
+                 {Lee::Texto, u"vDscartCt"},
+                 {Lee::Precio, u"nCostoArt"},
+                 {Lee::NoBit, u"bSwActivo"},
+                 {Lee::Texto, u"vRazSocPrv"},
+                 {Lee::Numero, u"cFlagCanje"},
+                 {Lee::Numero, u"nPtosxItem"},
+                 {Lee::Bit, u"nFlagServ"},
+                 {Lee::Texto, u"cUndSalida"},
+                 {Lee::Texto, u"cCodCatal"},
+                 {Lee::Texto, u"Linea"},
+                 {Lee::Bit, u"bFlagDetracc"},
+                 {Lee::Fijo, {}, 1}}};
 }
 
 // What the store has already is skipped without a line, whatever warehouse it stands in.
@@ -87,12 +105,12 @@ FinPasada PasadasDeMaestros::articulosNuevos(const Maestro& m) {
   QSet<qint64> hay;
   bool leidos = false;
   const auto nuevo = [&](const Recordset::Fila& f) -> FinFila {
-    const qint64 n = numeroDeArticulo(f);
+    const qint64 n = NumeroDeArticulo(f[u"cCodartic"]);
     bool existe = leidos && hay.contains(n);
     if (!leidos && n >= 0 && !articuloExiste(n, existe)) return {Suerte::Termina, {}, nullptr};
     return existe ? FinFila{} : nueva(m, f);
   };
-  const auto enLote = EnUnaTransaccion(p_.poCnnLocal, nuevo);
+  const auto enLote = loteDeNuevas(m, nuevo);
   const Sql desde =
       ConMarca(marca_,
                u" AND ((convert(datetime,convert(varchar,A.dFechCrea,103),103) >= convert(datetime,CONVERT(varchar, "

@@ -6,15 +6,44 @@
 #include "sync/maestros.h"
 #include "sync/surtido.h"
 
+// A value of a row on its way into the store without the text of a statement: where it comes from and how it is read.
+enum class Lee { Texto, Numero, Precio, Entero, Dia, Codigo, Bit, NoBit, Fijo };
+struct CampoDirecto {
+  Lee lee;
+  QStringView nombre = {};
+  QVariant fijo = {};
+};
+
+// Rows of one page, each with its values bound to the statement that the first of them made ready.
+class FilasDirectas {
+ public:
+  // `muestra` has a value in each place of the fields, and literals where they go on as Fijo.
+  FilasDirectas(Conexion& cnn, LiteralSql plantilla, const std::vector<CampoDirecto>& campos);
+  // False for a row that the statement itself has to try, and to fail.
+  bool tomar(const Recordset::Fila& f);
+
+ private:
+  bool leer(const Recordset::Fila& f, size_t i);
+
+  const std::vector<CampoDirecto>& campos_;
+  std::unique_ptr<Repetida> sentencia_;
+  std::vector<int> columnas_;
+  std::vector<QVariant> valores_;
+};
+
 // One table of the pull: what tells its rows apart and how a row is stored.
 struct Maestro {
   LiteralSql columnas;  // and its table
   LiteralSql orden;
   Palabras inserta, actualiza;
   int barra;
-  std::function<Sql(const Recordset::Fila&)> detras;                // the rows behind that one
+  // The rows behind that one, as a range of the key: what OR leads apart is read and sorted anew for each page.
+  std::function<Sql(const Recordset::Fila&)> detras;
   std::function<QString(const Recordset::Fila&)> codigo, clave;     // as the log names it; as it is told apart
   std::function<Sql(const Recordset::Fila&)> insertar, actualizar;  // empty for a row whose code is no number
+  // The same INSERT for many rows, its values by their place; none when each goes by its statement.
+  LiteralSql plantilla = u""_sql;
+  std::vector<CampoDirecto> campos = {};
 };
 
 // A field as a value of a statement.
@@ -43,6 +72,9 @@ class PasadasDeMaestros {
   FinPasada articulosNuevos(const Maestro& m);
   FinFila nueva(const Maestro& m, const Recordset::Fila& f);
   FinFila cambiada(const Maestro& m, const Recordset::Fila& f);
+  // The batched way of new rows of `m`, each by `fila`.
+  std::function<std::vector<FinFila>(const Filas&)> loteDeNuevas(const Maestro& m,
+                                                                 std::function<FinFila(const Recordset::Fila&)> fila);
   std::optional<ErrorBD> ejecutar(const Sql& sql) { return p_.poCnnLocal.ejecutar(sql); }
   bool articuloExiste(qint64 codigo, bool& existe);
   Sql filaArticulo(const Recordset::Fila& f) const;
@@ -55,9 +87,13 @@ class PasadasDeMaestros {
   Puesto& p_;
   FrmUpdt& pantalla_;
   const QString marca_;
-  bool vinieron_ = false;  // rows of the table under way may have come
+  bool vinieron_ = false;                    // rows of the table under way may have come
+  std::unique_ptr<FilasDirectas> directas_;  // of the batch under way
   QSet<QString> tomadas_;  // new ones of this pass: what was made and changed on one day is taken once
 };
+
+// The number of an article's code of the central database; -1 for one that is none.
+qint64 NumeroDeArticulo(const QVariant& codigo);
 
 // The statement of a page; `donde` is the pass's own condition, " WHERE ..." or nothing.
 Sql PaginaDeMaestro(const Maestro& m, const Sql& donde, const Recordset::Fila* ultima);

@@ -20,7 +20,13 @@ void FrmUpdt::InsertaLinea(const QString& linea) {
   lstLog.push_back(linea);
   if (lstLog.size() > kLineasALaVista) lstLog.pop_front();
   if (archivo_.isOpen()) {
-    archivo_.write(AUnByte(FormatearFecha(p_.reloj.now(), u"hh:nn:ss ") + linea + QStringLiteral("\r\n")));
+    const QTime ahora = p_.reloj.now().time();
+    // Thousands of lines fall into one second.
+    if (const int segundo = ahora.msecsSinceStartOfDay() / 1000; segundo != segundo_) {
+      segundo_ = segundo;
+      hora_ = AUnByte(ahora.toString(QStringLiteral("HH:mm:ss ")));
+    }
+    archivo_.write(hora_ + AUnByte(linea) + "\r\n");
   }
   alCambiar();
 }

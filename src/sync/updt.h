@@ -45,6 +45,8 @@ struct FrmUpdt {
  private:
   Puesto& p_;
   QFile archivo_;
+  int segundo_ = -1;  // of the day, and how the log's lines tell it
+  QByteArray hora_;
 };
 
 // How many lines the list keeps.

@@ -88,3 +88,41 @@ TEST(Maestros, APullThatIsStopped) {
   EXPECT_EQ(q("101"), p.filas(q("SELECT cProdCode FROM Producto")));
   EXPECT_EQ(q("Null"), p.filas(q("SELECT dFechSincro FROM Sincronizacion")));
 }
+
+// Many rows at once leave the same store and say the same as one by one, odd ones and those that fail included.
+TEST(Maestros, ManyRowsAtOnceAreTheSameRows) {
+  const auto traer = [](bool enLotes) {
+    Tienda p;
+    p.ejecuta(q("UPDATE Sincronizacion SET dFechSincro = Null"));
+    p.ejecuta(q("INSERT INTO Cliente (cClieCode, IdLocal, sClieApel) VALUES (1030, 1, 'YA ESTABA')"));
+    for (const char* sql :
+         {"INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, sClieTelf, dNacmDate, nPuntCant, iTipo) "
+          "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 60) SELECT 1000 + i, 1, "
+          "CASE i % 4 WHEN 0 THEN NULL WHEN 1 THEN ' D''ORO ' WHEN 2 THEN 'Ñandú €' ELSE '$5 {x} ' || char(64976) END, "
+          "'N' || i, i * 1111111, CASE WHEN i % 3 = 0 THEN NULL ELSE datetime('1950-01-01', '+' || i || ' months') "
+          "END, CASE i % 5 WHEN 0 THEN NULL WHEN 1 THEN -i ELSE i / 8.0 END, i % 2 FROM n",
+          "INSERT INTO Articulo (cCodartic, vDscartic, bSwActivo, cFlagCanje, nPtosxItem, dFechCrea) "
+          "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 60) SELECT CASE i WHEN 7 THEN "
+          "'00Y' ELSE printf('%06d', 2000 + i) END, 'ART ''' || i, i % 2, i % 3, i / 4.0, '2026-01-05' FROM n",
+          "INSERT INTO ArticuloPrecioVenta SELECT cCodartic, 1, rowid/7.0 FROM Articulo WHERE vDscartic LIKE 'ART%'"}) {
+      p.ejecuta(p.central(), q(sql));
+    }
+    FrmUpdt v(p);
+    v.enLotes = enLotes;
+    p.ses.pbSincronizaMaestros = true;
+    EXPECT_TRUE(Sincronizar(p, v));
+    QStringList todo(v.lstLog.cbegin(), v.lstLog.cend());
+    EXPECT_TRUE(todo.contains(q("No se pudo insertar Cliente de código: 1030")));
+    EXPECT_TRUE(todo.contains(q("No se pudo insertar Artículo de código: 00Y")));
+    todo
+        << p.filas(q("SELECT *, typeof(sClieApel), typeof(sClieTelf), typeof(dNacmDate), typeof(nPuntCant) "
+                     "FROM Cliente ORDER BY cClieCode, IdLocal"))
+               .split(u'\n')
+        << p.filas(q("SELECT *, typeof(nPuntos), typeof(nProdPrecUnit) FROM Producto ORDER BY cProdCode")).split(u'\n');
+    return todo;
+  };
+  const QStringList lotes = traer(true), una = traer(false);
+  ASSERT_EQ(una.size(), lotes.size());
+  for (qsizetype i = 0; i < una.size(); ++i) EXPECT_EQ(una[i], lotes[i]);
+  EXPECT_FALSE(lotes.filter(q("|D'ORO|N1|")).isEmpty());
+}

@@ -42,6 +42,11 @@ std::optional<ErrorBD> Conexion::ejecutar(const Sql& sql, qint64* afectadas) {
   return motor_->ejecutar(sql.texto(dialecto_), afectadas);
 }
 
+std::unique_ptr<Repetida> Conexion::repetir(const Sql& muestra) {
+  if (!motor_ || porDeshacer_) return {};
+  return motor_->repetir(muestra.texto(dialecto_));
+}
+
 std::optional<ErrorBD> Conexion::iniciar() {
   if (auto e = listo()) return e;
   auto e = motor_->iniciar();

@@ -13,6 +13,8 @@ class Conexion {
 
   [[nodiscard]] std::optional<ErrorBD> consultar(const Sql& sql, Recordset& rs);
   [[nodiscard]] std::optional<ErrorBD> ejecutar(const Sql& sql, qint64* afectadas = nullptr);
+  // An INSERT for many rows, as Motor::repetir tells; to be let go of before this connection is closed.
+  [[nodiscard]] std::unique_ptr<Repetida> repetir(const Sql& muestra);
   [[nodiscard]] std::optional<ErrorBD> iniciar();
   [[nodiscard]] std::optional<ErrorBD> confirmar();
   // A transaction that can't be undone at once is undone before anything else runs here; until then every call fails.

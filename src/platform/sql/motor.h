@@ -9,9 +9,22 @@
 #include "platform/sql/error_bd.h"
 #include "platform/sql/recordset.h"
 
+// A statement of one shape, made ready once for many rows of values. It lives no longer than its connection is open.
+class Repetida {
+ public:
+  virtual ~Repetida() = default;
+  // Runs it with these in the place of its literals, in their order: Null, qint64, double or a text as the dialect's
+  // literal would say it. On failure nothing is changed.
+  [[nodiscard]] virtual std::optional<ErrorBD> correr(const std::vector<QVariant>& valores) = 0;
+};
+
 class Motor {
  public:
   virtual ~Motor() = default;
+
+  // The statement for many rows; its literals tell only what kind of value each is. Null where there is no quicker way
+  // than ejecutar(), or not for this one.
+  [[nodiscard]] virtual std::unique_ptr<Repetida> repetir(const QString&) { return {}; }
 
   // Runs one statement in the connection's dialect. On failure gives the error; `rs` is then empty (consultar) and
   // `afectadas` untouched. A statement that gives no rows leaves an empty recordset.

@@ -37,6 +37,7 @@ class MotorSqlite final : public Motor, public AccesoMotor {
 
   std::optional<ErrorBD> consultar(const QString& sql, Recordset& rs) override;
   std::optional<ErrorBD> ejecutar(const QString& sql, qint64* afectadas) override;
+  std::unique_ptr<Repetida> repetir(const QString& sql) override;
   std::optional<ErrorBD> iniciar() override;
   std::optional<ErrorBD> confirmar() override;
   std::optional<ErrorBD> deshacer() override;

@@ -44,6 +44,21 @@ QVariant celda(sqlite3_stmt* s, int i, bool fecha) {
   return QString::fromUtf8(t, largo);
 }
 
+int ligarTexto(sqlite3_stmt* s, int i, const QString& t) {
+  // Nearly all are short and plain: no text of its own for the engine to copy.
+  constexpr qsizetype kCorto = 64;
+  char corto[kCorto];
+  qsizetype n = 0;
+  if (t.size() <= kCorto) {
+    for (const QChar* c = t.constData(); n < t.size() && c[n].unicode() < 0x80; ++n) {
+      corto[n] = static_cast<char>(c[n].unicode());
+    }
+  }
+  if (n == t.size()) return sqlite3_bind_text(s, i, corto, static_cast<int>(n), SQLITE_TRANSIENT);
+  const QByteArray u = t.toUtf8();
+  return sqlite3_bind_text(s, i, u.constData(), static_cast<int>(u.size()), SQLITE_TRANSIENT);
+}
+
 }  // namespace
 
 int ligarValor(sqlite3_stmt* s, int i, const QVariant& v) {
@@ -57,6 +72,7 @@ int ligarValor(sqlite3_stmt* s, int i, const QVariant& v) {
       const QByteArray u = v.toDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toUtf8();
       return sqlite3_bind_text(s, i, u.constData(), static_cast<int>(u.size()), SQLITE_TRANSIENT);
     }
+    case QMetaType::QString: return ligarTexto(s, i, *static_cast<const QString*>(v.constData()));
     default: {
       const QByteArray u = v.toString().toUtf8();
       return sqlite3_bind_text(s, i, u.constData(), static_cast<int>(u.size()), SQLITE_TRANSIENT);
@@ -73,6 +89,56 @@ std::optional<ErrorBD> MotorSqlite::ligar(Preparada& p, const SentenciaLeida& s)
     if (rc != SQLITE_OK) return errorDe(base_, rc);
   }
   return {};
+}
+
+class RepetidaSqlite final : public Repetida {
+ public:
+  RepetidaSqlite(sqlite3* base, std::shared_ptr<Preparada> p, Dialecto dialecto)
+      : base_(base), p_(std::move(p)), dialecto_(dialecto) {}
+
+  std::optional<ErrorBD> correr(const std::vector<QVariant>& valores) override {
+    const std::vector<Literal>& literales = p_->forma->literales;
+    if (valores.size() != literales.size()) {
+      return ErrorBD{kErrorSentencia, 0, QStringLiteral("La sentencia tiene otro número de valores.")};
+    }
+    int rc = SQLITE_OK;
+    for (size_t i = 0; rc == SQLITE_OK && i < valores.size(); ++i) {
+      const QVariant& v = valores[i];
+      if (literales[i].lectura == Lectura::TalCual || v.isNull()) {
+        rc = ligarValor(p_->sentencia, static_cast<int>(i) + 1, v);
+        continue;
+      }
+      const QString citado = u'\'' + v.toString().replace(u'\'', QLatin1String("''")) + u'\'';
+      Token t;
+      t.tipo = TipoToken::Texto;
+      t.texto = citado;
+      const ValorLiteral leido = leerLiteral(t, literales[i].lectura, dialecto_);
+      if (leido.error) return leido.error;
+      rc = ligarValor(p_->sentencia, static_cast<int>(i) + 1, leido.valor);
+    }
+    if (rc == SQLITE_OK) rc = sqlite3_step(p_->sentencia);
+    std::optional<ErrorBD> error;
+    if (rc != SQLITE_DONE) error = errorDe(base_, rc);
+    sqlite3_reset(p_->sentencia);
+    return error;
+  }
+
+ private:
+  sqlite3* base_;
+  std::shared_ptr<Preparada> p_;
+  Dialecto dialecto_;
+};
+
+std::unique_ptr<Repetida> MotorSqlite::repetir(const QString& sql) {
+  SentenciaLeida s(sql, entorno_.dialecto);
+  if (entorno_.dialecto == Dialecto::TSql && leerLlamada(sql)) return {};
+  if (camino_.reconocer(s)) return {};
+  std::optional<ErrorBD> error;
+  const std::shared_ptr<Preparada> p = preparada(s, error);
+  const bool deUnaForma = p && p->forma->fijos.empty() && p->forma->tablaNueva.isEmpty() && !p->forma->cambiaEsquema &&
+                          sqlite3_column_count(p->sentencia) == 0 && !sqlite3_stmt_readonly(p->sentencia);
+  if (!deUnaForma) return {};
+  return std::make_unique<RepetidaSqlite>(base_, p, entorno_.dialecto);
 }
 
 // Reads all rows and finishes the statement, whatever comes of it: one left open would hold back later commits.

@@ -14,6 +14,7 @@ class Recordset {
     // The field of that name or place; Null when there is no such field.
     QVariant operator[](QStringView nombre) const { return rs_->celda(n_, rs_->columna(nombre)); }
     QVariant operator[](int columna) const { return rs_->celda(n_, columna); }
+    int columna(QStringView nombre) const { return rs_->columna(nombre); }
 
    private:
     const Recordset* rs_;

@@ -157,6 +157,6 @@ QString contenido(const Token& token) {
   if (t.size() < 2) return QString();
   const QChar cierra = t[0] == u'[' ? QChar(u']') : t[0];
   QString dentro = t.mid(1, t.size() - (token.abierto ? 1 : 2)).toString();
-  if (token.tipo != TipoToken::Fecha) dentro.replace(QString(2, cierra), QString(cierra));
+  if (token.tipo != TipoToken::Fecha && dentro.contains(cierra)) dentro.replace(QString(2, cierra), QString(cierra));
   return dentro;
 }
