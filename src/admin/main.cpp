@@ -32,9 +32,9 @@ constexpr Orden kOrdenes[] = {
     {u"respaldo", u"DIR [ARCHIVO [--reemplazar]]",
      u"copia el puesto entero a sus carpetas de respaldo o, a ARCHIVO, sólo su base; también con la caja en marcha",
      ordenRespaldo},
-    {u"restaurar", u"COPIA DIR [--ultimo-documento N]",
+    {u"restaurar", u"COPIA DIR [--ultimo-documento N[,SERIE-N...]]",
      u"pone en DIR una copia del puesto (o la última de una carpeta de copias); aparta antes lo que haya; N es el "
-     "último ticket que la tienda tiene en papel",
+     "último ticket que la tienda tiene en papel, y SERIE-N el de otra serie (NC1-35)",
      ordenRestaurar},
     {u"autoarranque", u"DIR si|no", u"hace que la caja de DIR se abra, o no, al entrar este usuario en la computadora",
      ordenAutoarranque},

@@ -153,11 +153,21 @@ int ordenRestaurar(const QStringList& palabras) {
   Argumentos a;
   const QString ultimo = QStringLiteral("--ultimo-documento");
   if (const auto error = LeerArgumentos(palabras, {2, 2, {ultimo}, {}}, a)) return malUso(*error);
-  bool esNumero = true;
-  const qint64 numero = a.tiene(ultimo) ? a.opciones[ultimo].toLongLong(&esNumero) : 0;
-  if (!esNumero || numero < 0) return malUso(QStringLiteral("--ultimo-documento lleva un número."));
+  PedidoRestaurar pedido{a.lugares[0], a.lugares[1], RelojSistema().now()};
+  for (const QString& uno : a.opciones.value(ultimo).split(u',')) {
+    if (!a.tiene(ultimo)) break;
+    const QString serie = uno.section(u'-', 0, -2).trimmed().toUpper();
+    bool esNumero = false;
+    const qint64 numero = uno.section(u'-', -1).toLongLong(&esNumero);
+    if (!esNumero || uno.trimmed().startsWith(u'-')) {
+      return malUso(QStringLiteral("--ultimo-documento lleva un número, y los de otras series como en su papel: "
+                                   "133,NC1-35."));
+    }
+    if (serie.isEmpty()) pedido.ultimoDocumento = numero;
+    else pedido.ultimosParalelos.emplace_back(serie, numero);
+  }
   QStringList dicho;
-  const auto error = RestaurarPuesto({a.lugares[0], a.lugares[1], RelojSistema().now(), numero}, dicho);
+  const auto error = RestaurarPuesto(pedido, dicho);
   for (const QString& d : dicho) Decir(d);
   return error ? fallo(*error) : kBien;
 }

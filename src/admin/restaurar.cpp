@@ -4,6 +4,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 
 #include "admin/consola_sql.h"
 #include "admin/puesto_mudo.h"
@@ -18,6 +19,7 @@
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "servidores.h"
+#include "store/codigos.h"
 #include "store/numeracion.h"
 #include "store/tablas.h"
 
@@ -128,6 +130,7 @@ class Restauracion {
         valor(db.get(), "SELECT ifnull(max(cDocCodigo), 0) FROM Operacion WHERE cDocTipo IN ('01', '02')").toLongLong();
     codigo_ = valor(db.get(), "SELECT ifnull(max(cOperCode), 0) FROM Operacion").toLongLong();
     ultima_ = valor(db.get(), "SELECT max(dOperFech) FROM Operacion");
+    if (auto f = seguirParalelas(db.get())) return f;
     return pedido_.ultimoDocumento > numero_ ? seguirDesde(db.get()) : std::nullopt;
   }
 
@@ -148,6 +151,56 @@ class Restauracion {
             .arg(pedido_.ultimoDocumento);
     if (sqlite3_exec(db, sql.toUtf8().constData(), nullptr, nullptr, nullptr) == SQLITE_OK) return {};
     return QStringLiteral("No se pudo poner el último número: ") + QString::fromUtf8(sqlite3_errmsg(db));
+  }
+
+  // The same beside the sales, series by series. Their lines are told by the operation code alone, and no paper tells
+  // the codes of what was lost: the next ones begin well behind them.
+  Fallo seguirParalelas(sqlite3* db) const {
+    constexpr int kCodigosDeMargen = 1000;
+    const QString caja = cajaDe(enBorrador(kAjustes));
+    const auto maximo = [&](const QString& columna, const QString& cuales) {
+      qint64 m = 0;
+      for (const char* tabla : {"OperacionParalela", "OperacionParalela_Historico"}) {
+        const QString sql =
+            QStringLiteral("SELECT max(%1) FROM %2 WHERE %3").arg(columna, QLatin1String(tabla), cuales);
+        m = std::max(m, valor(db, sql.toUtf8().constData()).toLongLong());
+      }
+      return m;
+    };
+    qint64 codigo = maximo(QStringLiteral("cOperCode"), QStringLiteral("1")) + kCodigosDeMargen;
+    for (const auto& [serie, numero] : pedido_.ultimosParalelos) {
+      const auto es = [&, &suya = serie](TipoDocumento t) {
+        const QString sql =
+            QStringLiteral("SELECT cSerieDoc FROM Config_Documento WHERE cTipoDoc = '%1'").arg(Codigo(t));
+        const QString puesta = valor(db, sql.toUtf8().constData());
+        return !EsFiscal(t) && (puesta.isEmpty() ? SerieInicial(t, caja) : puesta) == suya;
+      };
+      const auto tipo = std::find_if(kTiposDocumento.begin(), kTiposDocumento.end(), es);
+      if (tipo == kTiposDocumento.end()) {
+        return QStringLiteral("%1 no es una serie de la caja %2; no se ha tocado nada.").arg(serie, caja);
+      }
+      if (numero <= maximo(QStringLiteral("cDocCodigo"), QStringLiteral("cDocTipo = '%1'").arg(Codigo(*tipo))))
+        continue;
+      const QString sql =
+          QStringLiteral(
+              "BEGIN;"
+              "INSERT INTO OperacionParalela (cOperCode, cOperTipo, dOperFech, cEstado, cCajaCodi, "
+              "cFlagSincronizacion, cTurnoCodi, cUserDesc, cOperFlagAbierto, cDocCodigo, cDocSerie, cDocTipo) "
+              "SELECT %1, '0', ifnull((SELECT max(dOperFech) FROM Operacion), '%2'), '0', '%3', '0', '01', "
+              "'ROVEL', '0', %4, '%5', '%6';"
+              "INSERT INTO Config_Documento (cTipoDoc, cSerieDoc) SELECT '%6', '%5' WHERE NOT EXISTS "
+              "(SELECT 1 FROM Config_Documento WHERE cTipoDoc = '%6');"
+              "UPDATE Config_Documento SET cOperCode = %1, nDocCodigo = %4 WHERE cTipoDoc = '%6';"
+              "COMMIT")
+              .arg(codigo++)
+              .arg(FechaISO(pedido_.ahora), caja)
+              .arg(numero)
+              .arg(serie, Codigo(*tipo));
+      if (sqlite3_exec(db, sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK) {
+        return QStringLiteral("No se pudo poner el último número: ") + QString::fromUtf8(sqlite3_errmsg(db));
+      }
+    }
+    return {};
   }
 
   // By renaming, so that it costs no room and is whole.
@@ -201,6 +254,9 @@ class Restauracion {
     } else {
       dicho_ << QStringLiteral("Si la tienda tiene un ticket con un número mayor, restaure otra vez con "
                                "--ultimo-documento y ese número.");
+    }
+    for (const auto& [serie, numero] : pedido_.ultimosParalelos) {
+      dicho_ << QStringLiteral("El último de la serie %1 que se conoce en papel es el %2.").arg(serie).arg(numero);
     }
     compararConCentral();
   }

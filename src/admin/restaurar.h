@@ -2,6 +2,8 @@
 #include <QDateTime>
 #include <QStringList>
 #include <optional>
+#include <utility>
+#include <vector>
 
 struct PedidoRestaurar {
   QString copia;    // a copy, or a folder of copies, whose newest one is taken
@@ -10,6 +12,8 @@ struct PedidoRestaurar {
   // The number of the last boleta or factura that the shop has on paper, when it is above those of the copy: the next
   // one follows it. 0 when not told.
   qint64 ultimoDocumento = 0;
+  // The same of each series beside the sales, as its papers tell them: series and number.
+  std::vector<std::pair<QString, qint64>> ultimosParalelos = {};
 };
 
 // Puts a copy of the whole desk into its folder. What stood there is set aside in respaldos/ and never lost; papers

@@ -48,6 +48,7 @@ struct Asiento {
   int dia = 0, acto = 0;
   QString tipo, serie;  // cDocTipo
   qint64 numero = 0, codigo = 0, total = 0, puntos = 0;
+  qint64 renglones = 0;  // what its lines are worth, of a document beside the sales
   int unidades = 0;
   bool dudoso = false;         // the act died
   bool puntosDudosos = false;  // a server was cut off in it, or in what took it back

@@ -82,6 +82,13 @@ bool Envio::prepararCotejo(bool paralelas) {
                              p_.poCnnLocal, cerradas + u" AND cFlagSincronizacion = '1' AND "_sql + rangos, marcadas)) {
     return false;
   }
+  if (paralelas && entero(nuevas[u"nFilas"]) + entero(marcadas[u"nFilas"]) > 0) {
+    if (const auto error = EnTransaccion(p_.poCnnCentral, [this] { return bloquear(); })) {
+      p_.registro.RegistrarErrorLog(QStringLiteral("Sincronizar - spr_bloquear_serie: ") + error->descripcion);
+      cortado();
+      return false;
+    }
+  }
   QDateTime desde = nuevas[u"dDesde"].toDateTime(), hasta = nuevas[u"dHasta"].toDateTime();
   if (entero(marcadas[u"nFilas"]) == 0) {
     if (!desde.isValid()) return true;

@@ -57,6 +57,8 @@ class Envio {
   std::vector<FinFila> loteParalelas(const Filas& filas);
   // The documents with their lines and detail, up to the commits. `fatal`: the run must end.
   Error enviarParalelas(const Filas& filas, const std::vector<bool>& estaban, bool& fatal);
+  // To the end of the transaction no other sending of this till gets past it.
+  Error bloquear();
   Error marcarParalelas(const Filas& filas, const std::vector<bool>& estaban);
   QString localDe(const Recordset::Fila& f);
   FinPasada estados();

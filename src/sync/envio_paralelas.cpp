@@ -27,6 +27,12 @@ Sql codigosDe(const Filas& filas, const std::vector<bool>& menos) {
 
 }  // namespace
 
+// Nothing at the centre stops a second head of the same document, and the commit of a run whose wire was cut may still
+// be on its way: each transaction that sends some holds this, and the next run waits for it before it looks.
+Envio::Error Envio::bloquear() {
+  return p_.poCnnCentral.ejecutar(FormatearSQL(u"dbo.spr_bloquear_serie 'envio-$'"_sql, {Texto(p_.ses.psCaja)}));
+}
+
 // The site stands in the money that shares the document's code and day; none is 0.
 QString Envio::localDe(const Recordset::Fila& f) {
   const QDate dia = f[u"dOperFech"].toDateTime().date();
@@ -112,7 +118,7 @@ FinFila Envio::paralela(const Recordset::Fila& f) {
     if (suerte == Suerte::Termina) cortado();
     return FinFila{suerte, codigo};
   };
-  if (p_.poCnnCentral.iniciar()) return acabar(Suerte::Termina);
+  if (p_.poCnnCentral.iniciar() || bloquear()) return acabar(Suerte::Termina);
   const auto posteados = contabilizados({f});
   if (!posteados) return acabar(Suerte::Termina);
   if (!posteados->isEmpty() && !esta[0]) {
@@ -134,7 +140,7 @@ std::vector<FinFila> Envio::loteParalelas(const Filas& filas) {
   for (const auto& f : filas) estaban.push_back(cotejarP_ && cotejoP_.tomar(Cotejo::claveDeParalela(f)));
   const auto enviado = [&] {
     bool fatal = false;
-    if (p_.poCnnCentral.iniciar()) return false;
+    if (p_.poCnnCentral.iniciar() || bloquear()) return false;
     const auto posteados = contabilizados(filas);
     if (!posteados || !posteados->isEmpty() || enviarParalelas(filas, estaban, fatal)) return false;
     return !p_.poCnnLocal.iniciar() && !marcarParalelas(filas, estaban);

@@ -94,9 +94,10 @@ class Restaurar : public Servicio {
     cambia(mdb(), qPrintable(u8("UPDATE Config_Documento SET nDocCodigo = %1 WHERE cTipoDoc = '02'").arg(numero)));
   }
   // Words of the failure, "" for none; what was said lies in `dicho`.
-  QString restaura(const QString& de, const char* a, qint64 ultimo = 0) {
+  QString restaura(const QString& de, const char* a, qint64 ultimo = 0,
+                   const std::vector<std::pair<QString, qint64>>& paralelos = {}) {
     dicho.clear();
-    return RestaurarPuesto({de, en(a), ahora.addDays(1), ultimo}, dicho).value_or(QString());
+    return RestaurarPuesto({de, en(a), ahora.addDays(1), ultimo, paralelos}, dicho).value_or(QString());
   }
   QString todo() const { return dicho.join(u'\n'); }
   QDateTime ahora{QDate(2026, 11, 24), QTime(21, 0)};
@@ -133,6 +134,14 @@ TEST_F(Restaurar, TheNextDocumentFollowsTheLastOneOnPaper) {
   EXPECT_EQ("", texto(restaura(copia, "p", 130)));
   EXPECT_EQ("120|1\n130|0", texto(filas(mdb(), "SELECT cDocCodigo, cOperFlagAbierto FROM Operacion ORDER BY cOperID")));
   EXPECT_EQ("130", texto(filas(mdb(), "SELECT nDocCodigo FROM Config_Documento WHERE cTipoDoc = '02'")));
+  // Neither a number nor a code beside the sales comes again; a series of another desk is refused.
+  EXPECT_EQ("", texto(restaura(copia, "r", 130, {{u8("NC1"), 35}, {u8("OC1"), 44}})));
+  const QString r = en("r/TarvoPos.mdb");
+  EXPECT_EQ("11|NC1|35|1000\n10|OC1|44|1001",
+            texto(filas(r, "SELECT cDocTipo, cDocSerie, cDocCodigo, cOperCode FROM OperacionParalela ORDER BY 4")));
+  EXPECT_EQ("10|44\n11|35", texto(filas(r, "SELECT cTipoDoc, nDocCodigo FROM Config_Documento WHERE cTipoDoc IN "
+                                           "('10', '11') ORDER BY 1")));
+  EXPECT_TRUE(restaura(copia, "s", 0, {{u8("OC2"), 44}}).contains(u8("OC2 no es una serie de la caja 00001")));
   EXPECT_EQ("", texto(restaura(copia, "q", 119)));  // behind the copy: nothing to mark
   EXPECT_EQ("120", texto(filas(en("q/TarvoPos.mdb"), "SELECT group_concat(cDocCodigo) FROM Operacion")));
 }

@@ -3,6 +3,8 @@
 // undisturbed one, on the embedded servers and on PostgreSQL. Some points of each; all of them in the long run.
 #include <QFile>
 #include <QThread>
+#include <atomic>
+#include <thread>
 
 #include "apoyo/cable.h"
 #include "apoyo/servidor_prueba.h"
@@ -35,6 +37,7 @@ class Puestos {
     p.ses.psConexionCliente = cadena(servidor_->cliente);
   }
   Cable& cable() { return servidor_->cable; }
+  const CadenaConexion& central() const { return servidor_->central; }
   Conexion& cliente() {
     EXPECT_TRUE(p.poCnnCliente.abierta() || p.poDBAdmin.AbrirBD(p.poCnnCliente, p.ses.psConexionCliente));
     return p.poCnnCliente;
@@ -268,5 +271,28 @@ std::string nombreDe(const testing::TestParamInfo<std::tuple<bool, Escena>>& cas
 }
 
 INSTANTIATE_TEST_SUITE_P(Sync, Cortes, testing::Combine(testing::Bool(), testing::ValuesIn(kEscenas)), nombreDe);
+
+// The commit of a push whose wire was cut may still be on its way when the next one looks what stands there.
+TEST(CortesPostgres, APushWaitsForTheOneThatIsOnItsWay) {
+  Puestos t(true);
+  t.p.diaCorto(kDia);
+  Conexion otra;
+  ASSERT_TRUE(t.p.poDBAdmin.AbrirBD(otra, t.p.ses.psConexionCentral));
+  ASSERT_FALSE(otra.iniciar());
+  t.p.ejecuta(otra, q("dbo.spr_bloquear_serie 'envio-00001'"));
+  t.p.ejecuta(otra, q("INSERT INTO OperacionParalela (cCajaCodi, cOperCode, cOperTipo, dOperFech, nMontoSoles, "
+                      "nMontoDolares, cEstado, cDocTipo, cDocSerie, cDocCodigo) VALUES ('00001', 1, 20, '2026-11-20 "
+                      "09:02:00', 38, 0, '1', '10', 'OC1', '000001')"));
+  const auto hay = [&](const char* sql) { return ServidorPrueba::uno().crudo(t.central(), q(sql))[0].toInt(); };
+  std::atomic<bool> acabo = false;
+  std::thread enCamino([&] {
+    while (!acabo && hay("SELECT count(*) FROM pg_locks WHERE NOT granted") == 0) QThread::msleep(5);
+    EXPECT_FALSE(otra.confirmar());
+  });
+  EXPECT_TRUE(sincronizar(t.p).bien);
+  acabo = true;
+  enCamino.join();
+  EXPECT_EQ(1, hay("SELECT count(*) FROM dbo.operacionparalela WHERE cdocserie = 'OC1'"));
+}
 
 }  // namespace
