@@ -1,16 +1,13 @@
 // The registers as windows, painted off the screen: a key with its repaint, a sale of the quick register by its keys,
 // opening.
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QLineEdit>
-#include <QLoggingCategory>
-#include <QTemporaryFile>
 #include <QTest>
 
 #include "breve.h"
+#include "con_ventanas.h"
 #include "duelo.h"
 #include "platform/ui/rejilla.h"
-#include "platform/ui/tema.h"
 #include "sale/frm_caja_full.h"
 #include "sale/frm_caja_rapida.h"
 #include "sale/venta_prueba.h"
@@ -206,16 +203,4 @@ BENCHMARK(Abrir5000<frmCajaRegistradora>)
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  QTemporaryFile pantalla(QDir::tempPath() + QStringLiteral("/pantallaXXXXXX.json"));
-  if (!pantalla.open()) return 1;
-  pantalla.write(R"({"screens":[{"name":"s","x":0,"y":0,"width":1024,"height":768}]})");
-  pantalla.close();
-  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + pantalla.fileName().toLocal8Bit());
-  QLoggingCategory::setFilterRules(QStringLiteral("*.warning=false"));  // the platform tells all that it can't do
-  QApplication app(argc, argv);
-  tema::aplicar(app);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}
+int main(int argc, char** argv) { return MedirConVentanas(argc, argv); }

@@ -2,18 +2,15 @@
 // first screen. `motor` is 0 for the embedded servers, 1 for PostgreSQL.
 #include <libpq-fe.h>
 
-#include <QApplication>
 #include <QElapsedTimer>
-#include <QLoggingCategory>
-#include <QTemporaryFile>
 #include <QTest>
 
+#include "con_ventanas.h"
 #include "credit/credito_prueba.h"
 #include "credit/frm_cons_cta_cte_cliente.h"
 #include "credit/frm_documentos_pendientes.h"
 #include "credit/operacion_paralela_consulta.h"
 #include "duelo.h"
-#include "platform/ui/tema.h"
 
 namespace {
 
@@ -260,16 +257,4 @@ BENCHMARK(Consulta1000000)
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  QTemporaryFile pantalla(QDir::tempPath() + QStringLiteral("/pantallaXXXXXX.json"));
-  if (!pantalla.open()) return 1;
-  pantalla.write(R"({"screens":[{"name":"s","x":0,"y":0,"width":1024,"height":768}]})");
-  pantalla.close();
-  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + pantalla.fileName().toLocal8Bit());
-  QLoggingCategory::setFilterRules(QStringLiteral("*.warning=false"));  // the platform tells all that it can't do
-  QApplication app(argc, argv);
-  tema::aplicar(app);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}
+int main(int argc, char** argv) { return MedirConVentanas(argc, argv); }

@@ -4,14 +4,14 @@
 
 #include <chrono>
 
-#include <arpa/inet.h>
 #include <fcntl.h>
-#include <netinet/in.h>
 #include <poll.h>
 #include <stdlib.h>
 #include <sys/socket.h>
 #include <termios.h>
 #include <unistd.h>
+
+#include "apoyo/enchufe.h"
 
 namespace {
 
@@ -36,15 +36,10 @@ ImpresoraDoble::ImpresoraDoble(Linea linea) : linea_(linea) {
     lugar_ = QString::fromLocal8Bit(::ptsname(fd_));
     esclavo_ = ::open(::ptsname(fd_), O_RDWR | O_NOCTTY);
   } else {
-    fd_ = ::socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in d{};
-    d.sin_family = AF_INET;
-    d.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t largo = sizeof d;
-    EXPECT_EQ(0, ::bind(fd_, reinterpret_cast<sockaddr*>(&d), largo));
+    int puerto = 0;
+    fd_ = EnchufeEnLoopback(puerto);
     EXPECT_EQ(0, ::listen(fd_, 4));
-    ::getsockname(fd_, reinterpret_cast<sockaddr*>(&d), &largo);
-    lugar_ = QStringLiteral("tcp:127.0.0.1:%1").arg(ntohs(d.sin_port));
+    lugar_ = QStringLiteral("tcp:127.0.0.1:%1").arg(puerto);
   }
   hilo_ = std::thread([this] { servir(); });
 }

@@ -1,31 +1,23 @@
 #pragma once
 // A server on loopback that never says a word: it lets everybody connect, or, with its queue full, nobody.
-#include <arpa/inet.h>
 #include <fcntl.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 #include <QString>
 #include <vector>
+
+#include "apoyo/enchufe.h"
 
 enum class Mudez { recibe, colaLlena, nadie };  // accepts; drops the first packet of each newcomer; refuses
 
 class ServidorMudo {
  public:
-  explicit ServidorMudo(Mudez como) : fd_(::socket(AF_INET, SOCK_STREAM, 0)) {
-    sockaddr_in d{};
-    d.sin_family = AF_INET;
-    d.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t largo = sizeof d;
-    ::bind(fd_, reinterpret_cast<sockaddr*>(&d), largo);
-    ::getsockname(fd_, reinterpret_cast<sockaddr*>(&d), &largo);
-    puerto_ = ntohs(d.sin_port);
+  explicit ServidorMudo(Mudez como) : fd_(EnchufeEnLoopback(puerto_)) {
     if (como != Mudez::nadie) ::listen(fd_, como == Mudez::recibe ? 16 : 0);
     if (como != Mudez::colaLlena) return;
+    sockaddr_in d = EnLoopback(puerto_);
     for (int i = 0; i < 4; ++i) {
       clientes_.push_back(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0));
-      ::connect(clientes_.back(), reinterpret_cast<sockaddr*>(&d), largo);
+      ::connect(clientes_.back(), reinterpret_cast<sockaddr*>(&d), sizeof d);
     }
   }
   ~ServidorMudo() {
@@ -42,7 +34,7 @@ class ServidorMudo {
   }
 
  private:
+  int puerto_ = 0;  // before the socket, which tells it
   int fd_;
-  int puerto_ = 0;
   std::vector<int> clientes_;
 };

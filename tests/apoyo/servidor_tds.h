@@ -4,18 +4,11 @@
 #include <atomic>
 #include <thread>
 
-#include "apoyo/servidor_mudo.h"
+#include "apoyo/enchufe.h"
 
 class ServidorTds {
  public:
-  ServidorTds() : fd_(::socket(AF_INET, SOCK_STREAM, 0)) {
-    sockaddr_in d{};
-    d.sin_family = AF_INET;
-    d.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t largo = sizeof d;
-    ::bind(fd_, reinterpret_cast<sockaddr*>(&d), largo);
-    ::getsockname(fd_, reinterpret_cast<sockaddr*>(&d), &largo);
-    puerto_ = ntohs(d.sin_port);
+  ServidorTds() : fd_(EnchufeEnLoopback(puerto_)) {
     ::listen(fd_, 4);
     hilo_ = std::thread([this] {
       for (int c = -1; (c = ::accept(fd_, nullptr, nullptr)) >= 0;) atendidos_.emplace_back([c] { atender(c); });
@@ -80,7 +73,8 @@ class ServidorTds {
     ::close(c);
   }
 
-  int fd_, puerto_ = 0;
+  int puerto_ = 0;  // before the socket, which tells it
+  int fd_;
   std::thread hilo_;
   std::vector<std::thread> atendidos_;
 };

@@ -106,12 +106,7 @@ entrar() {
 
 paso "Abre la caja y vende un ticket"
 entrar
-ventana '^TarvoPos$'; teclas Return   # the desk is closed
-ventana '^TarvoPos$'; teclas Return   # its warehouse
-ventana '^Control de Caja Registradora'; teclas Return
-ventana 'Apertura de Caja'; escribir 100; teclas alt+g
-ventana '^TarvoPos$'; teclas Return
-sin_ventana 'Apertura de Caja'
+abrir_caja
 ventana '^Control de Caja Registradora'; foto caja-abierta; poner_a_la_venta; teclas Return
 ventana 'Versión Full|Caja Registradora.*[Ff]ull|FULL'
 teclas alt+d; escribir 206; teclas Return

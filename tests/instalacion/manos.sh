@@ -46,12 +46,7 @@ paso "Entra y abre la caja"
 TARVOPOS_HOME=$puesto QT_QPA_PLATFORM=xcb "$caja" >"$obra/tarvopos.log" 2>&1 &
 procesos+=($!)
 ventana '^Nombre y Password de Usuario$'; teclas alt+u; escribir CAJERO; teclas alt+p; escribir caja; teclas Return
-ventana '^TarvoPos$'; teclas Return   # the desk is closed
-ventana '^TarvoPos$'; teclas Return   # its warehouse
-ventana '^Control de Caja Registradora'; teclas Return
-ventana 'Apertura de Caja'; escribir 100; teclas alt+g
-ventana '^TarvoPos$'; teclas Return
-sin_ventana 'Apertura de Caja'
+abrir_caja
 
 paso "$ventas ventas rápidas sin pausa alguna"
 ventana '^Control de Caja Registradora'; teclas shift+Tab Return

@@ -47,3 +47,12 @@ escanear() {
   xdotool key --delay 4 $(sed 's/./& /g' <<<"$1") Return
   sleep 1
 }
+# From the login to the open desk, with 100 soles in its drawer.
+abrir_caja() {
+  ventana '^TarvoPos$'; teclas Return   # the desk is closed
+  ventana '^TarvoPos$'; teclas Return   # its warehouse
+  ventana '^Control de Caja Registradora'; teclas Return
+  ventana 'Apertura de Caja'; escribir 100; teclas alt+g
+  ventana '^TarvoPos$'; teclas Return
+  sin_ventana 'Apertura de Caja'
+}
