@@ -86,6 +86,7 @@ FinPasada PasadasDeMaestros::pasada(const Maestro& m, const Sql& donde, bool nue
                    .barra = m.barra,
                    .sePuedeDetener = true,
                    .pagina = origen,
+                   .entera = u" SELECT "_sql + m.columnas + donde,
                    .fila = una,
                    .lote = nuevas ? loteDeNuevas(m, una) : EnUnaTransaccion(p_.poCnnLocal, una),
                    .filasPorLote = kFilasPorPagina});
@@ -153,8 +154,9 @@ FinPasada PasadasDeMaestros::unidades() {
 
 void PasadasDeMaestros::quitarSinLocal(LiteralSql tabla, LiteralSql clave, LiteralSql condicion) {
   // Those that stay are only one copy too many.
-  (void)ejecutar(FormatearSQL(u"DELETE FROM $ WHERE IdLocal = 0 $ AND $ IN (SELECT $ FROM $ WHERE IdLocal <> 0)"_sql,
-                              {tabla, condicion, clave, clave, tabla}));
+  (void)ejecutar(FormatearSQL(u"DELETE FROM $ WHERE IdLocal = 0 $ AND EXISTS (SELECT 1 FROM $ c WHERE c.$ = $.$ AND "
+                              "c.IdLocal <> 0)"_sql,
+                              {tabla, condicion, tabla, clave, tabla, clave}));
 }
 
 FinPasada PasadasDeMaestros::clientes() {
@@ -176,7 +178,7 @@ FinPasada PasadasDeMaestros::clientes() {
             return FormatearSQL(u"(cClieCode >= $ AND (cClieCode > $ OR IdLocal > $))"_sql,
                                 {c, c, entero(f[u"IdLocal"])});
           },
-      .codigo = [](const auto& f) { return LimpiarNulo(f[u"cClieCode"]); },
+      .codigo = [](const auto& f) { return LimpiarNulo(f.celda(u"cClieCode")); },
       .clave = [](const auto& f) { return claveDe(f, u"cClieCode"); },
       .insertar =
           [par](const auto& f) {
