@@ -46,7 +46,7 @@ struct Pasada {
 };
 
 // Rows of one page of a source, and the fewest that go the batched way.
-constexpr int kFilasPorPagina = 2000;
+constexpr int kFilasPorPagina = 5000;
 constexpr qsizetype kFilasParaLote = 40;
 
 enum class FinPasada { Bien, Mal, Detenida };
