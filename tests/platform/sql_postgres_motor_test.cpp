@@ -122,6 +122,26 @@ TEST(MotorPostgres, AChangeByAJoinFindsItsRowsInAPartedTable) {
   EXPECT_EQ("1|15", b.respuesta("SELECT k, v FROM p ORDER BY k"));
 }
 
+// Nulls come first there; what is never Null says nothing of them, so that its index gives the order.
+TEST(MotorPostgres, WhatIsNeverNullIsPutInOrderByItsIndex) {
+  BancoPostgres b({}, u8("CREATE TABLE dbo.a (k int PRIMARY KEY, v int); CREATE TABLE dbo.h (k int PRIMARY KEY, a int);"
+                         "INSERT INTO dbo.a VALUES (1, NULL), (2, 1); INSERT INTO dbo.h VALUES (1, 2)"));
+  const struct {
+    const char *sql, *filas;
+    bool nunca;
+  } casos[] = {{"SELECT TOP 2 * FROM a ORDER BY k", "1|Null/2|1", true},
+               {"SELECT x.k FROM a x LEFT JOIN h ON h.a = x.k ORDER BY x.k DESC", "2/1", true},
+               {"SELECT h.k FROM a x LEFT JOIN h ON h.a = x.k ORDER BY h.k", "Null/1", false},
+               {"SELECT * FROM h y RIGHT JOIN a ON y.a = a.k ORDER BY y.k", "Null|Null|1|Null/1|2|2|1", false},
+               {"SELECT v AS k FROM a ORDER BY k", "Null/1", false},
+               {"SELECT z.k FROM (SELECT h.k FROM a LEFT JOIN h ON h.a = a.k) z ORDER BY z.k", "Null/1", false},
+               {"SELECT k FROM h UNION SELECT v FROM a ORDER BY k", "Null/1", false}};
+  for (const auto& c : casos) {
+    EXPECT_EQ(c.filas, b.respuesta(u8(c.sql))) << c.sql;
+    EXPECT_EQ(c.nunca, !b.cnn.traducir(u8(c.sql)).contains(u8("NULLS"))) << c.sql;
+  }
+}
+
 // Two desks that draw a number by MAX + 1 get it one after the other.
 TEST(MotorPostgres, TheHighestNumberIsAskedForByOneAtATime) {
   BancoPostgres a(kTabla);

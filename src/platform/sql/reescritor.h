@@ -81,6 +81,7 @@ class Reescritor {
   void todasLasColumnas(const QString& alias, std::vector<Columna>& salida) const;
   void ordenYGrupo(const std::vector<Columna>& salida);
   const Columna* columnaDeOrden(const Nodo& n, const std::vector<Columna>& salida) const;
+  bool nuncaNula(const Nodo& n, const Columna* deLista) const;
   bool leerTope(Tope& tope);
   void ponerTope(Tope tope, int ini, int lista, int desde);
 

@@ -96,6 +96,23 @@ const Columna* Reescritor::columnaDeOrden(const Nodo& n, const std::vector<Colum
   return nullptr;
 }
 
+// A column that no row lacks needs no word about Nulls, and without one its index gives the order. Only the first
+// table of a FROM is looked at: a join to the left leaves the others without rows.
+bool Reescritor::nuncaNula(const Nodo& n, const Columna* deLista) const {
+  const Ambito& a = ambitos_.back();
+  if (!n.columna || a.primera || a.fuentes.empty() || !comunes_.empty()) return false;
+  if (deLista && (a.fuentes.size() > 1 || !deLista->real || !deLista->noNula)) return false;
+  for (size_t i = 0; i + 1 < t_.size(); ++i) {
+    if (t_[i].es(u"FULL") || (t_[i].es(u"RIGHT") && !t_[i + 1].op(u"("))) return false;
+  }
+  const Fuente& f = a.fuentes.front();
+  const bool sola = n.fin == n.ini + 1;
+  if (!sola && (n.fin != n.ini + 3 || contenido(tk(n.ini)).compare(f.alias, Qt::CaseInsensitive) != 0)) return false;
+  return std::any_of(f.columnas.begin(), f.columnas.end(), [&](const Columna& c) {
+    return c.real && c.noNula && c.nombre.compare(n.nombre, Qt::CaseInsensitive) == 0;
+  });
+}
+
 void Reescritor::ordenYGrupo(const std::vector<Columna>& salida) {
   const bool orden = es(u"ORDER");
   if (orden) ambito().orden = p_;
@@ -116,7 +133,7 @@ void Reescritor::ordenYGrupo(const std::vector<Columna>& salida) {
     if (pide && m_.tipado) colacion(n);
     else if (pide) e_.despues(n.fin - 1, m_.colacion.toString());
     const bool baja = !come(u"ASC") && come(u"DESC");
-    if (orden) e_.despues(p_ - 1, (baja ? m_.nulosBaja : m_.nulosSube).toString());
+    if (orden && !nuncaNula(n, c)) e_.despues(p_ - 1, (baja ? m_.nulosBaja : m_.nulosSube).toString());
   } while (comeOp(u","));
   if (orden) ambito().claves = std::move(claves);
 }
