@@ -158,6 +158,7 @@ TEST(Pagos, ReadTheBalanceAgainInTheAct) {
               "Moneda, nTipoCambio) VALUES ('PA2', '000001', '02', '001', '000001', 1, '01', 60, 'N', 3)");
   e.p.persona().espera(q("El monto a pagar no debe ser mayor que el saldo: ahora es de S/. 40.00"));
   EXPECT_EQ(QString(), e.pagar(0, 0, "50"));
+  EXPECT_EQ(q("40.00|13.33"), e.v.pago.lblSaldoSoles + u'|' + e.v.pago.lblSaldoDolares);
   EXPECT_EQ(q("hecho"), e.pagar(0, 0, "40"));
   e.cargarPago("02", "000001");
   e.p.persona().espera(q("Ya no hay saldo por cancelar"));
@@ -240,6 +241,7 @@ TEST(Notas, TakeNoMoreThanIsLeft) {
   e.linea(e.v.nota.rejilla, "101", "4");
   e.p.persona().espera(q("No puede consumir mas de 30.00 Soles."));
   EXPECT_EQ(QString(), GrabarNota(e.p, e.v, e.pantallas));
+  EXPECT_EQ(q("30.00"), e.v.nota.txtMontoPorConsumirDocumento);
   e.enCentral("UPDATE ConsumoVenta SET bAnulado = 1 WHERE cCajaCodi = '00002'");
   EXPECT_EQ(q("hecho"), e.consumir(1, "5"));
   EXPECT_EQ(q("1|30\n2|20\n3|50"),
