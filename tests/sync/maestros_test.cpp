@@ -77,7 +77,8 @@ TEST(Maestros, AFirstLoadAndADayBehindIt) {
   EXPECT_TRUE(p.productos().startsWith(q("101|DE VUELTA|40|1|1|")));
 }
 
-// Copies from before customers had a site: a change reaches the store, and a copy goes once all sites of its code are here.
+// Copies from before customers had a site: a change reaches the store, and a copy goes once all sites of its code are
+// here.
 TEST(Maestros, CopiesWithoutASiteGiveWay) {
   Tienda p;
   p.ejecuta(q("UPDATE Sincronizacion SET dFechSincro = '2026-11-23'"));
