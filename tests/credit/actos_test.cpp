@@ -7,8 +7,6 @@
 
 namespace {
 
-QString q(const char* s) { return QString::fromUtf8(s); }
-
 TEST(Papeles, OfADocumentTwoReceiptsAndALiquidation) {
   Credito fade;
   fade.cliente(0);

@@ -13,8 +13,6 @@
 
 namespace {
 
-QString q(const char* s) { return QString::fromUtf8(s); }
-
 constexpr int kCajas = 4;
 
 struct Documento {
