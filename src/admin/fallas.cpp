@@ -45,8 +45,28 @@ class MotorConFallas final : public Motor {
     return paso(QStringLiteral("ROLLBACK"), [&] { return real_->deshacer(); });
   }
   QString traducir(const QString& sql) override { return real_->traducir(sql); }
+  std::unique_ptr<Repetida> repetir(const QString& sql) override {
+    auto real = real_->repetir(sql);
+    if (!real) return real;
+    return std::make_unique<RepetidaConFallas>(std::move(real), sql, *this);
+  }
 
  private:
+  // Each run of it is a statement like any other.
+  class RepetidaConFallas final : public Repetida {
+   public:
+    RepetidaConFallas(std::unique_ptr<Repetida> real, QString sql, MotorConFallas& motor)
+        : real_(std::move(real)), sql_(std::move(sql)), motor_(motor) {}
+    std::optional<ErrorBD> correr(const std::vector<QVariant>& valores) override {
+      return motor_.paso(sql_, [&] { return real_->correr(valores); });
+    }
+
+   private:
+    std::unique_ptr<Repetida> real_;
+    const QString sql_;
+    MotorConFallas& motor_;
+  };
+
   template <typename Llamada>
   std::optional<ErrorBD> paso(const QString& sql, Llamada llamada) {
     if (!fallas_.catalogo && esDeCatalogo(sql)) return llamada();

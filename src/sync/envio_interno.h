@@ -16,6 +16,8 @@ inline Sql ParalelaPorEnviar() {
       {Codigos(kSinDocumento)});
 }
 
+inline QString claveDeDocumento(const QString& serie, const QString& numero) { return serie + u'-' + numero; }
+
 class Envio {
  public:
   Envio(Puesto& p, FrmUpdt& pantalla) : p_(p), pantalla_(pantalla) {}
@@ -49,6 +51,7 @@ class Envio {
   FinFila operacion(const Recordset::Fila& f);
   std::vector<FinFila> lote(const Filas& filas);
   Error enviarLote(const Filas& filas, std::vector<FinFila>& fines, const std::vector<bool>& estaban);
+  bool llevaDetalle(qint64 id) const;
   Error siguienteId(qint64& id);
 
   // envio_paralelas.cpp

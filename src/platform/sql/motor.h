@@ -14,7 +14,8 @@ class Repetida {
  public:
   virtual ~Repetida() = default;
   // Runs it with these in the place of its literals, in their order: Null, qint64, double or a text as the dialect's
-  // literal would say it. On failure nothing is changed.
+  // literal would say it. Literals that are part of the statement, such as the style of a CONVERT, take no value. On
+  // failure nothing is changed.
   [[nodiscard]] virtual std::optional<ErrorBD> correr(const std::vector<QVariant>& valores) = 0;
 };
 

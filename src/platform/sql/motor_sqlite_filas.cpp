@@ -1,33 +1,12 @@
 // What a prepared statement takes and gives.
 #include "platform/sql/errores_sqlite.h"
+#include "platform/sql/instante.h"
 #include "platform/sql/motor_sqlite.h"
 #include "platform/sql/tope.h"
 
 namespace {
 
 constexpr size_t kCeldasMaximas = 20'000'000;  // some 800 MB
-
-// A stored date, and nothing else: "YYYY-MM-DD hh:mm:ss".
-std::optional<QDateTime> fechaGuardada(const char* t, int largo) {
-  if (largo != 19) return {};
-  static const char kForma[] = "dddd-dd-dd dd:dd:dd";
-  int v[6] = {};
-  int campo = 0;
-  for (int i = 0; i < 19; ++i) {
-    if (kForma[i] != 'd') {
-      if (t[i] != kForma[i]) return {};
-      ++campo;
-    } else if (t[i] < '0' || t[i] > '9') {
-      return {};
-    } else {
-      v[campo] = v[campo] * 10 + (t[i] - '0');
-    }
-  }
-  const QDate d(v[0], v[1], v[2]);
-  const QTime h(v[3], v[4], v[5]);
-  if (!d.isValid() || !h.isValid()) return {};
-  return QDateTime(d, h);
-}
 
 QVariant celda(sqlite3_stmt* s, int i, bool fecha) {
   switch (sqlite3_column_type(s, i)) {
@@ -39,7 +18,7 @@ QVariant celda(sqlite3_stmt* s, int i, bool fecha) {
   const auto* t = reinterpret_cast<const char*>(sqlite3_column_text(s, i));
   const int largo = sqlite3_column_bytes(s, i);
   if (fecha) {
-    if (const auto f = fechaGuardada(t, largo)) return *f;
+    if (const auto f = instanteGuardado(t, largo)) return *f;
   }
   return QString::fromUtf8(t, largo);
 }
@@ -94,25 +73,34 @@ std::optional<ErrorBD> MotorSqlite::ligar(Preparada& p, const SentenciaLeida& s)
 class RepetidaSqlite final : public Repetida {
  public:
   RepetidaSqlite(sqlite3* base, std::shared_ptr<Preparada> p, Dialecto dialecto)
-      : base_(base), p_(std::move(p)), dialecto_(dialecto) {}
+      : base_(base), p_(std::move(p)), dialecto_(dialecto) {
+    for (const Literal& l : p_->forma->literales) {
+      if (l.ligado) lecturas_.push_back(l.lectura);
+    }
+  }
 
   std::optional<ErrorBD> correr(const std::vector<QVariant>& valores) override {
-    const std::vector<Literal>& literales = p_->forma->literales;
-    if (valores.size() != literales.size()) {
+    if (valores.size() != lecturas_.size()) {
       return ErrorBD{kErrorSentencia, 0, QStringLiteral("La sentencia tiene otro número de valores.")};
     }
     int rc = SQLITE_OK;
     for (size_t i = 0; rc == SQLITE_OK && i < valores.size(); ++i) {
       const QVariant& v = valores[i];
-      if (literales[i].lectura == Lectura::TalCual || v.isNull()) {
+      if (lecturas_[i] == Lectura::TalCual || v.isNull()) {
         rc = ligarValor(p_->sentencia, static_cast<int>(i) + 1, v);
+        continue;
+      }
+      if (lecturas_[i] == Lectura::SinFinales) {
+        QString texto = v.toString();
+        while (texto.endsWith(u' ')) texto.chop(1);
+        rc = ligarTexto(p_->sentencia, static_cast<int>(i) + 1, texto);
         continue;
       }
       const QString citado = u'\'' + v.toString().replace(u'\'', QLatin1String("''")) + u'\'';
       Token t;
       t.tipo = TipoToken::Texto;
       t.texto = citado;
-      const ValorLiteral leido = leerLiteral(t, literales[i].lectura, dialecto_);
+      const ValorLiteral leido = leerLiteral(t, lecturas_[i], dialecto_);
       if (leido.error) return leido.error;
       rc = ligarValor(p_->sentencia, static_cast<int>(i) + 1, leido.valor);
     }
@@ -127,6 +115,7 @@ class RepetidaSqlite final : public Repetida {
   sqlite3* base_;
   std::shared_ptr<Preparada> p_;
   Dialecto dialecto_;
+  std::vector<Lectura> lecturas_;
 };
 
 std::unique_ptr<Repetida> MotorSqlite::repetir(const QString& sql) {
@@ -135,7 +124,7 @@ std::unique_ptr<Repetida> MotorSqlite::repetir(const QString& sql) {
   if (camino_.reconocer(s)) return {};
   std::optional<ErrorBD> error;
   const std::shared_ptr<Preparada> p = preparada(s, error);
-  const bool deUnaForma = p && p->forma->fijos.empty() && p->forma->tablaNueva.isEmpty() && !p->forma->cambiaEsquema &&
+  const bool deUnaForma = p && p->forma->tablaNueva.isEmpty() && !p->forma->cambiaEsquema &&
                           sqlite3_column_count(p->sentencia) == 0 && !sqlite3_stmt_readonly(p->sentencia);
   if (!deUnaForma) return {};
   return std::make_unique<RepetidaSqlite>(base_, p, entorno_.dialecto);
