@@ -1,11 +1,14 @@
 // Push, pull and purge of a desk beside the bare engine doing the same: the same round trips for rows that go one by
 // one, a plain copy for a first load.
+#include <libpq-fe.h>
 #include <sqlite3.h>
 #include <sys/resource.h>
 
+#include "apoyo/servidor_prueba.h"
 #include "breve.h"
 #include "duelo.h"
 #include "platform/sql/base_sqlite.h"
+#include "postgres/base_postgres.h"
 #include "sync/depuracion.h"
 #include "sync/sincronizar.h"
 #include "sync/updt.h"
@@ -84,19 +87,26 @@ sqlite3_stmt* preparar(sqlite3* db, const QByteArray& sql) {
   return s;
 }
 
+void correr(sqlite3_stmt* s) {
+  while (sqlite3_step(s) == SQLITE_ROW) {
+  }
+  sqlite3_reset(s);
+}
+
+BaseSqlite abrirPiso(const QString& archivo) {
+  QString error;
+  BaseSqlite base = AbrirSqlite(archivo, SQLITE_OPEN_READWRITE, error);
+  sqlite3_exec(base.get(), "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL", nullptr, nullptr, nullptr);
+  return base;
+}
+
+const char kMarca[] =
+    "UPDATE Operacion SET cFlagSincronizacion='1' WHERE cOperID=(SELECT MIN(cOperID) FROM Operacion WHERE "
+    "cFlagSincronizacion='0')";
+
 // The round trips of a row on the bare engine: two questions and the row there, the mark here, a commit on each side.
 Tiempo pisoDeEnvio(Tienda& t, qint64 n) {
-  QString error;
-  const BaseSqlite local = AbrirSqlite(t.ses.psRutaBD, SQLITE_OPEN_READWRITE, error),
-                   central = AbrirSqlite(t.central(), SQLITE_OPEN_READWRITE, error);
-  const auto correr = [](sqlite3_stmt* s) {
-    while (sqlite3_step(s) == SQLITE_ROW) {
-    }
-    sqlite3_reset(s);
-  };
-  for (sqlite3* db : {local.get(), central.get()}) {
-    sqlite3_exec(db, "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL", nullptr, nullptr, nullptr);
-  }
+  const BaseSqlite local = abrirPiso(t.ses.psRutaBD), central = abrirPiso(t.central());
   sqlite3_stmt* const pasos[] = {
       preparar(central.get(), "BEGIN IMMEDIATE"),
       preparar(central.get(),
@@ -109,9 +119,7 @@ Tiempo pisoDeEnvio(Tienda& t, qint64 n) {
                "'CAJERO', '', '01', '000101', 1, 4.5, '2026-11-23 08:00:00', 1, '00001', '02', '001', "
                "'000001')"),
       preparar(local.get(), "BEGIN IMMEDIATE"),
-      preparar(local.get(),
-               "UPDATE Operacion SET cFlagSincronizacion='1' WHERE cOperID=(SELECT MIN(cOperID) FROM Operacion "
-               "WHERE cFlagSincronizacion='0')"),
+      preparar(local.get(), kMarca),
       preparar(central.get(),
                "INSERT INTO TDETALLEZ1 VALUES (1, '00001', '2026-11-23', '01', '02', '000101', 1, 4.5, NULL)"),
       preparar(central.get(), "COMMIT"),
@@ -125,20 +133,114 @@ Tiempo pisoDeEnvio(Tienda& t, qint64 n) {
   return s;
 }
 
+// A server's own library: prepared statements, one message where ours is one.
+class PisoPostgres {
+ public:
+  explicit PisoPostgres(const CadenaConexion& donde) {
+    const QStringList lugar = donde.servidor.split(u':');
+    c_ = PQconnectdb(q("host=%1 port=%2 user=%3 password=%4 dbname=%5 gssencmode=disable options='-c "
+                       "search_path=dbo,public -c jit=off'")
+                         .arg(lugar[0], lugar[1], donde.usuario, donde.clave, donde.catalogo)
+                         .toUtf8()
+                         .constData());
+    if (PQstatus(c_) != CONNECTION_OK) romper("the floor", q(PQerrorMessage(c_)));
+  }
+  ~PisoPostgres() { PQfinish(c_); }
+  PisoPostgres(const PisoPostgres&) = delete;
+
+  void preparar(const char* nombre, const char* sql) { mirar(PQprepare(c_, nombre, sql, 0, nullptr)); }
+  struct Paso {
+    const char* nombre;
+    std::vector<const char*> valores = {};
+  };
+  // The steps with one round trip.
+  void viaje(const std::vector<Paso>& pasos) {
+    if (pasos.size() > 1) PQenterPipelineMode(c_);
+    for (const Paso& p : pasos) {
+      PQsendQueryPrepared(c_, p.nombre, static_cast<int>(p.valores.size()), p.valores.data(), nullptr, nullptr, 0);
+    }
+    if (pasos.size() > 1) PQpipelineSync(c_);
+    for (size_t i = 0; i < pasos.size(); ++i) {
+      while (PGresult* r = PQgetResult(c_)) mirar(r);
+    }
+    if (pasos.size() == 1) return;
+    mirar(PQgetResult(c_));  // of the sync
+    PQexitPipelineMode(c_);
+  }
+
+ private:
+  void mirar(PGresult* r) {
+    const auto estado = PQresultStatus(r);
+    PQclear(r);
+    if (estado != PGRES_TUPLES_OK && estado != PGRES_COMMAND_OK && estado != PGRES_PIPELINE_SYNC) {
+      romper("the floor", q(PQerrorMessage(c_)));
+    }
+  }
+  PGconn* c_ = nullptr;
+};
+
+// The same round trips on PostgreSQL. A number of the till's own run is drawn under its lock, and a detail that fails
+// must not take the row with it.
+Tiempo pisoDeEnvio(Tienda& t, const CadenaConexion& donde, qint64 n) {
+  const BaseSqlite local = abrirPiso(t.ses.psRutaBD);
+  PisoPostgres central(donde);
+  // clang-format off
+  const std::pair<const char*, const char*> sentencias[] = {
+      {"inicia", "BEGIN"}, {"confirma", "COMMIT"}, {"punto", "SAVEPOINT s"}, {"suelta", "RELEASE s"},
+      {"cuenta", "SELECT count(*) FROM cuentacte WHERE cseriedoc = $1 AND cnrodoc = $2 AND ccodcaja = $3"},
+      {"cierra", "SELECT pg_advisory_xact_lock(7)"},
+      {"numero", "SELECT coalesce(max(coperid), 0) + 1 FROM operacion WHERE ccajacodi = $1"},
+      {"fila", "INSERT INTO operacion (coperid, copercode, cuserdesc, ntarjnumb, calmacode, cprodcode, nprodcant, "
+               "nprodprecunit, doperfech, copertipo, ccajacodi, cdoctipo, cdocserie, cdoccodigo) VALUES ($1, $2, $3, "
+               "$4, $5, $6, $7, $8, $9, $10, $11, $12, $13, $14)"},
+      {"detalle", "INSERT INTO tdetallez1 (nidz1, ccajacodi, doperfech, calmacode, cdoctipo, cprodcode, nprodcant, "
+                  "nmonto) VALUES ($1, $2, $3, $4, $5, $6, $7, $8)"}};
+  // clang-format on
+  for (const auto& [nombre, sql] : sentencias) central.preparar(nombre, sql);
+  sqlite3_stmt* const marca[] = {preparar(local.get(), "BEGIN IMMEDIATE"), preparar(local.get(), kMarca),
+                                 preparar(local.get(), "COMMIT")};
+  const Tiempo s = cronometrar([&] {
+    for (qint64 i = 0; i < n; ++i) {
+      const QByteArray id = QByteArray::number(i + 1), doc = id.rightJustified(6, '0');
+      central.viaje({{"inicia"}, {"cuenta", {"001", doc.constData(), "00001"}}});
+      central.viaje({{"cierra"}, {"numero", {"00001"}}});
+      central.viaje({{"fila",
+                      {id.constData(), id.constData(), "CAJERO", "", "01", "000101", "1", "4.5", "2026-11-23 08:00:00",
+                       "1", "00001", "02", "001", doc.constData()}}});
+      correr(marca[0]);
+      correr(marca[1]);
+      central.viaje({{"punto"},
+                     {"detalle", {"1", "00001", "2026-11-23 08:00:00", "01", "02", "000101", "1", "4.5"}},
+                     {"suelta"}});
+      central.viaje({{"confirma"}});
+      correr(marca[2]);
+    }
+  });
+  for (sqlite3_stmt* p : marca) sqlite3_finalize(p);
+  return s;
+}
+
+// `motor` is 0 for the embedded servers, 1 for PostgreSQL.
 void Envio(benchmark::State& estado) {
   const qint64 n = filas(10'000);
+  const bool postgres = estado.range(0) == 1;
   for (auto _ : estado) {
     Tienda piso, deUna, lotes;
+    std::vector<CadenaConexion> centrales;
     for (Tienda* t : {&piso, &deUna, &lotes}) {
       t->poCnnLocal.cerrar();
       t->vender(n);
+      if (!postgres) continue;
+      centrales.push_back(ServidorPrueba::uno().base(BaseServidor::Central));
+      t->ses.psConexionCentral = cadenaDe(centrales.back());
     }
     for (Tienda* t : {&deUna, &lotes}) {
       if (!t->poDBAdmin.AbrirBD(t->poCnnLocal, q("driver={Microsoft Access Driver (*.mdb)};DBQ=") + t->ses.psRutaBD)) {
         romper("no store");
       }
     }
-    const Tiempo suelo = pisoDeEnvio(piso, n), una = deUna.sincronizar(false, false), lote = lotes.sincronizar(false);
+    const Tiempo suelo = postgres ? pisoDeEnvio(piso, centrales[0], n) : pisoDeEnvio(piso, n),
+                 una = deUna.sincronizar(false, false), lote = lotes.sincronizar(false);
     estado.counters["floor_s"] = suelo.s;
     estado.counters["row_by_row"] = una.s / suelo.s;
     estado.counters["row_by_row_cpu"] = una.cpu_s / suelo.cpu_s;
@@ -231,6 +333,6 @@ void Depuracion(benchmark::State& estado) {
 
 }  // namespace
 
-BENCHMARK(Envio)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(Envio)->ArgName("motor")->Arg(0)->Arg(1)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(Traida)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(Depuracion)->Arg(0)->Arg(1'000'000)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
