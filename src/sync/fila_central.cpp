@@ -106,7 +106,7 @@ std::vector<QVariant> celdasDe(qint64 id, const DatosFilaCentral& d, Leer leer) 
   return celdas;
 }
 
-Valor valorDe(const QVariant& v) {
+Valor valorDeCelda(const QVariant& v) {
   switch (v.typeId()) {
     case QMetaType::UnknownType: return {};
     case QMetaType::LongLong: return v.toLongLong();
@@ -118,7 +118,7 @@ Valor valorDe(const QVariant& v) {
 Sql tuplaDe(const std::vector<QVariant>& celdas) {
   std::vector<Valor> valores;
   valores.reserve(celdas.size());
-  for (const QVariant& v : celdas) valores.push_back(valorDe(v));
+  for (const QVariant& v : celdas) valores.push_back(valorDeCelda(v));
   return FormatearSQL(kTuplaOperacion, valores);
 }
 
