@@ -14,11 +14,6 @@ QString codigoDe(const Recordset::Fila& f) { return LimpiarNulo(f[u"cOperCode"])
 const Palabras kPalabras{QStringLiteral("Se insertó en el Servidor la Operación de código: "),
                          QStringLiteral("No se pudo insertar en el Servidor la Operación de código: ")};
 
-Sql marcaDe(qint64 codigo, qint64 id) {
-  return FormatearSQL(u"UPDATE OPERACION SET cFlagSincronizacion = '1' WHERE cOperCOde = $ AND cOperId=$"_sql,
-                      {codigo, id});
-}
-
 // So few that other desks do not wait long for the locks of their transaction, so many that two commits are little.
 constexpr qsizetype kFilasPorLote = 1000;
 
@@ -41,12 +36,22 @@ Envio::Error Envio::siguienteId(qint64& id) {
   return error;
 }
 
+Envio::Error Envio::marcar(const Recordset::Fila& f) {
+  const auto marca = [](qint64 codigo, qint64 id) {
+    return FormatearSQL(u"UPDATE OPERACION SET cFlagSincronizacion = '1' WHERE cOperCOde = $ AND cOperId=$"_sql,
+                        {codigo, id});
+  };
+  const qint64 codigo = entero(f[u"cOperCode"]), id = entero(f[u"cOperID"]);
+  if (!marca_) marca_ = p_.poCnnLocal.repetir(marca(1, 1));
+  if (!marca_) return p_.poCnnLocal.ejecutar(marca(codigo, id));
+  return marca_->correr({u"1"_qs, codigo, id});
+}
+
 FinFila Envio::operacion(const Recordset::Fila& f) {
   const QString codigo = codigoDe(f);
   const qint64 id = entero(f[u"cOperID"]);
-  const Sql marca = marcaDe(entero(f[u"cOperCode"]), id);
   if (cotejar_ && cotejo_.tomar(Cotejo::claveDeOperacion(f))) {
-    return {p_.poCnnLocal.ejecutar(marca) ? Suerte::Fallo : Suerte::Callada, codigo};
+    return {marcar(f) ? Suerte::Fallo : Suerte::Callada, codigo};
   }
   const DatosFilaCentral datos{p_.ses.psCaja,
                                cliente(LimpiarNulo(f[u"nTarjNumb"]), static_cast<int>(entero(f[u"IdLocal"]))), u"0"_qs};
@@ -56,6 +61,7 @@ FinFila Envio::operacion(const Recordset::Fila& f) {
     return FinFila{suerte, codigo};
   };
   if (p_.poCnnCentral.iniciar()) return acabar(Suerte::Termina);
+  p_.poCnnCentral.deUnaPieza(true);
   const auto posteados = contabilizados({f});
   if (!posteados) return acabar(Suerte::Termina);
   if (!posteados->isEmpty()) {
@@ -66,12 +72,14 @@ FinFila Envio::operacion(const Recordset::Fila& f) {
   }
   qint64 alla = 0;
   if (siguienteId(alla)) return acabar(Suerte::Termina);
-  if (const auto error = p_.poCnnCentral.ejecutar(kCabezaOperacion + TuplaOperacion(f, alla, datos))) {
+  if (!deUna_) deUna_ = std::make_unique<OperacionesCentral>(p_.poCnnCentral, true);
+  if (deUna_->tomar(f, alla, datos)) {
     p_.registro.RegistrarErrorLog(QStringLiteral("No se pudo insertar la operacion de Codigo: ") + codigo);
     return acabar(Suerte::Callada);
   }
-  if (p_.poCnnLocal.iniciar() || p_.poCnnLocal.ejecutar(marca)) return acabar(Suerte::Fallo);
+  if (p_.poCnnLocal.iniciar() || marcar(f)) return acabar(Suerte::Fallo);
   if (llevaDetalle(id)) {
+    p_.poCnnCentral.deUnaPieza(false);
     (void)p_.poCnnCentral.ejecutar(kCabezaDetalleZ1 + DetalleZ1(f, f).tupla(p_.ses.psIdZ1, p_.ses.psCaja));
   }
   if (confirmarAmbas()) return acabar(Suerte::Fallo);
@@ -101,12 +109,14 @@ bool Envio::llevaDetalle(qint64 id) const {
 Envio::Error Envio::enviarLote(const Filas& filas, std::vector<FinFila>& fines, const std::vector<bool>& estaban) {
   const ErrorBD deUnaEnUna{kErrorGeneral, 0, {}};
   if (auto e = p_.poCnnCentral.iniciar()) return e;
+  p_.poCnnCentral.deUnaPieza(true);
   const auto posteados = contabilizados(filas);
   // A posted document is rare and has words of its own.
   if (!posteados) return deUnaEnUna;
   qint64 alla = 0;
   if (auto e = siguienteId(alla)) return e;
-  OperacionesCentral nuevas(p_.poCnnCentral);
+  if (!nuevas_) nuevas_ = std::make_unique<OperacionesCentral>(p_.poCnnCentral, false);
+  nuevas_->dejar();
   DetallesZ1 detalles;
   for (size_t i = 0; i < filas.size(); ++i) {
     const Recordset::Fila& f = filas[i];
@@ -119,19 +129,17 @@ Envio::Error Envio::enviarLote(const Filas& filas, std::vector<FinFila>& fines, 
       return deUnaEnUna;
     }
     const ClienteTarjeta suyo = cliente(LimpiarNulo(f[u"nTarjNumb"]), static_cast<int>(entero(f[u"IdLocal"])));
-    if (auto e = nuevas.tomar(f, alla++, {p_.ses.psCaja, suyo, u"0"_qs})) return e;
+    if (auto e = nuevas_->tomar(f, alla++, {p_.ses.psCaja, suyo, u"0"_qs})) return e;
     if (llevaDetalle(entero(f[u"cOperID"]))) detalles.sumar(DetalleZ1(f, f));
     fines.push_back({Suerte::Hecha, codigoDe(f)});
   }
-  if (auto e = nuevas.terminar()) return e;
+  if (auto e = nuevas_->terminar()) return e;
   if (auto e = InsertarTuplas(p_.poCnnCentral, kCabezaDetalleZ1, detalles.tuplas(p_.ses.psIdZ1, p_.ses.psCaja))) {
     return e;
   }
   if (auto e = p_.poCnnLocal.iniciar()) return e;
-  const auto marca = p_.poCnnLocal.repetir(marcaDe(1, 1));
-  if (!marca) return deUnaEnUna;
   for (const auto& f : filas) {
-    if (auto e = marca->correr({u"1"_qs, entero(f[u"cOperCode"]), entero(f[u"cOperID"])})) return e;
+    if (auto e = marcar(f)) return e;
   }
   return {};
 }

@@ -122,8 +122,8 @@ Sql tuplaDe(const std::vector<QVariant>& celdas) {
   return FormatearSQL(kTuplaOperacion, valores);
 }
 
-// A row whose every place has a value of its kind.
-Sql muestra() {
+// Rows whose every place has a value of its kind.
+Sql muestra(int filas) {
   std::vector<QVariant> celdas;
   for (const Campo& c : kOperacion) {
     const bool esNumero = c.forma == Forma::Entero || c.forma == Forma::EnteroONulo || c.forma == Forma::Dado;
@@ -132,7 +132,7 @@ Sql muestra() {
                      : c.forma == Forma::Momento ? QVariant(QStringLiteral("2026-01-02 03:04:05"))
                                                  : QVariant(QStringLiteral("a")));
   }
-  return kCabezaOperacion + tuplaDe(celdas);
+  return kCabezaOperacion + UnirSql(std::vector<Sql>(static_cast<size_t>(filas), tuplaDe(celdas)), u", "_sql);
 }
 
 // What the statement's own text would not carry as it is.
@@ -242,23 +242,37 @@ std::optional<ErrorBD> InsertarTuplas(Conexion& central, LiteralSql cabeza, cons
   return {};
 }
 
-OperacionesCentral::OperacionesCentral(Conexion& central) : central_(central), sentencia_(central.repetir(muestra())) {}
+OperacionesCentral::OperacionesCentral(Conexion& central, bool deUnaEnUna)
+    : central_(central),
+      deUnaEnUna_(deUnaEnUna),
+      porVez_(deUnaEnUna ? 1 : central.filasPorSentencia()),
+      sentencia_(central.repetir(muestra(porVez_))) {}
 
 std::optional<ErrorBD> OperacionesCentral::tomar(const Recordset::Fila& f, qint64 id, const DatosFilaCentral& d) {
   if (columnas_.empty()) {
     for (const Campo& c : kOperacion) columnas_.push_back(c.nombre.isEmpty() ? -1 : f.columna(c.nombre));
   }
-  const auto celdas = celdasDe(id, d, [&](size_t i) { return f[columnas_[i]]; });
-  if (!sentencia_) {
+  auto celdas = celdasDe(id, d, [&](size_t i) { return f[columnas_[i]]; });
+  if (!sentencia_ || !std::all_of(celdas.begin(), celdas.end(), esLlana)) {
+    if (deUnaEnUna_) return central_.ejecutar(kCabezaOperacion + tuplaDe(celdas));
     tuplas_.push_back(tuplaDe(celdas));
     return {};
   }
-  if (!std::all_of(celdas.begin(), celdas.end(), esLlana)) {
-    return ErrorBD{kErrorSentencia, 0, QStringLiteral("La fila no va sin el texto de su sentencia.")};
-  }
-  return sentencia_->correr(celdas);
+  if (porVez_ == 1) return sentencia_->correr(celdas);
+  std::move(celdas.begin(), celdas.end(), std::back_inserter(valores_));
+  if (valores_.size() < kCampos * static_cast<size_t>(porVez_)) return {};
+  return sentencia_->correr(std::exchange(valores_, {}));
 }
 
 std::optional<ErrorBD> OperacionesCentral::terminar() {
+  for (auto i = valores_.begin(); i != valores_.end(); i += kCampos) {
+    tuplas_.push_back(tuplaDe({std::make_move_iterator(i), std::make_move_iterator(i + kCampos)}));
+  }
+  valores_.clear();
   return InsertarTuplas(central_, kCabezaOperacion, std::exchange(tuplas_, {}));
+}
+
+void OperacionesCentral::dejar() {
+  valores_.clear();
+  tuplas_.clear();
 }

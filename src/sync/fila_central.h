@@ -48,18 +48,24 @@ class DetallesZ1 {
 [[nodiscard]] std::optional<ErrorBD> InsertarTuplas(Conexion& central, LiteralSql cabeza,
                                                     const std::vector<Sql>& tuplas);
 
-// Many rows of Operacion within the caller's transaction: bound to one statement where the engine makes one ready, some
-// to a statement elsewhere. What could not go is known for sure behind terminar().
+// Rows of Operacion within transactions of the caller: bound to one statement where the engine makes one ready, by its
+// text elsewhere. To be let go of before the connection is closed.
 class OperacionesCentral {
  public:
-  explicit OperacionesCentral(Conexion& central);
+  // `deUnaEnUna`: each goes at once, with its own error.
+  OperacionesCentral(Conexion& central, bool deUnaEnUna);
   [[nodiscard]] std::optional<ErrorBD> tomar(const Recordset::Fila& f, qint64 id, const DatosFilaCentral& d);
+  // The rows that still wait for others to go with.
   [[nodiscard]] std::optional<ErrorBD> terminar();
+  void dejar();  // forgets them
 
  private:
   Conexion& central_;
+  bool deUnaEnUna_;
+  int porVez_;
   std::unique_ptr<Repetida> sentencia_;
-  std::vector<int> columnas_;  // of the first row's recordset
+  std::vector<int> columnas_;  // the fields' places in the recordset of the first row, as in all behind it
+  std::vector<QVariant> valores_;
   std::vector<Sql> tuplas_;
 };
 

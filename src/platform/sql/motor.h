@@ -26,6 +26,8 @@ class Motor {
   // The statement for many rows; its literals tell only what kind of value each is. Null where there is no quicker way
   // than ejecutar(), or not for this one.
   [[nodiscard]] virtual std::unique_ptr<Repetida> repetir(const QString&) { return {}; }
+  // How many rows such an INSERT should carry: many where each statement is a message.
+  virtual int filasPorSentencia() const { return 1; }
 
   // Runs one statement in the connection's dialect. On failure gives the error; `rs` is then empty (consultar) and
   // `afectadas` untouched. A statement that gives no rows leaves an empty recordset.
@@ -35,6 +37,9 @@ class Motor {
   [[nodiscard]] virtual std::optional<ErrorBD> iniciar() = 0;
   [[nodiscard]] virtual std::optional<ErrorBD> confirmar() = 0;
   [[nodiscard]] virtual std::optional<ErrorBD> deshacer() = 0;
+  // From now on, to the end of the transaction at most: whether its caller gives it up with the first statement that
+  // fails. An engine that has to set a point to go back to before each statement saves it then.
+  virtual void deUnaPieza(bool) {}
 
   // The statement as it goes to the engine; the statement itself when it is passed on unchanged or can't be read.
   virtual QString traducir(const QString& sql) = 0;

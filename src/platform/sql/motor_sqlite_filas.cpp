@@ -85,24 +85,13 @@ class RepetidaSqlite final : public Repetida {
     }
     int rc = SQLITE_OK;
     for (size_t i = 0; rc == SQLITE_OK && i < valores.size(); ++i) {
-      const QVariant& v = valores[i];
-      if (lecturas_[i] == Lectura::TalCual || v.isNull()) {
-        rc = ligarValor(p_->sentencia, static_cast<int>(i) + 1, v);
+      if (lecturas_[i] == Lectura::TalCual) {
+        rc = ligarValor(p_->sentencia, static_cast<int>(i) + 1, valores[i]);
         continue;
       }
-      if (lecturas_[i] == Lectura::SinFinales) {
-        QString texto = v.toString();
-        while (texto.endsWith(u' ')) texto.chop(1);
-        rc = ligarTexto(p_->sentencia, static_cast<int>(i) + 1, texto);
-        continue;
-      }
-      const QString citado = u'\'' + v.toString().replace(u'\'', QLatin1String("''")) + u'\'';
-      Token t;
-      t.tipo = TipoToken::Texto;
-      t.texto = citado;
-      const ValorLiteral leido = leerLiteral(t, lecturas_[i], dialecto_);
-      if (leido.error) return leido.error;
-      rc = ligarValor(p_->sentencia, static_cast<int>(i) + 1, leido.valor);
+      QVariant leido = valores[i];
+      if (auto e = leerValor(leido, lecturas_[i], dialecto_)) return e;
+      rc = ligarValor(p_->sentencia, static_cast<int>(i) + 1, leido);
     }
     if (rc == SQLITE_OK) rc = sqlite3_step(p_->sentencia);
     std::optional<ErrorBD> error;
