@@ -49,24 +49,44 @@ class MotorConFallas final : public Motor {
   int filasPorSentencia() const override { return real_->filasPorSentencia(); }
   std::unique_ptr<Repetida> repetir(const QString& sql) override {
     auto real = real_->repetir(sql);
-    if (!real) return real;
-    return std::make_unique<RepetidaConFallas>(std::move(real), sql, *this);
+    if (!real) return {};
+    return std::make_unique<RepetidaConFallas>(*this, sql, std::move(real));
+  }
+  std::unique_ptr<CursorBD> abrirCursor(const QString& sql) override {
+    auto real = real_->abrirCursor(sql);
+    if (!real) return {};
+    return std::make_unique<CursorConFallas>(*this, sql, std::move(real));
   }
 
  private:
-  // Each run of it is a statement like any other.
+  // Each piece that is read so is a step,
+  class CursorConFallas final : public CursorBD {
+   public:
+    CursorConFallas(MotorConFallas& motor, QString sql, std::unique_ptr<CursorBD> real)
+        : motor_(motor), sql_(std::move(sql)), real_(std::move(real)) {}
+    std::optional<ErrorBD> seguir(qsizetype filas, Recordset& rs) override {
+      rs = {};
+      return motor_.paso(sql_, [&] { return real_->seguir(filas, rs); });
+    }
+
+   private:
+    MotorConFallas& motor_;
+    const QString sql_;
+    std::unique_ptr<CursorBD> real_;
+  };
+  // and each row that goes in so.
   class RepetidaConFallas final : public Repetida {
    public:
-    RepetidaConFallas(std::unique_ptr<Repetida> real, QString sql, MotorConFallas& motor)
-        : real_(std::move(real)), sql_(std::move(sql)), motor_(motor) {}
-    std::optional<ErrorBD> correr(const std::vector<QVariant>& valores) override {
+    RepetidaConFallas(MotorConFallas& motor, QString sql, std::unique_ptr<Repetida> real)
+        : motor_(motor), sql_(std::move(sql)), real_(std::move(real)) {}
+    std::optional<ErrorBD> correr(const std::vector<CeldaBD>& valores) override {
       return motor_.paso(sql_, [&] { return real_->correr(valores); });
     }
 
    private:
-    std::unique_ptr<Repetida> real_;
-    const QString sql_;
     MotorConFallas& motor_;
+    const QString sql_;
+    std::unique_ptr<Repetida> real_;
   };
 
   template <typename Llamada>

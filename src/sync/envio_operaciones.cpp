@@ -44,7 +44,7 @@ Envio::Error Envio::marcar(const Recordset::Fila& f) {
   const qint64 codigo = entero(f[u"cOperCode"]), id = entero(f[u"cOperID"]);
   if (!marca_) marca_ = p_.poCnnLocal.repetir(marca(1, 1));
   if (!marca_) return p_.poCnnLocal.ejecutar(marca(codigo, id));
-  return marca_->correr({u"1"_qs, codigo, id});
+  return marca_->correr({CeldaBD(QByteArrayView("1")), CeldaBD(codigo), CeldaBD(id)});
 }
 
 FinFila Envio::operacion(const Recordset::Fila& f) {

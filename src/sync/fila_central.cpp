@@ -258,21 +258,32 @@ std::optional<ErrorBD> OperacionesCentral::tomar(const Recordset::Fila& f, qint6
     tuplas_.push_back(tuplaDe(celdas));
     return {};
   }
-  if (porVez_ == 1) return sentencia_->correr(celdas);
-  std::move(celdas.begin(), celdas.end(), std::back_inserter(valores_));
-  if (valores_.size() < kCampos * static_cast<size_t>(porVez_)) return {};
-  return sentencia_->correr(std::exchange(valores_, {}));
+  pendientes_.push_back(std::move(celdas));
+  return pendientes_.size() < static_cast<size_t>(porVez_) ? std::nullopt : correr();
+}
+
+std::optional<ErrorBD> OperacionesCentral::correr() {
+  valores_.clear();
+  textos_.clear();
+  for (const auto& fila : std::exchange(pendientes_, {})) {
+    for (const QVariant& v : fila) {
+      switch (v.typeId()) {
+        case QMetaType::UnknownType: valores_.emplace_back(); break;
+        case QMetaType::LongLong: valores_.emplace_back(v.toLongLong()); break;
+        case QMetaType::Double: valores_.emplace_back(v.toDouble()); break;
+        default: valores_.emplace_back(QByteArrayView(textos_.emplace_back(v.toString().toUtf8())));
+      }
+    }
+  }
+  return sentencia_->correr(valores_);
 }
 
 std::optional<ErrorBD> OperacionesCentral::terminar() {
-  for (auto i = valores_.begin(); i != valores_.end(); i += kCampos) {
-    tuplas_.push_back(tuplaDe({std::make_move_iterator(i), std::make_move_iterator(i + kCampos)}));
-  }
-  valores_.clear();
+  for (const auto& fila : std::exchange(pendientes_, {})) tuplas_.push_back(tuplaDe(fila));
   return InsertarTuplas(central_, kCabezaOperacion, std::exchange(tuplas_, {}));
 }
 
 void OperacionesCentral::dejar() {
-  valores_.clear();
+  pendientes_.clear();
   tuplas_.clear();
 }

@@ -60,12 +60,15 @@ class OperacionesCentral {
   void dejar();  // forgets them
 
  private:
+  std::optional<ErrorBD> correr();
   Conexion& central_;
   bool deUnaEnUna_;
   int porVez_;
   std::unique_ptr<Repetida> sentencia_;
   std::vector<int> columnas_;  // the fields' places in the recordset of the first row, as in all behind it
-  std::vector<QVariant> valores_;
+  std::vector<std::vector<QVariant>> pendientes_;
+  std::vector<CeldaBD> valores_;
+  std::vector<QByteArray> textos_;
   std::vector<Sql> tuplas_;
 };
 

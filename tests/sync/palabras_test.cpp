@@ -69,6 +69,8 @@ const struct { Acto acto; const char* sentencia; bool bien; const char *linea, *
     {Primera, "INSERT INTO PRODUCTO", true, "No se pudo insertar Artículo de código: 000101", "", ""},
     {Primera, "SELECT cProdCode, nProdPrecUnit", false, "", "", ""},
     {Primera, "CASE WHEN A.bFlagVenta", false, "", "", ""},
+    {Primera, "COUNT(*) AS nFilas FROM ArticuloPrecioVenta", false, "", "", ""},
+    {Primera, "nNumItem, nPrecioVtaNew FROM", false, "", "falla forzada - SELECT cCodArtic", ""},
     {Primera, "IN (SELECT cProdCode FROM Producto WHERE nActivo =0)", false, "", "", ""},
     {Primera, "* FROM Cliente", false, "", "", ""},
     {Primera, "INSERT INTO Cliente", true, "No se pudo insertar Cliente de código: 5", "", ""},

@@ -50,10 +50,10 @@ bool esInstanteGuardado(const char* texto, int largo) {
   return cifrasGuardadas(texto, largo, v);
 }
 
-std::optional<QDateTime> instanteGuardado(const char* texto, int largo) {
+std::optional<std::pair<QDate, QTime>> instanteGuardado(const char* texto, int largo) {
   std::array<int, 6> v;
   if (!cifrasGuardadas(texto, largo, v)) return {};
-  return QDateTime(QDate(v[0], v[1], v[2]), QTime(v[3], v[4], v[5]));
+  return std::pair(QDate(v[0], v[1], v[2]), QTime(v[3], v[4], v[5]));
 }
 
 std::optional<QDateTime> leerInstante(const QString& texto, Dialecto dialecto) {

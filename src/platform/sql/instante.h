@@ -12,4 +12,4 @@ QDateTime instanteDeNumero(double dias, Dialecto dialecto);
 
 // A date as databases hold it, "YYYY-MM-DD hh:mm:ss", and nothing else: whether the text is one, and its moment.
 bool esInstanteGuardado(const char* texto, int largo);
-std::optional<QDateTime> instanteGuardado(const char* texto, int largo);
+std::optional<std::pair<QDate, QTime>> instanteGuardado(const char* texto, int largo);

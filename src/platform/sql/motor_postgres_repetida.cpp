@@ -39,14 +39,15 @@ class RepetidaPostgres final : public Repetida {
     }
   }
 
-  std::optional<ErrorBD> correr(const std::vector<QVariant>& valores) override {
+  std::optional<ErrorBD> correr(const std::vector<CeldaBD>& valores) override {
     if (valores.size() != lecturas_.size()) {
       return ErrorBD{kErrorSentencia, 0, QStringLiteral("La sentencia tiene otro número de valores.")};
     }
     if (auto e = motor_.listo()) return e;
     if (std::exchange(aperturas_, motor_.aperturas_) != motor_.aperturas_) p_->hecha = false;
-    leidos_ = valores;
+    leidos_.resize(valores.size());
     for (size_t i = 0; i < leidos_.size(); ++i) {
+      leidos_[i] = valores[i].valor();
       if (auto e = leerValor(leidos_[i], lecturas_[i], Dialecto::TSql)) return e;
     }
     return motor_.correrPreparada(*p_, leidos_, nullptr, nullptr);
