@@ -38,7 +38,7 @@ int Recordset::columna(QStringView nombre) const {
   for (int i = 0; i < campos_.size(); ++i) {
     const QString& campo = campos_[i];
     if (nombre.size() != campo.size() || otroFinal(nombre, campo)) continue;
-    if (nombre.compare(campo, Qt::CaseInsensitive) == 0) return i;
+    if (nombre == campo || nombre.compare(campo, Qt::CaseInsensitive) == 0) return i;
   }
   return -1;
 }
