@@ -1,5 +1,7 @@
 #include "credit/documentos_pendientes.h"
 
+#include <numeric>
+
 #include "foundation/puesto.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -70,18 +72,20 @@ DocumentosPendientes LeerPendientes(Puesto& p, PendientesDe para, DocCredito doc
   if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return d;
   (void)p.poDBAdmin.EjecutarConsulta(central, consultaDe(para, doc), d.rs);
   p.poDBAdmin.CerrarBD(central);
-  const int cliente = ClaseDe(para).cliente;
-  d.nombres.reserve(static_cast<size_t>(d.rs.RecordCount()));
-  for (const auto& f : d.rs) d.nombres.push_back(NombreLlano(LimpiarNulo(f[cliente])));
   return d;
 }
 
-std::vector<int> FiltrarPendientes(const DocumentosPendientes& d, const QString& txtCliente) {
+std::vector<int> FiltrarPendientes(DocumentosPendientes& d, const QString& txtCliente) {
   const QString busca = NombreLlano(txtCliente);
-  std::vector<int> filas;
-  for (size_t n = 0; n < d.nombres.size(); ++n) {
-    if (busca.isEmpty() || d.nombres[n].contains(busca)) filas.push_back(static_cast<int>(n));
+  std::vector<int> filas(static_cast<size_t>(d.rs.RecordCount()));
+  std::iota(filas.begin(), filas.end(), 0);
+  if (busca.isEmpty()) return filas;
+  if (d.nombres.empty()) {
+    const int cliente = ClaseDe(d.para).cliente;
+    d.nombres.reserve(filas.size());
+    for (const auto& f : d.rs) d.nombres.push_back(NombreLlano(LimpiarNulo(f[cliente])));
   }
+  std::erase_if(filas, [&](int n) { return !d.nombres[static_cast<size_t>(n)].contains(busca); });
   return filas;
 }
 

@@ -66,7 +66,7 @@ TEST(Pendientes, GiveTheirRowToTheBillingScreen) {
   EXPECT_EQ(q("2 000102 SUR 30 DIAS 21/11/2026"), QString::number(n.cCodVta) + u' ' + n.NroDoc + u' ' + n.local + u' ' +
                                                       n.tipoCredito + u' ' + n.fechaEmision);
   EXPECT_EQ(2, PorLiquidar(LeerPendientes(c.e.p, PendientesDe::Liquidacion, DocCredito::BADE), 0));
-  const DocumentosPendientes fade = LeerPendientes(c.e.p, PendientesDe::Pago, DocCredito::FADE);
+  DocumentosPendientes fade = LeerPendientes(c.e.p, PendientesDe::Pago, DocCredito::FADE);
   EXPECT_EQ((std::vector<int>{0}), FiltrarPendientes(fade, q("muñoz")));
   EXPECT_EQ((std::vector<int>{1}), FiltrarPendientes(fade, q("varez j")));
   EXPECT_EQ(4U, FiltrarPendientes(fade, q(" ")).size());

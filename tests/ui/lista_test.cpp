@@ -41,6 +41,25 @@ TEST(Lista, SortsByTheClassOfTheColumn) {
   }
 }
 
+TEST(Lista, MakesCellsWhenTheyAreAskedFor) {
+  Lista l("lvw", {{"Numero", 1.0, false, ColumnaLista::Numero}});
+  std::vector<FilaLista> filas;
+  for (int n = 0; n < 1000; ++n) filas.push_back({{}, n, true});
+  int hechas = 0;
+  l.llenar(std::move(filas), [&hechas](const QVariant& n) {
+    ++hechas;
+    return QStringList{QString::number(n.toInt() % 7)};
+  });
+  mostrar(l);
+  EXPECT_GT(hechas, 0);
+  EXPECT_LT(hechas, 200) << "those that are seen";
+  EXPECT_EQ("5", l.fila(999).celdas.join(u'|'));
+  l.ordenar(0);
+  EXPECT_EQ(1000, hechas) << "once each";
+  EXPECT_EQ("0", l.fila(0).celdas.join(u'|'));
+  EXPECT_EQ(999, l.fila(857).clave.toInt()) << "the rows of 5 end with the last";
+}
+
 TEST(Lista, TheSelectedRowStaysSelected) {
   Lista l("lvw", {{"Nombre", 1.0}});
   std::vector<int> avisos;

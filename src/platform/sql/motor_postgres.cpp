@@ -51,14 +51,19 @@ MotorPostgres::MotorPostgres(const CadenaConexion& cadena, int espera_ms, std::s
       alEsperar_(alEsperar),
       memoria_(std::move(memoria)),
       camino_(Dialecto::TSql, kPalabrasPostgres, memoria_) {
-  catalogo_ =
-      std::make_unique<CatalogoPostgres>([this](const QByteArray& consulta, const QByteArray& nombre, Recordset& rs) {
-        PasoPg paso{.texto = consulta, .tipos = {kTexto}, .valores = {nombre}};
-        std::vector<ResultadoPg> r;
-        if (canal_->pedir({paso}, r)) return false;
-        FilasPostgres().dejar(r[0].get(), rs);
-        return true;
-      });
+  elegirCatalogo();
+}
+
+// Tables that were changed in a transaction are nobody else's before its end.
+void MotorPostgres::elegirCatalogo() {
+  const auto preguntar = [this](const QByteArray& consulta, const QByteArray& nombre, Recordset& rs) {
+    PasoPg paso{.texto = consulta, .tipos = {kTexto}, .valores = {nombre}};
+    std::vector<ResultadoPg> r;
+    if (canal_->pedir({paso}, r)) return false;
+    FilasPostgres().dejar(r[0].get(), rs);
+    return true;
+  };
+  catalogo_ = std::make_unique<CatalogoPostgres>(preguntar, memoria_ && !cambiada_ ? memoria_->tablas() : nullptr);
 }
 
 MotorPostgres::~MotorPostgres() = default;
@@ -161,17 +166,17 @@ std::optional<ErrorBD> MotorPostgres::correrSentencia(const QString& sql, Record
 }
 
 void MotorPostgres::olvidarEsquema() {
-  catalogo_->olvidar();
   formas_.vaciar();
   rutinas_.clear();
   if (memoria_) memoria_->alDia(-1);
   cambiada_ = abierta_;
+  elegirCatalogo();
 }
 
 std::shared_ptr<PreparadaPostgres> MotorPostgres::preparada(const SentenciaLeida& s, bool& vieja,
                                                             std::optional<ErrorBD>& error) {
   const int esquema = cambiada_ ? -1 : kEsquema;
-  vieja = memoria_ && esquema >= 0 && memoria_->alDia(esquema).buscar(s.forma, s.sql, s.tokens);
+  vieja = memoria_ && esquema >= 0;  // out of what is remembered, the statement's shape or its tables
   auto p = std::make_shared<PreparadaPostgres>();
   p->forma = camino_.escribir(s, esquema, *catalogo_, error);
   if (!p->forma) return {};
@@ -313,7 +318,9 @@ std::optional<ErrorBD> MotorPostgres::confirmar() {
   }
   std::vector<ResultadoPg> r;
   auto error = canal_->pedir({sentencia("COMMIT")}, r);
-  if (!error || !canal_->enTransaccion()) abierta_ = cambiada_ = canal_->enTransaccion();
+  if (error && canal_->enTransaccion()) return error;
+  abierta_ = canal_->enTransaccion();
+  if (cambiada_) olvidarEsquema();
   return error;
 }
 

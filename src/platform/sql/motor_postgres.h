@@ -52,6 +52,7 @@ class MotorPostgres final : public Motor {
   void tomarAtras(bool primera);
   std::shared_ptr<PreparadaPostgres> preparada(const SentenciaLeida& s, bool& vieja, std::optional<ErrorBD>& error);
   void olvidarEsquema();
+  void elegirCatalogo();
   struct Rutina {
     char clase = 0;  // 'f' gives rows, 'p' gives none; 0 for none of that name
     qsizetype argumentos = 0;
