@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <vector>
 
 inline bool breve() { return qEnvironmentVariableIsSet("TARVOPOS_BREVE"); }
@@ -17,6 +18,13 @@ inline qint64 filas(qint64 n) { return breve() ? qMin<qint64>(n, 500) : n; }
 [[noreturn]] inline void romper(const char* que, const QString& detalle = {}) {
   std::fprintf(stderr, "%s: %s\n", que, qPrintable(detalle));
   std::exit(1);
+}
+
+// Of this process.
+inline double procesador_us() {
+  timespec t{};
+  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
+  return static_cast<double>(t.tv_sec) * 1e6 + static_cast<double>(t.tv_nsec) / 1e3;
 }
 
 inline double mediana(std::vector<double>& v) {

@@ -7,10 +7,12 @@
 #include <QLoggingCategory>
 #include <QTemporaryFile>
 
+#include "platform/io/senales.h"
 #include "platform/ui/tema.h"
 
 // The whole of such a program's main().
 inline int MedirConVentanas(int argc, char** argv) {
+  NombrarZona();
   QTemporaryFile pantalla(QDir::tempPath() + QStringLiteral("/pantallaXXXXXX.json"));
   if (!pantalla.open()) return 1;
   pantalla.write(R"({"screens":[{"name":"s","x":0,"y":0,"width":1024,"height":768}]})");

@@ -18,12 +18,6 @@ QByteArray contenido(const QString& archivo) {
   return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
-double procesador_us() {
-  timespec t{};
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
-  return static_cast<double>(t.tv_sec) * 1e6 + static_cast<double>(t.tv_nsec) / 1e3;
-}
-
 struct Tiempos {
   std::vector<double> pared, procesador;
 

@@ -28,21 +28,20 @@ Error consultar(AccesoMotor& bd, const char* sql, const QVariantList& valores, R
 Error pendientesDePago(AccesoMotor& bd, const QVariantList& a, Recordset& rs) {
   return consultar(
       bd,
-      "SELECT c.TipoDoc, c.cSerieDoc, c.NroDoc, c.fechaemision, c.NombreLocal, c.DscCliente, c.cClienteCode, "
-      "c.IdLocal, c.Moneda, c.TotVta, c.TotVtaUSD, round(c.TotVta - ifnull(c.soles, 0), 2) AS Restante, "
-      "round(c.TotVtaUSD - ifnull(c.dolares, 0), 2) AS RestanteUSD FROM (SELECT v.*, "
-      "CASE v.IdLocal WHEN 1 THEN 'SUR' WHEN 2 THEN 'NORTE' END AS NombreLocal, "
-      "CASE ~v.cCodMoneda WHEN 'E' THEN 'DOLARES' ELSE 'SOLES' END AS Moneda, "
-      "(SELECT SUM(CASE ~p.Moneda WHEN 'E' THEN p.Monto * p.nTipoCambio ELSE p.Monto END) FROM Pagos p "
-      "WHERE p.cSerieDoc = v.cSerieDoc AND p.NroDoc = v.NroDoc AND p.TipoDoc = v.TipoDoc AND p.FechaAnulacion IS NULL) "
-      "AS soles, "
-      "(SELECT SUM(CASE ~p.Moneda WHEN 'E' THEN p.Monto ELSE p.Monto / NULLIF(p.nTipoCambio, 0) END) FROM Pagos p "
-      "WHERE p.cSerieDoc = v.cSerieDoc AND p.NroDoc = v.NroDoc AND p.TipoDoc = v.TipoDoc AND p.FechaAnulacion IS NULL) "
-      "AS dolares FROM Venta01 v WHERE v.TipoDoc = ?1 AND v.FechaAnulacion IS NULL AND v.bLiquidado = 0) c "
-      "WHERE round(CASE ~c.cCodMoneda WHEN 'E' THEN c.TotVtaUSD - ifnull(c.dolares, 0) "
-      "ELSE c.TotVta - ifnull(c.soles, 0) END, 2) > 0 OR c.soles IS NOT NULL "
-      "OR (~c.TipoDoc = '01' AND EXISTS (SELECT 1 FROM Detraccion d WHERE d.SerieDoc = c.cSerieDoc "
-      "AND d.NroDoc = c.NroDoc AND ~d.Estado = 'P')) ORDER BY c.fechaemision, c.cSerieDoc, c.NroDoc",
+      "SELECT v.TipoDoc, v.cSerieDoc, v.NroDoc, v.fechaemision, "
+      "CASE v.IdLocal WHEN 1 THEN 'SUR' WHEN 2 THEN 'NORTE' END AS NombreLocal, v.DscCliente, v.cClienteCode, "
+      "v.IdLocal, CASE ~v.cCodMoneda WHEN 'E' THEN 'DOLARES' ELSE 'SOLES' END AS Moneda, v.TotVta, v.TotVtaUSD, "
+      "round(v.TotVta - ifnull(SUM(CASE ~p.Moneda WHEN 'E' THEN p.Monto * p.nTipoCambio ELSE p.Monto END), 0), 2) "
+      "AS Restante, round(v.TotVtaUSD - ifnull(SUM(CASE ~p.Moneda WHEN 'E' THEN p.Monto "
+      "ELSE p.Monto / NULLIF(p.nTipoCambio, 0) END), 0), 2) AS RestanteUSD "
+      "FROM Venta01 v LEFT JOIN Pagos p ON p.cSerieDoc = v.cSerieDoc AND p.NroDoc = v.NroDoc "
+      "AND p.TipoDoc = v.TipoDoc AND p.FechaAnulacion IS NULL "
+      "WHERE v.TipoDoc = ?1 AND v.FechaAnulacion IS NULL AND v.bLiquidado = 0 GROUP BY v.cCodVta "
+      // Without a payment that stands its balance is its total.
+      "HAVING SUM(CASE ~p.Moneda WHEN 'E' THEN p.Monto * p.nTipoCambio ELSE p.Monto END) IS NOT NULL "
+      "OR round(CASE ~v.cCodMoneda WHEN 'E' THEN v.TotVtaUSD ELSE v.TotVta END, 2) > 0 "
+      "OR (~v.TipoDoc = '01' AND EXISTS (SELECT 1 FROM Detraccion d WHERE d.SerieDoc = v.cSerieDoc "
+      "AND d.NroDoc = v.NroDoc AND ~d.Estado = 'P')) ORDER BY v.fechaemision, v.cSerieDoc, v.NroDoc",
       a, rs);
 }
 
@@ -112,21 +111,21 @@ Error rehacerMovimientos(AccesoMotor& bd, QDate dia, const QString& caja) {
                                valores)) {
     return error;
   }
+  // As in the detail of a Z: what is alike to the letter first.
   return bd.ejecutar(
       sinFinales("INSERT INTO ZANKEBMOVIVNTA (dFecha, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nCantidad, "
                  "nMonto) "
-                 "SELECT ?1, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, SUM(nProdCant), "
-                 "round(SUM(nProdCant * nProdPrecUnit * (1 + nDscto / 100.0)), 6) FROM ("
-                 "SELECT cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nProdCant, nProdPrecUnit, nDscto FROM "
-                 "Operacion "
+                 "SELECT ?1, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, SUM(cantidad), round(SUM(monto), 6) "
+                 "FROM (SELECT cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, SUM(nProdCant) AS cantidad, "
+                 "SUM(nProdCant * nProdPrecUnit * (1 + nDscto / 100.0)) AS monto FROM Operacion "
                  "WHERE dOperFech >= ?1 AND dOperFech < ?2 AND (?3 = '' OR ~cCajaCodi = ?3) AND cOperFlagAnula = 0 "
-                 "AND cOperTipo <> 3 AND CAST(cProdCode AS INTEGER) <> 0 UNION ALL "
-                 "SELECT o.cCajaCodi, p.cAlmaCode, o.cDocTipo, o.cDocSerie, p.cProdCode, p.nProdCant, p.nProdPrecUnit, "
-                 "p.nDscto "
+                 "AND cOperTipo <> 3 GROUP BY cProdCode, cDocSerie, cDocTipo, cCajaCodi, cAlmaCode UNION ALL "
+                 "SELECT o.cCajaCodi, p.cAlmaCode, o.cDocTipo, o.cDocSerie, p.cProdCode, p.nProdCant, p.nProdCant * "
+                 "p.nProdPrecUnit * (1 + p.nDscto / 100.0) "
                  "FROM OperacionParalela o, OperacionParalelaProducto p WHERE o.dOperFech >= ?1 AND o.dOperFech < ?2 "
-                 "AND (?3 = '' OR ~o.cCajaCodi = ?3) AND ~p.cCajaCodi = ~o.cCajaCodi AND p.cOperCode = o.cOperCode "
+                 "AND (?3 = '' OR ~o.cCajaCodi = ?3) AND p.cCajaCodi = o.cCajaCodi AND p.cOperCode = o.cOperCode "
                  "AND o.cOperCodeAnul = 0 AND ~o.cEstado <> '0' AND (o.cOperTipo = 21 OR o.cOperTipo = 20 AND "
-                 "o.cOperCodeRela = 0) AND CAST(p.cProdCode AS INTEGER) <> 0) "
+                 "o.cOperCodeRela = 0)) WHERE CAST(cProdCode AS INTEGER) <> 0 "
                  "GROUP BY ~cCajaCodi, ~cAlmaCode, ~cDocTipo, ~cDocSerie, ~cProdCode"),
       valores);
 }

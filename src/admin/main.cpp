@@ -87,6 +87,7 @@ QStringList palabrasDe(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   FallasDeEscrituraComoErrores();
+  NombrarZona();
   QStringList palabras = palabrasDe(argc, argv);
   const QString nombre = palabras.isEmpty() ? QString() : palabras.takeFirst();
   for (const Orden& o : kOrdenes) {

@@ -31,6 +31,7 @@ int main(int argc, char** argv) {
     return 0;
   }
   FallasDeEscrituraComoErrores();
+  NombrarZona();
   CicloVentanas ciclo(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);  // between login and main window there is none
   EntornoSistema e(carpetaDelPrograma());

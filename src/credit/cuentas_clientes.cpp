@@ -3,7 +3,6 @@
 #include <QHash>
 #include <algorithm>
 
-#include "credit/documentos_pendientes.h"
 #include "foundation/db_admin.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
@@ -56,7 +55,6 @@ ErrorCuentas LeerCuentas(Conexion& central, std::vector<CuentaCliente>& cuentas)
     c.cClienteCode = LimpiarNulo(f[0]);
     c.IdLocal = entero(f[1]);
     c.DscCliente = LimpiarNulo(f[2]);
-    c.llano = NombreLlano(c.DscCliente);
     cuentas.push_back(std::move(c));
   }
   std::sort(cuentas.begin(), cuentas.end(), [](const CuentaCliente& a, const CuentaCliente& b) {
@@ -77,7 +75,7 @@ ErrorCuentas LeerTotales(Conexion& central, std::vector<CuentaCliente>& cuentas,
     textos.push_back(FormatearSQL(u"'$'"_sql, {Texto(c.cClienteCode)}));
     numeros.push_back(FormatearSQL(u"$"_sql, {numero}));
     c.ventas = c.pagos = 0;
-    c.conTotales = true;
+    c.conTotales = false;
     suyas.insert({numero, c.IdLocal}, &c);
   }
   if (textos.empty()) return {};
@@ -89,11 +87,15 @@ ErrorCuentas LeerTotales(Conexion& central, std::vector<CuentaCliente>& cuentas,
                          suyas, &CuentaCliente::ventas)) {
     return error;
   }
-  return sumar(central,
-               FormatearSQL(u"SELECT p.cClieCode, p.idLocal, $ FROM Pagos p WHERE p.cClieCode IN ($)"
-                            " AND p.FechaAnulacion IS NULL GROUP BY p.cClieCode, p.idLocal"_sql,
-                            {kSoles, UnirSql(numeros, u", "_sql)}),
-               suyas, &CuentaCliente::pagos);
+  if (auto error = sumar(central,
+                         FormatearSQL(u"SELECT p.cClieCode, p.idLocal, $ FROM Pagos p WHERE p.cClieCode IN ($)"
+                                      " AND p.FechaAnulacion IS NULL GROUP BY p.cClieCode, p.idLocal"_sql,
+                                      {kSoles, UnirSql(numeros, u", "_sql)}),
+                         suyas, &CuentaCliente::pagos)) {
+    return error;
+  }
+  for (size_t n = desde; n < fin; ++n) cuentas[n].conTotales = true;
+  return {};
 }
 
 ErrorCuentas LeerDocumentosCuenta(Conexion& central, const CuentaCliente& cuenta,

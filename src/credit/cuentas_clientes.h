@@ -9,7 +9,7 @@
 
 // A customer is a card and a site.
 struct CuentaCliente {
-  QString cClienteCode, DscCliente, llano;  // `llano` is the name as a filter compares it
+  QString cClienteCode, DscCliente;
   int IdLocal = 0;
   bool conTotales = false;  // both have been read
   double ventas = 0, pagos = 0;

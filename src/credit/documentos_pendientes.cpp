@@ -1,5 +1,7 @@
 #include "credit/documentos_pendientes.h"
 
+#include <numeric>
+
 #include "foundation/puesto.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
@@ -44,8 +46,8 @@ const ClasePendientes& ClaseDe(PendientesDe para) {
   // clang-format off
   static const ClasePendientes pago{q(u"frmDocumentosPendientesPago"), q(u"Docs Pendientes de Pago"), 5,
       {{1, q(u"Serie"), 0.06}, {2, q(u"Numero"), 0.085}, {3, q(u"Fec Emision"), 0.11, C::Fecha},
-       {4, q(u"Local"), 0.065}, {5, q(u"Cliente"), 0.205}, {8, {}, 0.095}, {9, q(u"Total Vta"), 0.08, C::Importe},
-       {10, q(u"Total Vta USD"), 0.095, C::Importe}, {11, q(u"M. Restante"), 0.09, C::Importe},
+       {4, q(u"Local"), 0.065}, {5, q(u"Cliente"), 0.195}, {8, {}, 0.085}, {9, q(u"Total Vta"), 0.095, C::Importe},
+       {10, q(u"Total Vta USD"), 0.095, C::Importe}, {11, q(u"M. Restante"), 0.095, C::Importe},
        {12, q(u"M. Restante USD"), 0.115, C::Importe}}};
   static const ClasePendientes consumo{q(u"frmDocumentosPendientesNC"), q(u"Seleccione Documento"), 8,
       {{2, q(u"Tipo Doc"), 0.08}, {3, q(u"Serie"), 0.06}, {4, q(u"Numero"), 0.08}, {7, q(u"Local"), 0.08},
@@ -70,18 +72,20 @@ DocumentosPendientes LeerPendientes(Puesto& p, PendientesDe para, DocCredito doc
   if (!p.poDBAdmin.AbrirBD(central, p.ses.psConexionCentral, true)) return d;
   (void)p.poDBAdmin.EjecutarConsulta(central, consultaDe(para, doc), d.rs);
   p.poDBAdmin.CerrarBD(central);
-  const int cliente = ClaseDe(para).cliente;
-  d.nombres.reserve(static_cast<size_t>(d.rs.RecordCount()));
-  for (const auto& f : d.rs) d.nombres.push_back(NombreLlano(LimpiarNulo(f[cliente])));
   return d;
 }
 
-std::vector<int> FiltrarPendientes(const DocumentosPendientes& d, const QString& txtCliente) {
+std::vector<int> FiltrarPendientes(DocumentosPendientes& d, const QString& txtCliente) {
   const QString busca = NombreLlano(txtCliente);
-  std::vector<int> filas;
-  for (size_t n = 0; n < d.nombres.size(); ++n) {
-    if (busca.isEmpty() || d.nombres[n].contains(busca)) filas.push_back(static_cast<int>(n));
+  std::vector<int> filas(static_cast<size_t>(d.rs.RecordCount()));
+  std::iota(filas.begin(), filas.end(), 0);
+  if (busca.isEmpty()) return filas;
+  if (d.nombres.empty()) {
+    const int cliente = ClaseDe(d.para).cliente;
+    d.nombres.reserve(filas.size());
+    for (const auto& f : d.rs) d.nombres.push_back(NombreLlano(LimpiarNulo(f[cliente])));
   }
+  std::erase_if(filas, [&](int n) { return !d.nombres[static_cast<size_t>(n)].contains(busca); });
   return filas;
 }
 

@@ -25,14 +25,14 @@ const ClasePendientes& ClaseDe(PendientesDe para);
 struct DocumentosPendientes {
   PendientesDe para{};
   Recordset rs;
-  std::vector<QString> nombres;  // of the customers, as the filter compares them
+  std::vector<QString> nombres;  // of the customers, as the filter compares them; none before its first text
 };
 
 // Reads the list from the central database. What fails has shown its box, and the list stays empty.
 DocumentosPendientes LeerPendientes(Puesto& p, PendientesDe para, DocCredito doc);
 
 // The rows, counted from 0, whose customer's name holds the text, case and accents aside; all for an empty one.
-std::vector<int> FiltrarPendientes(const DocumentosPendientes& d, const QString& txtCliente);
+std::vector<int> FiltrarPendientes(DocumentosPendientes& d, const QString& txtCliente);
 
 // The cells of a row in the order of the columns.
 QStringList CeldasPendientes(const DocumentosPendientes& d, int fila);

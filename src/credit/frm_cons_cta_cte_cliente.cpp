@@ -22,23 +22,70 @@ constexpr size_t kTanda = 200;
 constexpr int kPausa_ms = 15;
 
 enum Columna { kNombre, kDetalle, kFecha, kMoneda, kVtaSoles, kVtaUSD, kPagSol, kPagUSD, kEstado, kColumnas };
-constexpr int kLugar = Qt::UserRole;        // of a customer or document in its list
+constexpr int kLugar = Qt::UserRole;        // of a document in its list
 constexpr int kCargada = Qt::UserRole + 1;  // what lies below has been read
 
 QString dinero(double valor) { return Formatear(valor, u"###,###,##0.00"); }
 QString dia(const QDateTime& d) { return FormatearFecha(d, u"dd/mm/yyyy"); }
 QString moneda(bool dolares) { return dolares ? QStringLiteral("Dolares") : QStringLiteral("Soles"); }
 
-QTreeWidgetItem* nuevaFila(int banda, const QStringList& celdas, bool conHijos) {
-  auto* fila = new QTreeWidgetItem(celdas);
-  for (int c = 0; c < kColumnas; ++c) {
-    fila->setBackground(c, tema::banda(banda));
-    if (c >= kVtaSoles) fila->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
+// A row that makes what it shows when it is seen: tens of thousands of customers are there at once.
+class FilaArbol : public QTreeWidgetItem {
+ public:
+  FilaArbol(int banda, bool conHijos) : banda_(banda) {
+    setChildIndicatorPolicy(conHijos ? ShowIndicator : DontShowIndicator);
   }
-  fila->setSizeHint(kNombre, QSize(0, tema::px(tema::kAltoFila)));  // of every row: they are all alike
-  fila->setChildIndicatorPolicy(conHijos ? QTreeWidgetItem::ShowIndicator : QTreeWidgetItem::DontShowIndicator);
-  return fila;
-}
+  QVariant data(int columna, int papel) const override {
+    switch (papel) {
+      case Qt::DisplayRole: return texto(columna);
+      case Qt::BackgroundRole: return QBrush(tema::banda(banda_));
+      case Qt::TextAlignmentRole:
+        return columna >= kVtaSoles ? QVariant(int(Qt::AlignRight | Qt::AlignVCenter)) : QVariant();
+      case Qt::SizeHintRole:  // of every row: they are all alike
+        return columna == kNombre ? QVariant(QSize(0, tema::px(tema::kAltoFila))) : QVariant();
+      default: return QTreeWidgetItem::data(columna, papel);
+    }
+  }
+
+ private:
+  virtual QString texto(int columna) const = 0;
+
+  int banda_;
+};
+
+class FilaCliente final : public FilaArbol {
+ public:
+  explicit FilaCliente(const CuentaCliente& c) : FilaArbol(0, true), c_(c) {}
+
+ private:
+  QString texto(int columna) const override {
+    switch (columna) {
+      case kNombre: return c_.DscCliente;
+      case kDetalle: return c_.local();
+      case kVtaSoles: return total(c_.ventas);
+      case kPagSol: return total(c_.pagos);
+      case kEstado: return total(c_.deuda());
+      default: return {};
+    }
+  }
+  QString total(double valor) const { return c_.conTotales ? dinero(valor) : QString(); }
+
+  const CuentaCliente& c_;
+};
+
+class FilaDebajo final : public FilaArbol {
+ public:
+  FilaDebajo(int banda, const QStringList& celdas, bool conHijos) : FilaArbol(banda, conHijos), celdas_(celdas) {}
+  QVariant data(int columna, int papel) const override {
+    const bool pendiente = papel == Qt::BackgroundRole && columna == kEstado && celdas_.value(kEstado) == u"Pendiente";
+    return pendiente ? QVariant(QBrush(tema::pendiente())) : FilaArbol::data(columna, papel);
+  }
+
+ private:
+  QString texto(int columna) const override { return celdas_.value(columna); }
+
+  QStringList celdas_;
+};
 
 }  // namespace
 
@@ -101,12 +148,7 @@ void frmConsCtaCteCliente::llenar() {
   });
   QList<QTreeWidgetItem*> filas;
   filas.reserve(static_cast<qsizetype>(cuentas_.size()));
-  for (size_t n = 0; n < cuentas_.size(); ++n) {
-    const CuentaCliente& c = cuentas_[n];
-    auto* fila = nuevaFila(0, {c.DscCliente, c.local()}, true);
-    fila->setData(0, kLugar, static_cast<qulonglong>(n));
-    filas << fila;
-  }
+  for (const CuentaCliente& c : cuentas_) filas << new FilaCliente(c);
   arbol_->addTopLevelItems(filas);
   if (!filas.isEmpty()) arbol_->setCurrentItem(filas[0]);
   barra_->setMaximum(static_cast<int>(cuentas_.size()));
@@ -114,7 +156,7 @@ void frmConsCtaCteCliente::llenar() {
     barra_->hide();
     return;
   }
-  mostrarTotales(0, kTanda);
+  mostrarTotales(kTanda);
   if (conTotales_ < cuentas_.size()) timer_ = p_.reloj.cada(kPausa_ms, [this] { seguir(); });
 }
 
@@ -126,18 +168,13 @@ void frmConsCtaCteCliente::seguir() {
     barra_->hide();
     return;
   }
-  mostrarTotales(desde, desde + kTanda);
+  mostrarTotales(desde + kTanda);
   if (conTotales_ >= cuentas_.size()) timer_.reset();
 }
 
-void frmConsCtaCteCliente::mostrarTotales(size_t desde, size_t hasta) {
+void frmConsCtaCteCliente::mostrarTotales(size_t hasta) {
   conTotales_ = std::min(hasta, cuentas_.size());
-  for (size_t n = desde; n < conTotales_; ++n) {
-    auto* fila = arbol_->topLevelItem(static_cast<int>(n));
-    fila->setText(kVtaSoles, dinero(cuentas_[n].ventas));
-    fila->setText(kPagSol, dinero(cuentas_[n].pagos));
-    fila->setText(kEstado, dinero(cuentas_[n].deuda()));
-  }
+  arbol_->viewport()->update();
   barra_->setValue(static_cast<int>(conTotales_));
   barra_->setVisible(conTotales_ < cuentas_.size());
 }
@@ -146,7 +183,7 @@ void frmConsCtaCteCliente::abrir(QTreeWidgetItem* fila) {
   if (fila->data(0, kCargada).toBool()) return;
   const Ocupado ocupado(p_.mensajes, QStringLiteral("Leyendo la cuenta…"));
   if (fila->parent()) abrirDocumento(fila);
-  else abrirCliente(fila, fila->data(0, kLugar).toULongLong());
+  else abrirCliente(fila, static_cast<size_t>(arbol_->indexOfTopLevelItem(fila)));
 }
 
 void frmConsCtaCteCliente::abrirCliente(QTreeWidgetItem* fila, size_t n) {
@@ -154,12 +191,11 @@ void frmConsCtaCteCliente::abrirCliente(QTreeWidgetItem* fila, size_t n) {
   if (!leer([&](Conexion& central) { return LeerDocumentosCuenta(central, cuentas_[n], suyos); })) return;
   fila->setData(0, kCargada, true);
   for (const DocumentoCuenta& d : suyos) {
-    auto* hija = nuevaFila(1,
-                           {d.numero(), d.credito, dia(d.emision), moneda(d.enDolares), dinero(d.total),
-                            dinero(d.totalUSD), dinero(d.pagado), dinero(d.pagadoUSD), d.estado()},
-                           d.pagado != 0);
+    auto* hija = new FilaDebajo(1,
+                                {d.numero(), d.credito, dia(d.emision), moneda(d.enDolares), dinero(d.total),
+                                 dinero(d.totalUSD), dinero(d.pagado), dinero(d.pagadoUSD), d.estado()},
+                                d.pagado != 0);
     hija->setData(0, kLugar, static_cast<qulonglong>(documentos_.size()));
-    if (d.estado() == u"Pendiente") hija->setBackground(kEstado, tema::pendiente());
     documentos_.push_back(d);
     fila->addChild(hija);
   }
@@ -171,7 +207,7 @@ void frmConsCtaCteCliente::abrirDocumento(QTreeWidgetItem* fila) {
   if (!leer([&](Conexion& central) { return LeerPagosCuenta(central, d, pagos); })) return;
   fila->setData(0, kCargada, true);
   for (const PagoCuenta& x : pagos) {
-    fila->addChild(nuevaFila(
+    fila->addChild(new FilaDebajo(
         2, {x.recibo, x.formaPago, dia(x.fecha), moneda(x.enDolares), {}, {}, dinero(x.soles), dinero(x.dolares), {}},
         false));
   }
@@ -191,11 +227,13 @@ bool frmConsCtaCteCliente::alEntrar(QWidget* campo) {
 // Typing asks the server nothing.
 void frmConsCtaCteCliente::filtrar() {
   const QString busca = NombreLlano(txtFiltro_->text());
+  if (llanos_.empty())
+    for (const CuentaCliente& c : cuentas_) llanos_.push_back(NombreLlano(c.DscCliente));
   QTreeWidgetItem* primera = nullptr;
   arbol_->setUpdatesEnabled(false);
   for (size_t n = 0; n < cuentas_.size(); ++n) {
     auto* fila = arbol_->topLevelItem(static_cast<int>(n));
-    const bool queda = busca.isEmpty() || cuentas_[n].llano.contains(busca);
+    const bool queda = busca.isEmpty() || llanos_[n].contains(busca);
     fila->setHidden(!queda);
     if (queda && !primera) primera = fila;
   }

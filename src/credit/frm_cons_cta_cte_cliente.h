@@ -25,14 +25,15 @@ class frmConsCtaCteCliente final : public Forma {
   bool leer(const std::function<ErrorCuentas(Conexion&)>& lectura);
   void llenar();
   void seguir();
-  void mostrarTotales(size_t desde, size_t hasta);
+  void mostrarTotales(size_t hasta);
   void abrir(QTreeWidgetItem* fila);
   void abrirCliente(QTreeWidgetItem* fila, size_t n);
   void abrirDocumento(QTreeWidgetItem* fila);
   void filtrar();
 
   Puesto& p_;
-  std::vector<CuentaCliente> cuentas_;
+  std::vector<CuentaCliente> cuentas_;       // each looked into by its row
+  std::vector<QString> llanos_;              // their names as the filter compares them; none before its first text
   std::vector<DocumentoCuenta> documentos_;  // all that were opened; a row knows its place
   size_t conTotales_ = 0;                    // how many customers have theirs
   Campo* txtFiltro_ = nullptr;

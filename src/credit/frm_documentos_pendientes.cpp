@@ -79,8 +79,8 @@ void frmDocumentosPendientes::filtrar() {
   filas_ = FiltrarPendientes(d_, txtCliente_->text());
   std::vector<FilaLista> filas;
   filas.reserve(filas_.size());
-  for (const int n : filas_) filas.push_back({CeldasPendientes(d_, n), n, true});
-  lista_->llenar(std::move(filas));
+  for (const int n : filas_) filas.push_back({{}, n, true});
+  lista_->llenar(std::move(filas), [this](const QVariant& n) { return CeldasPendientes(d_, n.toInt()); });
   cuenta_->setText(filas_.size() == 1 ? QStringLiteral("1 documento")
                                       : QStringLiteral("%1 documentos").arg(filas_.size()));
 }

@@ -37,12 +37,23 @@ Sql consumido(const EstadoDocumento& d) {
       u"ISNULL((SELECT SUM(c.nMonto) FROM ConsumoVenta c WHERE c.cCodVta = $ AND c.bAnulado = 0),0)"_sql, {d.cCodVta});
 }
 
-Sql linea(const Puesto& p, const FacturaCredito& f, const Sql& donde, size_t i) {
-  const LineaDocumento& l = f.lineas[i];
+// All lines in one statement: one round trip, however many there are. The first row names the columns.
+Sql lineas(const Puesto& p, const FacturaCredito& f, const Sql& donde) {
+  constexpr LiteralSql kPrimera =
+      u"SELECT $ AS NroItem, '$' AS cCodartic, '$' AS sProdDscCrta, $ AS nPrecioOrig, $ AS nQtdVendida,"
+      " $ AS nDescuento, $ AS nServicio"_sql;
+  constexpr LiteralSql kOtra = u"SELECT $, '$', '$', $, $, $, $"_sql;
+  std::vector<Sql> filas;
+  for (const LineaDocumento& l : f.lineas) {
+    filas.push_back(
+        FormatearSQL(filas.empty() ? kPrimera : kOtra,
+                     {filas.size() + 1, Texto(Ceros(QString::number(l.cProdCode), 6)), Texto(l.descripcion), l.precio,
+                      l.cantidad, l.porcentaje, l.conServicio ? Valor(Cifras(p.ses.psPorcServ)) : Valor(0)}));
+  }
   return FormatearSQL(u"INSERT INTO Venta02 (cCodVta, NroItem, cCodartic, sProdDscCrta, nPrecioOrig, nQtdVendida,"
-                      " nDescuento, nServicio) SELECT cCodVta, $, '$', '$', $, $, $, $ FROM Venta01"_sql,
-                      {i + 1, Texto(Ceros(QString::number(l.cProdCode), 6)), Texto(l.descripcion), l.precio, l.cantidad,
-                       l.porcentaje, l.conServicio ? Valor(Cifras(p.ses.psPorcServ)) : Valor(0)}) +
+                      " nDescuento, nServicio) SELECT v.cCodVta, l.NroItem, l.cCodartic, l.sProdDscCrta, l.nPrecioOrig,"
+                      " l.nQtdVendida, l.nDescuento, l.nServicio FROM Venta01 v, ($) l"_sql,
+                      {UnirSql(filas, u" UNION ALL "_sql)}) +
          donde;
 }
 
@@ -75,8 +86,7 @@ std::vector<Sql> SentenciasFactura(const Puesto& p, const FacturaCredito& f) {
        Texto(f.cliente), Texto(f.ruc), Redondear(f.total - f.igv - f.servicio, 2), f.igv, f.servicio, f.total,
        p.ses.pnIGV, f.totalUSD, Texto(QString(f.enDolares ? u'E' : u'N')), p.ses.pnTipoCambio, Texto(f.credito),
        Texto(dia(f.emision)), f.detraccion.afecta}));
-  const Sql donde = DeNumero(f.doc, f.serie, numero);
-  for (size_t i = 0; i < f.lineas.size(); ++i) s.push_back(linea(p, f, donde, i));
+  s.push_back(lineas(p, f, DeNumero(f.doc, f.serie, numero)));
   if (f.detraccion.afecta) {
     s.push_back(FormatearSQL(
         u"INSERT INTO Detraccion (SerieDoc,NroDoc,MontoDetracc,PorcDetracc,Estado)VALUES ('$','$',$,$,'P')"_sql,

@@ -27,6 +27,8 @@ class MotorConGancho final : public Motor {
   }
   std::optional<ErrorBD> deshacer() override { return real_->deshacer(); }
   QString traducir(const QString& sql) override { return real_->traducir(sql); }
+  void deUnaPieza(bool si) override { real_->deUnaPieza(si); }
+  int filasPorSentencia() const override { return real_->filasPorSentencia(); }
   std::unique_ptr<Repetida> repetir(const QString& sql) override {
     auto real = real_->repetir(sql);
     if (!real) return {};

@@ -172,6 +172,23 @@ TEST(MotorPostgres, SeesTablesThatAnotherProgramChanged) {
   EXPECT_EQ(QString(), ejecuta(b, "CREATE TABLE t (id varchar(5), n int IDENTITY(1,1), f datetime DEFAULT GETDATE())"));
   EXPECT_EQ(QString(), ejecuta(b, "INSERT INTO t (id) VALUES ('001 ')"));
   EXPECT_EQ("001|1|<2026-11-24 17:05:30>", b.respuesta("SELECT * FROM t WHERE id = 1"));
+
+  // What one connection has read of them another goes by, and both find out.
+  Conexion otra;
+  ASSERT_FALSE(otra.abrir(*b.motores, b.cadena, 20'000));
+  b.crudo(u8("DROP TABLE dbo.t; CREATE TABLE dbo.t (id int); INSERT INTO dbo.t VALUES (1)"));
+  qint64 cambiadas = 0;
+  ASSERT_FALSE(otra.ejecutar(Sql::crudo(u8("UPDATE t SET id = 2 WHERE id = 1")), &cambiadas));
+  EXPECT_EQ(1, cambiadas);
+  // ... but for those that are changed in a transaction, which may be undone.
+  ASSERT_FALSE(b.cnn.iniciar());
+  for (const char* sql : {"DROP TABLE t", "CREATE TABLE t (id varchar(5))", "INSERT INTO t VALUES ('1 ')"}) {
+    EXPECT_EQ(QString(), ejecuta(b, sql)) << sql;
+  }
+  EXPECT_EQ("1", b.respuesta("SELECT id FROM t WHERE id = '1'"));
+  ASSERT_FALSE(b.cnn.deshacer());
+  ASSERT_FALSE(otra.ejecutar(Sql::crudo(u8("UPDATE t SET id = 3 WHERE id < 3")), &cambiadas));
+  EXPECT_EQ("3", b.respuesta("SELECT id FROM t WHERE id > 2"));
 }
 
 }  // namespace

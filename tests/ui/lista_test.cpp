@@ -2,7 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QImage>
+#include <QPainter>
+#include <QStandardItemModel>
+
 #include "apoyo/formas.h"
+#include "platform/ui/pintor_celda.h"
 
 namespace {
 
@@ -36,6 +41,25 @@ TEST(Lista, SortsByTheClassOfTheColumn) {
   }
 }
 
+TEST(Lista, MakesCellsWhenTheyAreAskedFor) {
+  Lista l("lvw", {{"Numero", 1.0, false, ColumnaLista::Numero}});
+  std::vector<FilaLista> filas;
+  for (int n = 0; n < 1000; ++n) filas.push_back({{}, n, true});
+  int hechas = 0;
+  l.llenar(std::move(filas), [&hechas](const QVariant& n) {
+    ++hechas;
+    return QStringList{QString::number(n.toInt() % 7)};
+  });
+  mostrar(l);
+  EXPECT_GT(hechas, 0);
+  EXPECT_LT(hechas, 200) << "those that are seen";
+  EXPECT_EQ("5", l.fila(999).celdas.join(u'|'));
+  l.ordenar(0);
+  EXPECT_EQ(1000, hechas) << "once each";
+  EXPECT_EQ("0", l.fila(0).celdas.join(u'|'));
+  EXPECT_EQ(999, l.fila(857).clave.toInt()) << "the rows of 5 end with the last";
+}
+
 TEST(Lista, TheSelectedRowStaysSelected) {
   Lista l("lvw", {{"Nombre", 1.0}});
   std::vector<int> avisos;
@@ -65,4 +89,26 @@ TEST(Lista, EnterOpensTheRow) {
   tecla(Qt::Key_Down);
   tecla(Qt::Key_Return);
   EXPECT_EQ(1, abierta);
+}
+
+// At the very edge of its column too: an ellipsis has nothing in the upper half of the last place, a digit has.
+TEST(Lista, AFigureThatDoesNotFitShrinks) {
+  const QString figura = QStringLiteral("1752.28");
+  QStandardItemModel modelo(1, 1);
+  modelo.setData(modelo.index(0, 0), figura);
+  modelo.setData(modelo.index(0, 0), int(Qt::AlignRight), Qt::TextAlignmentRole);
+  QStyleOptionViewItem o;
+  for (int sobra = -6; sobra <= 4; ++sobra) {
+    const int ancho = QFontMetrics(o.font).horizontalAdvance(figura) + 12 + sobra;
+    o.rect = QRect(0, 0, ancho, 30);
+    QImage imagen(o.rect.size(), QImage::Format_RGB32);
+    QPainter p(&imagen);
+    PintorCelda().paint(&p, o, modelo.index(0, 0));
+    p.end();
+    bool tinta = false;
+    for (int x = ancho - 13; x < ancho - 6; ++x) {
+      for (int y = 9; y < 15; ++y) tinta = tinta || imagen.pixelColor(x, y).lightness() < 128;
+    }
+    EXPECT_TRUE(tinta) << sobra;
+  }
 }

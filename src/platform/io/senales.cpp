@@ -9,3 +9,9 @@ void FallasDeEscrituraComoErrores() {
   std::signal(SIGXFSZ, SIG_IGN);
 #endif
 }
+
+void NombrarZona() {
+#ifdef Q_OS_UNIX
+  if (!qEnvironmentVariableIsSet("TZ")) qputenv("TZ", ":/etc/localtime");
+#endif
+}

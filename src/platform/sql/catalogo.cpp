@@ -21,7 +21,7 @@ Tipo tipoDeclarado(const QString& declaracion) {
 
 const Tabla* Catalogo::tabla(const QString& nombre) const {
   const QString clave = nombre.toLower();
-  if (const auto t = tablas_.find(clave); t != tablas_.end()) return &t->second;
+  if (const auto t = tablas_->find(clave); t != tablas_->end()) return &t->second;
   Tabla t = leer(nombre);
-  return t.columnas.empty() ? nullptr : &tablas_.emplace(clave, std::move(t)).first->second;
+  return t.columnas.empty() ? nullptr : &tablas_->emplace(clave, std::move(t)).first->second;
 }

@@ -2,6 +2,7 @@
 // What the engine's schema says of tables and columns, as far as the rewriting needs it.
 #include <QString>
 #include <map>
+#include <memory>
 #include <vector>
 
 // Type of a column or of an expression. `Numero` is a number of which only the running statement knows whether it
@@ -32,15 +33,20 @@ Tipo tipoDeclarado(const QString& declaracion);
 // that was not there is looked for again, since another program may have made it meanwhile. Each engine has its reader.
 class Catalogo {
  public:
+  using Tablas = std::map<QString, Tabla>;
+
+  // `sabidas` are those that other connections to the database have read, and get what this one reads.
+  explicit Catalogo(std::shared_ptr<Tablas> sabidas = {})
+      : tablas_(sabidas ? std::move(sabidas) : std::make_shared<Tablas>()) {}
   virtual ~Catalogo() = default;
   // The table of that name, without regard to case; null when there is none or it can't be read. Valid until olvidar().
   const Tabla* tabla(const QString& nombre) const;
   // The tables have changed.
-  void olvidar() { tablas_.clear(); }
+  void olvidar() { tablas_->clear(); }
 
  private:
   // Without columns when there is none.
   virtual Tabla leer(const QString& nombre) const = 0;
 
-  mutable std::map<QString, Tabla> tablas_;
+  std::shared_ptr<Tablas> tablas_;
 };

@@ -9,7 +9,8 @@
 class CatalogoPostgres final : public Catalogo {
  public:
   using Preguntar = std::function<bool(const QByteArray& consulta, const QByteArray& nombre, Recordset& rs)>;
-  explicit CatalogoPostgres(Preguntar preguntar) : preguntar_(std::move(preguntar)) {}
+  CatalogoPostgres(Preguntar preguntar, std::shared_ptr<Tablas> sabidas)
+      : Catalogo(std::move(sabidas)), preguntar_(std::move(preguntar)) {}
 
  private:
   Tabla leer(const QString& nombre) const override;

@@ -76,12 +76,18 @@ class MemoriaDeFormas {
  public:
   // What holds for that state; what was learnt in another one falls.
   Formas<const FormaEscrita>& alDia(int esquema) {
-    if (esquema_ != esquema) formas_.vaciar();
+    if (esquema_ != esquema) {
+      formas_.vaciar();
+      tablas_->clear();
+    }
     esquema_ = esquema;
     return formas_;
   }
+  // The tables of that state, where reading them is worth keeping.
+  const std::shared_ptr<Catalogo::Tablas>& tablas() { return tablas_; }
 
  private:
   int esquema_ = -1;
   Formas<const FormaEscrita> formas_{300};
+  std::shared_ptr<Catalogo::Tablas> tablas_ = std::make_shared<Catalogo::Tablas>();
 };

@@ -1,33 +1,12 @@
 // What a prepared statement takes and gives.
 #include "platform/sql/errores_sqlite.h"
+#include "platform/sql/instante.h"
 #include "platform/sql/motor_sqlite.h"
 #include "platform/sql/tope.h"
 
 namespace {
 
 constexpr qsizetype kCeldasMaximas = 20'000'000;  // some 500 MB
-
-// A stored date, and nothing else: "YYYY-MM-DD hh:mm:ss".
-std::optional<CeldaBD> fechaGuardada(const char* t, int largo) {
-  if (largo != 19) return {};
-  static const char kForma[] = "dddd-dd-dd dd:dd:dd";
-  int v[6] = {};
-  int campo = 0;
-  for (int i = 0; i < 19; ++i) {
-    if (kForma[i] != 'd') {
-      if (t[i] != kForma[i]) return {};
-      ++campo;
-    } else if (t[i] < '0' || t[i] > '9') {
-      return {};
-    } else {
-      v[campo] = v[campo] * 10 + (t[i] - '0');
-    }
-  }
-  const QDate d(v[0], v[1], v[2]);
-  const QTime h(v[3], v[4], v[5]);
-  if (!d.isValid() || !h.isValid()) return {};
-  return CeldaBD::fecha(d, h);
-}
 
 CeldaBD celda(sqlite3_stmt* s, int i, bool fecha) {
   sqlite3_value* const v = sqlite3_column_value(s, i);  // its connection is used by one thread, without a lock
@@ -40,7 +19,7 @@ CeldaBD celda(sqlite3_stmt* s, int i, bool fecha) {
   const auto* t = reinterpret_cast<const char*>(sqlite3_value_text(v));
   const int largo = sqlite3_value_bytes(v);
   if (fecha) {
-    if (const auto f = fechaGuardada(t, largo)) return *f;
+    if (const auto f = instanteGuardado(t, largo)) return CeldaBD::fecha(f->first, f->second);
   }
   return CeldaBD(QByteArrayView(t, largo));
 }
@@ -113,29 +92,30 @@ std::optional<ErrorBD> MotorSqlite::ligar(Preparada& p, const SentenciaLeida& s)
 class RepetidaSqlite final : public Repetida {
  public:
   RepetidaSqlite(sqlite3* base, std::shared_ptr<Preparada> p, Dialecto dialecto)
-      : base_(base), p_(std::move(p)), dialecto_(dialecto) {}
+      : base_(base), p_(std::move(p)), dialecto_(dialecto) {
+    for (const Literal& l : p_->forma->literales) {
+      if (l.ligado) lecturas_.push_back(l.lectura);
+    }
+  }
 
   ~RepetidaSqlite() override { sqlite3_clear_bindings(p_->sentencia); }
 
   std::optional<ErrorBD> correr(const std::vector<CeldaBD>& valores) override {
-    const std::vector<Literal>& literales = p_->forma->literales;
-    if (valores.size() != literales.size()) {
+    if (valores.size() != lecturas_.size()) {
       return ErrorBD{kErrorSentencia, 0, QStringLiteral("La sentencia tiene otro número de valores.")};
     }
     int rc = SQLITE_OK;
     for (size_t i = 0; rc == SQLITE_OK && i < valores.size(); ++i) {
-      const CeldaBD& v = valores[i];
-      if (literales[i].lectura == Lectura::TalCual || v.nula()) {
-        rc = ligarCelda(p_->sentencia, static_cast<int>(i) + 1, v);
+      CeldaBD v = valores[i];
+      if (v.tipo == CeldaBD::Tipo::Texto && lecturas_[i] == Lectura::SinFinales) {
+        while (v.texto.endsWith(' ')) v.texto.chop(1);
+      } else if (lecturas_[i] != Lectura::TalCual && !v.nula()) {
+        QVariant leido = v.valor();
+        if (auto e = leerValor(leido, lecturas_[i], dialecto_)) return e;
+        rc = ligarValor(p_->sentencia, static_cast<int>(i) + 1, leido);
         continue;
       }
-      const QString citado = u'\'' + v.valor().toString().replace(u'\'', QLatin1String("''")) + u'\'';
-      Token t;
-      t.tipo = TipoToken::Texto;
-      t.texto = citado;
-      const ValorLiteral leido = leerLiteral(t, literales[i].lectura, dialecto_);
-      if (leido.error) return leido.error;
-      rc = ligarValor(p_->sentencia, static_cast<int>(i) + 1, leido.valor);
+      rc = ligarCelda(p_->sentencia, static_cast<int>(i) + 1, v);
     }
     if (rc == SQLITE_OK) rc = sqlite3_step(p_->sentencia);
     std::optional<ErrorBD> error;
@@ -148,6 +128,7 @@ class RepetidaSqlite final : public Repetida {
   sqlite3* base_;
   std::shared_ptr<Preparada> p_;
   Dialecto dialecto_;
+  std::vector<Lectura> lecturas_;
 };
 
 std::unique_ptr<Repetida> MotorSqlite::repetir(const QString& sql) {
@@ -156,7 +137,7 @@ std::unique_ptr<Repetida> MotorSqlite::repetir(const QString& sql) {
   if (camino_.reconocer(s)) return {};
   std::optional<ErrorBD> error;
   const std::shared_ptr<Preparada> p = preparada(s, error);
-  const bool deUnaForma = p && p->forma->fijos.empty() && p->forma->tablaNueva.isEmpty() && !p->forma->cambiaEsquema &&
+  const bool deUnaForma = p && p->forma->tablaNueva.isEmpty() && !p->forma->cambiaEsquema &&
                           sqlite3_column_count(p->sentencia) == 0 && !sqlite3_stmt_readonly(p->sentencia);
   if (!deUnaForma) return {};
   return std::make_unique<RepetidaSqlite>(base_, p, entorno_.dialecto);

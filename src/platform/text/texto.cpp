@@ -12,11 +12,21 @@ constexpr std::array<char16_t, 32> kAltos = {0x20AC, 0,      0x201A, 0x0192, 0x2
                                              0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
 // The place of a letter in the alphabet: accents aside, Ñ between N and O.
-int orden(QChar c) {
+int ordenDeLetra(QChar c) {
   const QChar m = c.toLower();
   if (m == u'ñ') return u'n' * 2 + 1;
   const QString base = m.decomposition();
   return (base.isEmpty() ? m.unicode() : base.at(0).unicode()) * 2;
+}
+
+// Long lists are sorted by names: the letters that those have are looked up once.
+int orden(QChar c) {
+  static const auto latinas = [] {
+    std::array<int, 0x250> lugares{};
+    for (char16_t letra = 0; letra < lugares.size(); ++letra) lugares[letra] = ordenDeLetra(letra);
+    return lugares;
+  }();
+  return c.unicode() < latinas.size() ? latinas[c.unicode()] : ordenDeLetra(c);
 }
 
 }  // namespace

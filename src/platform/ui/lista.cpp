@@ -22,7 +22,7 @@ class ModeloLista final : public QAbstractTableModel {
 
   QVariant data(const QModelIndex& i, int papel = Qt::DisplayRole) const override {
     if (!i.isValid()) return {};
-    const FilaLista& f = filas[static_cast<size_t>(i.row())];
+    const FilaLista& f = fila(i.row());
     switch (papel) {
       case Qt::DisplayRole: return f.celdas.value(i.column());
       case Qt::TextAlignmentRole: return alineacion(i.column());
@@ -38,6 +38,12 @@ class ModeloLista final : public QAbstractTableModel {
   }
   int alineacion(int c) const {
     return int(columnas_[static_cast<size_t>(c)].derecha ? Qt::AlignRight : Qt::AlignLeft);
+  }
+
+  const FilaLista& fila(int n) const {
+    FilaLista& f = filas[static_cast<size_t>(n)];
+    if (celdas && f.celdas.isEmpty()) f.celdas = celdas(f.clave);
+    return f;
   }
 
   void reemplazar(std::vector<FilaLista> nuevas) {
@@ -60,7 +66,8 @@ class ModeloLista final : public QAbstractTableModel {
     endRemoveRows();
   }
 
-  std::vector<FilaLista> filas;
+  mutable std::vector<FilaLista> filas;
+  Lista::CeldasDe celdas;
 
  private:
   std::vector<ColumnaLista> columnas_;
@@ -109,7 +116,8 @@ Lista::Lista(const QString& nombre, std::vector<ColumnaLista> columnas, QWidget*
   connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &Lista::ordenar);
 }
 
-void Lista::llenar(std::vector<FilaLista> filas) {
+void Lista::llenar(std::vector<FilaLista> filas, CeldasDe celdas) {
+  modelo_->celdas = std::move(celdas);
   modelo_->reemplazar(std::move(filas));
   elegir(0);
   viewport()->update();
@@ -129,7 +137,7 @@ void Lista::quitar(int n) {
 }
 
 int Lista::filas() const { return modelo_->rowCount(); }
-const FilaLista& Lista::fila(int n) const { return modelo_->filas[static_cast<size_t>(n)]; }
+const FilaLista& Lista::fila(int n) const { return modelo_->fila(n); }
 int Lista::actual() const { return currentIndex().isValid() ? currentIndex().row() : -1; }
 
 void Lista::elegir(int n) {

@@ -31,8 +31,10 @@ class Lista final : public QTableView {
   // Shown in the middle while there are no rows.
   QString textoVacio;
 
-  // Takes the rows in the order given and selects the first one.
-  void llenar(std::vector<FilaLista> filas);
+  // Takes the rows in the order given and selects the first one. A row without cells gets those that `celdas` makes of
+  // its key, once they are asked for: a long list is there before they are all made.
+  using CeldasDe = std::function<QStringList(const QVariant& clave)>;
+  void llenar(std::vector<FilaLista> filas, CeldasDe celdas = {});
   // Adds at the end and selects it.
   void agregar(FilaLista fila);
   void cambiar(int n, FilaLista fila);
