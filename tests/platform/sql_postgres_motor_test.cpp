@@ -44,6 +44,41 @@ TEST(MotorPostgres, TransactionsHoldTogether) {
   EXPECT_EQ("2|b|<2026-11-24 00:00:00>", b.respuesta("SELECT * FROM t"));
 }
 
+TEST(MotorPostgres, ATransactionOfOnePieceFallsWithItsFirstFailure) {
+  BancoPostgres b(kTabla);
+  for (const bool conPunto : {false, true}) {
+    ASSERT_FALSE(b.cnn.iniciar());
+    b.cnn.deUnaPieza(true);
+    EXPECT_EQ(QString(), ejecuta(b, "INSERT INTO t VALUES (1,'a',NULL)"));
+    if (conPunto) b.cnn.deUnaPieza(false);
+    EXPECT_NE(QString(), ejecuta(b, "INSERT INTO t VALUES (1,'b',NULL)"));
+    EXPECT_EQ(conPunto, ejecuta(b, "INSERT INTO t VALUES (2,'a',NULL)").isNull());
+    EXPECT_EQ(conPunto, !b.cnn.confirmar()) << "nothing is taken for stored that is not";
+    EXPECT_FALSE(b.cnn.deshacer());
+    EXPECT_EQ(conPunto ? "1/2" : "", b.respuesta("SELECT id FROM t ORDER BY id"));
+  }
+}
+
+TEST(MotorPostgres, AStatementForManyRowsTakesWhatItsTextWouldTake) {
+  BancoPostgres b({u8("CREATE TABLE m (id int PRIMARY KEY, nom varchar(20), f datetime, n decimal(18,6))")});
+  const char* const fila = "(1,'a',CONVERT(DATETIME,'2026-01-02 03:04:05',120),1.5)";
+  const auto varias = b.cnn.repetir(Sql::crudo(u8("INSERT INTO m VALUES ") + u8(fila) + u8(", ") + u8(fila)));
+  ASSERT_TRUE(varias);
+  const auto texto = [](const char* t) { return CeldaBD(QByteArrayView(t)); };
+  const auto par = [&](qint64 id) {
+    return varias->correr({CeldaBD(id), texto("O'HÑ"), texto("2026-11-24 10:30:15"), CeldaBD(2.25), CeldaBD(id + 1),
+                           texto(""), CeldaBD(), CeldaBD(-3.0)});
+  };
+  EXPECT_FALSE(par(1));
+  cortar(b);
+  EXPECT_EQ("2", b.respuesta("SELECT COUNT(*) FROM m")) << "opened anew";
+  EXPECT_FALSE(par(3)) << "prepared anew, too";
+  EXPECT_TRUE(par(2)) << "the key of one of both";
+  EXPECT_TRUE(varias->correr({CeldaBD(qint64(9))})) << "too few";
+  EXPECT_EQ("1|O'HÑ|<2026-11-24 10:30:15>|2.25/2||Null|-3/3|O'HÑ|<2026-11-24 10:30:15>|2.25/4||Null|-3",
+            b.respuesta("SELECT * FROM m ORDER BY id"));
+}
+
 TEST(MotorPostgres, ACutConnectionIsOpenedAnewOutsideOfTransactions) {
   BancoPostgres b(kTabla);
   EXPECT_EQ(QString(), ejecuta(b, "INSERT INTO t VALUES (1,'a',NULL)"));
