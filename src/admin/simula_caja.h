@@ -4,11 +4,11 @@
 #include <functional>
 #include <memory>
 
-#include "admin/azar.h"
 #include "admin/fallas.h"
 #include "admin/puesto_mudo.h"
 #include "admin/simula_alambre.h"
 #include "admin/simula_libro.h"
+#include "admin/tecleo.h"
 #include "cashday/principal.h"
 #include "foundation/puesto.h"
 #include "platform/io/puertos_sistema.h"
@@ -16,14 +16,6 @@
 
 class PantallasDelDia;
 struct PantallaTransaccion;
-
-// A line that is keyed; cents, `dscto` a signed percentage.
-struct RenglonTecleado {
-  int articulo = 0, cantidad = 1;
-  qint64 precio = 0;
-  int dscto = 0;
-  qint64 valor() const { return cantidad * precio * (100 + dscto) / 100; }
-};
 
 class CajaSimulada {
  public:

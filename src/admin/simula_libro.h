@@ -48,9 +48,8 @@ struct Asiento {
   int dia = 0, acto = 0;
   QString tipo, serie;  // cDocTipo
   qint64 numero = 0, codigo = 0, total = 0, puntos = 0;
-  qint64 renglones = 0;  // what its lines are worth, of a document beside the sales
   int unidades = 0;
-  bool dudoso = false;         // the act died
+  bool dudoso = false;         // a sale that died in its rows
   bool puntosDudosos = false;  // a server was cut off in it, or in what took it back
   bool anulado = false;
   bool perdido = false;  // a copy put back has none of it

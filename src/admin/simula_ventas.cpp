@@ -42,24 +42,12 @@ std::vector<RenglonTecleado> CajaSimulada::teclear(CajaRegistradoraFull& v, bool
   std::vector<RenglonTecleado> lineas;
   for (int n = azar_.entre(1, 4); n > 0; --n) {
     const QString articulo = articulos[azar_.entre(0, static_cast<int>(articulos.size()) - 1)];
-    RenglonTecleado r{articulo.section(u'|', 0, 0).toInt(), azar_.entre(1, 4), centimos(articulo.section(u'|', 1, 1))};
     const int fila = AgregarFila(v.rejilla);
-    const auto celda = [&](ColumnaLinea columna, const QString& texto) {
-      if (!SalirCelda(*p_, v, fila, columna, texto)) diferencia(q("celda rechazada: ") + texto);
-    };
-    celda(kCod, QString::number(r.articulo));
-    celda(kCant, QString::number(r.cantidad));
-    if (azar_.unoDe(6)) {
-      r.precio = azar_.entre(10, 400) * 10;
-      celda(kPrecio, conDecimales(r.precio));
-    }
-    if (conDescuento && azar_.unoDe(4)) {
-      const bool recargo = azar_.unoDe(3);
-      r.dscto = (recargo ? 1 : -1) * azar_.de(std::vector<int>{10, 20, 50});
-      if (recargo) celda(kSigno, q("+"));
-      celda(kPorc, QString::number(std::abs(r.dscto)));
-    }
-    lineas.push_back(r);
+    lineas.push_back(TeclearRenglon(azar_, articulo.section(u'|', 0, 0).toInt(), centimos(articulo.section(u'|', 1, 1)),
+                                    conDescuento, [&](ColumnaLinea columna, const QString& texto) {
+                                      if (!SalirCelda(*p_, v, fila, columna, texto))
+                                        diferencia(q("celda rechazada: ") + texto);
+                                    }));
   }
   return lineas;
 }

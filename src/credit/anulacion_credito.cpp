@@ -82,7 +82,6 @@ bool rechazar(Puesto& p, const QString& palabras) {
 // What the cashier still has to do with the money of a payment.
 void avisarDinero(Puesto& p, const Anulacion& a, PantallasCredito& pantallas) {
   const PagoGuardado& pago = *a.v.pago;
-  const QString importe = (pago.enDolares ? QStringLiteral("US$ ") : QStringLiteral("S/. ")) + dinero(pago.monto);
   if (!a.fila) {
     p.mensajes.mostrar(QStringLiteral("El recibo %1-%2 es de la caja %3: allí se anulará con su próxima "
                                       "sincronización.")
@@ -91,6 +90,10 @@ void avisarDinero(Puesto& p, const Anulacion& a, PantallasCredito& pantallas) {
     return;
   }
   if (a.fila->seAnula || !pago.enEfectivo()) return;
+  // A withdrawal is in soles.
+  const double soles = pago.enDolares ? Redondear(pago.monto * p.ses.pnTipoCambio, 2) : pago.monto;
+  const QString importe = QStringLiteral("S/. ") + dinero(soles) +
+                          (pago.enDolares ? QStringLiteral(" (US$ ") + dinero(pago.monto) + u')' : QString());
   if (p.mensajes.preguntar(QStringLiteral("El pago es de un día ya cerrado: registre un retiro de %1 por lo que "
                                           "devuelve al cliente.\n¿Desea registrarlo ahora?")
                                .arg(importe),

@@ -46,8 +46,8 @@ const ClasePendientes& ClaseDe(PendientesDe para) {
   // clang-format off
   static const ClasePendientes pago{q(u"frmDocumentosPendientesPago"), q(u"Docs Pendientes de Pago"), 5,
       {{1, q(u"Serie"), 0.06}, {2, q(u"Numero"), 0.085}, {3, q(u"Fec Emision"), 0.11, C::Fecha},
-       {4, q(u"Local"), 0.065}, {5, q(u"Cliente"), 0.205}, {8, {}, 0.095}, {9, q(u"Total Vta"), 0.08, C::Importe},
-       {10, q(u"Total Vta USD"), 0.095, C::Importe}, {11, q(u"M. Restante"), 0.09, C::Importe},
+       {4, q(u"Local"), 0.065}, {5, q(u"Cliente"), 0.195}, {8, {}, 0.085}, {9, q(u"Total Vta"), 0.095, C::Importe},
+       {10, q(u"Total Vta USD"), 0.095, C::Importe}, {11, q(u"M. Restante"), 0.095, C::Importe},
        {12, q(u"M. Restante USD"), 0.115, C::Importe}}};
   static const ClasePendientes consumo{q(u"frmDocumentosPendientesNC"), q(u"Seleccione Documento"), 8,
       {{2, q(u"Tipo Doc"), 0.08}, {3, q(u"Serie"), 0.06}, {4, q(u"Numero"), 0.08}, {7, q(u"Local"), 0.08},

@@ -14,7 +14,8 @@ Lista* nuevaLista(ModoAnular modo) {
   for (const QString& t : titulos) {
     const bool importe = t.startsWith(QStringLiteral("Tot")) || t == u"Monto";
     // What is long takes more than its share.
-    const double fraccion = t == u"Cliente" ? 0.3 : t == u"FechaEmision" ? 0.15 : t == u"Local" ? 0.075 : 0.12;
+    const bool fecha = t.startsWith(QStringLiteral("Fecha")), nombre = t == u"Cliente" || t == u"Forma Pago";
+    const double fraccion = nombre ? 0.3 : fecha ? 0.15 : t == u"Local" ? 0.075 : 0.12;
     columnas.push_back({t, fraccion, importe});
   }
   return new Lista(QStringLiteral("dgdDetalle"), columnas);

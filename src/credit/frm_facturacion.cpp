@@ -34,6 +34,9 @@ class PestanaFacturacion final : public PestanaCredito {
     detalle_ =
         new DetalleLineas(c, QStringLiteral("TDGFacturacion"), {}, v_.rejilla, [this] { TotalesFactura(c_.p, v_); });
     v->addWidget(detalle_, 1);
+    auto* botones = detalle_->nuevosBotones();
+    botones->addStretch();
+    v->addLayout(botones);
     v->addWidget(nuevaPantallaTotal(c.enlaces, QStringLiteral("txtSoles"), v_.txtSoles, QStringLiteral("txtDolares"),
                                     v_.txtDolares));
     v->addLayout(nuevosBotones());

@@ -67,7 +67,10 @@ class PestanaLiquidacion final : public PestanaCredito {
     }
   }
   QString primerControl() const override { return QStringLiteral("cboTipoDocumento3"); }
-  bool vacia() const override { return v_.lvwTX[0].empty(); }
+  // A document that was only looked at is no loss.
+  bool vacia() const override {
+    return LeerImporte(v_.txtEfectivoSolesLQ) == 0 && LeerImporte(v_.txtEfectivoDolaresLQ) == 0;
+  }
 
   void grabar() override {
     commit([this] { return GrabarLiquidacion(c_.p, c_.v); });

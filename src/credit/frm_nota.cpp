@@ -90,10 +90,16 @@ class PestanaNota final : public PestanaCredito {
     return panel;
   }
   QWidget* nuevoConsumo() {
-    auto* panel = nuevoPanelCredito(QStringLiteral("Ingrese su Consumo"), 1);
+    auto* panel = nuevoPanelCredito({}, 1);
     detalle_ = new DetalleLineas(c_, QStringLiteral("TDGNotaConsumo"), QStringLiteral("NC"), v_.rejilla,
                                  [this] { TotalesNota(c_.p, v_); });
     panel->agregar({}, detalle_);
+    // Title and buttons share a row: what it saves is one more line of the grid.
+    auto* titulo = new QHBoxLayout;
+    titulo->addWidget(nuevoTexto(QStringLiteral("Ingrese su Consumo"), QStringLiteral("titulo")));
+    titulo->addStretch();
+    titulo->addLayout(detalle_->nuevosBotones());
+    static_cast<QVBoxLayout*>(panel->layout())->insertLayout(0, titulo);
     return panel;
   }
   QHBoxLayout* nuevosBotones() {

@@ -124,7 +124,7 @@ QFrame* nuevaPantallaTotal(Enlaces& enlaces, const QString& nombreSoles, const Q
 
 DetalleLineas::DetalleLineas(const ContextoCredito& c, const QString& nombre, const QString& sufijo, RejillaLineas& l,
                              std::function<void()> alCambiar)
-    : c_(c), l_(l), alCambiar_(std::move(alCambiar)), rejilla_(nuevaRejillaLineas(nombre, c.p, l)) {
+    : c_(c), l_(l), sufijo_(sufijo), alCambiar_(std::move(alCambiar)), rejilla_(nuevaRejillaLineas(nombre, c.p, l)) {
   auto* v = new QVBoxLayout(this);
   v->setContentsMargins(0, 0, 0, 0);
   v->setSpacing(tema::px(6));
@@ -133,15 +133,17 @@ DetalleLineas::DetalleLineas(const ContextoCredito& c, const QString& nombre, co
   rejilla_->salir = [this](int f, int col, QString& texto) { return salirCelda(f, col, texto); };
   rejilla_->pulsar = [this](int fila, int) { buscarArticulo(fila); };
   v->addWidget(rejilla_, 1);
+}
+
+QHBoxLayout* DetalleLineas::nuevosBotones() {
   auto* fila = new QHBoxLayout;
-  auto* agrega = nuevoBoton(QStringLiteral("CmdAddArt") + sufijo, QStringLiteral("A&dicionar"));
-  auto* elimina = nuevoBoton(QStringLiteral("CmdDelArt") + sufijo, QStringLiteral("E&liminar"));
+  auto* agrega = nuevoBoton(QStringLiteral("CmdAddArt") + sufijo_, QStringLiteral("A&dicionar"));
+  auto* elimina = nuevoBoton(QStringLiteral("CmdDelArt") + sufijo_, QStringLiteral("E&liminar"));
   fila->addWidget(agrega);
   fila->addWidget(elimina);
-  fila->addStretch();
-  v->addLayout(fila);
   connect(agrega, &QPushButton::clicked, this, [this] { (void)agregarFila(); });
   connect(elimina, &QPushButton::clicked, this, [this] { eliminarFila(); });
+  return fila;
 }
 
 void DetalleLineas::mostrar() {

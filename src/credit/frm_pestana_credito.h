@@ -73,12 +73,15 @@ class DetalleLineas final : public QWidget {
   bool dejarCelda() { return rejilla_->dejarCelda(); }
   void abandonarCelda() { rejilla_->abandonarCelda(); }
   Rejilla* rejilla() { return rejilla_; }
+  // "Adicionar" and "Eliminar", for the tab to place.
+  QHBoxLayout* nuevosBotones();
 
  private:
   bool salirCelda(int fila, int columna, QString& texto);
 
   ContextoCredito c_;
   RejillaLineas& l_;
+  QString sufijo_;
   std::function<void()> alCambiar_;
   Rejilla* rejilla_;
 };

@@ -128,7 +128,7 @@ const std::vector<ColumnaConsulta>& ColumnasOperacion() {
   // clang-format off
   static const std::vector<C> columnas{
       {u"TX", 0.06, C::Numero}, {u"Tipo", 0.085}, {u"Fecha", 0.19, C::Fecha}, {u"Tarjeta", 0.1},
-      {u"Documento", 0.11}, {u"Glosa", 0.2}, {u"(S/.)", 0.1, C::Numero}, {u"Efectivo", 0.1, C::Numero},
+      {u"Documento", 0.115}, {u"Glosa", 0.195}, {u"(S/.)", 0.1, C::Numero}, {u"Efectivo", 0.1, C::Numero},
       {u"Vuelto", 0.09, C::Numero}, {u"Estado", 0.07}, {u"Caja", 0.06}, {u"Sinc.", 0.05}, {u"Turno", 0.06},
       {u"Usuario", 0.1}, {u"TXRelac.", 0.08, C::Numero}, {u"TXAnul.", 0.08, C::Numero}};
   // clang-format on

@@ -73,38 +73,41 @@ bool RechazarRepetida(Puesto& p, CommitParalelo& c) {
   return false;
 }
 
-bool EscribirCabeza(Puesto& p, CommitParalelo& c) { return GrabarParalela(p, c.o, c.paralela); }
-
-bool EscribirLineas(Puesto& p, CommitParalelo& c) {
-  for (const auto& linea : c.lineas) {
-    if (!GrabarLineaParalela(p, c.o, linea, c.supervisor)) return false;
-  }
-  return true;
+std::vector<Sql> EscribirUltima(Puesto& p, CommitParalelo& c) {
+  return {SentenciaUltimaOperacion(p, c.o.documento, c.o.codigo, c.o.numero)};
 }
 
-bool EscribirEfectivo(Puesto& p, CommitParalelo& c) {
+std::vector<Sql> EscribirCabeza(Puesto& p, CommitParalelo& c) { return {SentenciaParalela(p, c.o, c.paralela)}; }
+
+std::vector<Sql> EscribirLineas(Puesto& p, CommitParalelo& c) {
+  std::vector<Sql> filas;
+  for (const auto& linea : c.lineas) filas.push_back(SentenciaLineaParalela(p, c.o, linea, c.supervisor));
+  return filas;
+}
+
+std::vector<Sql> EscribirEfectivo(Puesto& p, CommitParalelo& c) {
   const EfectivoDocumento& e = c.paralela.efectivo;
   // The change of a liquidation leaves the drawer also when nothing came in.
   const bool devuelve = c.clase == ClaseDocumento::LIQPAD && e.vueltoSoles > 0;
-  if (e.soles <= 0 && e.dolares <= 0 && !devuelve) return true;
+  if (e.soles <= 0 && e.dolares <= 0 && !devuelve) return {};
   c.o.tipo = c.liquidacion                                      ? TipoOperacion::Liquidado
              : !c.tarjetas.empty() && e.soles == 0 && !devuelve ? TipoOperacion::Voucher
                                                                 : TipoOperacion::Efectivo;
   c.o.liquidacion = c.liquidacion ? c.liquidacion->codigo : 0;
-  return GrabarEfectivoParalelo(p, c.o, c.serieDinero, e);
+  return {SentenciaEfectivoParalelo(p, c.o, c.serieDinero, e)};
 }
 
-bool EscribirTarjetas(Puesto& p, CommitParalelo& c) {
-  if (c.tarjetas.empty()) return true;
+std::vector<Sql> EscribirTarjetas(Puesto& p, CommitParalelo& c) {
+  if (c.tarjetas.empty()) return {};
   c.o.tipo = TipoOperacion::Voucher;
   const EfectivoDocumento& e = c.paralela.efectivo;
-  return GrabarTarjetaParalela(p, c.o, c.serieDinero, c.total - e.soles + e.vueltoSoles);
+  return {SentenciaTarjetaParalela(p, c.o, c.serieDinero, c.total - e.soles + e.vueltoSoles)};
 }
 
-bool Liquidar(Puesto& p, CommitParalelo& c) {
-  if (!CerrarParalela(p, c.o.codigo)) return false;
+std::vector<Sql> Liquidar(Puesto&, CommitParalelo& c) {
+  std::vector<Sql> filas{SentenciaCerrarParalela(c.o.codigo)};
   for (const qint64 codigo : c.liquidadas) {
-    if (!CerrarParalela(p, codigo, c.enlazaLiquidadas ? c.o.codigo : 0)) return false;
+    filas.push_back(SentenciaCerrarParalela(codigo, c.enlazaLiquidadas ? c.o.codigo : 0));
   }
-  return true;
+  return filas;
 }

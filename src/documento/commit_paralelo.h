@@ -31,10 +31,15 @@ struct CommitParalelo : CommitDocumento {
 // A document that says the same as the one before it within a minute is the same: its number goes back and the commit
 // ends without a word.
 [[nodiscard]] bool RechazarRepetida(Puesto& p, CommitParalelo& c);
-[[nodiscard]] bool EscribirCabeza(Puesto& p, CommitParalelo& c);
-[[nodiscard]] bool EscribirLineas(Puesto& p, CommitParalelo& c);
+
+// Steps that write to the store.
+
+// Code, user and number as the last ones of the type, whose row the reservation of the number has made.
+[[nodiscard]] std::vector<Sql> EscribirUltima(Puesto& p, CommitParalelo& c);
+[[nodiscard]] std::vector<Sql> EscribirCabeza(Puesto& p, CommitParalelo& c);
+[[nodiscard]] std::vector<Sql> EscribirLineas(Puesto& p, CommitParalelo& c);
 // The row of the cash, where any was taken, and of what the cards pay, where there are any.
-[[nodiscard]] bool EscribirEfectivo(Puesto& p, CommitParalelo& c);
-[[nodiscard]] bool EscribirTarjetas(Puesto& p, CommitParalelo& c);
+[[nodiscard]] std::vector<Sql> EscribirEfectivo(Puesto& p, CommitParalelo& c);
+[[nodiscard]] std::vector<Sql> EscribirTarjetas(Puesto& p, CommitParalelo& c);
 // Closes the liquidation itself and what it settles.
-[[nodiscard]] bool Liquidar(Puesto& p, CommitParalelo& c);
+[[nodiscard]] std::vector<Sql> Liquidar(Puesto& p, CommitParalelo& c);

@@ -63,13 +63,15 @@ Sql sentenciaDinero(const Puesto& p, const DatosOperacion& o, const QString& ser
                   Texto(serie), o.numero, Texto(Codigo(o.documento)), o.liquidacion, ValorLocal(o)});
 }
 
-bool ejecutar(Puesto& p, const Sql& sentencia) { return p.poDBAdmin.EjecutarSentencia(p.poCnnLocal, sentencia, true); }
-
 }  // namespace
 
 Sql SentenciaEfectivoParalelo(const Puesto& p, const DatosOperacion& o, const QString& serie,
                               const EfectivoDocumento& e) {
   return sentenciaDinero(p, o, serie, e, false);
+}
+
+Sql SentenciaTarjetaParalela(const Puesto& p, const DatosOperacion& o, const QString& serie, double soles) {
+  return sentenciaDinero(p, o, serie, {soles, 0, 0, 0}, true);
 }
 
 Sql SentenciaCerrarParalela(qint64 codigo, qint64 liquidacion) {
@@ -97,22 +99,6 @@ std::vector<Sql> SentenciasDevolverParalela(qint64 anulada, qint64 codigo) {
                        {anulada})};
 }
 
-bool GrabarParalela(Puesto& p, const DatosOperacion& o, const DatosParalela& d) {
-  return ejecutar(p, SentenciaParalela(p, o, d));
-}
-
-bool GrabarLineaParalela(Puesto& p, const DatosOperacion& o, const LineaDocumento& l, const QString& supervisor) {
-  return ejecutar(p, SentenciaLineaParalela(p, o, l, supervisor));
-}
-
-bool GrabarEfectivoParalelo(Puesto& p, const DatosOperacion& o, const QString& serie, const EfectivoDocumento& e) {
-  return ejecutar(p, SentenciaEfectivoParalelo(p, o, serie, e));
-}
-
-bool GrabarTarjetaParalela(Puesto& p, const DatosOperacion& o, const QString& serie, double soles) {
-  return ejecutar(p, sentenciaDinero(p, o, serie, {soles, 0, 0, 0}, true));
-}
-
 bool EsRepetida(Puesto& p, const DatosOperacion& o, const DatosParalela& d, bool& repetida) {
   Recordset rs;
   if (!p.poDBAdmin.EjecutarConsulta(
@@ -129,8 +115,4 @@ bool EsRepetida(Puesto& p, const DatosOperacion& o, const DatosParalela& d, bool
              igual(u"nMontoSoles", d.montoSoles) && igual(u"nMontoDolares", d.montoDolares) &&
              igual(u"nEfectivoSoles", d.efectivo.soles) && LimpiarNulo(rs[u"sGlosa"]) == Recortar(d.glosa);
   return true;
-}
-
-bool CerrarParalela(Puesto& p, qint64 codigo, qint64 liquidacion) {
-  return ejecutar(p, SentenciaCerrarParalela(codigo, liquidacion));
 }

@@ -14,12 +14,16 @@ struct DatosParalela {
   bool sincronizada = false;
 };
 
-// The statements of the rows, for an act that runs them later, together with others.
+// The statements of the rows, which an act runs together.
 Sql SentenciaParalela(const Puesto& p, const DatosOperacion& o, const DatosParalela& d);
+// An article line; the supervisor stands only in one with a percentage.
 Sql SentenciaLineaParalela(const Puesto& p, const DatosOperacion& o, const LineaDocumento& linea,
                            const QString& supervisor);
+// Cash taken with the document, and the part paid by cards, in soles. `serie` is that of the boletas, not its own.
 Sql SentenciaEfectivoParalelo(const Puesto& p, const DatosOperacion& o, const QString& serie,
                               const EfectivoDocumento& e);
+Sql SentenciaTarjetaParalela(const Puesto& p, const DatosOperacion& o, const QString& serie, double soles);
+// Closes a document. With a liquidation's code that is the document that it is tied to from now on.
 Sql SentenciaCerrarParalela(qint64 codigo, qint64 liquidacion = 0);
 // What voids a parallel document of the store, under the void's own code: a row of its own, the mark on the document,
 // its money taken out of Operacion. `fecha` is "DD/MM/YYYY hh:mm".
@@ -28,23 +32,6 @@ std::vector<Sql> SentenciasAnularParalela(const Puesto& p, TipoOperacion tipo, q
 // Takes that back, of a document without money in Operacion.
 std::vector<Sql> SentenciasDevolverParalela(qint64 anulada, qint64 codigo);
 
-// The same run at once. Each gives false when the store could not be written or read, and then the box has been shown.
-
-[[nodiscard]] bool GrabarParalela(Puesto& p, const DatosOperacion& o, const DatosParalela& d);
-
-// An article line; the supervisor stands only in one with a percentage.
-[[nodiscard]] bool GrabarLineaParalela(Puesto& p, const DatosOperacion& o, const LineaDocumento& linea,
-                                       const QString& supervisor);
-
-// Cash taken with the document. `serie` is that of the boletas, not the document's own.
-[[nodiscard]] bool GrabarEfectivoParalelo(Puesto& p, const DatosOperacion& o, const QString& serie,
-                                          const EfectivoDocumento& e);
-
-// The part paid by cards, in soles.
-[[nodiscard]] bool GrabarTarjetaParalela(Puesto& p, const DatosOperacion& o, const QString& serie, double soles);
-
-// Whether the document of the code just before this one says the same: moment, card, amounts and text.
+// Whether the document of the code just before this one says the same: moment, card, amounts and text. False when the
+// store could not be read, and then the box has been shown.
 [[nodiscard]] bool EsRepetida(Puesto& p, const DatosOperacion& o, const DatosParalela& d, bool& repetida);
-
-// Closes a document. With a liquidation's code that is the document that it is tied to from now on.
-[[nodiscard]] bool CerrarParalela(Puesto& p, qint64 codigo, qint64 liquidacion = 0);

@@ -135,12 +135,13 @@ bool ValidarCliente(Puesto& p, ClienteNuevo& v, QString& campoMal) {
 
 namespace {
 
-// Finds the names that may be the same once case and accents are left out; which of them are is told by comparing.
+// Finds the names that may be the same once case, accents and the number of blanks are left out; which of them are is
+// told by comparing.
 Sql parecido(const QString& texto) {
-  QString patron = Recortar(texto);
+  QString patron = texto.simplified();
   for (QChar& c : patron) {
     const bool letraLlana = c.unicode() < 0x80 && c.isLetter() && !QStringView(u"AEIOUaeiou").contains(c);
-    if (!letraLlana && !c.isDigit() && c != u' ') c = u'_';
+    if (!letraLlana && !c.isDigit()) c = c == u' ' ? u'%' : u'_';
   }
   return FormatearSQL(u" LIKE '$'"_sql, {Texto(patron)});
 }
@@ -163,7 +164,7 @@ std::optional<ErrorBD> buscarHomonimo(Alta& a) {
                                      parecido(a.v.txtApellidos) + u" AND sClieName"_sql + parecido(a.v.txtNombres),
                                  rs);
   const auto igual = [](const QVariant& v, const QString& texto) {
-    return CompararEspanol(LimpiarNulo(v), Recortar(texto)) == 0;
+    return CompararEspanol(LimpiarNulo(v).simplified(), texto.simplified()) == 0;
   };
   for (const auto& f : rs) a.existe = a.existe || (igual(f[0], a.v.txtApellidos) && igual(f[1], a.v.txtNombres));
   if (error) return error;

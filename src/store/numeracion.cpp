@@ -273,13 +273,15 @@ bool ReservarDocumento(Puesto& p, TipoDocumento tipo, const NombreLog& log, Nume
   return true;
 }
 
+Sql SentenciaUltimaOperacion(const Puesto& p, TipoDocumento tipo, qint64 codigo, qint64 numero) {
+  const Sql documento = EsFiscal(tipo) ? Sql() : FormatearSQL(u" nDocCodigo=$, "_sql, {numero});
+  return FormatearSQL(u"UPDATE Config_Documento  SET cOperCode=$,$ cUserDesc='$'  WHERE cTipodoc='$'"_sql,
+                      {codigo, documento, Texto(p.ses.psUsuario), Texto(Codigo(tipo))});
+}
+
 bool GuardarUltimaOperacion(Puesto& p, TipoDocumento tipo, qint64 codigo, qint64 numero) {
-  const bool fiscal = EsFiscal(tipo);
-  const Sql documento = fiscal ? Sql() : FormatearSQL(u" nDocCodigo=$, "_sql, {numero});
-  return cambiarOCrear(p, tipo,
-                       FormatearSQL(u"UPDATE Config_Documento  SET cOperCode=$,$ cUserDesc='$'  WHERE cTipodoc='$'"_sql,
-                                    {codigo, documento, Texto(p.ses.psUsuario), Texto(Codigo(tipo))}),
-                       codigo, {fiscal ? 0 : numero, serieDeFabrica(p, tipo)}, p.ses.psUsuario);
+  return cambiarOCrear(p, tipo, SentenciaUltimaOperacion(p, tipo, codigo, numero), codigo,
+                       {EsFiscal(tipo) ? 0 : numero, serieDeFabrica(p, tipo)}, p.ses.psUsuario);
 }
 
 bool RepararNumeracion(Puesto& p) { return reparar(p, {u"operacion"_sql, false}); }

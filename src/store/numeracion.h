@@ -57,6 +57,8 @@ void AvisarNumeroCorregido(Puesto& p, TipoDocumento tipo, const QString& log, qi
 // Keeps the operation code and the user of the last document of that type, and for a parallel document its number
 // too. A factura touches a row of its own here; a missing row is made.
 [[nodiscard]] bool GuardarUltimaOperacion(Puesto& p, TipoDocumento tipo, qint64 codigo, qint64 numero);
+// Its statement, for a type whose row has been made: by the reservation of the number.
+Sql SentenciaUltimaOperacion(const Puesto& p, TipoDocumento tipo, qint64 codigo, qint64 numero);
 
 // At start and at the first contact with the central database: pulls the counters up to what it has seen of this desk
 // and leaves marker rows that no report sees. False when it is away or can't tell; then nothing has changed.

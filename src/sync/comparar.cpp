@@ -9,6 +9,13 @@ namespace {
 
 const QString kEnAccess = QStringLiteral("Error No cuadran ");
 
+// A question that fails ends its check, with a line in the error log and no box: nobody asked for the check.
+bool leer(Puesto& p, Conexion& cnn, const Sql& sql, Recordset& rs) {
+  const auto error = cnn.consultar(sql, rs);
+  if (error) p.registro.RegistrarErrorLog(QStringLiteral("Comparar ventas - ") + error->descripcion);
+  return !error;
+}
+
 bool central(Puesto& p) {
   return p.poCnnCentral.abierta() || p.poDBAdmin.AbrirBD(p.poCnnCentral, p.ses.psConexionCentral);
 }
@@ -17,8 +24,7 @@ bool central(Puesto& p) {
 QStringList series(Puesto& p) {
   Recordset rs;
   QStringList s;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal,
-                                    u"SELECT cSerieDoc FROM Config_Documento WHERE cTipoDoc IN('01','02')"_sql, rs)) {
+  if (!leer(p, p.poCnnLocal, u"SELECT cSerieDoc FROM Config_Documento WHERE cTipoDoc IN('01','02')"_sql, rs)) {
     return s;
   }
   for (const auto& f : rs) {
@@ -73,9 +79,9 @@ void alarma(Puesto& p, const QString& asunto, const QString& cuerpo, const QStri
 // One figure on each side; false when one of them can't be read.
 bool cifras(Puesto& p, const Sql& local, const Sql& alla, qint64& aqui, qint64& enCentral) {
   Recordset rs;
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnLocal, local, rs)) return false;
+  if (!leer(p, p.poCnnLocal, local, rs)) return false;
   aqui = AEntero(Numero(rs[0]));
-  if (!p.poDBAdmin.EjecutarConsulta(p.poCnnCentral, alla, rs)) return false;
+  if (!leer(p, p.poCnnCentral, alla, rs)) return false;
   enCentral = AEntero(Numero(rs[0]));
   return true;
 }
@@ -140,7 +146,7 @@ void CompararCorrelativos(Puesto& p, QDate dia) {
                                   u"select max(cast(NroDoc as int)) as nromax from ("_sql};
   for (size_t i = 0; i < std::size(preguntas); ++i) {
     Recordset rs;
-    if (!p.poDBAdmin.EjecutarConsulta(p.poCnnCentral, preguntas[i] + numeros, rs)) return;
+    if (!leer(p, p.poCnnCentral, preguntas[i] + numeros, rs)) return;
     cifra[i] = Numero(rs[0]);
   }
   // A day without documents is quiet.
@@ -166,13 +172,12 @@ bool TotalesLocalesSerie(Puesto& p, const QString& serie, QDate dia, qint64& can
   Recordset rs;
   cantidad = 0;
   monto = 0;
-  if (!p.poDBAdmin.EjecutarConsulta(
-          p.poCnnLocal,
-          FormatearSQL(u"SELECT nProdCant, nProdPrecUnit From Operacion WHERE cProdCode<>0 AND cDocSerie = '$' AND "
-                       "cOperFlagAnula=0"_sql,
-                       {Texto(serie)}) +
-              delDia(dia, u"dOperFech"_sql),
-          rs)) {
+  if (!leer(p, p.poCnnLocal,
+            FormatearSQL(u"SELECT nProdCant, nProdPrecUnit From Operacion WHERE cProdCode<>0 AND cDocSerie = '$' AND "
+                         "cOperFlagAnula=0"_sql,
+                         {Texto(serie)}) +
+                delDia(dia, u"dOperFech"_sql),
+            rs)) {
     return false;
   }
   cantidad = rs.RecordCount();
@@ -185,14 +190,13 @@ void CompararTotalesSerie(Puesto& p, QDate dia) {
   const QStringList suyas = series(p);
   Recordset rs;
   if (suyas.isEmpty() ||
-      !p.poDBAdmin.EjecutarConsulta(
-          p.poCnnCentral,
-          u"select cDocSerie as SerieDoc, count(cDocCodigo) as CantNroDoc,"
-          "ValVta = Sum(Round(Abs(nProdCant) * nProdPrecUnit / (1 + dbo.fnRetornarIGV()), 2)) "
-          "From operacion Where cDocSerie in "_sql +
-              lista(suyas) + delDia(dia, u"dOperFech"_sql) +
-              u" and   case cOperFlagAnula when 0 then 'N' when 1 then 'S' end='N' group by cDocSerie "_sql,
-          rs)) {
+      !leer(p, p.poCnnCentral,
+            u"select cDocSerie as SerieDoc, count(cDocCodigo) as CantNroDoc,"
+            "ValVta = Sum(Round(Abs(nProdCant) * nProdPrecUnit / (1 + dbo.fnRetornarIGV()), 2)) "
+            "From operacion Where cDocSerie in "_sql +
+                lista(suyas) + delDia(dia, u"dOperFech"_sql) +
+                u" and   case cOperFlagAnula when 0 then 'N' when 1 then 'S' end='N' group by cDocSerie "_sql,
+            rs)) {
     return;
   }
   for (const auto& f : rs) {
@@ -219,6 +223,7 @@ void CompararUltimoCierre(Puesto& p) {
   for (const QDate dia : dias) {
     for (const auto uno :
          {CompararCorrelativos, CompararSumaProductos, CompararCantidadProductos, CompararTotalesSerie}) {
+      if (!central(p)) return;  // told once
       uno(p, dia);
     }
   }

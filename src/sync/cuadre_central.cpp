@@ -12,17 +12,21 @@ namespace {
 
 constexpr int kTienda = 0, kCentro = 1;
 
+QString cuantos(double n, QStringView uno, QStringView varios) {
+  return TextoDe(n) + u' ' + (n == 1 ? uno : varios).toString();
+}
+
 struct Sumas {
   std::set<QString> numeros, documentos;  // a document is a number with its operation code
   qint64 lineas = 0;
   double unidades = 0, neto = 0, bruto = 0;
 
   QString texto() const {
-    return QStringLiteral("%1 números, %2 documentos, %3 líneas, %4 unidades, neto %5, bruto %6")
-        .arg(numeros.size())
-        .arg(documentos.size())
-        .arg(lineas)
-        .arg(TextoDe(unidades), Formatear(neto, u"0.00"), Formatear(bruto, u"0.00"));
+    const auto n = [](const auto& conjunto) { return static_cast<double>(conjunto.size()); };
+    return QStringLiteral("%1, %2, %3, %4, neto %5, bruto %6")
+        .arg(cuantos(n(numeros), u"número", u"números"), cuantos(n(documentos), u"documento", u"documentos"),
+             cuantos(static_cast<double>(lineas), u"línea", u"líneas"), cuantos(unidades, u"unidad", u"unidades"),
+             Formatear(neto, u"0.00"), Formatear(bruto, u"0.00"));
   }
 };
 

@@ -74,7 +74,11 @@ FinFila PasadasDeMaestros::nueva(const Maestro& m, const Recordset::Fila& f) {
 FinFila PasadasDeMaestros::cambiada(const Maestro& m, const Recordset::Fila& f) {
   if (tomadas_.contains(m.clave(f))) return {};
   const Sql sql = m.actualizar(f);
-  return {sql.vacia() || ejecutar(sql) ? Suerte::Fallo : Suerte::Hecha, m.codigo(f), &m.actualiza};
+  qint64 filas = 0;
+  bool mal = sql.vacia() || p_.poCnnLocal.ejecutar(sql, &filas);
+  // One that the store does not hold, or only without its site, from older days.
+  if (!mal && filas == 0) mal = ejecutar(m.insertar(f)).has_value();
+  return {mal ? Suerte::Fallo : Suerte::Hecha, m.codigo(f), &m.actualiza};
 }
 
 FinPasada PasadasDeMaestros::pasada(const Maestro& m, const Sql& donde, bool nuevas) {
@@ -151,10 +155,30 @@ FinPasada PasadasDeMaestros::unidades() {
   return dosPasadas(m, u"UnidadMedida"_sql);
 }
 
+// Those that stay are only one copy too many.
 void PasadasDeMaestros::quitarSinLocal(LiteralSql tabla, LiteralSql clave, LiteralSql condicion) {
-  // Those that stay are only one copy too many.
-  (void)ejecutar(FormatearSQL(u"DELETE FROM $ WHERE IdLocal = 0 $ AND $ IN (SELECT $ FROM $ WHERE IdLocal <> 0)"_sql,
-                              {tabla, condicion, clave, clave, tabla}));
+  const auto quitar = [&](const Sql& cuales) {
+    (void)ejecutar(FormatearSQL(u"DELETE FROM $ WHERE IdLocal = 0 $ AND $"_sql, {tabla, condicion, cuales}));
+  };
+  if (marca_.isEmpty())
+    return quitar(FormatearSQL(u"$ IN (SELECT $ FROM $ WHERE IdLocal <> 0)"_sql, {clave, clave, tabla}));
+  Recordset aqui, alla;
+  if (p_.poCnnLocal.consultar(
+          FormatearSQL(u"SELECT $ AS cClave, COUNT(*) AS nLocales FROM $ WHERE IdLocal <> 0 AND $ IN (SELECT $ FROM $ "
+                       "WHERE IdLocal = 0 $) GROUP BY $"_sql,
+                       {clave, tabla, clave, clave, tabla, condicion, clave}),
+          aqui)) {
+    return;
+  }
+  for (const auto& f : aqui) {
+    const bool texto = f[u"cClave"].typeId() == QMetaType::QString;
+    const Sql esa = texto ? FormatearSQL(u"$ = '$'"_sql, {clave, TextoDeCampo(f, u"cClave")})
+                          : FormatearSQL(u"$ = $"_sql, {clave, entero(f[u"cClave"])});
+    if (!p_.poCnnCentral.consultar(FormatearSQL(u"SELECT COUNT(*) FROM $ WHERE $"_sql, {tabla, esa}), alla) &&
+        entero(alla[0]) <= entero(f[u"nLocales"])) {
+      quitar(esa);
+    }
+  }
 }
 
 FinPasada PasadasDeMaestros::clientes() {

@@ -81,7 +81,7 @@ class PasadasDeMaestros {
   Sql cambioArticulo(const Recordset::Fila& f) const;
   Maestro maestroArticulos();
   FinPasada precios(const Maestro& m, const Surtido& surtido);
-  // Copies from before customers came with their site give way to those with one.
+  // Copies from before customers came with their site give way once all of the code's sites are here.
   void quitarSinLocal(LiteralSql tabla, LiteralSql clave, LiteralSql condicion);
 
   Puesto& p_;

@@ -47,17 +47,13 @@ TEST(Facturas, Detraction) {
   for (const auto& c : casos) {
     SCOPED_TRACE(c.porque);
     e.enCentral("DELETE FROM Detraccion");
-    e.cliente(c.tipo);
-    e.linea(e.v.factura.rejilla, c.articulo, c.cantidad);
-    EXPECT_EQ(q("hecho"), e.facturar());
+    EXPECT_EQ(q("hecho"), e.facturar(c.tipo, c.cantidad, 0, c.articulo));
     EXPECT_EQ(q(c.detraccion), e.central("SELECT MontoDetracc FROM Detraccion"));
   }
   // The threshold itself is free.
   e.enCentral("UPDATE parametro SET nmonto1 = 736 WHERE cCodParam = 'DETRS'");
   e.enCentral("DELETE FROM Detraccion");
-  e.cliente(0);
-  e.linea(e.v.factura.rejilla, "807", "8");
-  EXPECT_EQ(q("hecho"), e.facturar());
+  EXPECT_EQ(q("hecho"), e.facturar(0, "8", 0, "807"));
   EXPECT_EQ(QString(), e.central("SELECT MontoDetracc FROM Detraccion"));
   EXPECT_EQ(q("0"), e.central("SELECT MIN(bTieneDetraccion) FROM Venta01"));
 }
@@ -200,35 +196,24 @@ TEST(Pagos, ARepeatIsAskedFor) {
 
 TEST(Pagos, TheDepositOfADetraction) {
   Credito e;
-  e.cliente(0);
-  e.linea(e.v.factura.rejilla, "807", "8");
-  ASSERT_EQ(q("hecho"), e.facturar());
+  ASSERT_EQ(q("hecho"), e.facturar(0, "8", 0, "807"));
   e.cargarPago("01", "000001");
-  e.v.pago.dcbFormaPago = 3;
-  CambiarForma(e.v);
-  e.v.pago.dcbBanco = 1;
-  CambiarBanco(e.v);
+  e.llenarDeposito();
   EXPECT_TRUE(e.v.pago.chkEsDetraccion && !MontoEditable(e.v.pago, false) && !MontoEditable(e.v.pago, true));
   EXPECT_EQ(q("88.32|00-071-003|0"),
             e.v.pago.txtMontoSoles + u'|' + e.v.pago.txtNroCuenta + u'|' + QString::number(e.v.pago.cboMoneda1));
-  e.v.pago.txtNroOperacion = q("D-1");
-  EXPECT_EQ(std::nullopt, GrabarPago(e.p, e.v));
+  EXPECT_EQ(q("hecho"), e.depositar());
   EXPECT_EQ(q("88.32|1|C"), e.central("SELECT p.Monto, p.bEsPagoDetraccion, d.Estado FROM Pagos p, Detraccion d"));
   // Now it is a bank like any other.
   e.cargarPago("01", "000001");
-  e.v.pago.dcbFormaPago = 3;
-  CambiarForma(e.v);
-  e.v.pago.dcbBanco = 1;
-  CambiarBanco(e.v);
+  e.llenarDeposito();
   EXPECT_FALSE(e.v.pago.chkEsDetraccion);
   EXPECT_EQ(QString(), e.v.pago.txtNroCuenta + e.v.pago.txtMontoSoles);
 }
 
 TEST(Pagos, ADetractionByVoucherOnceThePriceIsPaid) {
   Credito e;
-  e.cliente(0);
-  e.linea(e.v.factura.rejilla, "807", "8");
-  ASSERT_EQ(q("hecho"), e.facturar());
+  ASSERT_EQ(q("hecho"), e.facturar(0, "8", 0, "807"));
   e.cargarPago("01", "000001");
   EXPECT_FALSE(e.v.pago.lblDetraccion) << "a balance is left";
   EXPECT_EQ(q("hecho"), e.pagar(0, 0, "736"));

@@ -11,7 +11,6 @@ QString u8(const char* s) { return QString::fromUtf8(s); }
 struct Anulador {
   Credito e;
   AnularTransaccionCtaCte v;
-  int retiros = 0;
 
   struct Pantallas : PantallasCreditoGuion {
     int retiros = 0;
@@ -20,10 +19,6 @@ struct Anulador {
 
   Anulador() { pantallas.supervisor = u8("JEFE"); }
 
-  // Loads and, when that is possible, voids. Whether the screen closed with it.
-  bool anular(ModoAnular modo, const char* serie, const char* numero) {
-    return cargar(modo, serie, numero) && aceptar();
-  }
   bool cargar(ModoAnular modo, const char* serie, const char* numero) {
     v = {};
     v.Modo = modo;
@@ -35,6 +30,13 @@ struct Anulador {
     e.p.persona().espera(u8("Esta seguro de anular el documento?"), u8("Sí"));
     return AceptarAnulacion(e.p, v, pantallas);
   }
+  // What is loaded, which goes through and says so, and `ademas`.
+  void anulado(const char* ademas = nullptr, const char* responde = "") {
+    dice("Esta seguro de anular el documento?", "Sí");
+    dice("Se anuló el documento!");
+    if (ademas) dice(ademas, responde);
+    EXPECT_TRUE(AceptarAnulacion(e.p, v, pantallas));
+  }
   void dice(const char* texto, const char* responde = "") { e.p.persona().espera(u8(texto), u8(responde)); }
   QString vivos() {
     return e.central("SELECT (SELECT COUNT(*) FROM Venta01 WHERE FechaAnulacion IS NULL), (SELECT COUNT(*) FROM Pagos "
@@ -44,15 +46,10 @@ struct Anulador {
 
 // A document of 100.00 with one payment of 40.00 in cash.
 struct ConPago : Anulador {
-  ConPago() {
+  explicit ConPago(int moneda = 0, const char* monto = "40") {
     EXPECT_EQ(u8("hecho"), e.facturar(1, "10"));
     e.cargarPago("02", "000001");
-    EXPECT_EQ(u8("hecho"), e.pagar(0, 0, "40"));
-  }
-  void anularPago() {
-    dice("Esta seguro de anular el documento?", "Sí");
-    dice("Se anuló el documento!");
-    EXPECT_TRUE(AceptarAnulacion(e.p, v, pantallas));
+    EXPECT_EQ(u8("hecho"), e.pagar(0, moneda, monto));
   }
 };
 
@@ -62,7 +59,7 @@ TEST(Anular, FirstThePaymentsThenTheDocument) {
   EXPECT_FALSE(a.cargar(ModoAnular::BADE, "001", "1"));
   ASSERT_TRUE(a.cargar(ModoAnular::PADE, "PA1", "000001"));
   EXPECT_EQ(u8("001|000001|A EFECTIVO|24/11/2026|40.00|Soles"), a.v.dgdDetalle.join(u'|'));
-  a.anularPago();
+  a.anulado();
   EXPECT_EQ(u8("1|0"), a.vivos());
   EXPECT_EQ(u8("1|22|40|0|2\n2|22|0|0|0"),
             a.e.local("SELECT cOperCode, cOperTipo, nMontoSoles, cEstado, cOperCodeAnul FROM OperacionParalela"));
@@ -71,7 +68,7 @@ TEST(Anular, FirstThePaymentsThenTheDocument) {
 
   ASSERT_TRUE(a.cargar(ModoAnular::BADE, "001", "1"));
   EXPECT_EQ(u8("O'HIGGINS ANA|Sur|Soles|100.00|33.33|24/11/2026|0.00"), a.v.dgdDetalle.join(u'|'));
-  a.anularPago();
+  a.anulado();
   EXPECT_EQ(u8("0|0"), a.vivos());
   a.dice("El documento seleccionado ya se encuentra anulado");
   EXPECT_FALSE(a.cargar(ModoAnular::BADE, "001", "1"));
@@ -83,7 +80,7 @@ TEST(Anular, ThePaperSaysWhatWasVoided) {
   ConPago a;
   a.e.p.papeles().papel.clear();
   ASSERT_TRUE(a.cargar(ModoAnular::PADE, "PA1", "1"));
-  a.anularPago();
+  a.anulado();
   const QString papel = QString::fromLatin1(a.e.p.papeles().papel[u8("LPT1")]).remove(u'\r');
   EXPECT_TRUE(papel.contains(
       u8("             24/11/2026 (mar)\n          TRANSACCION ANULADA\n                  PADE\n"
@@ -93,7 +90,7 @@ TEST(Anular, ThePaperSaysWhatWasVoided) {
       << papel.toStdString();
   a.e.p.papeles().papel.clear();
   ASSERT_TRUE(a.cargar(ModoAnular::BADE, "001", "1"));
-  a.anularPago();
+  a.anulado();
   const QString otro = QString::fromLatin1(a.e.p.papeles().papel[u8("LPT1")]).remove(u'\r');
   EXPECT_TRUE(otro.contains(u8("                  BADE\n---------------------------------------\nCASH/TL  S/."
                                "                   *100.00\n   ITEM                         *10.00\n\n"
@@ -105,7 +102,7 @@ TEST(Anular, WhatWasDeliveredOrSettledStays) {
   ConPago a;
   ASSERT_EQ(u8("hecho"), a.e.consumir(1, "2"));
   ASSERT_TRUE(a.cargar(ModoAnular::PADE, "PA1", "1"));
-  a.anularPago();
+  a.anulado();
   a.dice("El documento seleccionado no se puede anular por presentar Notas de Consumo asociadas sin anular.");
   EXPECT_FALSE(a.cargar(ModoAnular::BADE, "001", "1"));
   a.e.enCentral("UPDATE ConsumoVenta SET bAnulado = 1");
@@ -141,42 +138,32 @@ TEST(Anular, WhatAnotherDeskDidMeanwhileIsSeen) {
 
 TEST(Anular, ADepositOfTheDetractionMakesItPendingAgain) {
   Anulador a;
-  a.e.cliente(0);
-  a.e.linea(a.e.v.factura.rejilla, "807", "10");
-  ASSERT_EQ(u8("hecho"), a.e.facturar());
+  ASSERT_EQ(u8("hecho"), a.e.facturar(0, "10", 0, "807"));
   a.e.cargarPago("01", "000001");
-  a.e.v.pago.dcbFormaPago = 3;
-  CambiarForma(a.e.v);
-  a.e.v.pago.dcbBanco = 1;
-  CambiarBanco(a.e.v);
-  a.e.v.pago.txtNroOperacion = u8("D-1");
-  ASSERT_FALSE(GrabarPago(a.e.p, a.e.v));
+  ASSERT_EQ(u8("hecho"), a.e.depositar());
   ASSERT_EQ(u8("C"), a.e.central("SELECT Estado FROM Detraccion"));
   ASSERT_TRUE(a.cargar(ModoAnular::PADE, "PV1", "1"));
-  a.dice("Esta seguro de anular el documento?", "Sí");
-  a.dice("Se anuló el documento!");
-  EXPECT_TRUE(AceptarAnulacion(a.e.p, a.v, a.pantallas));
+  a.anulado();
   EXPECT_EQ(u8("P"), a.e.central("SELECT Estado FROM Detraccion"));
 }
 
 TEST(Anular, TheMoneyOfAClosedDayOrAnotherDeskIsTold) {
-  ConPago cerrado;
-  cerrado.e.p.ejecuta(u8("UPDATE OperacionParalela SET cOperFlagAbierto = 0"));
-  ASSERT_TRUE(cerrado.cargar(ModoAnular::PADE, "PA1", "1"));
-  cerrado.dice("Esta seguro de anular el documento?", "Sí");
-  cerrado.dice("Se anuló el documento!");
-  cerrado.dice("registre un retiro de S/. 40.00", "Sí");
-  EXPECT_TRUE(AceptarAnulacion(cerrado.e.p, cerrado.v, cerrado.pantallas));
-  EXPECT_EQ(1, cerrado.pantallas.retiros);
-  EXPECT_EQ(u8("1"), cerrado.e.local("SELECT cEstado FROM OperacionParalela"));
+  // What a drawer gives back is a withdrawal, in soles.
+  for (const auto& [moneda, monto, aviso] : {std::tuple(0, "40", "registre un retiro de S/. 40.00 por"),
+                                             std::tuple(1, "10", "registre un retiro de S/. 32.00 (US$ 10.00) por")}) {
+    ConPago cerrado(moneda, monto);
+    cerrado.e.p.ses.pnTipoCambio = 3.2;
+    cerrado.e.p.ejecuta(u8("UPDATE OperacionParalela SET cOperFlagAbierto = 0"));
+    ASSERT_TRUE(cerrado.cargar(ModoAnular::PADE, "PA1", "1"));
+    cerrado.anulado(aviso, "Sí");
+    EXPECT_EQ(1, cerrado.pantallas.retiros);
+    EXPECT_EQ(u8("1"), cerrado.e.local("SELECT cEstado FROM OperacionParalela"));
+  }
 
   ConPago ajeno;
   ajeno.e.enCentral("UPDATE Pagos SET cSerieDocPago = 'PA12'");
   ASSERT_TRUE(ajeno.cargar(ModoAnular::PADE, "PA12", "1"));
-  ajeno.dice("Esta seguro de anular el documento?", "Sí");
-  ajeno.dice("Se anuló el documento!");
-  ajeno.dice("El recibo PA12-000001 es de la caja 00012");
-  EXPECT_TRUE(AceptarAnulacion(ajeno.e.p, ajeno.v, ajeno.pantallas));
+  ajeno.anulado("El recibo PA12-000001 es de la caja 00012");
   EXPECT_EQ(u8("1|0"), ajeno.vivos());
   EXPECT_EQ(u8("1"), ajeno.e.local("SELECT cEstado FROM OperacionParalela"));
 }

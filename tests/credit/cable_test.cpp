@@ -21,14 +21,8 @@ TEST_P(ActosConElCableCortado, LeaveOneStory) {
   central.servidor = cliente.servidor = cable.servidor();
   e.p.ses.psConexionCentral = cadenaDe(central);
   e.p.ses.psConexionCliente = cadenaDe(cliente);
-  e.p.persona().dejaPasar(q("Sí"));
-  escena.preparar(e);
-  const CajaFacturacionPagos pantalla = e.v;
-  const QString antes = historia(e);
-  Reposo reposo(e);
-  ASSERT_EQ(q("hecho"), escena.hacer(e));
-  const QString despues = historia(e);
-  ASSERT_NE(antes, despues);
+  Montaje montaje(e, escena);
+  if (HasFailure()) return;
   // A few cuts have their turn, another kind in each scene; all of them in the long run.
   const int paso = largo() ? 1 : 13, suyo = static_cast<int>(strlen(escena.nombre));
   constexpr std::pair<Cable::Corte, const char*> kCortes[] = {
@@ -40,19 +34,17 @@ TEST_P(ActosConElCableCortado, LeaveOneStory) {
     int n = 1 + (largo() ? 0 : suyo * (caso + 1) % paso);
     for (;; n += paso) {
       SCOPED_TRACE(palabra + std::string(vuelve ? " y vuelve, viaje " : " y queda, viaje ") + std::to_string(n));
-      reposo.devolver();
-      e.v = pantalla;
-      e.p.persona().vistas.clear();
+      montaje.devolver();
       cable.cortar(n, corte, vuelve);
       const QString fin = escena.hacer(e);
       const bool cortado = cable.cortado();
       cable.arreglar();
-      empezarDeNuevo(e, reposo.sesion);
+      montaje.empezarDeNuevo();
       if (!cortado) {
         EXPECT_EQ(q("hecho"), fin);
         break;
       }
-      comprobarHistoria(e, escena, pantalla, antes, despues, fin);
+      montaje.comprobar(fin);
     }
     EXPECT_GT(n, 6) << palabra;
   }

@@ -129,10 +129,10 @@ struct Credito {
     v.factura.txtRUC = QStringLiteral("20123456789");
   }
   QString facturar() { return GrabarFactura(p, v, pantallas).value_or(QStringLiteral("hecho")); }
-  // A whole document of `cantidad` x CAFE at 10.00.
-  QString facturar(int tipo, const char* cantidad, int moneda = 0) {
+  // A whole document: 101 CAFE at 10.00, 807 SACO at 92.00, which falls under the detraction.
+  QString facturar(int tipo, const char* cantidad, int moneda = 0, const char* articulo = "101") {
     cliente(tipo, moneda);
-    linea(v.factura.rejilla, "101", cantidad);
+    linea(v.factura.rejilla, articulo, cantidad);
     return facturar();
   }
 
@@ -161,6 +161,19 @@ struct Credito {
     v.pago.cboMoneda1 = moneda;
     (moneda == 1 ? v.pago.txtMontoDolares : v.pago.txtMontoSoles) = QString::fromUtf8(monto);
     CambiarMontoPago(p, v.pago);
+    return GrabarPago(p, v).value_or(QStringLiteral("hecho"));
+  }
+
+  // The deposit of the loaded document's detraction, up to its commit.
+  void llenarDeposito() {
+    v.pago.dcbFormaPago = 3;
+    CambiarForma(v);
+    v.pago.dcbBanco = 1;
+    CambiarBanco(v);
+    v.pago.txtNroOperacion = QStringLiteral("D-1");
+  }
+  QString depositar() {
+    llenarDeposito();
     return GrabarPago(p, v).value_or(QStringLiteral("hecho"));
   }
 

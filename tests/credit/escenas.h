@@ -76,9 +76,7 @@ inline const std::vector<Escena>& escenas() {
       {"Banco", false, [](Credito& e) { bade(e); e.cargarPago("02", "000001"); },
        [](Credito& e) { return e.pagar(3, 1, "3.33"); }},
       {"Deposito", true, [](Credito& e) {
-         e.cliente(0); e.linea(e.v.factura.rejilla, "807", "9"); (void)e.facturar(); e.cargarPago("01", "000001");
-         e.v.pago.dcbFormaPago = 3; CambiarForma(e.v); e.v.pago.dcbBanco = 1; CambiarBanco(e.v);
-         e.v.pago.txtNroOperacion = QStringLiteral("D-1"); },
+         (void)e.facturar(0, "9", 0, "807"); e.cargarPago("01", "000001"); e.llenarDeposito(); },
        [](Credito& e) { return comoTexto(GrabarPago(e.p, e.v)); }},
       {"Nota", true, [](Credito& e) {
          bade(e); (void)e.consumir(1, "2"); e.cargarNota(1); e.linea(e.v.nota.rejilla, "101", "3");

@@ -22,14 +22,6 @@ QString filas(Credito& e) {
          e.local("SELECT COUNT(*) FROM Operacion");
 }
 
-void deposito(Credito& e) {
-  e.v.pago.dcbFormaPago = 3;
-  CambiarForma(e.v);
-  e.v.pago.dcbBanco = 1;
-  CambiarBanco(e.v);
-  e.v.pago.txtNroOperacion = q("D-1");
-}
-
 struct Pestana {
   const char* nombre;
   void (*cargar)(Credito&);
@@ -41,7 +33,7 @@ const Pestana kPago{"payment", [](Credito& e) {
     e.cargarPago("01", "000001"); e.v.pago.dcbFormaPago = 0; CambiarForma(e.v); e.v.pago.cboMoneda1 = 0;
     e.v.pago.txtMontoSoles = q("10"); },
   [](Credito& e) { return comoTexto(GrabarPago(e.p, e.v)); }};
-const Pestana kDeposito{"deposit", [](Credito& e) { e.cargarPago("01", "000001"); deposito(e); },
+const Pestana kDeposito{"deposit", [](Credito& e) { e.cargarPago("01", "000001"); e.llenarDeposito(); },
   [](Credito& e) { return comoTexto(GrabarPago(e.p, e.v)); }};
 const Pestana kNota{"note", [](Credito& e) {
     e.cargarNota(1); e.linea(e.v.nota.rejilla, "101", "2"); TotalesNota(e.p, e.v.nota); },
@@ -71,9 +63,7 @@ TEST(OtraCaja, WhatItDidMeanwhileEndsTheActInWords) {
   for (const auto& c : kMeanwhile) {
     SCOPED_TRACE(std::string(c.pestana->nombre) + ": " + c.otra);
     Credito e;
-    e.cliente(0);
-    e.linea(e.v.factura.rejilla, "807", "8");
-    ASSERT_EQ(q("hecho"), e.facturar());
+    ASSERT_EQ(q("hecho"), e.facturar(0, "8", 0, "807"));
     c.pestana->cargar(e);
     e.enCentral(c.otra);
     const QString antes = filas(e);
@@ -86,9 +76,7 @@ TEST(OtraCaja, WhatItDidMeanwhileEndsTheActInWords) {
 
 TEST(OtraCaja, AVoucherForADetractionThatWasPaidMeanwhileIsTold) {
   Credito e;
-  e.cliente(0);
-  e.linea(e.v.factura.rejilla, "807", "8");
-  ASSERT_EQ(q("hecho"), e.facturar());
+  ASSERT_EQ(q("hecho"), e.facturar(0, "8", 0, "807"));
   e.cargarPago("01", "000001");
   // An empty answer and a cancelled one change nothing.
   for (const char* respuesta : {"", " "}) {
@@ -108,10 +96,8 @@ TEST(Facturas, WithoutTheParametersOfTheDetractionNoneIsMade) {
   for (const char* parametro : {"DETRS", "DETRP"}) {
     Credito e;
     e.enCentral((std::string("DELETE FROM parametro WHERE cCodParam = '") + parametro + "'").c_str());
-    e.cliente(0);
-    e.linea(e.v.factura.rejilla, "807", "8");
     e.p.persona().espera(q("Faltan los parámetros de la detracción en la base de datos central."));
-    EXPECT_EQ(QString(), e.facturar()) << parametro;
+    EXPECT_EQ(QString(), e.facturar(0, "8", 0, "807")) << parametro;
     EXPECT_EQ(q("0"), e.central("SELECT COUNT(*) FROM Venta01"));
     EXPECT_EQ(q("736.00"), e.v.factura.txtSoles) << "the tab stays";
   }

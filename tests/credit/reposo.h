@@ -3,7 +3,7 @@
 #include <QFile>
 
 #include "apoyo/servidor_prueba.h"
-#include "credito_prueba.h"
+#include "escenas.h"
 
 class Reposo {
  public:
@@ -57,4 +57,35 @@ class Reposo {
 
   Credito& e_;
   std::vector<std::pair<QString, QByteArray>> archivos_;
+};
+
+// A scene made ready, what its act leaves when nothing disturbs it, and the way back to where it begins.
+class Montaje {
+ public:
+  Montaje(Credito& e, const Escena& escena) : e_(e), escena_(escena) {
+    e.p.persona().dejaPasar(QStringLiteral("Sí"));
+    escena.preparar(e);
+    pantalla_ = e.v;
+    antes_ = historia(e);
+    reposo_.emplace(e);
+    EXPECT_EQ(QStringLiteral("hecho"), escena.hacer(e));
+    despues_ = historia(e);
+    EXPECT_NE(antes_, despues_);
+  }
+  void devolver() {
+    reposo_->devolver();
+    e_.v = pantalla_;
+    e_.p.persona().vistas.clear();
+  }
+  void empezarDeNuevo() { ::empezarDeNuevo(e_, reposo_->sesion); }
+  void comprobar(const std::optional<QString>& fin) {
+    comprobarHistoria(e_, escena_, pantalla_, antes_, despues_, fin);
+  }
+
+ private:
+  Credito& e_;
+  const Escena& escena_;
+  CajaFacturacionPagos pantalla_;
+  QString antes_, despues_;
+  std::optional<Reposo> reposo_;
 };

@@ -235,7 +235,8 @@ TEST_P(ObraEnPostgres, LeavesTheSame) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Pruebas, ObraEnPostgres,
-                         testing::Values(QStringLiteral("anula_credito"), QStringLiteral("cliente_nuevo")),
+                         testing::Values(QStringLiteral("anula_credito"), QStringLiteral("cliente_nuevo"),
+                                         QStringLiteral("credito_vida"), QStringLiteral("credito_avisos")),
                          [](const auto& obra) { return obra.param.toStdString(); });
 
 }  // namespace

@@ -30,10 +30,10 @@ QString impresos(const PuestoDeObra& p, const QByteArray& desde) {
   return DeUnByte(todo.replace("\r", ""));
 }
 
-class ReportesDelDia : public testing::TestWithParam<DiaDeReportes> {};
+class ReportesDelDia : public testing::TestWithParam<std::tuple<DiaDeReportes, bool>> {};
 
 TEST_P(ReportesDelDia, AreWhatTheRowsSay) {
-  const DiaDeReportes& d = GetParam();
+  const auto& [d, postgres] = GetParam();
   const QString nombre = QString::fromLatin1(d.nombre);
   const QString guion = leerTexto(QStringLiteral(TARVOPOS_FUENTES "/guiones/%1.guion").arg(nombre));
   const qsizetype hasta = guion.indexOf(QString::fromUtf8(d.hasta));
@@ -42,7 +42,7 @@ TEST_P(ReportesDelDia, AreWhatTheRowsSay) {
   for (int n = 1; n <= 5; ++n) lineas += "tecla Ctrl+F" + QByteArray::number(n) + "\n" + d.autoriza;
   lineas += "clic mnuOperaciones_Hijo(17)\nespera frmAutorizarOperacion\nescribe txtUsuario SUPERVISOR\n"
             "escribe txtPassword super\ntecla Enter\nespera frmPrincipal\nclic mnuRptStock\n";
-  const PuestoDeObra p;
+  const PuestoDeObra p = postgres ? PuestoDeObra(QStringLiteral("2026-11-25 20:50:00")) : PuestoDeObra();
   const QString dicho = p.tocaLineas(lineas);
   EXPECT_TRUE(dicho.endsWith(u"ok\n[estado 0]\n"));
   EXPECT_TRUE(dicho.contains(QStringLiteral("El reporte quedó guardado en:"))) << "the path must be told";
@@ -64,9 +64,11 @@ const QByteArray kSupervisor =
     "espera frmAutorizarOperacion\nescribe txtUsuario SUPERVISOR\nescribe txtPassword super\ntecla Enter\nespera "
     "frmPrincipal\n";
 
-INSTANTIATE_TEST_SUITE_P(Dias, ReportesDelDia,
-                         testing::Values(DiaDeReportes{"dia", "## Cierre del día: Z1 y Z", "25/11/2026", kSupervisor},
-                                         DiaDeReportes{"dos_turnos", "# X-1 y X del segundo turno", "24/11/2026", {}}),
-                         [](const auto& d) { return std::string(d.param.nombre); });
+INSTANTIATE_TEST_SUITE_P(
+    Dias, ReportesDelDia,
+    testing::Combine(testing::Values(DiaDeReportes{"dia", "## Cierre del día: Z1 y Z", "25/11/2026", kSupervisor},
+                                     DiaDeReportes{"dos_turnos", "# X-1 y X del segundo turno", "24/11/2026", {}}),
+                     testing::Bool()),
+    [](const auto& d) { return std::get<0>(d.param).nombre + std::string(std::get<1>(d.param) ? "EnPostgres" : ""); });
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "admin/pantallas_mudas.h"
+#include "admin/tecleo.h"
 #include "alta/tienda_articulos.h"
 #include "cashday/tipo_cambio.h"
 #include "jornada.h"
@@ -85,24 +86,12 @@ std::vector<Renglon> Jornada::teclear(Caja& c, CajaRegistradoraFull& v, bool con
   std::vector<Renglon> lineas;
   for (int n = azar_.entre(1, 4); n > 0; --n) {
     const ArticuloTienda& a = azar_.de(articulos);
-    Renglon r{a.codigo, azar_.entre(1, 4), qRound64(a.precio * 100), 0, a.servicio};
     const int fila = AgregarFila(v.rejilla);
-    const auto celda = [&](ColumnaLinea columna, const QString& texto) {
-      exigir(SalirCelda(c.p(), v, fila, columna, texto), q("celda rechazada: ") + texto);
-    };
-    celda(kCod, QString::number(r.articulo));
-    celda(kCant, QString::number(r.cantidad));
-    if (azar_.unoDe(6)) {
-      r.precio = azar_.entre(10, 400) * 10;
-      celda(kPrecio, importe(r.precio));
-    }
-    if (conDescuento && azar_.unoDe(4)) {
-      const bool recargo = azar_.unoDe(3);
-      r.dscto = (recargo ? 1 : -1) * azar_.de(std::vector<int>{10, 20, 50});
-      if (recargo) celda(kSigno, q("+"));
-      celda(kPorc, QString::number(std::abs(r.dscto)));
-    }
-    lineas.push_back(r);
+    const RenglonTecleado r = TeclearRenglon(
+        azar_, a.codigo, qRound64(a.precio * 100), conDescuento, [&](ColumnaLinea columna, const QString& texto) {
+          exigir(SalirCelda(c.p(), v, fila, columna, texto), q("celda rechazada: ") + texto);
+        });
+    lineas.push_back({r.articulo, r.cantidad, r.precio, r.dscto, a.servicio});
   }
   return lineas;
 }

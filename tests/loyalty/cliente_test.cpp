@@ -130,7 +130,8 @@ TEST(ClienteNuevo, NobodyIsRegisteredTwice) {
   // clang-format off
   const struct { const char *apellidos, *nombres; bool existe; } casos[] = {
       {"munoz ibanez", "rosa", false},  // an Ñ is no N
-      {"Muñoz Ibañez", "rosa", true}, {"MUÑOZ", "IBÁÑEZ ROSA", false}, {"MUÑOZ IBÁÑEZ", "ROSA M", false},
+      {"Muñoz Ibañez", "rosa", true}, {"  Muñoz   Ibañez", "rosa ", true},
+      {"MUÑOZ", "IBÁÑEZ ROSA", false}, {"MUÑOZ IBÁÑEZ", "ROSA M", false},
       {"D'ALESSIO", "LUZ", true},       // at another site
       {"%", "%", false}};
   // clang-format on

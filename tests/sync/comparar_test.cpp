@@ -43,11 +43,11 @@ TEST(CuadreCentral, ALineForEachSeriesOfASoundDay) {
   EXPECT_TRUE(r.igual);
   // clang-format off
   EXPECT_EQ((QStringList{
-      q("(anulaciones) 20/11/2026: 1 números, 1 documentos, 1 líneas, -1 unidades, neto -15.68, bruto -18.50 = centro"),
+      q("(anulaciones) 20/11/2026: 1 número, 1 documento, 1 línea, -1 unidades, neto -15.68, bruto -18.50 = centro"),
       q("001 20/11/2026: 3 números, 3 documentos, 4 líneas, 5 unidades, neto 114.83, bruto 135.50 = centro"),
-      q("NC1 20/11/2026: 1 números, 1 documentos, 1 líneas, 1 unidades, neto 2.54, bruto 3.00 = centro"),
-      q("OC1 20/11/2026: 1 números, 1 documentos, 2 líneas, 3 unidades, neto 48.30, bruto 57.00 = centro"),
-      q("PA1 20/11/2026: 1 números, 1 documentos, 0 líneas, 0 unidades, neto 0.00, bruto 0.00 = centro")}), r.lineas);
+      q("NC1 20/11/2026: 1 número, 1 documento, 1 línea, 1 unidad, neto 2.54, bruto 3.00 = centro"),
+      q("OC1 20/11/2026: 1 número, 1 documento, 2 líneas, 3 unidades, neto 48.30, bruto 57.00 = centro"),
+      q("PA1 20/11/2026: 1 número, 1 documento, 0 líneas, 0 unidades, neto 0.00, bruto 0.00 = centro")}), r.lineas);
   // clang-format on
 }
 

@@ -77,6 +77,27 @@ TEST(Maestros, AFirstLoadAndADayBehindIt) {
   EXPECT_TRUE(p.productos().startsWith(q("101|DE VUELTA|40|1|1|")));
 }
 
+// Copies from before customers had a site: a change reaches the store, and a copy goes once all sites of its code are here.
+TEST(Maestros, CopiesWithoutASiteGiveWay) {
+  Tienda p;
+  p.ejecuta(q("UPDATE Sincronizacion SET dFechSincro = '2026-11-23'"));
+  p.ejecuta(q("DELETE FROM Tarjeta"));
+  for (const char* sql :
+       {"INSERT INTO Cliente (cClieCode, IdLocal, sClieApel) VALUES (5, 0, 'ANTES'), (8, 0, 'OTRA')",
+        "INSERT INTO Tarjeta (cClieCode, IdLocal, nTarjNumb, cTarjActi) VALUES (8, 0, '00000008', 1)"}) {
+    p.ejecuta(q(sql));
+  }
+  (void)p.traer(
+      {"UPDATE Cliente SET sClieApel = 'AHORA', dFechModi = '2026-11-24 08:00' WHERE cClieCode = 5 AND IdLocal = 1",
+       "INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, dFechCrea, dFechModi) VALUES (8, 1, 'OTRA', '2026-01-05', "
+       "'2026-11-24 08:00')",
+       "INSERT INTO Tarjeta (cClieCode, IdLocal, nTarjNumb, cTarjActi, dFechCrea, dFechModi) VALUES (8, 1, '00000008', "
+       "0, '2026-01-05', '2026-11-24 08:00')"});
+  EXPECT_EQ(q("5|0|ANTES\n5|1|AHORA\n8|1|OTRA"),
+            p.filas(q("SELECT cClieCode, IdLocal, sClieApel FROM Cliente ORDER BY 1, 2")));
+  EXPECT_EQ(q("8|1|00000008|0"), p.filas(q("SELECT cClieCode, IdLocal, nTarjNumb, cTarjActi FROM Tarjeta")));
+}
+
 // Stopped between two rows: what came stays, and so does the watermark.
 TEST(Maestros, APullThatIsStopped) {
   Tienda p;
