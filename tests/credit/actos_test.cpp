@@ -74,6 +74,16 @@ TEST(Facturas, NumbersAreOneRunADesk) {
             e.central("SELECT cCodVta, TipoDoc, cSerieDoc, NroDoc FROM Venta01 ORDER BY cCodVta"));
 }
 
+TEST(Facturas, OfMoreLinesThanAStatementTakes) {
+  Credito e;
+  e.cliente(1);
+  for (int i = 0; i < 201; ++i) e.linea(e.v.factura.rejilla, i == 200 ? "102" : "101", "1");
+  EXPECT_EQ(q("hecho"), e.facturar());
+  EXPECT_EQ(q("201|201|1|201|000102"),
+            e.central("SELECT COUNT(*), COUNT(DISTINCT NroItem), MIN(NroItem), MAX(NroItem), "
+                      "(SELECT cCodartic FROM Venta02 WHERE NroItem = 201) FROM Venta02"));
+}
+
 TEST(Facturas, ADiscountAsksTheSupervisor) {
   Credito e;
   e.cliente(1);
