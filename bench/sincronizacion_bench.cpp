@@ -1,152 +1,10 @@
-// Push, pull and purge of a desk beside the bare engine doing the same: the same round trips for rows that go one by
-// one, a plain copy for a first load.
-#include <sqlite3.h>
+// Pull and purge of a desk beside the bare engine doing the same: a plain copy for a first load.
 #include <sys/resource.h>
 
-#include "breve.h"
-#include "duelo.h"
-#include "platform/sql/base_sqlite.h"
+#include "sincronizacion_banco.h"
 #include "sync/depuracion.h"
-#include "sync/sincronizar.h"
-#include "sync/updt.h"
 
 namespace {
-
-QString q(const char* s) { return QString::fromUtf8(s); }
-
-// Numbers 1 to n as a table.
-QString hasta(qint64 n) {
-  return q("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1) ").arg(n);
-}
-
-// What an act took: by the clock, and of the processor alone, which also tells on a machine that is busy.
-struct Tiempo {
-  double s = 0, cpu_s = 0;
-};
-
-template <class F>
-Tiempo cronometrar(F f) {
-  const auto cpu = [] {
-    timespec t{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
-    return static_cast<double>(t.tv_sec) + 1e-9 * static_cast<double>(t.tv_nsec);
-  };
-  const auto antes = std::chrono::steady_clock::now();
-  const double cpuAntes = cpu();
-  f();
-  return {std::chrono::duration<double>(std::chrono::steady_clock::now() - antes).count(), cpu() - cpuAntes};
-}
-
-struct Tienda : PuestoPrueba {
-  Tienda() {
-    persona().dejaPasar();
-    ejecuta(q("INSERT INTO Sincronizacion (dFechSincro) VALUES (Null)"));
-  }
-  QString central() const { return rutas.enPrograma(q("central.db")); }
-  // Closed rows of one Z, three to a ticket.
-  void vender(qint64 n) {
-    correrEn(
-        ses.psRutaBD,
-        hasta(n) + q("INSERT INTO Operacion (cOperCode, cUserDesc, nTarjNumb, cAlmaCode, cProdCode, nProdCant, "
-                     "nProdPrecUnit, dOperFech, cOperTipo, cCajaCodi, cTurnoCodi, cDocTipo, cDocSerie, cDocCodigo, "
-                     "cOperFlagAbierto) SELECT 1 + i / 3, 'CAJERO', '', '01', 100 + i % 40, 1 + i % 3, 4.5, "
-                     "datetime('2026-11-23 08:00', '+' || (i / 30) || ' minutes'), 1, '00001', '01', '02', '001', "
-                     "1 + i / 3, 0 FROM n"));
-    correrEn(ses.psRutaBD, q("INSERT INTO CabeceraZ (IdZ, Caja, Fecha, cOperIdIni, cOperIdFin) VALUES (1, '00001', "
-                             "'2026-11-23', 0, %1)")
-                               .arg(n));
-  }
-  void maestros(qint64 articulos, qint64 clientes) {
-    correrEn(central(), hasta(articulos) +
-                            q("INSERT INTO Articulo (cCodartic, vDscartic, cCodCatal, vDscartCt, dFechCrea, dFechModi) "
-                              "SELECT printf('%06d', i), 'ARTICULO ' || i, 'C' || i, 'ART ' || i, '2026-01-05', "
-                              "'2026-01-05' FROM n"));
-    correrEn(central(),
-             hasta(articulos) + q("INSERT INTO ArticuloPrecioVenta SELECT printf('%06d', i), 1, i % 90 FROM n"));
-    correrEn(central(), hasta(clientes) + q("INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, iTipo, "
-                                            "dFechCrea, dFechModi) SELECT i, 1, 'APELLIDO ' || i, 'NOMBRE', 1, "
-                                            "'2026-01-05', '2026-01-05' FROM n"));
-  }
-  Tiempo sincronizar(bool maestros, bool enLotes = true) {
-    FrmUpdt v(*this);
-    v.enLotes = enLotes;
-    ses.pbSincronizaMaestros = maestros;
-    return cronometrar([&] {
-      if (!Sincronizar(*this, v)) romper("the run came to a bad end");
-    });
-  }
-};
-
-sqlite3_stmt* preparar(sqlite3* db, const QByteArray& sql) {
-  sqlite3_stmt* s = nullptr;
-  if (sqlite3_prepare_v2(db, sql.constData(), -1, &s, nullptr) != SQLITE_OK)
-    romper("the floor", QLatin1String(sqlite3_errmsg(db)));
-  return s;
-}
-
-// The round trips of a row on the bare engine: two questions and the row there, the mark here, a commit on each side.
-Tiempo pisoDeEnvio(Tienda& t, qint64 n) {
-  QString error;
-  const BaseSqlite local = AbrirSqlite(t.ses.psRutaBD, SQLITE_OPEN_READWRITE, error),
-                   central = AbrirSqlite(t.central(), SQLITE_OPEN_READWRITE, error);
-  const auto correr = [](sqlite3_stmt* s) {
-    while (sqlite3_step(s) == SQLITE_ROW) {
-    }
-    sqlite3_reset(s);
-  };
-  for (sqlite3* db : {local.get(), central.get()}) {
-    sqlite3_exec(db, "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL", nullptr, nullptr, nullptr);
-  }
-  sqlite3_stmt* const pasos[] = {
-      preparar(central.get(), "BEGIN IMMEDIATE"),
-      preparar(central.get(),
-               "SELECT COUNT(*) FROM Cuentacte WHERE cSerieDoc='001' AND cNroDoc='000001' AND cCodCaja='1'"),
-      preparar(central.get(), "SELECT MAX(cOperID) + 1 FROM Operacion WHERE cCajaCodi='00001'"),
-      preparar(central.get(),
-               "INSERT INTO Operacion (cOperID, cOperCode, cUserDesc, nTarjNumb, cAlmaCode, cProdCode, "
-               "nProdCant, nProdPrecUnit, dOperFech, cOperTipo, cCajaCodi, cDocTipo, cDocSerie, cDocCodigo) "
-               "VALUES (ifnull((SELECT MAX(cOperID) FROM Operacion WHERE cCajaCodi='00001'), 0) + 1, 1, "
-               "'CAJERO', '', '01', '000101', 1, 4.5, '2026-11-23 08:00:00', 1, '00001', '02', '001', "
-               "'000001')"),
-      preparar(local.get(), "BEGIN IMMEDIATE"),
-      preparar(local.get(),
-               "UPDATE Operacion SET cFlagSincronizacion='1' WHERE cOperID=(SELECT MIN(cOperID) FROM Operacion "
-               "WHERE cFlagSincronizacion='0')"),
-      preparar(central.get(),
-               "INSERT INTO TDETALLEZ1 VALUES (1, '00001', '2026-11-23', '01', '02', '000101', 1, 4.5, NULL)"),
-      preparar(central.get(), "COMMIT"),
-      preparar(local.get(), "COMMIT")};
-  const Tiempo s = cronometrar([&] {
-    for (qint64 i = 0; i < n; ++i) {
-      for (sqlite3_stmt* p : pasos) correr(p);
-    }
-  });
-  for (sqlite3_stmt* p : pasos) sqlite3_finalize(p);
-  return s;
-}
-
-void Envio(benchmark::State& estado) {
-  const qint64 n = filas(10'000);
-  for (auto _ : estado) {
-    Tienda piso, deUna, lotes;
-    for (Tienda* t : {&piso, &deUna, &lotes}) {
-      t->poCnnLocal.cerrar();
-      t->vender(n);
-    }
-    for (Tienda* t : {&deUna, &lotes}) {
-      if (!t->poDBAdmin.AbrirBD(t->poCnnLocal, q("driver={Microsoft Access Driver (*.mdb)};DBQ=") + t->ses.psRutaBD)) {
-        romper("no store");
-      }
-    }
-    const Tiempo suelo = pisoDeEnvio(piso, n), una = deUna.sincronizar(false, false), lote = lotes.sincronizar(false);
-    estado.counters["floor_s"] = suelo.s;
-    estado.counters["row_by_row"] = una.s / suelo.s;
-    estado.counters["row_by_row_cpu"] = una.cpu_s / suelo.cpu_s;
-    estado.counters["batched"] = suelo.s / lote.s;
-    estado.counters["batched_cpu"] = suelo.cpu_s / lote.cpu_s;
-    estado.SetIterationTime(una.s);
-  }
-}
 
 // What is read there goes in here, in one transaction: the two databases stand on two machines.
 Tiempo pisoDeTraida(Tienda& t) {
@@ -231,6 +89,5 @@ void Depuracion(benchmark::State& estado) {
 
 }  // namespace
 
-BENCHMARK(Envio)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(Traida)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(Depuracion)->Arg(0)->Arg(1'000'000)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);

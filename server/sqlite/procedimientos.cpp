@@ -48,36 +48,36 @@ Error insertarCabeceraZ1(AccesoMotor& bd, const QVariantList& a, Recordset& rs) 
 
 // The mean price of each article over all its rows; Null where quantities cancel out.
 Error promediarMontosZ1(AccesoMotor& bd, const QVariantList& a, Recordset&) {
-  return bd.ejecutar(sinFinales("UPDATE TDETALLEZ1 SET nPrecioProm = (SELECT round(SUM(d.nMonto) / "
-                                "NULLIF(SUM(d.nProdCant), 0), 6) "
-                                "FROM TDETALLEZ1 d WHERE d.nidZ1 = ?1 AND ~d.cProdCode = ~TDETALLEZ1.cProdCode) "
-                                "WHERE nidZ1 = ?1"), {a[0]});
+  return bd.ejecutar(sinFinales("UPDATE TDETALLEZ1 SET nPrecioProm = p.promedio FROM (SELECT ~cProdCode AS articulo, "
+                                "round(SUM(nMonto) / NULLIF(SUM(nProdCant), 0), 6) AS promedio FROM TDETALLEZ1 "
+                                "WHERE nidZ1 = ?1 GROUP BY 1) p WHERE nidZ1 = ?1 AND ~TDETALLEZ1.cProdCode = "
+                                "p.articulo"), {a[0]});
 }
 
-// One row for each till, day, warehouse, type of document and article: the first takes the sums, the others go.
+// One row for each till, day, warehouse, type of document and article: the first takes the sums, the others go. Texts
+// that are alike to the letter are added up before case and blanks are looked at: a detail may have 10,000 rows.
 Error agruparZ1(AccesoMotor& bd, const QVariantList& a, Recordset&) {
-  const QString primeras = sinFinales(
-      "SELECT MIN(rowid) FROM TDETALLEZ1 WHERE nidZ1 = ?1 "
-      "GROUP BY ~cCajaCodi, date(dOperFech), ~cAlmaCode, ~cdocTipo, ~cProdCode");
-  const QString sumas = sinFinales(
-      "SELECT SUM(d.nProdCant), SUM(d.nMonto) FROM TDETALLEZ1 d WHERE d.nidZ1 = ?1 AND ~d.cCajaCodi IS "
-      "~TDETALLEZ1.cCajaCodi AND date(d.dOperFech) IS date(TDETALLEZ1.dOperFech) AND ~d.cAlmaCode IS "
-      "~TDETALLEZ1.cAlmaCode AND ~d.cdocTipo IS ~TDETALLEZ1.cdocTipo AND ~d.cProdCode IS ~TDETALLEZ1.cProdCode");
-  if (auto error = bd.ejecutar(
-          QStringLiteral("UPDATE TDETALLEZ1 SET (nProdCant, nMonto) = (%1) WHERE rowid IN (%2)").arg(sumas, primeras),
-          {a[0]})) return error;
-  return bd.ejecutar(QStringLiteral("DELETE FROM TDETALLEZ1 WHERE nidZ1 = ?1 AND rowid NOT IN (%1)").arg(primeras),
-                     {a[0]});
+  const QString grupos = sinFinales(
+      "SELECT MIN(primera) AS primera, SUM(cantidad) AS cantidad, SUM(monto) AS monto FROM (SELECT MIN(rowid) AS "
+      "primera, SUM(nProdCant) AS cantidad, SUM(nMonto) AS monto, cCajaCodi, date(dOperFech) AS dia, cAlmaCode, "
+      "cdocTipo, cProdCode FROM TDETALLEZ1 WHERE nidZ1 = ?1 GROUP BY cProdCode, cdocTipo, dia, cCajaCodi, cAlmaCode) "
+      "GROUP BY ~cCajaCodi, dia, ~cAlmaCode, ~cdocTipo, ~cProdCode");
+  if (auto error = bd.ejecutar(QStringLiteral("UPDATE TDETALLEZ1 SET nProdCant = g.cantidad, nMonto = g.monto FROM "
+                                              "(%1) g WHERE TDETALLEZ1.rowid = g.primera").arg(grupos),
+                               {a[0]})) return error;
+  return bd.ejecutar(QStringLiteral("DELETE FROM TDETALLEZ1 WHERE nidZ1 = ?1 AND rowid NOT IN (SELECT primera FROM "
+                                    "(%1))").arg(grupos), {a[0]});
 }
 
-// The movements of the days that the till has sent something of, by the mark of the rows here.
+// The movements of the days that the till has sent something of, by the mark of the rows here. Till and mark are of the
+// desks' own making, without blanks, and found by their index.
 Error insertaSincronizacion(AccesoMotor& bd, const QVariantList& a, Recordset&) {
   Recordset dias;
-  if (auto error = bd.consultar(sinFinales("SELECT date(dOperFech) FROM Operacion WHERE ~cCajaCodi = ?1 AND "
-                                           "~cFlagSincronizacion = '0' UNION SELECT date(dOperFech) FROM "
-                                           "OperacionParalela "
-                                           "WHERE ~cCajaCodi = ?1 AND ~cFlagSincronizacion = '0'"),
-                                {a[0]}, dias)) {
+  if (auto error = bd.consultar(
+          QStringLiteral("SELECT date(dOperFech) FROM Operacion WHERE cCajaCodi = ?1 AND cFlagSincronizacion = '0' "
+                         "UNION SELECT date(dOperFech) FROM OperacionParalela WHERE cCajaCodi = ?1 AND "
+                         "cFlagSincronizacion = '0'"),
+          {a[0]}, dias)) {
     return error;
   }
   for (const auto& f : dias) {
@@ -85,8 +85,8 @@ Error insertaSincronizacion(AccesoMotor& bd, const QVariantList& a, Recordset&) 
     if (auto error = rehacerMovimientos(bd, dia, a[0].toString())) return error;
   }
   for (const char* tabla : {"Operacion", "OperacionParalela"}) {
-    if (auto error = bd.ejecutar(sinFinales("UPDATE %1 SET cFlagSincronizacion = '1' WHERE ~cCajaCodi = ?1 AND "
-                                            "~cFlagSincronizacion = '0'")
+    if (auto error = bd.ejecutar(QStringLiteral("UPDATE %1 SET cFlagSincronizacion = '1' WHERE cCajaCodi = ?1 AND "
+                                                "cFlagSincronizacion = '0'")
                                      .arg(QLatin1String(tabla)),
                                  {a[0]})) {
       return error;

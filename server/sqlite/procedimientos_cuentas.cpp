@@ -111,21 +111,21 @@ Error rehacerMovimientos(AccesoMotor& bd, QDate dia, const QString& caja) {
                                valores)) {
     return error;
   }
+  // As in the detail of a Z: what is alike to the letter first.
   return bd.ejecutar(
       sinFinales("INSERT INTO ZANKEBMOVIVNTA (dFecha, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nCantidad, "
                  "nMonto) "
-                 "SELECT ?1, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, SUM(nProdCant), "
-                 "round(SUM(nProdCant * nProdPrecUnit * (1 + nDscto / 100.0)), 6) FROM ("
-                 "SELECT cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, nProdCant, nProdPrecUnit, nDscto FROM "
-                 "Operacion "
+                 "SELECT ?1, cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, SUM(cantidad), round(SUM(monto), 6) "
+                 "FROM (SELECT cCajaCodi, cAlmaCode, cDocTipo, cDocSerie, cProdCode, SUM(nProdCant) AS cantidad, "
+                 "SUM(nProdCant * nProdPrecUnit * (1 + nDscto / 100.0)) AS monto FROM Operacion "
                  "WHERE dOperFech >= ?1 AND dOperFech < ?2 AND (?3 = '' OR ~cCajaCodi = ?3) AND cOperFlagAnula = 0 "
-                 "AND cOperTipo <> 3 AND CAST(cProdCode AS INTEGER) <> 0 UNION ALL "
-                 "SELECT o.cCajaCodi, p.cAlmaCode, o.cDocTipo, o.cDocSerie, p.cProdCode, p.nProdCant, p.nProdPrecUnit, "
-                 "p.nDscto "
+                 "AND cOperTipo <> 3 GROUP BY cProdCode, cDocSerie, cDocTipo, cCajaCodi, cAlmaCode UNION ALL "
+                 "SELECT o.cCajaCodi, p.cAlmaCode, o.cDocTipo, o.cDocSerie, p.cProdCode, p.nProdCant, p.nProdCant * "
+                 "p.nProdPrecUnit * (1 + p.nDscto / 100.0) "
                  "FROM OperacionParalela o, OperacionParalelaProducto p WHERE o.dOperFech >= ?1 AND o.dOperFech < ?2 "
-                 "AND (?3 = '' OR ~o.cCajaCodi = ?3) AND ~p.cCajaCodi = ~o.cCajaCodi AND p.cOperCode = o.cOperCode "
+                 "AND (?3 = '' OR ~o.cCajaCodi = ?3) AND p.cCajaCodi = o.cCajaCodi AND p.cOperCode = o.cOperCode "
                  "AND o.cOperCodeAnul = 0 AND ~o.cEstado <> '0' AND (o.cOperTipo = 21 OR o.cOperTipo = 20 AND "
-                 "o.cOperCodeRela = 0) AND CAST(p.cProdCode AS INTEGER) <> 0) "
+                 "o.cOperCodeRela = 0)) WHERE CAST(cProdCode AS INTEGER) <> 0 "
                  "GROUP BY ~cCajaCodi, ~cAlmaCode, ~cDocTipo, ~cDocSerie, ~cProdCode"),
       valores);
 }

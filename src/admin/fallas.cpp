@@ -45,8 +45,50 @@ class MotorConFallas final : public Motor {
     return paso(QStringLiteral("ROLLBACK"), [&] { return real_->deshacer(); });
   }
   QString traducir(const QString& sql) override { return real_->traducir(sql); }
+  void deUnaPieza(bool si) override { real_->deUnaPieza(si); }
+  int filasPorSentencia() const override { return real_->filasPorSentencia(); }
+  std::unique_ptr<Repetida> repetir(const QString& sql) override {
+    auto real = real_->repetir(sql);
+    if (!real) return {};
+    return std::make_unique<RepetidaConFallas>(*this, sql, std::move(real));
+  }
+  std::unique_ptr<CursorBD> abrirCursor(const QString& sql) override {
+    auto real = real_->abrirCursor(sql);
+    if (!real) return {};
+    return std::make_unique<CursorConFallas>(*this, sql, std::move(real));
+  }
 
  private:
+  // Each piece that is read so is a step,
+  class CursorConFallas final : public CursorBD {
+   public:
+    CursorConFallas(MotorConFallas& motor, QString sql, std::unique_ptr<CursorBD> real)
+        : motor_(motor), sql_(std::move(sql)), real_(std::move(real)) {}
+    std::optional<ErrorBD> seguir(qsizetype filas, Recordset& rs) override {
+      rs = {};
+      return motor_.paso(sql_, [&] { return real_->seguir(filas, rs); });
+    }
+
+   private:
+    MotorConFallas& motor_;
+    const QString sql_;
+    std::unique_ptr<CursorBD> real_;
+  };
+  // and each row that goes in so.
+  class RepetidaConFallas final : public Repetida {
+   public:
+    RepetidaConFallas(MotorConFallas& motor, QString sql, std::unique_ptr<Repetida> real)
+        : motor_(motor), sql_(std::move(sql)), real_(std::move(real)) {}
+    std::optional<ErrorBD> correr(const std::vector<CeldaBD>& valores) override {
+      return motor_.paso(sql_, [&] { return real_->correr(valores); });
+    }
+
+   private:
+    MotorConFallas& motor_;
+    const QString sql_;
+    std::unique_ptr<Repetida> real_;
+  };
+
   template <typename Llamada>
   std::optional<ErrorBD> paso(const QString& sql, Llamada llamada) {
     if (!fallas_.catalogo && esDeCatalogo(sql)) return llamada();

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollBar>
 #include <QStackedWidget>
@@ -15,12 +16,17 @@
 #include <QStyleOptionComboBox>
 #include <QTabBar>
 #include <QToolButton>
+#include <algorithm>
 
 #include "platform/ui/anillo_foco.h"
 #include "platform/ui/cifra.h"
 #include "platform/ui/tecla_articulo.h"
+#include "platform/ui/tema.h"
 
 namespace {
+
+constexpr int kMargenCelda = 12;  // both sides
+constexpr int kLetraTitulo_pt = 11;
 
 QString nombreDe(const QWidget& w) {
   if (!w.objectName().isEmpty()) return w.objectName();
@@ -82,17 +88,37 @@ bool cortado(const QWidget& w) {
   return false;
 }
 
+// Dates of the first rows without their year; figures shrink, and a name may be longer than its column.
+QStringList fechasCortadas(const QAbstractItemView& t, const QHeaderView& h) {
+  static const QRegularExpression fecha(QStringLiteral("^\\d\\d/\\d\\d/\\d{4}"));
+  QStringList r;
+  for (int fila = 0; fila < std::min(t.model()->rowCount(), 20); ++fila) {
+    for (int n = 0; n < h.count(); ++n) {
+      const QString texto = t.model()->index(fila, n).data().toString();
+      const bool cabe = QFontMetrics(t.font()).horizontalAdvance(texto) + kMargenCelda <= h.sectionSize(n);
+      if (!cabe && !h.isSectionHidden(n) && texto.contains(fecha))
+        r << QStringLiteral("%1: la fecha «%2» no cabe").arg(nombreDe(t), texto);
+    }
+  }
+  return r;
+}
+
 QStringList titulosCortados(const QWidget& w) {
   QStringList r;
   if (auto* t = qobject_cast<const QAbstractItemView*>(&w)) {
-    const auto* h = t->findChild<QHeaderView*>();
-    if (!h || !h->isVisible() || h->orientation() != Qt::Horizontal) return r;
-    QFont letra = h->font();
-    letra.setBold(true);
+    const auto lados = t->findChildren<QHeaderView*>();  // a table has one at its side, too
+    const auto suyo = std::find_if(lados.begin(), lados.end(),
+                                   [](const QHeaderView* l) { return l->orientation() == Qt::Horizontal; });
+    if (suyo == lados.end() || !(*suyo)->isVisible()) return r;
+    const QHeaderView* h = *suyo;
+    r << fechasCortadas(*t, *h);
+    QFont letra = h->font();  // not that of its titles, which the style sheet knows alone
+    letra.setPointSize(tema::pt(kLetraTitulo_pt));
+    letra.setWeight(QFont::DemiBold);
     for (int n = 0; n < h->count(); ++n) {
       const QString titulo = h->model()->headerData(n, Qt::Horizontal).toString();
       const int pide = QFontMetrics(letra).size(0, titulo).width();
-      if (h->isSectionHidden(n) || pide + 8 <= h->sectionSize(n)) continue;
+      if (h->isSectionHidden(n) || pide + tema::px(kMargenCelda) <= h->sectionSize(n)) continue;
       r << QStringLiteral("%1: el título «%2» no cabe").arg(nombreDe(w), titulo);
     }
   }

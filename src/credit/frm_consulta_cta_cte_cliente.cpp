@@ -41,7 +41,7 @@ frmConsultaCtaCteCliente::frmConsultaCtaCteCliente(Puesto& p, BuscadorClientes& 
                  {QStringLiteral("Documento"), QStringLiteral("Serie"), QStringLiteral("Numero"),
                   QStringLiteral("Fec Emision"), QStringLiteral("Moneda"), QStringLiteral("Total Vta"),
                   QStringLiteral("Total Vta USD"), QStringLiteral("M. Restante"), QStringLiteral("M. Restante USD")},
-                 {0.11, 0.06, 0.085, 0.12, 0.095, 0.105, 0.14, 0.12, 0.165},
+                 {0.115, 0.065, 0.085, 0.12, 0.09, 0.1, 0.14, 0.12, 0.165},
                  {false, false, false, false, false, true, true, true, true});
   documentos_->textoVacio = QStringLiteral("Escriba una tarjeta y pulse Enter, y luego Consultar");
   cuerpo()->addWidget(documentos_, 3);

@@ -81,8 +81,8 @@ std::optional<ErrorBD> preparar(Puesto& p, qint64 cCodVta, Nota& n, ActoDoble& a
   Conexion& central = p.poCnnCentral;
   EstadoDocumento e;
   if (auto error = LeerBloqueado(central, DeCodigo(cCodVta), e)) return error;
-  if (n.papel.total > e.porConsumir()) return RechazoDelActo(noPuedeConsumir(Formatear(e.porConsumir(), kImporte)));
   n.papel.documento = e;
+  if (n.papel.total > e.porConsumir()) return RechazoDelActo(noPuedeConsumir(Formatear(e.porConsumir(), kImporte)));
   if (auto error = TomarNumeroParalelo(p, central, TipoDocumento::NC, n.numero)) return error;
   n.papel.numero = n.numero.documento;
   acto.nombre = QStringLiteral("nota ") + n.papel.numero.serie + u'-' + NumeroEscrito(n.papel.numero.numero);
@@ -169,7 +169,12 @@ std::optional<QString> GrabarNota(Puesto& p, CajaFacturacionPagos& todo, Pantall
   if (!AutorizarLineas(pantallas, v.rejilla, n.papel.supervisor) || !AbrirCentralDelActo(p)) return QString();
   const FinCredito fin = HacerActo(p, QStringLiteral("La nota de consumo"),
                                    [&](ActoDoble& acto) { return preparar(p, cCodVta, n, acto); });
-  if (fin == FinCredito::Nada) return QString();
+  if (fin == FinCredito::Nada) {
+    // What another desk took meanwhile shows.
+    const EstadoDocumento& e = n.papel.documento;
+    if (e.cCodVta != 0) v.txtMontoPorConsumirDocumento = Formatear(e.porConsumir(), kImporte);
+    return QString();
+  }
   AvisarCorreccion(p, n.numero);
   if (fin == FinCredito::Hecho) ImprimirNota(p, n.papel);
   LimpiarNota(v);

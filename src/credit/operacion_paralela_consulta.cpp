@@ -129,8 +129,8 @@ const std::vector<ColumnaConsulta>& ColumnasOperacion() {
   static const std::vector<C> columnas{
       {u"TX", 0.06, C::Numero}, {u"Tipo", 0.085}, {u"Fecha", 0.19, C::Fecha}, {u"Tarjeta", 0.1},
       {u"Documento", 0.115}, {u"Glosa", 0.195}, {u"(S/.)", 0.1, C::Numero}, {u"Efectivo", 0.1, C::Numero},
-      {u"Vuelto", 0.09, C::Numero}, {u"Estado", 0.07}, {u"Caja", 0.06}, {u"Sinc.", 0.05}, {u"Turno", 0.06},
-      {u"Usuario", 0.1}, {u"TXRelac.", 0.08, C::Numero}, {u"TXAnul.", 0.08, C::Numero}};
+      {u"Vuelto", 0.09, C::Numero}, {u"Estado", 0.08}, {u"Caja", 0.065}, {u"Sinc.", 0.06}, {u"Turno", 0.07},
+      {u"Usuario", 0.1}, {u"TXRelac.", 0.095, C::Numero}, {u"TXAnul.", 0.09, C::Numero}};
   // clang-format on
   return columnas;
 }
@@ -139,9 +139,9 @@ const std::vector<ColumnaConsulta>& ColumnasProducto() {
   using C = ColumnaConsulta;
   // clang-format off
   static const std::vector<C> columnas{
-      {u"Alm.", 0.05}, {u"Cod.", 0.06, C::Numero}, {u"Cod. Catalogo", 0.14}, {u"Descripción", 0.26},
-      {u"Abrev.", 0.16}, {u"Cant.", 0.08, C::Numero}, {u"PUnit(S/.)", 0.1, C::Numero}, {u"Dscto(%)", 0.09, C::Numero},
-      {u"Serv.(%)", 0.09, C::Numero}, {u"TipoCanje", 0.09}, {u"Puntos", 0.07, C::Numero}, {u"Servicio", 0.08},
+      {u"Alm.", 0.06}, {u"Cod.", 0.06, C::Numero}, {u"Cod. Catalogo", 0.14}, {u"Descripción", 0.26},
+      {u"Abrev.", 0.16}, {u"Cant.", 0.08, C::Numero}, {u"PUnit(S/.)", 0.105, C::Numero}, {u"Dscto(%)", 0.1, C::Numero},
+      {u"Serv.(%)", 0.09, C::Numero}, {u"TipoCanje", 0.105}, {u"Puntos", 0.08, C::Numero}, {u"Servicio", 0.09},
       {u"UM", 0.09}, {u"Estado", 0.08}};
   // clang-format on
   return columnas;

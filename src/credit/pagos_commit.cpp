@@ -150,6 +150,7 @@ std::optional<ErrorBD> preparar(Puesto& p, const TabPagos& v, PagoCredito& pago,
   const Sql donde = DeNumero(doc, v.documento->cSerieDoc, v.documento->NroDoc);
   EstadoDocumento e;
   if (auto error = LeerBloqueado(central, donde, e)) return error;
+  pago.documento = e;
   if (!Cabe(e, pago.importe)) {
     return RechazoDelActo(QStringLiteral("El monto a pagar no debe ser mayor que el saldo") +
                           QStringLiteral(": ahora es de S/. ") + Formatear(e.saldo(), u"0.00") +
@@ -161,7 +162,6 @@ std::optional<ErrorBD> preparar(Puesto& p, const TabPagos& v, PagoCredito& pago,
   if (pago.esDetraccion && Redondear(*e.detraccion, 2) != pago.importe.soles) {
     return RechazoDelActo(QStringLiteral("El monto de la detracción cambió; vuelva a elegir el documento."));
   }
-  pago.documento = e;
   if (auto error = TomarNumeroParalelo(p, central, *DatosDe(claseDelRecibo(pago)).documento, pago.recibo)) return error;
   acto.nombre =
       QStringLiteral("pago ") + pago.recibo.documento.serie + u'-' + NumeroEscrito(pago.recibo.documento.numero);
@@ -206,7 +206,14 @@ std::optional<QString> GrabarPago(Puesto& p, CajaFacturacionPagos& v) {
   }
   const FinCredito fin =
       HacerActo(p, QStringLiteral("El pago"), [&](ActoDoble& acto) { return preparar(p, v.pago, pago, acto); });
-  if (fin == FinCredito::Nada) return QString();
+  if (fin == FinCredito::Nada) {
+    // What another desk paid meanwhile shows.
+    if (pago.documento.cCodVta != 0) {
+      v.pago.lblSaldoSoles = Formatear(pago.documento.saldo(), u"0.00");
+      v.pago.lblSaldoDolares = Formatear(pago.documento.saldoUSD(), u"0.00");
+    }
+    return QString();
+  }
   AvisarCorreccion(p, pago.recibo);
   const EstadoDocumento e = despues(p, pago);
   if (fin == FinCredito::Hecho) entregarRecibo(p, pago, e.saldo());

@@ -7,9 +7,9 @@ namespace {
 std::vector<ColumnaRejilla> columnasDeLineas(bool conPorcentaje) {
   //  title                            width right  typed  button hidden
   return {
-      {QStringLiteral("Item"), 88, true, false, false, false},
+      {QStringLiteral("Item"), 82, true, false, false, false},
       {QStringLiteral("Cod."), 94, false, true, false, false},
-      {QStringLiteral("Cod. Catalog"), 122, false, true, false, false},
+      {QStringLiteral("Cod. Catalog"), 128, false, true, false, false},
       {QStringLiteral("Descripción"), 190, false, false, false, false},
       {QString(), 30, false, false, true, false},
       {QString(), 0, false, false, false, true},
@@ -20,7 +20,7 @@ std::vector<ColumnaRejilla> columnasDeLineas(bool conPorcentaje) {
       {QStringLiteral("SubTotal"), 112, true, true, false, false},
       {QStringLiteral("Canje"), 70, false, false, false, false},
       {QStringLiteral("Ptos."), 60, true, false, false, false},
-      {QStringLiteral("(%) Serv."), 92, false, false, false, false},
+      {QStringLiteral("(%) Serv."), 96, false, false, false, false},
       {QStringLiteral("Serv"), 86, true, false, false, false},
       {QStringLiteral("Igv"), 86, true, false, false, false},
   };

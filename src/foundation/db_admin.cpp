@@ -73,7 +73,15 @@ void clsDBAdmin::anotarSilencio(const Conexion& cnn, const ErrorBD& error) {
 }
 
 bool clsDBAdmin::EjecutarConsulta(Conexion& cnn, const Sql& sql, Recordset& rs) {
-  const auto error = cnn.consultar(sql, rs);
+  return decirFallo(cnn, sql, cnn.consultar(sql, rs));
+}
+
+bool clsDBAdmin::SeguirConsulta(Conexion& cnn, const Sql& sql, CursorBD& cursor, qsizetype filas, Recordset& rs) {
+  return decirFallo(cnn, sql, cursor.seguir(filas, rs));
+}
+
+// True without an error.
+bool clsDBAdmin::decirFallo(Conexion& cnn, const Sql& sql, const std::optional<ErrorBD>& error) {
   if (!error) return true;
   anotarSilencio(cnn, *error);
   p_.mensajes.mostrar(error->descripcion + QStringLiteral(" - ") + sql.texto(cnn.dialecto()));
@@ -91,6 +99,17 @@ bool clsDBAdmin::EjecutarSentencia(Conexion& cnn, const Sql& sql, bool flagMensa
 }
 
 QString LimpiarNulo(const QVariant& valor) { return valor.isNull() ? QString() : textoDe(valor); }
+
+QString LimpiarNulo(const CeldaBD& valor) {
+  if (valor.tipo == CeldaBD::Tipo::Entera) return QString::number(valor.entera);
+  return LimpiarNulo(valor.valor());
+}
+
+double Numero(const CeldaBD& valor) {
+  if (valor.tipo == CeldaBD::Tipo::Entera) return static_cast<double>(valor.entera);
+  if (valor.tipo == CeldaBD::Tipo::Real) return valor.real;
+  return Numero(valor.valor());
+}
 
 double Numero(const QVariant& valor) {
   switch (valor.typeId()) {

@@ -28,6 +28,8 @@ class clsDBAdmin {
   // Fills `rs` with all rows. On failure false, `rs` empty, and always a box with the engine's words and the
   // statement.
   [[nodiscard]] bool EjecutarConsulta(Conexion& cnn, const Sql& sql, Recordset& rs);
+  // The same for the next rows of a cursor over `sql`, `filas` at most.
+  [[nodiscard]] bool SeguirConsulta(Conexion& cnn, const Sql& sql, CursorBD& cursor, qsizetype filas, Recordset& rs);
   // Runs a statement. On failure false; with `flagMensaje` a box as above, but none for a duplicate key. `afectadas`
   // gets the number of rows that it changed.
   [[nodiscard]] bool EjecutarSentencia(Conexion& cnn, const Sql& sql, bool flagMensaje = false,
@@ -35,6 +37,7 @@ class clsDBAdmin {
 
  private:
   void anotarSilencio(const Conexion& cnn, const ErrorBD& error);
+  bool decirFallo(Conexion& cnn, const Sql& sql, const std::optional<ErrorBD>& error);
 
   Puesto& p_;
   QString ultimoFallo_;
@@ -42,6 +45,8 @@ class clsDBAdmin {
 
 // The value's text, blanks off both ends; "" for Null. Numbers as TextoDe, dates as "dd/mm/yyyy hh:mm:ss".
 QString LimpiarNulo(const QVariant& valor);
+QString LimpiarNulo(const CeldaBD& valor);
 
 // The value's number; 0 for Null and for a text without one.
 double Numero(const QVariant& valor);
+double Numero(const CeldaBD& valor);

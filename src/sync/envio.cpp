@@ -13,8 +13,6 @@ namespace {
 
 qint64 entero(const QVariant& v) { return AEntero(Numero(v)); }
 
-QString claveDeDocumento(const QString& serie, const QString& numero) { return serie + u'-' + numero; }
-
 }  // namespace
 
 // A closing half done keeps everything here.
@@ -162,27 +160,33 @@ ClienteTarjeta Envio::cliente(const QString& tarjeta, int local) {
 }
 
 std::optional<QSet<QString>> Envio::contabilizados(const Filas& filas) {
-  QSet<QString> hallados;
-  std::vector<Sql> numeros;
+  QSet<QString> hallados, series, numeros;
   for (const auto& f : filas) {
-    numeros.push_back(FormatearSQL(u"'$'"_sql, {Texto(NumeroCentral(f[u"cDocCodigo"]))}));
+    series.insert(LimpiarNulo(f[u"cDocSerie"]));
+    numeros.insert(NumeroCentral(f[u"cDocCodigo"]));
   }
+  const auto lista = [](const QSet<QString>& textos) {
+    std::vector<Sql> piezas;
+    for (const QString& t : textos) piezas.push_back(FormatearSQL(u"'$'"_sql, {Texto(t)}));
+    return UnirSql(piezas, u", "_sql);
+  };
   Recordset rs;
   if (filas.size() == 1) {
-    const QString serie = LimpiarNulo(filas[0][u"cDocSerie"]);
+    const QString &serie = *series.begin(), &numero = *numeros.begin();
     if (!p_.poDBAdmin.EjecutarConsulta(p_.poCnnCentral,
                                        FormatearSQL(u"SELECT  Count(*) as nroreg   FROM  Cuentacte  WHERE  cSerieDoc = "
-                                                    "'$'    AND  cNroDoc  = $    AND  cCodCaja = '$' "_sql,
-                                                    {Texto(serie), numeros[0], Texto(p_.ses.psCaja)}),
+                                                    "'$'    AND  cNroDoc  = '$'    AND  cCodCaja = '$' "_sql,
+                                                    {Texto(serie), Texto(numero), Texto(p_.ses.psCaja)}),
                                        rs)) {
       return {};
     }
-    if (Numero(rs[u"nroreg"]) > 0) hallados.insert(claveDeDocumento(serie, NumeroCentral(filas[0][u"cDocCodigo"])));
+    if (Numero(rs[u"nroreg"]) > 0) hallados.insert(claveDeDocumento(serie, numero));
     return hallados;
   }
   if (p_.poCnnCentral.consultar(
-          FormatearSQL(u"SELECT DISTINCT cSerieDoc, cNroDoc FROM Cuentacte WHERE cCodCaja = '$' AND cNroDoc IN ($)"_sql,
-                       {Texto(p_.ses.psCaja), UnirSql(numeros, u", "_sql)}),
+          FormatearSQL(u"SELECT DISTINCT cSerieDoc, cNroDoc FROM Cuentacte WHERE cCodCaja = '$' AND cSerieDoc IN ($) "
+                       "AND cNroDoc IN ($)"_sql,
+                       {Texto(p_.ses.psCaja), lista(series), lista(numeros)}),
           rs)) {
     return {};
   }

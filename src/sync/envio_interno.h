@@ -16,6 +16,8 @@ inline Sql ParalelaPorEnviar() {
       {Codigos(kSinDocumento)});
 }
 
+inline QString claveDeDocumento(const QString& serie, const QString& numero) { return serie + u'-' + numero; }
+
 class Envio {
  public:
   Envio(Puesto& p, FrmUpdt& pantalla) : p_(p), pantalla_(pantalla) {}
@@ -49,6 +51,8 @@ class Envio {
   FinFila operacion(const Recordset::Fila& f);
   std::vector<FinFila> lote(const Filas& filas);
   Error enviarLote(const Filas& filas, std::vector<FinFila>& fines, const std::vector<bool>& estaban);
+  bool llevaDetalle(qint64 id) const;
+  Error marcar(const Recordset::Fila& f);
   Error siguienteId(qint64& id);
 
   // envio_paralelas.cpp
@@ -80,4 +84,6 @@ class Envio {
   bool quedaban_ = false;  // rows of operations that were not there when the run began
   bool cabecera_ = false;  // psIdZ1 heads the detail of this run
   QHash<QString, ClienteTarjeta> clientes_;
+  std::unique_ptr<OperacionesCentral> deUna_, nuevas_;
+  std::unique_ptr<Repetida> marca_;  // of a row of operations here
 };

@@ -14,6 +14,9 @@ QString codigoDe(const Recordset::Fila& f) { return LimpiarNulo(f[u"cOperCode"])
 const Palabras kPalabras{QStringLiteral("Se insertó en el Servidor la Operación de código: "),
                          QStringLiteral("No se pudo insertar en el Servidor la Operación de código: ")};
 
+// So few that other desks do not wait long for the locks of their transaction, so many that two commits are little.
+constexpr qsizetype kFilasPorLote = 1000;
+
 // Every line of a document that the accounts have posted; money of a parallel document may share its code.
 Sql marcaDeDocumento(const Recordset::Fila& f) {
   return FormatearSQL(u"UPDATE operacion SET cFlagSincronizacion = '1' WHERE cOperCode = $ AND cDocSerie = '$'"
@@ -33,23 +36,32 @@ Envio::Error Envio::siguienteId(qint64& id) {
   return error;
 }
 
+Envio::Error Envio::marcar(const Recordset::Fila& f) {
+  const auto marca = [](qint64 codigo, qint64 id) {
+    return FormatearSQL(u"UPDATE OPERACION SET cFlagSincronizacion = '1' WHERE cOperCOde = $ AND cOperId=$"_sql,
+                        {codigo, id});
+  };
+  const qint64 codigo = entero(f[u"cOperCode"]), id = entero(f[u"cOperID"]);
+  if (!marca_) marca_ = p_.poCnnLocal.repetir(marca(1, 1));
+  if (!marca_) return p_.poCnnLocal.ejecutar(marca(codigo, id));
+  return marca_->correr({CeldaBD(QByteArrayView("1")), CeldaBD(codigo), CeldaBD(id)});
+}
+
 FinFila Envio::operacion(const Recordset::Fila& f) {
   const QString codigo = codigoDe(f);
   const qint64 id = entero(f[u"cOperID"]);
-  const Sql marca =
-      FormatearSQL(u"UPDATE OPERACION SET cFlagSincronizacion = '1' WHERE cOperCOde = $ AND cOperId=$"_sql,
-                   {entero(f[u"cOperCode"]), id});
   if (cotejar_ && cotejo_.tomar(Cotejo::claveDeOperacion(f))) {
-    return {p_.poCnnLocal.ejecutar(marca) ? Suerte::Fallo : Suerte::Callada, codigo};
+    return {marcar(f) ? Suerte::Fallo : Suerte::Callada, codigo};
   }
-  const DatosFilaCentral datos{
-      p_.ses.psCaja, cliente(LimpiarNulo(f[u"nTarjNumb"]), static_cast<int>(entero(f[u"IdLocal"]))), u"'0'"_sql};
+  const DatosFilaCentral datos{p_.ses.psCaja,
+                               cliente(LimpiarNulo(f[u"nTarjNumb"]), static_cast<int>(entero(f[u"IdLocal"]))), u"0"_qs};
   const auto acabar = [&](Suerte suerte) {
     deshacerAmbas();
     if (suerte == Suerte::Termina) cortado();
     return FinFila{suerte, codigo};
   };
   if (p_.poCnnCentral.iniciar()) return acabar(Suerte::Termina);
+  p_.poCnnCentral.deUnaPieza(true);
   const auto posteados = contabilizados({f});
   if (!posteados) return acabar(Suerte::Termina);
   if (!posteados->isEmpty()) {
@@ -60,15 +72,15 @@ FinFila Envio::operacion(const Recordset::Fila& f) {
   }
   qint64 alla = 0;
   if (siguienteId(alla)) return acabar(Suerte::Termina);
-  if (const auto error = p_.poCnnCentral.ejecutar(kCabezaOperacion + TuplaOperacion(f, alla, datos))) {
+  if (!deUna_) deUna_ = std::make_unique<OperacionesCentral>(p_.poCnnCentral, true);
+  if (deUna_->tomar(f, alla, datos)) {
     p_.registro.RegistrarErrorLog(QStringLiteral("No se pudo insertar la operacion de Codigo: ") + codigo);
     return acabar(Suerte::Callada);
   }
-  if (p_.poCnnLocal.iniciar() || p_.poCnnLocal.ejecutar(marca)) return acabar(Suerte::Fallo);
-  const bool tieneDetalle =
-      std::any_of(conDetalle_.begin(), conDetalle_.end(), [id](const auto& r) { return r.tieneOperacion(id); });
-  if (cabecera_ && !tieneDetalle) {
-    (void)p_.poCnnCentral.ejecutar(kCabezaDetalleZ1 + TuplaDetalleZ1(f, f, p_.ses.psIdZ1, p_.ses.psCaja));
+  if (p_.poCnnLocal.iniciar() || marcar(f)) return acabar(Suerte::Fallo);
+  if (llevaDetalle(id)) {
+    p_.poCnnCentral.deUnaPieza(false);
+    (void)p_.poCnnCentral.ejecutar(kCabezaDetalleZ1 + DetalleZ1(f, f).tupla(p_.ses.psIdZ1, p_.ses.psCaja));
   }
   if (confirmarAmbas()) return acabar(Suerte::Fallo);
   return {Suerte::Hecha, codigo};
@@ -88,39 +100,48 @@ std::vector<FinFila> Envio::lote(const Filas& filas) {
   return {};
 }
 
+// Whether the detail of this row is to be written here.
+bool Envio::llevaDetalle(qint64 id) const {
+  return cabecera_ &&
+         std::none_of(conDetalle_.begin(), conDetalle_.end(), [id](const auto& r) { return r.tieneOperacion(id); });
+}
+
 Envio::Error Envio::enviarLote(const Filas& filas, std::vector<FinFila>& fines, const std::vector<bool>& estaban) {
   const ErrorBD deUnaEnUna{kErrorGeneral, 0, {}};
   if (auto e = p_.poCnnCentral.iniciar()) return e;
+  p_.poCnnCentral.deUnaPieza(true);
   const auto posteados = contabilizados(filas);
   // A posted document is rare and has words of its own.
   if (!posteados) return deUnaEnUna;
   qint64 alla = 0;
   if (auto e = siguienteId(alla)) return e;
-  std::vector<Sql> tuplas, detalles, ids;
+  if (!nuevas_) nuevas_ = std::make_unique<OperacionesCentral>(p_.poCnnCentral, false);
+  nuevas_->dejar();
+  DetallesZ1 detalles;
   for (size_t i = 0; i < filas.size(); ++i) {
     const Recordset::Fila& f = filas[i];
-    const qint64 id = entero(f[u"cOperID"]);
-    ids.push_back(FormatearSQL(u"$"_sql, {id}));
     if (estaban[i]) {
       fines.push_back({});
       continue;
     }
-    if (posteados->contains(LimpiarNulo(f[u"cDocSerie"]) + u'-' + NumeroCentral(f[u"cDocCodigo"]))) return deUnaEnUna;
-    tuplas.push_back(TuplaOperacion(
-        f, alla++,
-        {p_.ses.psCaja, cliente(LimpiarNulo(f[u"nTarjNumb"]), static_cast<int>(entero(f[u"IdLocal"]))), u"'0'"_sql}));
-    const bool tieneDetalle =
-        std::any_of(conDetalle_.begin(), conDetalle_.end(), [id](const auto& r) { return r.tieneOperacion(id); });
-    if (cabecera_ && !tieneDetalle) detalles.push_back(TuplaDetalleZ1(f, f, p_.ses.psIdZ1, p_.ses.psCaja));
+    if (!posteados->isEmpty() &&
+        posteados->contains(claveDeDocumento(LimpiarNulo(f[u"cDocSerie"]), NumeroCentral(f[u"cDocCodigo"])))) {
+      return deUnaEnUna;
+    }
+    const ClienteTarjeta suyo = cliente(LimpiarNulo(f[u"nTarjNumb"]), static_cast<int>(entero(f[u"IdLocal"])));
+    if (auto e = nuevas_->tomar(f, alla++, {p_.ses.psCaja, suyo, u"0"_qs})) return e;
+    if (llevaDetalle(entero(f[u"cOperID"]))) detalles.sumar(DetalleZ1(f, f));
     fines.push_back({Suerte::Hecha, codigoDe(f)});
   }
-  if (auto e = InsertarTuplas(p_.poCnnCentral, kCabezaOperacion, tuplas)) return e;
-  if (auto e = p_.poCnnLocal.iniciar()) return e;
-  if (auto e = p_.poCnnLocal.ejecutar(u"UPDATE OPERACION SET cFlagSincronizacion = '1' WHERE cOperId IN ("_sql +
-                                      UnirSql(ids, u", "_sql) + u")"_sql)) {
+  if (auto e = nuevas_->terminar()) return e;
+  if (auto e = InsertarTuplas(p_.poCnnCentral, kCabezaDetalleZ1, detalles.tuplas(p_.ses.psIdZ1, p_.ses.psCaja))) {
     return e;
   }
-  return InsertarTuplas(p_.poCnnCentral, kCabezaDetalleZ1, detalles);
+  if (auto e = p_.poCnnLocal.iniciar()) return e;
+  for (const auto& f : filas) {
+    if (auto e = marcar(f)) return e;
+  }
+  return {};
 }
 
 FinPasada Envio::operaciones() {
@@ -139,5 +160,6 @@ FinPasada Envio::operaciones() {
                              {kFilasPorPagina, u ? entero((*u)[u"cOperID"]) : 0, fin_, cuales});
                        },
                    .fila = [this](const Recordset::Fila& f) { return operacion(f); },
-                   .lote = [this](const Filas& filas) { return lote(filas); }});
+                   .lote = [this](const Filas& filas) { return lote(filas); },
+                   .filasPorLote = kFilasPorLote});
 }

@@ -76,7 +76,7 @@ Envio::Error Envio::enviarParalelas(const Filas& filas, const std::vector<bool>&
   for (size_t i = 0; i < filas.size(); ++i) {
     if (estaban[i]) continue;
     const ClienteTarjeta c = cliente(LimpiarNulo(filas[i][u"nTarjNumb"]), localDe(filas[i]).toInt());
-    documentos.push_back(TuplaParalela(filas[i], {p_.ses.psCaja, c, u"'0'"_sql}));
+    documentos.push_back(TuplaParalela(filas[i], {p_.ses.psCaja, c, u"0"_qs}));
   }
   if (documentos.empty()) return {};
   if (auto e = InsertarTuplas(p_.poCnnCentral, kCabezaParalela, documentos)) return e;
@@ -100,7 +100,7 @@ Envio::Error Envio::enviarParalelas(const Filas& filas, const std::vector<bool>&
                                           [codigo](const auto& r) { return r.tieneParalela(codigo); });
     const auto suyo =
         std::find_if(filas.begin(), filas.end(), [codigo](const auto& f) { return codigoDe(f) == codigo; });
-    if (cabecera_ && !tieneDetalle) detalles.push_back(TuplaDetalleZ1(l, *suyo, p_.ses.psIdZ1, p_.ses.psCaja));
+    if (cabecera_ && !tieneDetalle) detalles.push_back(DetalleZ1(l, *suyo).tupla(p_.ses.psIdZ1, p_.ses.psCaja));
   }
   if (auto e = InsertarTuplas(p_.poCnnCentral, kCabezaLineaParalela, tuplas)) return e;
   if (InsertarTuplas(p_.poCnnCentral, kCabezaDetalleZ1, detalles)) {

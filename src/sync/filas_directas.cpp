@@ -17,6 +17,11 @@ bool esEntera(double n) {
 // What the statement's own text would not carry as it is.
 bool esRara(QChar c) { return c.isNull() || (c.unicode() >= 0xFDD0 && c.unicode() <= 0xFDD2); }
 
+// In one byte each, without a null.
+bool esLlano(QByteArrayView t) {
+  return std::all_of(t.cbegin(), t.cend(), [](char c) { return static_cast<signed char>(c) > 0; });
+}
+
 Valor muestraDe(const CampoDirecto& c) {
   if (c.lee == Lee::Texto || c.fijo.typeId() == QMetaType::QString) return Texto(QStringLiteral("a"));
   if (c.lee == Lee::Dia) return Texto(QStringLiteral("02/01/2026"));
@@ -31,6 +36,11 @@ FilasDirectas::FilasDirectas(Conexion& cnn, LiteralSql plantilla, const std::vec
   for (const CampoDirecto& c : campos) muestra.push_back(muestraDe(c));
   sentencia_ = cnn.repetir(FormatearSQL(plantilla, muestra));
   valores_.resize(campos.size());
+  textos_.resize(campos.size());
+  for (size_t i = 0; i < campos.size(); ++i) {
+    if (campos[i].fijo.typeId() == QMetaType::QString) guardar(campos[i].fijo.toString(), i);
+    else if (campos[i].lee == Lee::Fijo) valores_[i] = CeldaBD(campos[i].fijo.toLongLong());
+  }
 }
 
 bool FilasDirectas::tomar(const Recordset::Fila& f) {
@@ -39,41 +49,57 @@ bool FilasDirectas::tomar(const Recordset::Fila& f) {
     for (const CampoDirecto& c : campos_) columnas_.push_back(c.lee == Lee::Fijo ? -1 : f.columna(c.nombre));
   }
   for (size_t i = 0; i < campos_.size(); ++i) {
-    if (!leer(f, i)) return false;
+    if (campos_[i].lee != Lee::Fijo && !leer(f.celda(columnas_[i]), i)) return false;
   }
   return !sentencia_->correr(valores_);
 }
 
-bool FilasDirectas::leer(const Recordset::Fila& f, size_t i) {
-  const CampoDirecto& c = campos_[i];
-  QVariant& sale = valores_[i];
-  const QVariant v = f[columnas_[i]];
-  switch (c.lee) {
-    case Lee::Texto: {
-      const QString t = LimpiarNulo(v);
-      sale = t;
-      return std::none_of(t.cbegin(), t.cend(), esRara);
-    }
+void FilasDirectas::guardar(const QString& texto, size_t i) {
+  textos_[i] = texto.toUtf8();
+  valores_[i] = CeldaBD(QByteArrayView(textos_[i]));
+}
+
+// Without the blanks round it. What is plain goes on as it lies there.
+bool FilasDirectas::texto(const CeldaBD& de, size_t i) {
+  if (de.nula() || (de.tipo == CeldaBD::Tipo::Texto && esLlano(de.texto))) {
+    QByteArrayView t = de.texto;
+    while (t.startsWith(' ')) t = t.sliced(1);
+    while (t.endsWith(' ')) t.chop(1);
+    valores_[i] = CeldaBD(t);
+    return true;
+  }
+  const QString t = LimpiarNulo(de);
+  guardar(t, i);
+  return std::none_of(t.cbegin(), t.cend(), esRara);
+}
+
+bool FilasDirectas::leer(const CeldaBD& de, size_t i) {
+  CeldaBD& sale = valores_[i];
+  switch (campos_[i].lee) {
+    case Lee::Texto: return texto(de, i);
     case Lee::Numero: {
-      const double n = Numero(v);
-      sale = static_cast<qint64>(esEntera(n) ? n : 0);
+      const double n = Numero(de);
+      sale = CeldaBD(static_cast<qint64>(esEntera(n) ? n : 0));
       return esEntera(n);
     }
     case Lee::Precio: {
-      const double n = Numero(v);
-      sale = esEntera(n) ? n : TextoDe(n).toDouble();
+      const double n = Numero(de);
+      sale = CeldaBD(esEntera(n) ? n : TextoDe(n).toDouble());
       return true;
     }
-    case Lee::Entero: sale = AEntero(Numero(v)); return true;
-    case Lee::Dia: sale = v.isNull() ? QVariant() : FormatearFecha(v.toDateTime(), u"DD/MM/YYYY"); return true;
+    case Lee::Entero: sale = CeldaBD(AEntero(Numero(de))); return true;
+    case Lee::Dia:
+      if (de.nula()) sale = {};
+      else guardar(FormatearFecha(de.valor().toDateTime(), u"DD/MM/YYYY"), i);
+      return true;
     case Lee::Codigo: {
-      const qint64 n = NumeroDeArticulo(v);
-      sale = n;
+      const qint64 n = NumeroDeArticulo(de);
+      sale = CeldaBD(n);
       return n >= 0;
     }
-    case Lee::Bit: sale = Numero(v) != 0 ? 1 : 0; return true;
-    case Lee::NoBit: sale = Numero(v) != 0 ? 0 : 1; return true;
-    case Lee::Fijo: sale = c.fijo; return true;
+    case Lee::Bit: sale = CeldaBD(qint64{Numero(de) != 0}); return true;
+    case Lee::NoBit: sale = CeldaBD(qint64{Numero(de) == 0}); return true;
+    case Lee::Fijo: return true;
   }
   return false;
 }

@@ -90,6 +90,7 @@ FinPasada PasadasDeMaestros::pasada(const Maestro& m, const Sql& donde, bool nue
                    .barra = m.barra,
                    .sePuedeDetener = true,
                    .pagina = origen,
+                   .entera = u" SELECT "_sql + m.columnas + donde,
                    .fila = una,
                    .lote = nuevas ? loteDeNuevas(m, una) : EnUnaTransaccion(p_.poCnnLocal, una),
                    .filasPorLote = kFilasPorPagina});
@@ -161,7 +162,8 @@ void PasadasDeMaestros::quitarSinLocal(LiteralSql tabla, LiteralSql clave, Liter
     (void)ejecutar(FormatearSQL(u"DELETE FROM $ WHERE IdLocal = 0 $ AND $"_sql, {tabla, condicion, cuales}));
   };
   if (marca_.isEmpty())
-    return quitar(FormatearSQL(u"$ IN (SELECT $ FROM $ WHERE IdLocal <> 0)"_sql, {clave, clave, tabla}));
+    return quitar(FormatearSQL(u"EXISTS (SELECT 1 FROM $ c WHERE c.$ = $.$ AND c.IdLocal <> 0)"_sql,
+                               {tabla, clave, tabla, clave}));
   Recordset aqui, alla;
   if (p_.poCnnLocal.consultar(
           FormatearSQL(u"SELECT $ AS cClave, COUNT(*) AS nLocales FROM $ WHERE IdLocal <> 0 AND $ IN (SELECT $ FROM $ "
@@ -200,7 +202,7 @@ FinPasada PasadasDeMaestros::clientes() {
             return FormatearSQL(u"(cClieCode >= $ AND (cClieCode > $ OR IdLocal > $))"_sql,
                                 {c, c, entero(f[u"IdLocal"])});
           },
-      .codigo = [](const auto& f) { return LimpiarNulo(f[u"cClieCode"]); },
+      .codigo = [](const auto& f) { return LimpiarNulo(f.celda(u"cClieCode")); },
       .clave = [](const auto& f) { return claveDe(f, u"cClieCode"); },
       .insertar =
           [par](const auto& f) {

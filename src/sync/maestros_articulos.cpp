@@ -28,14 +28,26 @@ int bit(const Recordset::Fila& f, QStringView campo) { return Numero(f[campo]) !
 
 }  // namespace
 
-qint64 NumeroDeArticulo(const QVariant& codigo) {
+qint64 DeCifras(QByteArrayView t) {
+  constexpr qsizetype kCifras = 15;
+  if (t.isEmpty() || t.size() > kCifras) return -1;
+  qint64 n = 0;
+  for (const char c : t) {
+    if (c < '0' || c > '9') return -1;
+    n = n * 10 + (c - '0');
+  }
+  return n;
+}
+
+qint64 NumeroDeArticulo(const CeldaBD& codigo) {
+  if (const qint64 n = DeCifras(codigo.texto); n >= 0) return n;
   const QString t = LimpiarNulo(codigo);
   return EsNumerico(t) ? AEntero(Val(t)) : -1;
 }
 
 Sql PasadasDeMaestros::filaArticulo(const Recordset::Fila& f) const {
   return FormatearSQL(kNuevoArticulo,
-                      {Texto(p_.ses.psAlmacen), NumeroDeArticulo(f[u"cCodartic"]), TextoDeCampo(f, u"vDscartic"),
+                      {Texto(p_.ses.psAlmacen), NumeroDeArticulo(f.celda(u"cCodartic")), TextoDeCampo(f, u"vDscartic"),
                        TextoDeCampo(f, u"vDscartCt"), NumeroDeCampo(f, u"nCostoArt"), 1 - bit(f, u"bSwActivo"),
                        TextoDeCampo(f, u"vRazSocPrv"), NumeroDeCampo(f, u"cFlagCanje"), NumeroDeCampo(f, u"nPtosxItem"),
                        bit(f, u"nFlagServ"), TextoDeCampo(f, u"cUndSalida"), TextoDeCampo(f, u"cCodCatal"),
@@ -51,7 +63,7 @@ Sql PasadasDeMaestros::cambioArticulo(const Recordset::Fila& f) const {
        1 - bit(f, u"bSwActivo"), TextoDeCampo(f, u"vRazSocPrv"), NumeroDeCampo(f, u"cFlagCanje"),
        NumeroDeCampo(f, u"nPtosxItem"), bit(f, u"nFlagServ"), TextoDeCampo(f, u"cUndSalida"),
        TextoDeCampo(f, u"cCodCatal"), TextoDeCampo(f, u"Linea"), bit(f, u"bFlagDetracc"),
-       NumeroDeArticulo(f[u"cCodartic"])});
+       NumeroDeArticulo(f.celda(u"cCodartic"))});
 }
 
 bool PasadasDeMaestros::articuloExiste(qint64 codigo, bool& existe) {
@@ -65,9 +77,9 @@ bool PasadasDeMaestros::articuloExiste(qint64 codigo, bool& existe) {
 }
 
 Maestro PasadasDeMaestros::maestroArticulos() {
-  const auto codigo = [](const Recordset::Fila& f) { return LimpiarNulo(f[u"cCodartic"]); };
+  const auto codigo = [](const Recordset::Fila& f) { return LimpiarNulo(f.celda(u"cCodartic")); };
   const auto siEsNumero = [](const Recordset::Fila& f, const Sql& sql) {
-    return NumeroDeArticulo(f[u"cCodartic"]) < 0 ? Sql() : sql;
+    return NumeroDeArticulo(f.celda(u"cCodartic")) < 0 ? Sql() : sql;
   };
   return {
       .columnas = kArticulo,
@@ -105,7 +117,7 @@ FinPasada PasadasDeMaestros::articulosNuevos(const Maestro& m) {
   QSet<qint64> hay;
   bool leidos = false;
   const auto nuevo = [&](const Recordset::Fila& f) -> FinFila {
-    const qint64 n = NumeroDeArticulo(f[u"cCodartic"]);
+    const qint64 n = NumeroDeArticulo(f.celda(u"cCodartic"));
     bool existe = leidos && hay.contains(n);
     if (!leidos && n >= 0 && !articuloExiste(n, existe)) return {Suerte::Termina, {}, nullptr};
     return existe ? FinFila{} : nueva(m, f);
@@ -124,6 +136,7 @@ FinPasada PasadasDeMaestros::articulosNuevos(const Maestro& m) {
                    .barra = m.barra,
                    .sePuedeDetener = true,
                    .pagina = [&](const Recordset::Fila* ultima) { return PaginaDeMaestro(m, donde, ultima); },
+                   .entera = u" SELECT "_sql + m.columnas + donde,
                    .fila = nuevo,
                    .lote =
                        [&](const Filas& filas) {

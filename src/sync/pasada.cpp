@@ -6,11 +6,12 @@
 
 namespace {
 
-void contar(FrmUpdt& pantalla, const Pasada& pasada, const FinFila& f) {
-  if (f.suerte == Suerte::Callada || f.suerte == Suerte::Termina) return;
+// A row's line of the log; none for some.
+QString textoDeFila(const Pasada& pasada, const FinFila& f) {
+  if (f.suerte == Suerte::Callada || f.suerte == Suerte::Termina) return {};
   const Palabras& w = f.palabras ? *f.palabras : pasada.palabras;
   const QString& palabras = f.suerte == Suerte::Hecha ? w.bien : w.mal;
-  if (!palabras.isEmpty()) pantalla.InsertaLinea(palabras + f.codigo);
+  return palabras.isEmpty() ? QString() : palabras + f.codigo;
 }
 
 class Marcha {
@@ -35,17 +36,18 @@ class Marcha {
     if (enLote) {
       if (pideParar()) return FinPasada::Detenida;
       const std::vector<FinFila> fines = pasada_.lote(filas);
+      std::vector<QString> lineas;
       for (const FinFila& f : fines) {
-        contar(pantalla_, pasada_, f);
-        if (f.suerte == Suerte::Termina) return FinPasada::Mal;
+        if (QString l = textoDeFila(pasada_, f); !l.isEmpty()) lineas.push_back(std::move(l));
       }
-      if (!fines.empty()) return FinPasada::Bien;
+      pantalla_.insertar(std::move(lineas));
+      if (!fines.empty()) return fines.back().suerte == Suerte::Termina ? FinPasada::Mal : FinPasada::Bien;
     }
     for (const auto& fila : filas) {
       if (pideParar()) return FinPasada::Detenida;
       const FinFila f = pasada_.fila(fila);
       if (f.suerte == Suerte::Termina) return FinPasada::Mal;
-      contar(pantalla_, pasada_, f);
+      if (const QString l = textoDeFila(pasada_, f); !l.isEmpty()) pantalla_.InsertaLinea(l);
     }
     return FinPasada::Bien;
   }
@@ -60,13 +62,15 @@ class Marcha {
 
 FinPasada Recorrer(Puesto& p, FrmUpdt& pantalla, const Pasada& pasada) {
   Marcha marcha(pantalla, pasada);
+  const auto cursor = pasada.entera.vacia() ? nullptr : pasada.origen.abrirCursor(pasada.entera);
   Recordset rs, anterior;
   for (bool primera = true;; primera = false) {
     std::optional<Recordset::Fila> ultima;
     if (!primera) ultima.emplace(anterior, anterior.RecordCount() - 1);
-    if (!p.poDBAdmin.EjecutarConsulta(pasada.origen, pasada.pagina(ultima ? &*ultima : nullptr), rs)) {
-      return FinPasada::Mal;
-    }
+    const bool leida =
+        cursor ? p.poDBAdmin.SeguirConsulta(pasada.origen, pasada.entera, *cursor, kFilasPorPagina, rs)
+               : p.poDBAdmin.EjecutarConsulta(pasada.origen, pasada.pagina(ultima ? &*ultima : nullptr), rs);
+    if (!leida) return FinPasada::Mal;
     const FinPasada fin = marcha.tomar(rs);
     if (fin != FinPasada::Bien) return fin;
     // TOP may bring more rows than it was asked for, never fewer.

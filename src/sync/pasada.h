@@ -36,6 +36,8 @@ struct Pasada {
   bool sePuedeDetener = false;  // between its rows
   // The source behind a row; behind none for its first page. A page of fewer than kFilasPorPagina rows is the last one.
   std::function<Sql(const Recordset::Fila* ultima)> pagina;
+  // The whole source, for an engine that reads it piece by piece, in no order: no row is written where it is read.
+  Sql entera = {};
   std::function<FinFila(const Recordset::Fila&)> fila;
   // The batched way: all of them with one result each, or nothing at all changed and an empty list, and then they are
   // taken one by one. Without it they always are.

@@ -11,24 +11,26 @@ enum class Lee { Texto, Numero, Precio, Entero, Dia, Codigo, Bit, NoBit, Fijo };
 struct CampoDirecto {
   Lee lee;
   QStringView nombre = {};
-  QVariant fijo = {};
+  QVariant fijo = {};  // a whole number or a text
 };
 
 // Rows of one page, each with its values bound to the statement that the first of them made ready.
 class FilasDirectas {
  public:
-  // `muestra` has a value in each place of the fields, and literals where they go on as Fijo.
   FilasDirectas(Conexion& cnn, LiteralSql plantilla, const std::vector<CampoDirecto>& campos);
   // False for a row that the statement itself has to try, and to fail.
   bool tomar(const Recordset::Fila& f);
 
  private:
-  bool leer(const Recordset::Fila& f, size_t i);
+  bool leer(const CeldaBD& de, size_t i);
+  bool texto(const CeldaBD& de, size_t i);
+  void guardar(const QString& texto, size_t i);
 
   const std::vector<CampoDirecto>& campos_;
   std::unique_ptr<Repetida> sentencia_;
   std::vector<int> columnas_;
-  std::vector<QVariant> valores_;
+  std::vector<CeldaBD> valores_;
+  std::vector<QByteArray> textos_;  // of those that do not go on as the row holds them
 };
 
 // One table of the pull: what tells its rows apart and how a row is stored.
@@ -93,7 +95,9 @@ class PasadasDeMaestros {
 };
 
 // The number of an article's code of the central database; -1 for one that is none.
-qint64 NumeroDeArticulo(const QVariant& codigo);
+qint64 NumeroDeArticulo(const CeldaBD& codigo);
+// That of a text of up to 15 figures and nothing else, -1 for others.
+qint64 DeCifras(QByteArrayView t);
 
 // The statement of a page; `donde` is the pass's own condition, " WHERE ..." or nothing.
 Sql PaginaDeMaestro(const Maestro& m, const Sql& donde, const Recordset::Fila* ultima);

@@ -168,7 +168,7 @@ class Reproceso {
             rs)) {
       return e;
     }
-    const Sql sql = kCabezaOperacion + TuplaOperacion(f, entero(rs[0]), {p_.ses.psCaja, c, u"'1'"_sql});
+    const Sql sql = kCabezaOperacion + TuplaOperacion(f, entero(rs[0]), {p_.ses.psCaja, c, u"1"_qs});
     const QString quien = QStringLiteral("sOperid:%1;sOperCode%2;").arg(entero(rs[0])).arg(entero(f[u"cOperCode"]));
     if (const auto error = p_.poCnnCentral.ejecutar(sql)) {
       p_.registro.RegistrarErrorLog(QStringLiteral("Error. No se pudo INSERTAR Operacion. ") + quien +
@@ -193,7 +193,7 @@ class Reproceso {
       return e;
     }
     if (const auto error =
-            p_.poCnnCentral.ejecutar(kCabezaParalela + TuplaParalela(f, {p_.ses.psCaja, cliente(f, 0), u"'1'"_sql}))) {
+            p_.poCnnCentral.ejecutar(kCabezaParalela + TuplaParalela(f, {p_.ses.psCaja, cliente(f, 0), u"1"_qs}))) {
       p_.registro.RegistrarErrorLog(QStringLiteral("No se pudo insertar OP") + quien);
       return error->numero == kErrorSentencia ? Error() : error;
     }

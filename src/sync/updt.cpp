@@ -1,5 +1,7 @@
 #include "sync/updt.h"
 
+#include <algorithm>
+
 #include "foundation/puesto.h"
 #include "platform/text/fecha.h"
 #include "platform/text/texto.h"
@@ -14,11 +16,10 @@ FrmUpdt::FrmUpdt(Puesto& p)
   }
 }
 
-void FrmUpdt::InsertaLinea(const QString& linea) {
-  ++lineas;
-  if (linea.startsWith(u'N')) ++errores;
-  lstLog.push_back(linea);
-  if (lstLog.size() > kLineasALaVista) lstLog.pop_front();
+void FrmUpdt::insertar(std::vector<QString> nuevas) {
+  if (nuevas.empty()) return;
+  lineas += static_cast<qint64>(nuevas.size());
+  errores += std::count_if(nuevas.begin(), nuevas.end(), [](const QString& l) { return l.startsWith(u'N'); });
   if (archivo_.isOpen()) {
     const QTime ahora = p_.reloj.now().time();
     // Thousands of lines fall into one second.
@@ -26,8 +27,13 @@ void FrmUpdt::InsertaLinea(const QString& linea) {
       segundo_ = segundo;
       hora_ = AUnByte(ahora.toString(QStringLiteral("HH:mm:ss ")));
     }
-    archivo_.write(hora_ + AUnByte(linea) + "\r\n");
+    QByteArray bloque;
+    for (const QString& l : nuevas) bloque.append(hora_).append(AUnByte(l)).append("\r\n");
+    archivo_.write(bloque);
   }
+  const auto desde = nuevas.end() - static_cast<std::ptrdiff_t>(std::min(nuevas.size(), kLineasALaVista));
+  lstLog.insert(lstLog.end(), std::make_move_iterator(desde), std::make_move_iterator(nuevas.end()));
+  while (lstLog.size() > kLineasALaVista) lstLog.pop_front();
   alCambiar();
 }
 

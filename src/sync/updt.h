@@ -5,6 +5,7 @@
 #include <QString>
 #include <deque>
 #include <functional>
+#include <vector>
 
 struct Puesto;
 
@@ -35,7 +36,9 @@ struct FrmUpdt {
   std::function<bool()> detener = [] { return false; };
 
   // One line of the log, in the list and in the file (Sincro_yyyymmdd.log, "hh:mm:ss text", Windows-1252).
-  void InsertaLinea(const QString& linea);
+  void InsertaLinea(const QString& linea) { insertar({linea}); }
+  // Those of a batch, at one time of the clock and with one word to the window.
+  void insertar(std::vector<QString> lineas);
   // Nothing once the bar stands at 100 or more.
   void AumentaBarra(int n);
   // Counts what the log holds, says it, and lets the screen be closed.

@@ -27,8 +27,29 @@ class MotorConGancho final : public Motor {
   }
   std::optional<ErrorBD> deshacer() override { return real_->deshacer(); }
   QString traducir(const QString& sql) override { return real_->traducir(sql); }
+  void deUnaPieza(bool si) override { real_->deUnaPieza(si); }
+  int filasPorSentencia() const override { return real_->filasPorSentencia(); }
+  std::unique_ptr<Repetida> repetir(const QString& sql) override {
+    auto real = real_->repetir(sql);
+    if (!real) return {};
+    return std::make_unique<RepetidaConGancho>(antes_, std::move(real));
+  }
 
  private:
+  class RepetidaConGancho final : public Repetida {
+   public:
+    RepetidaConGancho(const std::function<void()>& antes, std::unique_ptr<Repetida> real)
+        : antes_(antes), real_(std::move(real)) {}
+    std::optional<ErrorBD> correr(const std::vector<CeldaBD>& valores) override {
+      antes_();
+      return real_->correr(valores);
+    }
+
+   private:
+    const std::function<void()>& antes_;
+    std::unique_ptr<Repetida> real_;
+  };
+
   std::unique_ptr<Motor> real_;
   const std::function<void()>& antes_;
 };

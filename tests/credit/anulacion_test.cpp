@@ -6,8 +6,6 @@
 
 namespace {
 
-QString u8(const char* s) { return QString::fromUtf8(s); }
-
 struct Anulador {
   Credito e;
   AnularTransaccionCtaCte v;
@@ -17,17 +15,17 @@ struct Anulador {
     void retiro() override { ++retiros; }
   } pantallas;
 
-  Anulador() { pantallas.supervisor = u8("JEFE"); }
+  Anulador() { pantallas.supervisor = q("JEFE"); }
 
   bool cargar(ModoAnular modo, const char* serie, const char* numero) {
     v = {};
     v.Modo = modo;
-    v.txtSerie = u8(serie);
-    v.txtNumero = u8(numero);
+    v.txtSerie = q(serie);
+    v.txtNumero = q(numero);
     return CargarDocumentoAnular(e.p, v) && v.cargado();
   }
   bool aceptar() {
-    e.p.persona().espera(u8("Esta seguro de anular el documento?"), u8("Sí"));
+    e.p.persona().espera(q("Esta seguro de anular el documento?"), q("Sí"));
     return AceptarAnulacion(e.p, v, pantallas);
   }
   // What is loaded, which goes through and says so, and `ademas`.
@@ -37,7 +35,7 @@ struct Anulador {
     if (ademas) dice(ademas, responde);
     EXPECT_TRUE(AceptarAnulacion(e.p, v, pantallas));
   }
-  void dice(const char* texto, const char* responde = "") { e.p.persona().espera(u8(texto), u8(responde)); }
+  void dice(const char* texto, const char* responde = "") { e.p.persona().espera(q(texto), q(responde)); }
   QString vivos() {
     return e.central("SELECT (SELECT COUNT(*) FROM Venta01 WHERE FechaAnulacion IS NULL), (SELECT COUNT(*) FROM Pagos "
                      "WHERE FechaAnulacion IS NULL) FROM parametro WHERE cCodParam = 'IGV'");
@@ -47,9 +45,9 @@ struct Anulador {
 // A document of 100.00 with one payment of 40.00 in cash.
 struct ConPago : Anulador {
   explicit ConPago(int moneda = 0, const char* monto = "40") {
-    EXPECT_EQ(u8("hecho"), e.facturar(1, "10"));
+    EXPECT_EQ(q("hecho"), e.facturar(1, "10"));
     e.cargarPago("02", "000001");
-    EXPECT_EQ(u8("hecho"), e.pagar(0, moneda, monto));
+    EXPECT_EQ(q("hecho"), e.pagar(0, moneda, monto));
   }
 };
 
@@ -58,18 +56,18 @@ TEST(Anular, FirstThePaymentsThenTheDocument) {
   a.dice("El documento seleccionado no se puede anular por presentar Pagos asociados sin anular.");
   EXPECT_FALSE(a.cargar(ModoAnular::BADE, "001", "1"));
   ASSERT_TRUE(a.cargar(ModoAnular::PADE, "PA1", "000001"));
-  EXPECT_EQ(u8("001|000001|A EFECTIVO|24/11/2026|40.00|Soles"), a.v.dgdDetalle.join(u'|'));
+  EXPECT_EQ(q("001|000001|A EFECTIVO|24/11/2026|40.00|Soles"), a.v.dgdDetalle.join(u'|'));
   a.anulado();
-  EXPECT_EQ(u8("1|0"), a.vivos());
-  EXPECT_EQ(u8("1|22|40|0|2\n2|22|0|0|0"),
+  EXPECT_EQ(q("1|0"), a.vivos());
+  EXPECT_EQ(q("1|22|40|0|2\n2|22|0|0|0"),
             a.e.local("SELECT cOperCode, cOperTipo, nMontoSoles, cEstado, cOperCodeAnul FROM OperacionParalela"));
   a.dice("El documento seleccionado ya se encuentra anulado");
   EXPECT_FALSE(a.cargar(ModoAnular::PADE, "PA1", "1"));
 
   ASSERT_TRUE(a.cargar(ModoAnular::BADE, "001", "1"));
-  EXPECT_EQ(u8("O'HIGGINS ANA|Sur|Soles|100.00|33.33|24/11/2026|0.00"), a.v.dgdDetalle.join(u'|'));
+  EXPECT_EQ(q("O'HIGGINS ANA|Sur|Soles|100.00|33.33|24/11/2026|0.00"), a.v.dgdDetalle.join(u'|'));
   a.anulado();
-  EXPECT_EQ(u8("0|0"), a.vivos());
+  EXPECT_EQ(q("0|0"), a.vivos());
   a.dice("El documento seleccionado ya se encuentra anulado");
   EXPECT_FALSE(a.cargar(ModoAnular::BADE, "001", "1"));
   a.dice("Documento no existe o no es válido");
@@ -81,26 +79,26 @@ TEST(Anular, ThePaperSaysWhatWasVoided) {
   a.e.p.papeles().papel.clear();
   ASSERT_TRUE(a.cargar(ModoAnular::PADE, "PA1", "1"));
   a.anulado();
-  const QString papel = QString::fromLatin1(a.e.p.papeles().papel[u8("LPT1")]).remove(u'\r');
+  const QString papel = QString::fromLatin1(a.e.p.papeles().papel[q("LPT1")]).remove(u'\r');
   EXPECT_TRUE(papel.contains(
-      u8("             24/11/2026 (mar)\n          TRANSACCION ANULADA\n                  PADE\n"
-         "---------------------------------------\nCASH/TL  S/.                    *40.00\n"
-         "   ITEM                          *0.00\n\n          Documento:PA1-0000001\n          TRANSACCION ANULADA\n\n"
-         " CAJERO 10:30 \nSupervisor: JEFE \nCAJA: 00001   TURNO: 01\nCorrelativo: ")))
+      q("             24/11/2026 (mar)\n          TRANSACCION ANULADA\n                  PADE\n"
+        "---------------------------------------\nCASH/TL  S/.                    *40.00\n"
+        "   ITEM                          *0.00\n\n          Documento:PA1-0000001\n          TRANSACCION ANULADA\n\n"
+        " CAJERO 10:30 \nSupervisor: JEFE \nCAJA: 00001   TURNO: 01\nCorrelativo: ")))
       << papel.toStdString();
   a.e.p.papeles().papel.clear();
   ASSERT_TRUE(a.cargar(ModoAnular::BADE, "001", "1"));
   a.anulado();
-  const QString otro = QString::fromLatin1(a.e.p.papeles().papel[u8("LPT1")]).remove(u'\r');
-  EXPECT_TRUE(otro.contains(u8("                  BADE\n---------------------------------------\nCASH/TL  S/."
-                               "                   *100.00\n   ITEM                         *10.00\n\n"
-                               "          Documento:001-0000001\n")))
+  const QString otro = QString::fromLatin1(a.e.p.papeles().papel[q("LPT1")]).remove(u'\r');
+  EXPECT_TRUE(otro.contains(q("                  BADE\n---------------------------------------\nCASH/TL  S/."
+                              "                   *100.00\n   ITEM                         *10.00\n\n"
+                              "          Documento:001-0000001\n")))
       << otro.toStdString();
 }
 
 TEST(Anular, WhatWasDeliveredOrSettledStays) {
   ConPago a;
-  ASSERT_EQ(u8("hecho"), a.e.consumir(1, "2"));
+  ASSERT_EQ(q("hecho"), a.e.consumir(1, "2"));
   ASSERT_TRUE(a.cargar(ModoAnular::PADE, "PA1", "1"));
   a.anulado();
   a.dice("El documento seleccionado no se puede anular por presentar Notas de Consumo asociadas sin anular.");
@@ -131,20 +129,20 @@ TEST(Anular, WhatAnotherDeskDidMeanwhileIsSeen) {
     a.dice("Esta seguro de anular el documento?", "Sí");
     a.dice(c.aviso);
     EXPECT_FALSE(AceptarAnulacion(a.e.p, a.v, a.pantallas));
-    EXPECT_EQ(u8(c.vivos), a.vivos());
-    EXPECT_EQ(u8("1"), a.e.local("SELECT cEstado FROM OperacionParalela"));
+    EXPECT_EQ(q(c.vivos), a.vivos());
+    EXPECT_EQ(q("1"), a.e.local("SELECT cEstado FROM OperacionParalela"));
   }
 }
 
 TEST(Anular, ADepositOfTheDetractionMakesItPendingAgain) {
   Anulador a;
-  ASSERT_EQ(u8("hecho"), a.e.facturar(0, "10", 0, "807"));
+  ASSERT_EQ(q("hecho"), a.e.facturar(0, "10", 0, "807"));
   a.e.cargarPago("01", "000001");
-  ASSERT_EQ(u8("hecho"), a.e.depositar());
-  ASSERT_EQ(u8("C"), a.e.central("SELECT Estado FROM Detraccion"));
+  ASSERT_EQ(q("hecho"), a.e.depositar());
+  ASSERT_EQ(q("C"), a.e.central("SELECT Estado FROM Detraccion"));
   ASSERT_TRUE(a.cargar(ModoAnular::PADE, "PV1", "1"));
   a.anulado();
-  EXPECT_EQ(u8("P"), a.e.central("SELECT Estado FROM Detraccion"));
+  EXPECT_EQ(q("P"), a.e.central("SELECT Estado FROM Detraccion"));
 }
 
 TEST(Anular, TheMoneyOfAClosedDayOrAnotherDeskIsTold) {
@@ -153,19 +151,19 @@ TEST(Anular, TheMoneyOfAClosedDayOrAnotherDeskIsTold) {
                                              std::tuple(1, "10", "registre un retiro de S/. 32.00 (US$ 10.00) por")}) {
     ConPago cerrado(moneda, monto);
     cerrado.e.p.ses.pnTipoCambio = 3.2;
-    cerrado.e.p.ejecuta(u8("UPDATE OperacionParalela SET cOperFlagAbierto = 0"));
+    cerrado.e.p.ejecuta(q("UPDATE OperacionParalela SET cOperFlagAbierto = 0"));
     ASSERT_TRUE(cerrado.cargar(ModoAnular::PADE, "PA1", "1"));
     cerrado.anulado(aviso, "Sí");
     EXPECT_EQ(1, cerrado.pantallas.retiros);
-    EXPECT_EQ(u8("1"), cerrado.e.local("SELECT cEstado FROM OperacionParalela"));
+    EXPECT_EQ(q("1"), cerrado.e.local("SELECT cEstado FROM OperacionParalela"));
   }
 
   ConPago ajeno;
   ajeno.e.enCentral("UPDATE Pagos SET cSerieDocPago = 'PA12'");
   ASSERT_TRUE(ajeno.cargar(ModoAnular::PADE, "PA12", "1"));
   ajeno.anulado("El recibo PA12-000001 es de la caja 00012");
-  EXPECT_EQ(u8("1|0"), ajeno.vivos());
-  EXPECT_EQ(u8("1"), ajeno.e.local("SELECT cEstado FROM OperacionParalela"));
+  EXPECT_EQ(q("1|0"), ajeno.vivos());
+  EXPECT_EQ(q("1"), ajeno.e.local("SELECT cEstado FROM OperacionParalela"));
 }
 
 TEST(Anular, WithoutConsentServerOrNumberNothingHappens) {
@@ -180,8 +178,8 @@ TEST(Anular, WithoutConsentServerOrNumberNothingHappens) {
   EXPECT_FALSE(AceptarAnulacion(a.e.p, a.v, a.pantallas));
   a.pantallas.supervisor.clear();
   EXPECT_FALSE(a.aceptar());
-  a.pantallas.supervisor = u8("JEFE");
-  a.e.p.ses.psConexionCentral = u8("Provider=SQLOLEDB.1;Data Source=sqlite:/no/hay.db");
+  a.pantallas.supervisor = q("JEFE");
+  a.e.p.ses.psConexionCentral = q("Provider=SQLOLEDB.1;Data Source=sqlite:/no/hay.db");
   a.dice("Esta seguro de anular el documento?", "Sí");
   a.dice("");
   EXPECT_FALSE(AceptarAnulacion(a.e.p, a.v, a.pantallas));

@@ -9,8 +9,6 @@
 
 namespace {
 
-QString q(const char* s) { return QString::fromUtf8(s); }
-
 class ActosConElCableCortado : public testing::TestWithParam<Escena> {};
 
 TEST_P(ActosConElCableCortado, LeaveOneStory) {

@@ -13,8 +13,6 @@
 
 namespace {
 
-QString q(const char* s) { return QString::fromUtf8(s); }
-
 constexpr int kCajas = 4;
 
 struct Documento {
@@ -24,22 +22,15 @@ struct Documento {
 
 // What a desk may be told on such a day.
 bool esperada(const QString& caja) {
-  static const QStringList conocidas{q("Esta seguro de anular el documento?"),
-                                     q("Se anuló el documento!"),
-                                     q("Hay un saldo a favor del cliente"),
-                                     q("registró un pago igual"),
-                                     q("es de la caja"),
-                                     q("El monto a pagar no debe ser mayor que el saldo"),
-                                     q("Ya no hay saldo por cancelar"),
-                                     q("La detracción de este documento ya no está pendiente"),
-                                     q("No puede consumir mas de"),
-                                     q("fue anulado."),
-                                     q("ya fue liquidado"),
-                                     q("solo se liquida con saldo 0"),
-                                     q("ya se encuentra anulado"),
-                                     q("no se puede anular por presentar"),
-                                     q("Otra caja cambió los pagos"),
-                                     q("Debe registar una cantidad mayor que cero.")};
+  // clang-format off
+  static const QStringList conocidas{
+      q("Esta seguro de anular el documento?"), q("Se anuló el documento!"), q("Hay un saldo a favor del cliente"),
+      q("registró un pago igual"), q("es de la caja"), q("El monto a pagar no debe ser mayor que el saldo"),
+      q("Ya no hay saldo por cancelar"), q("La detracción de este documento ya no está pendiente"),
+      q("No puede consumir mas de"), q("fue anulado."), q("ya fue liquidado"), q("solo se liquida con saldo 0"),
+      q("ya se encuentra anulado"), q("no se puede anular por presentar"), q("Otra caja cambió los pagos"),
+      q("Debe registar una cantidad mayor que cero.")};
+  // clang-format on
   return std::any_of(conocidas.begin(), conocidas.end(), [&](const QString& c) { return caja.contains(c); });
 }
 

@@ -13,6 +13,9 @@
 #include "platform/text/numero.h"
 #include "postgres/base_postgres.h"
 
+inline QString q(const char* s) { return QString::fromUtf8(s); }
+inline QString comoTexto(const std::optional<QString>& r) { return r.value_or(QStringLiteral("hecho")); }
+
 class PantallasCreditoGuion : public PantallasCredito {
  public:
   QString supervisor;  // "" refuses
@@ -54,7 +57,7 @@ inline void llenarServidores(PuestoPrueba& p) {
                           "INSERT INTO tipo_tarjeta (cod_tar, descrip) VALUES ('001', 'CREDITO')",
                           "INSERT INTO local (idlocal, dsclocal, Activo) VALUES (1, 'SUR', 1)",
                           "INSERT INTO local (idlocal, dsclocal, Activo) VALUES (2, 'NORTE', 0)"}) {
-    p.ejecuta(central, QString::fromUtf8(sql));
+    p.ejecuta(central, q(sql));
   }
   p.ejecuta(cliente, QStringLiteral("INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName) "
                                     "VALUES (70, 1, 'O''HIGGINS', 'ANA')"));
@@ -116,9 +119,9 @@ struct Credito {
 
   void linea(RejillaLineas& l, const char* codigo, const char* cantidad, const char* porcentaje = "") {
     const int fila = AgregarFila(l);
-    EXPECT_EQ(TrasCelda::Cambiada, DejarCelda(p, l, fila, kCod, QString::fromUtf8(codigo)));
-    (void)DejarCelda(p, l, fila, kCant, QString::fromUtf8(cantidad));
-    if (*porcentaje != '\0') (void)DejarCelda(p, l, fila, kPorc, QString::fromUtf8(porcentaje));
+    EXPECT_EQ(TrasCelda::Cambiada, DejarCelda(p, l, fila, kCod, q(codigo)));
+    (void)DejarCelda(p, l, fila, kCant, q(cantidad));
+    if (*porcentaje != '\0') (void)DejarCelda(p, l, fila, kPorc, q(porcentaje));
   }
   // The customer and what a document needs but its lines.
   void cliente(int tipo, int moneda = 0) {
@@ -128,7 +131,7 @@ struct Credito {
     v.factura.cboMoneda = moneda;
     v.factura.txtRUC = QStringLiteral("20123456789");
   }
-  QString facturar() { return GrabarFactura(p, v, pantallas).value_or(QStringLiteral("hecho")); }
+  QString facturar() { return comoTexto(GrabarFactura(p, v, pantallas)); }
   // A whole document: 101 CAFE at 10.00, 807 SACO at 92.00, which falls under the detraction.
   QString facturar(int tipo, const char* cantidad, int moneda = 0, const char* articulo = "101") {
     cliente(tipo, moneda);
@@ -143,9 +146,7 @@ struct Credito {
     d.NroDoc = numero;
     CargarPagos(p, v.pago, d);
   }
-  void cargarPago(const char* tipoDoc, const char* numero) {
-    cargarPago(QString::fromUtf8(tipoDoc), QStringLiteral("001"), QString::fromUtf8(numero));
-  }
+  void cargarPago(const char* tipoDoc, const char* numero) { cargarPago(q(tipoDoc), QStringLiteral("001"), q(numero)); }
   // `forma` counts from 0 in the order of the codes; the currency too.
   QString pagar(int forma, int moneda, const char* monto) {
     v.pago.dcbFormaPago = forma;
@@ -159,9 +160,9 @@ struct Credito {
       v.pago.txtNroOperacion = QStringLiteral("OP'9");
     }
     v.pago.cboMoneda1 = moneda;
-    (moneda == 1 ? v.pago.txtMontoDolares : v.pago.txtMontoSoles) = QString::fromUtf8(monto);
+    (moneda == 1 ? v.pago.txtMontoDolares : v.pago.txtMontoSoles) = q(monto);
     CambiarMontoPago(p, v.pago);
-    return GrabarPago(p, v).value_or(QStringLiteral("hecho"));
+    return comoTexto(GrabarPago(p, v));
   }
 
   // The deposit of the loaded document's detraction, up to its commit.
@@ -174,7 +175,7 @@ struct Credito {
   }
   QString depositar() {
     llenarDeposito();
-    return GrabarPago(p, v).value_or(QStringLiteral("hecho"));
+    return comoTexto(GrabarPago(p, v));
   }
 
   void cargarNota(qint64 cCodVta) {
@@ -188,34 +189,34 @@ struct Credito {
     cargarNota(cCodVta);
     linea(v.nota.rejilla, "101", cantidad, porcentaje);
     TotalesNota(p, v.nota);
-    return GrabarNota(p, v, pantallas).value_or(QStringLiteral("hecho"));
+    return comoTexto(GrabarNota(p, v, pantallas));
   }
   QString liquidar(qint64 cCodVta) {
     LimpiarLiquidacion(v.liquidacion);
     v.liquidacion.txtTXL = QString::number(cCodVta);
     (void)AgregarDocumentoLQ(p, v.liquidacion);
-    return GrabarLiquidacion(p, v).value_or(QStringLiteral("hecho"));
+    return comoTexto(GrabarLiquidacion(p, v));
   }
 
   QString central(const char* sql) {
     Conexion c;
     EXPECT_TRUE(p.poDBAdmin.AbrirBD(c, p.ses.psConexionCentral));
-    return p.filas(c, QString::fromUtf8(sql));
+    return p.filas(c, q(sql));
   }
   void enCentral(const char* sql) {
     Conexion c;
     EXPECT_TRUE(p.poDBAdmin.AbrirBD(c, p.ses.psConexionCentral));
-    p.ejecuta(c, QString::fromUtf8(sql));
+    p.ejecuta(c, q(sql));
   }
   void enCliente(const char* sql) {
     Conexion c;
     EXPECT_TRUE(p.poDBAdmin.AbrirBD(c, p.ses.psConexionCliente));
-    p.ejecuta(c, QString::fromUtf8(sql));
+    p.ejecuta(c, q(sql));
   }
   void abrirAlmacen() {
     EXPECT_TRUE(p.poDBAdmin.AbrirBD(p.poCnnLocal,
                                     QStringLiteral("driver={Microsoft Access Driver (*.mdb)};DBQ=") + p.ses.psRutaBD));
   }
   QByteArray impreso(const char* puerto) { return p.papeles().papel[QString::fromLatin1(puerto)]; }
-  QString local(const char* sql) { return p.filas(QString::fromUtf8(sql)); }
+  QString local(const char* sql) { return p.filas(q(sql)); }
 };

@@ -18,7 +18,6 @@ struct Escena {
   QString (*hacer)(Credito&);  // "hecho" when the screen took it as done
 };
 
-inline QString comoTexto(const std::optional<QString>& r) { return r.value_or(QStringLiteral("hecho")); }
 inline QString comoTexto(bool hecho) { return hecho ? QStringLiteral("hecho") : QStringLiteral("no"); }
 
 inline bool largo() { return qEnvironmentVariableIsSet("TARVOPOS_LARGO"); }

@@ -7,10 +7,6 @@
 
 namespace {
 
-QString q(const char* s) { return QString::fromUtf8(s); }
-
-QString comoTexto(const std::optional<QString>& r) { return r.value_or(q("hecho")); }
-
 // All that the acts write, in both places.
 QString filas(Credito& e) {
   return e.central("SELECT cCodVta, bLiquidado FROM Venta01 ORDER BY cCodVta") +

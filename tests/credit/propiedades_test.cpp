@@ -11,8 +11,6 @@
 
 namespace {
 
-QString q(const char* s) { return QString::fromUtf8(s); }
-
 // A life takes as long as a hundred sums.
 [[maybe_unused]] const int kVidas = largo() ? 0 : ::setenv("RC_PARAMS", "max_success=12 max_size=60", /*overwrite=*/0);
 

@@ -173,6 +173,14 @@ const Escena kEscenas[] = {
     {"Primera", [](Puestos& e) {
        maestros(e.p); e.p.ejecuta(q("UPDATE Sincronizacion SET dFechSincro = Null")); },
      traer, traido},
+    // As many as go in by the quick way.
+    {"PrimeraEnLotes", [](Puestos& e) {
+       maestros(e.p); e.p.ejecuta(q("UPDATE Sincronizacion SET dFechSincro = Null"));
+       for (int i = 0; i < 45; ++i) {
+         articuloCentral(e.p, qPrintable(q("%1").arg(2000 + i, 6, 10, QChar(u'0'))), "DE MUCHOS", i);
+         e.p.ejecuta(e.p.central(), q("INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, iTipo, dFechCrea) VALUES "
+                                      "(%1, 1, 'D''ORO', 1, '20261101')").arg(2000 + i)); } },
+     traer, traido},
     {"Traida", [](Puestos& e) {
        maestros(e.p); EXPECT_TRUE(sincronizar(e.p, true).bien);
        e.p.ejecuta(q("INSERT INTO ConfiguracionTeclado (cTeclCode, cTeclFlagAsig, cProdCode) VALUES (1, '1', 206)"));

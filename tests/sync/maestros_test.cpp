@@ -35,7 +35,7 @@ TEST(Maestros, AFirstLoadAndADayBehindIt) {
   // clang-format off
   EXPECT_EQ((QStringList{q("Se inserto UM de código: UND"),
                          q("Se insertó Artículo de código: 000101"), q("Se insertó Artículo de código: 000206"),
-                         q("No se pudo insertar Artículo de código: 00X"), q("Se insertó Artículo de código: 1234567"),
+                         q("Se insertó Artículo de código: 1234567"), q("No se pudo insertar Artículo de código: 00X"),
                          q("Se insertó Cliente de código: 5"), q("Se insertó Cliente de código: 5"),
                          q("Se insertó Tarjeta de número: 00000005")}), p.traer());
   // clang-format on
@@ -51,7 +51,7 @@ TEST(Maestros, AFirstLoadAndADayBehindIt) {
   cambiosDeMaestros(p);
   // clang-format off
   EXPECT_EQ((QStringList{q("Se actualizó UM de código: UND"),
-                         q("Se insertó Artículo de código: 000301"), q("No se pudo insertar Artículo de código: 00X"),
+                         q("No se pudo insertar Artículo de código: 00X"), q("Se insertó Artículo de código: 000301"),
                          q("Se actualizó Artículo de código: 000101"),
                          q("Se inhabilitó Artículo de código: 206"),
                          q("Se insertó Cliente de código: 6"), q("Se actualizó Cliente de código: 5"),
@@ -77,7 +77,8 @@ TEST(Maestros, AFirstLoadAndADayBehindIt) {
   EXPECT_TRUE(p.productos().startsWith(q("101|DE VUELTA|40|1|1|")));
 }
 
-// Copies from before customers had a site: a change reaches the store, and a copy goes once all sites of its code are here.
+// Copies from before customers had a site: a change reaches the store, and a copy goes once all sites of its code are
+// here.
 TEST(Maestros, CopiesWithoutASiteGiveWay) {
   Tienda p;
   p.ejecuta(q("UPDATE Sincronizacion SET dFechSincro = '2026-11-23'"));
@@ -96,6 +97,22 @@ TEST(Maestros, CopiesWithoutASiteGiveWay) {
   EXPECT_EQ(q("5|0|ANTES\n5|1|AHORA\n8|1|OTRA"),
             p.filas(q("SELECT cClieCode, IdLocal, sClieApel FROM Cliente ORDER BY 1, 2")));
   EXPECT_EQ(q("8|1|00000008|0"), p.filas(q("SELECT cClieCode, IdLocal, nTarjNumb, cTarjActi FROM Tarjeta")));
+}
+
+// However many prices an article has had.
+TEST(Maestros, APriceThatMovedAlone) {
+  for (const int viejos : {0, 20}) {
+    Tienda p;
+    p.ejecuta(q("UPDATE Sincronizacion SET dFechSincro = Null"));
+    (void)p.traer();
+    for (int i = 0; i < viejos; ++i) {
+      p.ejecuta(p.central(), q("INSERT INTO ArticuloPrecioVenta VALUES ('000206', %1, 7)").arg(-i));
+    }
+    EXPECT_EQ((QStringList{q("Se actualizó Artículo de código: 000101")}),
+              p.traer({"INSERT INTO ArticuloPrecioVenta VALUES ('000101', 3, 38.5)",
+                       "INSERT INTO ArticuloPrecioVenta VALUES ('000206', 3, Null)"}));
+    EXPECT_EQ(q("101|38.5\n206|3\n1234567|1"), p.filas(q("SELECT cProdCode, nProdPrecUnit FROM Producto ORDER BY 1")));
+  }
 }
 
 // Stopped between two rows: what came stays, and so does the watermark.

@@ -69,6 +69,8 @@ const struct { Acto acto; const char* sentencia; bool bien; const char *linea, *
     {Primera, "INSERT INTO PRODUCTO", true, "No se pudo insertar Artículo de código: 000101", "", ""},
     {Primera, "SELECT cProdCode, nProdPrecUnit", false, "", "", ""},
     {Primera, "CASE WHEN A.bFlagVenta", false, "", "", ""},
+    {Primera, "COUNT(*) AS nFilas FROM ArticuloPrecioVenta", false, "", "", ""},
+    {Primera, "nNumItem, nPrecioVtaNew FROM", false, "", "falla forzada - SELECT cCodArtic", ""},
     {Primera, "IN (SELECT cProdCode FROM Producto WHERE nActivo =0)", false, "", "", ""},
     {Primera, "* FROM Cliente", false, "", "", ""},
     {Primera, "INSERT INTO Cliente", true, "No se pudo insertar Cliente de código: 5", "", ""},
@@ -170,29 +172,13 @@ TEST(Palabras, TheBarAndTheHeadingsOfAWholeRun) {
     };
     p.ses.pbSincronizaMaestros = maestros;
     EXPECT_TRUE(Sincronizar(p, v));
-    const QStringList traida{q("Sincronizando Unidades de Medida"),
-                             q("5"),
-                             q("10"),
-                             q("Sincronizando Articulos"),
-                             q("20"),
-                             q("30"),
-                             q("Desactivando / Activando Articulos"),
-                             q("40"),
-                             q("Sincronizando Clientes"),
-                             q("50"),
-                             q("60"),
-                             q("Sincronizando Tarjetas"),
-                             q("65"),
-                             q("70")};
-    const QStringList envio{q("Sincronizando Operaciones"),
-                            q("85"),
-                            q("Sincronizando Operaciones Paralelas"),
-                            q("Sincronizando los Z"),
-                            q("100"),
-                            q("Registrando procesamiento de movimientos de ventas"),
-                            q("Depurando transacciones Historicas"),
-                            q("Eliminando operaciones Históricas")};
-    EXPECT_EQ((maestros ? traida : QStringList{q("70")}) + envio, pasos);
+    const QString traida = q("Sincronizando Unidades de Medida|5|10|Sincronizando Articulos|20|30|"
+                             "Desactivando / Activando Articulos|40|Sincronizando Clientes|50|60|"
+                             "Sincronizando Tarjetas|65|70"),
+                  envio = q("|Sincronizando Operaciones|85|Sincronizando Operaciones Paralelas|Sincronizando los Z|100|"
+                            "Registrando procesamiento de movimientos de ventas|"
+                            "Depurando transacciones Historicas|Eliminando operaciones Históricas");
+    EXPECT_EQ((maestros ? traida : q("70")) + envio, pasos.join(u'|'));
   }
 }
 

@@ -2,7 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QImage>
+#include <QPainter>
+#include <QStandardItemModel>
+
 #include "apoyo/formas.h"
+#include "platform/ui/pintor_celda.h"
 
 namespace {
 
@@ -84,4 +89,26 @@ TEST(Lista, EnterOpensTheRow) {
   tecla(Qt::Key_Down);
   tecla(Qt::Key_Return);
   EXPECT_EQ(1, abierta);
+}
+
+// At the very edge of its column too: an ellipsis has nothing in the upper half of the last place, a digit has.
+TEST(Lista, AFigureThatDoesNotFitShrinks) {
+  const QString figura = QStringLiteral("1752.28");
+  QStandardItemModel modelo(1, 1);
+  modelo.setData(modelo.index(0, 0), figura);
+  modelo.setData(modelo.index(0, 0), int(Qt::AlignRight), Qt::TextAlignmentRole);
+  QStyleOptionViewItem o;
+  for (int sobra = -6; sobra <= 4; ++sobra) {
+    const int ancho = QFontMetrics(o.font).horizontalAdvance(figura) + 12 + sobra;
+    o.rect = QRect(0, 0, ancho, 30);
+    QImage imagen(o.rect.size(), QImage::Format_RGB32);
+    QPainter p(&imagen);
+    PintorCelda().paint(&p, o, modelo.index(0, 0));
+    p.end();
+    bool tinta = false;
+    for (int x = ancho - 13; x < ancho - 6; ++x) {
+      for (int y = 9; y < 15; ++y) tinta = tinta || imagen.pixelColor(x, y).lightness() < 128;
+    }
+    EXPECT_TRUE(tinta) << sobra;
+  }
 }

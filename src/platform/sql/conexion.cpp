@@ -47,6 +47,11 @@ std::unique_ptr<Repetida> Conexion::repetir(const Sql& muestra) {
   return motor_->repetir(muestra.texto(dialecto_));
 }
 
+std::unique_ptr<CursorBD> Conexion::abrirCursor(const Sql& consulta) {
+  if (!motor_ || porDeshacer_) return {};
+  return motor_->abrirCursor(consulta.texto(dialecto_));
+}
+
 std::optional<ErrorBD> Conexion::iniciar() {
   if (auto e = listo()) return e;
   auto e = motor_->iniciar();

@@ -15,10 +15,17 @@ class Conexion {
   [[nodiscard]] std::optional<ErrorBD> ejecutar(const Sql& sql, qint64* afectadas = nullptr);
   // An INSERT for many rows, as Motor::repetir tells; to be let go of before this connection is closed.
   [[nodiscard]] std::unique_ptr<Repetida> repetir(const Sql& muestra);
+  int filasPorSentencia() const { return motor_ ? motor_->filasPorSentencia() : 1; }
+  // The rows of a query piece by piece, as Motor::abrirCursor tells; to be let go of likewise.
+  [[nodiscard]] std::unique_ptr<CursorBD> abrirCursor(const Sql& consulta);
   [[nodiscard]] std::optional<ErrorBD> iniciar();
   [[nodiscard]] std::optional<ErrorBD> confirmar();
   // A transaction that can't be undone at once is undone before anything else runs here; until then every call fails.
   [[nodiscard]] std::optional<ErrorBD> deshacer();
+  // As Motor::deUnaPieza tells.
+  void deUnaPieza(bool deUnaPieza) {
+    if (motor_) motor_->deUnaPieza(deUnaPieza);
+  }
   // From an iniciar() that succeeded to the end of that transaction.
   bool enTransaccion() const { return enTransaccion_; }
   QString traducir(const QString& sql);

@@ -101,6 +101,21 @@ ValorLiteral leerLiteral(const Token& token, Lectura lectura, Dialecto dialecto)
   return {texto, {}};
 }
 
+std::optional<ErrorBD> leerValor(QVariant& valor, Lectura lectura, Dialecto dialecto) {
+  if (lectura == Lectura::TalCual || valor.isNull()) return {};
+  QString texto = valor.toString();
+  if (lectura == Lectura::SinFinales) {
+    if (valor.typeId() != QMetaType::QString || !texto.endsWith(u' ')) return {};
+    while (texto.endsWith(u' ')) texto.chop(1);
+    valor = texto;
+    return {};
+  }
+  const ValorLiteral leido =
+      lectura == Lectura::FechaDiaMes ? fechaDe(texto, OrdenFecha::DiaMes, dialecto) : numeroDe(texto, dialecto);
+  if (!leido.error) valor = leido.valor;
+  return leido.error;
+}
+
 Edicion::Edicion(QStringView sql, Dialecto dialecto, const PalabrasMotor& palabras)
     : sql_(sql),
       dialecto_(dialecto),

@@ -28,6 +28,9 @@ struct ValorLiteral {
 };
 ValorLiteral leerLiteral(const Token& token, Lectura lectura, Dialecto dialecto);
 
+// The same for a value that stands in the place of a literal, which becomes what the engine gets.
+[[nodiscard]] std::optional<ErrorBD> leerValor(QVariant& valor, Lectura lectura, Dialecto dialecto);
+
 // A number text as qint64 or double; invalid for anything that is no number from end to end.
 QVariant leerNumero(const QString& texto);
 

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr size_t kCeldasMaximas = 20'000'000;  // some 800 MB
+constexpr qsizetype kCeldasMaximas = 20'000'000;  // some 500 MB
 
 enum TipoPostgres : Oid {
   kBool = 16,
@@ -33,12 +33,12 @@ int cifras(const char* t, int n) {
 }
 
 // "YYYY-MM-DD" or "YYYY-MM-DD hh:mm:ss", as the server writes it.
-QVariant fecha(const char* t, int largo) {
-  if (largo < 10 || t[4] != '-') return QString::fromUtf8(t, largo);
+CeldaBD fecha(const char* t, int largo) {
+  if (largo < 10 || t[4] != '-') return CeldaBD(QByteArrayView(t, largo));
   const QDate d(cifras(t, 4), cifras(t + 5, 2), cifras(t + 8, 2));
   const QTime h = largo >= 19 ? QTime(cifras(t + 11, 2), cifras(t + 14, 2), cifras(t + 17, 2)) : QTime(0, 0);
-  if (!d.isValid() || !h.isValid()) return QString::fromUtf8(t, largo);
-  return QDateTime(d, h);
+  if (!d.isValid() || !h.isValid()) return CeldaBD(QByteArrayView(t, largo));
+  return CeldaBD::fecha(d, h);
 }
 
 template <class T>
@@ -49,29 +49,29 @@ T leido(const char* t, int largo) {
 }
 
 // A number that the embedded engine would hold whole if it is.
-QVariant numero(double x, bool real) {
+CeldaBD numero(double x, bool real) {
   constexpr double kExacto = 9e15;
-  if (real || std::fabs(x) > kExacto || x != std::trunc(x)) return x;
-  return static_cast<qint64>(x);
+  if (real || std::fabs(x) > kExacto || x != std::trunc(x)) return CeldaBD(x);
+  return CeldaBD(static_cast<qint64>(x));
 }
 
-QVariant celda(const PGresult* r, int fila, int columna, Oid tipo, Tipo sabido) {
+CeldaBD celda(const PGresult* r, int fila, int columna, Oid tipo, Tipo sabido) {
   if (PQgetisnull(r, fila, columna) != 0) return {};
   const char* t = PQgetvalue(r, fila, columna);
   const int largo = PQgetlength(r, fila, columna);
   switch (tipo) {
-    case kBool: return static_cast<qint64>(t[0] == 't');
+    case kBool: return CeldaBD(static_cast<qint64>(t[0] == 't'));
     case kInt2:
     case kInt4:
     case kInt8:
-    case kOid: return leido<qint64>(t, largo);
+    case kOid: return CeldaBD(leido<qint64>(t, largo));
     case kFloat4:
-    case kFloat8: return leido<double>(t, largo);
+    case kFloat8: return CeldaBD(leido<double>(t, largo));
     case kNumeric: return numero(leido<double>(t, largo), sabido == Tipo::Real);
     case kDate:
     case kTimestamp:
     case kTimestampTz: return fecha(t, largo);
-    default: return QString::fromUtf8(t, largo);
+    default: return CeldaBD(QByteArrayView(t, largo));
   }
 }
 
@@ -91,27 +91,26 @@ std::optional<QByteArray> enTexto(const QVariant& v) {
 
 void FilasPostgres::mirarColumnas(const PGresult* r) {
   const int columnas = PQnfields(r);
+  QStringList campos;
   const int sabidas = salida_ ? static_cast<int>(salida_->size()) : 0;
   const bool conTipos = sabidas == columnas - agregadas_;
   for (int i = 0; i < columnas; ++i) {
     const Columna* c = conTipos && i < sabidas ? &(*salida_)[static_cast<size_t>(i)] : nullptr;
-    campos_ << (c ? c->nombre : QString::fromUtf8(PQfname(r, i)));
+    campos << (c ? c->nombre : QString::fromUtf8(PQfname(r, i)));
     tipos_.emplace_back(PQftype(r, i), c ? c->tipo : Tipo::Desconocido);
   }
+  leidas_.nuevo(campos);
 }
 
 bool FilasPostgres::tomar(const PGresult* r) {
   if (tipos_.empty()) mirarColumnas(r);
   const int n = PQntuples(r);
-  if ((filas_.size() + static_cast<size_t>(n)) * tipos_.size() > kCeldasMaximas) return false;
+  if ((leidas_.RecordCount() + n) * static_cast<qsizetype>(tipos_.size()) > kCeldasMaximas) return false;
   for (int f = 0; f < n; ++f) {
-    std::vector<QVariant> fila;
-    fila.reserve(tipos_.size());
     for (int i = 0; i < static_cast<int>(tipos_.size()); ++i) {
       const auto& [tipo, sabido] = tipos_[static_cast<size_t>(i)];
-      fila.push_back(celda(r, f, i, tipo, sabido));
+      leidas_.poner(celda(r, f, i, tipo, sabido));
     }
-    filas_.push_back(std::move(fila));
   }
   return true;
 }
@@ -119,5 +118,5 @@ bool FilasPostgres::tomar(const PGresult* r) {
 void FilasPostgres::dejar(const PGresult* ultimo, Recordset& rs) {
   if (PQnfields(ultimo) == 1 && PQftype(ultimo, 0) == kVoid) return rs.llenar({}, {});  // a function that gives nothing
   tomar(ultimo);
-  rs.llenar(campos_, std::move(filas_));
+  rs = std::move(leidas_);
 }

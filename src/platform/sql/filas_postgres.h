@@ -26,7 +26,6 @@ class FilasPostgres {
 
   const std::vector<Columna>* salida_;
   int agregadas_;
-  QStringList campos_;
+  Recordset leidas_;
   std::vector<std::pair<unsigned, Tipo>> tipos_;
-  std::vector<std::vector<QVariant>> filas_;
 };

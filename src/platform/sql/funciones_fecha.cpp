@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "platform/sql/funciones_sqlite.h"
+#include "platform/sql/instante.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 
@@ -104,6 +105,10 @@ void fTextofecha(sqlite3_context* c, int n, sqlite3_value** v) {
 // front is year/month/day whatever the style, also without signs between.
 void fAfecha(sqlite3_context* c, int n, sqlite3_value** v) {
   if (hayNulo(n, v)) return;
+  if (sqlite3_value_type(v[0]) == SQLITE_TEXT) {
+    const auto* t = reinterpret_cast<const char*>(sqlite3_value_text(v[0]));
+    if (esInstanteGuardado(t, sqlite3_value_bytes(v[0]))) return sqlite3_result_value(c, v[0]);
+  }
   const int estilo = n > 1 ? sqlite3_value_int(v[1]) : 0;
   const bool mesPrimero = estilo == 1 || estilo == 101 || estilo == 10 || estilo == 110;
   if (mesPrimero && sqlite3_value_type(v[0]) == SQLITE_TEXT) {

@@ -1,5 +1,6 @@
 #include "platform/sql/instante.h"
 
+#include <array>
 #include <cmath>
 
 #include "platform/text/fecha.h"
@@ -22,7 +23,38 @@ QString conMesEnCifras(const QString& t) {
   }
   return t;
 }
+
+// Year, month, day, hour, minute and second; false for another text.
+bool cifrasGuardadas(const char* t, int largo, std::array<int, 6>& v) {
+  static const char kForma[] = "dddd-dd-dd dd:dd:dd";
+  if (largo != sizeof kForma - 1) return false;
+  v = {};
+  size_t campo = 0;
+  for (int i = 0; i < largo; ++i) {
+    if (kForma[i] != 'd') {
+      if (t[i] != kForma[i]) return false;
+      ++campo;
+    } else if (t[i] < '0' || t[i] > '9') {
+      return false;
+    } else {
+      v[campo] = v[campo] * 10 + (t[i] - '0');
+    }
+  }
+  return QDate::isValid(v[0], v[1], v[2]) && QTime::isValid(v[3], v[4], v[5]);
+}
+
 }  // namespace
+
+bool esInstanteGuardado(const char* texto, int largo) {
+  std::array<int, 6> v;
+  return cifrasGuardadas(texto, largo, v);
+}
+
+std::optional<std::pair<QDate, QTime>> instanteGuardado(const char* texto, int largo) {
+  std::array<int, 6> v;
+  if (!cifrasGuardadas(texto, largo, v)) return {};
+  return std::pair(QDate(v[0], v[1], v[2]), QTime(v[3], v[4], v[5]));
+}
 
 std::optional<QDateTime> leerInstante(const QString& texto, Dialecto dialecto) {
   const QString t = texto.trimmed();

@@ -9,3 +9,7 @@ std::optional<QDateTime> leerInstante(const QString& texto, Dialecto dialecto = 
 
 // ... and a number, which counts days from the dialect's day 0; invalid for one without a date.
 QDateTime instanteDeNumero(double dias, Dialecto dialecto);
+
+// A date as databases hold it, "YYYY-MM-DD hh:mm:ss", and nothing else: whether the text is one, and its moment.
+bool esInstanteGuardado(const char* texto, int largo);
+std::optional<std::pair<QDate, QTime>> instanteGuardado(const char* texto, int largo);

@@ -13,9 +13,19 @@
 class Repetida {
  public:
   virtual ~Repetida() = default;
-  // Runs it with these in the place of its literals, in their order: Null, qint64, double or a text as the dialect's
-  // literal would say it. On failure nothing is changed.
-  [[nodiscard]] virtual std::optional<ErrorBD> correr(const std::vector<QVariant>& valores) = 0;
+  // Runs it with these in the place of its literals, in their order: Null, a number, or a text as the dialect's literal
+  // would say it. Literals that are part of the statement, such as the style of a CONVERT, take no value. On failure
+  // nothing is changed.
+  [[nodiscard]] virtual std::optional<ErrorBD> correr(const std::vector<CeldaBD>& valores) = 0;
+};
+
+// The rows of a query, read piece by piece while other connections write. It lives no longer than its connection is
+// open.
+class CursorBD {
+ public:
+  virtual ~CursorBD() = default;
+  // Fills `rs` with the rows behind those it gave last, `filas` at most; with none behind the last one.
+  [[nodiscard]] virtual std::optional<ErrorBD> seguir(qsizetype filas, Recordset& rs) = 0;
 };
 
 class Motor {
@@ -25,6 +35,11 @@ class Motor {
   // The statement for many rows; its literals tell only what kind of value each is. Null where there is no quicker way
   // than ejecutar(), or not for this one.
   [[nodiscard]] virtual std::unique_ptr<Repetida> repetir(const QString&) { return {}; }
+  // How many rows such an INSERT should carry: many where each statement is a message.
+  virtual int filasPorSentencia() const { return 1; }
+
+  // Null where the engine has no cursors, or none for this query; it has then told nothing of what is wrong with it.
+  [[nodiscard]] virtual std::unique_ptr<CursorBD> abrirCursor(const QString&) { return {}; }
 
   // Runs one statement in the connection's dialect. On failure gives the error; `rs` is then empty (consultar) and
   // `afectadas` untouched. A statement that gives no rows leaves an empty recordset.
@@ -34,6 +49,9 @@ class Motor {
   [[nodiscard]] virtual std::optional<ErrorBD> iniciar() = 0;
   [[nodiscard]] virtual std::optional<ErrorBD> confirmar() = 0;
   [[nodiscard]] virtual std::optional<ErrorBD> deshacer() = 0;
+  // From now on, to the end of the transaction at most: whether its caller gives it up with the first statement that
+  // fails. An engine that has to set a point to go back to before each statement saves it then.
+  virtual void deUnaPieza(bool) {}
 
   // The statement as it goes to the engine; the statement itself when it is passed on unchanged or can't be read.
   virtual QString traducir(const QString& sql) = 0;

@@ -4,6 +4,7 @@
 
 #include "platform/sql/catalogo_postgres.h"
 #include "platform/sql/errores_postgres.h"
+#include "platform/sql/preparada_postgres.h"
 #include "platform/sql/tope.h"
 
 namespace {
@@ -13,12 +14,23 @@ constexpr int kEsquema = 0;            // nothing tells that another program has
 
 constexpr size_t kValoresMaximos = 65535;  // of a message of the server
 
-const QByteArray kPone = "pone", kSuelta = "suelta";  // the savepoint before and behind a statement, prepared
+// Statements of its own, prepared at their first use: begin and end of a transaction, the savepoint before and behind a
+// statement, the lock of a run of numbers.
+const QByteArray kInicia = "inicia", kConfirma = "confirma", kPone = "pone", kSuelta = "suelta", kSerie = "serie";
+const QHash<QByteArray, QByteArray> kFijas{{kInicia, "BEGIN"},
+                                           {kConfirma, "COMMIT"},
+                                           {kPone, "SAVEPOINT sentencia"},
+                                           {kSuelta, "RELEASE sentencia"},
+                                           {kSerie, "SELECT pg_advisory_xact_lock(hashtextextended($1, 5))"}};
 
-constexpr unsigned kInt8 = 20, kTexto = 25, kFecha = 1114, kNumeric = 1700;
+constexpr unsigned kTexto = 25;
 
 ErrorBD perdidaEnTransaccion() {
   return {kErrorGeneral, 0, QStringLiteral("Se perdió la conexión con el servidor en medio de la operación.")};
+}
+
+ErrorBD deshecha() {
+  return {kErrorSentencia, 1, QStringLiteral("La transacción ya no se podía confirmar: una de sus sentencias falló.")};
 }
 
 // Errors that a statement gives whose shape was learnt from tables that have changed since.
@@ -32,17 +44,6 @@ bool deTablasCambiadas(const QByteArray& codigo) {
 PasoPg sentencia(const QByteArray& texto) { return {.texto = texto}; }
 
 }  // namespace
-
-struct PreparadaPostgres {
-  ~PreparadaPostgres() {
-    if (hecha) *sobrantes << nombre;
-  }
-  std::shared_ptr<const FormaEscrita> forma;
-  std::vector<unsigned> tipos;  // of the bound literals
-  QByteArray nombre;
-  bool hecha = false;  // the server has it
-  std::shared_ptr<QByteArrayList> sobrantes;
-};
 
 MotorPostgres::MotorPostgres(const CadenaConexion& cadena, int espera_ms, std::shared_ptr<MemoriaDeFormas> memoria,
                              const AvisoEspera& alEsperar)
@@ -83,7 +84,8 @@ std::optional<ErrorBD> MotorPostgres::reabrir() {
   if (!canal) return error;
   formas_.vaciar();
   sobrantes_->clear();
-  puntos_ = false;
+  fijas_.clear();
+  ++aperturas_;
   canal_ = std::move(canal);
   return {};
 }
@@ -145,7 +147,9 @@ std::optional<ErrorBD> MotorPostgres::correrSentencia(const QString& sql, Record
     const bool sabida = p != nullptr;
     if (!sabida) p = preparada(s, vieja, error);
     if (!p) return error;
-    error = correrPreparada(s, *p, rs, afectadas);
+    std::vector<QVariant> valores;
+    error = camino_.valores(*p->forma, s, valores);
+    if (!error) error = correrPreparada(*p, valores, rs, afectadas);
     if (!error) {
       if (!sabida) formas_.guardar(s.forma, s.sql, s.tokens, p->forma->fijos, p);
       if (p->forma->cambiaEsquema) olvidarEsquema();
@@ -185,29 +189,13 @@ std::shared_ptr<PreparadaPostgres> MotorPostgres::preparada(const SentenciaLeida
 }
 
 // The steps of a statement that is not the server's yet stand before it in the same message.
-std::optional<ErrorBD> MotorPostgres::correrPreparada(const SentenciaLeida& s, PreparadaPostgres& p, Recordset* rs,
-                                                      qint64* afectadas) {
-  std::vector<QVariant> valores;
-  if (auto e = camino_.valores(*p.forma, s, valores)) return e;
+std::optional<ErrorBD> MotorPostgres::correrPreparada(PreparadaPostgres& p, const std::vector<QVariant>& valores,
+                                                      Recordset* rs, qint64* afectadas) {
   if (valores.size() > kValoresMaximos) {
     return ErrorBD{kErrorSentencia, 1, QStringLiteral("La sentencia tiene demasiados valores.")};
   }
   std::vector<unsigned> tipos;
-  tipos.reserve(valores.size());
-  for (const Literal& l : p.forma->literales) {
-    if (!l.ligado) continue;
-    const QVariant& v = valores[tipos.size()];
-    const int clase = v.typeId();
-    const bool numero = clase == QMetaType::LongLong || clase == QMetaType::Double;
-    unsigned tipo = clase == QMetaType::LongLong ? kInt8 : numero ? kNumeric : kTexto;
-    if (l.lectura == Lectura::FechaDiaMes) tipo = kFecha;
-    // A text beside a number was whole before, or is now.
-    if (p.hecha && tipo == kInt8 && p.tipos[tipos.size()] == kNumeric) tipo = kNumeric;
-    if (!numero && v.toString().contains(QChar(0))) {
-      return ErrorBD{kErrorSentencia, 1, QStringLiteral("La sentencia contiene un carácter nulo.")};
-    }
-    tipos.push_back(tipo);
-  }
+  if (auto e = tiposDe(p, valores, tipos)) return e;
   std::vector<PasoPg> pasos;
   if (p.hecha && tipos != p.tipos) {
     *sobrantes_ << p.nombre;
@@ -216,9 +204,9 @@ std::optional<ErrorBD> MotorPostgres::correrPreparada(const SentenciaLeida& s, P
   for (const QByteArray& nombre : std::exchange(*sobrantes_, {})) pasos.push_back(sentencia("DEALLOCATE " + nombre));
   const bool dentro = porIniciar_ || abierta_;
   if (dentro && !p.forma->serie.isEmpty()) {
-    pasos.push_back({.texto = "SELECT pg_advisory_xact_lock(hashtextextended($1, 5))",
-                     .tipos = {kTexto},
-                     .valores = {p.forma->serie.toLower().toUtf8()}});
+    PasoPg cierra = fija(kSerie, pasos);
+    cierra.valores = {p.forma->serie.toLower().toUtf8()};
+    pasos.push_back(std::move(cierra));
   }
   QByteArray texto = p.forma->texto;
   if (!p.forma->tablaNueva.isEmpty()) {
@@ -265,22 +253,20 @@ std::optional<ErrorBD> MotorPostgres::correrPreparada(const SentenciaLeida& s, P
 
 std::optional<ErrorBD> MotorPostgres::pedir(std::vector<PasoPg> pasos, std::vector<ResultadoPg>& resultados,
                                             FilasPostgres* filas) {
-  const bool primera = porIniciar_, luego = abierta_;
-  const bool aprende = luego && !puntos_;
-  if (primera) pasos.insert(pasos.begin(), sentencia("BEGIN"));
+  const bool primera = porIniciar_, luego = abierta_ && !deUnaPieza_;
+  std::vector<PasoPg> antes;
+  if (primera) antes.push_back(fija(kInicia, antes));
   if (luego) {
-    pasos.insert(pasos.begin(), {.clase = PasoPg::Ejecutar, .nombre = kPone});
-    pasos.push_back({.clase = PasoPg::Ejecutar, .nombre = kSuelta});
+    PasoPg pone = fija(kPone, antes), suelta = fija(kSuelta, antes);
+    antes.push_back(std::move(pone));
+    pasos.push_back(std::move(suelta));
   }
-  if (aprende) {
-    pasos.insert(pasos.begin(), {{.clase = PasoPg::Preparar, .nombre = kPone, .texto = "SAVEPOINT sentencia"},
-                                 {.clase = PasoPg::Preparar, .nombre = kSuelta, .texto = "RELEASE sentencia"}});
-  }
+  pasos.insert(pasos.begin(), std::make_move_iterator(antes.begin()), std::make_move_iterator(antes.end()));
   const size_t principal = pasos.size() - (luego ? 2 : 1);
   TomarFilas tomar;
   if (filas) tomar = [filas](const pg_result* r) { return filas->tomar(r); };
   auto error = canal_->pedir(pasos, resultados, principal, tomar);
-  if (aprende) puntos_ = !error || canal_->fallado() > 1;
+  recordarFijas(pasos, !error);
   if (error) {
     if (!canal_->perdida()) tomarAtras(primera);
     return error;
@@ -293,12 +279,29 @@ std::optional<ErrorBD> MotorPostgres::pedir(std::vector<PasoPg> pasos, std::vect
   return {};
 }
 
+// A statement of its own; one that the server does not have yet is prepared by a step before it.
+PasoPg MotorPostgres::fija(const QByteArray& nombre, std::vector<PasoPg>& preparar) const {
+  if (!fijas_.contains(nombre)) {
+    preparar.push_back({.clase = PasoPg::Preparar, .nombre = nombre, .texto = kFijas[nombre]});
+  }
+  return {.clase = PasoPg::Ejecutar, .nombre = nombre};
+}
+
+// What stands prepared: all of them, or those before the step that failed.
+void MotorPostgres::recordarFijas(const std::vector<PasoPg>& pasos, bool todas) {
+  const size_t fin = todas ? pasos.size() : canal_->fallado();
+  for (size_t i = 0; i < fin; ++i) {
+    if (pasos[i].clase == PasoPg::Preparar && kFijas.contains(pasos[i].nombre)) fijas_.insert(pasos[i].nombre);
+  }
+}
+
 // Before the first statement there was nothing.
 void MotorPostgres::tomarAtras(bool primera) {
   const QByteArray codigo = canal_->codigo();
   std::vector<ResultadoPg> r;
   if (primera) (void)canal_->pedir({sentencia("ROLLBACK")}, r);
-  else if (abierta_) (void)canal_->pedir({sentencia("ROLLBACK TO sentencia"), sentencia("RELEASE sentencia")}, r);
+  else if (abierta_ && !deUnaPieza_)
+    (void)canal_->pedir({sentencia("ROLLBACK TO sentencia"), sentencia("RELEASE sentencia")}, r);
   canal_->recordar(codigo);
 }
 
@@ -308,17 +311,24 @@ std::optional<ErrorBD> MotorPostgres::iniciar() {
   }
   if (auto e = listo()) return e;
   porIniciar_ = true;
+  deUnaPieza_ = false;
   return {};
 }
 
 std::optional<ErrorBD> MotorPostgres::confirmar() {
+  deUnaPieza_ = false;
   if (!abierta_) {
     porIniciar_ = false;
     return {};
   }
   std::vector<ResultadoPg> r;
-  auto error = canal_->pedir({sentencia("COMMIT")}, r);
+  std::vector<PasoPg> pasos;
+  pasos.push_back(fija(kConfirma, pasos));
+  auto error = canal_->pedir(pasos, r);
+  recordarFijas(pasos, !error);
   if (error && canal_->enTransaccion()) return error;
+  // One that a failed statement has spoilt ends too, with nothing of it.
+  if (!error && QByteArray(PQcmdStatus(r.back().get())) != "COMMIT") error = deshecha();
   abierta_ = canal_->enTransaccion();
   if (cambiada_) olvidarEsquema();
   return error;
@@ -326,7 +336,7 @@ std::optional<ErrorBD> MotorPostgres::confirmar() {
 
 // The server itself undoes what a lost connection had begun.
 std::optional<ErrorBD> MotorPostgres::deshacer() {
-  porIniciar_ = false;
+  porIniciar_ = deUnaPieza_ = false;
   if (!std::exchange(abierta_, false)) return {};
   std::vector<ResultadoPg> r;
   const auto error = canal_->pedir({sentencia("ROLLBACK")}, r);

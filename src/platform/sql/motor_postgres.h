@@ -1,4 +1,6 @@
 #pragma once
+#include <QSet>
+
 #include "platform/sql/camino.h"
 #include "platform/sql/canal_postgres.h"
 #include "platform/sql/filas_postgres.h"
@@ -29,26 +31,34 @@ class MotorPostgres final : public Motor {
   std::optional<ErrorBD> confirmar() override;
   std::optional<ErrorBD> deshacer() override;
   QString traducir(const QString& sql) override;
+  std::unique_ptr<Repetida> repetir(const QString& sql) override;
+  int filasPorSentencia() const override { return kFilasPorSentencia; }
+  void deUnaPieza(bool si) override { deUnaPieza_ = si; }
 
   // A script in the server's own language, one or several statements, outside of iniciar() and confirmar(); one that
   // fails leaves what it began undone. `rs` gets the rows of the last.
   [[nodiscard]] std::optional<ErrorBD> crudo(const QString& guion, Recordset* rs = nullptr);
 
  private:
-  struct Pedido;
+  friend class RepetidaPostgres;
+  static constexpr int kFilasPorSentencia = 50;
   MotorPostgres(const CadenaConexion& cadena, int espera_ms, std::shared_ptr<MemoriaDeFormas> memoria,
                 const AvisoEspera& alEsperar);
   std::optional<ErrorBD> listo();
   std::optional<ErrorBD> reabrir();
   std::optional<ErrorBD> correr(const QString& sql, Recordset* rs, qint64* afectadas);
   std::optional<ErrorBD> correrSentencia(const QString& sql, Recordset* rs, qint64* afectadas);
-  std::optional<ErrorBD> correrPreparada(const SentenciaLeida& s, PreparadaPostgres& p, Recordset* rs,
+  std::optional<ErrorBD> correrPreparada(PreparadaPostgres& p, const std::vector<QVariant>& valores, Recordset* rs,
                                          qint64* afectadas);
+  static std::optional<ErrorBD> tiposDe(const PreparadaPostgres& p, const std::vector<QVariant>& valores,
+                                        std::vector<unsigned>& tipos);
   std::optional<ErrorBD> llamar(const Llamada& llamada, Recordset* rs);
   std::optional<ErrorBD> transaccion(const SentenciaLeida& s, bool& esUna);
   // Runs the steps within the transaction at hand; a step that fails takes only these back.
   std::optional<ErrorBD> pedir(std::vector<PasoPg> pasos, std::vector<ResultadoPg>& resultados,
                                FilasPostgres* filas = nullptr);
+  PasoPg fija(const QByteArray& nombre, std::vector<PasoPg>& preparar) const;
+  void recordarFijas(const std::vector<PasoPg>& pasos, bool todas);
   void tomarAtras(bool primera);
   std::shared_ptr<PreparadaPostgres> preparada(const SentenciaLeida& s, bool& vieja, std::optional<ErrorBD>& error);
   void olvidarEsquema();
@@ -70,7 +80,9 @@ class MotorPostgres final : public Motor {
   Formas<PreparadaPostgres> formas_{300};
   QHash<QString, Rutina> rutinas_;  // procedures, by their names in lower case
   int preparadas_ = 0;
-  bool puntos_ = false;      // the server has the savepoints prepared
+  int aperturas_ = 0;        // how often the connection was opened anew
+  bool deUnaPieza_ = false;  // the transaction at hand falls with its first failure
+  QSet<QByteArray> fijas_;   // which of its own statements the server has prepared
   bool porIniciar_ = false;  // a transaction that the server has not heard of yet
   bool abierta_ = false;     // one that it has
   bool cambiada_ = false;    // ... and in which tables were made or changed

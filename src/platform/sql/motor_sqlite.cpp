@@ -170,6 +170,12 @@ int MotorSqlite::esquema() {
 
 std::shared_ptr<Preparada> MotorSqlite::preparada(const SentenciaLeida& s, std::optional<ErrorBD>& error) {
   if (auto p = formas_.buscar(s.forma, s.sql, s.tokens); p && !sqlite3_stmt_busy(p->sentencia)) return p;
+  auto p = prepararNueva(s, error);
+  if (p) formas_.guardar(s.forma, s.sql, s.tokens, p->forma->fijos, p);
+  return p;
+}
+
+std::shared_ptr<Preparada> MotorSqlite::prepararNueva(const SentenciaLeida& s, std::optional<ErrorBD>& error) {
   auto p = std::make_shared<Preparada>();
   p->forma = camino_.escribir(s, esquema(), *catalogo_, error);
   if (!p->forma) return {};
@@ -182,7 +188,6 @@ std::shared_ptr<Preparada> MotorSqlite::preparada(const SentenciaLeida& s, std::
     return {};
   }
   nombrarCampos(*p);
-  formas_.guardar(s.forma, s.sql, s.tokens, p->forma->fijos, p);
   return p;
 }
 

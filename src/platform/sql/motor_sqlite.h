@@ -38,6 +38,7 @@ class MotorSqlite final : public Motor, public AccesoMotor {
   std::optional<ErrorBD> consultar(const QString& sql, Recordset& rs) override;
   std::optional<ErrorBD> ejecutar(const QString& sql, qint64* afectadas) override;
   std::unique_ptr<Repetida> repetir(const QString& sql) override;
+  std::unique_ptr<CursorBD> abrirCursor(const QString& sql) override;
   std::optional<ErrorBD> iniciar() override;
   std::optional<ErrorBD> confirmar() override;
   std::optional<ErrorBD> deshacer() override;
@@ -58,6 +59,7 @@ class MotorSqlite final : public Motor, public AccesoMotor {
   std::optional<ErrorBD> recorrerTope(Preparada& p, const SentenciaLeida& s, Recordset& rs);
   std::optional<ErrorBD> llamar(const Llamada& llamada, Recordset* rs);
   std::shared_ptr<Preparada> preparada(const SentenciaLeida& s, std::optional<ErrorBD>& error);
+  std::shared_ptr<Preparada> prepararNueva(const SentenciaLeida& s, std::optional<ErrorBD>& error);
   void nombrarCampos(Preparada& p) const;
   int esquema();
   void olvidarEsquema();

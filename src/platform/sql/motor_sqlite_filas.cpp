@@ -1,47 +1,31 @@
 // What a prepared statement takes and gives.
 #include "platform/sql/errores_sqlite.h"
+#include "platform/sql/instante.h"
 #include "platform/sql/motor_sqlite.h"
 #include "platform/sql/tope.h"
 
 namespace {
 
-constexpr size_t kCeldasMaximas = 20'000'000;  // some 800 MB
+constexpr qsizetype kCeldasMaximas = 20'000'000;  // some 500 MB
 
-// A stored date, and nothing else: "YYYY-MM-DD hh:mm:ss".
-std::optional<QDateTime> fechaGuardada(const char* t, int largo) {
-  if (largo != 19) return {};
-  static const char kForma[] = "dddd-dd-dd dd:dd:dd";
-  int v[6] = {};
-  int campo = 0;
-  for (int i = 0; i < 19; ++i) {
-    if (kForma[i] != 'd') {
-      if (t[i] != kForma[i]) return {};
-      ++campo;
-    } else if (t[i] < '0' || t[i] > '9') {
-      return {};
-    } else {
-      v[campo] = v[campo] * 10 + (t[i] - '0');
-    }
-  }
-  const QDate d(v[0], v[1], v[2]);
-  const QTime h(v[3], v[4], v[5]);
-  if (!d.isValid() || !h.isValid()) return {};
-  return QDateTime(d, h);
-}
-
-QVariant celda(sqlite3_stmt* s, int i, bool fecha) {
-  switch (sqlite3_column_type(s, i)) {
+CeldaBD celda(sqlite3_stmt* s, int i, bool fecha) {
+  sqlite3_value* const v = sqlite3_column_value(s, i);  // its connection is used by one thread, without a lock
+  switch (sqlite3_value_type(v)) {
     case SQLITE_NULL: return {};
-    case SQLITE_INTEGER: return static_cast<qint64>(sqlite3_column_int64(s, i));
-    case SQLITE_FLOAT: return sqlite3_column_double(s, i);
+    case SQLITE_INTEGER: return CeldaBD(static_cast<qint64>(sqlite3_value_int64(v)));
+    case SQLITE_FLOAT: return CeldaBD(sqlite3_value_double(v));
     default: break;
   }
-  const auto* t = reinterpret_cast<const char*>(sqlite3_column_text(s, i));
-  const int largo = sqlite3_column_bytes(s, i);
+  const auto* t = reinterpret_cast<const char*>(sqlite3_value_text(v));
+  const int largo = sqlite3_value_bytes(v);
   if (fecha) {
-    if (const auto f = fechaGuardada(t, largo)) return *f;
+    if (const auto f = instanteGuardado(t, largo)) return CeldaBD::fecha(f->first, f->second);
   }
-  return QString::fromUtf8(t, largo);
+  return CeldaBD(QByteArrayView(t, largo));
+}
+
+void leerFila(const Preparada& p, Recordset& rs) {
+  for (size_t i = 0; i < p.fechas.size(); ++i) rs.poner(celda(p.sentencia, static_cast<int>(i), p.fechas[i]));
 }
 
 int ligarTexto(sqlite3_stmt* s, int i, const QString& t) {
@@ -80,6 +64,20 @@ int ligarValor(sqlite3_stmt* s, int i, const QVariant& v) {
   }
 }
 
+// Its text is not copied: it outlives the step.
+static int ligarCelda(sqlite3_stmt* s, int i, const CeldaBD& c) {
+  switch (c.tipo) {
+    case CeldaBD::Tipo::Nula: return sqlite3_bind_null(s, i);
+    case CeldaBD::Tipo::Entera: return sqlite3_bind_int64(s, i, c.entera);
+    case CeldaBD::Tipo::Real: return sqlite3_bind_double(s, i, c.real);
+    case CeldaBD::Tipo::Texto:
+      return sqlite3_bind_text(s, i, c.texto.isEmpty() ? "" : c.texto.data(), static_cast<int>(c.texto.size()),
+                               SQLITE_STATIC);
+    case CeldaBD::Tipo::Fecha: break;
+  }
+  return ligarValor(s, i, c.valor());
+}
+
 std::optional<ErrorBD> MotorSqlite::ligar(Preparada& p, const SentenciaLeida& s) {
   std::vector<QVariant> valores;
   if (auto e = camino_.valores(*p.forma, s, valores)) return e;
@@ -94,27 +92,30 @@ std::optional<ErrorBD> MotorSqlite::ligar(Preparada& p, const SentenciaLeida& s)
 class RepetidaSqlite final : public Repetida {
  public:
   RepetidaSqlite(sqlite3* base, std::shared_ptr<Preparada> p, Dialecto dialecto)
-      : base_(base), p_(std::move(p)), dialecto_(dialecto) {}
+      : base_(base), p_(std::move(p)), dialecto_(dialecto) {
+    for (const Literal& l : p_->forma->literales) {
+      if (l.ligado) lecturas_.push_back(l.lectura);
+    }
+  }
 
-  std::optional<ErrorBD> correr(const std::vector<QVariant>& valores) override {
-    const std::vector<Literal>& literales = p_->forma->literales;
-    if (valores.size() != literales.size()) {
+  ~RepetidaSqlite() override { sqlite3_clear_bindings(p_->sentencia); }
+
+  std::optional<ErrorBD> correr(const std::vector<CeldaBD>& valores) override {
+    if (valores.size() != lecturas_.size()) {
       return ErrorBD{kErrorSentencia, 0, QStringLiteral("La sentencia tiene otro número de valores.")};
     }
     int rc = SQLITE_OK;
     for (size_t i = 0; rc == SQLITE_OK && i < valores.size(); ++i) {
-      const QVariant& v = valores[i];
-      if (literales[i].lectura == Lectura::TalCual || v.isNull()) {
-        rc = ligarValor(p_->sentencia, static_cast<int>(i) + 1, v);
+      CeldaBD v = valores[i];
+      if (v.tipo == CeldaBD::Tipo::Texto && lecturas_[i] == Lectura::SinFinales) {
+        while (v.texto.endsWith(' ')) v.texto.chop(1);
+      } else if (lecturas_[i] != Lectura::TalCual && !v.nula()) {
+        QVariant leido = v.valor();
+        if (auto e = leerValor(leido, lecturas_[i], dialecto_)) return e;
+        rc = ligarValor(p_->sentencia, static_cast<int>(i) + 1, leido);
         continue;
       }
-      const QString citado = u'\'' + v.toString().replace(u'\'', QLatin1String("''")) + u'\'';
-      Token t;
-      t.tipo = TipoToken::Texto;
-      t.texto = citado;
-      const ValorLiteral leido = leerLiteral(t, literales[i].lectura, dialecto_);
-      if (leido.error) return leido.error;
-      rc = ligarValor(p_->sentencia, static_cast<int>(i) + 1, leido.valor);
+      rc = ligarCelda(p_->sentencia, static_cast<int>(i) + 1, v);
     }
     if (rc == SQLITE_OK) rc = sqlite3_step(p_->sentencia);
     std::optional<ErrorBD> error;
@@ -127,6 +128,7 @@ class RepetidaSqlite final : public Repetida {
   sqlite3* base_;
   std::shared_ptr<Preparada> p_;
   Dialecto dialecto_;
+  std::vector<Lectura> lecturas_;
 };
 
 std::unique_ptr<Repetida> MotorSqlite::repetir(const QString& sql) {
@@ -135,34 +137,72 @@ std::unique_ptr<Repetida> MotorSqlite::repetir(const QString& sql) {
   if (camino_.reconocer(s)) return {};
   std::optional<ErrorBD> error;
   const std::shared_ptr<Preparada> p = preparada(s, error);
-  const bool deUnaForma = p && p->forma->fijos.empty() && p->forma->tablaNueva.isEmpty() && !p->forma->cambiaEsquema &&
+  const bool deUnaForma = p && p->forma->tablaNueva.isEmpty() && !p->forma->cambiaEsquema &&
                           sqlite3_column_count(p->sentencia) == 0 && !sqlite3_stmt_readonly(p->sentencia);
   if (!deUnaForma) return {};
   return std::make_unique<RepetidaSqlite>(base_, p, entorno_.dialecto);
 }
 
+class CursorSqlite final : public CursorBD {
+ public:
+  CursorSqlite(sqlite3* base, std::shared_ptr<Preparada> p) : base_(base), p_(std::move(p)) {}
+
+  std::optional<ErrorBD> seguir(qsizetype filas, Recordset& rs) override {
+    rs.nuevo(p_->campos);
+    for (; !acabado_ && filas > 0; --filas) {
+      const int rc = sqlite3_step(p_->sentencia);
+      if (rc == SQLITE_ROW) {
+        leerFila(*p_, rs);
+        continue;
+      }
+      acabado_ = true;
+      std::optional<ErrorBD> error;
+      if (rc != SQLITE_DONE) error = errorDe(base_, rc);
+      sqlite3_reset(p_->sentencia);
+      if (error) rs.nuevo({});
+      return error;
+    }
+    return {};
+  }
+
+ private:
+  sqlite3* base_;
+  std::shared_ptr<Preparada> p_;
+  bool acabado_ = false;
+};
+
+std::unique_ptr<CursorBD> MotorSqlite::abrirCursor(const QString& sql) {
+  SentenciaLeida s(sql, entorno_.dialecto);
+  if (entorno_.dialecto == Dialecto::TSql && leerLlamada(sql)) return {};
+  if (camino_.reconocer(s)) return {};
+  std::optional<ErrorBD> error;
+  const std::shared_ptr<Preparada> p = prepararNueva(s, error);
+  const bool soloLee = p && !p->forma->tope.vale() && p->forma->tablaNueva.isEmpty() &&
+                       sqlite3_column_count(p->sentencia) > 0 && sqlite3_stmt_readonly(p->sentencia) != 0;
+  if (!soloLee || ligar(*p, s)) return {};
+  return std::make_unique<CursorSqlite>(base_, p);
+}
+
 // Reads all rows and finishes the statement, whatever comes of it: one left open would hold back later commits.
 std::optional<ErrorBD> MotorSqlite::recorrer(Preparada& p, Recordset* rs, qint64* afectadas) {
-  std::vector<std::vector<QVariant>> filas;
+  Recordset leidas;
+  leidas.nuevo(p.campos);
   const int columnas = static_cast<int>(p.fechas.size());
   int rc = SQLITE_ROW;
   while ((rc = sqlite3_step(p.sentencia)) == SQLITE_ROW) {
     if (!rs) continue;
-    if (filas.size() * static_cast<size_t>(columnas) > kCeldasMaximas) {  // a join that was forgotten
+    if (leidas.RecordCount() * columnas > kCeldasMaximas) {  // a join that was forgotten
       sqlite3_reset(p.sentencia);
       return ErrorBD{kErrorSentencia, 0, QStringLiteral("La consulta da demasiadas filas.")};
     }
-    std::vector<QVariant> fila;
-    fila.reserve(columnas);
-    for (int i = 0; i < columnas; ++i) fila.push_back(celda(p.sentencia, i, p.fechas[i]));
-    filas.push_back(std::move(fila));
+    leerFila(p, leidas);
   }
   std::optional<ErrorBD> error;
   if (rc != SQLITE_DONE) error = errorDe(base_, rc);
   const bool escribe = !sqlite3_stmt_readonly(p.sentencia);
   sqlite3_reset(p.sentencia);
   if (error) return error;
-  if (rs) rs->llenar(p.campos, std::move(filas));
+  if (rs) *rs = std::move(leidas);
   const bool filasCambiadas = escribe && columnas == 0 && !(p.forma && p.forma->cambiaEsquema);
   if (afectadas) *afectadas = filasCambiadas ? sqlite3_changes64(base_) : 0;
   return {};

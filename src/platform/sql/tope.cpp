@@ -25,13 +25,6 @@ std::optional<ErrorBD> DejarTope(const FormaEscrita& forma, Dialecto dialecto, R
   const double parte = std::ceil(static_cast<double>(rs.RecordCount()) * std::clamp(t.porciento, 0.0, 100.0) / 100);
   qsizetype quedan = std::min<qsizetype>(rs.RecordCount(), t.filas >= 0 ? t.filas : static_cast<qsizetype>(parte));
   while (t.empates && quedan > 0 && quedan < rs.RecordCount() && iguales(quedan - 1, quedan)) ++quedan;
-  std::vector<std::vector<QVariant>> filas;
-  for (const auto& fila : rs) {
-    if (static_cast<qsizetype>(filas.size()) == quedan) break;
-    std::vector<QVariant> de;
-    for (int i = 0; i < visibles; ++i) de.push_back(fila[i]);
-    filas.push_back(std::move(de));
-  }
-  rs.llenar(rs.campos().mid(0, visibles), std::move(filas));
+  if (quedan < rs.RecordCount() || visibles < rs.campos().size()) rs.recortar(quedan, visibles);
   return {};
 }

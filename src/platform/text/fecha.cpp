@@ -131,4 +131,21 @@ std::optional<QDateTime> LeerFecha(QStringView texto, OrdenFecha orden) {
   return QDateTime(d, *h);
 }
 
-QString FechaISO(const QDateTime& momento) { return FormatearFecha(momento, u"yyyy-mm-dd hh:nn:ss"); }
+QString FechaISO(const QDateTime& momento) {
+  int anio = 0, mes = 0, dia = 0;
+  momento.date().getDate(&anio, &mes, &dia);
+  const QTime hora = momento.time();
+  if (anio < 1 || anio > 9999 || !hora.isValid()) return FormatearFecha(momento, u"yyyy-mm-dd hh:nn:ss");
+  QString sale = QStringLiteral("0000-00-00 00:00:00");
+  QChar* const t = sale.data();
+  const auto poner = [t](int fin, int n) {
+    for (; n > 0; n /= 10) t[fin--] = QChar(u'0' + n % 10);
+  };
+  poner(3, anio);
+  poner(6, mes);
+  poner(9, dia);
+  poner(12, hora.hour());
+  poner(15, hora.minute());
+  poner(18, hora.second());
+  return sale;
+}

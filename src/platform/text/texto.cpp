@@ -52,27 +52,28 @@ QString Recortar(const QString& texto) {
 QString Ceros(const QString& texto, int largo) { return Derecha(QString(largo, u'0') + texto, largo); }
 
 QByteArray AUnByte(const QString& texto) {
-  QByteArray sale;
-  sale.reserve(texto.size());
+  QByteArray sale(texto.size(), Qt::Uninitialized);
+  char* s = sale.data();
   for (qsizetype i = 0; i < texto.size(); ++i) {
     const char16_t c = texto[i].unicode();
+    if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) {
+      *s++ = static_cast<char>(c);
+      continue;
+    }
     if (texto[i].isHighSurrogate()) {  // one character of two units is one "?"
       if (i + 1 < texto.size() && texto[i + 1].isLowSurrogate()) ++i;
-      sale += '?';
+      *s++ = '?';
       continue;
     }
-    if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) {
-      sale += static_cast<char>(c);
-      continue;
-    }
-    const auto p = c == 0 ? kAltos.end() : std::find(kAltos.begin(), kAltos.end(), c);
+    const auto p = std::find(kAltos.begin(), kAltos.end(), c);
     if (p != kAltos.end()) {
-      sale += static_cast<char>(0x80 + (p - kAltos.begin()));
+      *s++ = static_cast<char>(0x80 + (p - kAltos.begin()));
     } else {
       const bool sinCaracter = c >= 0x80 && c < 0xA0 && kAltos[c - 0x80] == 0;
-      sale += sinCaracter ? static_cast<char>(c) : '?';
+      *s++ = sinCaracter ? static_cast<char>(c) : '?';
     }
   }
+  sale.truncate(s - sale.constData());
   return sale;
 }
 

@@ -36,15 +36,15 @@ void PintorCelda::paint(QPainter* p, const QStyleOptionViewItem& o, const QModel
     p->setPen(elegida ? QColor(Qt::white) : QColor(inactiva ? tema::kTintaSuave : tema::kTinta));
     const auto alineacion = Qt::Alignment(celda.data(Qt::TextAlignmentRole).toInt()) | Qt::AlignVCenter;
     const QString texto = celda.data(Qt::DisplayRole).toString();
-    const int pide = QFontMetrics(o.font).horizontalAdvance(texto);
-    if ((alineacion & Qt::AlignRight) && pide > zona.width()) {  // a figure shrinks, it loses no digit
+    const QFontMetrics medida(o.font);
+    const QString cabe = medida.elidedText(texto, Qt::ElideRight, zona.width());
+    if ((alineacion & Qt::AlignRight) && cabe != texto) {  // a figure shrinks, it loses no digit
       QFont f = o.font;
-      f.setPointSizeF(f.pointSizeF() * zona.width() / pide * 0.98);
+      f.setPointSizeF(f.pointSizeF() * zona.width() / medida.horizontalAdvance(texto) * 0.98);
       p->setFont(f);
       p->drawText(zona, int(alineacion) | Qt::TextSingleLine, texto);
     } else {
-      p->drawText(zona, int(alineacion) | Qt::TextSingleLine,
-                  QFontMetrics(o.font).elidedText(texto, Qt::ElideRight, zona.width()));
+      p->drawText(zona, int(alineacion) | Qt::TextSingleLine, cabe);
     }
   }
   p->restore();

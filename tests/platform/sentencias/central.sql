@@ -99,7 +99,10 @@ SELECT COUNT(*) FROM OperacionParalela WHERE cCajaCodi = '00001' AND dOperFech >
 DELETE FROM operacionparalelaproducto WHERE cOperCOde = 1 AND cCajaCodi = '00001'
  SELECT TOP 2000 cUndmedid, vDscundmd, vDscCrta FROM UnidadMedida ORDER BY cUndmedid
  SELECT TOP 2000 A.cCodartic, A.vDscartic, A.cCodCatal, A.vDscartCt, A.bSwActivo, A.bswensamb, A.bswCtrlStck, P.vRazSocPrv, cFlagCanje, nPtosxItem, nFlagServ, cUndSalida, Linea = (SELECT L.vDscLinea FROM LINEA L WHERE L.CCODLINEA = A.CCODLINEA), nCostoArt = ISNULL((SELECT nPrecioVtaNew FROM ArticuloPrecioVenta B WHERE B.cCodArtic = A.cCodArtic AND nNumItem =  (SELECT MAX(nNumItem) FROM ArticuloPrecioVenta C WHERE C.cCodArtic = B.cCodArtic)),0),bFlagDetracc  FROM Articulo A LEFT JOIN Proveedor P ON A.cCodProve = P.cCodProve WHERE 1=1    AND bFlagVenta = 1   AND NOT bFlagDesc = 1 ORDER BY A.cCodartic
-SELECT A.cCodartic, CASE WHEN A.bFlagVenta = 1 AND NOT A.bFlagDesc = 1 THEN ISNULL((SELECT TOP 1 B.nPrecioVtaNew FROM ArticuloPrecioVenta B WHERE B.cCodArtic = A.cCodartic ORDER BY B.nNumItem DESC), -1) END AS nPrecio FROM Articulo A
+SELECT A.cCodartic, CASE WHEN A.bFlagVenta = 1 AND NOT A.bFlagDesc = 1 THEN 1 ELSE 0 END AS nEnVenta FROM Articulo A
+SELECT COUNT(*) AS nFilas FROM ArticuloPrecioVenta
+SELECT cCodArtic, nNumItem, nPrecioVtaNew FROM ArticuloPrecioVenta
+SELECT A.cCodartic, 1 AS nNumItem, (SELECT TOP 1 B.nPrecioVtaNew FROM ArticuloPrecioVenta B WHERE B.cCodArtic = A.cCodartic ORDER BY B.nNumItem DESC) AS nPrecio FROM Articulo A WHERE A.bFlagVenta = 1 AND NOT A.bFlagDesc = 1
  SELECT TOP 2000 * FROM Cliente ORDER BY cClieCode, IdLocal
  SELECT TOP 2000 * FROM Tarjeta ORDER BY nTarjNumb, IdLocal
 SELECT MAX(dFechCrea) AS dUltima FROM UnidadMedida

@@ -372,9 +372,9 @@ SELECT cProdCode, nProdPrecUnit, nActivo FROM Producto
  UPDATE configuracionTeclado    SET cProdCode = 0  , cTeclFlagAsig='0' where cProdCode IN (SELECT cProdCode FROM Producto WHERE nActivo =0) 
  INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, sClieAddr, cDistCode, cProvCode, cDepaCode, sClieTelf, sClieMail, dNacmDate, dUltTDate, cTranCode, nPuntCant, nTickCant, sClieRout, sDistDesc, sProvDesc, sDepaDesc, iTipo, cSincroFlag) VALUES (5, 1, 'O' + Chr(39) + 'HIGGINS', 'ANA', '', 0, 0, 0, '', '', Null, Null, 0, 20, 0, '', '', '', '', 1, 1)
  INSERT INTO Cliente (cClieCode, IdLocal, sClieApel, sClieName, sClieAddr, cDistCode, cProvCode, cDepaCode, sClieTelf, sClieMail, dNacmDate, dUltTDate, cTranCode, nPuntCant, nTickCant, sClieRout, sDistDesc, sProvDesc, sDepaDesc, iTipo, cSincroFlag) VALUES (5, 2, 'RÍOS', '', '', 0, 0, 0, '', '', Null, Null, 0, 0, 0, '', '', '', '', 2, 1)
-DELETE FROM Cliente WHERE IdLocal = 0 AND cSincroFlag <> 0 AND cClieCode IN (SELECT cClieCode FROM Cliente WHERE IdLocal <> 0)
+DELETE FROM Cliente WHERE IdLocal = 0 AND cSincroFlag <> 0 AND EXISTS (SELECT 1 FROM Cliente c WHERE c.cClieCode = Cliente.cClieCode AND c.IdLocal <> 0)
  INSERT INTO Tarjeta (cClieCode, nTarjNumb, cTarjActi, dEmisDate, sUserDesc,dUltOper, IdLocal) VALUES (5, '00000005', 1, '02/11/2026', '', '2026/11/24 10:30:15', 1)
-DELETE FROM Tarjeta WHERE IdLocal = 0  AND nTarjNumb IN (SELECT nTarjNumb FROM Tarjeta WHERE IdLocal <> 0)
+DELETE FROM Tarjeta WHERE IdLocal = 0  AND EXISTS (SELECT 1 FROM Tarjeta c WHERE c.nTarjNumb = Tarjeta.nTarjNumb AND c.IdLocal <> 0)
  UPDATE Cliente SET sClieApel = 'PAZ', sClieName = '', sClieAddr = '', cDistCode = 0, cProvCode = 0, cDepaCode = 0, sClieTelf = '', sClieMail = '', dNacmDate = Null, dUltTDate = Null, cTranCode = 0, nPuntCant = 0, nTickCant = 0, sClieRout = '', sDistDesc = '', sProvDesc = '', sDepaDesc = '', iTipo = 2 WHERE cClieCode = 5 AND IdLocal = 2
  UPDATE Tarjeta SET cClieCode = 5, cTarjActi = 0, dEmisDate = '02/11/2026', sUserDesc = '', dUltOper = '2026/11/24 10:30:15' WHERE nTarjNumb = '00000005' AND IdLocal = 1
 UPDATE Cliente    SET cSincroFlag = 1  WHERE cClieCode = 5   AND IdLocal = 1
