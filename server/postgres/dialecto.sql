@@ -40,13 +40,10 @@ CREATE OR REPLACE FUNCTION dbo.tp_convint(n numeric) RETURNS bigint LANGUAGE sql
 AS $$ SELECT trunc(n)::bigint $$;
 CREATE OR REPLACE FUNCTION dbo.tp_convint(n double precision) RETURNS bigint LANGUAGE sql IMMUTABLE PARALLEL SAFE
 AS $$ SELECT trunc(n)::bigint $$;
-CREATE OR REPLACE FUNCTION dbo.tp_convint(t text) RETURNS bigint LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE
-AS $$
-BEGIN
-  IF t COLLATE "C" ~ '^\s*[-+]?[0-9]{1,18}\s*$' THEN RETURN t::bigint; END IF;
-  IF btrim(t COLLATE "C", E' \t\n\r\u00a0') = '' THEN RETURN 0; END IF;
-  RAISE EXCEPTION 'No se puede convertir ''%'' a entero.', t USING ERRCODE = '22018';
-END $$;
+-- A plain expression: the highest number of a document is asked for over texts, on a connection that has no language loaded.
+CREATE OR REPLACE FUNCTION dbo.tp_convint(t text) RETURNS bigint LANGUAGE sql IMMUTABLE PARALLEL SAFE
+AS $$ SELECT CASE WHEN t COLLATE "C" ~ '^\s*[-+]?[0-9]{1,18}\s*$' THEN t::bigint
+  WHEN btrim(t COLLATE "C", E' \t\n\r\u00a0') = '' THEN 0 ELSE ('«' || t || '»')::bigint END $$;
 
 CREATE OR REPLACE FUNCTION dbo.tp_bool(n numeric) RETURNS bigint LANGUAGE sql IMMUTABLE PARALLEL SAFE
 AS $$ SELECT (n <> 0)::int::bigint $$;

@@ -17,8 +17,8 @@
 
 namespace {
 
-// Totals read at once: the first screen at once, the others between two key presses.
-constexpr size_t kTanda = 200;
+// Totals read at once: those of the first screen with it, the others between two key presses.
+constexpr size_t kPantalla = 40, kTanda = 200;
 constexpr int kPausa_ms = 15;
 
 enum Columna { kNombre, kDetalle, kFecha, kMoneda, kVtaSoles, kVtaUSD, kPagSol, kPagUSD, kEstado, kColumnas };
@@ -144,7 +144,7 @@ void frmConsCtaCteCliente::llenar() {
   const Ocupado ocupado(p_.mensajes, QStringLiteral("Leyendo las cuentas…"));
   const bool leido = leer([this](Conexion& central) -> ErrorCuentas {
     if (auto error = LeerCuentas(central, cuentas_)) return error;
-    return LeerTotales(central, cuentas_, 0, kTanda);
+    return LeerTotales(central, cuentas_, 0, kPantalla);
   });
   QList<QTreeWidgetItem*> filas;
   filas.reserve(static_cast<qsizetype>(cuentas_.size()));
@@ -156,7 +156,7 @@ void frmConsCtaCteCliente::llenar() {
     barra_->hide();
     return;
   }
-  mostrarTotales(kTanda);
+  mostrarTotales(kPantalla);
   if (conTotales_ < cuentas_.size()) timer_ = p_.reloj.cada(kPausa_ms, [this] { seguir(); });
 }
 

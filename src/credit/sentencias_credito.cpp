@@ -1,5 +1,7 @@
 #include "credit/sentencias_credito.h"
 
+#include <algorithm>
+
 #include "documento/tarjeta.h"
 #include "foundation/puesto.h"
 #include "platform/text/fecha.h"
@@ -37,18 +39,20 @@ Sql consumido(const EstadoDocumento& d) {
       u"ISNULL((SELECT SUM(c.nMonto) FROM ConsumoVenta c WHERE c.cCodVta = $ AND c.bAnulado = 0),0)"_sql, {d.cCodVta});
 }
 
-// All lines in one statement: one round trip, however many there are. The first row names the columns.
-Sql lineas(const Puesto& p, const FacturaCredito& f, const Sql& donde) {
+// Lines in one statement, so many at most as every engine takes: one round trip. The first row names the columns.
+constexpr size_t kLineasJuntas = 100;
+Sql lineas(const Puesto& p, const FacturaCredito& f, const Sql& donde, size_t desde) {
   constexpr LiteralSql kPrimera =
       u"SELECT $ AS NroItem, '$' AS cCodartic, '$' AS sProdDscCrta, $ AS nPrecioOrig, $ AS nQtdVendida,"
       " $ AS nDescuento, $ AS nServicio"_sql;
   constexpr LiteralSql kOtra = u"SELECT $, '$', '$', $, $, $, $"_sql;
   std::vector<Sql> filas;
-  for (const LineaDocumento& l : f.lineas) {
+  for (size_t i = desde; i < std::min(f.lineas.size(), desde + kLineasJuntas); ++i) {
+    const LineaDocumento& l = f.lineas[i];
     filas.push_back(
         FormatearSQL(filas.empty() ? kPrimera : kOtra,
-                     {filas.size() + 1, Texto(Ceros(QString::number(l.cProdCode), 6)), Texto(l.descripcion), l.precio,
-                      l.cantidad, l.porcentaje, l.conServicio ? Valor(Cifras(p.ses.psPorcServ)) : Valor(0)}));
+                     {i + 1, Texto(Ceros(QString::number(l.cProdCode), 6)), Texto(l.descripcion), l.precio, l.cantidad,
+                      l.porcentaje, l.conServicio ? Valor(Cifras(p.ses.psPorcServ)) : Valor(0)}));
   }
   return FormatearSQL(u"INSERT INTO Venta02 (cCodVta, NroItem, cCodartic, sProdDscCrta, nPrecioOrig, nQtdVendida,"
                       " nDescuento, nServicio) SELECT v.cCodVta, l.NroItem, l.cCodartic, l.sProdDscCrta, l.nPrecioOrig,"
@@ -86,7 +90,8 @@ std::vector<Sql> SentenciasFactura(const Puesto& p, const FacturaCredito& f) {
        Texto(f.cliente), Texto(f.ruc), Redondear(f.total - f.igv - f.servicio, 2), f.igv, f.servicio, f.total,
        p.ses.pnIGV, f.totalUSD, Texto(QString(f.enDolares ? u'E' : u'N')), p.ses.pnTipoCambio, Texto(f.credito),
        Texto(dia(f.emision)), f.detraccion.afecta}));
-  s.push_back(lineas(p, f, DeNumero(f.doc, f.serie, numero)));
+  const Sql donde = DeNumero(f.doc, f.serie, numero);
+  for (size_t i = 0; i < f.lineas.size(); i += kLineasJuntas) s.push_back(lineas(p, f, donde, i));
   if (f.detraccion.afecta) {
     s.push_back(FormatearSQL(
         u"INSERT INTO Detraccion (SerieDoc,NroDoc,MontoDetracc,PorcDetracc,Estado)VALUES ('$','$',$,$,'P')"_sql,

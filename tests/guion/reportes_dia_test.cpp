@@ -44,7 +44,7 @@ TEST_P(ReportesDelDia, AreWhatTheRowsSay) {
             "escribe txtPassword super\ntecla Enter\nespera frmPrincipal\nclic mnuRptStock\n";
   const PuestoDeObra p = postgres ? PuestoDeObra(QStringLiteral("2026-11-25 20:50:00")) : PuestoDeObra();
   const QString dicho = p.tocaLineas(lineas);
-  EXPECT_TRUE(dicho.endsWith(u"ok\n[estado 0]\n"));
+  EXPECT_TRUE(dicho.endsWith(u"ok\n[estado 0]\n")) << dicho.right(600).toStdString();
   EXPECT_TRUE(dicho.contains(QStringLiteral("El reporte quedó guardado en:"))) << "the path must be told";
 
   const auto libros = QDir(p.ruta() + QStringLiteral("/Temp")).entryInfoList({QStringLiteral("*.xlsx")});

@@ -28,6 +28,7 @@ const Palabras kPalabras[] = {
 
 // What the embedded engine says in words of its own, too.
 const Palabras kDeSentencia[] = {{"22012", u"División por cero."},
+                                 {"22P02", u"No se puede convertir el valor."},
                                  {"42P01", u"El servidor no tiene esa tabla."},
                                  {"42703", u"Esa tabla del servidor no tiene la columna."}};
 

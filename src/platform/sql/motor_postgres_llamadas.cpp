@@ -59,7 +59,8 @@ std::optional<ErrorBD> MotorPostgres::llamar(const Llamada& llamada, Recordset* 
   paso.texto = (rutina.clase == 'p' ? "CALL dbo." : "SELECT * FROM dbo.") +
                kPalabrasPostgres.citado(llamada.nombre).toUtf8() + '(' + lugares.join(',') + ')';
   std::vector<ResultadoPg> r;
-  if (auto e = pedir({paso}, r)) return e;
-  if (rs && rutina.clase == 'f') FilasPostgres().dejar(r.back().get(), *rs);
+  FilasPostgres tomadas;
+  if (auto e = pedir({paso}, r, &tomadas)) return e;
+  if (rs && rutina.clase == 'f') tomadas.dejar(r.back().get(), *rs);
   return {};
 }

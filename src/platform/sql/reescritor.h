@@ -102,6 +102,8 @@ class Reescritor {
   void fuentes();
   void fuente();
   void fuenteEntreParentesis();
+  bool soloLiterales(int ini, int fin) const;
+  void comoValores(int ini, int fin, const Fuente& f);
   bool sigueJuntura() const;
   QString nombreDeTabla();
   QString aliasDeFuente(bool enCambio = false);

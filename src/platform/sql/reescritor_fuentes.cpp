@@ -100,8 +100,41 @@ void Reescritor::fuenteEntreParentesis() {
   Fuente f;
   f.columnas = seleccion();
   for (Columna& c : f.columnas) c.real = false;
+  const int cierra = p_;
   comeOp(u")");
   f.alias = aliasDeFuente();
   if (f.alias.isEmpty() && !m_.sinNombre.isEmpty()) e_.despues(p_ - 1, m_.sinNombre.toString() + QString::number(p_));
+  if (m_.tipado && soloLiterales(abre + 1, cierra)) comoValores(abre + 1, cierra, f);
   ambito().fuentes.push_back(std::move(f));
+}
+
+// SELECT 1 AS a, 'x' AS b UNION ALL SELECT 2, 'y': rows that stand in the statement.
+bool Reescritor::soloLiterales(int ini, int fin) const {
+  for (bool varias = false; tk(ini).es(u"SELECT"); varias = true) {
+    do {
+      ++ini;  // the SELECT, or a comma
+      if (tk(ini).op(u"-")) ++ini;
+      if (!tk(ini++).literal()) return false;
+      if (tk(ini).es(u"AS") && tk(ini + 1).nombre()) ini += 2;
+      else if (!varias) return false;
+    } while (tk(ini).op(u","));
+    if (ini == fin) return varias;
+    if (!tk(ini).es(u"UNION") || !tk(ini + 1).es(u"ALL")) return false;
+    ini += 2;
+  }
+  return false;
+}
+
+// A plan for each SELECT costs more than all that the statement does with the rows.
+void Reescritor::comoValores(int ini, int fin, const Fuente& f) {
+  for (int i = ini; i < fin; ++i) {
+    if (tk(i).es(u"SELECT")) e_.reemplazar(i, i == ini ? QStringLiteral("VALUES (") : QStringLiteral("("));
+    else if (tk(i).es(u"UNION")) e_.reemplazar(i, QStringLiteral(")"));
+    else if (tk(i).es(u"ALL")) e_.reemplazar(i, QStringLiteral(","));
+    else if (tk(i).es(u"AS") || tk(i - 1).es(u"AS")) e_.borrar(i);
+  }
+  e_.antes(fin, QStringLiteral(")"));
+  QStringList nombres;
+  for (const Columna& c : f.columnas) nombres << m_.citado(c.nombre);
+  e_.despues(p_ - 1, u'(' + nombres.join(u',') + u')');
 }

@@ -91,6 +91,7 @@ QString DeUnByte(const QByteArray& bytes) {
 int CompararEspanol(const QString& a, const QString& b) {
   const qsizetype n = std::min(a.size(), b.size());
   for (qsizetype i = 0; i < n; ++i) {
+    if (a[i] == b[i]) continue;
     const int d = orden(a[i]) - orden(b[i]);
     if (d != 0) return d;
   }
