@@ -64,6 +64,16 @@ TEST(Facturas, Detraction) {
 }
 
 // One run over FADE, BADE and what the registers sell; the series is that of the row, the number never cut.
+TEST(Facturas, OfMoreLinesThanAStatementTakes) {
+  Credito e;
+  e.cliente(1);
+  for (int i = 0; i < 201; ++i) e.linea(e.v.factura.rejilla, i == 200 ? "102" : "101", "1");
+  EXPECT_EQ(q("hecho"), e.facturar());
+  EXPECT_EQ(q("201|201|1|201|000102"),
+            e.central("SELECT COUNT(*), COUNT(DISTINCT NroItem), MIN(NroItem), MAX(NroItem), "
+                      "(SELECT cCodartic FROM Venta02 WHERE NroItem = 201) FROM Venta02"));
+}
+
 TEST(Facturas, NumbersAreOneRunADesk) {
   Credito e;
   EXPECT_EQ(q("hecho"), e.facturar(0, "1"));
