@@ -134,7 +134,7 @@ void CajaSimulada::anular() {
                                   "'1' AND cOperTipo BETWEEN {OC} AND {PADV} ORDER BY cOperCode"_sql)
                      : Sql(kVentasAbiertas));
   if (hay.size() < 2) return venta();
-  const QString codigo = hay[azar_.entre(0, static_cast<int>(hay.size()) - 1)];
+  const QString& codigo = hay[azar_.entre(0, static_cast<int>(hay.size()) - 1)];
   hacer(intento(qPrintable(q("anula %1 %2").arg(paralela ? q("p") : q("v"), codigo)), {}), 0, [&] {
     PantallaTransaccion v;
     AnulacionDelDia jefe;

@@ -41,7 +41,7 @@ std::vector<RenglonTecleado> CajaSimulada::teclear(CajaRegistradoraFull& v, bool
             "ORDER BY cProdCode"_sql);
   std::vector<RenglonTecleado> lineas;
   for (int n = azar_.entre(1, 4); n > 0; --n) {
-    const QString articulo = articulos[azar_.entre(0, static_cast<int>(articulos.size()) - 1)];
+    const QString& articulo = articulos[azar_.entre(0, static_cast<int>(articulos.size()) - 1)];
     const int fila = AgregarFila(v.rejilla);
     lineas.push_back(TeclearRenglon(azar_, articulo.section(u'|', 0, 0).toInt(), centimos(articulo.section(u'|', 1, 1)),
                                     conDescuento, [&](ColumnaLinea columna, const QString& texto) {
