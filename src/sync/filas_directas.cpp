@@ -33,6 +33,7 @@ Valor muestraDe(const CampoDirecto& c) {
 FilasDirectas::FilasDirectas(Conexion& cnn, LiteralSql plantilla, const std::vector<CampoDirecto>& campos)
     : campos_(campos) {
   std::vector<Valor> muestra;
+  muestra.reserve(campos.size());
   for (const CampoDirecto& c : campos) muestra.push_back(muestraDe(c));
   sentencia_ = cnn.repetir(FormatearSQL(plantilla, muestra));
   valores_.resize(campos.size());

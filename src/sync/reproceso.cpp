@@ -80,7 +80,7 @@ class Reproceso {
                 operaciones_) &&
         leerDos(u"OperacionParalela"_sql, u"OperacionParalela_Historico"_sql, sinAnuladas(u"OperacionParalela"_sql),
                 sinAnuladas(u"OperacionParalela_Historico"_sql), u"cOperCode", rsParalelas_, paralelas_);
-    filas_ = static_cast<qsizetype>(operaciones_.size() + paralelas_.size());
+    filas_ = static_cast<qsizetype>(operaciones_.size()) + static_cast<qsizetype>(paralelas_.size());
     return bien;
   }
 
