@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "foundation/db_admin.h"
+#include "platform/sql/va_entera.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
@@ -135,13 +136,8 @@ Sql muestra(int filas) {
   return kCabezaOperacion + UnirSql(std::vector<Sql>(static_cast<size_t>(filas), tuplaDe(celdas)), u", "_sql);
 }
 
-// What the statement's own text would not carry as it is.
-bool esRara(QChar c) { return c.isNull() || (c.unicode() >= 0xFDD0 && c.unicode() <= 0xFDD2); }
-
 bool esLlana(const QVariant& v) {
-  if (v.typeId() != QMetaType::QString) return true;
-  const QString& t = *static_cast<const QString*>(v.constData());
-  return std::none_of(t.cbegin(), t.cend(), esRara);
+  return v.typeId() != QMetaType::QString || VaEntera(*static_cast<const QString*>(v.constData()));
 }
 
 }  // namespace

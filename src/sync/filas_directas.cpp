@@ -1,6 +1,7 @@
 // Rows of the centre that go into the store many at a time, their values bound to one statement.
 #include <cmath>
 
+#include "platform/sql/va_entera.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
@@ -13,9 +14,6 @@ bool esEntera(double n) {
   constexpr double kCifrasLlanas = 1e15;
   return qAbs(n) < kCifrasLlanas && n == std::trunc(n);
 }
-
-// What the statement's own text would not carry as it is.
-bool esRara(QChar c) { return c.isNull() || (c.unicode() >= 0xFDD0 && c.unicode() <= 0xFDD2); }
 
 // In one byte each, without a null.
 bool esLlano(QByteArrayView t) {
@@ -71,7 +69,7 @@ bool FilasDirectas::texto(const CeldaBD& de, size_t i) {
   }
   const QString t = LimpiarNulo(de);
   guardar(t, i);
-  return std::none_of(t.cbegin(), t.cend(), esRara);
+  return VaEntera(t);
 }
 
 bool FilasDirectas::leer(const CeldaBD& de, size_t i) {

@@ -58,6 +58,8 @@ class MotorSqlite final : public Motor, public AccesoMotor {
   std::optional<ErrorBD> llenarTablaNueva(const Preparada& p, const SentenciaLeida& s, qint64* afectadas);
   std::optional<ErrorBD> recorrerTope(Preparada& p, const SentenciaLeida& s, Recordset& rs);
   std::optional<ErrorBD> llamar(const Llamada& llamada, Recordset* rs);
+  // Whether it is a statement that can be kept prepared: no call of a procedure, and one whose text is in order.
+  bool seGuarda(SentenciaLeida& s);
   std::shared_ptr<Preparada> preparada(const SentenciaLeida& s, std::optional<ErrorBD>& error);
   std::shared_ptr<Preparada> prepararNueva(const SentenciaLeida& s, std::optional<ErrorBD>& error);
   void nombrarCampos(Preparada& p) const;

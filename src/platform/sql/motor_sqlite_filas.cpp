@@ -131,10 +131,13 @@ class RepetidaSqlite final : public Repetida {
   std::vector<Lectura> lecturas_;
 };
 
+bool MotorSqlite::seGuarda(SentenciaLeida& s) {
+  return (entorno_.dialecto != Dialecto::TSql || !leerLlamada(s.sql)) && !camino_.reconocer(s);
+}
+
 std::unique_ptr<Repetida> MotorSqlite::repetir(const QString& sql) {
   SentenciaLeida s(sql, entorno_.dialecto);
-  if (entorno_.dialecto == Dialecto::TSql && leerLlamada(sql)) return {};
-  if (camino_.reconocer(s)) return {};
+  if (!seGuarda(s)) return {};
   std::optional<ErrorBD> error;
   const std::shared_ptr<Preparada> p = preparada(s, error);
   const bool deUnaForma = p && p->forma->tablaNueva.isEmpty() && !p->forma->cambiaEsquema &&
@@ -173,8 +176,7 @@ class CursorSqlite final : public CursorBD {
 
 std::unique_ptr<CursorBD> MotorSqlite::abrirCursor(const QString& sql) {
   SentenciaLeida s(sql, entorno_.dialecto);
-  if (entorno_.dialecto == Dialecto::TSql && leerLlamada(sql)) return {};
-  if (camino_.reconocer(s)) return {};
+  if (!seGuarda(s)) return {};
   std::optional<ErrorBD> error;
   const std::shared_ptr<Preparada> p = prepararNueva(s, error);
   const bool soloLee = p && !p->forma->tope.vale() && p->forma->tablaNueva.isEmpty() &&

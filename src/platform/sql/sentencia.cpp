@@ -1,5 +1,8 @@
 #include "platform/sql/sentencia.h"
 
+#include <algorithm>
+
+#include "platform/sql/va_entera.h"
 #include "platform/text/fecha.h"
 #include "platform/text/numero.h"
 #include "platform/text/texto.h"
@@ -46,6 +49,13 @@ bool esNombre(QStringView t) {
 }
 
 }  // namespace
+
+bool VaEntera(QStringView texto) {
+  return std::none_of(texto.begin(), texto.end(), [](QChar c) {
+    return c.isNull() ||
+           std::any_of(std::begin(kGuardados), std::end(kGuardados), [c](const auto& g) { return c == g.guardado; });
+  });
+}
 
 Sql Sql::crudo(const QString& sql) {
   Sql s;
